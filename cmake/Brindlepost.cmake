@@ -1,0 +1,54 @@
+# The house's own build words.
+
+add_library(brindlepost_options INTERFACE)
+target_compile_options(brindlepost_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+if(BRINDLEPOST_SANITIZE)
+  target_compile_options(brindlepost_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(brindlepost_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# brindlepost_library(NAME SOURCES a.cpp b.h ... MAY_INCLUDE base ports ... [ENGINE targets])
+# One folder, one static library. Its headers are reached as "folder/Header.h": the library publishes a
+# folder of its own that holds nothing but a link to itself, so that only what it links can be included.
+function(brindlepost_library name)
+  cmake_parse_arguments(ARG "" "FOLDER" "SOURCES;MAY_INCLUDE;ENGINE" ${ARGN})
+  if(NOT ARG_FOLDER)
+    set(ARG_FOLDER ${name})
+  endif()
+  set(view "${CMAKE_BINARY_DIR}/include/${name}")
+  get_filename_component(parent "${view}/${ARG_FOLDER}" DIRECTORY)
+  file(MAKE_DIRECTORY "${parent}")
+  if(NOT EXISTS "${view}/${ARG_FOLDER}")
+    file(CREATE_LINK "${CMAKE_SOURCE_DIR}/${ARG_FOLDER}" "${view}/${ARG_FOLDER}" SYMBOLIC)
+  endif()
+  set(compiled ${ARG_SOURCES})
+  list(FILTER compiled INCLUDE REGEX "\\.cpp$")
+  if(compiled)
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_include_directories(${name} PUBLIC "${view}")
+    target_link_libraries(${name} PUBLIC ${ARG_MAY_INCLUDE} ${ARG_ENGINE} PRIVATE brindlepost_options)
+  else()
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE "${view}")
+    target_link_libraries(${name} INTERFACE ${ARG_MAY_INCLUDE})
+  endif()
+endfunction()
+
+# brindlepost_test(NAME SOURCES ... LINKS ... LABELS logic controls)
+# One test program; every test in it is a test of CTest with the labels.
+function(brindlepost_test name)
+  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINKS;LABELS" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 60)
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gtest GTest::gtest_main brindlepost_options)
+  include(GoogleTest)
+  gtest_discover_tests(${name}
+    DISCOVERY_MODE PRE_TEST
+    DISCOVERY_TIMEOUT 60
+    PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT ${ARG_TIMEOUT})
+endfunction()

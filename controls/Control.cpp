@@ -1,0 +1,97 @@
+#include "controls/Control.h"
+
+#include <algorithm>
+
+namespace controls {
+
+Control::Control(Kind kind, std::string_view name) : kind_(kind), name_(name) {}
+
+Control::~Control() {
+    if (parent_ != nullptr) parent_->Remove(*this);
+}
+
+void Control::SetVisible(bool visible) {
+    if (visible_ == visible) return;
+    visible_ = visible;
+    Report(Property::Visible);
+}
+
+bool Control::IsShown() const {
+    for (const Control* control = this; control != nullptr; control = control->Parent()) {
+        if (!control->Visible()) return false;
+    }
+    return true;
+}
+
+void Control::SetEnabled(bool enabled) {
+    if (enabled_ == enabled) return;
+    enabled_ = enabled;
+    Report(Property::Enabled);
+}
+
+void Control::Move(double left, double top, double width, double height) {
+    width = std::max(0.0, width);
+    height = std::max(0.0, height);
+    if (left == left_ && top == top_ && width == width_ && height == height_) return;
+    left_ = left;
+    top_ = top;
+    width_ = width;
+    height_ = height;
+    Report(Property::Geometry);
+}
+
+void Control::SetToolTipText(std::string_view text) {
+    if (tool_tip_ == text) return;
+    tool_tip_ = text;
+    Report(Property::ToolTip);
+}
+
+void Control::SetAccessibleName(std::string_view name) {
+    if (accessible_name_ == name) return;
+    accessible_name_ = name;
+    Report(Property::ToolTip);
+}
+
+void Control::SetLook(std::string_view look) {
+    if (look_ == look) return;
+    look_ = look;
+    Report(Property::Colour);
+}
+
+void Control::BringToFront() {
+    if (parent_ != nullptr) {
+        auto& siblings = parent_->children_;
+        if (siblings.back() == this) return;
+        siblings.erase(std::find(siblings.begin(), siblings.end(), this));
+        siblings.push_back(this);
+    }
+    Report(Property::ZOrder);
+}
+
+void Control::SetFocus() { Report(Property::Focus); }
+
+void Control::Refresh() { Report(Property::Refresh); }
+
+void Control::Report(Property property) {
+    if (observer_ != nullptr) observer_->OnPropertyChanged(*this, property);
+}
+
+Container::~Container() {
+    for (Control* child : children_) child->parent_ = nullptr;
+}
+
+void Container::Add(Control& child) {
+    if (child.parent_ != nullptr) child.parent_->Remove(child);
+    child.parent_ = this;
+    children_.push_back(&child);
+    child.Report(Property::Parent);
+    // A container that is being watched tells of the newcomer, which nobody watches yet.
+    if (child.Observer() == nullptr && Observer() != nullptr) Observer()->OnPropertyChanged(child, Property::Parent);
+}
+
+void Container::Remove(Control& child) {
+    children_.erase(std::remove(children_.begin(), children_.end(), &child), children_.end());
+    child.parent_ = nullptr;
+}
+
+}  // namespace controls

@@ -1,0 +1,78 @@
+#include "controls/WebBrowser.h"
+
+namespace controls {
+
+WebBrowser::~WebBrowser() {
+    if (engine_ != nullptr) engine_->SetListener(nullptr);
+}
+
+void WebBrowser::Attach(ports::BrowserControl* engine) {
+    if (engine_ != nullptr) engine_->SetListener(nullptr);
+    engine_ = engine;
+    if (engine_ == nullptr) return;
+    engine_->SetListener(this);
+    if (waiting_address_.empty()) return;
+    const std::string address = std::move(waiting_address_);
+    waiting_address_.clear();
+    address_under_way_ = address;
+    engine_->Navigate(address);
+}
+
+void WebBrowser::Navigate(std::string_view address) {
+    if (engine_ == nullptr) {
+        waiting_address_ = address;
+        // Asks the screen, if one watches, for an engine.
+        if (!waiting_address_.empty()) Report(Property::Value);
+        return;
+    }
+    address_under_way_ = address;
+    engine_->Navigate(address);
+}
+
+void WebBrowser::Navigate2(std::string_view address) {
+    if (engine_ != nullptr && !address.empty() && address == address_under_way_) return;
+    Navigate(address);
+}
+
+void WebBrowser::GoBack() {
+    if (engine_ != nullptr) engine_->GoBack();
+}
+
+void WebBrowser::GoForward() {
+    if (engine_ != nullptr) engine_->GoForward();
+}
+
+void WebBrowser::RefreshPage() {
+    if (engine_ != nullptr) engine_->Refresh();
+}
+
+std::string WebBrowser::LocationURL() const { return engine_ != nullptr ? engine_->LocationURL() : std::string(); }
+
+std::string WebBrowser::LocationName() const { return engine_ != nullptr ? engine_->LocationName() : std::string(); }
+
+bool WebBrowser::Busy() const { return engine_ != nullptr && engine_->Busy(); }
+
+void WebBrowser::OnTitleChange(std::string_view title) { TitleChange.Raise(title); }
+
+void WebBrowser::OnNavigateComplete(std::string_view url) {
+    address_under_way_.clear();
+    NavigateComplete2.Raise(url);
+}
+
+bool WebBrowser::OnNavigateError(std::string_view /*url*/, int /*code*/) {
+    address_under_way_.clear();
+    bool cancel = false;
+    NavigateError.Raise(cancel);
+    return cancel;
+}
+
+ports::BrowserControl* WebBrowser::OnNewWindow() {
+    WebBrowser* target = nullptr;
+    NewWindow2.Raise(target);
+    if (target == nullptr) return nullptr;
+    // A pop-up is the one page that starts without an address, so its engine is asked for here.
+    if (target->engine_ == nullptr) target->Report(Property::Value);
+    return target->engine_;
+}
+
+}  // namespace controls

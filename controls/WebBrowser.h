@@ -1,0 +1,51 @@
+// A web browser control. Until an engine is attached, and for a template that never gets one, commands go nowhere and
+// the location is empty; the last address asked for before that is handed on when the engine comes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "controls/Control.h"
+#include "ports/BrowserControl.h"
+
+namespace controls {
+
+class WebBrowser : public Control, private ports::BrowserListener {
+public:
+    explicit WebBrowser(std::string_view name) : Control(Kind::WebBrowser, name) {}
+    ~WebBrowser() override;
+
+    /// Connects the page engine (the screen does), or takes it away with null.
+    void Attach(ports::BrowserControl* engine);
+    ports::BrowserControl* Engine() const { return engine_; }
+    /// The address waiting for an engine; empty when none waits.
+    const std::string& WaitingAddress() const { return waiting_address_; }
+
+    void Navigate(std::string_view address);
+    /// The control's second way to navigate, to the same effect. A second call for an address that is already on its
+    /// way does not load it twice.
+    void Navigate2(std::string_view address);
+    void GoBack();
+    void GoForward();
+    void RefreshPage();
+    std::string LocationURL() const;
+    std::string LocationName() const;
+    bool Busy() const;
+
+    Event<std::string_view> TitleChange;         ///< the new title
+    Event<std::string_view> NavigateComplete2;   ///< the address, once for every frame
+    Event<WebBrowser*&> NewWindow2;              ///< receives the control that shall show the pop-up
+    Event<bool&> NavigateError;                  ///< cancel: no error page
+
+private:
+    void OnTitleChange(std::string_view title) override;
+    void OnNavigateComplete(std::string_view url) override;
+    bool OnNavigateError(std::string_view url, int code) override;
+    ports::BrowserControl* OnNewWindow() override;
+
+    ports::BrowserControl* engine_ = nullptr;
+    std::string waiting_address_;
+    std::string address_under_way_;
+};
+
+}  // namespace controls

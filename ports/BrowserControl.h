@@ -1,0 +1,44 @@
+// One page engine behind one web browser control: what the control asks of it and what it tells back.
+//
+// Why: the tabs, the address bar and the site logins must run, and be tested, without a page engine.
+// All calls return at once; what a page does is told later through the listener, on the user-interface thread.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace ports {
+
+/// What a page engine tells of its page.
+class BrowserListener {
+public:
+    virtual ~BrowserListener() = default;
+    /// The title changed; read it from LocationName.
+    virtual void OnTitleChange(std::string_view title) = 0;
+    /// A document, of the page or of a frame in it, has arrived at `url`.
+    virtual void OnNavigateComplete(std::string_view url) = 0;
+    /// A navigation failed for good. Returns true to suppress the engine's own error page.
+    virtual bool OnNavigateError(std::string_view url, int code) = 0;
+    /// The page wants a new window. Returns the engine that shall show it, or null to refuse.
+    virtual class BrowserControl* OnNewWindow() = 0;
+};
+
+class BrowserControl {
+public:
+    virtual ~BrowserControl() = default;
+    virtual void SetListener(BrowserListener* listener) = 0;
+    /// Goes to an address as a person types it: completed the way browsers do ("example.org" gets a scheme, a path
+    /// becomes a file address). An empty address goes nowhere and stops nothing.
+    virtual void Navigate(std::string_view address) = 0;
+    /// Nothing to go to: nothing happens.
+    virtual void GoBack() = 0;
+    virtual void GoForward() = 0;
+    virtual void Refresh() = 0;
+    /// The address of the document that is shown; empty before the first one.
+    virtual std::string LocationURL() const = 0;
+    /// Its title; the address when it has none; empty before the first document.
+    virtual std::string LocationName() const = 0;
+    virtual bool Busy() const = 0;
+};
+
+}  // namespace ports

@@ -1,0 +1,30 @@
+// Time and chance.
+#pragma once
+
+#include <cstdint>
+
+namespace ports {
+
+struct Date {
+    int year = 0;   ///< four digits
+    int month = 0;  ///< 1 to 12
+    int day = 0;    ///< 1 to 31
+};
+
+class Clock {
+public:
+    virtual ~Clock() = default;
+    /// Today, in the person's time zone.
+    virtual Date Today() const = 0;
+    /// Milliseconds since any fixed moment; never runs backwards.
+    virtual std::int64_t Milliseconds() const = 0;
+};
+
+class Chance {
+public:
+    virtual ~Chance() = default;
+    /// A number from 0 up to, and without, 1.
+    virtual double Below1() = 0;
+};
+
+}  // namespace ports

@@ -1,0 +1,25 @@
+// Boxes that stop the person until answered. Other windows keep painting and timers keep running meanwhile.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace ports {
+
+enum class BoxButtons { Ok, YesNo };
+enum class BoxIcon { None, Critical, Information };
+enum class BoxAnswer { Ok, Yes, No };
+
+class Dialogs {
+public:
+    virtual ~Dialogs() = default;
+    /// Shows a box with the text and title; line breaks are CR LF or LF. Closing it answers Ok, or No where there is
+    /// a No. An empty title becomes the program's name.
+    virtual BoxAnswer MsgBox(std::string_view text, BoxButtons buttons = BoxButtons::Ok,
+                             std::string_view title = {}, BoxIcon icon = BoxIcon::None) = 0;
+    /// Asks for one line of text. Cancel gives the empty text.
+    virtual std::string InputBox(std::string_view prompt, std::string_view title,
+                                 std::string_view default_text = {}) = 0;
+};
+
+}  // namespace ports
