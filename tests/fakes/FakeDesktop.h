@@ -1,0 +1,62 @@
+// A desktop without a screen: timers run on a clock that the test moves, yields run what is due.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "controls/Simple.h"
+#include "controls/Surfaces.h"
+#include "ports/Clock.h"
+#include "ports/EventLoop.h"
+
+namespace fakes {
+
+/// Timers tick in the order of their due times, ties in the order of adoption. A timer whose handler is running does
+/// not tick again inside it.
+class FakeDesktop final : public ports::EventLoop, public ports::Clock, private controls::ControlObserver {
+public:
+    /// Watches every timer in the window, also those added later.
+    void Adopt(controls::Form& form);
+    /// Watches one timer that stands in no window.
+    void AdoptTimer(controls::Timer& timer);
+
+    /// Moves the clock on, running what falls due on the way.
+    void Advance(int milliseconds);
+    /// Ends the handler a test plays: runs what hangs on it.
+    void EndHandler();
+    /// Work for the next yield, as an event that is pending.
+    void Post(std::function<void()> event) { pending_.push_back(std::move(event)); }
+
+    // ports::EventLoop
+    void Yield() override;
+    void AtHandlerEnd(std::function<void()> work) override { at_handler_end_.push_back(std::move(work)); }
+    bool IsEnding() const override { return Ending; }
+
+    // ports::Clock
+    ports::Date Today() const override { return Date; }
+    std::int64_t Milliseconds() const override { return now_; }
+
+    ports::Date Date{2026, 3, 9};
+    bool Ending = false;
+    int Yields = 0;
+
+private:
+    struct Watched {
+        controls::Timer* timer;
+        std::int64_t due;
+        bool running;
+    };
+
+    void OnPropertyChanged(controls::Control& control, controls::Property property) override;
+    void AdoptChildren(controls::Container& container);
+    void Restart(Watched& watched);
+    bool RunNextDue(std::int64_t until);
+
+    std::vector<Watched> timers_;
+    std::vector<std::function<void()>> at_handler_end_;
+    std::vector<std::function<void()>> pending_;
+    std::int64_t now_ = 0;
+};
+
+}  // namespace fakes
