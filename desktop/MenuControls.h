@@ -238,8 +238,8 @@ inline constexpr std::array kMenuTree = {
     MenuRow{1, &MenuControls::mnuAbout, "About"},
 };
 
-/// Gives the entries their captions, hangs each under its parent and puts the menus into the window's menu bar.
-/// "Log Out" and "Exit" start disabled; panning is off and the quick fade on.
+/// Gives the entries their captions, hangs each under its parent and puts the menus into the window's menu
+/// bar. "Log Out" and "Exit" start disabled; panning is off and the quick fade on.
 void BuildMenuTree(MenuControls& menus, controls::Form& window);
 
 }  // namespace desktop
