@@ -1,0 +1,420 @@
+"""A stage for the real program: a display, a window manager, a sound server, a bus, pages and songs of its own.
+
+Everything lives in one temporary folder and ends with the stage. Started by root, the script begins again as the
+unprivileged user "nobody", so that the page engine's sandbox is really on. Nothing sleeps for a fixed time to wait for
+something: `wait_for` asks again until the thing is there or its bound is passed.
+"""
+
+import array
+import http.server
+import math
+import os
+import pathlib
+import shutil
+import signal
+import socketserver
+import struct
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+SAMPLE_RATE = 44100
+NOBODY = "65534"
+
+
+class StageError(Exception):
+    """Something the stage waited for did not come."""
+
+
+def become_unprivileged():
+    """Runs the script again as nobody when it was started by root."""
+    if os.geteuid() != 0:
+        return
+    os.execvp(
+        "setpriv",
+        ["setpriv", "--reuid=" + NOBODY, "--regid=" + NOBODY, "--clear-groups", "--inh-caps=-all", sys.executable]
+        + sys.argv,
+    )
+
+
+def wait_for(what, condition, seconds=10.0, step=0.05):
+    """The first true answer of `condition`; an error that names `what` after `seconds`."""
+    end = time.monotonic() + seconds
+    while True:
+        answer = condition()
+        if answer:
+            return answer
+        if time.monotonic() > end:
+            raise StageError(f"{what}: not within {seconds} s")
+        time.sleep(step)
+
+
+# ---- sound ---------------------------------------------------------------------------------------------------------
+
+
+def level_of_tone(samples, frequency):
+    """Amplitude (0 to 1) of one frequency in a list of samples."""
+    if not samples:
+        return 0.0
+    coefficient = 2.0 * math.cos(2.0 * math.pi * frequency / SAMPLE_RATE)
+    before, last = 0.0, 0.0
+    for sample in samples:
+        before, last = last, sample + coefficient * last - before
+    power = last * last + before * before - coefficient * last * before
+    return 2.0 * math.sqrt(max(power, 0.0)) / len(samples) / 32768.0
+
+
+def loudness(samples):
+    """Root mean square, 0 to 1."""
+    if not samples:
+        return 0.0
+    return math.sqrt(sum(s * s for s in samples) / len(samples)) / 32768.0
+
+
+class Recorder:
+    """Records the sound server's monitor into a file from the moment it is made."""
+
+    def __init__(self, stage, path):
+        self.path = pathlib.Path(path)
+        self._file = open(self.path, "wb")
+        self._process = stage.spawn(
+            ["parec", "-d", "test.monitor", "--raw", "--format=s16le", "--channels=2", f"--rate={SAMPLE_RATE}",
+             "--latency-msec=20"],
+            stdout=self._file,
+        )
+        wait_for("the recording to run", lambda: self.path.stat().st_size > 0)
+
+    def seconds(self):
+        return self.path.stat().st_size / 4 / SAMPLE_RATE
+
+    def last(self, seconds):
+        """(left, right) samples of the newest stretch."""
+        size = self.path.stat().st_size // 4 * 4
+        begin = max(0, size - int(seconds * SAMPLE_RATE) * 4)
+        with open(self.path, "rb") as file:
+            file.seek(begin)
+            both = array.array("h", file.read(size - begin))
+        return list(both[0::2]), list(both[1::2])
+
+    def hears(self, frequency, seconds=0.4, least=0.05):
+        """True when the tone stands out of the newest stretch on the left channel."""
+        left, _ = self.last(seconds)
+        tone = level_of_tone(left, frequency)
+        return tone > least and tone > 0.5 * loudness(left)
+
+    def is_silent(self, seconds=0.4):
+        left, right = self.last(seconds)
+        return len(left) > 0 and loudness(left) < 0.001 and loudness(right) < 0.001
+
+    def stop(self):
+        self._process.terminate()
+        self._process.wait()
+        self._file.close()
+
+    def write_wav(self, path):
+        data = self.path.read_bytes()
+        data = data[: len(data) // 4 * 4]
+        header = b"RIFF" + struct.pack("<I", 36 + len(data)) + b"WAVEfmt " + struct.pack(
+            "<IHHIIHH", 16, 1, 2, SAMPLE_RATE, SAMPLE_RATE * 4, 4, 16) + b"data" + struct.pack("<I", len(data))
+        pathlib.Path(path).write_bytes(header + data)
+
+
+# ---- media ---------------------------------------------------------------------------------------------------------
+
+
+def make_tone(path, frequency, seconds, right_frequency=None):
+    """A song of one pitch (or one for each channel), by ffmpeg, in the kind that the name says."""
+    path = pathlib.Path(path)
+    path.parent.mkdir(parents=True, exist_ok=True)
+    right = right_frequency or frequency
+    sound = f"aevalsrc=0.5*sin(2*PI*{frequency}*t)|0.5*sin(2*PI*{right}*t):s={SAMPLE_RATE}:d={seconds}"
+    command = ["ffmpeg", "-y", "-loglevel", "error", "-f", "lavfi", "-i", sound]
+    if path.suffix in (".mpg", ".mpeg", ".avi", ".wmv", ".mp4", ".mov", ".vob"):
+        command += ["-f", "lavfi", "-i", f"testsrc2=size=320x240:rate=25:duration={seconds}", "-shortest"]
+    if path.suffix in (".mpg", ".mpeg"):
+        command += ["-c:v", "mpeg1video", "-b:v", "1500k", "-c:a", "mp2", "-f", "mpeg"]
+    elif path.suffix == ".vob":
+        command += ["-c:v", "mpeg2video", "-c:a", "mp2", "-f", "vob"]
+    elif path.suffix == ".mp3":
+        command += ["-b:a", "160k", "-write_xing", "1"]
+    subprocess.run(command + [str(path)], check=True, stdin=subprocess.DEVNULL)
+    return path
+
+
+def make_midi(path, note=69, seconds=4):
+    """A General MIDI file that holds one organ note (69 is the A of 440 Hz)."""
+    ticks = int(seconds * 960)
+    length = bytes([0x80 | (ticks >> 7 & 0x7F), ticks & 0x7F]) if ticks < 16384 else bytes([0xFF, 0x7F])
+    events = b"\x00\xff\x51\x03\x07\xa1\x20" + b"\x00\xc0\x13" + bytes([0, 0x90, note, 110]) + length + bytes(
+        [0x80, note, 0]) + b"\x00\xff\x2f\x00"
+    pathlib.Path(path).write_bytes(
+        b"MThd" + struct.pack(">IHHH", 6, 0, 1, 480) + b"MTrk" + struct.pack(">I", len(events)) + events)
+    return pathlib.Path(path)
+
+
+# ---- pages ---------------------------------------------------------------------------------------------------------
+
+
+class PageServer:
+    """Serves a dictionary of path to HTML on 127.0.0.1 and remembers what was asked for."""
+
+    def __init__(self, pages):
+        requests = self.requests = []
+
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                requests.append(self.path)
+                page = pages.get(self.path.split("?")[0])
+                self.send_response(200 if page is not None else 404)
+                self.send_header("Content-Type", "text/html; charset=utf-8")
+                self.end_headers()
+                self.wfile.write((page or "<title>Not here</title>").encode())
+
+            def log_message(self, *_):
+                pass
+
+        self._server = socketserver.ThreadingTCPServer(("127.0.0.1", 0), Handler)
+        self._server.daemon_threads = True
+        self.port = self._server.server_address[1]
+        threading.Thread(target=self._server.serve_forever, daemon=True).start()
+
+    def close(self):
+        self._server.shutdown()
+        self._server.server_close()
+
+
+# ---- the stage -----------------------------------------------------------------------------------------------------
+
+
+class Stage:
+    def __init__(self, build, size=(1280, 860), sound=True):
+        self.build = pathlib.Path(build).resolve()
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="brindlepost-stage-"))
+        self._processes = []
+        self._logs = []
+        self.sound = sound
+        self.environment = {
+            "PATH": os.environ.get("PATH", "/usr/bin:/bin"),
+            "HOME": str(self.folder / "home"),
+            "XDG_RUNTIME_DIR": str(self.folder / "runtime"),
+            "LANG": "C.UTF-8",
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+            "NO_AT_BRIDGE": "0",
+            "XDG_SESSION_TYPE": "x11",
+        }
+        (self.folder / "home").mkdir()
+        (self.folder / "runtime").mkdir(mode=0o700)
+        os.environ["XDG_RUNTIME_DIR"] = self.environment["XDG_RUNTIME_DIR"]
+        os.environ["HOME"] = self.environment["HOME"]
+        try:
+            self._start_display(size)
+            self._start_bus()
+            if sound:
+                self._start_sound()
+        except BaseException:
+            self.close()
+            raise
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def spawn(self, command, **options):
+        options.setdefault("stdin", subprocess.DEVNULL)
+        options.setdefault("stdout", subprocess.DEVNULL)
+        if "stderr" not in options:
+            log = open(self.folder / f"{pathlib.Path(command[0]).name}-{len(self._processes)}.log", "wb")
+            self._logs.append(log)
+            options["stderr"] = log
+        process = subprocess.Popen(command, env=self.environment, **options)
+        self._processes.append(process)
+        return process
+
+    def _start_display(self, size):
+        reading, writing = os.pipe()
+        self.spawn(
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{size[0]}x{size[1]}x24", "-nolisten", "tcp", "-ac"],
+            pass_fds=[writing],
+        )
+        os.close(writing)
+        number = b""
+        while not number.endswith(b"\n"):
+            piece = os.read(reading, 16)
+            if not piece:
+                raise StageError("the display did not start")
+            number += piece
+        os.close(reading)
+        self.environment["DISPLAY"] = os.environ["DISPLAY"] = ":" + number.decode().strip()
+        self.spawn(["openbox", "--sm-disable"])
+        wait_for("the window manager", lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
+
+    def _start_bus(self):
+        process = self.spawn(
+            ["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE, text=True)
+        address = process.stdout.readline().strip()
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = os.environ["DBUS_SESSION_BUS_ADDRESS"] = address
+
+    def _start_sound(self):
+        self.spawn(
+            ["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--load=module-native-protocol-unix",
+             f"--load=module-null-sink sink_name=test rate={SAMPLE_RATE}"])
+        wait_for("the sound server", lambda: "test" in self.run("pactl", "list", "short", "sinks"))
+
+    def run(self, *command, timeout=20):
+        """What a command prints; empty when it fails."""
+        done = subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=timeout,
+                              stdin=subprocess.DEVNULL, check=False)
+        return done.stdout if done.returncode == 0 else ""
+
+    # -- the program --
+
+    def make_application(self, name="app"):
+        """An application folder of the stage's own."""
+        folder = self.folder / name
+        (folder / "images").mkdir(parents=True)
+        shutil.copy2(self.build / "app" / "Brindlepost", folder)
+        for module in (self.build / "platform" / "webengine").glob("*.so"):
+            shutil.copy2(module, folder)
+        for picture in (self.build / "images").glob("*.*"):
+            if picture.suffix in (".png", ".bmp"):
+                shutil.copy2(picture, folder / "images")
+        for store in ("dbMedia", "dbFavs", "dbHistory", "dbLogin"):
+            shutil.copyfile(self.build / "stores" / (store + ".mdb"), folder / (store + ".mdb"))
+            os.chmod(folder / (store + ".mdb"), 0o600)
+        return folder
+
+    def launch(self, folder, *arguments, environment=None):
+        """Starts the program of an application folder; its output goes to a log in the stage's folder."""
+        saved = dict(self.environment)
+        self.environment.update(environment or {})
+        log = open(self.folder / f"program-{len(self._processes)}.log", "wb")
+        self._logs.append(log)
+        try:
+            return self.spawn([str(folder / "Brindlepost"), *arguments], stdout=log, stderr=log, cwd=str(folder))
+        finally:
+            self.environment.clear()
+            self.environment.update(saved)
+
+    def program_output(self):
+        return "\n".join(p.read_text(errors="replace") for p in sorted(self.folder.glob("program-*.log")))
+
+    # -- windows, mouse and keyboard --
+
+    def window(self, title, seconds=20):
+        """The visible window whose title begins so."""
+        pattern = "^" + title
+        found = wait_for(
+            f"the window '{title}'", lambda: self.run("xdotool", "search", "--onlyvisible", "--name", pattern).split(),
+            seconds)
+        return found[-1]
+
+    def has_window(self, title):
+        return bool(self.run("xdotool", "search", "--onlyvisible", "--name", "^" + title).split())
+
+    def window_rect(self, window):
+        values = dict(
+            line.split("=", 1)
+            for line in self.run("xdotool", "getwindowgeometry", "--shell", window).split()
+            if "=" in line)
+        return tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
+
+    def click(self, x, y, times=1, button=1):
+        self.run("xdotool", "mousemove", str(int(x) + 1), str(int(y)), "mousemove", str(int(x)), str(int(y)))
+        self.run("xdotool", "click", "--repeat", str(times), "--delay", "60", str(button))
+
+    def type(self, text):
+        self.run("xdotool", "type", "--delay", "12", text)
+
+    def key(self, *keys):
+        self.run("xdotool", "key", "--delay", "30", *keys)
+
+    def screenshot(self, path):
+        self.run("import", "-window", "root", "png:" + str(path))
+        return pathlib.Path(path)
+
+    def close(self):
+        for process in reversed(self._processes):
+            if process.poll() is None:
+                process.send_signal(signal.SIGTERM)
+                try:
+                    process.wait(5)
+                except subprocess.TimeoutExpired:
+                    process.kill()
+                    process.wait()
+        self._processes.clear()
+        for log in self._logs:
+            log.close()
+        self._logs.clear()
+
+    def remove(self):
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+
+# ---- controls by name ----------------------------------------------------------------------------------------------
+
+
+class Eyes:
+    """Finds what the program shows the way a screen reader does: by name, with its place on the screen."""
+
+    def __init__(self):
+        import gi
+
+        gi.require_version("Atspi", "2.0")
+        from gi.repository import Atspi
+
+        self._atspi = Atspi
+        Atspi.init()
+
+    def _walk(self, node, depth=0):
+        if node is None or depth > 40:
+            return
+        yield node
+        try:
+            count = min(node.get_child_count(), 200)
+        except Exception:  # a node that went away while it was looked at
+            return
+        for index in range(count):
+            try:
+                child = node.get_child_at_index(index)
+            except Exception:
+                continue
+            yield from self._walk(child, depth + 1)
+
+    def programs(self):
+        desktop = self._atspi.get_desktop(0)
+        return [desktop.get_child_at_index(i) for i in range(desktop.get_child_count())]
+
+    def find_all(self, name, role=None, showing=True):
+        found = []
+        for program in self.programs():
+            for node in self._walk(program):
+                try:
+                    if node.get_name() != name or (role and node.get_role_name() != role):
+                        continue
+                    if showing and not node.get_state_set().contains(self._atspi.StateType.SHOWING):
+                        continue
+                    found.append(node)
+                except Exception:
+                    continue
+        return found
+
+    def find(self, name, role=None, seconds=10):
+        return wait_for(f"the control '{name}'", lambda: self.find_all(name, role), seconds)[0]
+
+    def rect(self, node):
+        extents = node.get_extents(self._atspi.CoordType.SCREEN)
+        return extents.x, extents.y, extents.width, extents.height
+
+    def centre(self, name, role=None, seconds=10):
+        x, y, width, height = self.rect(self.find(name, role, seconds))
+        return x + width // 2, y + height // 2
+
+    def text(self, node):
+        try:
+            return self._atspi.Text.get_text(node, 0, -1)
+        except Exception:
+            return ""
