@@ -1,0 +1,109 @@
+// Files and folders of the computer.
+//
+// Why: the system speaks drive-letter paths ("C:\Music\song.mp3") and knows neither where a drive really is
+// nor what bytes the system's names may hold. Every path given and returned here is such a drive path, in
+// UTF-8; both separators are understood. base/DrivePath.h tells how a path and a native path become one
+// another.
+//
+// Only files and folders count: a pipe, a socket or a device is as good as missing, so nothing here can wait
+// for one. Links are followed. Nothing throws; every failure is in the result.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/DrivePath.h"
+
+namespace ports {
+
+/// Bits of a path's attributes.
+inline constexpr int kReadOnly = 1;
+inline constexpr int kHidden = 2;  ///< the name begins with a dot
+inline constexpr int kFolder = 16;
+
+enum class FileResult {
+    Done,
+    Missing,       ///< the file, or the folder it should be in
+    AlreadyThere,  ///< a folder to be made
+    Refused,       ///< no right to do it, or a read-only disk
+    DiskFull,
+    Failed,  ///< anything else, such as a folder where a file is wanted
+};
+
+/// What stands in a folder: names without their path, in the order of a sorted list.
+struct FolderListing {
+    std::vector<std::string> Files;
+    std::vector<std::string> SubFolders;
+};
+
+struct Drive {
+    char Letter = 'C';
+    std::string Label;  ///< the volume's name; empty for "C:"
+};
+
+class Files {
+public:
+    virtual ~Files() = default;
+
+    /// Bits of a file or folder; nothing when they cannot be read.
+    virtual std::optional<int> GetAttributes(std::string_view path) const = 0;
+    /// The attributes can be read and the folder bit is clear.
+    bool FileExists(std::string_view path) const {
+        const std::optional<int> bits = GetAttributes(path);
+        return bits && (*bits & kFolder) == 0;
+    }
+    bool IsFolder(std::string_view path) const {
+        const std::optional<int> bits = GetAttributes(path);
+        return bits && (*bits & kFolder) != 0;
+    }
+
+    /// Nothing when the folder cannot be read. A link that leads back to this folder or to one above it is
+    /// left out.
+    virtual std::optional<FolderListing> ListFolder(std::string_view path) const = 0;
+    std::string BuildPath(std::string_view folder, std::string_view name) const {
+        return base::BuildPath(folder, name);
+    }
+    /// "C:" first, then mounted volumes by letter.
+    virtual std::vector<Drive> Drives() const = 0;
+
+    /// One folder; the one it stands in must be there.
+    virtual FileResult MakeFolder(std::string_view path) = 0;
+    /// A file, never a folder.
+    virtual FileResult DeleteFile(std::string_view path) = 0;
+    /// The bytes of a file, at most `limit` of them; nothing when it cannot be read.
+    virtual std::optional<std::string> ReadText(std::string_view path,
+                                                std::size_t limit = kLongestText) const = 0;
+    /// Makes the file, or replaces what is in it. A write that fails may leave a part of the text behind.
+    virtual FileResult WriteText(std::string_view path, std::string_view bytes) = 0;
+    static constexpr std::size_t kLongestText = std::size_t{64} << 20U;
+
+    /// A name for an existing file or folder that is one word, at most 255 characters, understood by every
+    /// call of this object and by no other program; empty for a missing one.
+    virtual std::string GetShortPathName(std::string_view path) const = 0;
+    /// The real name of the last part of a path that may be short; empty when there is no such file or
+    /// folder, or when the path is a drive alone.
+    virtual std::string NameInFolder(std::string_view path) const = 0;
+
+    /// The bytes the system knows the file by; empty when the path can name nothing (a letter without a
+    /// volume).
+    virtual std::string ToNative(std::string_view path) const = 0;
+    /// The drive path of a native path that begins at the root; any other text as it is. For the borders
+    /// where a person or the shell gives a path.
+    virtual std::string FromNative(std::string_view native_path) const = 0;
+    /// A path as the person knows it: the native form, in UTF-8 whatever its bytes are. What names nothing
+    /// stays.
+    std::string DisplayPath(std::string_view path) const {
+        const std::string native = ToNative(path);
+        return base::WithoutStandIns(native.empty() ? std::string(path) : base::NameToText(native));
+    }
+
+    /// The folder of the running program, without a separator at its end, unless it is a drive's root.
+    virtual std::string ApplicationFolder() const = 0;
+    /// The file name of the running program without its folder.
+    virtual std::string ApplicationFileName() const = 0;
+};
+
+}  // namespace ports
