@@ -1,0 +1,339 @@
+#include "web/TabRoom.h"
+
+#include <algorithm>
+
+#include "web/Addresses.h"
+
+namespace web {
+
+namespace {
+
+constexpr std::string_view kTitle = "Brindlepost";
+
+}  // namespace
+
+TabRoom::TabRoom(TabControls& controls, WebMenu& menu, WebState& state, AddressBox& address,
+                 TabPartners partners)
+    : controls_(controls),
+      menu_(menu),
+      state_(state),
+      address_(address),
+      partners_(partners),
+      strip_(controls) {
+    ClaimMusicTab();
+    claims_.Claim(menu_.mnuMusicTabTab.Click, [this] { imgMusicTabMini_Click(); });
+    claims_.Claim(menu_.mnuViewMusicTab.Click, [this] { imgMusicTab_MouseUp(controls::kLeftButton); });
+    claims_.Claim(menu_.mnuCloseCurrentTab.Click, [this] { mnuCloseCurrentTab_Click(); });
+    claims_.Claim(menu_.mnuCloseAllTabs.Click, [this] { mnuCloseAllTabs_Click(); });
+}
+
+void TabRoom::ClaimMusicTab() {
+    claims_.Claim(controls_.imgMusicTab.MouseUp,
+                  [this](int button, int, double, double) { imgMusicTab_MouseUp(button); });
+    claims_.Claim(controls_.imgMusicTabMini.Click, [this] { imgMusicTabMini_Click(); });
+    claims_.Claim(controls_.tabMusicClose.Click, [this] { tabMusicClose_Click(); });
+}
+
+void TabRoom::GetNewBrowser() {
+    const int index = state_.NextBrowserIndex;
+    if (controls_.imgMusicTabMini.Visible()) state_.TabsShown = IsAnyTabOpen();
+    LoadPage(index);
+    LoadStripMembers(index);
+    FaceNewTab(index);
+    strip_.PlaceLabelAndClose(index);
+    controls_.tabtab(index).SetVisible(true);
+    controls_.tabClose(index).SetVisible(true);
+    controls_.Browser(index).Navigate(address_.Address());
+    controls_.Browser(index).Navigate2(address_.Address());
+    BringForward(index);
+    ShowStripMembers(index);
+}
+
+void TabRoom::LoadPage(int index) {
+    controls::WebBrowser& page = controls_.Browser.Load(index);
+    const controls::WebBrowser& model = controls_.Browser(0);
+    partners_.watcher.OnPageLoaded(index);
+    state_.BackdropHidden = true;
+    page.Navigate("");
+    page.Move(model.Left(), model.Top(), model.Width(), model.Height());
+    page.SetAccessibleName(model.AccessibleName());
+    page.SetVisible(true);
+    if (!state_.TabsShown) page.BringToFront();
+}
+
+void TabRoom::LoadStripMembers(int index) {
+    controls::Image& face = controls_.tabtab.Load(index);
+    controls::Label& label = controls_.tabLabel.Load(index);
+    controls::Label& close = controls_.tabClose.Load(index);
+    controls::Menu& entry = controls_.mnuTabTab.Load(index);
+    close.SetCaption(controls_.tabClose(0).Caption());
+    close.SetAccessibleName("Close this tab");
+    const auto& entries = menu_.mnuTab.Entries();
+    menu_.mnuTab.AddEntry(entry, static_cast<int>(std::find(entries.begin(), entries.end(), &menu_.mnuSep11) -
+                                                  entries.begin()));
+    claims_.Claim(face.MouseUp,
+                  [this, index](int button, int, double, double) { tabtab_MouseUp(index, button); });
+    claims_.Claim(face.MouseMove, [this, index](int, int, double, double) { tabtab_MouseMove(index); });
+    claims_.Claim(label.MouseUp,
+                  [this, index](int button, int, double, double) { tabLabel_MouseUp(index, button); });
+    claims_.Claim(label.MouseMove, [this, index](int, int, double, double) { tabLabel_MouseMove(index); });
+    claims_.Claim(close.Click, [this, index] { tabClose_Click(index); });
+    claims_.Claim(entry.Click, [this, index] { mnuTabTab_Click(index); });
+}
+
+void TabRoom::FaceNewTab(int index) {
+    const controls::Image& before = controls_.tabtab(index - 1);
+    controls_.tabtab(index).SetLeft(before.Right());
+    controls_.tabtab(index).SetPicture("\\images\\dark.bmp");
+    if (state_.MusicTabActive) {
+        strip_.MakeAllTabsDark();
+    } else if (!IsFrontShown()) {
+        strip_.MakePale(index);
+        state_.currentbrowser = static_cast<std::int16_t>(index);
+    }
+}
+
+void TabRoom::ShowStripMembers(int index) {
+    state_.TabsShown = true;
+    controls_.tabLabel(index).SetCaption("");
+    controls_.tabLabel(index).SetVisible(true);
+    strip_.Raise(index);
+    controls_.mnuTabTab(index).SetVisible(true);
+}
+
+void TabRoom::BringForward(int index) {
+    strip_.MakeAllTabsDark();
+    strip_.MakeMusicTabDark();
+    strip_.MakePale(index);
+    controls_.Browser(index).BringToFront();
+    strip_.RaiseLines();
+    state_.currentbrowser = static_cast<std::int16_t>(index);
+    state_.MusicTabActive = false;
+    TabChange();
+}
+
+void TabRoom::ShowTitle(int index) {
+    const std::string title = controls_.Browser(index).LocationName();
+    controls_.tabLabel(index).SetCaption(title);
+    controls_.tabtab(index).SetAccessibleName(title);
+    controls_.mnuTabTab(index).SetCaption(title);
+    if (index == state_.currentbrowser && !state_.MusicTabActive) {
+        partners_.window.SetCaption(std::string(kTitle).append(" - ").append(title));
+    }
+}
+
+void TabRoom::TabChange() {
+    MarkMenuEntries();
+    if (state_.MusicTabActive) {
+        ShowMusicInFront();
+    } else if (IsFrontShown()) {
+        ShowPageInFront();
+    } else {
+        ShowNothingInFront();
+    }
+    CheckMiniLine();
+    address_.Focus();
+}
+
+void TabRoom::MarkMenuEntries() {
+    for (int i = 1; i < Count(); ++i) {
+        controls_.mnuTabTab(i).SetVisible(IsShown(i));
+        controls_.mnuTabTab(i).SetChecked(false);
+    }
+}
+
+void TabRoom::ShowNothingInFront() {
+    partners_.window.SetCaption(kTitle);
+    strip_.EndLeftLine(partners_.window.Width());
+    state_.TabsShown = false;
+    if (address_.Typed() == state_.LastTabUrl) address_.SetTyped(MakerAddress("/"));
+}
+
+void TabRoom::ShowMusicInFront() {
+    partners_.window.SetCaption(std::string(kTitle).append(" - Music Player"));
+    strip_.OpenLines(kMusicTabLeft, kFirstTabLeft, partners_.window.Width());
+    if (address_.Typed() == state_.LastTabUrl) address_.SetTyped("");
+}
+
+void TabRoom::ShowPageInFront() {
+    const int front = state_.currentbrowser;
+    strip_.OpenLines(controls_.tabtab(front).Left(), controls_.tabtab(front).Right(),
+                     partners_.window.Width());
+    controls_.mnuTabTab(front).SetChecked(true);
+    partners_.window.SetCaption(
+        std::string(kTitle).append(" - ").append(controls_.mnuTabTab(front).Caption()));
+    const std::string address = controls_.Browser(front).LocationURL();
+    if (address_.IsWebMode()) address_.SetTyped(address);
+    state_.LastTabUrl = address;
+}
+
+void TabRoom::CheckMiniLine() {
+    if (!controls_.imgMusicTabMini.Visible()) return;
+    for (int i = 1; i < Count(); ++i) {
+        if (IsShown(i) || controls_.tabtab(i).Visible()) return;
+    }
+    strip_.EndLeftLine(partners_.window.Width());
+    state_.TabsShown = false;
+}
+
+void TabRoom::CorrectTabs() {
+    strip_.PlaceShownTabs(strip_.FirstLeft());
+    for (int i = 1; i < Count(); ++i)
+        controls_.mnuTabTab(i).SetVisible(IsShown(i));
+    TabChange();
+}
+
+void TabRoom::CheckOpenBrowser() {
+    if (controls_.imgMusicTab.Visible() || IsAnyTabOpen()) return;
+    state_.BackdropHidden = false;
+    controls_.BrowserBG.Navigate(MakerAddress(kBackdropQuery));
+    controls_.BrowserBG.SetVisible(true);
+    controls_.BrowserBG.BringToFront();
+    strip_.EndLeftLine(partners_.window.Width());
+}
+
+void TabRoom::ShowNextBrowser() {
+    for (int i = 1; i < Count(); ++i) {
+        if (!IsShown(i)) continue;
+        BringForward(i);
+        return;
+    }
+}
+
+bool TabRoom::IsAnyTabOpen() const {
+    for (int i = 1; i < Count(); ++i) {
+        if (IsShown(i)) return true;
+    }
+    return false;
+}
+
+void TabRoom::HideTab(int index) {
+    controls_.Browser(index).SetVisible(false);
+    controls_.tabtab(index).SetVisible(false);
+    controls_.tabLabel(index).SetVisible(false);
+    controls_.tabClose(index).SetVisible(false);
+}
+
+// The first pass always starts behind the music tab; CorrectTabs at the end moves the tabs when it is closed.
+// So the leftmost tab is found by its place here in both cases.
+void TabRoom::CloseTab(int index) {
+    HideTab(index);
+    strip_.PlaceShownTabs(kFirstTabLeft);
+    if (!IsFrontShown() && !state_.MusicTabActive) TakeOverLeftmost();
+    if (!IsFrontShown()) BringMusicTabForward();
+    TabChange();
+    CheckOpenBrowser();
+    CorrectTabs();
+}
+
+void TabRoom::TakeOverLeftmost() {
+    for (int i = 1; i < Count(); ++i) {
+        if (!controls_.tabtab(i).Visible() || controls_.tabtab(i).Left() != kFirstTabLeft) continue;
+        strip_.MakePale(i);
+        controls_.Browser(i).BringToFront();
+        state_.currentbrowser = static_cast<std::int16_t>(i);
+        return;
+    }
+}
+
+void TabRoom::CloseAllTabs() {
+    for (int i = 1; i < Count(); ++i)
+        CloseTab(i);
+    CorrectTabs();
+}
+
+void TabRoom::BringMusicTabForward() {
+    state_.MusicTabActive = true;
+    strip_.MakeAllTabsDark();
+    strip_.MakeMusicTabPale();
+    partners_.panel.BringPanelToFront();
+    TabChange();
+    address_.SetTyped("");
+}
+
+void TabRoom::OpenMusicTab() {
+    if (!controls_.imgMusicTab.Visible()) address_.SetTyped("");
+    partners_.panel.ShowPanel();
+    controls_.imgMusicTabMini.SetVisible(false);
+    controls_.imgMusicTab.SetVisible(true);
+    controls_.tabMusicClose.SetVisible(true);
+    partners_.window.Form_Resize();
+    BringMusicTabForward();
+    CorrectTabs();
+    partners_.events.Yield();
+    partners_.library.RefillEmptyTrackList();
+    partners_.library.OfferToAddMedia();
+}
+
+void TabRoom::CloseMusicTab() {
+    state_.ClosingMusicTab = true;
+    controls_.imgMusicTab.SetVisible(false);
+    controls_.imgMusicTabMini.SetVisible(true);
+    CorrectTabs();
+    partners_.panel.HidePanel();
+    controls_.tabMusicClose.SetVisible(false);
+    partners_.player.StopCurrentSong();
+    partners_.player.ClearTrackCaption();
+    CheckOpenBrowser();
+    ShowNextBrowser();
+    state_.MusicTabActive = false;
+    partners_.messenger.SendNothingPlaying();
+    address_.Focus();
+}
+
+void TabRoom::tabtab_MouseUp(int index, int button) {
+    if (button == controls::kRightButton) {
+        partners_.window.PopupTabMenu();
+    } else {
+        BringForward(index);
+    }
+}
+
+void TabRoom::tabtab_MouseMove(int index) {
+    partners_.window.NoMouseOvers();
+    controls_.tabtab(index).SetToolTipText(controls_.Browser(index).LocationName());
+}
+
+void TabRoom::tabLabel_MouseUp(int index, int button) {
+    tabtab_MouseUp(index, button);
+}
+
+void TabRoom::tabLabel_MouseMove(int index) {
+    controls_.tabLabel(index).SetToolTipText(controls_.Browser(index).LocationName());
+}
+
+void TabRoom::tabClose_Click(int index) {
+    CloseTab(index);
+}
+
+void TabRoom::imgMusicTab_MouseUp(int button) {
+    if (button == controls::kRightButton) {
+        partners_.window.PopupMusicMenu();
+    } else {
+        BringMusicTabForward();
+    }
+}
+
+void TabRoom::imgMusicTabMini_Click() {
+    OpenMusicTab();
+}
+
+void TabRoom::tabMusicClose_Click() {
+    CloseMusicTab();
+}
+
+void TabRoom::mnuTabTab_Click(int index) {
+    BringForward(index);
+}
+
+void TabRoom::mnuCloseCurrentTab_Click() {
+    if (state_.MusicTabActive) return;
+    CloseTab(state_.currentbrowser);
+    CorrectTabs();
+}
+
+void TabRoom::mnuCloseAllTabs_Click() {
+    CloseAllTabs();
+}
+
+}  // namespace web

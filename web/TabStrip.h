@@ -1,0 +1,38 @@
+// Places and faces of the tab strip. Knows nothing of which tab is in front; it is told.
+#pragma once
+
+#include "web/WebControls.h"
+
+namespace web {
+
+class TabStrip final {
+public:
+    explicit TabStrip(TabControls& controls) : controls_(controls) {}
+
+    void MakeAllTabsDark();
+    void MakeMusicTabDark();
+    void MakeMusicTabPale();
+    void MakePale(int index);
+    bool IsPale(int index) const;
+
+    /// Left edge of the first web tab: behind the music tab, or behind the small button.
+    double FirstLeft() const;
+    /// Puts face, label and close target of a tab at `left`.
+    void Place(int index, double left);
+    /// Places the shown tabs side by side from `left` on.
+    void PlaceShownTabs(double left);
+    /// Puts label and close target where the tab's face is.
+    void PlaceLabelAndClose(int index);
+    /// Face, label and close target above everything else in the strip, in that order.
+    void Raise(int index);
+    /// The lines leave the stretch from `left` to `right` free; the right one ends at `window_width`.
+    void OpenLines(double left, double right, double window_width);
+    /// The left line ends at `right`.
+    void EndLeftLine(double right) { controls_.TabLineLeft.SetX2(right); }
+    void RaiseLines();
+
+private:
+    TabControls& controls_;
+};
+
+}  // namespace web

@@ -1,0 +1,122 @@
+// The controls of the web subsystem on the main window. The constructors give them the places that stay; what
+// depends on the window's size is the layout's.
+#pragma once
+
+#include "controls/ControlArray.h"
+#include "controls/Lists.h"
+#include "controls/Menu.h"
+#include "controls/Simple.h"
+#include "controls/Surfaces.h"
+#include "controls/WebBrowser.h"
+
+namespace web {
+
+/// The tab strip, in twips of the window.
+inline constexpr double kStripTop = 90;
+inline constexpr double kStripHeight = 450;
+inline constexpr double kTabWidth = 2640;
+inline constexpr double kMusicTabLeft = 840;
+inline constexpr double kFirstTabLeft = 3480;              ///< behind the music tab
+inline constexpr double kFirstTabLeftWithoutMusic = 1560;  ///< behind the small button
+inline constexpr double kTabLabelOffset = 120;
+inline constexpr double kTabCloseOffset = 2280;
+/// The address row and where the pages begin.
+inline constexpr double kAddressRowTop = 660;
+inline constexpr double kAddressRowHeight = 420;
+inline constexpr double kPageTop = 1290;
+
+/// Tabs: what has one index belongs together. Member 0 of each array is a template and never shows.
+struct TabControls {
+    TabControls();
+    /// Puts the group into a window or panel, back to front.
+    void PutInto(controls::Container& container);
+
+    controls::WebBrowser BrowserBG{"BrowserBG"};
+    controls::ControlArray<controls::WebBrowser> Browser{"Browser"};
+    controls::Line TabLineLeft{"TabLineLeft"};
+    controls::Line TabLineRight{"TabLineRight"};
+    controls::Image imgMusicTab{"imgMusicTab"};
+    controls::Image imgMusicTabMini{"imgMusicTabMini", "musictabmini"};
+    controls::Label tabMusicClose{"tabMusicClose", "\xC3\x97"};
+    controls::ControlArray<controls::Image> tabtab{"tabtab"};
+    controls::ControlArray<controls::Label> tabLabel{"tabLabel"};
+    controls::ControlArray<controls::Label> tabClose{"tabClose"};
+    controls::ControlArray<controls::Menu> mnuTabTab{"mnuTabTab"};
+};
+
+/// The address row's input.
+struct AddressControls {
+    AddressControls();
+    void PutInto(controls::Container& container);
+
+    controls::ComboBox cmbType{"cmbType", controls::ComboStyle::DropDownList};
+    controls::ComboBox cmbAddress{"cmbAddress"};
+    controls::TextBox txtAddress{"txtAddress"};  ///< lies over the text part of cmbAddress
+    controls::Label Label2{"Label2"};            ///< hidden scratch
+};
+
+/// Back, forward, refresh.
+struct NavigationControls {
+    NavigationControls();
+    void PutInto(controls::Container& container);
+
+    controls::Image imgBack{"imgBack", "back"};
+    controls::Image imgBackOver{"imgBackOver", "backover"};
+    controls::Image imgForward{"imgForward", "forward"};
+    controls::Image imgForwardOver{"imgForwardOver", "forwardover"};
+    controls::Label lblRefresh2{"lblRefresh2", "Refresh"};
+};
+
+/// Automatic refresh.
+struct RefreshControls {
+    RefreshControls();
+    void PutInto(controls::Container& container);
+
+    controls::Image imgCheck{"imgCheck", "check"};
+    controls::Image imgCheckChecked{"imgCheckChecked", "checkchecked"};  ///< shows while it is on
+    controls::Label lblRefresh1{"lblRefresh1", "Refresh every"};
+    controls::TextBox txtRefresh{"txtRefresh"};
+    controls::Timer tmrRefresh{"tmrRefresh", 1000};
+};
+
+/// The help button.
+struct HelpControls {
+    HelpControls();
+    void PutInto(controls::Container& container);
+
+    controls::Image imgHelp{"imgHelp", "help"};
+};
+
+/// The mailbox of a second start, all hidden.
+struct HandOffControls {
+    HandOffControls();
+    void PutInto(controls::Container& container);
+
+    controls::CommandButton cmdDummy{"cmdDummy", "Dummy"};
+    controls::TextBox Text1{"Text1"};
+    controls::ListBox lstOpenWith{"lstOpenWith"};
+    controls::Timer tmrOpenWith{"tmrOpenWith", 100};
+};
+
+/// The menu entries that the rooms here answer to.
+struct WebMenu {
+    controls::Menu& mnuTab;    ///< gets an entry for each tab
+    controls::Menu& mnuSep11;  ///< the separator that the tabs' entries stand before
+    controls::Menu& mnuNewTabTab;
+    controls::Menu& mnuMusicTabTab;
+    controls::Menu& mnuViewMusicTab;
+    controls::Menu& mnuCloseCurrentTab;
+    controls::Menu& mnuCloseAllTabs;
+    controls::Menu& mnuWebTab;
+    controls::Menu& mnuWebsite;
+    controls::Menu& mnuWebSearch;
+    controls::Menu& mnuLyricSearch;
+    controls::Menu& mnuOnlineHelp;
+    controls::Menu& mnuCheckUpdates;
+    controls::Menu& mnuSetAutoRefresh;
+    controls::Menu& mnuRefreshAll;
+    controls::Menu& mnuGoForward;
+    controls::Menu& mnuGoBack;
+};
+
+}  // namespace web
