@@ -1,0 +1,154 @@
+#include "library/Naming.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "base/Number.h"
+#include "base/Text.h"
+#include "store/Tables.h"
+
+namespace library {
+namespace {
+
+constexpr std::size_t kMostWords = 51;
+constexpr std::string_view kNameSeparator = " - ";
+
+std::string Kind(std::string_view path) {
+    return base::LCase(base::Right(path, 3));
+}
+
+template <std::size_t kCount>
+bool IsAmong(const std::array<std::string_view, kCount>& kinds, std::string_view path) {
+    return std::find(kinds.begin(), kinds.end(), Kind(path)) != kinds.end();
+}
+
+// How many characters at the front of a word become capitals.
+std::size_t CapitalsOf(std::string_view word) {
+    constexpr std::string_view kSharing = "([)]-!";
+    return kSharing.find(word.front()) != std::string_view::npos ? 2 : 1;
+}
+
+std::string ProperCase(std::string_view word) {
+    if (word.empty()) return {};
+    const std::size_t capitals = CapitalsOf(word);
+    return base::UCase(base::Left(word, capitals)) + base::LCase(base::Mid(word, capitals + 1));
+}
+
+// The extension is looked for in the last five characters, which ".mpeg" fills.
+std::string WithoutExtension(std::string_view title) {
+    const std::size_t length = base::Len(title);
+    const std::size_t dot = base::InStr(title, ".", length > 4 ? length - 4 : 1);
+    return std::string(dot == 0 ? title : base::Left(title, dot - 1));
+}
+
+std::string Cleaned(std::string text) {
+    text = base::Replace(text, "&", "+");
+    text = base::Replace(text, ".", " ");
+    text = base::Replace(text, "*", " ");
+    text = base::Replace(text, "!", " ");
+    text = base::Replace(text, "  ", " ");
+    return std::string(base::Trim(text));
+}
+
+std::string TrimmedProperCase(std::string_view text) {
+    return std::string(base::Trim(ProperCaseWords(text)));
+}
+
+}  // namespace
+
+bool IsPlayListFile(std::string_view path) {
+    return Kind(path) == "mpl";
+}
+
+bool IsMediaFile(std::string_view path) {
+    return IsAmong(kMediaKinds, path);
+}
+
+bool IsVideoFile(std::string_view path) {
+    return IsAmong(kVideoKinds, path);
+}
+
+bool IsScanAudioFile(std::string_view path) {
+    return IsAmong(kScanAudioKinds, path);
+}
+
+bool IsScanVideoFile(std::string_view path) {
+    return IsAmong(kScanVideoKinds, path);
+}
+
+bool IsScanFile(std::string_view path) {
+    return IsScanAudioFile(path) || IsScanVideoFile(path);
+}
+
+bool FileExists(const ports::Files& files, std::string_view path) {
+    return files.FileExists(path);
+}
+
+std::string FileNameOf(std::string_view path) {
+    return std::string(path.substr(path.find_last_of("\\/") + 1));
+}
+
+std::string ExpandLongPath(std::string_view path, const ports::Files& files, ports::Dialogs& dialogs) {
+    // With a separator behind it, every name of the path ends at one.
+    const std::string ended = std::string(path) + "\\";
+    std::string names;
+    for (std::size_t at = base::InStr(ended, "\\", 4); at != 0; at = base::InStr(ended, "\\", at + 1)) {
+        const std::string name = files.NameInFolder(base::Left(ended, at - 1));
+        if (name.empty()) {
+            dialogs.MsgBox(files.DisplayPath(path));
+            return std::string(path);
+        }
+        names += "\\" + name;
+    }
+    return std::string(base::Left(path, 2)) + names;
+}
+
+std::string ProperCaseWords(std::string_view text) {
+    std::vector<std::string> words = base::Split(text, " ");
+    if (words.size() > kMostWords) words.resize(kMostWords);
+    std::string result;
+    for (const std::string& word : words)
+        result += ProperCase(word) + " ";
+    return result;
+}
+
+SongName SongNameFromPath(std::string_view path) {
+    const std::string name = base::WithoutStandIns(FileNameOf(path));
+    const std::size_t separator = name.find(kNameSeparator);
+    if (separator == std::string::npos) return {"Unknown", WithoutExtension(name)};
+    return {name.substr(0, separator), WithoutExtension(name.substr(separator + kNameSeparator.size()))};
+}
+
+std::optional<SongName> CleanSongName(std::string_view path, const SongName& raw) {
+    if (!IsScanFile(path)) return std::nullopt;
+    SongName name = raw;
+    if (IsScanVideoFile(path)) name.title += " [video]";
+    name.artist = TrimmedProperCase(Cleaned(name.artist));
+    name.title = TrimmedProperCase(Cleaned(name.title));
+    return name;
+}
+
+bool FitsLibrary(std::string_view path, const SongName& name) {
+    const auto fits = [](std::string_view text, int longest) {
+        return base::Len(base::Trim(text)) <= static_cast<std::size_t>(longest);
+    };
+    return fits(name.artist, store::kLongestName) && fits(name.title, store::kLongestName) &&
+           fits(path, store::kLongestFilePath);
+}
+
+std::int64_t RandomIndex(std::int64_t count, ports::Chance& chance) {
+    return base::RoundHalfEven(chance.Below1() * static_cast<double>(count));
+}
+
+std::string SongPathFromId(store::DataSource& datSong, std::string_view song_id) {
+    if (!datSong.Open(store::kAllSongs)) return {};
+    store::RecordSet& songs = datSong.Recordset();
+    for (songs.MoveFirst(); !songs.Eof(); songs.MoveNext()) {
+        if (base::Trim(songs.Text(store::tblSong::SongID)) == song_id) {
+            return std::string(songs.Text(store::tblSong::FilePath));
+        }
+    }
+    return {};
+}
+
+}  // namespace library
