@@ -19,15 +19,15 @@ public:
     DataSource& operator=(const DataSource&) = delete;
 
     const std::string& Name() const { return name_; }
-    /// Binds the source to a store by its full path. Nothing is opened before the first Refresh. `stores` must outlive
-    /// the source.
+    /// Binds the source to a store by its full path. Nothing is opened before the first Refresh. `stores`
+    /// must outlive the source.
     void SetDatabaseName(Stores& stores, std::string_view path);
     bool IsBound() const { return stores_ != nullptr; }
     void SetRecordSource(std::string_view query) { record_source_ = query; }
     const std::string& RecordSource() const { return record_source_; }
-    /// Makes the record set anew from the record source, standing on the first row. False, and the record set stays
-    /// what it was, when the source is not bound, the query is none of the system's, or the store cannot be opened
-    /// (which Stores reports to its listener).
+    /// Makes the record set anew from the record source, standing on the first row. False, and the record set
+    /// stays what it was, when the source is not bound, the query is none of the system's, or the store
+    /// cannot be opened (which Stores reports to its listener).
     bool Refresh();
     /// Record source and Refresh in one.
     bool Open(std::string_view query);

@@ -1,11 +1,12 @@
 // The rows of one query, walked one at a time, in table order.
 //
-// A record set stands on a row, or behind the last (Eof), or before the first (Bof). Rows are those of the table as it
-// is now: a row that another record set added is met by MoveNext and MoveLast, a deleted one is passed over. Values
-// are texts; a number is its decimal text, an empty value is the empty text.
+// A record set stands on a row, or behind the last (Eof), or before the first (Bof). Rows are those of the
+// table as it is now: a row that another record set added is met by MoveNext and MoveLast, a deleted one is
+// passed over. Values are texts; a number is its decimal text, an empty value is the empty text.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,8 +20,8 @@ class Table;
 
 class RecordSet {
 public:
-    /// To the first, the last, the next, the previous row. False when there is no such row; the record set is then at
-    /// Eof or Bof (at both when the table is empty). A pending AddNew or Edit is abandoned.
+    /// To the first, the last, the next, the previous row. False when there is no such row; the record set is
+    /// then at Eof or Bof (at both when the table is empty). A pending AddNew or Edit is abandoned.
     bool MoveFirst();
     bool MoveLast();
     bool MoveNext();
@@ -30,8 +31,9 @@ public:
     /// Rows of the query.
     std::size_t RecordCount() const;
 
-    /// The value of the current row's field, or what Set gave it since AddNew or Edit. Empty when there is no current
-    /// row (also right after Delete). The view holds until the table changes.
+    /// The value of the current row's field, or what Set gave it since Edit; between AddNew and Update, of
+    /// the new row, where a field that was not set is empty. Empty when there is no current row (also right
+    /// after Delete). The view holds until the table changes.
     std::string_view Text(Field field) const;
 
     /// Begins a new row; Update puts it behind the last. The current row stays the current one.
@@ -44,27 +46,39 @@ public:
     bool Update();
     /// Abandons the row begun with AddNew or Edit.
     void CancelUpdate();
-    /// Removes the current row; false when there is none. There is no current row then until the next move, and
-    /// MoveNext goes to the row that followed.
+    /// Removes the current row; false when there is none. There is no current row then until the next move,
+    /// and MoveNext goes to the row that followed.
     bool Delete();
 
-private:
-    friend class DataSource;
-    struct Change;
-
-    const Table* TableForReading() const;
-
-public:
     RecordSet();
     RecordSet(RecordSet&&) noexcept;
     RecordSet& operator=(RecordSet&&) noexcept;
     ~RecordSet();
 
 private:
+    friend class DataSource;
+    struct Change;
+    enum class Standing { BeforeFirst, OnRow, BehindLast };
+
+    /// Of a table in its own order, or with the rows there are now in `order` and later ones behind them.
+    explicit RecordSet(Table& table, std::vector<std::uint32_t> order = {});
+
+    // Positions count the rows of `order_` and go on behind them with the table's own.
+    std::uint32_t RowAt(std::uint32_t position) const;
+    std::uint32_t EndPosition() const;
+    std::uint32_t FirstFrom(std::uint32_t position) const;
+    std::uint32_t EndOfLastBefore(std::uint32_t end) const;
+    bool StandOn(std::uint32_t position);
+    bool StandBefore(std::uint32_t end);
+    bool HasCurrentRow() const;
+    bool Begin(bool adding);
+
     Table* table_ = nullptr;
-    std::vector<std::size_t> order_;  // rows in the query's order; empty for table order
-    std::size_t position_ = 0;
-    std::unique_ptr<Change> change_;
+    std::vector<std::uint32_t> order_;  // row numbers in the query's order; empty for table order
+    std::uint32_t behind_order_ = 0;    // the table's first row that is not in `order_`
+    std::uint32_t position_ = 0;
+    Standing standing_ = Standing::BeforeFirst;
+    std::unique_ptr<Change> change_;  // kept for the next one when it is over
 };
 
 }  // namespace store

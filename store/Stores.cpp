@@ -1,0 +1,220 @@
+#include "store/Stores.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <deque>
+#include <utility>
+
+#include "base/Text.h"
+#include "store/Layouts.h"
+
+namespace store {
+namespace {
+
+using ports::DatabaseError;
+
+// After a failed write, this many ends of handlers at most pass before the next try: about a second of
+// playing.
+constexpr int kLongestPause = 31;
+
+struct TableImage {
+    explicit TableImage(const ports::TableLayout& layout) : table(layout) {}
+
+    Table table;
+    bool is_loaded = false;
+};
+
+std::string_view Reason(DatabaseError error) {
+    switch (error) {
+        case DatabaseError::Missing:
+            return "it is missing, or was moved or replaced while the program was running";
+        case DatabaseError::IsFolder:
+            return "a folder stands in its place";
+        case DatabaseError::Damaged:
+            return "it is damaged or no database";
+        case DatabaseError::OtherKind:
+            return "it does not hold the tables that this program needs";
+        case DatabaseError::ReadOnly:
+            return "the file or its folder is read-only";
+        case DatabaseError::DiskFull:
+            return "the disk is full";
+        case DatabaseError::Locked:
+            return "another program is holding it";
+        default:
+            return "the disk or the system reported an error";
+    }
+}
+
+std::string Message(std::string_view file, const ports::DatabaseResult& result, bool writing) {
+    const std::string_view name = file.substr(file.find_last_of("\\/") + 1);
+    std::string message =
+        "The file \"" + std::string(name) + "\" can not be " + (writing ? "written" : "opened");
+    message += ": " + std::string(Reason(result.error)) + ".";
+    if (result.error == DatabaseError::InputOutput && !result.text.empty())
+        message += "\n(" + result.text + ")";
+    if (writing) {
+        message +=
+            "\nYour changes are kept while the program runs, and saved as soon as the file can be written.";
+    }
+    return message;
+}
+
+// Gives the changes of all tables of a store, one after another.
+class JournalReader {
+public:
+    explicit JournalReader(const std::deque<TableImage>& images) : images_(images) {}
+
+    const ports::RowChange* Next() {
+        for (; table_ < images_.size(); ++table_, place_ = 0) {
+            const Table& table = images_[table_].table;
+            while (place_ < table.Journal().size()) {
+                change_.table = table_;
+                if (table.ChangeOf(table.Journal()[place_++], change_, values_)) return &change_;
+            }
+        }
+        return nullptr;
+    }
+
+private:
+    const std::deque<TableImage>& images_;
+    std::size_t table_ = 0;
+    std::size_t place_ = 0;
+    ports::RowChange change_;
+    std::vector<std::string_view> values_;
+};
+
+}  // namespace
+
+struct Stores::Store {
+    std::string path;
+    const ports::StoreLayout* layout = nullptr;
+    std::unique_ptr<ports::StoreFile> file;
+    std::deque<TableImage> images;
+    DatabaseError told = DatabaseError::None;  // the trouble that the listener knows of
+    int pause = 0;                             // length of the pause after the next failed write
+    int pausing = 0;                           // ends of handlers still to pass before the next try
+
+    bool HasChanges() const {
+        return std::any_of(images.begin(), images.end(),
+                           [](const TableImage& image) { return !image.table.Journal().empty(); });
+    }
+    // A file in trouble is tried without waiting, so that the program stays quick.
+    int Waiting() const {
+        return told == DatabaseError::None ? ports::kPatientMilliseconds : ports::kNoWaiting;
+    }
+    void Recover() {
+        told = DatabaseError::None;
+        pause = pausing = 0;
+    }
+};
+
+Stores::Stores(ports::Database& database, ports::EventLoop& loop, StoreTrouble& trouble)
+    : database_(database), trouble_(trouble), self_(std::make_shared<Stores*>(this)) {
+    loop.AtHandlerEnd([weak = std::weak_ptr<Stores*>(self_)] {
+        if (const auto self = weak.lock()) (*self)->CommitAtHandlerEnd();
+    });
+}
+
+Stores::~Stores() = default;
+
+Stores::Store* Stores::StoreAt(std::string_view path) {
+    for (const auto& store : stores_) {
+        if (store->path == path) return store.get();
+    }
+    const ports::StoreLayout* const layout = LayoutOf(path);
+    if (layout == nullptr) return nullptr;
+    stores_.push_back(std::make_unique<Store>());
+    Store& store = *stores_.back();
+    store.path = path;
+    store.layout = layout;
+    for (const ports::TableLayout& table : layout->tables)
+        store.images.emplace_back(table);
+    return &store;
+}
+
+Table* Stores::TableOf(std::string_view path, std::string_view name) {
+    Store* const store = StoreAt(path);
+    if (store == nullptr) return nullptr;
+    for (std::size_t i = 0; i < store->images.size(); ++i) {
+        TableImage& image = store->images[i];
+        if (!base::EqualIgnoringCase(image.table.Layout().name, name)) continue;
+        return image.is_loaded || Load(*store, i) ? &image.table : nullptr;
+    }
+    return nullptr;
+}
+
+bool Stores::IsOpen(Store& store) {
+    if (store.file != nullptr) return true;
+    ports::OpenedStore opened = database_.Open(store.path, *store.layout, store.Waiting());
+    store.file = std::move(opened.file);
+    if (!opened.result.Ok()) Tell(store, opened.result, store.HasChanges());
+    return store.file != nullptr;
+}
+
+bool Stores::Load(Store& store, std::size_t table) {
+    if (!IsOpen(store)) return false;
+    TableImage& image = store.images[table];
+    const auto sink = [&image](std::int64_t row, std::span<const std::string_view> values) {
+        image.table.Load(row, values);
+    };
+    const ports::DatabaseResult result = store.file->ReadTable(table, sink);
+    image.is_loaded = result.Ok();
+    if (result.Ok()) {
+        if (!store.HasChanges()) store.Recover();
+        return true;
+    }
+    image.table.Clear();
+    Tell(store, result, false);
+    return false;
+}
+
+void Stores::CommitAtHandlerEnd() {
+    for (std::size_t i = 0; i < stores_.size(); ++i) {
+        Store& store = *stores_[i];
+        if (!store.HasChanges()) continue;
+        if (store.pausing > 0) {
+            --store.pausing;
+        } else {
+            Commit(store);
+        }
+    }
+}
+
+bool Stores::Commit(Store& store) {
+    if (!store.HasChanges()) return true;
+    if (!IsOpen(store)) return false;
+    JournalReader journal(store.images);
+    const auto result = store.file->Apply([&journal] { return journal.Next(); }, store.Waiting());
+    if (!result.Ok()) {
+        Tell(store, result, true);
+        return false;
+    }
+    for (TableImage& image : store.images)
+        image.table.ForgetJournal();
+    store.Recover();
+    return true;
+}
+
+void Stores::Tell(Store& store, const ports::DatabaseResult& result, bool writing) {
+    store.pausing = store.pause;
+    store.pause = std::min(store.pause * 2 + 1, kLongestPause);
+    if (std::exchange(store.told, result.error) == result.error) return;
+    trouble_.OnStoreTrouble(store.path, result.error, Message(store.path, result, writing));
+}
+
+bool Stores::CommitAll() {
+    bool all = true;
+    for (std::size_t i = 0; i < stores_.size(); ++i)
+        all = Commit(*stores_[i]) && all;
+    return all;
+}
+
+bool Stores::Close() {
+    const bool all = CommitAll();
+    for (const auto& store : stores_) {
+        if (!store->HasChanges()) store->file.reset();
+    }
+    return all;
+}
+
+}  // namespace store

@@ -1,0 +1,68 @@
+// The open stores of the program: the images of their tables, shared by all data sources, and the writing of
+// changes.
+//
+// A table is read into memory at its first use and stays there. Changes are made in the image at once and
+// written at the end of the handler that made them, before its next yield: all changes of one handler in one
+// file are one transaction. What could not be written stays in the image and in the journal, and is tried
+// again at the ends of later handlers; the listener is told of every trouble once.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ports/Database.h"
+#include "ports/EventLoop.h"
+#include "store/Table.h"
+
+namespace store {
+
+/// Told when a file cannot be opened or written.
+class StoreTrouble {
+public:
+    virtual ~StoreTrouble() = default;
+    /// `file` is the full path, `message` plain words for a box. Told once for a trouble, again after it had
+    /// gone away or turned into another one. It may come from the end of a handler, where no box may stand:
+    /// show it from an event of its own.
+    virtual void OnStoreTrouble(std::string_view file, ports::DatabaseError error,
+                                std::string_view message) = 0;
+};
+
+class Stores final {
+public:
+    /// All three must outlive the stores.
+    Stores(ports::Database& database, ports::EventLoop& loop, StoreTrouble& trouble);
+    ~Stores();
+    Stores(const Stores&) = delete;
+    Stores& operator=(const Stores&) = delete;
+
+    /// The image of a table, by the path of its store and its name without regard to case; read from the file
+    /// at the first call. Null when there is no such table, or the file cannot be read. Stays in place as
+    /// long as the stores.
+    Table* TableOf(std::string_view path, std::string_view name);
+
+    /// Writes every change now. False when a file could not be written; its changes are kept.
+    bool CommitAll();
+    /// Writes every change and closes the files. A file that could not be written stays open, and the result
+    /// is false. The images stay usable, and a later change opens its file again.
+    bool Close();
+
+private:
+    struct Store;
+
+    Store* StoreAt(std::string_view path);
+    bool IsOpen(Store& store);
+    bool Load(Store& store, std::size_t table);
+    void CommitAtHandlerEnd();
+    bool Commit(Store& store);
+    void Tell(Store& store, const ports::DatabaseResult& result, bool writing);
+
+    ports::Database& database_;
+    StoreTrouble& trouble_;
+    std::vector<std::unique_ptr<Store>> stores_;
+    // The loop keeps its work for as long as it lives; this tells it that the stores are gone.
+    std::shared_ptr<Stores*> self_;
+};
+
+}  // namespace store
