@@ -14,6 +14,7 @@ void PictureBox::SetBackColor(Colour colour) {
 
 bool PictureBox::SetScaleWidth(double units) {
     if (!std::isfinite(units) || units <= 0) return false;
+    if (scaled_ && units == scale_width_) return true;
     const double before = ScaleWidth();
     scaled_ = true;
     scale_width_ = units;

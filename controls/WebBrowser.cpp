@@ -20,12 +20,13 @@ void WebBrowser::Attach(ports::BrowserControl* engine) {
 
 void WebBrowser::Navigate(std::string_view address) {
     if (engine_ == nullptr) {
+        if (address.empty()) return;
         waiting_address_ = address;
         // Asks the screen, if one watches, for an engine.
-        if (!waiting_address_.empty()) Report(Property::Value);
+        Report(Property::Value);
         return;
     }
-    address_under_way_ = address;
+    if (!address.empty()) address_under_way_ = address;
     engine_->Navigate(address);
 }
 

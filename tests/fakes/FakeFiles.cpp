@@ -45,6 +45,10 @@ void FakeFiles::AddDrive(char letter, std::string_view label) {
     AddFolders(volumes_.back().mount_point);
 }
 
+void FakeFiles::RemoveDrive(char letter) {
+    std::erase_if(volumes_, [letter](const base::Volume& volume) { return volume.letter == letter; });
+}
+
 void FakeFiles::Remove(std::string_view path) {
     const std::string key = Key(path);
     std::erase_if(

@@ -19,6 +19,8 @@ public:
     /// A folder, with those it stands in.
     void AddFolder(std::string_view path);
     void AddDrive(char letter, std::string_view label);
+    /// The drive goes, and what is on it can no longer be reached by its letter.
+    void RemoveDrive(char letter);
     /// Takes a file, or a folder with all in it, away.
     void Remove(std::string_view path);
     /// A folder's contents, or a file's text, can no longer be read; its attributes still can.
