@@ -1,0 +1,91 @@
+#include "fakes/FakeBrowserControl.h"
+
+#include "base/Text.h"
+
+namespace fakes {
+
+std::string FakeBrowserControl::Complete(std::string_view typed) {
+    std::string address(base::Trim(typed));
+    if (base::Contains(address, "://")) return address;
+    if (address.size() > 2 && address[1] == ':') {
+        address = base::Replace(address.substr(2), "\\", "/");
+        return "file://" + address;
+    }
+    if (base::StartsWith(address, "/")) return "file://" + address;
+    const std::size_t slash = address.find('/');
+    if (slash == std::string::npos) address += '/';
+    return "http://" + address;
+}
+
+void FakeBrowserControl::Navigate(std::string_view address) {
+    Calls.push_back("Navigate " + std::string(address));
+    if (base::Trim(address).empty()) return;
+    Begin(Complete(address), Way::New);
+}
+
+void FakeBrowserControl::GoBack() {
+    Calls.emplace_back("GoBack");
+    if (position_ > 1) Begin(history_[position_ - 2], Way::Back);
+}
+
+void FakeBrowserControl::GoForward() {
+    Calls.emplace_back("GoForward");
+    if (position_ < history_.size()) Begin(history_[position_], Way::Forward);
+}
+
+void FakeBrowserControl::Refresh() {
+    Calls.emplace_back("Refresh");
+    if (position_ > 0) Begin(history_[position_ - 1], Way::Again);
+}
+
+void FakeBrowserControl::Begin(std::string_view address, Way way) {
+    wanted_ = address;
+    way_ = way;
+    busy_ = true;
+}
+
+std::string FakeBrowserControl::LocationURL() const {
+    return position_ == 0 ? "" : history_[position_ - 1];
+}
+
+std::string FakeBrowserControl::LocationName() const {
+    return title_.empty() ? LocationURL() : title_;
+}
+
+bool FakeBrowserControl::Settle() {
+    if (!busy_) return false;
+    busy_ = false;
+    const auto found = web_.find(wanted_);
+    if (found == web_.end()) {
+        if (listener_ != nullptr) listener_->OnNavigateError(wanted_, -105);
+        return true;
+    }
+    Arrive(found->second);
+    return true;
+}
+
+void FakeBrowserControl::Arrive(const FakePage& page) {
+    if (way_ == Way::New) {
+        history_.resize(position_);
+        history_.push_back(wanted_);
+        ++position_;
+    }
+    if (way_ == Way::Back) --position_;
+    if (way_ == Way::Forward) ++position_;
+    title_ = page.title;
+    if (listener_ == nullptr) return;
+    for (const std::string& frame : page.frames)
+        listener_->OnNavigateComplete(frame);
+    listener_->OnTitleChange(LocationName());
+    listener_->OnNavigateComplete(LocationURL());
+    if (page.pop_up.empty()) return;
+    ports::BrowserControl* window = listener_->OnNewWindow();
+    if (window != nullptr) window->Navigate(page.pop_up);
+}
+
+void FakeBrowserControl::ChangeTitle(std::string_view title) {
+    title_ = title;
+    if (listener_ != nullptr) listener_->OnTitleChange(title_);
+}
+
+}  // namespace fakes

@@ -1,0 +1,63 @@
+// A page engine without pages: sites a test describes, a history, and answers that come when the test lets
+// them.
+#pragma once
+
+#include <map>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ports/BrowserControl.h"
+
+namespace fakes {
+
+/// One document of the made-up web.
+struct FakePage {
+    std::string title;                ///< empty: the page has none
+    std::vector<std::string> frames;  ///< addresses of the documents in it
+    std::string pop_up;               ///< opened when the page has arrived; empty for none
+};
+
+/// The made-up web that engines of one test share, under whole addresses. An address that is not there fails.
+using FakeWeb = std::map<std::string, FakePage, std::less<>>;
+
+class FakeBrowserControl final : public ports::BrowserControl {
+public:
+    explicit FakeBrowserControl(const FakeWeb& web) : web_(web) {}
+
+    void SetListener(ports::BrowserListener* listener) override { listener_ = listener; }
+    void Navigate(std::string_view address) override;
+    void GoBack() override;
+    void GoForward() override;
+    void Refresh() override;
+    std::string LocationURL() const override;
+    std::string LocationName() const override;
+    bool Busy() const override { return busy_; }
+
+    /// Lets the navigation that is under way arrive or fail. False when none was.
+    bool Settle();
+    /// The page changes its own title.
+    void ChangeTitle(std::string_view title);
+
+    /// What was asked of it, in order: "Navigate x", "GoBack", ...
+    std::vector<std::string> Calls;
+    /// What Navigate makes of an address.
+    static std::string Complete(std::string_view typed);
+
+private:
+    enum class Way { New, Back, Forward, Again };
+    void Begin(std::string_view address, Way way);
+    void Arrive(const FakePage& page);
+
+    const FakeWeb& web_;
+    ports::BrowserListener* listener_ = nullptr;
+    std::vector<std::string> history_;
+    std::size_t position_ = 0;  // behind the entry that is shown; 0 before the first
+    std::string title_;
+    bool busy_ = false;
+    std::string wanted_;
+    Way way_ = Way::New;
+};
+
+}  // namespace fakes

@@ -1,0 +1,263 @@
+#include "web/WebHarness.h"
+
+namespace {
+
+using BrowserEventsRoom = web_test::WebTest;
+using web_test::Calls;
+
+TEST_F(BrowserEventsRoom, ATitleReachesTabMenuAndWindow) {
+    const int tab = Open("http://one.example/");
+
+    Engine(tab).ChangeTitle("Gig guide");
+
+    EXPECT_EQ(groups.tabs.tabLabel(tab).Caption(), "Gig guide");
+    EXPECT_EQ(groups.tabs.mnuTabTab(tab).Caption(), "Gig guide");
+    EXPECT_EQ(near.Caption, "Brindlepost - Gig guide");
+}
+
+TEST_F(BrowserEventsRoom, TheTitleOfATabBehindLeavesTheWindowsCaption) {
+    const int tab = Open("http://one.example/");
+    Open("http://two.example/");
+
+    Engine(tab).ChangeTitle("Gig guide");
+
+    EXPECT_EQ(groups.tabs.tabLabel(tab).Caption(), "Gig guide");
+    EXPECT_EQ(near.Caption, "Brindlepost - Two");
+}
+
+TEST_F(BrowserEventsRoom, ATitleUnderTheMusicTabLeavesTheWindowsCaption) {
+    const int tab = Open("http://one.example/");
+    Click(groups.tabs.imgMusicTab);
+
+    Engine(tab).ChangeTitle("Gig guide");
+
+    EXPECT_EQ(near.Caption, "Brindlepost - Music Player");
+}
+
+TEST_F(BrowserEventsRoom, APageThatIsAPlayListIsAddedInsteadOfRemembered) {
+    web_["http://one.example/a.mpl"] = {"list", {}, ""};
+
+    Open("http://one.example/a.mpl");
+
+    EXPECT_EQ(LoggedOf({"AddPlayList", "Command1", "AddSite"}),
+              (Calls{"AddPlayList ", "Command1", "AddPlayList http://one.example/a.mpl", "Command1"}));
+}
+
+TEST_F(BrowserEventsRoom, AVisitIsRemembered) {
+    Open("http://one.example/");
+
+    EXPECT_TRUE(Logged("AddSiteToHistory Web http://one.example/"));
+    EXPECT_EQ(groups.address.txtAddress.Text(), "http://one.example/");
+    EXPECT_EQ(state.LastTabUrl, "http://one.example/");
+}
+
+TEST_F(BrowserEventsRoom, AVisitInATabBehindIsRememberedToo) {
+    Open("http://one.example/");
+    Open("http://two.example/");
+    near.Log.clear();
+
+    groups.tabs.Browser(1).Navigate("http://three.example/");
+    Settle(1);
+
+    EXPECT_TRUE(Logged("AddSiteToHistory Web http://three.example/"));
+    EXPECT_EQ(groups.address.txtAddress.Text(), "http://two.example/");
+}
+
+TEST_F(BrowserEventsRoom, EveryFrameGivesAnEntry) {
+    web_["http://one.example/set"] = {"Set", {"http://one.example/left", "http://one.example/right"}, ""};
+
+    Open("http://one.example/set");
+
+    EXPECT_EQ(LoggedOf({"AddSite"}), Calls(3, "AddSiteToHistory Web http://one.example/set"));
+}
+
+TEST_F(BrowserEventsRoom, WithoutHistoryTheAddressBoxStillUpdates) {
+    near.SavesHistory = false;
+
+    Open("http://one.example/");
+
+    EXPECT_TRUE(LoggedOf({"AddSite"}).empty());
+    EXPECT_EQ(groups.address.txtAddress.Text(), "http://one.example/");
+}
+
+TEST_F(BrowserEventsRoom, ATextBeingTypedIsNotReplacedByAnArrival) {
+    rooms.commands.OpenAddress("http://one.example/");
+    Engine(1);
+    groups.address.txtAddress.SetText("half an addr");
+
+    Settle(1);
+
+    EXPECT_EQ(groups.address.txtAddress.Text(), "half an addr");
+}
+
+TEST_F(BrowserEventsRoom, InAnotherModeAnArrivalLeavesTheBoxAndKeepsTheAddressInMind) {
+    ChooseMode("Search");
+
+    Open("http://one.example/");
+
+    EXPECT_EQ(groups.address.txtAddress.Text(), "");
+    EXPECT_EQ(state.LastTabUrl, "http://one.example/");
+}
+
+struct LoginCase {
+    const char* name;
+    std::string address;
+    bool many_users;
+    bool logs_in;
+    Calls wanted;
+};
+
+TEST_F(BrowserEventsRoom, LoginsFireOnTheirPagesWhenBothOptionsAreSet) {
+    const std::string pal = "http://" + std::string(web::MySpaceHost);
+    const std::string live = std::string(web::LiveLoginUrl);
+    const LoginCase cases[] = {
+        {"slash", pal + "/", true, true, {"LoginToMySpace 1"}},
+        {"no slash",
+         "http://one.example/?" + std::string(web::MySpaceHost),
+         true,
+         true,
+         {"LoginToMySpace 1"}},
+        {"ends in the same text",
+         "http://other" + std::string(web::MySpaceHost) + "/",
+         true,
+         true,
+         {"LoginToMySpace 1"}},
+        {"deeper page", pal + "/login", true, true, {}},
+        {"live", live + "in?x=1", true, true, {"LoginToHotmail 1"}},
+        {"live without auto login", live + "in?x=1", true, false, {}},
+        {"live with one user", live + "in?x=1", false, true, {}},
+    };
+    for (const LoginCase& one : cases) {
+        near.ManyUsers = one.many_users;
+        near.LogsIn = one.logs_in;
+        web_[one.address] = {"Login", {}, ""};
+        if (LastTab() == 0) Open("http://one.example/");
+        near.Log.clear();
+
+        groups.tabs.Browser(1).Navigate(one.address);
+        Settle(1);
+
+        EXPECT_EQ(LoggedOf({"LoginTo"}), one.wanted) << one.name;
+    }
+}
+
+TEST_F(BrowserEventsRoom, APopUpBecomesATab) {
+    web_["http://one.example/pops"] = {"Pops", {}, "http://two.example/"};
+
+    const int tab = Open("http://one.example/pops");
+
+    EXPECT_EQ(LastTab(), tab + 1);
+    EXPECT_EQ(state.currentbrowser, tab + 1);
+    EXPECT_TRUE(groups.tabs.tabtab(tab + 1).Visible());
+}
+
+TEST_F(BrowserEventsRoom, APopUpsTabIsTheOneThatIsGivenToThePage) {
+    Open("http://one.example/");
+    controls::WebBrowser* target = nullptr;
+
+    groups.tabs.Browser(1).NewWindow2.Raise(target);
+
+    EXPECT_EQ(target, &groups.tabs.Browser(2));
+    EXPECT_EQ(target->WaitingAddress(), "");
+}
+
+TEST_F(BrowserEventsRoom, APopUpOfTheBackdropBecomesATabToo) {
+    controls::WebBrowser* target = nullptr;
+
+    groups.tabs.BrowserBG.NewWindow2.Raise(target);
+
+    EXPECT_EQ(target, &groups.tabs.Browser(1));
+    EXPECT_EQ(state.currentbrowser, 1);
+}
+
+TEST_F(BrowserEventsRoom, AFailedNavigationIsCancelledAndShowsNothing) {
+    Open("http://one.example/");
+    bool cancel = false;
+
+    groups.tabs.Browser(1).NavigateError.Raise(cancel);
+
+    EXPECT_TRUE(cancel);
+    EXPECT_TRUE(dialogs.Boxes.empty());
+}
+
+TEST_F(BrowserEventsRoom, AFailedPageStaysOnWhatItHad) {
+    Open("http://one.example/");
+
+    groups.tabs.Browser(1).Navigate("http://nowhere.example/");
+    Settle(1);
+
+    EXPECT_EQ(groups.tabs.Browser(1).LocationURL(), "http://one.example/");
+}
+
+TEST_F(BrowserEventsRoom, ThePlainArrowsOnlyShowTheirBrightTwins) {
+    groups.navigation.imgBack.MouseMove.Raise(0, 0, 0, 0);
+    groups.navigation.imgForward.MouseMove.Raise(0, 0, 0, 0);
+
+    EXPECT_TRUE(groups.navigation.imgBackOver.Visible());
+    EXPECT_TRUE(groups.navigation.imgForwardOver.Visible());
+}
+
+TEST_F(BrowserEventsRoom, TheButtonsWorkOnTheTabInFront) {
+    Open("http://one.example/");
+    Open("http://two.example/");
+    Engine(1).Calls.clear();
+    Engine(2).Calls.clear();
+
+    groups.navigation.imgBackOver.Click.Raise();
+    groups.navigation.imgForwardOver.Click.Raise();
+    groups.navigation.lblRefresh2.Click.Raise();
+
+    EXPECT_EQ(Engine(2).Calls, (Calls{"GoBack", "GoForward", "Refresh"}));
+    EXPECT_TRUE(Engine(1).Calls.empty());
+}
+
+TEST_F(BrowserEventsRoom, TheMenuGoesBackAndForward) {
+    Open("http://one.example/");
+    Engine(1).Calls.clear();
+
+    menu.mnuGoBack.Click.Raise();
+    menu.mnuGoForward.Click.Raise();
+
+    EXPECT_EQ(Engine(1).Calls, (Calls{"GoBack", "GoForward"}));
+}
+
+TEST_F(BrowserEventsRoom, WithNoTabOnShowTheBackdropGoesBackAndRefreshes) {
+    groups.tabs.tabMusicClose.Click.Raise();
+    BackdropEngine().Calls.clear();
+
+    groups.navigation.imgBackOver.Click.Raise();
+    groups.navigation.imgForwardOver.Click.Raise();
+    groups.navigation.lblRefresh2.Click.Raise();
+
+    EXPECT_EQ(BackdropEngine().Calls, (Calls{"GoBack", "GoForward", "Refresh"}));
+}
+
+TEST_F(BrowserEventsRoom, UnderATabTheBackdropIsLeftAlone) {
+    groups.tabs.tabMusicClose.Click.Raise();
+    BackdropEngine();
+    Open("http://one.example/");
+    BackdropEngine().Calls.clear();
+
+    groups.navigation.imgBackOver.Click.Raise();
+    groups.navigation.lblRefresh2.Click.Raise();
+
+    EXPECT_TRUE(BackdropEngine().Calls.empty());
+}
+
+TEST_F(BrowserEventsRoom, WithoutAConnectionTheButtonsShowTheBox) {
+    Open("http://one.example/");
+    Engine(1).Calls.clear();
+    near.Connected = false;
+
+    groups.navigation.imgBackOver.Click.Raise();
+
+    ASSERT_EQ(dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(dialogs.Boxes[0].title, "No Internet Connection");
+    EXPECT_EQ(dialogs.Boxes[0].text,
+              "You do not have an Internet connection. Please re-establish a connection and restart the "
+              "application.");
+    EXPECT_EQ(dialogs.Boxes[0].icon, ports::BoxIcon::Critical);
+    EXPECT_TRUE(Engine(1).Calls.empty());
+}
+
+}  // namespace
