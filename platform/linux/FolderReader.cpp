@@ -1,0 +1,96 @@
+#include "platform/linux/FolderReader.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "base/DrivePath.h"
+#include "base/Text.h"
+#include "platform/linux/Descriptor.h"
+
+namespace linux_os {
+namespace {
+
+enum class EntryKind { File, Folder, Neither };
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+using OpenFolder = std::unique_ptr<DIR, CloseFolder>;
+
+OpenFolder Open(const std::string& native_path) {
+    Descriptor descriptor(::open(native_path.c_str(), O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC));
+    if (!descriptor.IsOpen()) return nullptr;
+    DIR* const folder = ::fdopendir(descriptor.Number());
+    if (folder != nullptr) descriptor.Release();
+    return OpenFolder(folder);
+}
+
+bool IsSame(const struct stat& left, const struct stat& right) {
+    return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+}
+
+// True when `wanted` is the folder itself or stands on the way down to it.
+bool IsOnTheWay(const struct stat& wanted, const std::string& native_path) {
+    struct stat status {};
+    for (std::size_t end = 0; end != std::string::npos; end = native_path.find('/', end + 1)) {
+        const std::string above = end == 0 ? "/" : native_path.substr(0, end);
+        if (::stat(above.c_str(), &status) == 0 && IsSame(wanted, status)) return true;
+    }
+    return ::stat(native_path.c_str(), &status) == 0 && IsSame(wanted, status);
+}
+
+EntryKind KindOfLink(int folder, const char* name, const std::string& native_path) {
+    struct stat status {};
+    if (::fstatat(folder, name, &status, 0) != 0) return EntryKind::Neither;
+    if (S_ISREG(status.st_mode)) return EntryKind::File;
+    if (!S_ISDIR(status.st_mode)) return EntryKind::Neither;
+    struct stat link {};
+    const bool is_link = ::fstatat(folder, name, &link, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(link.st_mode);
+    return is_link && IsOnTheWay(status, native_path) ? EntryKind::Neither : EntryKind::Folder;
+}
+
+EntryKind KindOf(int folder, const dirent& entry, const std::string& native_path) {
+    switch (entry.d_type) {
+        case DT_REG:
+            return EntryKind::File;
+        case DT_DIR:
+            return EntryKind::Folder;
+        case DT_LNK:
+        case DT_UNKNOWN:  // some file systems leave it to be asked for
+            return KindOfLink(folder, entry.d_name, native_path);
+        default:
+            return EntryKind::Neither;
+    }
+}
+
+void Sort(std::vector<std::string>& names) {
+    std::sort(names.begin(), names.end(), [](const std::string& left, const std::string& right) {
+        return base::CompareForSort(left, right) < 0;
+    });
+}
+
+}  // namespace
+
+std::optional<ports::FolderListing> ReadFolder(const std::string& native_path) {
+    const OpenFolder folder = Open(native_path);
+    if (folder == nullptr) return std::nullopt;
+    ports::FolderListing listing;
+    while (const dirent* const entry = ::readdir(folder.get())) {
+        const std::string_view name = entry->d_name;
+        if (name == "." || name == "..") continue;
+        const EntryKind kind = KindOf(::dirfd(folder.get()), *entry, native_path);
+        if (kind == EntryKind::File) listing.Files.push_back(base::NameToText(name));
+        if (kind == EntryKind::Folder) listing.SubFolders.push_back(base::NameToText(name));
+    }
+    Sort(listing.Files);
+    Sort(listing.SubFolders);
+    return listing;
+}
+
+}  // namespace linux_os

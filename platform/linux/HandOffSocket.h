@@ -1,0 +1,68 @@
+// The local socket through which a later start delivers its command text to the instance that runs.
+//
+// One connection carries one text: four bytes of length, lowest first, and the text. The answer is one byte,
+// sent when the text has been processed. The socket can be used by its owner only, and each side checks who
+// the other is.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <list>
+#include <string>
+#include <string_view>
+
+#include "platform/linux/Descriptor.h"
+#include "ports/InstanceLock.h"
+
+namespace linux_os {
+
+/// Where the socket stands: a name in an open folder, so that the length of the folder's path does not
+/// matter.
+struct SocketPlace {
+    int folder = -1;
+    std::string name;
+};
+
+/// The running instance's end.
+class HandOffServer {
+public:
+    /// Longest text that is taken, in bytes; a connection that announces more is dropped.
+    static constexpr std::size_t kLongestText = std::size_t{4} << 20U;
+    /// Connections that are open at once; the oldest unfinished one makes room.
+    static constexpr std::size_t kMostConnections = 64;
+
+    /// Listens at the place, taking over what a dead instance left there. False when the file system has no
+    /// sockets.
+    bool Listen(const SocketPlace& place);
+    bool IsListening() const { return events_.IsOpen(); }
+    int FileDescriptor() const { return events_.Number(); }
+    /// Tells the listener of every text that is complete. Never waits.
+    void Serve(ports::HandOffListener& listener);
+    /// Stops listening; `place` is where it listened.
+    void Close(const SocketPlace& place);
+
+private:
+    struct Connection {
+        Descriptor socket;
+        std::string received;
+    };
+    enum class Progress { Waiting, Complete, Broken };
+
+    void AcceptAll();
+    void ReadAll();
+    static Progress Read(Connection& connection);
+
+    Descriptor socket_;
+    Descriptor events_;
+    std::list<Connection> connections_;  // still to be read
+    std::deque<Connection> complete_;
+};
+
+/// True when an instance listens there.
+bool IsSomeoneListening(const SocketPlace& place);
+
+/// Delivers a text and waits until it was processed: at most 5 seconds for someone to listen, then half a
+/// minute for the answer. False when it was not taken.
+bool Deliver(const SocketPlace& place, std::string_view text);
+
+}  // namespace linux_os

@@ -1,0 +1,180 @@
+#include "platform/linux/LinuxFiles.h"
+
+#include <fcntl.h>
+#include <limits.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <utility>
+
+#include "platform/linux/Descriptor.h"
+#include "platform/linux/FolderReader.h"
+
+namespace linux_os {
+namespace {
+
+ports::FileResult ResultOf(int error) {
+    switch (error) {
+        case ENOENT:
+        case ENOTDIR:
+            return ports::FileResult::Missing;
+        case EEXIST:
+            return ports::FileResult::AlreadyThere;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return ports::FileResult::Refused;
+        case ENOSPC:
+        case EDQUOT:
+            return ports::FileResult::DiskFull;
+        default:
+            return ports::FileResult::Failed;
+    }
+}
+
+// A pipe or a device would make an opener wait; nothing here waits.
+Descriptor OpenAtOnce(const std::string& native, int flags) {
+    return Descriptor(::open(native.c_str(), flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666));
+}
+
+bool IsRegular(const Descriptor& file) {
+    struct stat status {};
+    return ::fstat(file.Number(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::string_view LastName(std::string_view native) {
+    while (native.size() > 1 && native.back() == '/')
+        native.remove_suffix(1);
+    return native.substr(native.rfind('/') + 1);
+}
+
+bool WriteAll(const Descriptor& file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(file.Number(), bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+}  // namespace
+
+std::string RunningProgram() {
+    std::array<char, PATH_MAX> buffer{};
+    const ssize_t length = ::readlink("/proc/self/exe", buffer.data(), buffer.size());
+    if (length <= 0) return {};
+    std::string program(buffer.data(), static_cast<std::size_t>(length));
+    // A program that was replaced while it ran keeps its place.
+    constexpr std::string_view kDeleted = " (deleted)";
+    if (program.ends_with(kDeleted)) program.resize(program.size() - kDeleted.size());
+    return program;
+}
+
+LinuxFiles::LinuxFiles(std::string program, const std::string& mount_table)
+    : program_(std::move(program)), volumes_(mount_table) {}
+
+std::optional<int> LinuxFiles::GetAttributes(std::string_view path) const {
+    const std::string native = ToNative(path);
+    struct stat status {};
+    if (native.empty() || ::stat(native.c_str(), &status) != 0) return std::nullopt;
+    const bool is_folder = S_ISDIR(status.st_mode);
+    if (!is_folder && !S_ISREG(status.st_mode)) return std::nullopt;
+    const bool is_read_only = (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
+    return (is_folder ? ports::kFolder : 0) | (is_read_only ? ports::kReadOnly : 0) |
+           (LastName(native).starts_with('.') ? ports::kHidden : 0);
+}
+
+std::optional<ports::FolderListing> LinuxFiles::ListFolder(std::string_view path) const {
+    const std::string native = ToNative(path);
+    if (native.empty()) return std::nullopt;
+    return ReadFolder(native);
+}
+
+std::vector<ports::Drive> LinuxFiles::Drives() const {
+    std::vector<ports::Drive> drives{{'C', ""}};
+    for (const base::Volume& volume : volumes_.Current())
+        drives.push_back({volume.letter, volume.label});
+    return drives;
+}
+
+ports::FileResult LinuxFiles::MakeFolder(std::string_view path) {
+    const std::string native = ToNative(path);
+    if (native.empty()) return ports::FileResult::Missing;
+    return ::mkdir(native.c_str(), 0777) == 0 ? ports::FileResult::Done : ResultOf(errno);
+}
+
+ports::FileResult LinuxFiles::DeleteFile(std::string_view path) {
+    const std::string native = ToNative(path);
+    struct stat status {};
+    if (native.empty() || ::lstat(native.c_str(), &status) != 0) return ports::FileResult::Missing;
+    if (S_ISDIR(status.st_mode)) return ports::FileResult::Failed;
+    if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) return ports::FileResult::Missing;
+    return ::unlink(native.c_str()) == 0 ? ports::FileResult::Done : ResultOf(errno);
+}
+
+std::optional<std::string> LinuxFiles::ReadText(std::string_view path, std::size_t limit) const {
+    const std::string native = ToNative(path);
+    const Descriptor file = OpenAtOnce(native, O_RDONLY);
+    if (!file.IsOpen() || !IsRegular(file)) return std::nullopt;
+    std::string text;
+    std::array<char, 65536> buffer{};
+    while (text.size() < limit) {
+        const std::size_t wanted = std::min(buffer.size(), limit - text.size());
+        const ssize_t count = ::read(file.Number(), buffer.data(), wanted);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return std::nullopt;
+        if (count == 0) break;
+        text.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+    return text;
+}
+
+ports::FileResult LinuxFiles::WriteText(std::string_view path, std::string_view bytes) {
+    const std::string native = ToNative(path);
+    if (native.empty()) return ports::FileResult::Missing;
+    Descriptor file = OpenAtOnce(native, O_WRONLY | O_CREAT);
+    if (!file.IsOpen()) return ResultOf(errno);
+    if (!IsRegular(file)) return ports::FileResult::Failed;
+    if (::ftruncate(file.Number(), 0) != 0 || !WriteAll(file, bytes) || !file.Close()) return ResultOf(errno);
+    return ports::FileResult::Done;
+}
+
+std::string LinuxFiles::GetShortPathName(std::string_view path) const {
+    return GetAttributes(path) ? short_paths_.Shorten(path) : std::string();
+}
+
+std::string LinuxFiles::NameInFolder(std::string_view path) const {
+    if (!GetAttributes(path)) return {};
+    std::string native = ToNative(path);
+    while (native.size() > 1 && native.back() == '/')
+        native.pop_back();
+    const auto is_mounted_here = [&native](const base::Volume& volume) {
+        return volume.mount_point == native;
+    };
+    const std::vector<base::Volume>& volumes = volumes_.Current();
+    if (std::any_of(volumes.begin(), volumes.end(), is_mounted_here)) return {};
+    return base::NameToText(LastName(native));
+}
+
+std::string LinuxFiles::ToNative(std::string_view path) const {
+    return base::NativePath(short_paths_.Resolve(path), volumes_.Current()).value_or(std::string());
+}
+
+std::string LinuxFiles::FromNative(std::string_view native_path) const {
+    return base::DrivePath(native_path, volumes_.Current());
+}
+
+std::string LinuxFiles::ApplicationFolder() const {
+    const std::size_t slash = program_.rfind('/');
+    if (slash == std::string::npos) return "C:\\";
+    return FromNative(slash == 0 ? "/" : program_.substr(0, slash));
+}
+
+std::string LinuxFiles::ApplicationFileName() const {
+    return base::NameToText(LastName(program_));
+}
+
+}  // namespace linux_os

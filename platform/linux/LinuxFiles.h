@@ -1,0 +1,41 @@
+// Files and folders of a Linux system: the system's own calls, on bytes.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/linux/MountedVolumes.h"
+#include "ports/Files.h"
+
+namespace linux_os {
+
+/// The native path of the running program's file; empty when the system does not tell.
+std::string RunningProgram();
+
+class LinuxFiles final : public ports::Files {
+public:
+    /// `program` is the native path of the program's file, whose folder is the application folder.
+    explicit LinuxFiles(std::string program, const std::string& mount_table = "/proc/self/mountinfo");
+
+    std::optional<int> GetAttributes(std::string_view path) const override;
+    std::optional<ports::FolderListing> ListFolder(std::string_view path) const override;
+    std::vector<ports::Drive> Drives() const override;
+    ports::FileResult MakeFolder(std::string_view path) override;
+    ports::FileResult DeleteFile(std::string_view path) override;
+    std::optional<std::string> ReadText(std::string_view path, std::size_t limit) const override;
+    ports::FileResult WriteText(std::string_view path, std::string_view bytes) override;
+    std::string GetShortPathName(std::string_view path) const override;
+    std::string NameInFolder(std::string_view path) const override;
+    std::string ToNative(std::string_view path) const override;
+    std::string FromNative(std::string_view native_path) const override;
+    std::string ApplicationFolder() const override;
+    std::string ApplicationFileName() const override;
+
+private:
+    std::string program_;
+    mutable MountedVolumes volumes_;
+    mutable base::ShortPaths short_paths_;
+};
+
+}  // namespace linux_os

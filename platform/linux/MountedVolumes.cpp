@@ -1,0 +1,84 @@
+#include "platform/linux/MountedVolumes.h"
+
+#include <fcntl.h>
+#include <poll.h>
+
+#include <algorithm>
+#include <array>
+
+#include "base/Text.h"
+
+namespace linux_os {
+namespace {
+
+constexpr std::size_t kMountPointField = 4;
+
+bool IsOctal(char character) {
+    return character >= '0' && character <= '7';
+}
+
+// Blanks, tabs, line feeds and backslashes stand in the table as "\040".
+std::string Unescaped(std::string_view text) {
+    std::string out;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const std::string_view digits = text.substr(at + 1, 3);
+        if (text[at] == '\\' && digits.size() == 3 && std::all_of(digits.begin(), digits.end(), IsOctal)) {
+            out += static_cast<char>((digits[0] - '0') * 64 + (digits[1] - '0') * 8 + (digits[2] - '0'));
+            at += 3;
+        } else {
+            out += text[at];
+        }
+    }
+    return out;
+}
+
+bool IsVolume(std::string_view mount_point) {
+    return mount_point == "/mnt" || mount_point.starts_with("/mnt/") || mount_point.starts_with("/media/") ||
+           mount_point.starts_with("/run/media/");
+}
+
+std::string ReadAll(int descriptor) {
+    std::string text;
+    std::array<char, 16384> buffer{};
+    ssize_t count = 0;
+    ::lseek(descriptor, 0, SEEK_SET);
+    while ((count = ::read(descriptor, buffer.data(), buffer.size())) > 0) {
+        text.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+    return text;
+}
+
+}  // namespace
+
+std::vector<base::Volume> VolumesFrom(std::string_view mount_table) {
+    std::vector<base::Volume> volumes;
+    char letter = 'D';
+    for (const std::string& line : base::Split(mount_table, "\n")) {
+        const std::vector<std::string> fields = base::Split(line, " ");
+        if (fields.size() <= kMountPointField || letter > 'Z') continue;
+        const std::string mount_point = Unescaped(fields[kMountPointField]);
+        const auto is_same = [&](const base::Volume& volume) { return volume.mount_point == mount_point; };
+        if (!IsVolume(mount_point) || std::any_of(volumes.begin(), volumes.end(), is_same)) continue;
+        const std::string label = base::NameToText(mount_point.substr(mount_point.rfind('/') + 1));
+        volumes.push_back({letter++, mount_point, label});
+    }
+    return volumes;
+}
+
+MountedVolumes::MountedVolumes(const std::string& mount_table)
+    : table_(::open(mount_table.c_str(), O_RDONLY | O_CLOEXEC)) {
+    if (table_.IsOpen()) volumes_ = VolumesFrom(ReadAll(table_.Number()));
+}
+
+const std::vector<base::Volume>& MountedVolumes::Current() {
+    if (HasChanged()) volumes_ = VolumesFrom(ReadAll(table_.Number()));
+    return volumes_;
+}
+
+bool MountedVolumes::HasChanged() const {
+    if (!table_.IsOpen()) return false;
+    pollfd wanted{table_.Number(), POLLPRI, 0};
+    return ::poll(&wanted, 1, 0) > 0 && (wanted.revents & (POLLPRI | POLLERR)) != 0;
+}
+
+}  // namespace linux_os
