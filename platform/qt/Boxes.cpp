@@ -1,0 +1,167 @@
+#include "platform/qt/Boxes.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "platform/qt/Geometry.h"
+#include "platform/qt/Skin.h"
+
+namespace qt {
+namespace {
+
+constexpr int kMargin = 20;
+constexpr int kTextWidth = 420;
+constexpr int kTextHeight = 320;
+constexpr int kButtonWidth = 88;
+constexpr int kButtonHeight = 28;
+
+QString WithPlainBreaks(std::string_view text) {
+    return ToQt(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+}
+
+/// The sign beside a box's text, drawn.
+class IconView final : public QWidget {
+public:
+    IconView(ports::BoxIcon icon, QWidget* parent) : QWidget(parent), icon_(icon) { setFixedSize(36, 36); }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const bool critical = icon_ == ports::BoxIcon::Critical;
+        const QRectF disc = QRectF(rect()).adjusted(2, 2, -2, -2);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(critical ? 0xffc4503b : skin::kTeal));
+        painter.drawEllipse(disc);
+        if (critical) {
+            skin::Cross(painter, disc.center(), QColor(skin::kKnob), 6);
+            return;
+        }
+        painter.setBrush(QColor(skin::kInk));
+        painter.drawEllipse(disc.center() + QPointF(0, -7), 2.2, 2.2);
+        painter.drawRoundedRect(QRectF(disc.center().x() - 2, disc.center().y() - 2.5, 4, 12), 1.5, 1.5);
+    }
+
+private:
+    ports::BoxIcon icon_;
+};
+
+class Box final : public QDialog {
+public:
+    Box(QWidget* owner, std::string_view title) : QDialog(owner) {
+        setWindowTitle(title.empty() ? QApplication::applicationName() : ToQt(title));
+        setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+        rows_ = new QVBoxLayout(this);
+        rows_->setContentsMargins(kMargin, kMargin, kMargin, kMargin - 4);
+        rows_->setSpacing(16);
+        rows_->setSizeConstraint(QLayout::SetFixedSize);
+    }
+
+    void AddText(const QString& text, ports::BoxIcon icon) {
+        auto* row = new QHBoxLayout;
+        row->setSpacing(16);
+        if (icon != ports::BoxIcon::None) row->addWidget(new IconView(icon, this), 0, Qt::AlignTop);
+        auto* label = new QLabel(text, this);
+        label->setObjectName(QStringLiteral("text"));
+        label->setTextFormat(Qt::PlainText);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        label->setFocusPolicy(Qt::NoFocus);
+        row->addWidget(Fitted(label), 1, Qt::AlignVCenter);
+        rows_->addLayout(row);
+        setAccessibleDescription(text);
+    }
+
+    QLineEdit* AddInput(const QString& prompt, const QString& text) {
+        auto* edit = new QLineEdit(text, this);
+        edit->setObjectName(QStringLiteral("input"));
+        edit->setAccessibleName(prompt);
+        edit->setMinimumSize(kTextWidth - 60, kButtonHeight);
+        edit->setTextMargins(5, 0, 4, 0);
+        edit->selectAll();
+        rows_->addWidget(edit);
+        return edit;
+    }
+
+    void AddButtons(std::initializer_list<std::pair<QString, int>> buttons) {
+        auto* row = new QHBoxLayout;
+        row->setSpacing(8);
+        row->addStretch(1);
+        bool first = true;
+        for (const auto& [caption, result] : buttons) {
+            auto* button = new QPushButton(caption, this);
+            button->setFixedSize(kButtonWidth, kButtonHeight);
+            button->setDefault(first);
+            if (first) button->setFocus();
+            connect(button, &QPushButton::clicked, this, [this, answer = result] { done(answer); });
+            row->addWidget(button);
+            first = false;
+        }
+        rows_->addLayout(row);
+    }
+
+private:
+    /// A long line wraps, a long text scrolls.
+    QWidget* Fitted(QLabel* label) {
+        if (label->sizeHint().width() > kTextWidth) {
+            label->setWordWrap(true);
+            label->setFixedWidth(kTextWidth);
+        }
+        const int height =
+            label->hasHeightForWidth() ? label->heightForWidth(kTextWidth) : label->sizeHint().height();
+        if (height <= kTextHeight) return label;
+        auto* area = new QScrollArea(this);
+        area->setFrameShape(QFrame::NoFrame);
+        area->setWidget(label);
+        area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        area->setFixedSize(kTextWidth + 20, kTextHeight);
+        label->adjustSize();
+        return area;
+    }
+
+    QVBoxLayout* rows_;
+};
+
+QWidget* Owner() {
+    QWidget* window = QApplication::activeWindow();
+    return window != nullptr && window->isVisible() ? window : nullptr;
+}
+
+}  // namespace
+
+int Boxes::Ask(QDialog& box) {
+    const Loop::Nested nested(loop_);
+    return box.exec();
+}
+
+ports::BoxAnswer Boxes::MsgBox(std::string_view text, ports::BoxButtons buttons, std::string_view title,
+                               ports::BoxIcon icon) {
+    Box box(Owner(), title);
+    box.AddText(WithPlainBreaks(text), icon);
+    if (buttons == ports::BoxButtons::Ok) {
+        box.AddButtons({{QStringLiteral("OK"), QDialog::Accepted}});
+        Ask(box);
+        return ports::BoxAnswer::Ok;
+    }
+    box.AddButtons({{QStringLiteral("&Yes"), QDialog::Accepted}, {QStringLiteral("&No"), QDialog::Rejected}});
+    return Ask(box) == QDialog::Accepted ? ports::BoxAnswer::Yes : ports::BoxAnswer::No;
+}
+
+std::string Boxes::InputBox(std::string_view prompt, std::string_view title, std::string_view default_text) {
+    Box box(Owner(), title);
+    const QString question = WithPlainBreaks(prompt);
+    box.AddText(question, ports::BoxIcon::None);
+    QLineEdit* edit = box.AddInput(question, ToQt(default_text));
+    box.AddButtons(
+        {{QStringLiteral("OK"), QDialog::Accepted}, {QStringLiteral("Cancel"), QDialog::Rejected}});
+    edit->setFocus();
+    return Ask(box) == QDialog::Accepted ? edit->text().toStdString() : std::string();
+}
+
+}  // namespace qt

@@ -1,0 +1,25 @@
+// What a drag carries, from Qt's form to the controls' form and back.
+#pragma once
+
+#include <QMimeData>
+#include <QString>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "controls/Control.h"
+
+namespace qt {
+
+/// Files of this computer, or a text.
+bool IsDroppable(const QMimeData& data);
+/// `drive_form` turns a native path, in bytes, into the controls' form. Files from elsewhere are left out. A
+/// drag that has files carries no text, whatever text its source puts beside them.
+controls::DropData DropDataOf(const QMimeData& data,
+                              const std::function<std::string(const std::string&)>& drive_form);
+
+/// A row's text on its way out of a list.
+std::unique_ptr<QMimeData> DragOf(std::string_view text);
+
+}  // namespace qt

@@ -1,0 +1,290 @@
+#include "platform/qt/FormMirror.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+
+#include "platform/qt/Geometry.h"
+#include "platform/qt/MenuMirror.h"
+#include "platform/qt/Skin.h"
+#include "platform/qt/SurfaceMirrors.h"
+#include "platform/qt/TabOrder.h"
+
+namespace qt {
+
+using controls::BorderStyle;
+using controls::Property;
+using controls::WindowState;
+
+namespace {
+
+constexpr int kPutBackMs = 150;
+
+WindowState StateOf(const QWidget& window) {
+    if (window.windowState().testFlag(Qt::WindowMinimized)) return WindowState::Minimised;
+    if (window.windowState().testFlag(Qt::WindowMaximized)) return WindowState::Maximised;
+    return WindowState::Normal;
+}
+
+Qt::WindowFlags FlagsOf(const controls::Form& form) {
+    switch (form.Border()) {
+        case BorderStyle::None:
+            return Qt::Window | Qt::FramelessWindowHint;
+        case BorderStyle::FixedDialog:
+            return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                   Qt::WindowSystemMenuHint;
+        default:
+            return Qt::Window;
+    }
+}
+
+/// The window's ground, and the way in for its content's events.
+class ContentView final : public QWidget {
+public:
+    ContentView(const controls::Form& form, QWidget* parent) : QWidget(parent), form_(form) {}
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPainter painter(this);
+        if (!skin::Surface(painter, rect(), form_.Look()))
+            painter.fillRect(event->rect(), QColor(skin::kGround));
+        if (form_.Border() != BorderStyle::None) return;
+        painter.setPen(QColor(skin::kLine));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+
+private:
+    const controls::Form& form_;
+};
+
+}  // namespace
+
+class FormMirror::FormWindow final : public QWidget {
+public:
+    explicit FormWindow(FormMirror& mirror) : QWidget(nullptr, FlagsOf(mirror.form_)), mirror_(mirror) {}
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        event->ignore();
+        mirror_.OnCloseBox();
+    }
+    void resizeEvent(QResizeEvent* /*event*/) override {
+        mirror_.Lay();
+        mirror_.OnWindowChanged();
+    }
+    void moveEvent(QMoveEvent* /*event*/) override { mirror_.OnWindowChanged(); }
+    void changeEvent(QEvent* event) override {
+        if (event->type() == QEvent::WindowStateChange) mirror_.OnStateChanged();
+        QWidget::changeEvent(event);
+    }
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::WindowActivate) mirror_.OnKeyboardCame();
+        return QWidget::event(event);
+    }
+    void paintEvent(QPaintEvent* /*event*/) override { mirror_.stage_.OnFirstPaint(); }
+
+private:
+    FormMirror& mirror_;
+};
+
+FormMirror::FormMirror(Stage& stage, controls::Form& form) : WidgetMirror(stage, form), form_(form) {
+    settle_.setSingleShot(true);
+    put_back_.setSingleShot(true);
+    connect(&settle_, &QTimer::timeout, this, [this] { WriteBack(); });
+    connect(&put_back_, &QTimer::timeout, this, [this] { PutOnScreen(); });
+    AdoptTimers(form);
+    if (form.Visible()) ShowWindow();
+}
+
+FormMirror::~FormMirror() {
+    delete window_;
+}
+
+void FormMirror::AdoptTimers(controls::Container& container) {
+    for (controls::Control* child : container.Children()) {
+        if (child->ControlKind() == controls::Kind::Timer) {
+            stage_.MirrorIn(*child, nullptr);
+        } else if (auto* inner = dynamic_cast<controls::Container*>(child)) {
+            AdoptTimers(*inner);
+        }
+    }
+}
+
+void FormMirror::Realise() {
+    if (IsRealised()) return;
+    window_ = new FormWindow(*this);
+    content_ = new ContentView(form_, window_);
+    content_->setFocusPolicy(Qt::NoFocus);
+    SetWidget(window_, content_);
+    window_->setWindowTitle(ToQt(form_.Caption()));
+    FillMenuBar();
+    PutOnScreen();
+    MirrorChildren(stage_, form_, content_);
+    window_->setEnabled(form_.Enabled());
+}
+
+void FormMirror::FillMenuBar() {
+    if (form_.MenuBar().empty()) return;
+    if (menu_bar_ == nullptr) {
+        menu_bar_ = new QMenuBar(window_);
+        menu_bar_->setNativeMenuBar(false);
+        menu_bar_->show();
+    }
+    const QList<QAction*> old = menu_bar_->actions();
+    for (QAction* action : old)
+        menu_bar_->removeAction(action);
+    for (controls::Menu* menu : form_.MenuBar()) {
+        auto* mirror = static_cast<MenuMirror*>(stage_.MirrorIn(*menu, nullptr));
+        mirror->Entries();
+        menu_bar_->addAction(mirror->Action());
+    }
+    Lay();
+}
+
+void FormMirror::Lay() {
+    if (content_ == nullptr) return;
+    const int bar = menu_bar_ != nullptr ? ToPixels(controls::kFrameMenu) : 0;
+    if (menu_bar_ != nullptr) menu_bar_->setGeometry(0, 0, window_->width(), bar);
+    content_->setGeometry(0, bar, window_->width(), std::max(0, window_->height() - bar));
+}
+
+void FormMirror::Centre() {
+    const QWidget* main_window = stage_.MainWindow();
+    const QScreen* screen = QApplication::primaryScreen();
+    if (screen == nullptr) return;
+    const bool over_main = main_window != nullptr && main_window != window_;
+    const QRect around = over_main ? main_window->geometry() : screen->availableGeometry();
+    QRect client = ClientRect(form_);
+    client.moveCenter(around.center());
+    const QRect all = screen->availableGeometry();
+    const int title = form_.Border() == BorderStyle::None ? 0 : ToPixels(controls::kFrameTitle);
+    client.moveLeft(std::max(client.left(), all.left()));
+    client.moveTop(std::max(client.top(), all.top() + title));
+    TakeClientRect(form_, client);
+}
+
+void FormMirror::PutOnScreen() {
+    if (!IsRealised() || StateOf(*window_) != WindowState::Normal) return;
+    const QRect client = ClientRect(form_);
+    placing_ = true;
+    if (form_.Border() != BorderStyle::Sizable) window_->setFixedSize(client.size());
+    if (window_->geometry() != client) window_->setGeometry(client);
+    placing_ = false;
+}
+
+void FormMirror::ShowState() {
+    if (StateOf(*window_) == form_.State()) return;
+    changing_state_ = true;
+    Qt::WindowStates states = Qt::WindowNoState;
+    if (form_.State() == WindowState::Minimised) states = Qt::WindowMinimized;
+    if (form_.State() == WindowState::Maximised) {
+        states = Qt::WindowMaximized;
+        window_->setMinimumSize(0, 0);
+        window_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    }
+    window_->setWindowState(states);
+    changing_state_ = false;
+    if (form_.State() == WindowState::Normal) put_back_.start(kPutBackMs);
+}
+
+void FormMirror::FocusFirst() {
+    const std::vector<QWidget*> order = PutInTabOrder(stage_, form_);
+    if (window_->focusWidget() != nullptr) return;
+    const auto writes = [](const QWidget* widget) { return widget->inherits("QLineEdit"); };
+    const auto first = std::find_if(order.begin(), order.end(), writes);
+    if (first != order.end()) {
+        (*first)->setFocus(Qt::OtherFocusReason);
+    } else if (!order.empty() && form_.Border() == BorderStyle::FixedDialog) {
+        order.front()->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void FormMirror::ShowWindow() {
+    Realise();
+    if (!was_shown_ && form_.Left() == 0 && form_.Top() == 0) Centre();
+    PutOnScreen();
+    if (!was_shown_) FocusFirst();
+    was_shown_ = true;
+    if (form_.Border() == BorderStyle::FixedDialog) {
+        const QWidget* main_window = stage_.MainWindow();
+        window_->winId();
+        window_->windowHandle()->setTransientParent(main_window != nullptr ? main_window->windowHandle()
+                                                                           : nullptr);
+    }
+    ShowState();
+    window_->show();
+    window_->raise();
+    window_->activateWindow();
+}
+
+void FormMirror::Apply(Property property) {
+    if (property == Property::Visible && form_.Visible()) {
+        ShowWindow();
+        return;
+    }
+    if (!IsRealised()) return;
+    switch (property) {
+        case Property::Visible:
+            window_->hide();
+            break;
+        case Property::Geometry:
+            // While the person still drags the edge, the window is left to the hand.
+            if (!put_back_.isActive()) PutOnScreen();
+            break;
+        case Property::Caption:
+            window_->setWindowTitle(ToQt(form_.Caption()));
+            break;
+        case Property::Window:
+            FillMenuBar();
+            ShowState();
+            break;
+        case Property::Popup:
+            if (form_.WantedPopup() != nullptr) {
+                static_cast<MenuMirror*>(stage_.MirrorIn(*form_.WantedPopup(), nullptr))->PopUp();
+            }
+            break;
+        case Property::ZOrder:
+        case Property::Focus:
+            window_->raise();
+            window_->activateWindow();
+            break;
+        case Property::Refresh:
+        case Property::Colour:
+            content_->update();
+            break;
+        case Property::Enabled:
+            window_->setEnabled(form_.Enabled());
+            break;
+        default:
+            break;
+    }
+}
+
+void FormMirror::OnWindowChanged() {
+    if (placing_ || !was_shown_) return;
+    settle_.start(0);
+}
+
+void FormMirror::WriteBack() {
+    if (!window_->isVisible() || StateOf(*window_) == WindowState::Minimised) return;
+    put_back_.start(kPutBackMs);
+    TakeClientRect(form_, window_->geometry());
+}
+
+void FormMirror::OnStateChanged() {
+    if (changing_state_) return;
+    form_.SetState(StateOf(*window_));
+}
+
+void FormMirror::OnCloseBox() {
+    if (form_.Enabled()) form_.UnloadWindow();
+}
+
+void FormMirror::OnKeyboardCame() {
+    stage_.OnActivated(form_);
+}
+
+}  // namespace qt

@@ -1,0 +1,58 @@
+// Mirror of a window.
+//
+// The window is made on the screen when it is first to be seen (or when the screen has nothing else to do),
+// so that the start pays for one window only; its timers run from the start. A new size or place that the
+// person or the window manager gives is written back once events have settled for a turn of the loop; what
+// the window's own rules answer (a least size) is put on the screen when the dragging has paused.
+#pragma once
+
+#include <QMenuBar>
+#include <QTimer>
+
+#include "controls/Surfaces.h"
+#include "platform/qt/WidgetMirror.h"
+
+namespace qt {
+
+class FormMirror final : public WidgetMirror {
+public:
+    FormMirror(Stage& stage, controls::Form& form);
+    ~FormMirror() override;
+
+    /// Makes the window and everything in it, if that has not been done.
+    void Realise();
+    bool IsRealised() const { return Widget() != nullptr; }
+    QWidget* Inside() const override { return content_; }
+    controls::Form& Window() const { return form_; }
+
+private:
+    class FormWindow;
+
+    void Apply(controls::Property property) override;
+    void AdoptTimers(controls::Container& container);
+    void FillMenuBar();
+    void ShowWindow();
+    void ShowState();
+    void Centre();
+    void FocusFirst();
+    void PutOnScreen();
+    void Lay();
+
+    void OnWindowChanged();
+    void WriteBack();
+    void OnStateChanged();
+    void OnCloseBox();
+    void OnKeyboardCame();
+
+    controls::Form& form_;
+    FormWindow* window_ = nullptr;
+    QWidget* content_ = nullptr;
+    QMenuBar* menu_bar_ = nullptr;
+    QTimer settle_;
+    QTimer put_back_;
+    bool was_shown_ = false;
+    bool placing_ = false;
+    bool changing_state_ = false;
+};
+
+}  // namespace qt

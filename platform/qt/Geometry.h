@@ -1,0 +1,33 @@
+// From the controls' units to pixels and back.
+//
+// Edges are rounded, never sizes, so that neighbours in twips are neighbours in pixels.
+#pragma once
+
+#include <QPoint>
+#include <QPointF>
+#include <QRect>
+#include <QString>
+#include <string_view>
+
+#include "controls/Surfaces.h"
+
+namespace qt {
+
+inline QString ToQt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+int ToPixels(double twips);
+
+/// Place of a control in its container's widget.
+QRect PixelRect(const controls::Control& control);
+
+/// A point in a control's widget, in the control's own scale.
+QPointF InScaleOf(const controls::Control& control, const QPointF& pixels);
+
+/// Place on the screen of a window's content and menu bar.
+QRect ClientRect(const controls::Form& form);
+/// Moves the window to where its content and menu bar stand on the screen. False when it stood there already.
+bool TakeClientRect(controls::Form& form, const QRect& client);
+
+}  // namespace qt

@@ -1,0 +1,108 @@
+#include <QLabel>
+#include <QPainter>
+#include <QToolButton>
+
+#include "platform/qt/Geometry.h"
+#include "platform/qt/Looks.h"
+#include "platform/qt/Pictures.h"
+#include "platform/qt/SimpleMirrors.h"
+#include "platform/qt/Skin.h"
+
+namespace qt {
+namespace {
+
+using controls::Property;
+
+void DrawImage(QWidget& view, const controls::Image& image, Pictures& pictures) {
+    QPainter painter(&view);
+    const QRect rect = view.rect();
+    const bool shaped = DrawMarker(painter, rect, image.Look()) || DrawBar(painter, rect, image) ||
+                        skin::Surface(painter, rect, image.Look());
+    QRect place = rect;
+    if (shaped) {
+        place.setSize(pictures.OwnSize(image.Picture()).boundedTo(rect.size()));
+        place.moveCenter(rect.center());
+    }
+    painter.drawPixmap(place, pictures.Fitted(image.Picture(), place.size(), view.devicePixelRatioF()));
+    if (view.hasFocus()) skin::FocusRing(painter, rect);
+}
+
+/// A picture that does something is a button to a screen reader; any other is none of its business.
+template <class Base>
+class ImageView final : public Base {
+public:
+    ImageView(const controls::Image& image, Pictures& pictures, QWidget* parent)
+        : Base(parent), image_(image), pictures_(pictures) {}
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override { DrawImage(*this, image_, pictures_); }
+
+private:
+    const controls::Image& image_;
+    Pictures& pictures_;
+};
+
+bool DoesSomething(const controls::Image& image) {
+    return image.Click.IsClaimed() || image.MouseUp.IsClaimed() || image.MouseDown.IsClaimed();
+}
+
+bool IsBrightTwin(const controls::Image& image) {
+    return ToQt(image.Name()).endsWith(QLatin1String("over"), Qt::CaseInsensitive);
+}
+
+/// The bright twin laid over a plain picture; the picture itself when it has none.
+controls::Image& TwinOf(controls::Image& image) {
+    if (image.Parent() == nullptr) return image;
+    const QString twin = ToQt(image.Name()) + QLatin1String("over");
+    for (controls::Control* other : image.Parent()->Children()) {
+        if (other->ControlKind() != controls::Kind::Image) continue;
+        if (ToQt(other->Name()).compare(twin, Qt::CaseInsensitive) == 0)
+            return static_cast<controls::Image&>(*other);
+    }
+    return image;
+}
+
+void ClickOn(controls::Image& image) {
+    image.MouseDown.Raise(controls::kLeftButton, 0, 0, 0);
+    image.MouseUp.Raise(controls::kLeftButton, 0, 0, 0);
+    image.Click.Raise();
+}
+
+}  // namespace
+
+ImageMirror::ImageMirror(Stage& stage, controls::Image& image, QWidget* container)
+    : WidgetMirror(stage, image), image_(image) {
+    const bool acts = DoesSomething(image) || (!IsBrightTwin(image) && &TwinOf(image) != &image);
+    if (acts) {
+        SetWidget(new ImageView<QToolButton>(image, stage.SkinPictures(), container));
+        Widget()->setFocusPolicy(IsBrightTwin(image) || image.Look() == "marker" ? Qt::NoFocus
+                                                                                 : Qt::TabFocus);
+    } else {
+        SetWidget(new ImageView<QLabel>(image, stage.SkinPictures(), container));
+    }
+}
+
+// The keyboard's way to what the pointer does: reaching a picture lights its bright twin, Enter clicks it.
+void ImageMirror::Light() {
+    image_.MouseMove.Raise(0, 0, 0.0, 0.0);
+}
+
+bool ImageMirror::PressEnter() {
+    controls::Image& twin = TwinOf(image_);
+    if (!twin.Click.IsClaimed() && !DoesSomething(image_)) return false;
+    Light();
+    ClickOn(twin.Click.IsClaimed() ? twin : image_);
+    return true;
+}
+
+bool ImageMirror::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space)
+        return PressEnter();
+    if (event->type() == QEvent::FocusIn) Light();
+    if (event->type() == QEvent::FocusOut && image_.Parent() != nullptr) {
+        image_.Parent()->MouseMove.Raise(0, 0, 0.0, 0.0);
+    }
+    return WidgetMirror::eventFilter(watched, event);
+}
+
+}  // namespace qt

@@ -1,0 +1,15 @@
+// Keys and buttons as the controls' events carry them.
+#pragma once
+
+#include <QtCore/qnamespace.h>
+
+namespace qt {
+
+/// The virtual key code of a key; 0 for a key that has none.
+int KeyCode(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+int ShiftState(Qt::KeyboardModifiers modifiers);
+int ButtonNumber(Qt::MouseButton button);
+/// The sum of the buttons held down.
+int ButtonNumbers(Qt::MouseButtons buttons);
+
+}  // namespace qt

@@ -1,0 +1,145 @@
+#include <QLabel>
+#include <QPainter>
+
+#include "platform/qt/Geometry.h"
+#include "platform/qt/Looks.h"
+#include "platform/qt/SimpleMirrors.h"
+#include "platform/qt/Skin.h"
+
+namespace qt {
+namespace {
+
+using controls::Property;
+
+struct Writing {
+    QFont font = skin::Letters();
+    QRgb colour = skin::kText;
+    int indent = 0;
+};
+
+Writing WritingOf(const controls::Label& label, bool pointed_at) {
+    const std::string& look = label.Look();
+    if (look == "heading") return {skin::HeadingLetters(), skin::kMuted};
+    if (look == "title") return {skin::Letters(15), skin::kText};
+    if (look == "muted") return {skin::Letters(), skin::kMuted};
+    if (look == "status") return {skin::Letters(skin::kSmallSize), skin::kMuted};
+    if (look == "display" || look == "accent") return {skin::Letters(), skin::kAccent};
+    if (look == "well" || look == "raised" || look == "panel") return {skin::Letters(), skin::kText, 10};
+    if (look == "tab") return {skin::Letters(), StandsOnPaleFace(label) ? skin::kInk : 0xffd9cdbf};
+    if (look == "link") {
+        Writing link{skin::Letters(), skin::kAccent};
+        link.font.setUnderline(pointed_at);
+        return link;
+    }
+    return {};
+}
+
+Qt::Alignment AlignmentOf(const controls::Label& label) {
+    switch (label.Align()) {
+        case controls::Alignment::Centre:
+            return Qt::AlignHCenter;
+        case controls::Alignment::Right:
+            return Qt::AlignRight;
+        default:
+            return Qt::AlignLeft;
+    }
+}
+
+/// A label by its own paint; QLabel only for what it tells a screen reader.
+class LabelView final : public QLabel {
+public:
+    LabelView(const controls::Label& label, QWidget* parent) : QLabel(parent), label_(label) {
+        setAttribute(Qt::WA_Hover);
+        setTextFormat(Qt::PlainText);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        if (!DrawPart(painter)) {
+            if (!DrawBar(painter, rect(), label_)) skin::Surface(painter, rect(), label_.Look());
+            DrawText(painter);
+        }
+        if (hasFocus()) skin::FocusRing(painter, rect(), 4);
+    }
+
+private:
+    bool DrawPart(QPainter& painter) {
+        if (DrawMarker(painter, rect(), label_.Look())) return true;
+        if (label_.Look() == "close") {
+            const QRgb calm = StandsOnPaleFace(label_) ? skin::kInkMuted : skin::kMuted;
+            const QRgb lit = StandsOnPaleFace(label_) ? skin::kInk : skin::kAccent;
+            skin::Cross(painter, QRectF(rect()).center(), QColor(underMouse() ? lit : calm));
+            return true;
+        }
+        if (label_.Look() == "splitter") {
+            const QRectF grip(width() / 2.0 - 20, height() / 2.0 - 1.5, 40, 3);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(QColor(underMouse() ? skin::kAccent : 0xff6b5d50));
+            painter.drawRoundedRect(grip, 1.5, 1.5);
+            return true;
+        }
+        return false;
+    }
+
+    void DrawText(QPainter& painter) {
+        QString text = text_of_label();
+        if (text.isEmpty()) return;
+        const Writing writing = WritingOf(label_, underMouse());
+        painter.setFont(writing.font);
+        painter.setPen(isEnabled() ? QColor(writing.colour) : QColor(0xff8d8072));
+        const QRect place = rect().adjusted(writing.indent, 0, -writing.indent, 0);
+        const QFontMetrics metrics(writing.font);
+        const bool many = text.contains(QLatin1Char('\n')) || height() >= 2 * metrics.height();
+        if (many) {
+            painter.drawText(place, static_cast<int>(AlignmentOf(label_)) | Qt::AlignTop | Qt::TextWordWrap,
+                             text);
+            return;
+        }
+        text = metrics.elidedText(text, Qt::ElideRight, place.width());
+        painter.drawText(place, static_cast<int>(AlignmentOf(label_)) | Qt::AlignVCenter | Qt::TextSingleLine,
+                         text);
+    }
+
+    QString text_of_label() const {
+        const QString text = ToQt(label_.Caption()).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        return label_.Look() == "heading" ? text.toUpper() : text;
+    }
+
+    const controls::Label& label_;
+};
+
+bool IsClickable(const controls::Control& control) {
+    return control.Click.IsClaimed() || control.MouseUp.IsClaimed();
+}
+
+}  // namespace
+
+LabelMirror::LabelMirror(Stage& stage, controls::Label& label, QWidget* container)
+    : WidgetMirror(stage, label), label_(label) {
+    SetWidget(new LabelView(label, container));
+    if (label.Look() == "splitter") Widget()->setCursor(Qt::SplitVCursor);
+    if (IsClickable(label) && label.Look() != "marker") Widget()->setFocusPolicy(Qt::TabFocus);
+}
+
+QString LabelMirror::SpokenName() const {
+    return ToQt(label_.Caption());
+}
+
+void LabelMirror::Apply(Property property) {
+    WidgetMirror::Apply(property);
+    if (property == Property::Caption) static_cast<QLabel*>(Widget())->setText(ToQt(label_.Caption()));
+    if (property == Property::Colour)
+        Widget()->setCursor(label_.Look() == "link" ? Qt::PointingHandCursor : Widget()->cursor().shape());
+}
+
+bool LabelMirror::PressEnter() {
+    if (!IsClickable(label_)) return false;
+    label_.MouseDown.Raise(controls::kLeftButton, 0, 0, 0);
+    label_.MouseUp.Raise(controls::kLeftButton, 0, 0, 0);
+    label_.Click.Raise();
+    return true;
+}
+
+}  // namespace qt

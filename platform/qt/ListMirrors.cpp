@@ -1,0 +1,184 @@
+#include "platform/qt/ListMirrors.h"
+
+#include <QAbstractItemView>
+#include <QDrag>
+#include <QPainter>
+#include <QSignalBlocker>
+
+#include "platform/qt/Drops.h"
+#include "platform/qt/Geometry.h"
+#include "platform/qt/Loop.h"
+#include "platform/qt/Skin.h"
+
+namespace qt {
+
+using controls::Property;
+
+/// The rows of a combo box, counted when told to.
+class ComboModel final : public QAbstractListModel {
+public:
+    ComboModel(const controls::ComboBox& combo, QObject* parent)
+        : QAbstractListModel(parent), combo_(combo) {}
+    void Sync() {
+        beginResetModel();
+        count_ = combo_.ListCount();
+        endResetModel();
+    }
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : count_; }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role == Qt::SizeHintRole) return QSize(0, skin::kRowHeight);
+        if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
+        return ToQt(combo_.List(index.row()));
+    }
+
+private:
+    const controls::ComboBox& combo_;
+    int count_ = 0;
+};
+
+namespace {
+
+/// A line of text in a well of its own, or in one that is drawn already.
+class TextView final : public QLineEdit {
+public:
+    TextView(const controls::TextBox& text, QWidget* parent)
+        : QLineEdit(parent), inset_(text.Look() == "inset") {
+        setTextMargins(inset_ ? 3 : 5, 0, 4, 0);
+        setFrame(!inset_);
+        if (text.IsPassword()) setEchoMode(Password);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QLineEdit::paintEvent(event);
+        if (!inset_ || !hasFocus()) return;
+        QPainter painter(this);
+        painter.fillRect(QRect(6, height() - 2, width() - 12, 1), QColor(skin::kAccent));
+    }
+
+private:
+    bool inset_;
+};
+
+}  // namespace
+
+ListMirror::ListMirror(Stage& stage, controls::ListBox& list, QWidget* container)
+    : WidgetMirror(stage, list), list_(list), view_(new RowsView(list, container)) {
+    SetWidget(view_, view_->viewport());
+    view_->OnPick = [this](int row) { list_.SetListIndex(row); };
+    view_->OnDouble = [this] { list_.DblClick.Raise(); };
+    view_->OnDrag = [this] { DragOut(); };
+}
+
+void ListMirror::Apply(Property property) {
+    switch (property) {
+        case Property::Items:
+            view_->SyncRows();
+            view_->ShowChosen(list_.ListIndex(), false);
+            break;
+        case Property::ListIndex:
+            view_->ShowChosen(list_.ListIndex(), true);
+            break;
+        case Property::Refresh:
+            view_->viewport()->update();
+            break;
+        default:
+            WidgetMirror::Apply(property);
+    }
+}
+
+bool ListMirror::PressEnter() {
+    if (list_.ListIndex() < 0 || !list_.DblClick.IsClaimed()) return false;
+    list_.DblClick.Raise();
+    return true;
+}
+
+void ListMirror::DragOut() {
+    if (list_.DragText.empty()) return;
+    auto* drag = new QDrag(view_);
+    drag->setMimeData(DragOf(list_.DragText).release());
+    const Loop::Nested nested(stage_.Events());
+    drag->exec(Qt::CopyAction);
+}
+
+ComboMirror::ComboMirror(Stage& stage, controls::ComboBox& combo, QWidget* container)
+    : WidgetMirror(stage, combo), combo_(combo), box_(new QComboBox(container)) {
+    rows_ = new ComboModel(combo, box_);
+    box_->setEditable(combo.Style() == controls::ComboStyle::DropDown);
+    box_->setInsertPolicy(QComboBox::NoInsert);
+    box_->setMaxVisibleItems(16);
+    SetWidget(box_);
+    if (QLineEdit* edit = box_->lineEdit()) {
+        box_->setCompleter(nullptr);
+        edit->setFrame(false);
+        WatchInput(edit);
+        connect(edit, &QLineEdit::textEdited, this,
+                [this](const QString& text) { combo_.SetText(text.toStdString()); });
+    }
+    box_->setModel(rows_);
+    connect(box_, &QComboBox::activated, this, [this](int row) { combo_.SetListIndex(row); });
+}
+
+QString ComboMirror::SpokenName() const {
+    return ToQt(combo_.Hint());
+}
+
+void ComboMirror::ShowText() {
+    const QSignalBlocker quiet(box_);
+    box_->setCurrentIndex(combo_.ListIndex());
+    const QString text = ToQt(combo_.Text());
+    if (box_->isEditable() && box_->currentText() != text) box_->setEditText(text);
+}
+
+void ComboMirror::Apply(Property property) {
+    switch (property) {
+        case Property::Items: {
+            const QSignalBlocker quiet(box_);
+            rows_->Sync();
+            ShowText();
+            box_->update();
+            break;
+        }
+        case Property::Text:
+        case Property::ListIndex:
+            ShowText();
+            break;
+        case Property::Refresh:
+            if (box_->lineEdit() != nullptr) box_->lineEdit()->setPlaceholderText(ToQt(combo_.Hint()));
+            break;
+        case Property::Value:
+            Apply(Property::Refresh);
+            break;
+        default:
+            WidgetMirror::Apply(property);
+    }
+}
+
+TextMirror::TextMirror(Stage& stage, controls::TextBox& text, QWidget* container)
+    : WidgetMirror(stage, text), text_(text), edit_(new TextView(text, container)) {
+    SetWidget(edit_);
+    connect(edit_, &QLineEdit::textEdited, this,
+            [this](const QString& typed) { text_.SetText(typed.toStdString()); });
+}
+
+QString TextMirror::SpokenName() const {
+    return ToQt(text_.Hint());
+}
+
+void TextMirror::Apply(Property property) {
+    switch (property) {
+        case Property::Text: {
+            const QString text = ToQt(text_.Text());
+            if (edit_->text() != text) edit_->setText(text);
+            break;
+        }
+        case Property::Refresh:
+        case Property::Value:
+            edit_->setPlaceholderText(ToQt(text_.Hint()));
+            break;
+        default:
+            WidgetMirror::Apply(property);
+    }
+}
+
+}  // namespace qt

@@ -1,0 +1,53 @@
+// Mirrors of the list box, the combo box and the text box.
+#pragma once
+
+#include <QComboBox>
+#include <QLineEdit>
+
+#include "controls/Lists.h"
+#include "controls/Simple.h"
+#include "platform/qt/RowsView.h"
+#include "platform/qt/WidgetMirror.h"
+
+namespace qt {
+
+class ListMirror final : public WidgetMirror {
+public:
+    ListMirror(Stage& stage, controls::ListBox& list, QWidget* container);
+
+private:
+    void Apply(controls::Property property) override;
+    bool IsPassive() const override { return false; }
+    bool PressEnter() override;
+    void DragOut();
+    controls::ListBox& list_;
+    RowsView* view_;
+};
+
+class ComboMirror final : public WidgetMirror {
+public:
+    ComboMirror(Stage& stage, controls::ComboBox& combo, QWidget* container);
+
+private:
+    void Apply(controls::Property property) override;
+    bool IsPassive() const override { return false; }
+    QString SpokenName() const override;
+    void ShowText();
+    controls::ComboBox& combo_;
+    QComboBox* box_;
+    class ComboModel* rows_;
+};
+
+class TextMirror final : public WidgetMirror {
+public:
+    TextMirror(Stage& stage, controls::TextBox& text, QWidget* container);
+
+private:
+    void Apply(controls::Property property) override;
+    bool IsPassive() const override { return false; }
+    QString SpokenName() const override;
+    controls::TextBox& text_;
+    QLineEdit* edit_;
+};
+
+}  // namespace qt

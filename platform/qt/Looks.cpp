@@ -1,0 +1,66 @@
+#include "platform/qt/Looks.h"
+
+#include "controls/Simple.h"
+#include "platform/qt/Geometry.h"
+#include "platform/qt/Skin.h"
+
+namespace qt {
+namespace {
+
+const controls::Control* MarkerAmong(const std::vector<controls::Control*>& controls) {
+    for (const controls::Control* control : controls) {
+        if (control->Look() == "marker" && control->Visible()) return control;
+    }
+    return nullptr;
+}
+
+double FilledPixels(const controls::Control& bar) {
+    if (const auto* container = dynamic_cast<const controls::Container*>(&bar)) {
+        if (const auto* marker = MarkerAmong(container->Children()))
+            return QRectF(PixelRect(*marker)).center().x();
+    }
+    if (bar.Parent() == nullptr) return 0;
+    const auto* marker = MarkerAmong(bar.Parent()->Children());
+    return marker != nullptr ? QRectF(PixelRect(*marker)).center().x() - PixelRect(bar).x() : 0;
+}
+
+}  // namespace
+
+bool DrawBar(QPainter& painter, const QRect& rect, const controls::Control& bar) {
+    if (bar.Look() == "progress") {
+        skin::Groove(painter, rect, FilledPixels(bar), skin::kAccentDeep, skin::kAccent);
+    } else if (bar.Look() == "level") {
+        skin::Groove(painter, rect, FilledPixels(bar), skin::kTealDeep, skin::kTeal);
+    } else if (bar.Look() == "track") {
+        skin::Groove(painter, rect, 0, skin::kWell, skin::kWell);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool DrawMarker(QPainter& painter, const QRect& rect, std::string_view look) {
+    if (look == "marker") {
+        skin::Knob(painter, rect);
+    } else if (look == "fademarker") {
+        skin::RoundBox(painter, rect, QColor(skin::kTeal), skin::kTeal, 1.5);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool StandsOnPaleFace(const controls::Control& label) {
+    if (label.Parent() == nullptr) return false;
+    const QPoint centre = PixelRect(label).center();
+    bool pale = false;
+    for (const controls::Control* other : label.Parent()->Children()) {
+        if (other == &label) break;
+        if (other->ControlKind() != controls::Kind::Image || !other->Visible()) continue;
+        if (!PixelRect(*other).contains(centre)) continue;
+        pale = static_cast<const controls::Image*>(other)->Picture().find("pale") != std::string::npos;
+    }
+    return pale;
+}
+
+}  // namespace qt

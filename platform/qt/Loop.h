@@ -1,0 +1,74 @@
+// The event loop of the windows.
+//
+// Order at the end of a handler: first the work that hangs on handlers (it writes what the handler changed),
+// then the screen catches up with the controls. Both happen when the outermost event that Qt delivers has
+// been handled, and at the start of every yield and every box, whose inner events count as outermost again.
+#pragma once
+
+#include <QApplication>
+#include <chrono>
+#include <functional>
+#include <vector>
+
+#include "ports/EventLoop.h"
+
+namespace qt {
+
+class Loop final : public ports::EventLoop {
+public:
+    Loop() = default;
+    Loop(const Loop&) = delete;
+    Loop& operator=(const Loop&) = delete;
+
+    // ports::EventLoop
+    void Yield() override;
+    void AtHandlerEnd(std::function<void()> work) override { work_.push_back(std::move(work)); }
+    bool IsEnding() const override { return ending_; }
+
+    /// What brings the screen up to date with the controls; one for the whole program.
+    void SetScreenUpdate(std::function<void()> update) { update_ = std::move(update); }
+
+    /// Runs until Quit; returns the exit code. A Quit before it returns at once.
+    int Run();
+    void Quit(int exit_code = 0);
+
+    /// Around everything that runs events inside a handler.
+    class Nested {
+    public:
+        explicit Nested(Loop& loop);
+        ~Nested();
+        Nested(const Nested&) = delete;
+        Nested& operator=(const Nested&) = delete;
+
+    private:
+        Loop& loop_;
+        int outer_depth_;
+    };
+
+private:
+    friend class Application;
+    void BeginEvent() { ++depth_; }
+    void EndEvent();
+    void EndHandler();
+
+    std::vector<std::function<void()>> work_;
+    std::function<void()> update_;
+    std::chrono::steady_clock::time_point last_yield_{};
+    int depth_ = 0;
+    int exit_code_ = 0;
+    bool in_end_ = false;
+    bool ending_ = false;
+};
+
+/// The application object. It is given the program's own name and nothing else of the command line, which may
+/// hold what a stranger chose.
+class Application final : public QApplication {
+public:
+    Application(const char* program, Loop& loop);
+    bool notify(QObject* receiver, QEvent* event) override;
+
+private:
+    Loop& loop_;
+};
+
+}  // namespace qt

@@ -1,0 +1,27 @@
+// Makes page engines. The engine is a module that is loaded when the first page is wanted, so this header is
+// all that the rest of the program sees of it.
+#pragma once
+
+class QWidget;
+
+namespace controls {
+class WebBrowser;
+}
+namespace ports {
+class BrowserControl;
+}
+
+namespace qt {
+
+class PageFactory {
+public:
+    virtual ~PageFactory() = default;
+    /// Makes an engine for the control. Its widget is made as a child of `parent`, which keeps it filling
+    /// itself. The engine belongs to the factory and lives as long as it; when the widget goes before, it
+    /// does nothing more. Null when pages cannot be shown here.
+    virtual ports::BrowserControl* MakePage(controls::WebBrowser& browser, QWidget* parent) = 0;
+    /// Forgets cookies and everything else that pages have left: at a log out.
+    virtual void ForgetVisits() {}
+};
+
+}  // namespace qt

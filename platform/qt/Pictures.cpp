@@ -1,0 +1,64 @@
+#include "platform/qt/Pictures.h"
+
+#include <QFileInfo>
+
+#include "platform/qt/Geometry.h"
+
+namespace qt {
+namespace {
+
+// Fitted pictures of a window that is being resized would pile up.
+constexpr qsizetype kFittedLimit = 200;
+
+}  // namespace
+
+QString Pictures::FileOf(const QString& name) const {
+    QString path = name;
+    path.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    while (path.startsWith(QLatin1Char('/')))
+        path.remove(0, 1);
+    const bool bare = !path.contains(QLatin1Char('/'));
+    if (bare) path.prepend(QLatin1String("images/"));
+    if (QFileInfo(path).suffix().isEmpty()) path += QLatin1String(".png");
+    return folder_ + QLatin1Char('/') + path;
+}
+
+const Pictures::Twins& Pictures::Load(const QString& name) {
+    const auto known = loaded_.constFind(name);
+    if (known != loaded_.constEnd()) return known.value();
+    const QString file = FileOf(name);
+    const QFileInfo info(file);
+    const QString twin =
+        info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1String("@2x.") + info.suffix();
+    Twins twins;
+    twins.plain.load(file);
+    twins.twice.load(twin);
+    twins.plain.setDevicePixelRatio(1);
+    twins.twice.setDevicePixelRatio(1);
+    return loaded_.insert(name, twins).value();
+}
+
+QSize Pictures::OwnSize(std::string_view name) {
+    if (name.empty()) return {};
+    return Load(ToQt(name)).plain.size();
+}
+
+QPixmap Pictures::Fitted(std::string_view name, const QSize& size, double pixel_ratio) {
+    if (name.empty() || size.isEmpty()) return {};
+    const QString wanted = ToQt(name);
+    const QSize device = (QSizeF(size) * pixel_ratio).toSize();
+    const QString key = wanted + QStringLiteral("|%1x%2").arg(device.width()).arg(device.height());
+    const auto known = fitted_.constFind(key);
+    if (known != fitted_.constEnd()) return known.value();
+    const Twins& twins = Load(wanted);
+    const bool small = device.width() > twins.plain.width() || device.height() > twins.plain.height();
+    QPixmap picture = small && !twins.twice.isNull() ? twins.twice : twins.plain;
+    if (picture.isNull()) return {};
+    if (picture.size() != device)
+        picture = picture.scaled(device, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(pixel_ratio);
+    if (fitted_.size() > kFittedLimit) fitted_.clear();
+    return fitted_.insert(key, picture).value();
+}
+
+}  // namespace qt

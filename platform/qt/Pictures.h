@@ -1,0 +1,36 @@
+// Pictures of the skin, read from files below the program's folder when first drawn.
+#pragma once
+
+#include <QHash>
+#include <QPixmap>
+#include <QString>
+#include <string_view>
+
+namespace qt {
+
+class Pictures {
+public:
+    explicit Pictures(QString program_folder) : folder_(std::move(program_folder)) {}
+
+    /// The picture that just fills `size` (in window pixels) on a screen of that pixel ratio. A name is a
+    /// path below the program's folder, with either separator and with or without one before it, or the bare
+    /// name of a picture of the skin. A picture with a twin "…@2x" uses the twin where it is the sharper one.
+    /// Null when there is no such file.
+    QPixmap Fitted(std::string_view name, const QSize& size, double pixel_ratio);
+    /// The picture's own size in window pixels; empty when there is no such file.
+    QSize OwnSize(std::string_view name);
+
+private:
+    struct Twins {
+        QPixmap plain;
+        QPixmap twice;
+    };
+    const Twins& Load(const QString& name);
+    QString FileOf(const QString& name) const;
+
+    QString folder_;
+    QHash<QString, Twins> loaded_;
+    QHash<QString, QPixmap> fitted_;
+};
+
+}  // namespace qt

@@ -1,0 +1,261 @@
+#include "platform/qt/RowsView.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScrollBar>
+#include <QToolTip>
+#include <algorithm>
+
+#include "base/Text.h"
+#include "platform/qt/Geometry.h"
+#include "platform/qt/Skin.h"
+
+namespace qt {
+namespace {
+
+constexpr int kIndent = 9;
+
+}  // namespace
+
+void RowsModel::Sync() {
+    beginResetModel();
+    count_ = list_.ListCount();
+    endResetModel();
+}
+
+QVariant RowsModel::data(const QModelIndex& index, int role) const {
+    if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole) return {};
+    return ToQt(list_.List(index.row()));
+}
+
+RowsView::RowsView(const controls::ListBox& list, QWidget* parent)
+    : QListView(parent), list_(list), rows_(new RowsModel(list, this)) {
+    setModel(rows_);
+    setUniformItemSizes(true);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setFrameShape(QFrame::StyledPanel);
+    viewport()->setAutoFillBackground(false);
+    viewport()->setAttribute(Qt::WA_Hover);
+}
+
+void RowsView::SyncRows() {
+    rows_->Sync();
+    updateGeometries();
+    viewport()->update();
+}
+
+void RowsView::ShowChosen(int row, bool reveal) {
+    const QModelIndex index = row >= 0 ? rows_->index(row) : QModelIndex();
+    if (index.isValid()) {
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+        // A view that was not laid out yet does not know what is in view.
+        if (reveal && isVisible()) scrollTo(index, EnsureVisible);
+        if (reveal && !isVisible()) reveal_when_shown_ = true;
+    } else {
+        selectionModel()->clear();
+    }
+    viewport()->update();
+}
+
+void RowsView::showEvent(QShowEvent* event) {
+    QListView::showEvent(event);
+    if (!reveal_when_shown_) return;
+    reveal_when_shown_ = false;
+    scrollTo(currentIndex(), EnsureVisible);
+}
+
+int RowsView::verticalOffset() const {
+    return verticalScrollBar()->value();
+}
+
+int RowsView::RowAt(int y) const {
+    const int row = (y + verticalOffset()) / skin::kRowHeight;
+    return y + verticalOffset() >= 0 && row < rows_->rowCount() ? row : -1;
+}
+
+QRect RowsView::RowRect(int row) const {
+    return {0, row * skin::kRowHeight - verticalOffset(), viewport()->width(), skin::kRowHeight};
+}
+
+QRect RowsView::visualRect(const QModelIndex& index) const {
+    return index.isValid() ? RowRect(index.row()) : QRect();
+}
+
+QModelIndex RowsView::indexAt(const QPoint& point) const {
+    const int row = RowAt(point.y());
+    return row >= 0 ? rows_->index(row) : QModelIndex();
+}
+
+void RowsView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    if (!index.isValid()) return;
+    const QRect rect = RowRect(index.row());
+    const int height = viewport()->height();
+    int move = 0;
+    if (rect.bottom() >= height) move = rect.bottom() - height + 1;
+    if (rect.top() < move) move = rect.top();
+    if (hint == PositionAtCenter) move = rect.center().y() - height / 2;
+    verticalScrollBar()->setValue(verticalOffset() + move);
+}
+
+void RowsView::doItemsLayout() {
+    QAbstractItemView::doItemsLayout();
+}
+
+QRegion RowsView::visualRegionForSelection(const QItemSelection& selection) const {
+    QRegion region;
+    for (const QItemSelectionRange& range : selection)
+        region += RowRect(range.top()) | RowRect(range.bottom());
+    return region;
+}
+
+void RowsView::updateGeometries() {
+    const int page = viewport()->height();
+    const int all = rows_ != nullptr ? rows_->rowCount() * skin::kRowHeight : 0;
+    verticalScrollBar()->setSingleStep(skin::kRowHeight);
+    verticalScrollBar()->setPageStep(page);
+    verticalScrollBar()->setRange(0, std::max(0, all - page));
+    QAbstractItemView::updateGeometries();
+}
+
+void RowsView::scrollContentsBy(int /*dx*/, int /*dy*/) {
+    viewport()->update();
+}
+
+void RowsView::DrawRow(QPainter& painter, int row, const QRect& rect) const {
+    const bool chosen = row == list_.ListIndex();
+    if (chosen) {
+        painter.fillRect(rect, QColor(isEnabled() ? skin::kAccentDeep : skin::kRaised));
+    } else if (row == hovered_) {
+        painter.fillRect(rect, QColor(skin::kPanel));
+    } else if (row % 2 != 0) {
+        painter.fillRect(rect, QColor(skin::kWellOdd));
+    }
+    const QColor ink = chosen ? QColor(skin::kKnob) : QColor(skin::kText);
+    painter.setPen(isEnabled() ? ink : QColor(0xff8d8072));
+    const QRect place = rect.adjusted(kIndent, 0, -kIndent / 2, 0);
+    // Only the beginning of a very long row can be seen.
+    const QString text = ToQt(list_.List(row)).left(1000);
+    painter.drawText(place, Qt::AlignVCenter | Qt::TextSingleLine,
+                     fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
+}
+
+void RowsView::paintEvent(QPaintEvent* event) {
+    QPainter painter(viewport());
+    QPainterPath inside;
+    inside.addRoundedRect(viewport()->rect(), skin::kCorner - 1, skin::kCorner - 1);
+    painter.setClipPath(inside);
+    const int count = std::min(rows_->rowCount(), list_.ListCount());
+    const int first = std::max(0, (event->rect().top() + verticalOffset()) / skin::kRowHeight);
+    for (int row = first; row < count; ++row) {
+        const QRect rect = RowRect(row);
+        if (rect.top() > event->rect().bottom()) break;
+        DrawRow(painter, row, rect);
+    }
+    if (count == 0 && !list_.Hint().empty()) {
+        painter.setPen(QColor(skin::kMuted));
+        painter.drawText(viewport()->rect().adjusted(kIndent, 7, -kIndent, -7),
+                         Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, ToQt(list_.Hint()));
+    }
+}
+
+void RowsView::mousePressEvent(QMouseEvent* event) {
+    setFocus(Qt::MouseFocusReason);
+    const int row = RowAt(event->position().toPoint().y());
+    may_drag_ = event->button() == Qt::LeftButton && row >= 0;
+    pressed_at_ = event->position().toPoint();
+    if (may_drag_ && OnPick) OnPick(row);
+}
+
+void RowsView::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    const int row = RowAt(at.y());
+    if (row != hovered_) {
+        hovered_ = row;
+        viewport()->update();
+    }
+    if (!may_drag_ || !event->buttons().testFlag(Qt::LeftButton)) return;
+    if ((at - pressed_at_).manhattanLength() < QApplication::startDragDistance()) return;
+    may_drag_ = false;
+    if (OnDrag) OnDrag();
+}
+
+void RowsView::mouseReleaseEvent(QMouseEvent* /*event*/) {
+    may_drag_ = false;
+}
+
+void RowsView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && RowAt(event->position().toPoint().y()) >= 0 && OnDouble)
+        OnDouble();
+}
+
+int RowsView::RowForKey(int key) const {
+    const int last = rows_->rowCount() - 1;
+    const int row = list_.ListIndex();
+    const int page = std::max(1, viewport()->height() / skin::kRowHeight - 1);
+    switch (key) {
+        case Qt::Key_Up:
+            return row < 0 ? last : row - 1;
+        case Qt::Key_Down:
+            return row + 1;
+        case Qt::Key_PageUp:
+            return std::max(0, row - page);
+        case Qt::Key_PageDown:
+            return std::min(last, row + page);
+        case Qt::Key_Home:
+            return 0;
+        case Qt::Key_End:
+            return last;
+        default:
+            return -1;
+    }
+}
+
+void RowsView::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) == Qt::NoModifier;
+    const int row = plain ? RowForKey(event->key()) : -1;
+    if (row >= 0 && row < rows_->rowCount() && row != list_.ListIndex()) {
+        if (OnPick) OnPick(row);
+        return;
+    }
+    const QString text = event->text();
+    if (plain && !text.isEmpty() && text[0].isPrint()) {
+        keyboardSearch(text);
+        return;
+    }
+    event->ignore();
+}
+
+void RowsView::keyboardSearch(const QString& search) {
+    QAbstractItemView::keyboardSearch(search);
+    // The base class moves Qt's own mark only.
+    const int row = currentIndex().row();
+    if (row >= 0 && row != list_.ListIndex() && OnPick) OnPick(row);
+}
+
+bool RowsView::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const int row = RowAt(help->pos().y());
+        const QString text = row >= 0 ? ToQt(list_.List(row)) : QString();
+        const bool cut = fontMetrics().horizontalAdvance(text.trimmed()) > viewport()->width() - 2 * kIndent;
+        if (cut) {
+            QToolTip::showText(help->globalPos(), text.trimmed(), viewport(), RowRect(row));
+        } else {
+            QToolTip::showText(help->globalPos(), toolTip(), viewport());
+        }
+        return true;
+    }
+    if (event->type() == QEvent::Leave) {
+        hovered_ = -1;
+        viewport()->update();
+    }
+    return QListView::viewportEvent(event);
+}
+
+}  // namespace qt

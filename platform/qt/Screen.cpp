@@ -1,0 +1,214 @@
+#include "platform/qt/Screen.h"
+
+#include <algorithm>
+
+#include "controls/Lists.h"
+#include "controls/Menu.h"
+#include "controls/Simple.h"
+#include "platform/qt/FormMirror.h"
+#include "platform/qt/Geometry.h"
+#include "platform/qt/ListMirrors.h"
+#include "platform/qt/MenuMirror.h"
+#include "platform/qt/SimpleMirrors.h"
+#include "platform/qt/SurfaceMirrors.h"
+
+namespace qt {
+namespace {
+
+using controls::Kind;
+using controls::Property;
+
+constexpr int kReleasePagesMs = 250;
+
+std::size_t PlaceInContainer(const controls::Control& control) {
+    if (control.Parent() == nullptr) return 0;
+    const auto& siblings = control.Parent()->Children();
+    return static_cast<std::size_t>(std::find(siblings.begin(), siblings.end(), &control) - siblings.begin());
+}
+
+template <class MirrorType, class ControlType>
+std::unique_ptr<Mirror> Make(Stage& stage, controls::Control& control, QWidget* container) {
+    return std::make_unique<MirrorType>(stage, static_cast<ControlType&>(control), container);
+}
+
+}  // namespace
+
+Screen::Screen(Loop& loop, ScreenOptions options)
+    : loop_(loop),
+      options_(std::move(options)),
+      pictures_(QString::fromStdString(options_.ProgramFolder)),
+      pages_(options_.LoadPages) {
+    loop_.SetScreenUpdate([this] { CatchUp(); });
+    QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { RealiseNext(); });
+    QObject::connect(&release_, &QTimer::timeout, &release_, [this] { ReleasePages(); });
+    release_.setSingleShot(true);
+}
+
+Screen::~Screen() {
+    loop_.SetScreenUpdate({});
+    // Windows own the widgets of all others, whose mirrors must not hear of their end.
+    for (auto& [control, mirror] : mirrors_) {
+        if (mirror->Widget() != nullptr) mirror->Widget()->removeEventFilter(mirror.get());
+    }
+    std::erase_if(mirrors_, [](const auto& entry) { return entry.first->ControlKind() != Kind::Form; });
+    mirrors_.clear();
+}
+
+void Screen::Adopt(controls::Form& form) {
+    if (mirrors_.contains(&form)) return;
+    auto mirror = std::make_unique<FormMirror>(static_cast<Stage&>(*this), form);
+    forms_.push_back(mirror.get());
+    mirrors_.emplace(&form, std::move(mirror));
+    if (painted_) idle_.start(0);
+}
+
+Mirror* Screen::MirrorOf(const controls::Control& control) const {
+    const auto found = mirrors_.find(&control);
+    return found != mirrors_.end() ? found->second.get() : nullptr;
+}
+
+QWidget* Screen::WindowOf(const controls::Form& form) {
+    auto* mirror = static_cast<FormMirror*>(MirrorOf(form));
+    if (mirror == nullptr) return nullptr;
+    mirror->Realise();
+    return mirror->Widget();
+}
+
+QWidget* Screen::WidgetOf(const controls::Control& control) const {
+    const Mirror* mirror = MirrorOf(control);
+    return mirror != nullptr ? mirror->Widget() : nullptr;
+}
+
+Mirror* Screen::MirrorIn(controls::Control& control, QWidget* container) {
+    if (Mirror* known = MirrorOf(control)) return known;
+    const bool widgetless = control.ControlKind() == Kind::Timer || control.ControlKind() == Kind::Menu;
+    if (container == nullptr && !widgetless) return nullptr;
+    std::unique_ptr<Mirror> made = MakeMirror(control, container);
+    if (made == nullptr) return nullptr;
+    Mirror* mirror = made.get();
+    mirrors_.emplace(&control, std::move(made));
+    if (auto* shown = dynamic_cast<WidgetMirror*>(mirror)) shown->ShowAll();
+    return mirror;
+}
+
+std::unique_ptr<Mirror> Screen::MakeMirror(controls::Control& control, QWidget* container) {
+    Stage& stage = *this;
+    switch (control.ControlKind()) {
+        case Kind::Frame:
+            return Make<FrameMirror, controls::Frame>(stage, control, container);
+        case Kind::PictureBox:
+            return Make<PictureBoxMirror, controls::PictureBox>(stage, control, container);
+        case Kind::Image:
+            return Make<ImageMirror, controls::Image>(stage, control, container);
+        case Kind::Label:
+            return Make<LabelMirror, controls::Label>(stage, control, container);
+        case Kind::TextBox:
+            return Make<TextMirror, controls::TextBox>(stage, control, container);
+        case Kind::CheckBox:
+            return Make<CheckMirror, controls::CheckBox>(stage, control, container);
+        case Kind::CommandButton:
+            return Make<ButtonMirror, controls::CommandButton>(stage, control, container);
+        case Kind::Line:
+            return Make<LineMirror, controls::Line>(stage, control, container);
+        case Kind::ProgressBar:
+            return Make<ProgressMirror, controls::ProgressBar>(stage, control, container);
+        case Kind::WebBrowser:
+            return Make<BrowserMirror, controls::WebBrowser>(stage, control, container);
+        case Kind::Timer:
+            return std::make_unique<TimerMirror>(stage, static_cast<controls::Timer&>(control));
+        case Kind::Menu:
+            return std::make_unique<MenuMirror>(stage, static_cast<controls::Menu&>(control));
+        case Kind::ListBox:
+        case Kind::ComboBox:
+        case Kind::DriveListBox:
+        case Kind::DirListBox:
+            break;
+        case Kind::Form:
+            return nullptr;
+    }
+    if (auto* list = dynamic_cast<controls::ListBox*>(&control)) {
+        return std::make_unique<ListMirror>(stage, *list, container);
+    }
+    if (auto* combo = dynamic_cast<controls::ComboBox*>(&control)) {
+        return std::make_unique<ComboMirror>(stage, *combo, container);
+    }
+    return nullptr;
+}
+
+void Screen::CatchUpLater(Mirror& mirror) {
+    ++changes_;
+    changed_.push_back(&mirror);
+}
+
+// A mirror that catches up may raise events (a window that is shown moves to its place), which change other
+// controls.
+void Screen::CatchUp() {
+    if (catching_up_) return;
+    catching_up_ = true;
+    while (!changed_.empty()) {
+        const std::vector<Mirror*> changed = std::move(changed_);
+        changed_.clear();
+        for (Mirror* mirror : changed)
+            mirror->CatchUp();
+        CatchUpLate(changed);
+    }
+    catching_up_ = false;
+}
+
+void Screen::CatchUpLate(const std::vector<Mirror*>& changed) {
+    std::vector<Mirror*> raised;
+    for (Mirror* mirror : changed) {
+        if (mirror->Takes(Property::ZOrder)) raised.push_back(mirror);
+    }
+    std::stable_sort(raised.begin(), raised.end(), [](const Mirror* left, const Mirror* right) {
+        return PlaceInContainer(left->Mirrored()) < PlaceInContainer(right->Mirrored());
+    });
+    for (Mirror* mirror : raised)
+        mirror->CatchUpNow(Property::ZOrder);
+    for (Mirror* mirror : changed) {
+        if (mirror->Takes(Property::Focus)) mirror->CatchUpNow(Property::Focus);
+        if (mirror->Takes(Property::Popup)) mirror->CatchUpNow(Property::Popup);
+    }
+}
+
+std::string Screen::DriveForm(const std::string& native_path) const {
+    return options_.ToDriveForm ? options_.ToDriveForm(native_path) : native_path;
+}
+
+QWidget* Screen::MainWindow() const {
+    if (forms_.empty() || !forms_.front()->IsRealised()) return nullptr;
+    QWidget* window = forms_.front()->Widget();
+    return window->isVisible() && !window->isMinimized() ? window : nullptr;
+}
+
+void Screen::OnFirstPaint() {
+    if (painted_) return;
+    painted_ = true;
+    idle_.start(0);
+    release_.start(kReleasePagesMs);
+}
+
+// Windows that have not been shown are made one at a time, whenever there is nothing else to do.
+void Screen::RealiseNext() {
+    if (AfterFirstPaint) {
+        const auto after = std::move(AfterFirstPaint);
+        AfterFirstPaint = {};
+        after();
+        return;
+    }
+    for (FormMirror* form : forms_) {
+        if (form->IsRealised()) continue;
+        form->Realise();
+        return;
+    }
+    idle_.stop();
+}
+
+// Coming back from another program is no activation; going from window to window of this one is.
+void Screen::OnActivated(controls::Form& form) {
+    const bool another = active_ != nullptr && active_ != &form;
+    active_ = &form;
+    if (another) form.Activate.Raise();
+}
+
+}  // namespace qt

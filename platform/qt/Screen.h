@@ -1,0 +1,85 @@
+// The screen: mirrors of windows and of all that stands in them.
+//
+// A window is adopted once, at the start; what is put into it later (members of control arrays) comes to the
+// screen by itself. The adopted windows, their menus and the loop must outlive the screen.
+#pragma once
+
+#include <QTimer>
+#include <functional>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "controls/Surfaces.h"
+#include "platform/qt/Loop.h"
+#include "platform/qt/Pages.h"
+#include "platform/qt/Pictures.h"
+#include "platform/qt/Stage.h"
+
+namespace qt {
+
+class FormMirror;
+
+struct ScreenOptions {
+    /// Where "images" is, as a native path.
+    std::string ProgramFolder;
+    /// A native path, in bytes, in the form the controls speak. Left empty, paths stay as they are.
+    std::function<std::string(const std::string&)> ToDriveForm;
+    /// Loads the page engine; without one web browser controls stay blank.
+    PageLoader LoadPages;
+};
+
+class Screen final : private Stage {
+public:
+    /// Needs the application object.
+    Screen(Loop& loop, ScreenOptions options);
+    ~Screen() override;
+
+    /// Shows the window whenever it is visible. The first one adopted is the main window.
+    void Adopt(controls::Form& form);
+    /// The widget of a window; made now if it is not there yet. Null for a window that was not adopted.
+    QWidget* WindowOf(const controls::Form& form);
+    /// The widget of a control; null if it has none.
+    QWidget* WidgetOf(const controls::Control& control) const;
+    /// Brings all widgets up to date with their controls. It happens by itself at the end of every handler.
+    void CatchUp();
+    /// Makes page engines from now on, and those asked for before. It happens by itself a moment after the
+    /// first paint.
+    void ReleasePages() { pages_.Release(); }
+    /// Called once, after the first window has been painted.
+    std::function<void()> AfterFirstPaint;
+
+private:
+    void CatchUpLater(Mirror& mirror) override;
+    std::uint64_t Changes() const override { return changes_; }
+    Mirror* MirrorIn(controls::Control& control, QWidget* container) override;
+    Mirror* MirrorOf(const controls::Control& control) const override;
+    Pictures& SkinPictures() override { return pictures_; }
+    Loop& Events() override { return loop_; }
+    std::string DriveForm(const std::string& native_path) const override;
+    void WantPage(controls::WebBrowser& browser, QWidget& place) override { pages_.Want(browser, place); }
+    QWidget* MainWindow() const override;
+    void OnFirstPaint() override;
+    void OnActivated(controls::Form& form) override;
+
+    std::unique_ptr<Mirror> MakeMirror(controls::Control& control, QWidget* container);
+    void RealiseNext();
+    void CatchUpLate(const std::vector<Mirror*>& changed);
+
+    Loop& loop_;
+    ScreenOptions options_;
+    Pictures pictures_;
+    Pages pages_;
+    std::vector<FormMirror*> forms_;
+    std::unordered_map<const controls::Control*, std::unique_ptr<Mirror>> mirrors_;
+    std::vector<Mirror*> changed_;
+    std::uint64_t changes_ = 0;
+    controls::Form* active_ = nullptr;
+    QTimer idle_;
+    QTimer release_;
+    bool painted_ = false;
+    bool catching_up_ = false;
+};
+
+}  // namespace qt

@@ -1,0 +1,210 @@
+#include "platform/qt/SimpleMirrors.h"
+
+#include <QCheckBox>
+#include <QPainter>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStyle>
+#include <algorithm>
+
+#include "platform/qt/Geometry.h"
+#include "platform/qt/Skin.h"
+
+namespace qt {
+namespace {
+
+using controls::Property;
+
+class LineView final : public QWidget {
+public:
+    LineView(const controls::Line& line, QWidget* parent) : QWidget(parent), line_(line) {}
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter(this).fillRect(rect(), QColor(line_.Look() == "pale" ? skin::kPale : skin::kLine));
+    }
+
+private:
+    const controls::Line& line_;
+};
+
+class ProgressView final : public QProgressBar {
+public:
+    using QProgressBar::QProgressBar;
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        const double part = maximum() > 0 ? double(value()) / maximum() : 0;
+        skin::Groove(painter, rect(), part * width(), skin::kAccentDeep, skin::kAccent);
+    }
+};
+
+class CheckView final : public QCheckBox {
+public:
+    using QCheckBox::QCheckBox;
+
+protected:
+    bool hitButton(const QPoint& at) const override { return rect().contains(at); }
+    void paintEvent(QPaintEvent* /*event*/) override {
+        constexpr int kSide = 16;
+        QPainter painter(this);
+        const QRect box(0, (height() - kSide) / 2, kSide, kSide);
+        const QRgb line = isChecked() || underMouse() ? skin::kAccent : skin::kLine;
+        skin::RoundBox(painter, box, QColor(isChecked() ? 0xff4a3218 : skin::kWell), line, 3);
+        if (isChecked()) skin::Tick(painter, box, QColor(skin::kAccent));
+        painter.setPen(isEnabled() ? QColor(skin::kText) : QColor(0xff8d8072));
+        const QRect words = rect().adjusted(kSide + 7, 0, 0, 0);
+        const QString caption =
+            fontMetrics().elidedText(text(), Qt::ElideRight, words.width(), Qt::TextShowMnemonic);
+        painter.drawText(words, Qt::AlignVCenter | Qt::TextShowMnemonic, caption);
+        if (hasFocus()) skin::FocusRing(painter, text().isEmpty() ? box : rect(), 3);
+    }
+};
+
+class ButtonView final : public QPushButton {
+public:
+    ButtonView(const controls::CommandButton& button, QWidget* parent)
+        : QPushButton(parent), button_(button) {
+        setAttribute(Qt::WA_Hover);
+        setAutoDefault(false);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        DrawGround(painter);
+        const QColor ink = Ink();
+        const QPointF centre = QRectF(rect()).center();
+        const std::string& look = button_.Look();
+        if (look == "close") {
+            skin::Cross(painter, centre, ink);
+        } else if (look == "chevron" && DrawChevron(painter, centre, ink)) {
+            // The arrow stands for the caption.
+        } else {
+            painter.setPen(ink);
+            const QString caption =
+                fontMetrics().elidedText(text(), Qt::ElideRight, width() - 8, Qt::TextShowMnemonic);
+            painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, caption);
+        }
+        if (hasFocus()) skin::FocusRing(painter, rect());
+    }
+
+private:
+    void DrawGround(QPainter& painter) const {
+        const bool accent = button_.Look() == "accent" && isEnabled();
+        const bool flat = button_.Look() == "flat" || button_.Look() == "close";
+        if (flat && !underMouse() && !isDown()) return;
+        QRgb fill = accent ? skin::kAccent : skin::kRaised;
+        if (underMouse() && isEnabled()) fill = accent ? 0xfff2b568 : skin::kHover;
+        if (isDown()) fill = accent ? 0xffcf8c3a : skin::kPressed;
+        skin::RoundBox(painter, rect(), QColor(fill), accent ? fill : skin::kLine, skin::kCorner + 1);
+    }
+
+    QColor Ink() const {
+        if (!isEnabled()) return {QColor(0xff8d8072)};
+        if (button_.Look() == "accent") return {QColor(skin::kInk)};
+        if (button_.Look() == "ambertext" || button_.Look() == "chevron") return {QColor(skin::kAccent)};
+        return {QColor(skin::kText)};
+    }
+
+    bool DrawChevron(QPainter& painter, const QPointF& centre, const QColor& ink) const {
+        const QString caption = text();
+        constexpr QStringView kSigns = u"<>^v";
+        constexpr skin::Arrow kArrows[] = {skin::Arrow::Left, skin::Arrow::Right, skin::Arrow::Up,
+                                           skin::Arrow::Down};
+        const qsizetype sign = caption.size() == 1 ? kSigns.indexOf(caption[0]) : -1;
+        if (sign < 0) return false;
+        skin::Chevron(painter, centre, kArrows[sign], ink, 3.5);
+        return true;
+    }
+
+    const controls::CommandButton& button_;
+};
+
+}  // namespace
+
+LineMirror::LineMirror(Stage& stage, controls::Line& line, QWidget* container) : WidgetMirror(stage, line) {
+    SetWidget(new LineView(line, container));
+}
+
+void LineMirror::Place() {
+    const int least = Mirrored().Look() == "pale" ? 2 : 1;
+    QRect rect = PixelRect(Mirrored());
+    if (rect.height() <= rect.width()) {
+        rect.setHeight(std::max(least, rect.height()));
+    } else {
+        rect.setWidth(std::max(least, rect.width()));
+    }
+    Widget()->setGeometry(rect);
+}
+
+ProgressMirror::ProgressMirror(Stage& stage, controls::ProgressBar& bar, QWidget* container)
+    : WidgetMirror(stage, bar), bar_(bar) {
+    auto* view = new ProgressView(container);
+    view->setRange(bar.Min(), bar.Max());
+    SetWidget(view);
+}
+
+void ProgressMirror::Apply(Property property) {
+    WidgetMirror::Apply(property);
+    if (property == Property::Value) static_cast<QProgressBar*>(Widget())->setValue(bar_.Value());
+}
+
+CheckMirror::CheckMirror(Stage& stage, controls::CheckBox& check, QWidget* container)
+    : WidgetMirror(stage, check), check_(check) {
+    auto* view = new CheckView(ToQt(check.Caption()), container);
+    view->setAttribute(Qt::WA_Hover);
+    SetWidget(view);
+    connect(view, &QCheckBox::clicked, this, [this](bool checked) { check_.SetChecked(checked); });
+}
+
+QString CheckMirror::SpokenName() const {
+    return ToQt(check_.Caption()).remove(QLatin1Char('&'));
+}
+
+void CheckMirror::Apply(Property property) {
+    WidgetMirror::Apply(property);
+    if (property == Property::Checked) static_cast<QCheckBox*>(Widget())->setChecked(check_.Checked());
+}
+
+ButtonMirror::ButtonMirror(Stage& stage, controls::CommandButton& button, QWidget* container)
+    : WidgetMirror(stage, button), button_(button) {
+    auto* view = new ButtonView(button, container);
+    SetWidget(view);
+    connect(view, &QPushButton::clicked, this, [this] { button_.Click.Raise(); });
+}
+
+QString ButtonMirror::SpokenName() const {
+    const QString caption = ToQt(button_.Caption()).remove(QLatin1Char('&'));
+    // A drawn arrow says nothing.
+    return caption.size() > 1 ? caption : QString();
+}
+
+void ButtonMirror::Apply(Property property) {
+    if (property == Property::Caption) static_cast<QPushButton*>(Widget())->setText(ToQt(button_.Caption()));
+    WidgetMirror::Apply(property);
+}
+
+bool ButtonMirror::PressEnter() {
+    button_.Click.Raise();
+    return true;
+}
+
+TimerMirror::TimerMirror(Stage& stage, controls::Timer& timer) : Mirror(stage, timer), timer_(timer) {
+    connect(&clock_, &QTimer::timeout, this, [this] { timer_.Tick.Raise(); });
+    Apply(Property::Timer);
+}
+
+void TimerMirror::Apply(Property property) {
+    constexpr int kFineBelowMs = 100;
+    if (property != Property::Timer) return;
+    if (!timer_.Enabled() || timer_.Interval() <= 0) {
+        clock_.stop();
+        return;
+    }
+    clock_.setTimerType(timer_.Interval() < kFineBelowMs ? Qt::PreciseTimer : Qt::CoarseTimer);
+    clock_.start(timer_.Interval());
+}
+
+}  // namespace qt

@@ -1,0 +1,86 @@
+// Mirrors of the small controls: label, image, line, progress bar, check box, button, and of the timer.
+#pragma once
+
+#include <QTimer>
+
+#include "controls/Simple.h"
+#include "platform/qt/WidgetMirror.h"
+
+namespace qt {
+
+class LabelMirror final : public WidgetMirror {
+public:
+    LabelMirror(Stage& stage, controls::Label& label, QWidget* container);
+
+private:
+    void Apply(controls::Property property) override;
+    QString SpokenName() const override;
+    bool PressEnter() override;
+    controls::Label& label_;
+};
+
+class ImageMirror final : public WidgetMirror {
+public:
+    ImageMirror(Stage& stage, controls::Image& image, QWidget* container);
+
+private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool PressEnter() override;
+    void Light();
+    controls::Image& image_;
+};
+
+class LineMirror final : public WidgetMirror {
+public:
+    LineMirror(Stage& stage, controls::Line& line, QWidget* container);
+
+private:
+    void Place() override;
+};
+
+class ProgressMirror final : public WidgetMirror {
+public:
+    ProgressMirror(Stage& stage, controls::ProgressBar& bar, QWidget* container);
+
+private:
+    void Apply(controls::Property property) override;
+    controls::ProgressBar& bar_;
+};
+
+class CheckMirror final : public WidgetMirror {
+public:
+    CheckMirror(Stage& stage, controls::CheckBox& check, QWidget* container);
+
+private:
+    void Apply(controls::Property property) override;
+    bool IsPassive() const override { return false; }
+    QString SpokenName() const override;
+    controls::CheckBox& check_;
+};
+
+class ButtonMirror final : public WidgetMirror {
+public:
+    ButtonMirror(Stage& stage, controls::CommandButton& button, QWidget* container);
+
+private:
+    void Apply(controls::Property property) override;
+    bool IsPassive() const override { return false; }
+    QString SpokenName() const override;
+    bool PressEnter() override;
+    controls::CommandButton& button_;
+};
+
+class TimerMirror final : public Mirror {
+public:
+    TimerMirror(Stage& stage, controls::Timer& timer);
+
+private:
+    void Apply(controls::Property property) override;
+    bool IsUrgent(controls::Property property) const override {
+        return property == controls::Property::Timer;
+    }
+    controls::Timer& timer_;
+    QTimer clock_;
+};
+
+}  // namespace qt

@@ -1,0 +1,85 @@
+// The skin: colours, letters and the looks that a control may ask for by name.
+//
+// A control's Look() is one of the names below; an unknown or empty name is the plain look of its kind.
+//
+//   surfaces    "ground"      the window's own ground            "panel"     a rounded panel
+//               "raised"      a lighter rounded panel            "well"      a dark rounded well
+//               "strip"       the dark strip under menu and tabs "row"       the shaded address row
+//               "bare"        nothing at all
+//   labels      "heading"     small, upper case, wide, muted     "title"     large
+//               "muted"       secondary text                     "status"    small secondary text
+//               "display"     amber text                         "readout"   bright text, centred by its
+//               alignment "accent"      amber text                         "link"      amber, underlined
+//               under the pointer "tab"         text on a tab, dark ink where the face under it is a pale one
+//               "close"       a drawn cross                      "splitter"  a drawn grip
+//   buttons     ""            raised                             "accent"    filled amber, dark ink
+//               "ambertext"   raised, amber text                 "chevron"   "<", ">", "^" or "v" as a drawn
+//               arrow "flat"        nothing until the pointer is on it "close"     a drawn cross
+//   text boxes  ""            a well of its own                  "inset"     no frame: it lies in a well
+//   already bars        "progress"    amber up to its marker             "level"     teal up to its marker
+//               "track"       an empty groove                    (a picture box, label or image; the marker
+//               is the
+//                                                                 first child, or else sibling, with look
+//                                                                 "marker")
+//   markers     "marker"      a cream slider knob                "fademarker" a teal bar
+//   pictures    "round"       a round amber ground               "tool"      a raised ground
+//               "video"       a picture box with a window of its own, for video
+//   lines       ""            a thin line                        "pale"      two pixels in the pale tab's
+//   colour
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPainter>
+#include <QRect>
+#include <string_view>
+
+namespace qt::skin {
+
+inline constexpr QRgb kGround = 0xff1d1916;
+inline constexpr QRgb kStrip = 0xff171310;
+inline constexpr QRgb kPanel = 0xff27211d;
+inline constexpr QRgb kRaised = 0xff342c26;
+inline constexpr QRgb kHover = 0xff40362e;
+inline constexpr QRgb kPressed = 0xff2b241f;
+inline constexpr QRgb kLine = 0xff4b4037;
+inline constexpr QRgb kWell = 0xff171310;
+inline constexpr QRgb kWellOdd = 0xff1b1613;
+inline constexpr QRgb kText = 0xfff2e9de;
+inline constexpr QRgb kMuted = 0xffb9ab9a;
+inline constexpr QRgb kAccent = 0xffe9a24b;
+inline constexpr QRgb kAccentDeep = 0xff7a4d1b;
+inline constexpr QRgb kTeal = 0xff57b8a8;
+inline constexpr QRgb kTealDeep = 0xff1f5c53;
+inline constexpr QRgb kPale = 0xfff2e6d4;
+inline constexpr QRgb kInk = 0xff2a221b;
+inline constexpr QRgb kInkMuted = 0xff5c4c3c;
+inline constexpr QRgb kKnob = 0xfffff4e4;
+
+inline constexpr int kRowHeight = 24;
+inline constexpr int kCorner = 5;
+inline constexpr int kPanelCorner = 7;
+inline constexpr int kTextSize = 13;
+inline constexpr int kSmallSize = 11;
+
+/// The skin's letters, in pixels.
+QFont Letters(int pixels = kTextSize);
+/// Small, wide-set capitals; the text itself has to be in upper case.
+QFont HeadingLetters();
+
+enum class Arrow { Left, Right, Up, Down };
+
+/// A filled rectangle with round corners and a thin line around it, sharp on any scale.
+void RoundBox(QPainter& painter, const QRectF& rect, const QBrush& fill, QRgb line, double corner);
+/// The surface of that look; false, and nothing drawn, when the look is not a surface.
+bool Surface(QPainter& painter, const QRect& rect, std::string_view look);
+/// An amber ring for the control that has the keyboard.
+void FocusRing(QPainter& painter, const QRect& rect, double corner = kCorner);
+void Chevron(QPainter& painter, const QPointF& centre, Arrow arrow, QColor colour, double reach = 4);
+void Cross(QPainter& painter, const QPointF& centre, QColor colour, double reach = 3.5);
+void Tick(QPainter& painter, const QRectF& box, QColor colour);
+/// A groove filled up to `filled` pixels from its left.
+void Groove(QPainter& painter, const QRect& rect, double filled, QRgb from, QRgb to);
+void Knob(QPainter& painter, const QRect& rect);
+
+}  // namespace qt::skin

@@ -1,0 +1,45 @@
+// What the mirrors of controls need of the screen they stand on.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <cstdint>
+#include <string>
+
+#include "controls/Surfaces.h"
+#include "controls/WebBrowser.h"
+
+namespace qt {
+
+class Loop;
+class Mirror;
+class Pictures;
+
+class Stage {
+public:
+    virtual ~Stage() = default;
+
+    /// The mirror has changes to show; its CatchUp is called before the next paint.
+    virtual void CatchUpLater(Mirror& mirror) = 0;
+    /// Counts such calls: the same number twice means that no control has changed in between.
+    virtual std::uint64_t Changes() const = 0;
+    /// Mirrors a control that was put into a container on the screen. No second mirror for one that has one.
+    virtual Mirror* MirrorIn(controls::Control& control, QWidget* container) = 0;
+    /// Null for a control that is not on the screen.
+    virtual Mirror* MirrorOf(const controls::Control& control) const = 0;
+
+    virtual Pictures& SkinPictures() = 0;
+    virtual Loop& Events() = 0;
+    /// A path as a drop brings it, in the form the controls speak.
+    virtual std::string DriveForm(const std::string& native_path) const = 0;
+    /// An engine for the control, at once where that is allowed already; its page stands in `place`.
+    virtual void WantPage(controls::WebBrowser& browser, QWidget& place) = 0;
+
+    /// The window that others are centred over; null when it is not to be seen.
+    virtual QWidget* MainWindow() const = 0;
+    virtual void OnFirstPaint() = 0;
+    /// The window manager has put the keyboard into the window.
+    virtual void OnActivated(controls::Form& form) = 0;
+};
+
+}  // namespace qt

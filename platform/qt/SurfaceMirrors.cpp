@@ -1,0 +1,141 @@
+#include "platform/qt/SurfaceMirrors.h"
+
+#include <QChildEvent>
+#include <QPainter>
+
+#include "platform/qt/Geometry.h"
+#include "platform/qt/Looks.h"
+#include "platform/qt/Skin.h"
+
+namespace qt {
+namespace {
+
+using controls::Property;
+
+constexpr std::string_view kVideo = "video";
+
+class FrameView final : public QWidget {
+public:
+    FrameView(const controls::Frame& frame, QWidget* parent) : QWidget(parent), frame_(frame) {}
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        if (!skin::Surface(painter, rect(), frame_.Look())) skin::Surface(painter, rect(), "panel");
+        if (frame_.Caption().empty()) return;
+        painter.setFont(skin::HeadingLetters());
+        painter.setPen(QColor(skin::kMuted));
+        painter.drawText(rect().adjusted(12, 8, -12, 0), Qt::AlignLeft | Qt::AlignTop,
+                         ToQt(frame_.Caption()).toUpper());
+    }
+
+private:
+    const controls::Frame& frame_;
+};
+
+class PictureView final : public QWidget {
+public:
+    PictureView(const controls::PictureBox& box, QWidget* parent) : QWidget(parent), box_(box) {
+        if (box.Look() == kVideo) {
+            setAttribute(Qt::WA_NativeWindow);
+            setAttribute(Qt::WA_OpaquePaintEvent);
+        }
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        if (DrawBar(painter, rect(), box_) || skin::Surface(painter, rect(), box_.Look())) return;
+        painter.fillRect(rect(), QColor::fromRgb(0xff000000U | box_.BackColor()));
+    }
+
+private:
+    const controls::PictureBox& box_;
+};
+
+class PlaceOfPage final : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPainter(this).fillRect(event->rect(), QColor(skin::kGround));
+    }
+};
+
+void FillWithChildren(const QWidget& place) {
+    for (QObject* child : place.children()) {
+        if (auto* page = qobject_cast<QWidget*>(child)) page->setGeometry(place.rect());
+    }
+}
+
+}  // namespace
+
+void MirrorChildren(Stage& stage, controls::Container& container, QWidget* inside) {
+    for (controls::Control* child : container.Children())
+        stage.MirrorIn(*child, inside);
+}
+
+FrameMirror::FrameMirror(Stage& stage, controls::Frame& frame, QWidget* container)
+    : WidgetMirror(stage, frame) {
+    SetWidget(new FrameView(frame, container));
+    MirrorChildren(stage, frame, Widget());
+}
+
+PictureBoxMirror::PictureBoxMirror(Stage& stage, controls::PictureBox& box, QWidget* container)
+    : WidgetMirror(stage, box), box_(box) {
+    SetWidget(new PictureView(box, container));
+    if (box.Look() == kVideo) box_.SetHandle(static_cast<std::int64_t>(Widget()->winId()));
+    MirrorChildren(stage, box, Widget());
+}
+
+bool PictureBoxMirror::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::WinIdChange && box_.Look() == kVideo) {
+        box_.SetHandle(static_cast<std::int64_t>(Widget()->internalWinId()));
+    }
+    return WidgetMirror::eventFilter(watched, event);
+}
+
+void PictureBoxMirror::PlaceChildren() {
+    for (controls::Control* child : box_.Children()) {
+        const Mirror* mirror = stage_.MirrorOf(*child);
+        if (mirror != nullptr && mirror->Widget() != nullptr)
+            mirror->Widget()->setGeometry(PixelRect(*child));
+    }
+}
+
+void PictureBoxMirror::Apply(Property property) {
+    WidgetMirror::Apply(property);
+    if (property == Property::Scale || property == Property::Geometry) PlaceChildren();
+}
+
+BrowserMirror::BrowserMirror(Stage& stage, controls::WebBrowser& browser, QWidget* container)
+    : WidgetMirror(stage, browser), browser_(browser) {
+    SetWidget(new PlaceOfPage(container));
+    if (!browser.WaitingAddress().empty()) stage.WantPage(browser, *Widget());
+}
+
+BrowserMirror::~BrowserMirror() {
+    browser_.Attach(nullptr);
+}
+
+void BrowserMirror::Apply(Property property) {
+    if (property != Property::Value) {
+        WidgetMirror::Apply(property);
+    } else if (browser_.Engine() == nullptr) {
+        stage_.WantPage(browser_, *Widget());
+    }
+}
+
+bool BrowserMirror::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == Widget()) {
+        if (event->type() == QEvent::Resize) FillWithChildren(*Widget());
+        if (event->type() == QEvent::ChildAdded) {
+            auto* page = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child());
+            if (page != nullptr) page->setGeometry(Widget()->rect());
+        }
+    }
+    return WidgetMirror::eventFilter(watched, event);
+}
+
+}  // namespace qt

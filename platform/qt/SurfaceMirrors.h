@@ -1,0 +1,44 @@
+// Mirrors of what others stand in, besides windows: frame, picture box and the place of a page.
+#pragma once
+
+#include "controls/Surfaces.h"
+#include "controls/WebBrowser.h"
+#include "platform/qt/WidgetMirror.h"
+
+namespace qt {
+
+/// Makes the mirrors of everything that stands in `container`, bottom first.
+void MirrorChildren(Stage& stage, controls::Container& container, QWidget* inside);
+
+class FrameMirror final : public WidgetMirror {
+public:
+    FrameMirror(Stage& stage, controls::Frame& frame, QWidget* container);
+};
+
+class PictureBoxMirror final : public WidgetMirror {
+public:
+    PictureBoxMirror(Stage& stage, controls::PictureBox& box, QWidget* container);
+
+private:
+    void Apply(controls::Property property) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void PlaceChildren();
+    controls::PictureBox& box_;
+};
+
+/// Holds the page's widget, which fills it, once there is one.
+class BrowserMirror final : public WidgetMirror {
+public:
+    BrowserMirror(Stage& stage, controls::WebBrowser& browser, QWidget* container);
+    ~BrowserMirror() override;
+
+private:
+    void Apply(controls::Property property) override;
+    bool IsUrgent(controls::Property property) const override {
+        return property == controls::Property::Value;
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    controls::WebBrowser& browser_;
+};
+
+}  // namespace qt

@@ -1,0 +1,243 @@
+#include "platform/qt/WidgetMirror.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
+
+#include "controls/Simple.h"
+#include "platform/qt/Drops.h"
+#include "platform/qt/Geometry.h"
+#include "platform/qt/Keys.h"
+
+namespace qt {
+namespace {
+
+using controls::Property;
+
+controls::CommandButton* FindButton(const controls::Container& container, int key_code) {
+    for (controls::Control* child : container.Children()) {
+        if (!child->Visible() || !child->Enabled()) continue;
+        if (child->ControlKind() == controls::Kind::CommandButton) {
+            auto& button = static_cast<controls::CommandButton&>(*child);
+            if (key_code == controls::kKeyEnter ? button.IsDefault() : button.IsCancel()) return &button;
+        } else if (auto* inner = dynamic_cast<controls::Container*>(child)) {
+            if (auto* button = FindButton(*inner, key_code)) return button;
+        }
+    }
+    return nullptr;
+}
+
+controls::Control& Outermost(controls::Control& control) {
+    controls::Control* outer = &control;
+    while (outer->Parent() != nullptr)
+        outer = outer->Parent();
+    return *outer;
+}
+
+/// "cmdNewUser" as a person would say it: "New User".
+QString WordsOf(const QString& name) {
+    qsizetype start = 0;
+    while (start < name.size() && name[start].isLower())
+        ++start;
+    if (start > 4 || start == name.size()) start = 0;
+    QString words;
+    for (qsizetype i = start; i < name.size(); ++i) {
+        if (i > start && name[i].isUpper() && name[i - 1].isLower()) words += QLatin1Char(' ');
+        words += name[i];
+    }
+    return words;
+}
+
+}  // namespace
+
+void WidgetMirror::SetWidget(QWidget* widget, QWidget* surface) {
+    widget_ = widget;
+    surface_ = surface != nullptr ? surface : widget;
+    widget->setObjectName(ToQt(Mirrored().Name()));
+    widget->setAttribute(Qt::WA_NoMousePropagation);
+    widget->setAcceptDrops(true);
+    WatchInput(widget);
+    if (surface_ != widget) WatchInput(surface_);
+}
+
+void WidgetMirror::WatchInput(QWidget* part) {
+    part->setMouseTracking(true);
+    part->setAcceptDrops(true);
+    part->installEventFilter(this);
+}
+
+void WidgetMirror::ShowAll() {
+    for (const Property property :
+         {Property::Geometry, Property::Caption, Property::Items, Property::Text, Property::ListIndex,
+          Property::Checked, Property::Value, Property::Picture, Property::Colour, Property::ToolTip,
+          Property::Enabled, Property::Visible}) {
+        Apply(property);
+    }
+}
+
+QString WidgetMirror::SpokenName() const {
+    return {};
+}
+
+void WidgetMirror::Place() {
+    widget_->setGeometry(PixelRect(Mirrored()));
+}
+
+void WidgetMirror::Apply(Property property) {
+    controls::Control& control = Mirrored();
+    switch (property) {
+        case Property::Visible:
+            widget_->setVisible(control.Visible());
+            break;
+        case Property::Enabled:
+            widget_->setEnabled(control.Enabled());
+            break;
+        case Property::Geometry:
+            Place();
+            // A bar is filled up to its marker.
+            if (control.Look() == "marker" && widget_->parentWidget() != nullptr)
+                widget_->parentWidget()->update();
+            break;
+        case Property::ToolTip:
+        case Property::Caption: {
+            widget_->setToolTip(ToQt(control.ToolTipText()));
+            QString name = ToQt(control.AccessibleName());
+            if (name.isEmpty()) name = SpokenName();
+            if (name.isEmpty()) name = ToQt(control.ToolTipText());
+            widget_->setAccessibleName(name.isEmpty() ? WordsOf(ToQt(control.Name())) : name);
+            widget_->update();
+            break;
+        }
+        case Property::Parent:
+            if (control.Parent() != nullptr) {
+                if (Mirror* container = stage_.MirrorOf(*control.Parent())) {
+                    widget_->setParent(container->Inside());
+                    Place();
+                    widget_->setVisible(control.Visible());
+                }
+            }
+            break;
+        case Property::ZOrder:
+            widget_->raise();
+            break;
+        case Property::Focus:
+            widget_->setFocus(Qt::OtherFocusReason);
+            break;
+        default:
+            surface_->update();
+    }
+}
+
+QPointF WidgetMirror::Point(const QPointF& in_surface) const {
+    return InScaleOf(Mirrored(), in_surface);
+}
+
+bool WidgetMirror::MousePressed(const QMouseEvent& event) {
+    pressed_ = event.button() == Qt::LeftButton;
+    const QPointF at = Point(event.position());
+    Mirrored().MouseDown.Raise(ButtonNumber(event.button()), ShiftState(event.modifiers()), at.x(), at.y());
+    return IsPassive();
+}
+
+bool WidgetMirror::MouseDoubled(const QMouseEvent& event) {
+    if (!IsPassive()) return false;
+    // Two quick clicks are two clicks where nobody listens for a double one.
+    if (event.button() != Qt::LeftButton || !Mirrored().DblClick.IsClaimed()) return MousePressed(event);
+    pressed_ = false;
+    Mirrored().DblClick.Raise();
+    return true;
+}
+
+bool WidgetMirror::MouseMoved(const QMouseEvent& event) {
+    const QPointF at = Point(event.position());
+    Mirrored().MouseMove.Raise(ButtonNumbers(event.buttons()), ShiftState(event.modifiers()), at.x(), at.y());
+    return IsPassive();
+}
+
+bool WidgetMirror::MouseReleased(const QMouseEvent& event) {
+    const bool click = pressed_ && event.button() == Qt::LeftButton && IsPassive() &&
+                       surface_->rect().contains(event.position().toPoint());
+    pressed_ = false;
+    const QPointF at = Point(event.position());
+    Mirrored().MouseUp.Raise(ButtonNumber(event.button()), ShiftState(event.modifiers()), at.x(), at.y());
+    if (click) Mirrored().Click.Raise();
+    return IsPassive();
+}
+
+bool WidgetMirror::PressWindowButton(int key_code) {
+    auto* form = dynamic_cast<controls::Container*>(&Outermost(Mirrored()));
+    controls::CommandButton* button = form != nullptr ? FindButton(*form, key_code) : nullptr;
+    if (button == nullptr) return false;
+    button->Click.Raise();
+    return true;
+}
+
+bool WidgetMirror::KeyPressed(const QKeyEvent& event) {
+    const int code = KeyCode(event.key(), event.modifiers());
+    if (code == 0) return false;
+    const int shift = ShiftState(event.modifiers());
+    const bool claimed = Mirrored().KeyDown.IsClaimed();
+    if (shift == 0 && !claimed && code == controls::kKeyEnter && PressEnter()) return true;
+    const bool window_key = code == controls::kKeyEnter || code == controls::kKeyEscape;
+    if (shift == 0 && !claimed && window_key && PressWindowButton(code)) return true;
+    const std::uint64_t changes = stage_.Changes();
+    for (controls::Control* control = &Mirrored(); control != nullptr; control = control->Parent()) {
+        if (!control->KeyDown.IsClaimed()) continue;
+        control->KeyDown.Raise(code, shift);
+        break;
+    }
+    // A key handler that let Enter pass without a trace leaves it to the control.
+    return claimed && shift == 0 && code == controls::kKeyEnter && changes == stage_.Changes() &&
+           PressEnter();
+}
+
+void WidgetMirror::FocusCame(const QFocusEvent& event) {
+    if (event.reason() == Qt::PopupFocusReason || event.reason() == Qt::ActiveWindowFocusReason) return;
+    Mirrored().GotFocus.Raise();
+}
+
+bool WidgetMirror::Dropped(QEvent& event) {
+    if (!Mirrored().OLEDragDrop.IsClaimed()) return false;
+    auto& drop = static_cast<QDropEvent&>(event);
+    if (!IsDroppable(*drop.mimeData())) return false;
+    drop.setDropAction(Qt::CopyAction);
+    drop.accept();
+    if (event.type() != QEvent::Drop) return true;
+    const controls::DropData data =
+        DropDataOf(*drop.mimeData(), [this](const std::string& path) { return stage_.DriveForm(path); });
+    const QPointF at = Point(drop.position());
+    Mirrored().OLEDragDrop.Raise(data, at.x(), at.y());
+    return true;
+}
+
+bool WidgetMirror::eventFilter(QObject* watched, QEvent* event) {
+    const auto* part = static_cast<const QWidget*>(watched);
+    if (!part->isEnabled()) return false;
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+            return watched == surface_ && MousePressed(static_cast<QMouseEvent&>(*event));
+        case QEvent::MouseButtonDblClick:
+            return watched == surface_ && MouseDoubled(static_cast<QMouseEvent&>(*event));
+        case QEvent::MouseMove:
+            return watched == surface_ && MouseMoved(static_cast<QMouseEvent&>(*event));
+        case QEvent::MouseButtonRelease:
+            return watched == surface_ && MouseReleased(static_cast<QMouseEvent&>(*event));
+        case QEvent::KeyPress:
+            // Qt offers the same press to the containers next.
+            if (QApplication::focusWidget() != nullptr && watched != QApplication::focusWidget())
+                return false;
+            return KeyPressed(static_cast<QKeyEvent&>(*event));
+        case QEvent::FocusIn:
+            FocusCame(static_cast<QFocusEvent&>(*event));
+            return false;
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop:
+            return Dropped(*event);
+        default:
+            return false;
+    }
+}
+
+}  // namespace qt

@@ -1,0 +1,54 @@
+// What all visible controls have in common: place, visibility, tool tip, the mouse, the keyboard, drops.
+#pragma once
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include "platform/qt/Mirror.h"
+
+namespace qt {
+
+class WidgetMirror : public Mirror {
+public:
+    QWidget* Widget() const override { return widget_; }
+
+    /// Shows everything as it stands; called once, after the widget was made.
+    void ShowAll();
+
+protected:
+    WidgetMirror(Stage& stage, controls::Control& control) : Mirror(stage, control) {}
+
+    /// To be called by the constructor of the kind. `surface` is the part of the widget that the person
+    /// points at, when that is another widget.
+    void SetWidget(QWidget* widget, QWidget* surface = nullptr);
+    /// One more part of the widget that takes the keyboard.
+    void WatchInput(QWidget* part);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void Apply(controls::Property property) override;
+
+    /// A widget with no behaviour of its own: the mouse belongs to the control alone.
+    virtual bool IsPassive() const { return true; }
+    /// What a screen reader says when the control was given no better name.
+    virtual QString SpokenName() const;
+    virtual void Place();
+    /// Enter on the control itself; true when it did something.
+    virtual bool PressEnter() { return false; }
+
+private:
+    bool MousePressed(const QMouseEvent& event);
+    bool MouseDoubled(const QMouseEvent& event);
+    bool MouseMoved(const QMouseEvent& event);
+    bool MouseReleased(const QMouseEvent& event);
+    bool KeyPressed(const QKeyEvent& event);
+    bool PressWindowButton(int key_code);
+    bool Dropped(QEvent& event);
+    void FocusCame(const QFocusEvent& event);
+    QPointF Point(const QPointF& in_surface) const;
+
+    QPointer<QWidget> widget_;
+    QWidget* surface_ = nullptr;
+    bool pressed_ = false;
+};
+
+}  // namespace qt
