@@ -18,7 +18,7 @@ QString Pictures::FileOf(const QString& name) const {
     while (path.startsWith(QLatin1Char('/')))
         path.remove(0, 1);
     const bool bare = !path.contains(QLatin1Char('/'));
-    if (bare) path.prepend(QLatin1String("images/"));
+    if (bare) path = QLatin1String("images/") + path.toLower();
     if (QFileInfo(path).suffix().isEmpty()) path += QLatin1String(".png");
     return folder_ + QLatin1Char('/') + path;
 }

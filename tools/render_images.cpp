@@ -1,0 +1,63 @@
+// Renders the skin's drawings: render_images OUT_FOLDER DRAWING.svg...
+//
+// Each drawing gives a picture of its own size and a twin "@2x" of twice that size. The faces of the tabs are
+// bitmaps on the colour of the strip they stand on, all others have a clear ground. A drawing that cannot be
+// read, or has no size, ends the build.
+#include <QByteArray>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <array>
+#include <cstdio>
+
+namespace {
+
+constexpr QRgb kStrip = 0xff171310;
+constexpr std::array kBitmaps = {"pale", "dark", "musictab_pale", "musictab_dark"};
+
+bool IsBitmap(const QString& name) {
+    for (const char* bitmap : kBitmaps) {
+        if (name == QLatin1String(bitmap)) return true;
+    }
+    return false;
+}
+
+bool Render(QSvgRenderer& drawing, const QString& folder, const QString& name, int scale) {
+    const bool bitmap = IsBitmap(name);
+    QImage image(drawing.defaultSize() * scale,
+                 bitmap ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+    image.fill(bitmap ? QColor(kStrip) : QColor(Qt::transparent));
+    QPainter painter(&image);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    drawing.render(&painter);
+    painter.end();
+    const QString twin = scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale);
+    return image.save(folder + QLatin1Char('/') + name + twin + QLatin1String(bitmap ? ".bmp" : ".png"));
+}
+
+bool RenderBoth(const QString& file, const QString& folder) {
+    QSvgRenderer drawing;
+    if (!drawing.load(file) || drawing.defaultSize().isEmpty()) return false;
+    const QString name = QFileInfo(file).completeBaseName();
+    return Render(drawing, folder, name, 1) && Render(drawing, folder, name, 2);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 3) {
+        std::fputs("usage: render_images OUT_FOLDER DRAWING.svg...\n", stderr);
+        return 2;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    for (const QString& file : arguments.mid(2)) {
+        if (RenderBoth(file, arguments[1])) continue;
+        std::fprintf(stderr, "%s: no drawing, or no place to put it\n", qPrintable(file));
+        return 1;
+    }
+    return 0;
+}
