@@ -67,7 +67,7 @@ std::string Padded(std::int64_t value, int digits) {
     std::string text = std::to_string(value < 0 ? -value : value);
     const auto wanted = static_cast<std::size_t>(digits < 0 ? 0 : digits);
     if (text.size() < wanted) text.insert(0, wanted - text.size(), '0');
-    if (value < 0) text.insert(0, "-");
+    if (value < 0) text.insert(text.begin(), '-');
     return text;
 }
 
