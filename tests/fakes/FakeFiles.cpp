@@ -115,8 +115,7 @@ ports::FileResult FakeFiles::MakeFolder(std::string_view path) {
     const std::string key = Key(path);
     if (nodes_.contains(key)) return ports::FileResult::AlreadyThere;
     const auto parent = nodes_.find(ParentOf(key));
-    if (key.empty() || parent == nodes_.end()) return ports::FileResult::Missing;
-    if (!parent->second.is_folder) return ports::FileResult::Failed;
+    if (key.empty() || parent == nodes_.end() || !parent->second.is_folder) return ports::FileResult::Missing;
     nodes_[key].is_folder = true;
     return ports::FileResult::Done;
 }
@@ -140,11 +139,9 @@ ports::FileResult FakeFiles::WriteText(std::string_view path, std::string_view b
     if (forced_result_ != ports::FileResult::Done) return forced_result_;
     const std::string key = Key(path);
     const auto parent = nodes_.find(ParentOf(key));
-    if (key.empty() || parent == nodes_.end()) return ports::FileResult::Missing;
+    if (key.empty() || parent == nodes_.end() || !parent->second.is_folder) return ports::FileResult::Missing;
     const auto there = nodes_.find(key);
-    if (!parent->second.is_folder || (there != nodes_.end() && there->second.is_folder)) {
-        return ports::FileResult::Failed;
-    }
+    if (there != nodes_.end() && there->second.is_folder) return ports::FileResult::Failed;
     nodes_[key] = {false, true, std::string(bytes)};
     return ports::FileResult::Done;
 }

@@ -1,0 +1,44 @@
+#include <poll.h>
+
+#include <future>
+
+#include "contracts/InstanceLockContract.h"
+#include "platform/linux/Bench.h"
+#include "platform/linux/LinuxInstanceLock.h"
+
+namespace contracts {
+namespace {
+
+// Serves `first`, as its event loop would, until the other side is done.
+bool ServeUntilDone(ports::InstanceLock& first, std::future<bool> done) {
+    constexpr int kMilliseconds = 5;
+    while (done.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+        pollfd wanted{first.FileDescriptor(), POLLIN, 0};
+        if (::poll(&wanted, 1, kMilliseconds) > 0) first.Serve();
+    }
+    return done.get();
+}
+
+class LinuxBench final : public InstanceBench {
+public:
+    ~LinuxBench() override { ::chmod(folder_.Path().c_str(), 0700); }
+    std::unique_ptr<ports::InstanceLock> Start() override {
+        return std::make_unique<linux_os::LinuxInstanceLock>(folder_.Path());
+    }
+    bool HandOver(ports::InstanceLock& second, ports::InstanceLock& first, const std::string& text) override {
+        return ServeUntilDone(
+            first, std::async(std::launch::async, [&second, &text] { return second.HandOff(text); }));
+    }
+    void MakeUnusable() override { ASSERT_EQ(::chmod(folder_.Path().c_str(), 0500), 0); }
+
+private:
+    linux_bench::PlayFolder folder_;
+    linux_bench::Unprivileged rights_{folder_};
+};
+
+INSTANTIATE_TEST_SUITE_P(Linux, InstanceLockContract,
+                         testing::Values(MakeInstanceBench([] { return std::make_unique<LinuxBench>(); })),
+                         [](const auto&) { return "Linux"; });
+
+}  // namespace
+}  // namespace contracts
