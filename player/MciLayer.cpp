@@ -1,0 +1,169 @@
+#include "player/MciLayer.h"
+
+#include "base/Number.h"
+#include "base/Text.h"
+
+namespace player {
+namespace {
+
+constexpr int kReplyLength = 128;
+constexpr int kErrorLength = 128;
+constexpr std::size_t kShortPathLength = 255;
+// The style bit of a child window.
+constexpr std::int64_t kChildWindowStyle = 0x40000000;
+constexpr int kDeviceUnits = 10;
+constexpr std::int64_t kFailed = -1;
+constexpr char kFill = '\0';
+
+std::string Text(std::int64_t number) {
+    return base::ToText(number);
+}
+
+std::string Join(std::string_view verb, std::string_view alias, std::string_view rest = {}) {
+    std::string command(verb);
+    command.append(alias).append(rest);
+    return command;
+}
+
+bool IsOneSide(std::string_view channel) {
+    return base::EqualIgnoringCase(channel, "left") || base::EqualIgnoringCase(channel, "right");
+}
+
+}  // namespace
+
+MciLayer::MciLayer(ports::MediaControl& media, const ports::WindowServices& windows,
+                   const ports::Files& files)
+    : media_(media), windows_(windows), files_(files) {}
+
+std::string MciLayer::MciOpen(std::int64_t parent, std::string_view alias, std::string_view path,
+                              std::string_view device_type) {
+    const std::string short_path = files_.GetShortPathName(path);
+    std::string command = "open ";
+    command.append(base::Left(short_path, kShortPathLength)).append(" type ").append(device_type);
+    command.append(" Alias ").append(alias).append(" parent ").append(Text(parent));
+    command.append(" Style ").append(Text(kChildWindowStyle));
+    return Command(command);
+}
+
+std::string MciLayer::MciPlay(std::string_view alias, std::string_view from, std::string_view to) {
+    const std::string first = from.empty() ? "0" : std::string(from);
+    const std::string last = to.empty() ? Text(MciLengthFrames(alias)) : std::string(to);
+    return Command(Join("play ", alias, " from " + first + " to " + last));
+}
+
+std::string MciLayer::MciClose(std::string_view alias) {
+    return Command(Join("Close ", alias));
+}
+
+std::string MciLayer::MciPause(std::string_view alias) {
+    return Command(Join("Pause ", alias));
+}
+
+std::string MciLayer::MciStop(std::string_view alias) {
+    return Command(Join("Stop ", alias));
+}
+
+std::string MciLayer::MciResume(std::string_view alias) {
+    return Command(Join("Resume ", alias));
+}
+
+std::string MciLayer::MciStatusMode(std::string_view alias) {
+    std::string reply;
+    if (!Ask(Join("status ", alias, " mode"), reply)) return std::string(kMciModeError);
+    // What the device left of the buffer tells where its answer ends: the last character is the fill.
+    return reply.substr(0, reply.find(reply.back()));
+}
+
+std::int64_t MciLayer::MciLengthFrames(std::string_view alias) {
+    SetTimeFormat(alias, "frames");
+    return AskNumber(Join("status ", alias, " length"));
+}
+
+std::int64_t MciLayer::MciLengthMs(std::string_view alias) {
+    SetTimeFormat(alias, "ms");
+    const std::int64_t length = AskNumber(Join("status ", alias, " length"));
+    SetTimeFormat(alias, "frames");
+    return length;
+}
+
+std::string MciLayer::MciSeekAndPlay(std::string_view alias, std::int64_t position) {
+    const std::string result = Command(Join("seek ", alias, " to " + Text(position)));
+    Command(Join("Play ", alias));
+    return result;
+}
+
+std::int64_t MciLayer::MciPosition(std::string_view alias) {
+    return AskNumber(Join("status ", alias, " position"));
+}
+
+std::string MciLayer::MciPutWindow(std::int64_t window, std::string_view alias, int x, int y, int& width,
+                                   int& height) {
+    if (width == 0 || height == 0) {
+        ports::WindowRect rect;
+        windows_.GetWindowRect(window, rect);
+        width = rect.right - rect.left;
+        height = rect.bottom - rect.top;
+    }
+    return Command(Join("put ", alias,
+                        " window at " + Text(x) + " " + Text(y) + " " + Text(width) + " " + Text(height)));
+}
+
+std::int64_t MciLayer::MciPercentPlayed(std::string_view alias) {
+    const std::int64_t length = MciLengthFrames(alias);
+    const std::int64_t position = MciPosition(alias);
+    if (length == kFailed || position == kFailed || length == 0) return kFailed;
+    return base::RoundHalfEven(static_cast<double>(position) * 100.0 / static_cast<double>(length));
+}
+
+std::int64_t MciLayer::MciFramesPerSecond(std::string_view alias) {
+    const std::int64_t milliseconds = MciLengthMs(alias);
+    const std::int64_t frames = MciLengthFrames(alias);
+    if (milliseconds == kFailed || frames == kFailed || milliseconds == 0) return kFailed;
+    return base::RoundHalfEven(static_cast<double>(frames) / (static_cast<double>(milliseconds) / 1000.0));
+}
+
+std::string MciLayer::MciCloseAll() {
+    return Command("Close All");
+}
+
+std::string MciLayer::MciSetVolume(std::string_view alias, std::string_view channel, int percent) {
+    if (percent < 0 || percent > 100) return std::string(kMciOutOfVolume);
+    const std::string side = IsOneSide(channel) ? " " + std::string(channel) : std::string();
+    return Command(Join("setaudio ", alias, side + " Volume to " + Text(percent * kDeviceUnits)));
+}
+
+std::int64_t MciLayer::MciGetVolume(std::string_view alias, std::string_view channel) {
+    const std::string side = IsOneSide(channel) ? " " + std::string(channel) : std::string();
+    std::string reply;
+    if (!Ask(Join("status ", alias, side + " Volume"), reply)) return kFailed;
+    return base::RoundHalfEven(base::Val(reply) / kDeviceUnits);
+}
+
+std::string MciLayer::MciSetSpeed(std::string_view alias, int speed) {
+    return Command(Join("set ", alias, " speed " + Text(std::int64_t{speed} * kDeviceUnits)));
+}
+
+std::string MciLayer::Command(const std::string& command) {
+    std::string no_reply = "0";
+    const int error = media_.SendString(command, &no_reply, 0, 0);
+    if (error == 0) return std::string(kMciSuccess);
+    std::string text;
+    media_.ErrorString(error, text, kErrorLength);
+    return text;
+}
+
+bool MciLayer::Ask(const std::string& command, std::string& reply) {
+    reply.assign(kReplyLength, kFill);
+    return media_.SendString(command, &reply, kReplyLength, 0) == 0;
+}
+
+std::int64_t MciLayer::AskNumber(const std::string& command) {
+    std::string reply;
+    return Ask(command, reply) ? base::RoundHalfEven(base::Val(reply)) : kFailed;
+}
+
+void MciLayer::SetTimeFormat(std::string_view alias, std::string_view format) {
+    Command(Join("set ", alias, " time format " + std::string(format)));
+}
+
+}  // namespace player
