@@ -1,0 +1,47 @@
+// Swings the current song between the left and the right speaker, at full level whatever the slider shows.
+//
+// tmrPanning counts the steps of a sweep at every tick; levels go out only while a sweep is chosen, the sound
+// is on and no crossfade runs.
+#pragma once
+
+#include "controls/Event.h"
+#include "player/MciLayer.h"
+#include "player/PlayerControls.h"
+#include "player/PlayerState.h"
+#include "player/Roles.h"
+
+namespace player {
+
+class PanningRoom final : public Panning {
+public:
+    PanningRoom(PanningControls& controls, PanningMenu menu, const controls::Timer& tmrFade, MciLayer& mci,
+                const PlaybackState& state, Volume& volume);
+
+    void SetPanningRunning(bool running) override;
+    void mnuPanOff_Click() override;
+
+private:
+    void tmrPanning_Tick();
+    void mnuPanInstant_Click();
+    void mnuPanQuick_Click();
+    void mnuPanMedium_Click();
+    void mnuPanLong_Click();
+    void UnTickPanning();
+    void TakePanning(controls::Menu& entry, int interval_ms);
+    void PanningOn();
+    void StepInstant();
+    void StepSweep();
+    void SendLevels(int left, int right);
+
+    PanningControls& controls_;
+    PanningMenu menu_;
+    const controls::Timer& tmrFade_;
+    MciLayer& mci_;
+    const PlaybackState& state_;
+    Volume& volume_;
+    std::int16_t PanStep_ = 0;
+    bool PanReversed_ = false;
+    controls::EventClaims claims_;
+};
+
+}  // namespace player

@@ -1,0 +1,260 @@
+// The controls of the player on the main window. The constructors give them their looks, the places inside
+// their own bars and a size that stays; what depends on the window's size is the layout's.
+//
+// Each small struct is the group of one room; the three bigger ones only put groups together for the window.
+#pragma once
+
+#include "controls/Lists.h"
+#include "controls/Menu.h"
+#include "controls/Simple.h"
+#include "controls/Surfaces.h"
+
+namespace player {
+
+/// imgVol's Left is the level: 17.85 units of its bar are one percent.
+inline constexpr double kUnitsPerPercent = 17.85;
+inline constexpr double kFullVolumeLeft = 1785;
+/// Units across the speed bar; its middle is the normal speed.
+inline constexpr double kSpeedBarScale = 200;
+
+/// Markers keep this width on the screen, whatever the scale of their bar.
+inline constexpr double kMarkerWidth = 120;
+
+/// Gives a marker its width again, in the units of the bar it stands on.
+void KeepMarkerWidth(controls::Label& marker, const controls::PictureBox& bar);
+
+/// Play, pause, stop: each a plain picture and its bright twin, which takes the click.
+struct PlayButtonControls {
+    PlayButtonControls();
+
+    controls::Image imgPlay{"imgPlay", "play"};
+    controls::Image imgPlayOver{"imgPlayOver", "playover"};
+    controls::Image imgPause{"imgPause", "pause"};
+    controls::Image imgPauseOver{"imgPauseOver", "pauseover"};
+    controls::Image imgStop{"imgStop", "stop"};
+    controls::Image imgStopOver{"imgStopOver", "stopover"};
+};
+
+/// Repeat on and off.
+struct PlayModeControls {
+    PlayModeControls();
+
+    controls::Image imgRepeat{"imgRepeat", "repeat"};
+    controls::Image imgRepeatOver{"imgRepeatOver", "repeatover"};
+    controls::Image imgNoRepeat{"imgNoRepeat", "norepeat"};
+    controls::Image imgNoRepeatOver{"imgNoRepeatOver", "norepeatover"};
+};
+
+/// What plays: its title scrolls in picTrackTitle.
+struct TitleControls {
+    TitleControls();
+
+    controls::PictureBox picTrackTitle{"picTrackTitle"};
+    controls::Label lblTrack{"lblTrack"};
+    controls::Label lblNoFile{"lblNoFile", "File not found"};  ///< the file asked for cannot be played
+    controls::Label lblFileNowPlaying{"lblFileNowPlaying"};    ///< hidden; full path of the current file
+    controls::Label lblQuote{"lblQuote", "\""};                ///< hidden; the double quote
+};
+
+/// Where the song stands. The scale unit of picSongProgress is the second.
+struct ProgressControls {
+    ProgressControls();
+
+    controls::PictureBox picRunningTime{"picRunningTime"};
+    controls::Label lblRunningTime{"lblRunningTime", "0:00/0:00"};
+    controls::PictureBox picSongProgress{"picSongProgress"};
+    controls::Label lblProgress{"lblProgress"};
+    controls::Timer tmrPlay{"tmrPlay", 50, true};
+};
+
+/// The panel that the transport stands on.
+struct PanelControls {
+    PanelControls();
+
+    controls::Frame fraControls{"fraControls"};
+    controls::Image imgControlsBG{"imgControlsBG"};
+};
+
+/// The start-fade marker on picSongProgress and the ramp between two songs.
+struct FadeControls {
+    FadeControls();
+
+    controls::Label lblStartFade{"lblStartFade"};
+    controls::Timer tmrFade{"tmrFade", 60};
+};
+
+/// The level. imgVol and lblVol stand in picVolume, lblVol at its left end, so that a press on lblVol is a
+/// Left of imgVol; imgVol lets the mouse through to lblVol (its look says so).
+struct VolumeControls {
+    VolumeControls();
+
+    controls::PictureBox picVolume{"picVolume"};
+    controls::Label lblVol{"lblVol"};
+    controls::Image imgVol{"imgVol", "knob"};
+    controls::Label lblMute{"lblMute", "Mute"};  ///< shows while the sound is off
+};
+
+/// The speed, 0 to 200 with the normal speed at 100.
+struct SpeedControls {
+    SpeedControls();
+
+    controls::PictureBox picSpeed{"picSpeed"};
+    controls::Label lblSongSpeed{"lblSongSpeed"};
+    controls::Label lblSpeedLabel{"lblSpeedLabel", "SPEED"};
+};
+
+struct PanningControls {
+    controls::Timer tmrPanning{"tmrPanning", 100};
+};
+
+/// The hidden play order: an entry of fewer than 8 characters is a SongID, any longer one a file path.
+struct PlayOrderControls {
+    PlayOrderControls();
+
+    controls::ListBox lstNowPlaying{"lstNowPlaying"};
+};
+
+/// The cue list; lstCuedSongsPath runs parallel to lstCuedSongs.
+struct CueControls {
+    CueControls();
+
+    controls::Label lblCuedLabel{"lblCuedLabel", "UP NEXT"};
+    controls::ListBox lstCuedSongs{"lstCuedSongs"};
+    controls::ListBox lstCuedSongsPath{"lstCuedSongsPath"};  ///< hidden
+    controls::Image imgCueSong{"imgCueSong", "cuesong"};
+    controls::Image imgCueSongOver{"imgCueSongOver", "cuesongover"};
+    controls::Image imgUnCue{"imgUnCue", "uncue"};
+    controls::Image imgUnCueOver{"imgUnCueOver", "uncueover"};
+};
+
+/// The transport: everything that stands in fraControls but the levels.
+struct TransportControls : PlayButtonControls,
+                           PlayModeControls,
+                           TitleControls,
+                           ProgressControls,
+                           PanelControls {
+    /// Puts fraControls with all that stands in it, and the repeat pictures, into the music pane.
+    void PutInto(controls::Container& pane);
+};
+
+/// The levels, in the transport's panel; the start-fade marker stands on the song bar.
+struct LevelControls : FadeControls, VolumeControls, SpeedControls, PanningControls {
+    void PutInto(TransportControls& transport);
+};
+
+struct QueueControls : PlayOrderControls, CueControls {
+    void PutInto(controls::Container& pane);
+};
+
+/// Between the upper library lists and the tracks.
+struct SplitterControls {
+    SplitterControls();
+
+    controls::Label lblSlider{"lblSlider"};
+};
+
+/// Where an attached video shows, and the button that puts a floating one back.
+struct VideoPaneControls {
+    VideoPaneControls();
+
+    controls::PictureBox picVideo{"picVideo"};
+    controls::CommandButton cmdAttachVid{"cmdAttachVid", "Attach"};
+};
+
+/// All of it.
+struct PlayerControls {
+    TransportControls transport;
+    LevelControls levels;
+    QueueControls queue;
+    SplitterControls splitter;
+    VideoPaneControls video;
+
+    /// Puts everything but picVideo into the music pane, and picVideo into the window.
+    void PutInto(controls::Container& pane, controls::Container& window);
+};
+
+// What the library keeps and the player reads.
+
+/// The visible tracks with their entries. The player answers lstTracks.DblClick.
+struct TrackListView {
+    controls::ListBox& lstTracks;
+    controls::ListBox& lstMaybe;
+    bool& ListMaybeChanged;  ///< the tracks were refilled: the play order is copied anew at the next double
+                             ///< click
+};
+
+/// What the splitter moves.
+struct SplitListView {
+    controls::ListBox& lstArtists;
+    controls::ListBox& lstPlayLists;
+    controls::ListBox& lstTracks;
+};
+
+// The menu entries that the player's rooms answer to.
+
+struct PlayButtonMenu {
+    controls::Menu& mnuPlay;
+    controls::Menu& mnuPause;
+    controls::Menu& mnuStop;
+};
+
+struct PlayModeMenu {
+    controls::Menu& mnuRepeat;
+    controls::Menu& mnuShuffle;
+};
+
+struct CueMenu {
+    controls::Menu& mnuCueSong;
+    controls::Menu& mnuRemoveCueList;
+};
+
+struct FadeMenu {
+    controls::Menu& mnuCrossfade;  ///< popped up over the marker
+    controls::Menu& mnuQuickFade;
+    controls::Menu& mnuMediumFade;
+    controls::Menu& mnuLongFade;
+    controls::Menu& mnuFadeOff;
+};
+
+struct VolumeMenu {
+    controls::Menu& mnuIncreaseVolume;
+    controls::Menu& mnuDecreaseVolume;
+    controls::Menu& mnuMusicMute;
+};
+
+struct SpeedMenu {
+    controls::Menu& mnuIncreaseSpeed;
+    controls::Menu& mnuDecreaseSpeed;
+    controls::Menu& mnuNormalSpeed;
+};
+
+struct PanningMenu {
+    controls::Menu& mnuPanInstant;
+    controls::Menu& mnuPanQuick;
+    controls::Menu& mnuPanMedium;
+    controls::Menu& mnuPanLong;
+    controls::Menu& mnuPanOff;
+};
+
+struct VisualMenu {
+    controls::Menu& mnuStrobe;
+    controls::Menu& mnuParty;
+    controls::Menu& mnuMood;
+    controls::Menu& mnuAnim;
+    controls::Menu& mnuNone;
+};
+
+struct PlayerMenu {
+    PlayButtonMenu buttons;
+    PlayModeMenu mode;
+    CueMenu cue;
+    FadeMenu fade;
+    VolumeMenu volume;
+    SpeedMenu speed;
+    PanningMenu panning;
+    VisualMenu visual;
+    controls::Menu& mnuFullScreen;
+    controls::Menu& mnuSoundTest;
+};
+
+}  // namespace player

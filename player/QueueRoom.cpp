@@ -1,0 +1,67 @@
+#include "player/QueueRoom.h"
+
+#include <string>
+
+#include "base/Number.h"
+
+namespace player {
+
+namespace {
+
+/// A cued entry with a smaller value is a song number. Its value counts here, not its length.
+constexpr double kFirstPathValue = 8;
+
+}  // namespace
+
+QueueRoom::QueueRoom(CueControls& controls, CueMenu menu, TrackListView tracks, CueQueue& cue,
+                     SongPlayer& player, AddressRow& address, MainWindow& window)
+    : controls_(controls), tracks_(tracks), cue_(cue), player_(player), address_(address), window_(window) {
+    claims_.Claim(controls_.lstCuedSongs.DblClick, [this] { lstCuedSongs_DblClick(); });
+    claims_.Claim(controls_.lstCuedSongs.MouseMove,
+                  [this](int, int, double, double) { window_.NoMouseOvers(); });
+    claims_.Claim(controls_.imgCueSong.MouseMove,
+                  [this](int, int, double, double) { imgCueSong_MouseMove(); });
+    claims_.Claim(controls_.imgCueSongOver.Click, [this] { imgCueSongOver_Click(); });
+    claims_.Claim(controls_.imgUnCue.MouseMove, [this](int, int, double, double) { imgUnCue_MouseMove(); });
+    claims_.Claim(controls_.imgUnCueOver.Click, [this] { imgUnCueOver_Click(); });
+    claims_.Claim(menu.mnuCueSong.Click, [this] { imgCueSongOver_Click(); });
+    claims_.Claim(menu.mnuRemoveCueList.Click, [this] { imgUnCueOver_Click(); });
+}
+
+void QueueRoom::imgCueSong_MouseMove() {
+    controls_.imgCueSongOver.SetVisible(true);
+}
+
+void QueueRoom::imgUnCue_MouseMove() {
+    controls_.imgUnCueOver.SetVisible(true);
+}
+
+void QueueRoom::imgCueSongOver_Click() {
+    if (!tracks_.lstTracks.Text().empty()) {
+        tracks_.lstMaybe.SetListIndex(tracks_.lstTracks.ListIndex());
+        cue_.Add(tracks_.lstTracks.Text(), tracks_.lstMaybe.Text());
+    }
+    address_.FocusAddress();
+}
+
+void QueueRoom::imgUnCueOver_Click() {
+    if (controls_.lstCuedSongs.ListCount() > 0) cue_.Uncue();
+    address_.FocusAddress();
+}
+
+/// A row that holds a path is no number: the gesture fails and changes nothing.
+void QueueRoom::lstCuedSongs_DblClick() {
+    if (controls_.lstCuedSongs.Text().empty()) return;
+    const int row = controls_.lstCuedSongs.ListIndex();
+    controls_.lstCuedSongsPath.SetListIndex(row);
+    const auto number = base::ToNumber(controls_.lstCuedSongsPath.Text());
+    if (!number) return;
+    const std::string entry = cue_.TakeRow(row);
+    if (*number < kFirstPathValue) {
+        player_.GetSongInfo(base::RoundHalfEven(*number));
+    } else {
+        player_.PlaySong(entry);
+    }
+}
+
+}  // namespace player

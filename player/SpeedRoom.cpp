@@ -1,0 +1,90 @@
+#include "player/SpeedRoom.h"
+
+#include "player/Whole.h"
+
+namespace player {
+
+namespace {
+
+constexpr double kMarkerCentre = 3;
+constexpr double kMenuStep = 20;
+
+}  // namespace
+
+SpeedRoom::SpeedRoom(SpeedControls& controls, SpeedMenu menu, MciLayer& mci, PlayerState& state,
+                     AddressRow& address)
+    : controls_(controls), menu_(menu), mci_(mci), state_(state), address_(address) {
+    auto& lblSongSpeed = controls_.lblSongSpeed;
+    claims_.Claim(controls_.picSpeed.MouseDown,
+                  [this](int, int, double x, double) { picSpeed_MouseDown(x); });
+    claims_.Claim(controls_.picSpeed.MouseUp, [this](int, int, double, double) { address_.FocusAddress(); });
+    claims_.Claim(lblSongSpeed.MouseDown, [this](int, int, double x, double) { lblSongSpeed_MouseDown(x); });
+    claims_.Claim(lblSongSpeed.MouseMove, [this](int, int, double x, double) { lblSongSpeed_MouseMove(x); });
+    claims_.Claim(lblSongSpeed.MouseUp, [this](int, int, double, double) { lblSongSpeed_MouseUp(); });
+    claims_.Claim(menu_.mnuIncreaseSpeed.Click, [this] { mnuIncreaseSpeed_Click(); });
+    claims_.Claim(menu_.mnuDecreaseSpeed.Click, [this] { mnuDecreaseSpeed_Click(); });
+    claims_.Claim(menu_.mnuNormalSpeed.Click, [this] { mnuNormalSpeed_Click(); });
+}
+
+void SpeedRoom::ApplySpeed() {
+    mci_.MciSetSpeed(state_.CurrentAlias, WholeInt(controls_.lblSongSpeed.Left() + kMarkerCentre));
+}
+
+void SpeedRoom::PlaceMarker() {
+    controls_.picSpeed.SetScaleWidth(kSpeedBarScale);
+    KeepMarkerWidth(controls_.lblSongSpeed, controls_.picSpeed);
+    controls_.lblSongSpeed.SetLeft(state_.SongSpeed);
+}
+
+void SpeedRoom::picSpeed_MouseDown(double x) {
+    controls_.lblSongSpeed.SetLeft(x);
+    ApplySpeed();
+    state_.SongSpeed = Whole16(controls_.lblSongSpeed.Left());
+}
+
+void SpeedRoom::lblSongSpeed_MouseDown(double x) {
+    SpeedDragging_ = true;
+    SpeedDragX_ = Whole16(x);
+}
+
+/// Like the other markers, this one moves by the ratio of the present to the pressed position.
+void SpeedRoom::lblSongSpeed_MouseMove(double x) {
+    if (!SpeedDragging_ || SpeedDragX_ == 0) return;
+    auto& lblSongSpeed = controls_.lblSongSpeed;
+    lblSongSpeed.SetLeft(lblSongSpeed.Left() + x / SpeedDragX_);
+    if (lblSongSpeed.Left() <= 0) {
+        lblSongSpeed.SetLeft(0);
+    } else {
+        KeepInsideRightEnd();
+    }
+    picSpeed_MouseDown(lblSongSpeed.Left());
+}
+
+void SpeedRoom::lblSongSpeed_MouseUp() {
+    SpeedDragging_ = false;
+    state_.SongSpeed = Whole16(controls_.lblSongSpeed.Left());
+    address_.FocusAddress();
+}
+
+/// The device keeps the speed beyond the end; only the marker stays on the bar.
+void SpeedRoom::mnuIncreaseSpeed_Click() {
+    picSpeed_MouseDown(controls_.lblSongSpeed.Left() + kMenuStep);
+    KeepInsideRightEnd();
+}
+
+void SpeedRoom::mnuDecreaseSpeed_Click() {
+    picSpeed_MouseDown(controls_.lblSongSpeed.Left() - kMenuStep);
+    if (controls_.lblSongSpeed.Left() < 0) controls_.lblSongSpeed.SetLeft(0);
+}
+
+void SpeedRoom::mnuNormalSpeed_Click() {
+    picSpeed_MouseDown(controls_.picSpeed.ScaleWidth() / 2);
+}
+
+void SpeedRoom::KeepInsideRightEnd() {
+    auto& lblSongSpeed = controls_.lblSongSpeed;
+    if (lblSongSpeed.Right() < controls_.picSpeed.ScaleWidth()) return;
+    lblSongSpeed.SetLeft(controls_.picSpeed.ScaleWidth() - lblSongSpeed.Width());
+}
+
+}  // namespace player

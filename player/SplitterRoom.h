@@ -1,0 +1,27 @@
+// The splitter between the upper library lists and the tracks.
+#pragma once
+
+#include "controls/Event.h"
+#include "player/PlayerControls.h"
+
+namespace player {
+
+class SplitterRoom final {
+public:
+    SplitterRoom(SplitterControls& controls, SplitListView lists, const controls::Frame& fraControls);
+
+    /// Shares the height anew by the splitter's place.
+    void MoveSlider();
+
+private:
+    void lblSlider_MouseMove(double y);
+    void ShareHeight();
+
+    SplitterControls& controls_;
+    SplitListView lists_;
+    const controls::Frame& fraControls_;
+    bool SliderDragging_ = false;
+    controls::EventClaims claims_;
+};
+
+}  // namespace player

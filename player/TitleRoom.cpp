@@ -1,0 +1,61 @@
+#include "player/TitleRoom.h"
+
+#include "base/Text.h"
+
+namespace player {
+
+namespace {
+
+constexpr double kStep = 40;
+constexpr double kTurningLeft = 100;
+constexpr double kRightMargin = 200;
+constexpr double kRestLeft = 5;
+/// The label is as wide as its text: 8 pixels a character do for the skin's 13 pixel letters.
+constexpr double kCharacterWidth = 8 * controls::kTwipsPerPixel;
+
+}  // namespace
+
+TitleRoom::TitleRoom(TitleControls& controls, TitleState& state, MainWindow& window)
+    : controls_(controls), state_(state), window_(window) {
+    claims_.Claim(controls_.picTrackTitle.Click, [this] { trackscrollclick(); });
+    claims_.Claim(controls_.picTrackTitle.MouseMove,
+                  [this](int, int, double, double) { window_.NoMouseOvers(); });
+    claims_.Claim(controls_.lblTrack.Click, [this] { trackscrollclick(); });
+    claims_.Claim(controls_.lblTrack.Change, [this] { lblTrack_Change(); });
+}
+
+void TitleRoom::ScrollStep() {
+    if (!state_.ScrollTitle) {
+        dontscrolltitle();
+        return;
+    }
+    auto& lblTrack = controls_.lblTrack;
+    const double width = controls_.picTrackTitle.Width();
+    if (lblTrack.Right() >= width - kRightMargin || lblTrack.Left() > kTurningLeft) {
+        lblTrack.SetLeft(lblTrack.Left() - kStep);
+    } else if (lblTrack.Top() > controls_.picTrackTitle.Height()) {
+        lblTrack.Move(width, 0, lblTrack.Width(), lblTrack.Height());
+    } else {
+        lblTrack.SetTop(lblTrack.Top() + kStep);
+    }
+}
+
+void TitleRoom::dontscrolltitle() {
+    state_.ScrollTitle = false;
+    controls_.lblTrack.Move(kRestLeft, 0, controls_.lblTrack.Width(), controls_.lblTrack.Height());
+}
+
+void TitleRoom::trackscrollclick() {
+    if (state_.ScrollTitle) {
+        dontscrolltitle();
+    } else {
+        state_.ScrollTitle = true;
+    }
+}
+
+void TitleRoom::lblTrack_Change() {
+    controls_.lblTrack.SetWidth(static_cast<double>(base::Len(controls_.lblTrack.Caption())) *
+                                kCharacterWidth);
+}
+
+}  // namespace player

@@ -1,0 +1,202 @@
+#include "player/VideoRoom.h"
+
+#include "base/Number.h"
+#include "base/Text.h"
+#include "player/Whole.h"
+
+namespace player {
+
+namespace {
+
+constexpr std::string_view kMaximisedSize = "Max";
+constexpr std::string_view kNormalSign = "^";
+constexpr std::string_view kMaximisedSign = "v";
+constexpr double kCaptionHeight = 300;
+constexpr double kMaxButtonWidth = 420;
+/// From the main window's corner to picVideo: border and title.
+constexpr double kHoleOffsetLeft = 25;
+constexpr double kHoleOffsetTop = 750;
+
+}  // namespace
+
+VideoRoom::VideoRoom(VideoForm& frmVideo, VideoPaneControls& pane, VideoMenu menu, MciLayer& mci,
+                     PlayerState& state, MainWindow& window, ports::EventLoop& loop)
+    : frmVideo_(frmVideo), pane_(pane), menu_(menu), mci_(mci), state_(state), window_(window), loop_(loop) {
+    auto& caption = frmVideo_.lblVideoCaption;
+    claims_.Claim(frmVideo_.Activate, [this] { frmVideo_Activate(); });
+    claims_.Claim(frmVideo_.Resize, [this] { frmVideo_Resize(); });
+    claims_.Claim(frmVideo_.Unload, [this](bool&) { frmVideo_Unload(); });
+    claims_.Claim(frmVideo_.KeyDown, [this](int key_code, int shift) { window_.KeyDown(key_code, shift); });
+    claims_.Claim(frmVideo_.cmdMax.Click, [this] { cmdMax_Click(); });
+    claims_.Claim(caption.DblClick, [this] { cmdMax_Click(); });
+    claims_.Claim(caption.MouseDown, [this](int, int, double, double) { lblVideoCaption_MouseDown(); });
+    claims_.Claim(caption.MouseMove,
+                  [this](int, int, double x, double y) { lblVideoCaption_MouseMove(x, y); });
+    claims_.Claim(caption.MouseUp, [this](int, int, double, double) { CaptionDragging_ = false; });
+    claims_.Claim(pane_.cmdAttachVid.Click, [this] { cmdAttachVid_Click(); });
+    claims_.Claim(menu_.mnuFullScreen.Click, [this] { mnuFullScreen_Click(); });
+}
+
+void VideoRoom::PrepareVideo() {
+    frmVideo_.tmrVisual.SetEnabled(false);
+    frmVideo_.picVid.SetBackColor(0x000000);
+    state_.VideoPlaying = true;
+    pane_.picVideo.SetVisible(true);
+    frmVideo_.SetLeft(state_.VideoLeft);
+    loop_.Yield();
+    RestoreSize();
+    if (IsMaximised()) {
+        theresize();
+    } else if (window_.IsFavouritesPanelClosed()) {
+        window_.cmdFavs_Click();
+    }
+    window_.Form_Resize();
+}
+
+/// Height and width change places from one video to the next: they are kept as height and width, and read as
+/// width and height. The second number is read from as many characters at the end as the first has, comma or
+/// not.
+void VideoRoom::RestoreSize() {
+    const std::string& size = state_.VideoSizeText;
+    if (size == kMaximisedSize) {
+        frmVideo_.SetState(controls::WindowState::Maximised);
+        return;
+    }
+    const std::size_t comma = base::InStr(size, ",");
+    if (comma == 0) return;
+    frmVideo_.SetWidth(base::Val(base::Left(size, comma - 1)));
+    frmVideo_.SetHeight(base::Val(base::Right(size, comma - 1)));
+}
+
+void VideoRoom::PrepareLightShow() {
+    SetWindowCaption("Visualisations");
+}
+
+void VideoRoom::PrepareMusic() {
+    TakeWindowAway();
+}
+
+void VideoRoom::TakeWindowAway() {
+    pane_.picVideo.SetVisible(false);
+    window_.CloseHole();
+    window_.Form_Resize();
+}
+
+void VideoRoom::ShowOrHideWindow() {
+    if (state_.VideoPlaying || state_.VisualisationOn) {
+        frmVideo_.Show();
+        return;
+    }
+    frmVideo_.SetState(controls::WindowState::Normal);
+    HideWindow();
+}
+
+void VideoRoom::HideWindow() {
+    frmVideo_.Hide();
+}
+
+void VideoRoom::SetWindowCaption(std::string_view caption) {
+    frmVideo_.SetCaption(caption);
+    frmVideo_.lblVideoCaption.SetCaption(caption);
+}
+
+void VideoRoom::PutVideo() {
+    int width = WholeInt(frmVideo_.Width() / controls::kTwipsPerPixel);
+    int height = WholeInt(frmVideo_.Height() / controls::kTwipsPerPixel);
+    mci_.MciPutWindow(ParentHandle(), state_.CurrentAlias, 0, 0, width, height);
+}
+
+void VideoRoom::SavePlace() {
+    state_.VideoLeft = Whole16(frmVideo_.Left());
+    state_.VideoSizeText =
+        IsMaximised() ? std::string(kMaximisedSize)
+                      : base::SingleToText(frmVideo_.Height()) + "," + base::SingleToText(frmVideo_.Width());
+}
+
+void VideoRoom::ClosePane() {
+    window_.CloseHole();
+    pane_.picVideo.SetVisible(false);
+}
+
+void VideoRoom::theresize() {
+    state_.counter = OneMore(state_.counter);
+    if (state_.counter != 2) return;
+    state_.resized = true;
+    window_.CloseHole();
+    window_.RefreshWindow();
+}
+
+void VideoRoom::cmdAttachVid_Click() {
+    state_.counter = 0;
+    if (!frmVideo_.Visible()) {
+        TakeWindowAway();
+        return;
+    }
+    frmVideo_.SetState(controls::WindowState::Normal);
+    theresize();
+    state_.resized = false;
+    window_.MakeHole();
+}
+
+void VideoRoom::FollowMainWindow() {
+    if (state_.resized || frmVideo_.State() != controls::WindowState::Normal) return;
+    const auto& hole = pane_.picVideo;
+    frmVideo_.Move(window_.Left() + hole.Left() + kHoleOffsetLeft,
+                   window_.Top() + hole.Top() + kHoleOffsetTop, hole.Width(), hole.Height());
+}
+
+void VideoRoom::frmVideo_Activate() {
+    theresize();
+    state_.resized = false;
+    state_.counter = 0;
+}
+
+void VideoRoom::frmVideo_Resize() {
+    const double width = frmVideo_.ContentWidth();
+    const double height = frmVideo_.ContentHeight();
+    auto& picVid = frmVideo_.picVid;
+    picVid.Move(0, 0, width, height);
+    frmVideo_.lblVideoCaption.Move(0, 0, width - kMaxButtonWidth, kCaptionHeight);
+    frmVideo_.cmdMax.Move(width - kMaxButtonWidth, 0, kMaxButtonWidth, kCaptionHeight);
+    for (controls::Image* picture : {&frmVideo_.imgAnim1, &frmVideo_.imgAnim2}) {
+        picture->SetLeft((picVid.Width() - picture->Width()) / 2);
+        picture->SetTop((picVid.Height() - picture->Height()) / 2);
+    }
+    PutVideo();
+}
+
+void VideoRoom::frmVideo_Unload() {
+    TakeWindowAway();
+    menu_.mnuNone.SetChecked(true);
+}
+
+void VideoRoom::cmdMax_Click() {
+    if (frmVideo_.cmdMax.Caption() == kNormalSign) {
+        frmVideo_.cmdMax.SetCaption(kMaximisedSign);
+        frmVideo_.SetState(controls::WindowState::Maximised);
+        return;
+    }
+    frmVideo_.cmdMax.SetCaption(kNormalSign);
+    frmVideo_.SetState(controls::WindowState::Normal);
+    cmdAttachVid_Click();
+}
+
+void VideoRoom::lblVideoCaption_MouseDown() {
+    state_.resized = true;
+    window_.CloseHole();
+    CaptionDragging_ = true;
+}
+
+/// The pressed place is not taken off: the window runs ahead of the pointer.
+void VideoRoom::lblVideoCaption_MouseMove(double x, double y) {
+    if (!CaptionDragging_) return;
+    frmVideo_.Move(frmVideo_.Left() + x, frmVideo_.Top() + y, frmVideo_.Width(), frmVideo_.Height());
+}
+
+void VideoRoom::mnuFullScreen_Click() {
+    if (window_.State() == controls::WindowState::Maximised) return;
+    if (window_.State() == controls::WindowState::Minimised) window_.ShowWindow();
+    window_.SetState(controls::WindowState::Maximised);
+}
+
+}  // namespace player

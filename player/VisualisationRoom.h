@@ -1,0 +1,50 @@
+// The light shows that the video window shows while music plays.
+#pragma once
+
+#include "controls/Event.h"
+#include "player/Outgoing.h"
+#include "player/PlayerControls.h"
+#include "player/PlayerState.h"
+#include "player/Roles.h"
+#include "player/VideoForm.h"
+#include "ports/Clock.h"
+
+namespace player {
+
+class VisualisationRoom final {
+public:
+    VisualisationRoom(VideoForm& frmVideo, VisualMenu menu, controls::PictureBox& picVideo,
+                      PlayerState& state, VideoPane& video, MainWindow& window, ports::Chance& chance);
+
+private:
+    void mnuStrobe_Click();
+    void mnuParty_Click();
+    void mnuMood_Click();
+    void mnuAnim_Click();
+    void mnuNone_Click();
+    void tmrVisual_Tick();
+
+    void SortVisualisations();
+    void UnTickVisual();
+    void StepAnimation();
+    void StepStrobe();
+    void StepParty();
+    void StepMood();
+    void WalkMoodColour();
+    void ShowRandomColour();
+
+    VideoForm& frmVideo_;
+    VisualMenu menu_;
+    controls::PictureBox& picVideo_;
+    PlayerState& state_;
+    VideoPane& video_;
+    MainWindow& window_;
+    ports::Chance& chance_;
+    std::int16_t VisualTick_ = 0;
+    std::int16_t MoodRed_ = 1;
+    std::int16_t MoodGreen_ = 1;
+    std::int16_t MoodBlue_ = 1;
+    controls::EventClaims claims_;
+};
+
+}  // namespace player

@@ -1,0 +1,83 @@
+#include "player/VolumeRoom.h"
+
+#include <algorithm>
+
+#include "player/Whole.h"
+
+namespace player {
+
+namespace {
+
+constexpr double kMenuStep = 300;  ///< about 16.8 percent
+
+int PercentOf(double left) {
+    return WholeInt(left / kUnitsPerPercent);
+}
+
+}  // namespace
+
+VolumeRoom::VolumeRoom(VolumeControls& controls, VolumeMenu menu, MciLayer& mci, PlayerState& state,
+                       AddressRow& address, MainWindow& window)
+    : controls_(controls), menu_(menu), mci_(mci), state_(state), address_(address), window_(window) {
+    claims_.Claim(controls_.lblVol.MouseDown, [this](int, int, double x, double) { lblVol_MouseDown(x); });
+    claims_.Claim(controls_.lblVol.MouseMove, [this](int, int, double, double) { window_.NoMouseOvers(); });
+    claims_.Claim(controls_.imgVol.MouseDown, [this](int, int, double x, double) { imgVol_MouseDown(x); });
+    claims_.Claim(controls_.imgVol.MouseMove, [this](int, int, double, double) { window_.NoMouseOvers(); });
+    claims_.Claim(controls_.lblMute.Click, [this] { lblMute_Click(); });
+    claims_.Claim(menu_.mnuIncreaseVolume.Click, [this] { mnuIncreaseVolume_Click(); });
+    claims_.Claim(menu_.mnuDecreaseVolume.Click, [this] { mnuDecreaseVolume_Click(); });
+    claims_.Claim(menu_.mnuMusicMute.Click, [this] { mnuMusicMute_Click(); });
+}
+
+void VolumeRoom::volchanged() {
+    auto& imgVol = controls_.imgVol;
+    // The level goes out before the clamp: one beyond the bar is refused, and the device stays where it was.
+    mci_.MciSetVolume(state_.CurrentAlias == "a" ? "a" : "b", "all", PercentOf(imgVol.Left()));
+    imgVol.SetLeft(std::clamp(imgVol.Left(), 0.0, kFullVolumeLeft));
+    state_.MusicVolume = PercentOf(imgVol.Left());
+    controls_.lblMute.SetVisible(false);
+    menu_.mnuMusicMute.SetChecked(false);
+}
+
+void VolumeRoom::lblVol_MouseDown(double x) {
+    MoveLevel(x);
+}
+
+void VolumeRoom::imgVol_MouseDown(double x) {
+    MoveLevel(x);
+}
+
+void VolumeRoom::MoveLevel(double left) {
+    controls_.imgVol.SetLeft(left);
+    volchanged();
+    address_.FocusAddress();
+}
+
+void VolumeRoom::lblMute_Click() {
+    mnuMusicMute_Click();
+    address_.FocusAddress();
+}
+
+void VolumeRoom::mnuIncreaseVolume_Click() {
+    controls_.imgVol.SetLeft(controls_.imgVol.Left() + kMenuStep);
+    volchanged();
+}
+
+void VolumeRoom::mnuDecreaseVolume_Click() {
+    controls_.imgVol.SetLeft(controls_.imgVol.Left() - kMenuStep);
+    volchanged();
+}
+
+void VolumeRoom::mnuMusicMute_Click() {
+    if (!menu_.mnuMusicMute.Checked()) {
+        mci_.MciSetVolume(state_.CurrentAlias, "all", 0);
+        controls_.lblMute.SetVisible(true);
+        menu_.mnuMusicMute.SetChecked(true);
+        return;
+    }
+    // Units, not percent: anything above 100 is refused, and volchanged puts the true level.
+    mci_.MciSetVolume(state_.CurrentAlias, "all", WholeInt(controls_.imgVol.Left()));
+    volchanged();
+}
+
+}  // namespace player
