@@ -1,0 +1,201 @@
+#include "platform/linux/LinuxFiles.h"
+
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "platform/linux/Bench.h"
+#include "platform/linux/Descriptor.h"
+
+namespace linux_os {
+namespace {
+
+using linux_bench::PlayFolder;
+using linux_bench::Unprivileged;
+using Names = std::vector<std::string>;
+
+class LinuxFilesTest : public testing::Test {
+protected:
+    std::string In(const std::string& name) const { return files_.FromNative(folder_ / name); }
+
+    PlayFolder folder_;
+    LinuxFiles files_{folder_ / "brindlepost"};
+};
+
+void MakePipe(const std::string& path) {
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+}
+
+Descriptor MakeSocket(const std::string& path) {
+    Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
+    EXPECT_EQ(::bind(socket.Number(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    return socket;
+}
+
+TEST_F(LinuxFilesTest, APipeIsAsGoodAsMissingAndNothingWaitsForIt) {
+    MakePipe(folder_ / "pipe.mp3");
+
+    EXPECT_FALSE(files_.FileExists(In("pipe.mp3")));
+    EXPECT_FALSE(files_.ReadText(In("pipe.mp3"), 10).has_value());
+    EXPECT_NE(files_.WriteText(In("pipe.mp3"), "x"), ports::FileResult::Done);
+    EXPECT_EQ(files_.DeleteFile(In("pipe.mp3")), ports::FileResult::Missing);
+    EXPECT_EQ(files_.GetShortPathName(In("pipe.mp3")), "");
+}
+
+TEST_F(LinuxFilesTest, ASocketAndADeviceAreAsGoodAsMissing) {
+    const Descriptor socket = MakeSocket(folder_ / "socket.mp3");
+
+    for (const std::string& path :
+         {In("socket.mp3"), files_.FromNative("/dev/null"), std::string("C:\\dev\\zero")}) {
+        EXPECT_FALSE(files_.FileExists(path)) << path;
+        EXPECT_FALSE(files_.ReadText(path, 10).has_value()) << path;
+        EXPECT_NE(files_.WriteText(path, "x"), ports::FileResult::Done) << path;
+    }
+}
+
+TEST_F(LinuxFilesTest, AListingHoldsFilesAndFoldersOnly) {
+    const Descriptor socket = MakeSocket(folder_ / "socket.mp3");
+    MakePipe(folder_ / "pipe.mp3");
+    folder_.Write("a.mp3");
+    folder_.Make("sub");
+    folder_.Link("gone.mp3", "dangling.mp3");
+    folder_.Link("pipe.mp3", "to pipe.mp3");
+    folder_.Link("a.mp3", "link.mp3");
+    folder_.Link("/dev/null", "device.mp3");
+
+    const auto listing = files_.ListFolder(In(""));
+
+    ASSERT_TRUE(listing.has_value());
+    EXPECT_EQ(listing->Files, (Names{"a.mp3", "link.mp3"}));
+    EXPECT_EQ(listing->SubFolders, (Names{"sub"}));
+}
+
+TEST_F(LinuxFilesTest, ALinkedFileIsReadThroughItsLinkAndDeletedWithoutItsTarget) {
+    folder_.Write("a.mp3", "sound");
+    folder_.Link("a.mp3", "link.mp3");
+
+    EXPECT_EQ(files_.ReadText(In("link.mp3"), 100), "sound");
+    EXPECT_EQ(files_.DeleteFile(In("link.mp3")), ports::FileResult::Done);
+    EXPECT_TRUE(files_.FileExists(In("a.mp3")));
+}
+
+TEST_F(LinuxFilesTest, ALinkThatLeadsNowhereDoesNotExistButCanBeDeleted) {
+    folder_.Link("loop", "loop");
+
+    EXPECT_FALSE(files_.FileExists(In("loop")));
+    EXPECT_FALSE(files_.IsFolder(In("loop")));
+    EXPECT_FALSE(files_.ListFolder(In("loop")).has_value());
+    EXPECT_EQ(files_.DeleteFile(In("loop")), ports::FileResult::Done);
+}
+
+TEST_F(LinuxFilesTest, ALinkBackToAFolderAboveIsLeftOut) {
+    folder_.Make("music/rock");
+    folder_.Make("videos");
+    folder_.Link(".", "music/rock/self");
+    folder_.Link("..", "music/rock/up");
+    folder_.Link(folder_.Path(), "music/rock/top");
+    folder_.Link("/", "music/rock/root");
+    folder_.Link("../../videos", "music/rock/aside");
+
+    const auto listing = files_.ListFolder(In("music/rock"));
+
+    ASSERT_TRUE(listing.has_value());
+    EXPECT_EQ(listing->SubFolders, (Names{"aside"}));
+}
+
+TEST_F(LinuxFilesTest, TwoFoldersLinkedToEachOtherAreWalkedOnce) {
+    folder_.Make("a");
+    folder_.Make("b");
+    folder_.Link("../b", "a/to b");
+    folder_.Link("../a", "b/to a");
+
+    const auto below = files_.ListFolder(In("a"));
+    const auto beyond = files_.ListFolder(In("a/to b"));
+
+    EXPECT_EQ(below->SubFolders, (Names{"to b"}));
+    EXPECT_TRUE(beyond->SubFolders.empty());
+}
+
+TEST_F(LinuxFilesTest, APathLongerThanTheSystemTakesIsMissing) {
+    std::string path = In("");
+    for (int depth = 0; depth < 60; ++depth)
+        path += std::string(100, 'd') + "\\";
+
+    EXPECT_FALSE(files_.FileExists(path + "a.mp3"));
+    EXPECT_FALSE(files_.FileExists(In(std::string(256, 'n'))));
+    EXPECT_FALSE(files_.ListFolder(path).has_value());
+    EXPECT_NE(files_.WriteText(path + "a.mp3", "x"), ports::FileResult::Done);
+}
+
+TEST_F(LinuxFilesTest, WhatTheAccountMayNotDoIsRefused) {
+    folder_.Make("shut");
+    folder_.Write("shut/a.mpl", "old");
+    const Unprivileged rights(folder_);
+
+    EXPECT_EQ(files_.WriteText(In("shut/b.mpl"), "x"), ports::FileResult::Refused);
+    EXPECT_EQ(files_.WriteText(In("shut/a.mpl"), "x"), ports::FileResult::Refused);
+    EXPECT_EQ(files_.DeleteFile(In("shut/a.mpl")), ports::FileResult::Refused);
+    EXPECT_EQ(files_.MakeFolder(In("shut/new")), ports::FileResult::Refused);
+}
+
+TEST_F(LinuxFilesTest, AFileInAFolderThatMayNotBeEnteredDoesNotExist) {
+    folder_.Make("shut");
+    folder_.Write("shut/a.mp3");
+    ASSERT_EQ(::chmod((folder_ / "shut").c_str(), 0700), 0);
+    const Unprivileged rights(folder_);
+
+    EXPECT_FALSE(files_.FileExists(In("shut/a.mp3")));
+    EXPECT_FALSE(files_.ListFolder(In("shut")).has_value());
+    EXPECT_TRUE(files_.IsFolder(In("shut")));
+}
+
+TEST_F(LinuxFilesTest, AFileWithoutAnyRightToWriteIsReadOnly) {
+    folder_.Write("a.mp3");
+    ASSERT_EQ(::chmod((folder_ / "a.mp3").c_str(), 0444), 0);
+
+    EXPECT_EQ(files_.GetAttributes(In("a.mp3")), ports::kReadOnly);
+}
+
+TEST_F(LinuxFilesTest, AFullFolderIsListedWhole) {
+    constexpr int kCount = 3000;
+    for (int i = 0; i < kCount; ++i)
+        folder_.Write("song " + std::to_string(i) + ".mp3");
+
+    const auto listing = files_.ListFolder(In(""));
+
+    ASSERT_TRUE(listing.has_value());
+    EXPECT_EQ(listing->Files.size(), std::size_t{kCount});
+}
+
+TEST_F(LinuxFilesTest, TheApplicationFolderIsWhereTheProgramStands) {
+    EXPECT_EQ(files_.ApplicationFolder(), files_.FromNative(folder_.Path()));
+    EXPECT_EQ(files_.ApplicationFileName(), "brindlepost");
+    EXPECT_EQ(LinuxFiles("/brindlepost").ApplicationFolder(), "C:\\");
+    EXPECT_TRUE(RunningProgram().ends_with("/test_platform_linux")) << RunningProgram();
+}
+
+TEST_F(LinuxFilesTest, AMountedVolumeHasALetter) {
+    folder_.Write("table", "36 35 98:0 / /media/My\\040Stick rw - vfat /dev/sdb1 rw\n");
+
+    const LinuxFiles files("/opt/brindlepost", folder_ / "table");
+
+    ASSERT_EQ(files.Drives().size(), 2U);
+    EXPECT_EQ(files.Drives()[1].Letter, 'D');
+    EXPECT_EQ(files.Drives()[1].Label, "My Stick");
+    EXPECT_EQ(files.ToNative("D:\\a.mp3"), "/media/My Stick/a.mp3");
+    EXPECT_EQ(files.ToNative("d:"), "/media/My Stick");
+    EXPECT_EQ(files.FromNative("/media/My Stick/b/c.mp3"), "D:\\b\\c.mp3");
+    EXPECT_EQ(files.FromNative("/media/My Stick"), "D:\\");
+    EXPECT_EQ(files.FromNative("/media/My Sticky/c.mp3"), "C:\\media\\My Sticky\\c.mp3");
+    EXPECT_EQ(files.NameInFolder("D:\\"), "");
+}
+
+}  // namespace
+}  // namespace linux_os
