@@ -18,7 +18,7 @@ struct RecordSet::Change {
 
 namespace {
 
-bool Has(const Table& table, Field field) {
+[[maybe_unused]] bool Has(const Table& table, Field field) {
     const auto column = static_cast<std::size_t>(field.column);
     return column < table.FieldCount() && table.Layout().fields[column].name == field.name;
 }
@@ -35,16 +35,22 @@ RecordSet::RecordSet(Table& table, std::vector<std::uint32_t> order)
     MoveFirst();
 }
 
-std::uint32_t RecordSet::RowAt(std::uint32_t position) const {
+// Inline, since every step of a walk goes through them.
+
+inline std::uint32_t RecordSet::RowAt(std::uint32_t position) const {
     const auto ordered = static_cast<std::uint32_t>(order_.size());
     return position < ordered ? order_[position] : position - ordered + behind_order_;
 }
 
-std::uint32_t RecordSet::EndPosition() const {
+inline bool RecordSet::HasCurrentRow() const {
+    return table_ != nullptr && standing_ == Standing::OnRow && table_->IsThere(RowAt(position_));
+}
+
+inline std::uint32_t RecordSet::EndPosition() const {
     return static_cast<std::uint32_t>(order_.size()) + table_->End() - behind_order_;
 }
 
-std::uint32_t RecordSet::FirstFrom(std::uint32_t position) const {
+inline std::uint32_t RecordSet::FirstFrom(std::uint32_t position) const {
     const auto ordered = static_cast<std::uint32_t>(order_.size());
     for (; position < ordered; ++position) {
         if (table_->IsThere(order_[position])) return position;
@@ -64,8 +70,8 @@ std::uint32_t RecordSet::EndOfLastBefore(std::uint32_t end) const {
     return end;
 }
 
-bool RecordSet::StandOn(std::uint32_t position) {
-    CancelUpdate();
+inline bool RecordSet::StandOn(std::uint32_t position) {
+    if (change_ != nullptr) CancelUpdate();
     position_ = position;
     standing_ = position < EndPosition() ? Standing::OnRow : Standing::BehindLast;
     return standing_ == Standing::OnRow;
@@ -113,10 +119,6 @@ bool RecordSet::Bof() const {
 
 std::size_t RecordSet::RecordCount() const {
     return table_ == nullptr ? 0 : table_->Count();
-}
-
-bool RecordSet::HasCurrentRow() const {
-    return table_ != nullptr && standing_ == Standing::OnRow && table_->IsThere(RowAt(position_));
 }
 
 std::string_view RecordSet::Text(Field field) const {

@@ -1,0 +1,83 @@
+// Where everything in the main window stands: the one place that knows. All numbers are twips, 15 to a pixel.
+//
+// Form_Resize is a contents function: its steps follow one another as named calls, and later steps build on places that
+// earlier ones gave.
+#pragma once
+
+#include <functional>
+
+#include "desktop/BrowserForm.h"
+#include "web/WebState.h"
+
+namespace desktop {
+
+/// The smallest size that the window springs back to.
+inline constexpr double kSmallestWidth = 9225;
+inline constexpr double kSmallestHeight = 7590;
+
+/// What the layout asks of the rooms.
+class LayoutPartners {
+public:
+    virtual ~LayoutPartners() = default;
+    /// The stop flag: nothing plays.
+    virtual bool IsPlayerStopped() const = 0;
+    /// The click of imgStopOver.
+    virtual void StopPlayer() = 0;
+    /// A video or light show stands in picVideo, over the hole.
+    virtual bool IsVideoAttached() const = 0;
+    virtual void MakeHole() = 0;
+    virtual void CloseHole() = 0;
+    /// The song's length in seconds, for the scale of the song bar; 0 or less when no song is open.
+    virtual double SongSeconds() = 0;
+    /// Puts the fade marker and the speed marker back to what they stand for.
+    virtual void PlaceMarkers() = 0;
+};
+
+class BrowserLayout final {
+public:
+    BrowserLayout(BrowserForm& window, const web::WebState& tabs, LayoutPartners& partners);
+
+    void Form_Resize();
+    /// After the splitter moved: the search row under it, the tracks from there down to the controls.
+    void PlaceBelowSplitter();
+
+private:
+    void PlaceFormGround();
+    bool SpringBackToSmallest();
+    void PlaceGround();
+    void PlaceFavouritesButton();
+    void PlaceBrowsers();
+    void PlaceAddressRow();
+    void PlaceRefreshControls();
+    void PlaceMusicPane();
+    void PlaceLibraryLists();
+    void PlaceSearchRow();
+    void PlaceTracks();
+    void PlaceTransport();
+    void PlaceControlsGround();
+    void PlaceSongBars();
+    void PlaceFavouritesPanel();
+    void PlaceFavouritesButtons(double bottom);
+    void PlaceVideoPane();
+    void PlacePaneChains();
+    void PlaceVolume();
+    void PlaceCueColumn();
+    void PlaceAddToPlaylist();
+    void PlaceTaskPanel();
+    void PlaceAddressBox();
+
+    bool IsPanelOpen() const;
+    bool IsJustTracks() const;
+    bool IsNarrow() const;
+    double CueColumnWidth() const;
+    double CueColumnLeft() const;
+    double ListsWidth() const;
+    controls::Control& CurrentBrowser();
+
+    BrowserForm& window_;
+    const web::WebState& tabs_;
+    LayoutPartners& partners_;
+    bool resizing_ = false;
+};
+
+}  // namespace desktop

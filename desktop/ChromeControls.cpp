@@ -1,0 +1,18 @@
+#include "desktop/ChromeControls.h"
+
+namespace desktop {
+
+ChromeControls::ChromeControls() {
+    imgFormBG.SetLook("strip");
+    imgBG.SetLook("ground");
+    imgRowBG.SetLook("row");
+    fraMusicTab.SetLook("bare");
+    fraMusicTab.SetAccessibleName("Music Player");
+    imgMusicTabBG.SetLook("panel");
+    lblMusicBG.SetLook("bare");
+    lblVolumeLabel.SetLook("heading");
+    lblSeconds.SetLook("muted");
+    lblCopyright.SetLook("status");
+}
+
+}  // namespace desktop

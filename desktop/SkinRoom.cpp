@@ -1,0 +1,24 @@
+#include "desktop/SkinRoom.h"
+
+namespace desktop {
+
+SkinRoom::SkinRoom(ChromeControls& controls, const BrightTwins& twins) : controls_(controls), twins_(twins) {
+    const auto quiet = [this](int, int, double, double) { NoMouseOvers(); };
+    claims_.Claim(controls_.imgFormBG.MouseMove, quiet);
+    claims_.Claim(controls_.imgBG.MouseMove, quiet);
+    claims_.Claim(controls_.imgRowBG.MouseMove, quiet);
+    claims_.Claim(controls_.fraMusicTab.MouseMove, quiet);
+    claims_.Claim(controls_.imgMusicTabBG.MouseMove, quiet);
+    claims_.Claim(controls_.lblMusicBG.MouseMove, quiet);
+    claims_.Claim(controls_.lblCopyright.MouseMove,
+                  [this](int, int, double, double) { lblCopyright_MouseMove(); });
+}
+
+void SkinRoom::NoMouseOvers() {
+    for (controls::Image* twin : twins_) twin->SetVisible(false);
+    controls_.lblCopyright.SetLook("status");
+}
+
+void SkinRoom::lblCopyright_MouseMove() { controls_.lblCopyright.SetLook("accent"); }
+
+}  // namespace desktop

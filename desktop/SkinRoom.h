@@ -1,0 +1,33 @@
+// The bright twins of the window's pictures, all hidden together, and the grounds over which that happens.
+//
+// A twin shows when the pointer moves over its plain picture; its own room sees to that. The twin takes the click.
+#pragma once
+
+#include <array>
+
+#include "controls/Event.h"
+#include "controls/Simple.h"
+#include "desktop/ChromeControls.h"
+
+namespace desktop {
+
+/// The bright twins in the order in which they are hidden.
+inline constexpr std::size_t kTwinCount = 16;
+using BrightTwins = std::array<controls::Image*, kTwinCount>;
+
+class SkinRoom final {
+public:
+    SkinRoom(ChromeControls& controls, const BrightTwins& twins);
+
+    /// Hides every bright twin and puts lblCopyright's colour back.
+    void NoMouseOvers();
+
+private:
+    void lblCopyright_MouseMove();
+
+    ChromeControls& controls_;
+    BrightTwins twins_;
+    controls::EventClaims claims_;
+};
+
+}  // namespace desktop
