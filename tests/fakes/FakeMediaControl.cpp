@@ -1,0 +1,281 @@
+#include "fakes/FakeMediaControl.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/Number.h"
+#include "base/Text.h"
+
+namespace fakes {
+namespace {
+
+constexpr int kUnrecognisedKeyword = 259;
+constexpr int kUnrecognisedCommand = 261;
+constexpr int kNotOpen = 263;
+constexpr int kNoCommand = 267;
+constexpr int kBadInteger = 270;
+constexpr int kMissingParameter = 273;
+constexpr int kFileNotFound = 275;
+constexpr int kOutOfRange = 282;
+constexpr int kAliasInUse = 289;
+
+std::vector<std::string> WordsOf(std::string_view command) {
+    std::vector<std::string> words;
+    for (const std::string& word : base::Split(command, " ")) {
+        if (!word.empty()) words.push_back(word);
+    }
+    return words;
+}
+
+std::string Lower(const std::vector<std::string>& words, std::size_t index) {
+    return index < words.size() ? base::LCase(words[index]) : std::string();
+}
+
+std::size_t Find(const std::vector<std::string>& words, std::string_view keyword) {
+    for (std::size_t i = 1; i < words.size(); ++i) {
+        if (base::LCase(words[i]) == keyword) return i;
+    }
+    return words.size();
+}
+
+}  // namespace
+
+int FakeMediaControl::SendString(std::string_view command, std::string* reply, int return_length,
+                                 std::int64_t /*callback*/) {
+    Commands.emplace_back(command);
+    Calls.push_back(std::string(command) + "|" + std::to_string(return_length));
+    if (!fail_beginning_.empty() && base::StartsWith(command, fail_beginning_)) {
+        fail_beginning_.clear();
+        return fail_error_;
+    }
+    std::string answer;
+    const int error = Run(WordsOf(command), answer);
+    if (error != 0 || reply == nullptr || return_length <= 0) return error;
+    const auto room = static_cast<std::size_t>(return_length) - 1;
+    answer.resize(std::min(answer.size(), room));
+    answer.push_back('\0');
+    reply->replace(0, std::min(answer.size(), reply->size()), answer);
+    return 0;
+}
+
+bool FakeMediaControl::ErrorString(int error, std::string& text, int length) const {
+    static const std::map<int, std::string> kTexts = {
+        {kUnrecognisedKeyword, "The driver cannot recognize the specified command parameter."},
+        {kUnrecognisedCommand, "The driver cannot recognize the specified command."},
+        {kNotOpen, "The specified device is not open or is not recognized by MCI."},
+        {kNoCommand, "No command was specified."},
+        {kBadInteger, "The specified integer is invalid for this command."},
+        {kMissingParameter, "The specified command requires a parameter. Please supply one."},
+        {kFileNotFound, "Cannot find the specified file. Make sure the path and filename are correct."},
+        {kOutOfRange, "The specified parameter is out of range for the specified command."},
+        {kAliasInUse, "The specified alias is already being used in this application. Use a unique alias."},
+    };
+    const auto found = kTexts.find(error);
+    if (found == kTexts.end()) return false;
+    text = found->second.substr(0, static_cast<std::size_t>(std::max(length, 0)));
+    return true;
+}
+
+int FakeMediaControl::Run(const Words& words, std::string& answer) {
+    const std::string verb = Lower(words, 0);
+    if (verb.empty()) return kNoCommand;
+    if (verb == "open") return Open(words);
+    if (verb == "close") return Close(words);
+    Device* const device = words.size() > 1 ? Find(words[1]) : nullptr;
+    if (device == nullptr) return kNotOpen;
+    if (verb == "status") return Status(*device, words, answer);
+    if (verb == "set") return Set(*device, words);
+    if (verb == "setaudio") return SetAudio(*device, words);
+    if (verb == "play") return Play(*device, words);
+    if (verb == "seek") return Seek(*device, words);
+    if (verb == "put") return 0;
+    if (verb == "pause") {
+        if (device->mode == "playing") device->mode = "paused";
+        return 0;
+    }
+    if (verb == "resume") {
+        if (device->mode == "paused") device->mode = "playing";
+        return 0;
+    }
+    if (verb == "stop") {
+        device->mode = "stopped";
+        return 0;
+    }
+    return kUnrecognisedCommand;
+}
+
+int FakeMediaControl::Open(const Words& words) {
+    const std::size_t type = fakes::Find(words, "type");
+    const std::size_t alias = fakes::Find(words, "alias");
+    if (type < 2 || alias + 1 >= words.size()) return kMissingParameter;
+    std::string path = words[1];
+    for (std::size_t i = 2; i < std::min(type, alias); ++i)
+        path += " " + words[i];
+    const auto file = files_.find(path);
+    if (file == files_.end() && !AnyFile) return kFileNotFound;
+    if (Find(words[alias + 1]) != nullptr) return kAliasInUse;
+    Device device;
+    device.path = path;
+    device.media = file != files_.end() ? file->second : AnyMedia;
+    device.end_ms = static_cast<double>(device.media.milliseconds);
+    devices_.emplace(base::LCase(words[alias + 1]), device);
+    return 0;
+}
+
+int FakeMediaControl::Close(const Words& words) {
+    if (Lower(words, 1) == "all") {
+        devices_.clear();
+        return 0;
+    }
+    return words.size() > 1 && devices_.erase(base::LCase(words[1])) > 0 ? 0 : kNotOpen;
+}
+
+int FakeMediaControl::Status(Device& device, const Words& words, std::string& answer) {
+    const std::string what = Lower(words, 2);
+    if (what == "mode") answer = device.mode;
+    if (what == "length")
+        answer = base::ToText(FromMs(device, static_cast<double>(device.media.milliseconds)));
+    if (what == "position") answer = base::ToText(FromMs(device, device.position_ms));
+    if (what == "volume") answer = base::ToText((device.left + device.right) / 2);
+    if (Lower(words, 3) == "volume" && what == "left") answer = base::ToText(device.left);
+    if (Lower(words, 3) == "volume" && what == "right") answer = base::ToText(device.right);
+    return answer.empty() ? kUnrecognisedKeyword : 0;
+}
+
+int FakeMediaControl::Set(Device& device, const Words& words) {
+    if (Lower(words, 2) == "time" && Lower(words, 3) == "format") {
+        device.in_milliseconds = Lower(words, 4) != "frames";
+        return 0;
+    }
+    if (Lower(words, 2) != "speed") return kUnrecognisedKeyword;
+    const auto speed = base::ToNumber(words.size() > 3 ? words[3] : "");
+    if (!speed) return kBadInteger;
+    if (*speed < 0) return kOutOfRange;
+    device.speed = static_cast<int>(*speed);
+    return 0;
+}
+
+int FakeMediaControl::SetAudio(Device& device, const Words& words) {
+    const std::string side = Lower(words, 2);
+    const std::size_t to = fakes::Find(words, "to");
+    const auto level = base::ToNumber(to + 1 < words.size() ? words[to + 1] : "");
+    if (!level) return kBadInteger;
+    if (*level < 0 || *level > 1000) return kOutOfRange;
+    if (side != "right") device.left = static_cast<int>(*level);
+    if (side != "left") device.right = static_cast<int>(*level);
+    return 0;
+}
+
+int FakeMediaControl::Play(Device& device, const Words& words) {
+    const auto length = static_cast<double>(device.media.milliseconds);
+    const auto place = [&](std::string_view keyword, double otherwise) {
+        const std::size_t at = fakes::Find(words, keyword);
+        return at + 1 < words.size() ? ToMs(device, base::Val(words[at + 1])) : otherwise;
+    };
+    const double from = place("from", device.position_ms);
+    const double to = place("to", length);
+    // A frame is rounded, so an end may lie behind the last one by less than a frame.
+    if (from < 0 || to < from || to > length + 1000.0 / device.media.frames_per_second) return kOutOfRange;
+    device.position_ms = from;
+    device.end_ms = std::min(to, length);
+    device.mode = "playing";
+    return 0;
+}
+
+int FakeMediaControl::Seek(Device& device, const Words& words) {
+    const std::size_t to = fakes::Find(words, "to");
+    if (to + 1 >= words.size()) return kMissingParameter;
+    const double place = ToMs(device, base::Val(words[to + 1]));
+    if (place < 0 || place > static_cast<double>(device.media.milliseconds)) return kOutOfRange;
+    device.position_ms = place;
+    device.mode = "stopped";
+    return 0;
+}
+
+void FakeMediaControl::AddFile(std::string_view path, FakeMedia media) {
+    files_[std::string(path)] = media;
+}
+
+void FakeMediaControl::Advance(int milliseconds) {
+    for (auto& [alias, device] : devices_) {
+        if (device.mode != "playing") continue;
+        device.position_ms += milliseconds * device.speed / 1000.0;
+        if (device.position_ms < device.end_ms) continue;
+        device.position_ms = device.end_ms;
+        device.mode = "stopped";
+    }
+}
+
+void FakeMediaControl::FailNext(std::string_view beginning, int error) {
+    fail_beginning_ = beginning;
+    fail_error_ = error;
+}
+
+FakeMediaControl::Device* FakeMediaControl::Find(std::string_view alias) {
+    const auto found = devices_.find(base::LCase(alias));
+    return found == devices_.end() ? nullptr : &found->second;
+}
+
+const FakeMediaControl::Device* FakeMediaControl::Find(std::string_view alias) const {
+    const auto found = devices_.find(base::LCase(alias));
+    return found == devices_.end() ? nullptr : &found->second;
+}
+
+double FakeMediaControl::ToMs(const Device& device, double value) {
+    return device.in_milliseconds ? value : value * 1000.0 / device.media.frames_per_second;
+}
+
+std::int64_t FakeMediaControl::FromMs(const Device& device, double milliseconds) {
+    const double value =
+        device.in_milliseconds ? milliseconds : milliseconds * device.media.frames_per_second / 1000.0;
+    return std::llround(value);
+}
+
+bool FakeMediaControl::IsOpen(std::string_view alias) const {
+    return Find(alias) != nullptr;
+}
+
+std::string FakeMediaControl::Mode(std::string_view alias) const {
+    const Device* const device = Find(alias);
+    return device != nullptr ? device->mode : std::string();
+}
+
+std::string FakeMediaControl::PathOf(std::string_view alias) const {
+    const Device* const device = Find(alias);
+    return device != nullptr ? device->path : std::string();
+}
+
+int FakeMediaControl::Left(std::string_view alias) const {
+    const Device* const device = Find(alias);
+    return device != nullptr ? device->left : -1;
+}
+
+int FakeMediaControl::Right(std::string_view alias) const {
+    const Device* const device = Find(alias);
+    return device != nullptr ? device->right : -1;
+}
+
+int FakeMediaControl::Speed(std::string_view alias) const {
+    const Device* const device = Find(alias);
+    return device != nullptr ? device->speed : -1;
+}
+
+void FakeMediaControl::SetFrame(std::string_view alias, std::int64_t frame) {
+    if (Device* const device = Find(alias)) {
+        device->position_ms = static_cast<double>(frame) * 1000.0 / device->media.frames_per_second;
+    }
+}
+
+std::int64_t FakeMediaControl::Frame(std::string_view alias) const {
+    const Device* const device = Find(alias);
+    if (device == nullptr) return -1;
+    return std::llround(device->position_ms * device->media.frames_per_second / 1000.0);
+}
+
+std::vector<std::string> FakeMediaControl::NewCommands() {
+    std::vector<std::string> commands(Commands.begin() + static_cast<std::ptrdiff_t>(told_), Commands.end());
+    told_ = Commands.size();
+    return commands;
+}
+
+}  // namespace fakes

@@ -1,0 +1,92 @@
+// A media control interface without sound: devices under aliases, on a clock that the test moves, and the
+// transcript of every command.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ports/MediaControl.h"
+
+namespace fakes {
+
+/// A file that can be opened: its length and how many frames a second has (25 for a film, 1000 for sound).
+struct FakeMedia {
+    std::int64_t milliseconds = 10'000;
+    int frames_per_second = 1000;
+};
+
+class FakeMediaControl final : public ports::MediaControl {
+public:
+    int SendString(std::string_view command, std::string* reply, int return_length,
+                   std::int64_t callback) override;
+    bool ErrorString(int error, std::string& text, int length) const override;
+
+    /// Makes a path playable. Paths that were not added are missing, unless AnyFile stands.
+    void AddFile(std::string_view path, FakeMedia media = {});
+    /// What a path that was not added holds; nothing can be opened while AnyFile is false.
+    bool AnyFile = false;
+    FakeMedia AnyMedia;
+
+    /// Lets playing devices run on; a device that reaches its end stops there.
+    void Advance(int milliseconds);
+    /// The next command that begins with `beginning` fails with that error.
+    void FailNext(std::string_view beginning, int error);
+
+    bool IsOpen(std::string_view alias) const;
+    /// "playing", "paused", "stopped"; empty when it is not open.
+    std::string Mode(std::string_view alias) const;
+    /// The path it was opened with; empty when it is not open.
+    std::string PathOf(std::string_view alias) const;
+    /// Device units, 0 to 1000; -1 when it is not open.
+    int Left(std::string_view alias) const;
+    int Right(std::string_view alias) const;
+    /// Device units, 1000 is normal; -1 when it is not open.
+    int Speed(std::string_view alias) const;
+    /// Moves a device to a frame without a command.
+    void SetFrame(std::string_view alias, std::int64_t frame);
+    std::int64_t Frame(std::string_view alias) const;
+
+    /// Every command in the order it came, and the same with what it was given: "status a mode|128".
+    std::vector<std::string> Commands;
+    std::vector<std::string> Calls;
+    /// Commands since the last call of this function.
+    std::vector<std::string> NewCommands();
+
+private:
+    struct Device {
+        std::string path;
+        FakeMedia media;
+        std::string mode = "stopped";
+        bool in_milliseconds = false;
+        double position_ms = 0;
+        double end_ms = 0;
+        int left = 1000;
+        int right = 1000;
+        int speed = 1000;
+    };
+    using Words = std::vector<std::string>;
+
+    int Run(const Words& words, std::string& answer);
+    int Open(const Words& words);
+    int Close(const Words& words);
+    int Status(Device& device, const Words& words, std::string& answer);
+    int Set(Device& device, const Words& words);
+    int SetAudio(Device& device, const Words& words);
+    int Play(Device& device, const Words& words);
+    int Seek(Device& device, const Words& words);
+    Device* Find(std::string_view alias);
+    const Device* Find(std::string_view alias) const;
+    static double ToMs(const Device& device, double value);
+    static std::int64_t FromMs(const Device& device, double milliseconds);
+
+    std::map<std::string, FakeMedia> files_;
+    std::map<std::string, Device> devices_;
+    std::string fail_beginning_;
+    int fail_error_ = 0;
+    std::size_t told_ = 0;
+};
+
+}  // namespace fakes
