@@ -1,0 +1,65 @@
+#include "platform/webengine/EngineFactory.h"
+
+#include <QWebEngineCookieStore>
+
+#include "platform/webengine/DownloadName.h"
+
+namespace webengine {
+
+namespace {
+
+constexpr int kMostDownloads = 8;
+
+}  // namespace
+
+EngineFactory::EngineFactory(PageSettings settings) : settings_(std::move(settings)) {
+    RegisterMakerScheme();
+    profile_ = std::make_unique<QWebEngineProfile>();
+    profile_->installUrlSchemeHandler(MakerScheme(), &maker_pages_);
+    profile_->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
+    profile_->setSpellCheckEnabled(false);
+    QObject::connect(profile_.get(), &QWebEngineProfile::downloadRequested, profile_.get(),
+                     [this](QWebEngineDownloadRequest* download) { TakeDownload(download); });
+}
+
+// The engine wants its pages gone before their profile.
+EngineFactory::~EngineFactory() {
+    pages_.clear();
+    profile_.reset();
+}
+
+ports::BrowserControl* EngineFactory::MakePage(controls::WebBrowser& /*browser*/, QWidget* parent) {
+    pages_.push_back(std::make_unique<EnginePage>(profile_.get(), settings_.to_native_path, parent));
+    return pages_.back().get();
+}
+
+void EngineFactory::ForgetVisits() {
+    profile_->cookieStore()->deleteAllCookies();
+    profile_->clearHttpCache();
+    profile_->clearAllVisitedLinks();
+}
+
+// Whatever name the server gives, the file ends in the download folder under a name that is free there.
+void EngineFactory::TakeDownload(QWebEngineDownloadRequest* download) {
+    const QString folder = QString::fromStdString(settings_.download_folder);
+    const QString name = FreeDownloadName(folder, CleanDownloadName(download->suggestedFileName()));
+    if (folder.isEmpty() || downloads_running_ >= kMostDownloads || !EndsInside(folder, name)) {
+        download->cancel();
+        return;
+    }
+    download->setDownloadDirectory(folder);
+    download->setDownloadFileName(name);
+    ++downloads_running_;
+    QObject::connect(download, &QWebEngineDownloadRequest::isFinishedChanged, profile_.get(),
+                     [this, download] {
+                         if (download->isFinished()) --downloads_running_;
+                     });
+    download->accept();
+}
+
+}  // namespace webengine
+
+extern "C" __attribute__((visibility("default"))) qt::PageFactory* BrindlepostMakePageFactory(
+    const webengine::PageSettings& settings) {
+    return std::make_unique<webengine::EngineFactory>(settings).release();
+}

@@ -1,0 +1,38 @@
+// The engine's profile and its pages.
+//
+// The profile keeps nothing on the disk: several people share the program, each with a login of their own,
+// and what one of them visited is nobody else's business. It begins with the first page and ends after the
+// last.
+#pragma once
+
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineProfile>
+#include <memory>
+#include <vector>
+
+#include "platform/qt/PageFactory.h"
+#include "platform/webengine/EnginePage.h"
+#include "platform/webengine/MakerPages.h"
+#include "platform/webengine/PageSettings.h"
+
+namespace webengine {
+
+class EngineFactory final : public qt::PageFactory {
+public:
+    explicit EngineFactory(PageSettings settings);
+    ~EngineFactory() override;
+
+    ports::BrowserControl* MakePage(controls::WebBrowser& browser, QWidget* parent) override;
+    void ForgetVisits() override;
+
+private:
+    void TakeDownload(QWebEngineDownloadRequest* download);
+
+    PageSettings settings_;
+    MakerPages maker_pages_;
+    std::unique_ptr<QWebEngineProfile> profile_;
+    std::vector<std::unique_ptr<EnginePage>> pages_;
+    int downloads_running_ = 0;
+};
+
+}  // namespace webengine

@@ -1,0 +1,49 @@
+#include "platform/webengine/NoticePage.h"
+
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace webengine {
+
+namespace {
+
+constexpr int kWordsWidth = 520;
+constexpr int kPageRefused = -1;
+
+}  // namespace
+
+Notice::Notice(const QString& words, QWidget* parent)
+    : QWidget(parent), words_(new QLabel(words, this)), button_(new QPushButton(this)) {
+    setObjectName(QStringLiteral("notice"));
+    setAttribute(Qt::WA_StyledBackground);
+    setStyleSheet(
+        QStringLiteral("#notice { background: #1d1916; } QLabel { color: #f2e9de; font-size: 13px; }"
+                       "QPushButton { background: #342c26; color: #e9a24b; border: 1px solid #4b4037;"
+                       " border-radius: 6px; padding: 6px 18px; }"
+                       "QPushButton:focus { border-color: #e9a24b; }"));
+    words_->setWordWrap(true);
+    words_->setAlignment(Qt::AlignCenter);
+    words_->setFixedWidth(kWordsWidth);
+    words_->setTextFormat(Qt::PlainText);
+    button_->hide();
+    auto* column = new QVBoxLayout(this);
+    column->addStretch();
+    column->addWidget(words_, 0, Qt::AlignCenter);
+    column->addSpacing(16);
+    column->addWidget(button_, 0, Qt::AlignCenter);
+    column->addStretch();
+}
+
+void NoticePage::Navigate(std::string_view address) {
+    if (address.empty()) return;
+    QTimer::singleShot(0, this, [this, asked = std::string(address)] {
+        if (listener_ != nullptr) listener_->OnNavigateError(asked, kPageRefused);
+    });
+}
+
+ports::BrowserControl* NoticeFactory::MakePage(controls::WebBrowser& /*control*/, QWidget* parent) {
+    pages_.push_back(std::make_unique<NoticePage>(words_, parent));
+    return pages_.back().get();
+}
+
+}  // namespace webengine

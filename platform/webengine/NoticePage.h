@@ -1,0 +1,60 @@
+// What stands in a tab where no page can be shown: a few words that say why.
+#pragma once
+
+#include <QLabel>
+#include <QPushButton>
+#include <QWidget>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/qt/PageFactory.h"
+#include "ports/BrowserControl.h"
+
+namespace webengine {
+
+/// Words in the middle of a dark ground, with a button below them if it is wanted.
+class Notice final : public QWidget {
+public:
+    explicit Notice(const QString& words, QWidget* parent = nullptr);
+    /// The button below the words; hidden until asked for.
+    QPushButton& Button() { return *button_; }
+    void SetWords(const QString& words) { words_->setText(words); }
+    QString Words() const { return words_->text(); }
+
+private:
+    QLabel* words_;
+    QPushButton* button_;
+};
+
+/// A page engine without pages. It goes nowhere; the notice stands in the parent.
+class NoticePage final : public QObject, public ports::BrowserControl {
+public:
+    NoticePage(const std::string& words, QWidget* parent) {
+        (new Notice(QString::fromStdString(words), parent))->show();
+    }
+
+    void SetListener(ports::BrowserListener* listener) override { listener_ = listener; }
+    void Navigate(std::string_view address) override;
+    void GoBack() override {}
+    void GoForward() override {}
+    void Refresh() override {}
+    std::string LocationURL() const override { return {}; }
+    std::string LocationName() const override { return {}; }
+    bool Busy() const override { return false; }
+
+private:
+    ports::BrowserListener* listener_ = nullptr;
+};
+
+class NoticeFactory final : public qt::PageFactory {
+public:
+    explicit NoticeFactory(std::string words) : words_(std::move(words)) {}
+    ports::BrowserControl* MakePage(controls::WebBrowser& control, QWidget* parent) override;
+
+private:
+    std::string words_;
+    std::vector<std::unique_ptr<NoticePage>> pages_;
+};
+
+}  // namespace webengine

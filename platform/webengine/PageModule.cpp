@@ -1,0 +1,78 @@
+#include "platform/webengine/PageModule.h"
+
+#include <sched.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QLibrary>
+#include <cerrno>
+
+#include "platform/webengine/NoticePage.h"
+
+namespace webengine {
+
+namespace {
+
+constexpr const char* kEngineFlags =
+    "--disable-features=HardwareMediaKeyHandling --force-renderer-accessibility";
+
+using MakePageFactory = qt::PageFactory* (*)(const PageSettings&);
+
+/// Tries what the sandbox does first, in a process that ends at once.
+bool HasUserNamespaces() {
+    const pid_t child = fork();
+    if (child < 0) return false;
+    if (child == 0) _exit(unshare(CLONE_NEWUSER) == 0 ? 0 : 1);
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0) {
+        if (errno != EINTR) return false;
+    }
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+void SetEngineEnvironment() {
+    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", kEngineFlags);
+    for (const char* name :
+         {"QTWEBENGINE_REMOTE_DEBUGGING", "QTWEBENGINE_DISABLE_SANDBOX", "QTWEBENGINEPROCESS_PATH",
+          "QTWEBENGINE_RESOURCES_PATH", "QTWEBENGINE_LOCALES_PATH"}) {
+        qunsetenv(name);
+    }
+}
+
+}  // namespace
+
+std::string WhyNoPages() {
+    const bool is_root = geteuid() == 0;
+    return WhyNoPages(is_root, !is_root && HasUserNamespaces());
+}
+
+std::string WhyNoPages(bool is_root, bool has_user_namespaces) {
+    if (is_root) {
+        return "Web pages are not shown to the administrator (root): the page engine cannot protect the "
+               "system from a "
+               "page there. Start Brindlepost as an ordinary user.";
+    }
+    if (!has_user_namespaces) {
+        return "Web pages cannot be shown: this system does not let a program put pages into a sandbox of "
+               "their own "
+               "(user namespaces are switched off).";
+    }
+    return {};
+}
+
+std::unique_ptr<qt::PageFactory> LoadPages(const std::string& folder, const PageSettings& settings) {
+    const std::string reason = WhyNoPages();
+    if (!reason.empty()) return std::make_unique<NoticeFactory>(reason);
+    SetEngineEnvironment();
+    QLibrary module(QString::fromStdString(folder + "/brindlepost_pages.so"));
+    // The engine cannot be unloaded: threads of it run until the process ends.
+    module.setLoadHints(QLibrary::PreventUnloadHint);
+    const auto make = reinterpret_cast<MakePageFactory>(module.resolve("BrindlepostMakePageFactory"));
+    if (make == nullptr) {
+        return std::make_unique<NoticeFactory>("Web pages cannot be shown: " +
+                                               module.errorString().toStdString());
+    }
+    return std::unique_ptr<qt::PageFactory>(make(settings));
+}
+
+}  // namespace webengine

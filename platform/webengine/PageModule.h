@@ -1,0 +1,31 @@
+// The border between the program and the page engine.
+//
+// The engine is big: linking it costs the start of the program a tenth of a second and more. So it lives in a
+// module of its own, "brindlepost_pages.so", which is loaded when the first page is wanted. Before the
+// QApplication is made, Qt::AA_ShareOpenGLContexts must be set; the module draws with the contexts that come
+// of it.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/qt/PageFactory.h"
+#include "platform/webengine/PageSettings.h"
+
+namespace webengine {
+
+/// Why no page can be shown here, in words for a person; empty when pages can be shown. The engine ends the
+/// whole process where its sandbox cannot work (as root, or where the system forbids user namespaces), so
+/// this asks first.
+std::string WhyNoPages();
+/// The same for a process of which that much is known.
+std::string WhyNoPages(bool is_root, bool has_user_namespaces);
+
+/// Loads the module that lies in `folder`. Before that it puts the program's own engine flags in the place of
+/// whatever the environment holds, so that nobody can open a debugging port, start programs or switch the
+/// sandbox off with them.
+///  Never null: when pages cannot be shown, the factory makes notices that say
+/// why.
+std::unique_ptr<qt::PageFactory> LoadPages(const std::string& folder, const PageSettings& settings);
+
+}  // namespace webengine

@@ -1,0 +1,218 @@
+// What every page engine promises, run on the made-up one and on the real one.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "contracts/BrowserWorld.h"
+
+namespace contracts {
+
+using MakeBrowserWorld = std::unique_ptr<BrowserWorld> (*)();
+
+class BrowserControlContract : public testing::TestWithParam<MakeBrowserWorld> {
+protected:
+    BrowserControlContract() : world(GetParam()()), browser(world->Browser()), heard(browser) {
+        browser.SetListener(&heard);
+    }
+    ~BrowserControlContract() override { browser.SetListener(nullptr); }
+
+    bool Arrive(const std::string& address) {
+        const std::size_t before = heard.Completed.size();
+        browser.Navigate(address);
+        return world->WaitFor([this, before] { return heard.Completed.size() > before && !browser.Busy(); });
+    }
+    bool ArriveAgain(const std::function<void()>& act) {
+        const std::size_t before = heard.Completed.size();
+        act();
+        return world->WaitFor([this, before] { return heard.Completed.size() > before && !browser.Busy(); });
+    }
+
+    std::unique_ptr<BrowserWorld> world;
+    ports::BrowserControl& browser;
+    Listener heard;
+};
+
+TEST_P(BrowserControlContract, BeforeTheFirstDocumentThereIsNothing) {
+    EXPECT_EQ(browser.LocationURL(), "");
+    EXPECT_EQ(browser.LocationName(), "");
+    EXPECT_FALSE(browser.Busy());
+}
+
+TEST_P(BrowserControlContract, ADocumentTellsItsTitleAndItsArrival) {
+    ASSERT_TRUE(Arrive(world->Site + "/plain"));
+
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/plain");
+    EXPECT_EQ(browser.LocationName(), "Plain words");
+    EXPECT_EQ(heard.Completed, std::vector<std::string>{world->Site + "/plain"});
+    ASSERT_FALSE(heard.Titles.empty());
+    EXPECT_EQ(heard.Titles.back(), "Plain words");
+    EXPECT_TRUE(heard.Failed.empty());
+}
+
+TEST_P(BrowserControlContract, ADocumentWithoutATitleIsNamedByItsAddress) {
+    ASSERT_TRUE(Arrive(world->Site + "/untitled"));
+
+    EXPECT_EQ(browser.LocationName(), world->Site + "/untitled");
+}
+
+TEST_P(BrowserControlContract, OnTheWayItIsBusyAndTheOldAddressStands) {
+    ASSERT_TRUE(Arrive(world->Site + "/plain"));
+
+    browser.Navigate(world->Site + "/other");
+
+    EXPECT_TRUE(browser.Busy());
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/plain");
+}
+
+TEST_P(BrowserControlContract, AnAddressWithoutASchemeGetsOne) {
+    ASSERT_TRUE(Arrive(world->Site.substr(std::string("http://").size()) + "/plain"));
+
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/plain");
+}
+
+TEST_P(BrowserControlContract, ADrivePathBecomesAFileAddress) {
+    ASSERT_TRUE(Arrive(world->Local));
+
+    EXPECT_EQ(browser.LocationURL(), world->LocalAddress);
+    EXPECT_EQ(browser.LocationName(), "Local words");
+}
+
+TEST_P(BrowserControlContract, AnEmptyAddressGoesNowhere) {
+    ASSERT_TRUE(Arrive(world->Site + "/plain"));
+
+    browser.Navigate("");
+
+    EXPECT_FALSE(browser.Busy());
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/plain");
+}
+
+TEST_P(BrowserControlContract, AnEmptyAddressStopsNothing) {
+    browser.Navigate(world->Site + "/plain");
+
+    EXPECT_TRUE(ArriveAgain([this] { browser.Navigate(""); }));
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/plain");
+}
+
+TEST_P(BrowserControlContract, BackAndForwardWalkTheHistory) {
+    ASSERT_TRUE(Arrive(world->Site + "/plain"));
+    ASSERT_TRUE(Arrive(world->Site + "/other"));
+
+    ASSERT_TRUE(ArriveAgain([this] { browser.GoBack(); }));
+    const std::string behind = browser.LocationURL();
+    ASSERT_TRUE(ArriveAgain([this] { browser.GoForward(); }));
+
+    EXPECT_EQ(behind, world->Site + "/plain");
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/other");
+}
+
+TEST_P(BrowserControlContract, WithNowhereToGoNothingHappens) {
+    ASSERT_TRUE(Arrive(world->Site + "/plain"));
+
+    browser.GoBack();
+    browser.GoForward();
+
+    EXPECT_FALSE(browser.Busy());
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/plain");
+}
+
+TEST_P(BrowserControlContract, BeforeTheFirstDocumentThereIsNowhereToGo) {
+    browser.GoBack();
+    browser.GoForward();
+    browser.Refresh();
+
+    EXPECT_FALSE(browser.Busy());
+    EXPECT_EQ(browser.LocationURL(), "");
+}
+
+TEST_P(BrowserControlContract, RefreshLoadsTheDocumentAgain) {
+    ASSERT_TRUE(Arrive(world->Site + "/plain"));
+
+    ASSERT_TRUE(ArriveAgain([this] { browser.Refresh(); }));
+
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/plain");
+}
+
+TEST_P(BrowserControlContract, AFailedNavigationLeavesWhatWasThere) {
+    ASSERT_TRUE(Arrive(world->Site + "/plain"));
+
+    browser.Navigate(world->DeadSite + "/x");
+    ASSERT_TRUE(world->WaitFor([this] { return !heard.Failed.empty(); }));
+
+    EXPECT_TRUE(world->WaitFor([this] { return !browser.Busy(); }));
+    EXPECT_EQ(heard.Failed, std::vector<std::string>{world->DeadSite + "/x"});
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/plain");
+    EXPECT_EQ(browser.LocationName(), "Plain words");
+    EXPECT_EQ(heard.Completed.size(), 1U);
+}
+
+TEST_P(BrowserControlContract, AfterAFailureItGoesOn) {
+    ASSERT_TRUE(Arrive(world->Site + "/plain"));
+    browser.Navigate(world->DeadSite + "/x");
+    ASSERT_TRUE(world->WaitFor([this] { return !heard.Failed.empty(); }));
+
+    ASSERT_TRUE(Arrive(world->Site + "/other"));
+
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/other");
+    EXPECT_EQ(browser.LocationName(), "Other words");
+}
+
+TEST_P(BrowserControlContract, AFailedFirstNavigationShowsNothing) {
+    browser.Navigate(world->DeadSite + "/x");
+    ASSERT_TRUE(world->WaitFor([this] { return !heard.Failed.empty(); }));
+
+    EXPECT_EQ(browser.LocationURL(), "");
+    EXPECT_TRUE(heard.Completed.empty());
+}
+
+TEST_P(BrowserControlContract, ANavigationReplacesTheOneUnderWay) {
+    browser.Navigate(world->Site + "/plain");
+
+    browser.Navigate(world->Site + "/other");
+
+    ASSERT_TRUE(world->WaitFor([this] { return browser.LocationURL() == world->Site + "/other"; }));
+    EXPECT_EQ(browser.LocationName(), "Other words");
+}
+
+TEST_P(BrowserControlContract, EveryFrameArrives) {
+    ASSERT_TRUE(Arrive(world->Site + "/frames"));
+
+    EXPECT_TRUE(world->WaitFor([this] { return heard.Completed.size() == 3; }));
+    EXPECT_EQ(browser.LocationName(), "Frames");
+    EXPECT_EQ(heard.Locations, std::vector<std::string>(3, world->Site + "/frames"));
+}
+
+TEST_P(BrowserControlContract, AWindowOpensWhereTheListenerSays) {
+    Listener other_heard(world->Other());
+    world->Other().SetListener(&other_heard);
+    heard.ForWindow = &world->Other();
+
+    ASSERT_TRUE(Arrive(world->Site + "/pops"));
+
+    EXPECT_TRUE(world->WaitFor([&] { return world->Other().LocationURL() == world->Site + "/other"; }));
+    EXPECT_EQ(heard.Windows, 1);
+    EXPECT_EQ(world->Other().LocationName(), "Other words");
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/pops");
+    world->Other().SetListener(nullptr);
+}
+
+TEST_P(BrowserControlContract, AWindowThatIsRefusedLeavesThePage) {
+    ASSERT_TRUE(Arrive(world->Site + "/pops"));
+
+    EXPECT_TRUE(world->WaitFor([this] { return heard.Windows == 1; }));
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/pops");
+}
+
+TEST_P(BrowserControlContract, WithoutAListenerItStillGoes) {
+    browser.SetListener(nullptr);
+
+    browser.Navigate(world->Site + "/plain");
+
+    EXPECT_TRUE(world->WaitFor([this] { return browser.LocationURL() == world->Site + "/plain"; }));
+}
+
+}  // namespace contracts

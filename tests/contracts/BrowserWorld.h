@@ -1,0 +1,62 @@
+// Where the contract of page engines is tried: an engine, a site of a few pages, and a listener that
+// remembers.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "ports/BrowserControl.h"
+
+namespace contracts {
+
+/// An engine with a site of a few pages. Addresses below are appended to Site:
+/// "/plain" is titled "Plain words", "/other" "Other words", "/untitled" has no title, "/frames" is titled
+/// "Frames" and holds "/plain" and "/untitled" in frames, "/pops" opens "/other" in a window of its own.
+/// `Local` is a page on the disk titled "Local words". Nobody answers at `DeadSite`.
+class BrowserWorld {
+public:
+    virtual ~BrowserWorld() = default;
+    virtual ports::BrowserControl& Browser() = 0;
+    /// An engine that has shown nothing yet, for a pop-up.
+    virtual ports::BrowserControl& Other() = 0;
+    /// Lets things happen until `done`; false when they do not come to it.
+    virtual bool WaitFor(const std::function<bool()>& done) = 0;
+
+    std::string Site;
+    std::string DeadSite;
+    /// A drive path.
+    std::string Local;
+    /// The file address that it becomes.
+    std::string LocalAddress;
+};
+
+class Listener final : public ports::BrowserListener {
+public:
+    void OnTitleChange(std::string_view) override { Titles.push_back(browser_.LocationName()); }
+    void OnNavigateComplete(std::string_view url) override {
+        Completed.emplace_back(url);
+        Locations.push_back(browser_.LocationURL());
+    }
+    bool OnNavigateError(std::string_view url, int) override {
+        Failed.emplace_back(url);
+        return true;
+    }
+    ports::BrowserControl* OnNewWindow() override {
+        ++Windows;
+        return ForWindow;
+    }
+    explicit Listener(ports::BrowserControl& browser) : browser_(browser) {}
+
+    std::vector<std::string> Titles;
+    std::vector<std::string> Completed;
+    std::vector<std::string> Locations;
+    std::vector<std::string> Failed;
+    int Windows = 0;
+    ports::BrowserControl* ForWindow = nullptr;
+
+private:
+    ports::BrowserControl& browser_;
+};
+
+}  // namespace contracts

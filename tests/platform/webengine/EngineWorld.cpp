@@ -1,0 +1,74 @@
+#include "platform/webengine/EngineWorld.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+
+#include "base/Text.h"
+
+namespace webengine_test {
+
+namespace {
+
+std::string NativePath(std::string_view path) {
+    return base::Replace(base::Mid(path, 3), "\\", "/");
+}
+
+QTemporaryDir& Downloads() {
+    static QTemporaryDir folder;
+    return folder;
+}
+
+void WritePage(const QString& path, const QByteArray& text) {
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly)) file.write(text);
+}
+
+}  // namespace
+
+QString DownloadFolder() {
+    return Downloads().path();
+}
+
+qt::PageFactory& Factory() {
+    static const std::unique_ptr<qt::PageFactory> factory =
+        webengine::LoadPages(BRINDLEPOST_PAGES_DIR, {DownloadFolder().toStdString(), &NativePath});
+    return *factory;
+}
+
+bool WaitFor(const std::function<bool()>& done) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!done()) {
+        if (clock.hasExpired(20000)) return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
+    }
+    return true;
+}
+
+EngineWorld::EngineWorld() {
+    Site = server_.Address();
+    PageServer dead;
+    DeadSite = dead.Address();
+    dead.close();
+    server_.Pages["/plain"] = {"<title>Plain words</title>plain"};
+    server_.Pages["/other"] = {"<title>Other words</title>other"};
+    server_.Pages["/untitled"] = {"<p>words</p>"};
+    server_.Pages["/frames"] = {
+        "<title>Frames</title><iframe src='/plain'></iframe><iframe src='/untitled'></iframe>"};
+    server_.Pages["/pops"] = {"<title>Pops</title><script>window.open('/other')</script>"};
+    const QString page = folder_.filePath(QStringLiteral("local.html"));
+    WritePage(page, "<title>Local words</title>local");
+    Local = "C:" + base::Replace(page.toStdString(), "/", "\\");
+    LocalAddress = "file://" + page.toStdString();
+    window_.resize(640, 480);
+    window_.show();
+    browser_ = Factory().MakePage(control_, &window_);
+}
+
+ports::BrowserControl& EngineWorld::Other() {
+    if (other_ == nullptr) other_ = Factory().MakePage(control_, &window_);
+    return *other_;
+}
+
+}  // namespace webengine_test

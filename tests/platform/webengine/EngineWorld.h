@@ -1,0 +1,44 @@
+// The real engine, loaded as the program loads it, in a window of a test.
+#pragma once
+
+#include <QTemporaryDir>
+#include <QWidget>
+#include <memory>
+
+#include "contracts/BrowserWorld.h"
+#include "controls/WebBrowser.h"
+#include "platform/webengine/PageModule.h"
+#include "platform/webengine/PageServer.h"
+
+namespace webengine_test {
+
+/// One factory for the whole test program: there is one engine in a process.
+qt::PageFactory& Factory();
+/// Where its downloads go.
+QString DownloadFolder();
+/// Lets the loop run until `done`; false after twenty seconds.
+bool WaitFor(const std::function<bool()>& done);
+
+class EngineWorld final : public contracts::BrowserWorld {
+public:
+    EngineWorld();
+    ports::BrowserControl& Browser() override { return *browser_; }
+    ports::BrowserControl& Other() override;
+    bool WaitFor(const std::function<bool()>& done) override { return webengine_test::WaitFor(done); }
+
+    PageServer& Server() { return server_; }
+    QTemporaryDir& Folder() { return folder_; }
+    QWidget& Window() { return window_; }
+    /// A control of the window, for what the controls promise over an engine.
+    controls::WebBrowser& Control() { return control_; }
+
+private:
+    PageServer server_;
+    QTemporaryDir folder_;
+    QWidget window_;
+    controls::WebBrowser control_{"Browser"};
+    ports::BrowserControl* browser_ = nullptr;
+    ports::BrowserControl* other_ = nullptr;
+};
+
+}  // namespace webengine_test

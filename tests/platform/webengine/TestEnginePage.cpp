@@ -1,0 +1,226 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+
+#include "platform/webengine/EngineWorld.h"
+
+namespace {
+
+using webengine_test::EngineWorld;
+using webengine_test::WaitFor;
+
+class EnginePage : public testing::Test {
+protected:
+    EnginePage() { world.Browser().SetListener(&heard); }
+    ~EnginePage() override { world.Browser().SetListener(nullptr); }
+
+    bool Arrive(const std::string& address) {
+        const std::size_t before = heard.Completed.size();
+        world.Browser().Navigate(address);
+        return WaitFor([&] { return heard.Completed.size() > before && !world.Browser().Busy(); });
+    }
+    void Serve(const char* path, const QByteArray& body) { world.Server().Pages[path] = {body}; }
+    int Asked(const char* path) { return world.Server().Asked(path); }
+
+    EngineWorld world;
+    contracts::Listener heard{world.Browser()};
+};
+
+TEST_F(EnginePage, TheMakersPagesAreInsideTheProgram) {
+    const std::pair<const char*, const char*> pages[] = {
+        {"brindlepost://start/", "Start page"},
+        {"brindlepost://start/?referrer=quennet&origin=Brindlepost_BG", "Brindlepost"},
+        {"brindlepost://start/?referrer=quennet&origin=Brindlepost", "Start page"},
+        {"brindlepost://start/"
+         "index.php?page=applications&page2=brindlepost&page3=help&referrer=quennet&origin="
+         "Brindlepost",
+         "Help"},
+        {"brindlepost://start/"
+         "index.php?page=applications&page2=brindlepost&page3=updates&referrer=quennet&origin="
+         "Brindlepost",
+         "Updates"},
+    };
+    for (const auto& [address, title] : pages) {
+        ASSERT_TRUE(Arrive(address)) << address;
+
+        EXPECT_EQ(world.Browser().LocationURL(), address);
+        EXPECT_EQ(world.Browser().LocationName(), title);
+    }
+}
+
+TEST_F(EnginePage, TheMakersSiteWithoutASlashIsTheStartPage) {
+    ASSERT_TRUE(Arrive("brindlepost://start"));
+
+    EXPECT_EQ(world.Browser().LocationName(), "Start page");
+    EXPECT_EQ(world.Browser().LocationURL(), "brindlepost://start/");
+}
+
+TEST_F(EnginePage, AnUnknownPageOfTheMakerFails) {
+    world.Browser().Navigate("brindlepost://start/secret");
+
+    EXPECT_TRUE(WaitFor([&] { return !heard.Failed.empty(); }));
+}
+
+TEST_F(EnginePage, AFailedNavigationKeepsTheDocumentAlive) {
+    Serve("/beat", "beat");
+    Serve("/alive", "<title>Alive</title><script>setInterval(() => fetch('/beat'), 20)</script>");
+    ASSERT_TRUE(Arrive(world.Site + "/alive"));
+    const int documents = Asked("/alive");
+
+    world.Browser().Navigate(world.DeadSite + "/x");
+    ASSERT_TRUE(WaitFor([&] { return !heard.Failed.empty(); }));
+
+    const int beats = Asked("/beat");
+    EXPECT_TRUE(WaitFor([&] { return Asked("/beat") > beats + 2; }));
+    EXPECT_EQ(Asked("/alive"), documents);
+    EXPECT_EQ(world.Browser().LocationName(), "Alive");
+}
+
+TEST_F(EnginePage, AnErrorAnswerWithoutWordsIsAnEmptyPage) {
+    world.Server().Pages["/gone"] = {"", "Content-Type: text/html\r\n", "404 Not Found"};
+    ASSERT_TRUE(Arrive(world.Site + "/plain"));
+
+    ASSERT_TRUE(Arrive(world.Site + "/gone"));
+
+    EXPECT_EQ(world.Browser().LocationURL(), world.Site + "/gone");
+    EXPECT_TRUE(heard.Failed.empty());
+}
+
+TEST_F(EnginePage, AnErrorPageOfTheServerIsAPage) {
+    ASSERT_TRUE(Arrive(world.Site + "/nothing-here"));
+
+    EXPECT_EQ(world.Browser().LocationName(), "Not found");
+}
+
+TEST_F(EnginePage, ATitleThatChangesLaterIsTold) {
+    Serve("/later", "<title>Early</title><script>setTimeout(() => document.title = 'Late', 50)</script>");
+    ASSERT_TRUE(Arrive(world.Site + "/later"));
+
+    EXPECT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Late"; }));
+    EXPECT_EQ(heard.Titles.back(), "Late");
+}
+
+TEST_F(EnginePage, AnAnchorIsPartOfTheAddress) {
+    Serve("/long", "<title>Long</title><script>setTimeout(() => location.hash = 'end', 50)</script>");
+    ASSERT_TRUE(Arrive(world.Site + "/long"));
+
+    EXPECT_TRUE(WaitFor([&] { return world.Browser().LocationURL() == world.Site + "/long#end"; }));
+    EXPECT_EQ(Asked("/long"), 1);
+}
+
+TEST_F(EnginePage, AnAddressPushedByAScriptIsTold) {
+    Serve("/app",
+          "<title>App</title><script>setTimeout(() => history.pushState(0, '', '/app/2'), 50)</script>");
+    ASSERT_TRUE(Arrive(world.Site + "/app"));
+
+    EXPECT_TRUE(WaitFor([&] { return world.Browser().LocationURL() == world.Site + "/app/2"; }));
+}
+
+TEST_F(EnginePage, ARedirectArrivesAtItsEnd) {
+    world.Server().Pages["/from"] = {"", "Location: /plain\r\n", "302 Found"};
+
+    ASSERT_TRUE(Arrive(world.Site + "/from"));
+
+    EXPECT_EQ(world.Browser().LocationURL(), world.Site + "/plain");
+    EXPECT_EQ(heard.Completed, std::vector<std::string>{world.Site + "/plain"});
+}
+
+TEST_F(EnginePage, ALocalPageCannotReadOtherLocalFiles) {
+    const QString folder = world.Folder().path();
+    QFile secret(folder + "/secret.txt");
+    ASSERT_TRUE(secret.open(QIODevice::WriteOnly));
+    secret.write("secret");
+    secret.close();
+    QFile page(folder + "/thief.html");
+    ASSERT_TRUE(page.open(QIODevice::WriteOnly));
+    page.write(
+        "<title>?</title><script>"
+        "const r = new XMLHttpRequest(); r.onload = () => document.title = 'read ' + r.responseText;"
+        "r.onerror = () => document.title = 'refused'; r.open('GET', 'secret.txt');"
+        "try { r.send(); } catch (e) { document.title = 'refused'; }</script>");
+    page.close();
+
+    ASSERT_TRUE(Arrive((folder + "/thief.html").toStdString()));
+
+    EXPECT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "refused"; }))
+        << world.Browser().LocationName();
+}
+
+TEST_F(EnginePage, APageOpensOnlySoManyWindows) {
+    Serve("/flood",
+          "<title>Flood</title><script>for (let i = 0; i < 60; ++i) window.open('/other');"
+          "document.title = 'Done'</script>");
+
+    ASSERT_TRUE(Arrive(world.Site + "/flood"));
+
+    EXPECT_EQ(heard.Windows, 20);
+    EXPECT_EQ(world.Browser().LocationName(), "Done");
+}
+
+TEST_F(EnginePage, AScriptThatNeverEndsLeavesTheProgramRunning) {
+    Serve("/endless", "<title>Endless</title><script>setTimeout(() => { for (;;); }, 0)</script>");
+    ASSERT_TRUE(Arrive(world.Site + "/endless"));
+
+    world.Browser().Navigate("brindlepost://start/");
+
+    EXPECT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Start page"; }));
+}
+
+TEST_F(EnginePage, BoxesOfAPageThatIsNotShownAreAnsweredWithNo) {
+    Serve("/asks",
+          "<title>Asks</title><script>let n = 0; for (let i = 0; i < 50; ++i) { alert(i);"
+          "if (!confirm(i)) ++n; } document.title = 'answered ' + n</script>");
+    world.Window().hide();
+
+    ASSERT_TRUE(Arrive(world.Site + "/asks"));
+
+    EXPECT_EQ(world.Browser().LocationName(), "answered 50");
+}
+
+TEST_F(EnginePage, ADownloadEndsInItsFolderUnderACleanName) {
+    world.Server().Pages["/file"] = {
+        "words",
+        "Content-Type: application/octet-stream\r\n"
+        "Content-Disposition: attachment; filename=\"..\\..\\.evil/../x:y.bin\"\r\n"};
+    ASSERT_TRUE(Arrive(world.Site + "/plain"));
+    const QDir folder(webengine_test::DownloadFolder());
+
+    world.Browser().Navigate(world.Site + "/file");
+
+    ASSERT_TRUE(WaitFor([&] { return !folder.entryList({"*.bin"}, QDir::Files).isEmpty(); }));
+    const QStringList names = folder.entryList({"*.bin"}, QDir::Files | QDir::Hidden);
+    ASSERT_EQ(names.size(), 1);
+    EXPECT_FALSE(names[0].startsWith('.'));
+    EXPECT_TRUE(WaitFor([&] { return !world.Browser().Busy(); }));
+    EXPECT_EQ(world.Browser().LocationURL(), world.Site + "/plain");
+}
+
+TEST_F(EnginePage, ADeadPageIsLoadedOnceMoreAndThenOffersTo) {
+    ASSERT_TRUE(Arrive(world.Site + "/plain"));
+
+    world.Browser().Navigate("chrome://crash");
+    ASSERT_TRUE(WaitFor([&] { return Asked("/plain") == 2; }));
+    ASSERT_TRUE(WaitFor([&] { return !world.Browser().Busy(); }));
+
+    EXPECT_EQ(world.Browser().LocationURL(), world.Site + "/plain");
+}
+
+TEST_F(EnginePage, TheWidgetMayGoBeforeTheEngine) {
+    ASSERT_TRUE(Arrive(world.Site + "/plain"));
+
+    qDeleteAll(world.Window().findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
+    world.Browser().Navigate(world.Site + "/other");
+    world.Browser().GoBack();
+    world.Browser().Refresh();
+
+    EXPECT_FALSE(world.Browser().Busy());
+}
+
+TEST_F(EnginePage, TheEnvironmentCannotChangeTheEngine) {
+    EXPECT_EQ(qgetenv("QTWEBENGINE_REMOTE_DEBUGGING"), QByteArray());
+    EXPECT_EQ(qgetenv("QTWEBENGINE_DISABLE_SANDBOX"), QByteArray());
+    EXPECT_FALSE(qgetenv("QTWEBENGINE_CHROMIUM_FLAGS").contains("renderer-cmd-prefix"));
+}
+
+}  // namespace

@@ -1,0 +1,64 @@
+#include "platform/webengine/NoticePage.h"
+
+#include <gtest/gtest.h>
+
+#include <QWidget>
+
+#include "contracts/BrowserWorld.h"
+#include "controls/WebBrowser.h"
+#include "platform/webengine/EngineWorld.h"
+
+namespace {
+
+TEST(NoticePage, ItStandsInItsPlaceAndSaysWhy) {
+    QWidget window;
+    controls::WebBrowser control{"Browser"};
+    webengine::NoticeFactory factory("no pages here");
+
+    factory.MakePage(control, &window);
+
+    const auto* notice = window.findChild<webengine::Notice*>();
+    ASSERT_NE(notice, nullptr);
+    EXPECT_EQ(notice->Words(), "no pages here");
+}
+
+TEST(NoticePage, EveryAddressFailsLater) {
+    QWidget window;
+    controls::WebBrowser control{"Browser"};
+    webengine::NoticeFactory factory("no pages here");
+    ports::BrowserControl* page = factory.MakePage(control, &window);
+    contracts::Listener heard(*page);
+    page->SetListener(&heard);
+
+    page->Navigate("http://one.example/");
+    const bool at_once = !heard.Failed.empty();
+
+    EXPECT_TRUE(webengine_test::WaitFor([&] { return !heard.Failed.empty(); }));
+    EXPECT_FALSE(at_once);
+    EXPECT_EQ(page->LocationURL(), "");
+}
+
+TEST(NoticePage, AModuleThatIsNotThereGivesNotices) {
+    const auto factory = webengine::LoadPages("/nowhere/at/all", {});
+    QWidget window;
+    controls::WebBrowser control{"Browser"};
+
+    ASSERT_NE(factory->MakePage(control, &window), nullptr);
+
+    EXPECT_NE(window.findChild<webengine::Notice*>(), nullptr);
+}
+
+TEST(NoticePage, RootIsToldToBecomeAnOrdinaryUser) {
+    EXPECT_NE(webengine::WhyNoPages(true, false).find("ordinary user"), std::string::npos);
+    EXPECT_NE(webengine::WhyNoPages(true, true).find("ordinary user"), std::string::npos);
+}
+
+TEST(NoticePage, ASystemWithoutUserNamespacesIsNamed) {
+    EXPECT_NE(webengine::WhyNoPages(false, false).find("user namespaces"), std::string::npos);
+}
+
+TEST(NoticePage, OtherwiseThereIsNothingToTell) {
+    EXPECT_EQ(webengine::WhyNoPages(false, true), "");
+}
+
+}  // namespace
