@@ -5,7 +5,7 @@ target_compile_options(brindlepost_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # When it optimises, GCC 12 sees overlapping copies inside std::string's operator+ that are not there.
-  target_compile_options(brindlepost_options INTERFACE -Wno-restrict)
+  target_compile_options(brindlepost_options INTERFACE $<$<NOT:$<CONFIG:Debug>>:-Wno-restrict>)
 endif()
 if(BRINDLEPOST_SANITIZE)
   target_compile_options(brindlepost_options INTERFACE
