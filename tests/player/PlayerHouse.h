@@ -1,0 +1,250 @@
+// The whole player on stand-ins: real controls and rooms, a made-up device, a clock the test moves.
+#pragma once
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Number.h"
+#include "base/Text.h"
+#include "fakes/FakeDesktop.h"
+#include "fakes/FakeDialogs.h"
+#include "fakes/FakeFiles.h"
+#include "fakes/FakeMediaControl.h"
+#include "fakes/SeededStores.h"
+#include "player/Player.h"
+
+namespace player_tests {
+
+struct FakeLibrary final : player::FileKinds, player::SongPaths {
+    bool IsMediaFile(std::string_view path) const override {
+        return base::EndsWith(path, ".mp3") || base::EndsWith(path, ".wav") || IsVideoFile(path);
+    }
+    bool IsVideoFile(std::string_view path) const override { return base::EndsWith(path, ".avi"); }
+    bool FileExists(std::string_view path) const override { return Existing.contains(std::string(path)); }
+    std::string FileNameOf(std::string_view path) const override {
+        return std::string(path.substr(path.find_last_of("\\/") + 1));
+    }
+    std::string SongPathFromId(std::int64_t song_id) override { return Songs[song_id]; }
+
+    std::set<std::string> Existing;
+    std::map<std::int64_t, std::string> Songs;
+};
+
+struct RecordingHistory final : player::HistoryLog {
+    void AddSiteToHistory(std::string_view kind, std::string_view text) override {
+        Rows.push_back(std::string(kind) + ":" + std::string(text));
+    }
+    std::vector<std::string> Rows;
+};
+
+struct RecordingMessage final : player::NowPlayingMessage {
+    void SendNowPlaying(std::string_view first, std::string_view second, std::string_view third,
+                        std::string_view extra, std::string_view format, bool enabled,
+                        std::string_view category) override {
+        std::string line = enabled ? "on" : "off";
+        for (const std::string_view part : {category, format, first, second, third, extra}) {
+            line += "|" + std::string(part);
+        }
+        Sent.push_back(line);
+    }
+    std::vector<std::string> Sent;
+};
+
+struct RecordingAddressRow final : player::AddressRow {
+    void FocusAddress() override { ++Focused; }
+    void ClearStaleAddress() override { ++Cleared; }
+    int Focused = 0;
+    int Cleared = 0;
+};
+
+struct FakeMainWindow final : player::MainWindow {
+    double Left() const override { return 1500; }
+    double Top() const override { return 900; }
+    controls::WindowState State() const override { return Now; }
+    void SetState(controls::WindowState state) override {
+        Now = state;
+        Calls.emplace_back(state == controls::WindowState::Maximised ? "maximise" : "normal");
+    }
+    void ShowWindow() override { Calls.emplace_back("show"); }
+    void EnableWindow(bool enabled) override { Calls.emplace_back(enabled ? "enable" : "disable"); }
+    void RefreshWindow() override { Calls.emplace_back("refresh"); }
+    void Form_Resize() override { Calls.emplace_back("resize"); }
+    void MakeHole() override { Calls.emplace_back("make hole"); }
+    void CloseHole() override { Calls.emplace_back("close hole"); }
+    void NoMouseOvers() override { Calls.emplace_back("no mouse overs"); }
+    void KeyDown(int key_code, int shift) override {
+        Calls.push_back("key " + base::ToText(key_code) + " " + base::ToText(shift));
+    }
+    void PopupMenu(controls::Menu& menu) override { Calls.push_back("popup " + menu.Name()); }
+    bool IsLoading() const override { return Loading; }
+    bool IsFavouritesPanelClosed() const override { return FavouritesClosed; }
+    void cmdFavs_Click() override { Calls.emplace_back("favourites"); }
+
+    std::vector<std::string> TakeCalls() { return std::exchange(Calls, {}); }
+
+    controls::WindowState Now = controls::WindowState::Normal;
+    bool Loading = false;
+    bool FavouritesClosed = false;
+    std::vector<std::string> Calls;
+};
+
+struct FakeChance final : ports::Chance {
+    double Below1() override { return Value; }
+    double Value = 0;
+};
+
+struct NoWindows final : ports::WindowServices {
+    bool GetWindowRect(std::int64_t, ports::WindowRect&) const override { return false; }
+};
+
+/// The menu entries that the player answers to.
+struct PlayerMenuEntries {
+    controls::Menu mnuPlay{"mnuPlay"}, mnuPause{"mnuPause"}, mnuStop{"mnuStop"};
+    controls::Menu mnuRepeat{"mnuRepeat"}, mnuShuffle{"mnuShuffle"};
+    controls::Menu mnuCueSong{"mnuCueSong"}, mnuRemoveCueList{"mnuRemoveCueList"};
+    controls::Menu mnuCrossfade{"mnuCrossfade"}, mnuQuickFade{"mnuQuickFade"}, mnuMediumFade{"mnuMediumFade"};
+    controls::Menu mnuLongFade{"mnuLongFade"}, mnuFadeOff{"mnuFadeOff"};
+    controls::Menu mnuIncreaseVolume{"mnuIncreaseVolume"}, mnuDecreaseVolume{"mnuDecreaseVolume"};
+    controls::Menu mnuMusicMute{"mnuMusicMute"};
+    controls::Menu mnuIncreaseSpeed{"mnuIncreaseSpeed"}, mnuDecreaseSpeed{"mnuDecreaseSpeed"};
+    controls::Menu mnuNormalSpeed{"mnuNormalSpeed"};
+    controls::Menu mnuPanInstant{"mnuPanInstant"}, mnuPanQuick{"mnuPanQuick"}, mnuPanMedium{"mnuPanMedium"};
+    controls::Menu mnuPanLong{"mnuPanLong"}, mnuPanOff{"mnuPanOff"};
+    controls::Menu mnuStrobe{"mnuStrobe"}, mnuParty{"mnuParty"}, mnuMood{"mnuMood"}, mnuAnim{"mnuAnim"};
+    controls::Menu mnuNone{"mnuNone"}, mnuFullScreen{"mnuFullScreen"}, mnuSoundTest{"mnuSoundTest"};
+
+    player::PlayerMenu References() {
+        return {{mnuPlay, mnuPause, mnuStop},
+                {mnuRepeat, mnuShuffle},
+                {mnuCueSong, mnuRemoveCueList},
+                {mnuCrossfade, mnuQuickFade, mnuMediumFade, mnuLongFade, mnuFadeOff},
+                {mnuIncreaseVolume, mnuDecreaseVolume, mnuMusicMute},
+                {mnuIncreaseSpeed, mnuDecreaseSpeed, mnuNormalSpeed},
+                {mnuPanInstant, mnuPanQuick, mnuPanMedium, mnuPanLong, mnuPanOff},
+                {mnuStrobe, mnuParty, mnuMood, mnuAnim, mnuNone},
+                mnuFullScreen,
+                mnuSoundTest};
+    }
+};
+
+/// Songs at "C:\m\", half a minute long unless a test says otherwise; quick fade and no panning, as at the
+/// start.
+struct PlayerHouse {
+    PlayerHouse() {
+        controls.PutInto(frmBrowser, frmBrowser);
+        desktop.Adopt(frmBrowser);
+        desktop.Adopt(frmVideo);
+        stores.Bind(datSong, "tblSong");
+        menu.mnuQuickFade.SetChecked(true);
+        menu.mnuPanOff.SetChecked(true);
+        controls.video.picVideo.Move(300, 6000, 2400, 1800);
+    }
+
+    /// A file that exists and can be played, in the library under `song_id` when that is not 0.
+    std::string AddSong(std::string_view name, int length_ms = 30000, int song_id = 0) {
+        const std::string path = "C:\\m\\" + std::string(name);
+        files.AddFile(path);
+        library.Existing.insert(path);
+        const int frames = base::EndsWith(path, ".avi") ? 25 : 1000;
+        device.AddFile(files.GetShortPathName(path),
+                       {.milliseconds = length_ms, .frames_per_second = frames});
+        if (song_id > 0) {
+            library.Songs[song_id] = path;
+            stores.Seed("tblSong", {{base::ToText(song_id), "", "", path, "0"}});
+        }
+        return path;
+    }
+
+    /// A row of the visible tracks.
+    void AddTrack(std::string_view text, std::string_view entry) {
+        lstTracks.AddItem(text);
+        lstMaybe.AddItem(entry);
+        ListMaybeChanged = true;
+    }
+
+    void DoubleClickTrack(int row) {
+        lstTracks.SetListIndex(row);
+        lstTracks.DblClick.Raise();
+    }
+
+    const std::string& NowPlaying() const { return controls.transport.lblFileNowPlaying.Caption(); }
+    /// The commands since the last call.
+    std::vector<std::string> TakeCommands() { return device.NewCommands(); }
+    bool IsOpen(std::string_view alias) const { return device.IsOpen(alias); }
+    /// Path of the song that plays on an alias; empty when none does.
+    std::string PlayingOn(std::string_view alias) const {
+        if (device.Mode(alias) != "playing") return {};
+        return files.FromNative(files.ToNative(device.PathOf(alias)));
+    }
+    /// Percent of the left and the right speaker; -1 when the alias is not open.
+    int LevelOf(std::string_view alias) const { return IsOpen(alias) ? device.Left(alias) / 10 : -1; }
+    int RightLevelOf(std::string_view alias) const { return IsOpen(alias) ? device.Right(alias) / 10 : -1; }
+    /// Device and clock go on together, in the steps of the heartbeat.
+    void RunFor(int milliseconds) {
+        for (; milliseconds > 0; milliseconds -= 50) {
+            device.Advance(std::min(milliseconds, 50));
+            desktop.Advance(std::min(milliseconds, 50));
+        }
+    }
+    static void Press(controls::Control& control, double x, double y = 0) {
+        control.MouseDown.Raise(controls::kLeftButton, 0, x, y);
+    }
+    static void MoveTo(controls::Control& control, double x, double y = 0) {
+        control.MouseMove.Raise(controls::kLeftButton, 0, x, y);
+    }
+    static void Release(controls::Control& control, int button = controls::kLeftButton) {
+        control.MouseUp.Raise(button, 0, 0, 0);
+    }
+
+    fakes::FakeDesktop desktop;
+    fakes::FakeDialogs dialogs;
+    fakes::FakeFiles files;
+    fakes::FakeMediaControl device;
+    fakes::SeededStores stores{desktop};
+    FakeLibrary library;
+    RecordingHistory history;
+    RecordingMessage message;
+    RecordingAddressRow address;
+    FakeMainWindow window;
+    FakeChance chance;
+    NoWindows no_windows;
+    store::DataSource datSong{"datSong"};
+    controls::Form frmBrowser{"frmBrowser", "Brindlepost"};
+    player::PlayerControls controls;
+    PlayerMenuEntries menu;
+    player::VideoForm frmVideo;
+    player::SpeakerTestForm frmSpeakerTest;
+    controls::ListBox lstTracks{"lstTracks"};
+    controls::ListBox lstMaybe{"lstMaybe"};
+    controls::ListBox lstArtists{"lstArtists"};
+    controls::ListBox lstPlayLists{"lstPlayLists"};
+    bool ListMaybeChanged = false;
+    player::PlayerState state;
+    player::MciLayer mci{device, no_windows, files};
+    player::Player player{{controls,
+                           menu.References(),
+                           frmVideo,
+                           frmSpeakerTest,
+                           {lstTracks, lstMaybe, ListMaybeChanged},
+                           {lstArtists, lstPlayLists, lstTracks}},
+                          state,
+                          {library, library, history, message, address, window},
+                          {mci, datSong, dialogs, desktop, chance}};
+};
+
+/// The commands without the questions.
+inline std::vector<std::string> Orders(const std::vector<std::string>& commands) {
+    std::vector<std::string> orders;
+    for (const std::string& command : commands) {
+        if (!base::StartsWith(command, "status") && !base::Contains(command, "time format")) {
+            orders.push_back(command);
+        }
+    }
+    return orders;
+}
+
+}  // namespace player_tests

@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+
+#include "player/PlayerHouse.h"
+
+namespace {
+
+using player_tests::Orders;
+using player_tests::PlayerHouse;
+using Texts = std::vector<std::string>;
+
+struct Shown {
+    bool play, play_over, pause, pause_over;
+    bool operator==(const Shown&) const = default;
+};
+
+Shown Buttons(const PlayerHouse& house) {
+    const auto& t = house.controls.transport;
+    return {t.imgPlay.Visible(), t.imgPlayOver.Visible(), t.imgPause.Visible(), t.imgPauseOver.Visible()};
+}
+
+constexpr Shown kPlayPair{true, true, false, false};
+constexpr Shown kPausePair{false, false, true, true};
+
+TEST(PlayButtonsRoom, DoubleClickPlaysTheSelectedTrackAndShowsPause) {
+    PlayerHouse house;
+    house.AddTrack("1", house.AddSong("1.mp3"));
+    house.AddTrack("2", house.AddSong("2.mp3"));
+    house.state.MissingTrackCount = 4;
+
+    house.DoubleClickTrack(1);
+
+    EXPECT_EQ(house.PlayingOn("a"), "C:\\m\\2.mp3");
+    EXPECT_EQ(house.controls.queue.lstNowPlaying.ListCount(), 2);
+    EXPECT_EQ(house.controls.queue.lstNowPlaying.ListIndex(), 1);
+    EXPECT_FALSE(house.ListMaybeChanged);
+    EXPECT_EQ(house.state.MissingTrackCount, 0);
+    EXPECT_EQ(Buttons(house), kPausePair);
+}
+
+TEST(PlayButtonsRoom, DoubleClickReadsANumberFromTheLibrarysTable) {
+    PlayerHouse house;
+    const auto song = house.AddSong("five.mp3", 30000, 5);
+    house.AddTrack("five", "5");
+
+    house.DoubleClickTrack(0);
+
+    EXPECT_EQ(house.PlayingOn("a"), song);
+}
+
+TEST(PlayButtonsRoom, DoubleClickKeepsThePlayOrderWhileTheTracksAreTheSame) {
+    PlayerHouse house;
+    house.AddTrack("1", house.AddSong("1.mp3"));
+    house.DoubleClickTrack(0);
+    house.lstMaybe.AddItem("C:\\m\\later.mp3");
+
+    house.DoubleClickTrack(0);
+
+    EXPECT_EQ(house.controls.queue.lstNowPlaying.ListCount(), 1);
+}
+
+TEST(PlayButtonsRoom, DoubleClickOnNothingShowsPlayWhileADeviceIsClosed) {
+    PlayerHouse house;
+
+    house.lstTracks.DblClick.Raise();
+
+    EXPECT_EQ(house.TakeCommands(), (Texts{"status b mode", "status a mode"}));
+    EXPECT_EQ(Buttons(house), kPlayPair);
+}
+
+TEST(PlayButtonsRoom, DoubleClickOnNothingLeavesTheButtonsWhileBothPlay) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("1.mp3"));
+    house.player.PlaySong(house.AddSong("2.mp3"));
+    const Shown before = Buttons(house);
+
+    house.lstTracks.DblClick.Raise();
+
+    EXPECT_EQ(Buttons(house), before);
+}
+
+TEST(PlayButtonsRoom, DoubleClickCountsForTheVideoWindow) {
+    PlayerHouse house;
+
+    house.lstTracks.DblClick.Raise();
+
+    EXPECT_EQ(house.state.counter, 1);
+}
+
+TEST(PlayButtonsRoom, TheMouseOverAPlainPictureShowsTheBrightOne) {
+    PlayerHouse house;
+    auto& t = house.controls.transport;
+
+    PlayerHouse::MoveTo(t.imgPlay, 0);
+    PlayerHouse::MoveTo(t.imgPause, 0);
+    PlayerHouse::MoveTo(t.imgStop, 0);
+
+    EXPECT_TRUE(t.imgPlayOver.Visible());
+    EXPECT_TRUE(t.imgPauseOver.Visible());
+    EXPECT_TRUE(t.imgStopOver.Visible());
+}
+
+TEST(PlayButtonsRoom, PauseStopsBothSongsAndTheFade) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("1.mp3"));
+    house.player.PlaySong(house.AddSong("2.mp3"));
+    house.TakeCommands();
+
+    house.controls.transport.imgPauseOver.Click.Raise();
+
+    EXPECT_EQ(house.TakeCommands(), (Texts{"Pause a", "Pause b"}));
+    EXPECT_FALSE(house.controls.levels.tmrFade.Enabled());
+    EXPECT_EQ(Buttons(house), kPlayPair);
+    EXPECT_EQ(house.address.Focused, 1);
+}
+
+TEST(PlayButtonsRoom, PlayDropsTheOutgoingSongOfAPausedCrossfade) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("1.mp3"));
+    house.player.PlaySong(house.AddSong("2.mp3"));
+    house.desktop.Advance(600);
+    house.menu.mnuPause.Click.Raise();
+    house.TakeCommands();
+
+    house.menu.mnuPlay.Click.Raise();
+
+    EXPECT_EQ(Orders(house.TakeCommands()), (Texts{"Close a", "Resume b"}));
+    EXPECT_EQ(house.LevelOf("b"), 20) << "it stays at the level it had reached";
+    EXPECT_EQ(Buttons(house), kPausePair);
+}
+
+TEST(PlayButtonsRoom, PlayResumesA) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("1.mp3"));
+    house.menu.mnuPause.Click.Raise();
+    house.TakeCommands();
+
+    house.menu.mnuPlay.Click.Raise();
+
+    EXPECT_EQ(Orders(house.TakeCommands()), (Texts{"Resume a", "Close b"}));
+}
+
+TEST(PlayButtonsRoom, PlayDoesNothingMoreWhileASongPlays) {
+    PlayerHouse house;
+    house.AddTrack("1", house.AddSong("1.mp3"));
+    house.DoubleClickTrack(0);
+    house.TakeCommands();
+
+    house.menu.mnuPlay.Click.Raise();
+
+    EXPECT_TRUE(Orders(house.TakeCommands()).empty());
+    EXPECT_EQ(house.history.Rows.size(), 1U);
+}
+
+TEST(PlayButtonsRoom, PlayStartsTheSelectedTrackWhenNothingIsOpen) {
+    PlayerHouse house;
+    house.AddTrack("1", house.AddSong("1.mp3"));
+    house.lstTracks.SetListIndex(0);
+
+    house.controls.transport.imgPlayOver.Click.Raise();
+
+    EXPECT_EQ(house.PlayingOn("a"), "C:\\m\\1.mp3");
+}
+
+TEST(PlayButtonsRoom, StopStopsBothThenClosesBothAndTellsTheMessenger) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("1.mp3"));
+    house.desktop.Advance(1000);
+    house.TakeCommands();
+    house.window.TakeCalls();
+    house.message.Sent.clear();
+
+    house.menu.mnuStop.Click.Raise();
+
+    EXPECT_EQ(house.TakeCommands(), (Texts{"Stop a", "Stop b", "Close a", "Close b"}));
+    EXPECT_TRUE(house.state.PlayerStopped);
+    EXPECT_EQ(house.controls.transport.lblProgress.Left(), 0);
+    EXPECT_EQ(house.window.TakeCalls(), Texts{"close hole"});
+    EXPECT_EQ(Buttons(house), (Shown{true, false, false, false}));
+    EXPECT_FALSE(house.controls.levels.tmrFade.Enabled());
+    EXPECT_TRUE(house.controls.levels.tmrPanning.Enabled());
+    EXPECT_EQ(house.message.Sent, Texts{"off|Music|{0} - {1} {2}||||"});
+    EXPECT_FALSE(house.frmVideo.Visible());
+    EXPECT_EQ(house.address.Focused, 1);
+}
+
+}  // namespace

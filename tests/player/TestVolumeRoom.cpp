@@ -1,0 +1,132 @@
+#include <gtest/gtest.h>
+
+#include "player/PlayerHouse.h"
+
+namespace {
+
+using player_tests::Orders;
+using player_tests::PlayerHouse;
+using Texts = std::vector<std::string>;
+
+struct Playing : PlayerHouse {
+    Playing() {
+        player.PlaySong(AddSong("a.mp3"));
+        TakeCommands();
+    }
+    double Left() const { return controls.levels.imgVol.Left(); }
+};
+
+TEST(VolumeRoom, APressOnTheBarSetsTheLevel) {
+    Playing house;
+
+    PlayerHouse::Press(house.controls.levels.lblVol, 892.5);
+
+    EXPECT_EQ(house.TakeCommands(), Texts{"setaudio a Volume to 500"});
+    EXPECT_EQ(house.state.MusicVolume, 50);
+    EXPECT_EQ(house.Left(), 892.5);
+    EXPECT_EQ(house.address.Focused, 1);
+}
+
+TEST(VolumeRoom, APressOnTheKnobCountsFromTheKnob) {
+    Playing house;
+
+    PlayerHouse::Press(house.controls.levels.imgVol, 178.5);
+
+    EXPECT_EQ(house.state.MusicVolume, 10);
+}
+
+TEST(VolumeRoom, ALevelBeyondTheBarIsRefusedAndTheDeviceCatchesUpLater) {
+    Playing house;
+    PlayerHouse::Press(house.controls.levels.lblVol, 892.5);
+    house.TakeCommands();
+
+    PlayerHouse::Press(house.controls.levels.lblVol, 112 * 17.85);
+    const Texts sent = house.TakeCommands();
+    const int level = house.LevelOf("a");
+    house.player.volchanged();
+
+    EXPECT_TRUE(sent.empty());
+    EXPECT_EQ(level, 50);
+    EXPECT_EQ(house.Left(), 1785);
+    EXPECT_EQ(house.state.MusicVolume, 100);
+    EXPECT_EQ(house.LevelOf("a"), 100);
+}
+
+TEST(VolumeRoom, AStepIsThreeHundredUnitsAndStaysOnTheBar) {
+    Playing house;
+
+    house.menu.mnuDecreaseVolume.Click.Raise();
+    const double once = house.Left();
+    for (int i = 0; i < 6; ++i)
+        house.menu.mnuDecreaseVolume.Click.Raise();
+    const double least = house.Left();
+    house.menu.mnuIncreaseVolume.Click.Raise();
+
+    EXPECT_EQ(once, 1485);
+    EXPECT_EQ(least, 0);
+    EXPECT_EQ(house.state.MusicVolume, 17);
+}
+
+TEST(VolumeRoom, UsesBUnlessTheCurrentAliasIsA) {
+    PlayerHouse house;
+
+    house.player.volchanged();
+
+    EXPECT_EQ(house.TakeCommands(), Texts{"setaudio b Volume to 1000"});
+}
+
+TEST(VolumeRoom, MuteSilencesTheCurrentSong) {
+    Playing house;
+
+    house.menu.mnuMusicMute.Click.Raise();
+
+    EXPECT_EQ(house.TakeCommands(), Texts{"setaudio a Volume to 0"});
+    EXPECT_TRUE(house.controls.levels.lblMute.Visible());
+    EXPECT_TRUE(house.menu.mnuMusicMute.Checked());
+}
+
+TEST(VolumeRoom, UnmuteFirstSendsTheUnitsOfASmallLevel) {
+    Playing house;
+    PlayerHouse::Press(house.controls.levels.lblVol, 89.25);
+    house.menu.mnuMusicMute.Click.Raise();
+    house.TakeCommands();
+
+    house.controls.levels.lblMute.Click.Raise();
+
+    EXPECT_EQ(house.TakeCommands(), (Texts{"setaudio a Volume to 890", "setaudio a Volume to 50"}));
+    EXPECT_FALSE(house.controls.levels.lblMute.Visible());
+    EXPECT_EQ(house.address.Focused, 2);
+}
+
+TEST(VolumeRoom, UnmuteOfALargeLevelSendsOnlyTheTrueOne) {
+    Playing house;
+    house.menu.mnuMusicMute.Click.Raise();
+    house.TakeCommands();
+
+    house.menu.mnuMusicMute.Click.Raise();
+
+    EXPECT_EQ(house.TakeCommands(), Texts{"setaudio a Volume to 1000"});
+}
+
+TEST(VolumeRoom, AnyChangeEndsMute) {
+    Playing house;
+    house.menu.mnuMusicMute.Click.Raise();
+
+    house.menu.mnuDecreaseVolume.Click.Raise();
+
+    EXPECT_FALSE(house.menu.mnuMusicMute.Checked());
+    EXPECT_FALSE(house.controls.levels.lblMute.Visible());
+}
+
+TEST(VolumeRoom, AMoveOnlyHidesTheHighlights) {
+    Playing house;
+    house.window.TakeCalls();
+
+    PlayerHouse::MoveTo(house.controls.levels.lblVol, 500);
+    PlayerHouse::MoveTo(house.controls.levels.imgVol, 50);
+
+    EXPECT_EQ(house.window.TakeCalls(), (Texts{"no mouse overs", "no mouse overs"}));
+    EXPECT_EQ(house.Left(), 1785);
+}
+
+}  // namespace
