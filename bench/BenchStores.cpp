@@ -101,7 +101,7 @@ Library& MillionSongs() {
 
 void WalkAMillionSongs(benchmark::State& state) {
     store::RecordSet& songs = MillionSongs().Songs();
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         std::size_t characters = 0;
         for (songs.MoveFirst(); !songs.Eof(); songs.MoveNext())
             characters += songs.Text(tblSong::FilePath).size();
@@ -112,7 +112,7 @@ BENCHMARK(WalkAMillionSongs)->Unit(benchmark::kMillisecond);
 
 void SortAMillionSongsByArtist(benchmark::State& state) {
     store::DataSource& source = MillionSongs().Source();
-    for (auto _ : state)
+    while (state.KeepRunning())
         source.Open(store::kSongsByArtist);
     source.Open(store::kAllSongs);
 }
@@ -120,7 +120,7 @@ BENCHMARK(SortAMillionSongsByArtist)->Unit(benchmark::kMillisecond);
 
 void LoadAMillionSongs(benchmark::State& state) {
     Library& library = MillionSongs();
-    for (auto _ : state)
+    while (state.KeepRunning())
         library.Start();
 }
 BENCHMARK(LoadAMillionSongs)->Unit(benchmark::kMillisecond);
@@ -128,7 +128,7 @@ BENCHMARK(LoadAMillionSongs)->Unit(benchmark::kMillisecond);
 void CommitOneSong(benchmark::State& state) {
     Library& library = MillionSongs();
     int plays = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         library.Songs().MoveFirst();
         library.Songs().Edit();
         library.Songs().Set(tblSong::PlayCount, base::ToText(++plays));
@@ -139,7 +139,7 @@ void CommitOneSong(benchmark::State& state) {
 BENCHMARK(CommitOneSong)->Unit(benchmark::kMicrosecond);
 
 void AddAHundredThousandSongs(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         state.PauseTiming();
         auto library = std::make_unique<Library>(0);
         state.ResumeTiming();
@@ -153,7 +153,7 @@ void AddAHundredThousandSongs(benchmark::State& state) {
 BENCHMARK(AddAHundredThousandSongs)->Unit(benchmark::kMillisecond);
 
 void DeleteAMillionSongs(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         state.PauseTiming();
         auto library = std::make_unique<Library>(kManySongs);
         state.ResumeTiming();

@@ -143,16 +143,16 @@ Table* Stores::TableOf(std::string_view path, std::string_view name) {
     return nullptr;
 }
 
-bool Stores::IsOpen(Store& store) {
+bool Stores::IsOpen(Store& store, int wait_milliseconds) {
     if (store.file != nullptr) return true;
-    ports::OpenedStore opened = database_.Open(store.path, *store.layout, store.Waiting());
+    ports::OpenedStore opened = database_.Open(store.path, *store.layout, wait_milliseconds);
     store.file = std::move(opened.file);
     if (!opened.result.Ok()) Tell(store, opened.result, store.HasChanges());
     return store.file != nullptr;
 }
 
 bool Stores::Load(Store& store, std::size_t table) {
-    if (!IsOpen(store)) return false;
+    if (!IsOpen(store, store.Waiting())) return false;
     TableImage& image = store.images[table];
     const auto sink = [&image](std::int64_t row, std::span<const std::string_view> values) {
         image.table.Load(row, values);
@@ -175,16 +175,16 @@ void Stores::CommitAtHandlerEnd() {
         if (store.pausing > 0) {
             --store.pausing;
         } else {
-            Commit(store);
+            Commit(store, store.Waiting());
         }
     }
 }
 
-bool Stores::Commit(Store& store) {
+bool Stores::Commit(Store& store, int wait_milliseconds) {
     if (!store.HasChanges()) return true;
-    if (!IsOpen(store)) return false;
+    if (!IsOpen(store, wait_milliseconds)) return false;
     JournalReader journal(store.images);
-    const auto result = store.file->Apply([&journal] { return journal.Next(); }, store.Waiting());
+    const auto result = store.file->Apply([&journal] { return journal.Next(); }, wait_milliseconds);
     if (!result.Ok()) {
         Tell(store, result, true);
         return false;
@@ -205,7 +205,7 @@ void Stores::Tell(Store& store, const ports::DatabaseResult& result, bool writin
 bool Stores::CommitAll() {
     bool all = true;
     for (std::size_t i = 0; i < stores_.size(); ++i)
-        all = Commit(*stores_[i]) && all;
+        all = Commit(*stores_[i], ports::kPatientMilliseconds) && all;
     return all;
 }
 

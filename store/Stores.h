@@ -52,10 +52,10 @@ private:
     struct Store;
 
     Store* StoreAt(std::string_view path);
-    bool IsOpen(Store& store);
+    bool IsOpen(Store& store, int wait_milliseconds);
     bool Load(Store& store, std::size_t table);
     void CommitAtHandlerEnd();
-    bool Commit(Store& store);
+    bool Commit(Store& store, int wait_milliseconds);
     void Tell(Store& store, const ports::DatabaseResult& result, bool writing);
 
     ports::Database& database_;

@@ -53,7 +53,7 @@ ports::DatabaseResult Connect(const std::string& name, int flags, Connection& co
         return {};
     }
     if (raw == nullptr) return {DatabaseError::InputOutput, sqlite3_errstr(code)};
-    const ports::DatabaseResult error = LastError(raw);
+    ports::DatabaseResult error = LastError(raw);
     connection.reset();
     return error;
 }

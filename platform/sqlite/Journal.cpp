@@ -66,6 +66,8 @@ public:
         const bool has_fields = !layout_.tables[change.table].fields.empty();
         if (change.kind == ChangeKind::Update && !has_fields) return {};
         DatabaseResult result = Run(change.kind, change);
+        const bool is_taken = sqlite3_extended_errcode(connection_) == SQLITE_CONSTRAINT_ROWID;
+        if (!result.Ok() && is_taken && MoveAway(change)) result = Run(change.kind, change);
         const bool was_gone = change.kind == ChangeKind::Update && sqlite3_changes(connection_) == 0;
         if (result.Ok() && was_gone) result = Run(ChangeKind::Insert, change);
         return result;
@@ -84,6 +86,16 @@ private:
         sqlite3_step(statement.get());
         const int code = sqlite3_reset(statement.get());
         return code == SQLITE_OK ? DatabaseResult{} : LastError(connection_);
+    }
+
+    // Another program has added a row of that number meanwhile. Its row goes behind all others and is kept.
+    bool MoveAway(const ports::RowChange& change) {
+        const std::string table = Quoted(layout_.tables[change.table].name);
+        const std::string row = std::to_string(change.row);
+        return Execute(connection_, ("UPDATE " + table + " SET rowid = (SELECT max(rowid) + 1 FROM " + table +
+                                     ") WHERE rowid = " + row)
+                                        .c_str())
+            .Ok();
     }
 
     sqlite3* connection_;

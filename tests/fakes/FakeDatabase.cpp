@@ -72,12 +72,14 @@ private:
 void FakeDatabase::MakeStore(std::string_view path) {
     const ports::StoreLayout* const layout = store::LayoutOf(path);
     assert(layout != nullptr);
-    files_[std::string(path)] = {layout, std::vector<Table>(layout->tables.size())};
+    File& file = files_[std::string(path)];
+    file.layout = layout;
+    file.tables.assign(layout->tables.size(), {});
 }
 
 void FakeDatabase::Seed(std::string_view path, std::string_view table, const std::vector<Row>& rows) {
-    if (files_.find(path) == files_.end()) MakeStore(path);
-    File& file = files_.find(path)->second;
+    File& file = files_[std::string(path)];
+    if (file.layout == nullptr) MakeStore(path);
     const std::size_t place = TablePlace(*file.layout, table);
     assert(place < file.tables.size());
     Table& target = file.tables[place];

@@ -18,6 +18,7 @@ TEST(RowStorage, KeepsTextsOfEveryLength) {
         texts.emplace_back(length, 'x');
     }
 
+    places.reserve(texts.size());
     for (const std::string& text : texts)
         places.push_back(storage.Add(Views{"a", text, "b"}));
 

@@ -280,8 +280,11 @@ TEST_F(StoresTest, CommitAllTriesAtOnceWhateverFailedBefore) {
         desktop_.EndHandler();
     stores_.Database.FailApply(kMedia, DatabaseError::None);
 
-    EXPECT_TRUE(stores_.Stores.CommitAll());
+    const bool committed = stores_.Stores.CommitAll();
+
+    EXPECT_TRUE(committed);
     EXPECT_EQ(SongsInFile(), (Texts{"1"}));
+    EXPECT_GT(stores_.Database.LastWait, 0);
 }
 
 TEST_F(StoresTest, AChangeAfterCloseOpensTheFileAgain) {

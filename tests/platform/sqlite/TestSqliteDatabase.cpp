@@ -127,6 +127,23 @@ TEST_F(SqliteDatabaseTest, AnotherProgramMayReadWhileTheFileIsOpen) {
     EXPECT_EQ(bench_.AskElsewhere(media_, "SELECT count(*) FROM tblSong"), (Lines{"1"}));
 }
 
+TEST_F(SqliteDatabaseTest, RowsThatAnotherProgramAddsMeanwhileAreKept) {
+    bench_.MakeStore(media_);
+    const auto file = OpenMedia();
+    Apply(*file, {Song(1, "Ann")});
+    ASSERT_TRUE(
+        bench_.RunElsewhere(media_, "INSERT INTO tblSong (SongID, artist) VALUES (70, 'Xen'), (71, 'Yan')"));
+
+    const auto result = Apply(*file, {Song(2, "Bob"), Song(3, "Cid"), Song(4, "Dan")});
+
+    EXPECT_TRUE(result.Ok()) << result.text;
+    EXPECT_EQ(
+        bench_.AskElsewhere(media_, "SELECT rowid, artist FROM tblSong WHERE rowid <= 4 ORDER BY rowid"),
+        (Lines{"1|Ann", "2|Bob", "3|Cid", "4|Dan"}));
+    EXPECT_EQ(bench_.AskElsewhere(media_, "SELECT artist FROM tblSong WHERE rowid > 4 ORDER BY artist"),
+              (Lines{"Xen", "Yan"}));
+}
+
 TEST_F(SqliteDatabaseTest, FieldsAndTablesThatItDoesNotKnowAreLeftAlone) {
     bench_.MakeStore(media_);
     ASSERT_TRUE(bench_.RunElsewhere(media_,

@@ -115,7 +115,7 @@ class RandomSteps : public StoresOnSqlite {
 protected:
     void Run(unsigned seed) {
         chance_.seed(seed);
-        for (int step = 0; step < 4000 && !HasFailure(); ++step)
+        for (int step = 0; step < 2000 && !HasFailure(); ++step)
             Step();
         bench_.Unlock();
         EXPECT_TRUE(stores_->CommitAll());
