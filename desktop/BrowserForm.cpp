@@ -37,9 +37,10 @@ void BrowserForm::FillPanels() {
 }
 
 void BrowserForm::AddHidden() {
-    Add(library.lists.lstMaybe, library.lists.lstMusicTest, library.lists.lstTop20, library.playlists.lblEntryCount2,
-        library.opened.Label5, library.opened.Label6, library.task.lstTracksToAdd, library.task.lstartist,
-        library.task.lsttitle, library.task.lstCleanup, library.task.lstcleanupremove, tmrLoad);
+    Add(library.lists.lstMaybe, library.lists.lstMusicTest, library.lists.lstTop20,
+        library.playlists.lblEntryCount2, library.opened.Label5, library.opened.Label6,
+        library.task.lstTracksToAdd, library.task.lstartist, library.task.lsttitle, library.task.lstCleanup,
+        library.task.lstcleanupremove);
 }
 
 }  // namespace desktop

@@ -1,5 +1,5 @@
-// The main window: plain data, made of the groups of its rooms. It puts every control into its place in the tree of
-// containers, back to front; where the controls stand is the layout's.
+// The main window: plain data, made of the groups of its rooms. It puts every control into its place in the
+// tree of containers, back to front; where the controls stand is the layout's.
 #pragma once
 
 #include "controls/Surfaces.h"
@@ -31,7 +31,6 @@ struct BrowserForm : controls::Form {
     LibraryGroups library;
     player::PlayerControls player;
     webdata::FavouritesControls favourites;
-    controls::Timer tmrLoad{"tmrLoad", 10};
 
 private:
     void FillMusicPane();

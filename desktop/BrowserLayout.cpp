@@ -7,7 +7,9 @@ namespace {
 
 using controls::Control;
 
-constexpr double Px(double pixels) { return pixels * controls::kTwipsPerPixel; }
+constexpr double Px(double pixels) {
+    return pixels * controls::kTwipsPerPixel;
+}
 
 constexpr double kGap = Px(8);
 constexpr double kHeadingTop = Px(8);
@@ -40,7 +42,8 @@ BrowserLayout::BrowserLayout(BrowserForm& window, const web::WebState& tabs, Lay
     : window_(window), tabs_(tabs), partners_(partners) {}
 
 void BrowserLayout::Form_Resize() {
-    // The spring-back and the click of the stop button change the window once more; one run is enough for both.
+    // The spring-back and the click of the stop button change the window once more; one run is enough for
+    // both.
     if (resizing_) return;
     resizing_ = true;
     PlaceFormGround();
@@ -56,6 +59,7 @@ void BrowserLayout::Form_Resize() {
     PlaceFavouritesPanel();
     PlaceVideoPane();
     PlacePaneChains();
+    partners_.RestoreBars();
     PlaceAddToPlaylist();
     PlaceTaskPanel();
     if (partners_.IsPlayerStopped()) partners_.StopPlayer();
@@ -63,7 +67,9 @@ void BrowserLayout::Form_Resize() {
     resizing_ = false;
 }
 
-void BrowserLayout::PlaceFormGround() { window_.chrome.imgFormBG.Move(0, 0, window_.Width(), window_.Height()); }
+void BrowserLayout::PlaceFormGround() {
+    window_.chrome.imgFormBG.Move(0, 0, window_.Width(), window_.Height());
+}
 
 bool BrowserLayout::SpringBackToSmallest() {
     if (window_.State() == controls::WindowState::Minimised) return false;
@@ -122,7 +128,8 @@ void BrowserLayout::PlaceMusicPane() {
     if (pane.Visible()) SameRect(pane, CurrentBrowser());
     Fill(window_.chrome.imgMusicTabBG, pane);
     Fill(window_.chrome.lblMusicBG, pane);
-    window_.player.splitter.lblSlider.Move(kGap, window_.player.splitter.lblSlider.Top(), ListsWidth(), kSplitterHeight);
+    window_.player.splitter.lblSlider.Move(kGap, window_.player.splitter.lblSlider.Top(), ListsWidth(),
+                                           kSplitterHeight);
 }
 
 void BrowserLayout::PlaceLibraryLists() {
@@ -131,8 +138,9 @@ void BrowserLayout::PlaceLibraryLists() {
     const double playlists = (ListsWidth() - Px(6)) * 0.445;
     const double artists_left = kGap + playlists + Px(6);
     const bool shown = !IsJustTracks();
-    for (Control* control : {static_cast<Control*>(&lists.lblPlayLists), static_cast<Control*>(&lists.lblArtists),
-                             static_cast<Control*>(&window_.player.splitter.lblSlider)}) {
+    for (Control* control :
+         {static_cast<Control*>(&lists.lblPlayLists), static_cast<Control*>(&lists.lblArtists),
+          static_cast<Control*>(&window_.player.splitter.lblSlider)}) {
         control->SetVisible(shown);
     }
     lists.lblPlayLists.Move(kGap, kHeadingTop, playlists, kHeadingHeight);
@@ -182,17 +190,10 @@ void BrowserLayout::PlaceControlsGround() {
     Fill(transport.imgControlsBG, transport.fraControls);
     constexpr double kTimeWidth = Px(110);
     constexpr double kLeft = Px(108);
-    const double right =
-        IsNarrow() ? transport.fraControls.Width() - kGap : transport.fraControls.Width() - kVolumeWidth - 3 * kGap;
+    const double right = IsNarrow() ? transport.fraControls.Width() - kGap
+                                    : transport.fraControls.Width() - kVolumeWidth - 3 * kGap;
     transport.picTrackTitle.Move(kLeft, Px(8), right - kLeft - kTimeWidth - Px(6), Px(24));
     transport.picSongProgress.Move(kLeft, Px(38), right - kLeft, Px(16));
-    PlaceSongBars();
-}
-
-void BrowserLayout::PlaceSongBars() {
-    window_.player.transport.picSongProgress.SetScaleWidth(partners_.SongSeconds());
-    window_.player.levels.picSpeed.SetScaleWidth(player::kSpeedBarScale);
-    partners_.PlaceMarkers();
 }
 
 void BrowserLayout::PlaceFavouritesPanel() {
@@ -201,7 +202,8 @@ void BrowserLayout::PlaceFavouritesPanel() {
     copyright.Move(Px(14), window_.Height() - 1400, 2400, Px(34));
     panel.fraFavs.Move(120, web::kPageTop, 2760 - 120 - Px(4), copyright.Top() - web::kPageTop);
     panel.lblFavs.Move(kGap, kHeadingTop, panel.fraFavs.Width() - 2 * kGap, kHeadingHeight);
-    const double video = window_.player.video.picVideo.Visible() ? std::min(Px(170), panel.fraFavs.Height() / 3) : 0;
+    const double video =
+        window_.player.video.picVideo.Visible() ? std::min(Px(170), panel.fraFavs.Height() / 3) : 0;
     const double bottom = panel.fraFavs.Height() - kGap - (video > 0 ? video + kGap : 0);
     PlaceFavouritesButtons(bottom);
     const double lists_bottom = panel.imgAdd.Top() - kGap;
@@ -287,20 +289,29 @@ void BrowserLayout::PlaceTaskPanel() {
 
 void BrowserLayout::PlaceAddressBox() {
     const Control& box = window_.web.address.cmbAddress;
-    window_.web.address.txtAddress.Move(box.Left() + Px(2), box.Top() + Px(2), box.Width() - 320, box.Height() - 50);
+    window_.web.address.txtAddress.Move(box.Left() + Px(2), box.Top() + Px(2), box.Width() - 320,
+                                        box.Height() - 50);
 }
 
-bool BrowserLayout::IsPanelOpen() const { return window_.favourites.cmdFavs.Caption() == "<"; }
+bool BrowserLayout::IsPanelOpen() const {
+    return window_.favourites.cmdFavs.Caption() == "<";
+}
 
-bool BrowserLayout::IsJustTracks() const { return window_.menus.mnuMusicJustTracks.Checked(); }
+bool BrowserLayout::IsJustTracks() const {
+    return window_.menus.mnuMusicJustTracks.Checked();
+}
 
-bool BrowserLayout::IsNarrow() const { return window_.chrome.fraMusicTab.Width() < Px(560); }
+bool BrowserLayout::IsNarrow() const {
+    return window_.chrome.fraMusicTab.Width() < Px(560);
+}
 
 double BrowserLayout::CueColumnWidth() const {
     return window_.chrome.fraMusicTab.Width() < Px(720) ? kNarrowCueColumn : kWideCueColumn;
 }
 
-double BrowserLayout::CueColumnLeft() const { return kGap + ListsWidth() + kGap; }
+double BrowserLayout::CueColumnLeft() const {
+    return kGap + ListsWidth() + kGap;
+}
 
 double BrowserLayout::ListsWidth() const {
     return window_.chrome.fraMusicTab.Width() - CueColumnWidth() - 3 * kGap;

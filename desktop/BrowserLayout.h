@@ -1,7 +1,7 @@
 // Where everything in the main window stands: the one place that knows. All numbers are twips, 15 to a pixel.
 //
-// Form_Resize is a contents function: its steps follow one another as named calls, and later steps build on places that
-// earlier ones gave.
+// Form_Resize is a contents function: its steps follow one another as named calls, and later steps build on
+// places that earlier ones gave.
 #pragma once
 
 #include <functional>
@@ -27,10 +27,8 @@ public:
     virtual bool IsVideoAttached() const = 0;
     virtual void MakeHole() = 0;
     virtual void CloseHole() = 0;
-    /// The song's length in seconds, for the scale of the song bar; 0 or less when no song is open.
-    virtual double SongSeconds() = 0;
-    /// Puts the fade marker and the speed marker back to what they stand for.
-    virtual void PlaceMarkers() = 0;
+    /// Gives the song bar and the speed bar their scales, and their markers the places they stand for.
+    virtual void RestoreBars() = 0;
 };
 
 class BrowserLayout final {
@@ -55,7 +53,6 @@ private:
     void PlaceTracks();
     void PlaceTransport();
     void PlaceControlsGround();
-    void PlaceSongBars();
     void PlaceFavouritesPanel();
     void PlaceFavouritesButtons(double bottom);
     void PlaceVideoPane();

@@ -9,10 +9,10 @@ namespace desktop {
 struct ChromeControls {
     ChromeControls();
 
-    controls::Image imgFormBG{"imgFormBG"};        ///< the whole window: the strip under menu and tabs
-    controls::Image imgBG{"imgBG"};                ///< everything below the tab strip
-    controls::Image imgRowBG{"imgRowBG"};          ///< the address row
-    controls::Frame fraMusicTab{"fraMusicTab"};    ///< the music pane
+    controls::Image imgFormBG{"imgFormBG"};      ///< the whole window: the strip under menu and tabs
+    controls::Image imgBG{"imgBG"};              ///< everything below the tab strip
+    controls::Image imgRowBG{"imgRowBG"};        ///< the address row
+    controls::Frame fraMusicTab{"fraMusicTab"};  ///< the music pane
     controls::Image imgMusicTabBG{"imgMusicTabBG"};
     controls::Label lblMusicBG{"lblMusicBG"};
     controls::Label lblVolumeLabel{"lblVolumeLabel", "VOLUME"};

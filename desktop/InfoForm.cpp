@@ -10,8 +10,9 @@ InfoForm::InfoForm() {
     frmInfo.Add(fraOptions);
     fraOptions.Move(kLeft, kLeft, kWidth + 2 * kLeft, 14 * kRow);
     double top = kLeft;
-    for (controls::CheckBox* box : {&chkSettings, &chkHomePages, &chkMSN, &chkCustom, &chkSaveMSN, &chkMultiLogin,
-                                    &chkAutoLogin, &chkHistory, &chkGoogle, &chkFile, &chkSubFolders}) {
+    for (controls::CheckBox* box :
+         {&chkSettings, &chkHomePages, &chkMSN, &chkCustom, &chkSaveMSN, &chkMultiLogin, &chkAutoLogin,
+          &chkHistory, &chkGoogle, &chkFile, &chkSubFolders}) {
         fraOptions.Add(*box);
         box->Move(kLeft, top, kWidth, kRow);
         top += kRow;

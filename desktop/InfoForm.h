@@ -1,4 +1,5 @@
-// The preferences window. Its options are placed here; what its buttons do is not built yet, and nothing shows it.
+// The preferences window. Its options are placed here; what its buttons do is not built yet, and nothing
+// shows it.
 #pragma once
 
 #include "controls/Simple.h"

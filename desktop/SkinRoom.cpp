@@ -15,10 +15,13 @@ SkinRoom::SkinRoom(ChromeControls& controls, const BrightTwins& twins) : control
 }
 
 void SkinRoom::NoMouseOvers() {
-    for (controls::Image* twin : twins_) twin->SetVisible(false);
+    for (controls::Image* twin : twins_)
+        twin->SetVisible(false);
     controls_.lblCopyright.SetLook("status");
 }
 
-void SkinRoom::lblCopyright_MouseMove() { controls_.lblCopyright.SetLook("accent"); }
+void SkinRoom::lblCopyright_MouseMove() {
+    controls_.lblCopyright.SetLook("accent");
+}
 
 }  // namespace desktop

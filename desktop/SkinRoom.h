@@ -1,6 +1,7 @@
 // The bright twins of the window's pictures, all hidden together, and the grounds over which that happens.
 //
-// A twin shows when the pointer moves over its plain picture; its own room sees to that. The twin takes the click.
+// A twin shows when the pointer moves over its plain picture; its own room sees to that. The twin takes the
+// click.
 #pragma once
 
 #include <array>

@@ -1,0 +1,94 @@
+// Builds everything, in order, and runs it.
+//
+// The page engine and the media engine take a tenth of a second to load, so both come after the first window has been
+// painted: the pages as a module when the first page is wanted, the media engine on a thread of its own.
+
+#include <QSocketNotifier>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "desktop/MainWindow.h"
+#include "platform/gstreamer/MediaEngine.h"
+#include "platform/linux/CommandText.h"
+#include "platform/linux/LinuxFiles.h"
+#include "platform/linux/LinuxInstanceLock.h"
+#include "platform/linux/SystemClock.h"
+#include "platform/qt/Boxes.h"
+#include "platform/qt/DesktopWindows.h"
+#include "platform/qt/Environment.h"
+#include "platform/qt/Loop.h"
+#include "platform/qt/Screen.h"
+#include "platform/sqlite/SqliteDatabase.h"
+#include "platform/webengine/PageModule.h"
+
+namespace {
+
+constexpr int kNoDisplay = 2;
+constexpr int kNoLock = 3;
+
+std::string FolderOf(const std::string& file) { return std::filesystem::path(file).parent_path().string(); }
+
+std::string DownloadFolder() {
+    const char* const home = std::getenv("HOME");
+    const std::filesystem::path downloads = std::filesystem::path(home != nullptr ? home : "/tmp") / "Downloads";
+    std::error_code ignored_when_it_is_there;
+    std::filesystem::create_directories(downloads, ignored_when_it_is_there);
+    return downloads.string();
+}
+
+int NoDisplay(const std::string& what) {
+    std::fprintf(stderr, "Brindlepost: %s\n", what.c_str());
+    return kNoDisplay;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qt::PrepareEnvironment();
+    if (const std::string missing = qt::MissingDisplay(); !missing.empty()) return NoDisplay(missing);
+
+    const std::string program = linux_os::RunningProgram();
+    const std::string folder = FolderOf(program);
+    linux_os::LinuxFiles files(program);
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const std::string command = linux_os::CommandText(arguments, linux_os::WorkingFolder(), files);
+    const auto to_native = [&files](std::string_view path) { return files.ToNative(path); };
+
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    qt::Loop loop;
+    const qt::Application application(argv[0], loop);
+    qt::Boxes boxes(loop);
+
+    linux_os::LinuxInstanceLock instance(folder);
+    if (instance.TryBecomeFirst() == ports::Instance::Failed) {
+        boxes.MsgBox(instance.Failure(), ports::BoxButtons::Ok, "Brindlepost", ports::BoxIcon::Critical);
+        return kNoLock;
+    }
+
+    linux_os::SystemClock clock;
+    linux_os::RandomChance chance;
+    sqlite::SqliteDatabase database(to_native);
+    gstreamer::MediaEngine media(to_native);
+    qt::DesktopWindows window_services;
+
+    desktop::Windows windows;
+    const webengine::PageSettings pages{DownloadFolder(), to_native};
+    qt::Screen screen(loop, {folder, [&files](const std::string& path) { return files.FromNative(path); },
+                             [&folder, &pages] { return webengine::LoadPages(folder, pages); }});
+    std::jthread warm_up;
+    screen.AfterFirstPaint = [&media, &warm_up] { warm_up = std::jthread([&media] { media.WarmUp(); }); };
+    for (controls::Form* form : windows.All()) screen.Adopt(*form);
+    qt::WindowRegions regions(screen, windows.frmBrowser);
+
+    desktop::MainWindow main_window(windows,
+                                    {database, files, media, window_services, regions, boxes, loop, clock, chance,
+                                     instance},
+                                    command, [&loop] { loop.Quit(); });
+    QSocketNotifier hand_over(instance.FileDescriptor(), QSocketNotifier::Read);
+    QObject::connect(&hand_over, &QSocketNotifier::activated, &hand_over, [&instance] { instance.Serve(); });
+    main_window.Start();
+    return loop.Run();
+}

@@ -1,0 +1,40 @@
+// Every window of the program.
+#pragma once
+
+#include <vector>
+
+#include "core/ActivateForm.h"
+#include "core/LoginForm.h"
+#include "core/StartUpRoom.h"
+#include "core/StoreTroubleRoom.h"
+#include "desktop/BrowserForm.h"
+#include "desktop/InfoForm.h"
+#include "library/AddMediaForm.h"
+#include "player/SpeakerTestForm.h"
+#include "player/VideoForm.h"
+#include "webdata/AddFavouriteForm.h"
+#include "webdata/HistoryRoom.h"
+
+namespace desktop {
+
+struct Windows {
+    Windows();
+
+    BrowserForm frmBrowser;
+    core::ActivateForm activate;
+    core::LoginForm login;
+    webdata::AddFavouriteForm add;
+    library::AddMediaForm add_media;
+    player::VideoForm frmVideo;
+    player::SpeakerTestForm frmSpeakerTest;
+    InfoForm info;
+    AboutForm about;
+    core::StoreTroubleControls trouble;
+    webdata::HistoryControls history;
+    core::StartUpControls start_up;
+
+    /// Every window, the main window first.
+    std::vector<controls::Form*> All();
+};
+
+}  // namespace desktop
