@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include "player/PlayerHouse.h"
+
+namespace {
+
+using player_tests::PlayerHouse;
+
+struct Lists : PlayerHouse {
+    Lists() {
+        slider.Move(0, 3000, 9000, 120);
+        lstArtists.Move(4500, 500, 4000, 2500);
+        lstPlayLists.Move(100, 500, 4000, 2500);
+        lstTracks.Move(100, 3120, 9000, 4000);
+        controls.transport.fraControls.SetTop(8000);
+    }
+    controls::Label& slider = controls.splitter.lblSlider;
+};
+
+TEST(SplitterRoom, ADragFollowsAThirdOfTheWayAndSharesTheHeight) {
+    Lists house;
+
+    PlayerHouse::Press(house.slider, 0);
+    PlayerHouse::MoveTo(house.slider, 0, 300);
+
+    EXPECT_EQ(house.slider.Top(), 3100);
+    EXPECT_EQ(house.lstArtists.Height(), 2600);
+    EXPECT_EQ(house.lstPlayLists.Height(), 2600);
+    EXPECT_EQ(house.lstTracks.Top(), 3220);
+    EXPECT_EQ(house.lstTracks.Height(), 5040);
+}
+
+TEST(SplitterRoom, AMoveWithoutAPressOrAfterTheReleaseChangesNothing) {
+    Lists house;
+
+    PlayerHouse::MoveTo(house.slider, 0, 300);
+    PlayerHouse::Press(house.slider, 0);
+    PlayerHouse::Release(house.slider);
+    PlayerHouse::MoveTo(house.slider, 0, 300);
+
+    EXPECT_EQ(house.slider.Top(), 3000);
+}
+
+TEST(SplitterRoom, TooLowTracksGrowFirstAndNothingElseHappens) {
+    Lists house;
+    house.lstTracks.SetHeight(500);
+
+    house.player.MoveSlider();
+
+    EXPECT_EQ(house.lstTracks.Height(), 540);
+    EXPECT_EQ(house.lstTracks.Top(), 3120);
+}
+
+TEST(SplitterRoom, TooLowArtistsGrowNext) {
+    Lists house;
+    house.lstArtists.SetHeight(299);
+
+    house.player.MoveSlider();
+
+    EXPECT_EQ(house.lstArtists.Height(), 300);
+    EXPECT_EQ(house.lstPlayLists.Height(), 2500);
+}
+
+TEST(SplitterRoom, StopsAtTheTopWithoutSharing) {
+    Lists house;
+    house.slider.SetTop(350);
+
+    house.player.MoveSlider();
+
+    EXPECT_EQ(house.slider.Top(), 400);
+    EXPECT_EQ(house.lstArtists.Height(), 2500);
+}
+
+TEST(SplitterRoom, StepsBackFromTheControls) {
+    Lists house;
+    house.slider.SetTop(7520);
+
+    house.player.MoveSlider();
+
+    EXPECT_EQ(house.slider.Top(), 8000 - 620);
+    EXPECT_EQ(house.lstTracks.Top(), 7500);
+}
+
+}  // namespace

@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include "player/PlayerHouse.h"
+
+namespace {
+
+using player_tests::PlayerHouse;
+
+/// A box of 3000 by 360, a title of 1000.
+struct Title : PlayerHouse {
+    Title() {
+        state.PlayerStopped = false;
+        controls.levels.lblStartFade.SetLeft(1e9);
+        controls.transport.picTrackTitle.Move(0, 0, 3000, 360);
+        label.Move(100, 0, 1000, 345);
+    }
+    void Ticks(int count) {
+        for (int i = 0; i < count; ++i)
+            controls.transport.tmrPlay.Tick.Raise();
+    }
+    controls::Label& label = controls.transport.lblTrack;
+};
+
+TEST(TitleRoom, AShortTitleRunsLeftUntilItsTurningPoint) {
+    Title house;
+    house.label.SetLeft(500);
+
+    house.Ticks(10);
+
+    EXPECT_EQ(house.label.Left(), 100);
+    EXPECT_EQ(house.label.Top(), 0);
+}
+
+TEST(TitleRoom, ALongTitleRunsUntilItsEndShows) {
+    Title house;
+    house.label.SetWidth(4000);
+
+    house.Ticks(33);
+
+    EXPECT_EQ(house.label.Left(), 100 - 33 * 40);
+    EXPECT_EQ(house.label.Top(), 0);
+}
+
+TEST(TitleRoom, ThenDropsOutOfTheBoxAndComesInFromTheRight) {
+    Title house;
+
+    house.Ticks(10);
+    const double dropped = house.label.Top();
+    house.Ticks(1);
+
+    EXPECT_EQ(dropped, 400);
+    EXPECT_EQ(house.label.Left(), 3000);
+    EXPECT_EQ(house.label.Top(), 0);
+}
+
+TEST(TitleRoom, AClickStopsTheTitleAtItsRestingPlace) {
+    Title house;
+    house.label.SetTop(200);
+
+    house.label.Click.Raise();
+    house.Ticks(3);
+
+    EXPECT_FALSE(house.state.ScrollTitle);
+    EXPECT_EQ(house.label.Left(), 5);
+    EXPECT_EQ(house.label.Top(), 0);
+}
+
+TEST(TitleRoom, AClickOnTheBoxStartsItAgain) {
+    Title house;
+    house.label.Click.Raise();
+
+    house.controls.transport.picTrackTitle.Click.Raise();
+
+    EXPECT_TRUE(house.state.ScrollTitle);
+}
+
+TEST(TitleRoom, TheLabelIsAsWideAsItsText) {
+    Title house;
+
+    house.label.SetCaption("ten chars!");
+
+    EXPECT_EQ(house.label.Width(), 1200);
+}
+
+}  // namespace

@@ -1,0 +1,255 @@
+#include <gtest/gtest.h>
+
+#include "player/PlayerHouse.h"
+
+namespace {
+
+using player_tests::PlayerHouse;
+using Texts = std::vector<std::string>;
+
+TEST(VideoRoom, AVideoShowsItsWindowAndItsPlace) {
+    PlayerHouse house;
+    house.frmVideo.tmrVisual.SetEnabled(true);
+    house.frmVideo.picVid.SetBackColor(0x123456);
+    house.state.VideoLeft = 4500;
+
+    house.player.PlaySong(house.AddSong("Owls - Fly.avi"));
+
+    EXPECT_TRUE(house.state.VideoPlaying);
+    EXPECT_TRUE(house.frmVideo.Visible());
+    EXPECT_TRUE(house.controls.video.picVideo.Visible());
+    EXPECT_FALSE(house.frmVideo.tmrVisual.Enabled());
+    EXPECT_EQ(house.frmVideo.picVid.BackColor(), 0x000000U);
+    EXPECT_EQ(house.frmVideo.Left(), 4500);
+    EXPECT_EQ(house.frmVideo.Caption(), "Owls - Fly [Video]");
+    EXPECT_EQ(house.frmVideo.lblVideoCaption.Caption(), "Owls - Fly [Video]");
+    EXPECT_EQ(house.window.TakeCalls(), Texts{"resize"});
+}
+
+TEST(VideoRoom, TheFirstVideoKeepsTheWindowsSize) {
+    PlayerHouse house;
+
+    house.player.PlaySong(house.AddSong("a.avi"));
+
+    EXPECT_EQ(house.frmVideo.Width(), 4800);
+    EXPECT_EQ(house.frmVideo.Height(), 3600);
+}
+
+TEST(VideoRoom, AVideoOpensAClosedFavouritesPanel) {
+    PlayerHouse house;
+    house.window.FavouritesClosed = true;
+
+    house.player.PlaySong(house.AddSong("a.avi"));
+
+    EXPECT_EQ(house.window.TakeCalls(), (Texts{"favourites", "resize"}));
+}
+
+TEST(VideoRoom, ASongTakesTheWindowAway) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.window.TakeCalls();
+
+    house.player.PlaySong(house.AddSong("b.mp3"));
+
+    EXPECT_FALSE(house.frmVideo.Visible());
+    EXPECT_FALSE(house.controls.video.picVideo.Visible());
+    EXPECT_FALSE(house.state.VideoPlaying);
+    EXPECT_EQ(house.window.TakeCalls(), (Texts{"close hole", "resize"}));
+}
+
+TEST(VideoRoom, HeightAndWidthChangePlacesFromOneVideoToTheNext) {
+    PlayerHouse house;
+    house.AddTrack("v", house.AddSong("a.avi"));
+    house.DoubleClickTrack(0);
+    house.frmVideo.Move(3000, 200, 6000, 4500);
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.state.VideoLeft, 3000);
+    EXPECT_EQ(house.state.VideoSizeText, "4500,6000");
+    EXPECT_EQ(house.frmVideo.Width(), 4500);
+    EXPECT_EQ(house.frmVideo.Height(), 6000);
+}
+
+TEST(VideoRoom, ReadsTheHeightFromAsManyCharactersAsTheWidthHas) {
+    PlayerHouse house;
+    house.state.VideoSizeText = "10005,750";
+
+    house.player.PlaySong(house.AddSong("a.avi"));
+
+    EXPECT_EQ(house.frmVideo.Width(), 10005);
+    EXPECT_EQ(house.frmVideo.Height(), 5);
+}
+
+TEST(VideoRoom, AMaximisedVideoMaximisesTheNextOne) {
+    PlayerHouse house;
+    house.AddTrack("v", house.AddSong("a.avi"));
+    house.DoubleClickTrack(0);
+    house.frmVideo.cmdMax.Click.Raise();
+    house.window.FavouritesClosed = true;
+    house.window.TakeCalls();
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.state.VideoSizeText, "Max");
+    EXPECT_EQ(house.frmVideo.State(), controls::WindowState::Maximised);
+    const Texts calls = house.window.TakeCalls();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "favourites"), 0);
+}
+
+TEST(VideoRoom, TheSecondCallOfTheresizeDetaches) {
+    PlayerHouse house;
+
+    house.player.theresize();
+    const Texts first = house.window.TakeCalls();
+    house.player.theresize();
+    const Texts second = house.window.TakeCalls();
+    house.player.theresize();
+
+    EXPECT_TRUE(first.empty());
+    EXPECT_EQ(second, (Texts{"close hole", "refresh"}));
+    EXPECT_TRUE(house.state.resized);
+    EXPECT_TRUE(house.window.TakeCalls().empty());
+}
+
+TEST(VideoRoom, ShowingTheWindowAttachesIt) {
+    PlayerHouse house;
+    house.state.resized = true;
+    house.state.counter = 5;
+
+    house.frmVideo.Show();
+
+    EXPECT_FALSE(house.state.resized);
+    EXPECT_EQ(house.state.counter, 0);
+}
+
+TEST(VideoRoom, MaximiseAndBackAttachesAgain) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+
+    house.frmVideo.cmdMax.Click.Raise();
+    const auto state = house.frmVideo.State();
+    const std::string sign = house.frmVideo.cmdMax.Caption();
+    house.window.TakeCalls();
+    house.frmVideo.lblVideoCaption.DblClick.Raise();
+
+    EXPECT_EQ(state, controls::WindowState::Maximised);
+    EXPECT_EQ(sign, "v");
+    EXPECT_EQ(house.frmVideo.cmdMax.Caption(), "^");
+    EXPECT_EQ(house.frmVideo.State(), controls::WindowState::Normal);
+    EXPECT_EQ(house.state.counter, 1);
+    EXPECT_EQ(house.window.TakeCalls(), Texts{"make hole"});
+}
+
+TEST(VideoRoom, AttachWithoutAVideoWindowClosesTheHole) {
+    PlayerHouse house;
+    house.controls.video.picVideo.SetVisible(true);
+
+    house.controls.video.cmdAttachVid.Click.Raise();
+
+    EXPECT_FALSE(house.controls.video.picVideo.Visible());
+    EXPECT_EQ(house.window.TakeCalls(), (Texts{"close hole", "resize"}));
+}
+
+TEST(VideoRoom, ADragOfTheCaptionDetachesAndRunsAhead) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.frmVideo.Move(1000, 1000, 4800, 3600);
+    house.window.TakeCalls();
+    auto& caption = house.frmVideo.lblVideoCaption;
+
+    PlayerHouse::Press(caption, 50, 60);
+    PlayerHouse::MoveTo(caption, 30, 40);
+    PlayerHouse::MoveTo(caption, 30, 40);
+    PlayerHouse::Release(caption);
+    PlayerHouse::MoveTo(caption, 30, 40);
+
+    EXPECT_TRUE(house.state.resized);
+    EXPECT_EQ(house.frmVideo.Left(), 1060);
+    EXPECT_EQ(house.frmVideo.Top(), 1080);
+    EXPECT_EQ(house.window.TakeCalls(), Texts{"close hole"});
+}
+
+TEST(VideoRoom, AnAttachedWindowFollowsTheMainWindow) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+
+    house.desktop.Advance(50);
+
+    EXPECT_EQ(house.frmVideo.Left(), 1500 + 300 + 25);
+    EXPECT_EQ(house.frmVideo.Top(), 900 + 6000 + 750);
+    EXPECT_EQ(house.frmVideo.Width(), 2400);
+    EXPECT_EQ(house.frmVideo.Height(), 1800);
+}
+
+TEST(VideoRoom, ADetachedWindowStaysWhereItIs) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.state.resized = true;
+
+    house.desktop.Advance(50);
+
+    EXPECT_EQ(house.frmVideo.Width(), 4800);
+}
+
+TEST(VideoRoom, AResizeLaysTheWindowOutAndPutsThePicture) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.TakeCommands();
+
+    house.frmVideo.Move(0, 0, 9607, 6000);
+
+    EXPECT_EQ(house.frmVideo.picVid.Width(), 9607);
+    EXPECT_EQ(house.frmVideo.picVid.Height(), 6000);
+    EXPECT_DOUBLE_EQ(house.frmVideo.cmdMax.Right(), 9607);
+    EXPECT_DOUBLE_EQ(house.frmVideo.imgAnim1.Left(), (9607 - 1920) / 2.0);
+    EXPECT_DOUBLE_EQ(house.frmVideo.imgAnim2.Top(), (6000 - 1920) / 2.0);
+    EXPECT_EQ(house.TakeCommands(), Texts{"put a window at 0 0 640 400"});
+}
+
+TEST(VideoRoom, ClosingTheWindowClosesTheHoleAndChecksNone) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.window.TakeCalls();
+
+    house.frmVideo.UnloadWindow();
+
+    EXPECT_FALSE(house.controls.video.picVideo.Visible());
+    EXPECT_EQ(house.window.TakeCalls(), (Texts{"close hole", "resize"}));
+    EXPECT_TRUE(house.menu.mnuNone.Checked());
+}
+
+TEST(VideoRoom, KeysGoToTheMainWindow) {
+    PlayerHouse house;
+
+    house.frmVideo.KeyDown.Raise(176, 0);
+
+    EXPECT_EQ(house.window.TakeCalls(), Texts{"key 176 0"});
+}
+
+TEST(VideoRoom, FullScreenMaximisesTheMainWindow) {
+    PlayerHouse house;
+
+    house.menu.mnuFullScreen.Click.Raise();
+    house.menu.mnuFullScreen.Click.Raise();
+    const Texts from_normal = house.window.TakeCalls();
+    house.window.Now = controls::WindowState::Minimised;
+    house.menu.mnuFullScreen.Click.Raise();
+
+    EXPECT_EQ(from_normal, Texts{"maximise"});
+    EXPECT_EQ(house.window.TakeCalls(), (Texts{"show", "maximise"}));
+}
+
+TEST(VideoRoom, OpensEverySongUnderThePicturesHandle) {
+    PlayerHouse house;
+    house.frmVideo.picVid.SetHandle(4711);
+    house.player.PlaySong(house.AddSong("a.mp3"));
+
+    const auto commands = house.TakeCommands();
+
+    EXPECT_TRUE(std::any_of(commands.begin(), commands.end(), [](const std::string& command) {
+        return base::Contains(command, "parent 4711 Style 1073741824");
+    }));
+}
+
+}  // namespace

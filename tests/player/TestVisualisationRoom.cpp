@@ -1,0 +1,151 @@
+#include <gtest/gtest.h>
+
+#include "player/PlayerHouse.h"
+
+namespace {
+
+using player_tests::PlayerHouse;
+using Texts = std::vector<std::string>;
+
+std::vector<controls::Colour> Colours(PlayerHouse& house, int ticks) {
+    std::vector<controls::Colour> colours;
+    for (int i = 0; i < ticks; ++i) {
+        house.frmVideo.tmrVisual.Tick.Raise();
+        colours.push_back(house.frmVideo.picVid.BackColor());
+    }
+    return colours;
+}
+
+TEST(VisualisationRoom, AShowOpensTheWindowOverTheHole) {
+    PlayerHouse house;
+    house.window.FavouritesClosed = true;
+    house.menu.mnuNone.SetChecked(true);
+
+    house.menu.mnuStrobe.Click.Raise();
+
+    EXPECT_TRUE(house.state.VisualisationOn);
+    EXPECT_TRUE(house.frmVideo.Visible());
+    EXPECT_TRUE(house.controls.video.picVideo.Visible());
+    EXPECT_TRUE(house.frmVideo.tmrVisual.Enabled());
+    EXPECT_FALSE(house.state.resized);
+    EXPECT_TRUE(house.menu.mnuStrobe.Checked());
+    EXPECT_FALSE(house.menu.mnuNone.Checked());
+    EXPECT_EQ(house.window.TakeCalls(), (Texts{"make hole", "close hole", "resize", "favourites", "resize"}));
+}
+
+TEST(VisualisationRoom, EachEntryChoosesItsShow) {
+    PlayerHouse house;
+    const std::vector<std::tuple<controls::Menu*, int, bool>> shows = {{&house.menu.mnuStrobe, 1, false},
+                                                                       {&house.menu.mnuParty, 2, false},
+                                                                       {&house.menu.mnuMood, 3, true},
+                                                                       {&house.menu.mnuAnim, 4, false}};
+
+    for (const auto& [entry, visual, first_load] : shows) {
+        entry->Click.Raise();
+
+        EXPECT_EQ(house.state.visual, visual) << entry->Name();
+        EXPECT_EQ(house.state.FirstLoad, first_load) << entry->Name();
+        EXPECT_TRUE(entry->Checked());
+    }
+    EXPECT_FALSE(house.menu.mnuMood.Checked());
+}
+
+TEST(VisualisationRoom, StrobeGoesBlueWhiteBlack) {
+    PlayerHouse house;
+    house.menu.mnuStrobe.Click.Raise();
+
+    EXPECT_EQ(Colours(house, 4), (std::vector<controls::Colour>{0x0000FF, 0xFFFFFF, 0x000000, 0x0000FF}));
+}
+
+TEST(VisualisationRoom, TheAnimationShowsItsPicturesInTurn) {
+    PlayerHouse house;
+    house.menu.mnuAnim.Click.Raise();
+
+    Colours(house, 7);
+    const bool first = house.frmVideo.imgAnim1.Visible() && !house.frmVideo.imgAnim2.Visible();
+    Colours(house, 1);
+
+    EXPECT_TRUE(first);
+    EXPECT_FALSE(house.frmVideo.imgAnim1.Visible());
+    EXPECT_TRUE(house.frmVideo.imgAnim2.Visible());
+}
+
+TEST(VisualisationRoom, PartyPicksByChance) {
+    PlayerHouse house;
+    house.menu.mnuParty.Click.Raise();
+    std::vector<controls::Colour> picked;
+
+    for (const double chance : {0.0, 0.25, 0.5, 0.75, 0.99}) {
+        house.chance.Value = chance;
+        picked.push_back(Colours(house, 1).front());
+    }
+
+    EXPECT_EQ(picked, (std::vector<controls::Colour>{0x00FF00, 0xFF0000, 0xFFFF00, 0x0000FF, 0x000000}));
+}
+
+TEST(VisualisationRoom, PartyTurnsIntoMoodOnceWhileFirstLoadStands) {
+    PlayerHouse house;
+    house.menu.mnuParty.Click.Raise();
+    Colours(house, 8);
+    const int without = house.state.visual;
+    house.state.FirstLoad = true;
+
+    Colours(house, 8);
+
+    EXPECT_EQ(without, 2);
+    EXPECT_EQ(house.state.visual, 3);
+    EXPECT_FALSE(house.state.FirstLoad);
+}
+
+TEST(VisualisationRoom, MoodWalksTheColourAtTenMilliseconds) {
+    PlayerHouse house;
+    house.menu.mnuMood.Click.Raise();
+
+    const auto colours = Colours(house, 1510);
+
+    EXPECT_EQ(house.frmVideo.tmrVisual.Interval(), 10);
+    EXPECT_EQ(colours[0], 0x020101U);
+    EXPECT_EQ(colours[253], 0xFF0101U);
+    EXPECT_EQ(colours[508], 0xFFFF01U) << "a colour goes no further than its end";
+    EXPECT_EQ(colours[763], 0xFFFFFFU);
+    EXPECT_EQ(colours[1008], 0x0AFFFFU);
+    EXPECT_EQ(colours[1509], colours[1508]) << "the walk begins anew";
+}
+
+TEST(VisualisationRoom, NoneEndsTheShow) {
+    PlayerHouse house;
+    house.menu.mnuParty.Click.Raise();
+    house.window.TakeCalls();
+
+    house.menu.mnuNone.Click.Raise();
+
+    EXPECT_FALSE(house.state.VisualisationOn);
+    EXPECT_FALSE(house.frmVideo.Visible());
+    EXPECT_FALSE(house.frmVideo.tmrVisual.Enabled());
+    EXPECT_FALSE(house.menu.mnuParty.Checked());
+    EXPECT_EQ(house.window.TakeCalls(), (Texts{"close hole", "resize"}));
+}
+
+TEST(VisualisationRoom, NoneLeavesAVideoAlone) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.window.TakeCalls();
+
+    house.menu.mnuNone.Click.Raise();
+
+    EXPECT_TRUE(house.frmVideo.Visible());
+    EXPECT_TRUE(house.window.TakeCalls().empty());
+}
+
+TEST(VisualisationRoom, ASongWithAShowKeepsTheWindow) {
+    PlayerHouse house;
+    house.menu.mnuParty.Click.Raise();
+
+    house.player.PlaySong(house.AddSong("a.mp3"));
+
+    EXPECT_TRUE(house.frmVideo.Visible());
+    EXPECT_EQ(house.frmVideo.Caption(), "Visualisations");
+    EXPECT_TRUE(house.player.IsVideoAttached());
+}
+
+}  // namespace
