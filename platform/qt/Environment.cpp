@@ -1,5 +1,6 @@
 #include "platform/qt/Environment.h"
 
+#include <unistd.h>
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QLibrary>
@@ -8,15 +9,9 @@ namespace qt {
 namespace {
 
 constexpr const char* kForgotten[] = {
-    "QTWEBENGINE_REMOTE_DEBUGGING",
-    "QTWEBENGINE_DISABLE_SANDBOX",
-    "QTWEBENGINEPROCESS_PATH",
-    "QTWEBENGINE_RESOURCES_PATH",
-    "QTWEBENGINE_LOCALES_PATH",
-    "QT_STYLE_OVERRIDE",
-    "QT_PLUGIN_PATH",
-    "QT_QPA_PLATFORM_PLUGIN_PATH",
-    "QT_QPA_GENERIC_PLUGINS",
+    "QTWEBENGINE_REMOTE_DEBUGGING", "QTWEBENGINEPROCESS_PATH", "QTWEBENGINE_RESOURCES_PATH",
+    "QTWEBENGINE_LOCALES_PATH",     "QT_STYLE_OVERRIDE",       "QT_PLUGIN_PATH",
+    "QT_QPA_PLATFORM_PLUGIN_PATH",  "QT_QPA_GENERIC_PLUGINS",
 };
 
 using Connect = void* (*)(const char* display, int* screen);
@@ -41,6 +36,8 @@ bool CanConnect() {
 void PrepareEnvironment() {
     for (const char* name : kForgotten)
         qunsetenv(name);
+    // Root cannot have a sandbox; whoever starts the program as root says so in the environment.
+    if (geteuid() != 0) qunsetenv("QTWEBENGINE_DISABLE_SANDBOX");
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--disable-logging");
     qputenv("QT_QPA_PLATFORM", "xcb");
     // A desktop's own theme module would be loaded for colours and letters that the skin brings itself.

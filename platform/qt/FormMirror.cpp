@@ -270,6 +270,7 @@ void FormMirror::OnWindowChanged() {
 
 void FormMirror::WriteBack() {
     if (!window_->isVisible() || StateOf(*window_) == WindowState::Minimised) return;
+    if (ClientRect(form_) == window_->geometry()) return;
     put_back_.start(kPutBackMs);
     TakeClientRect(form_, window_->geometry());
 }

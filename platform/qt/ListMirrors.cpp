@@ -146,9 +146,6 @@ void ComboMirror::Apply(Property property) {
         case Property::Refresh:
             if (box_->lineEdit() != nullptr) box_->lineEdit()->setPlaceholderText(ToQt(combo_.Hint()));
             break;
-        case Property::Value:
-            Apply(Property::Refresh);
-            break;
         default:
             WidgetMirror::Apply(property);
     }
@@ -173,7 +170,6 @@ void TextMirror::Apply(Property property) {
             break;
         }
         case Property::Refresh:
-        case Property::Value:
             edit_->setPlaceholderText(ToQt(text_.Hint()));
             break;
         default:

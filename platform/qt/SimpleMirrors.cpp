@@ -143,6 +143,7 @@ ProgressMirror::ProgressMirror(Stage& stage, controls::ProgressBar& bar, QWidget
     : WidgetMirror(stage, bar), bar_(bar) {
     auto* view = new ProgressView(container);
     view->setRange(bar.Min(), bar.Max());
+    view->setValue(bar.Value());
     SetWidget(view);
 }
 

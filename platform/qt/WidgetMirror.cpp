@@ -70,7 +70,7 @@ void WidgetMirror::WatchInput(QWidget* part) {
 void WidgetMirror::ShowAll() {
     for (const Property property :
          {Property::Geometry, Property::Caption, Property::Items, Property::Text, Property::ListIndex,
-          Property::Checked, Property::Value, Property::Picture, Property::Colour, Property::ToolTip,
+          Property::Checked, Property::Refresh, Property::Picture, Property::Colour, Property::ToolTip,
           Property::Enabled, Property::Visible}) {
         Apply(property);
     }

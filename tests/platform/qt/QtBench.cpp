@@ -1,0 +1,37 @@
+#include "platform/qt/QtBench.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+namespace bench {
+
+qt::Loop& TheLoop() {
+    static qt::Loop loop;
+    return loop;
+}
+
+bool WaitFor(const std::function<bool()>& done) {
+    return QTest::qWaitFor(done, 5000);
+}
+
+void Desk::Open() {
+    screen.Adopt(form);
+    form.Show();
+    screen.CatchUp();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(screen.WindowOf(form)));
+}
+
+void PlaceAt(controls::Control& control, int left, int top, int width, int height) {
+    constexpr double kTwips = controls::kTwipsPerPixel;
+    control.Move(left * kTwips, top * kTwips, width * kTwips, height * kTwips);
+}
+
+}  // namespace bench
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qt::Application application(argv[0], bench::TheLoop());
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "platform/qt/Boxes.h"
+#include "platform/qt/QtBench.h"
+
+namespace {
+
+/// Does something to the box as soon as it is open.
+void WhenOpen(const std::function<void(QDialog&)>& act) {
+    QTimer::singleShot(0, [act] {
+        auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        act(*box);
+    });
+}
+
+void Press(QDialog& box, const char* caption) {
+    for (QPushButton* button : box.findChildren<QPushButton*>()) {
+        if (button->text().remove('&') == QLatin1String(caption)) QTest::mouseClick(button, Qt::LeftButton);
+    }
+}
+
+class BoxesTest : public testing::Test {
+protected:
+    ports::Dialogs& boxes() { return boxes_; }
+
+private:
+    qt::Boxes boxes_{bench::TheLoop()};
+};
+
+TEST_F(BoxesTest, ABoxShowsItsTextAndTitleLetterForLetter) {
+    QString text;
+    QString title;
+    WhenOpen([&](QDialog& box) {
+        text = box.findChild<QLabel*>("text")->text();
+        title = box.windowTitle();
+        Press(box, "OK");
+    });
+
+    const ports::BoxAnswer answer = boxes().MsgBox("First & <b>line</b>\r\nSecond", ports::BoxButtons::Ok,
+                                                   "Title", ports::BoxIcon::Information);
+
+    EXPECT_EQ(answer, ports::BoxAnswer::Ok);
+    EXPECT_EQ(text, "First & <b>line</b>\nSecond");
+    EXPECT_EQ(title, "Title");
+}
+
+TEST_F(BoxesTest, AnEmptyTitleIsTheProgramsName) {
+    QString title;
+    WhenOpen([&](QDialog& box) {
+        title = box.windowTitle();
+        box.reject();
+    });
+
+    boxes().MsgBox("Text");
+
+    EXPECT_EQ(title, "Brindlepost");
+}
+
+TEST_F(BoxesTest, YesAndNoAreAnsweredByTheirButtons) {
+    WhenOpen([](QDialog& box) { Press(box, "Yes"); });
+    EXPECT_EQ(boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::Yes);
+
+    WhenOpen([](QDialog& box) { Press(box, "No"); });
+    EXPECT_EQ(boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::No);
+}
+
+TEST_F(BoxesTest, EscapeAnswersNoAndEnterTheFirstButton) {
+    WhenOpen([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_EQ(boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::No);
+
+    WhenOpen([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_EQ(boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::Yes);
+}
+
+TEST_F(BoxesTest, ALongTextScrollsAndTheBoxStaysOnTheScreen) {
+    std::string text;
+    for (int i = 0; i < 500; ++i)
+        text += "C:\\Music\\A file with a long name.mp3\r\n";
+    int height = 0;
+    WhenOpen([&](QDialog& box) {
+        height = box.height();
+        box.accept();
+    });
+
+    boxes().MsgBox(text);
+
+    EXPECT_GT(height, 100);
+    EXPECT_LT(height, 500);
+}
+
+TEST_F(BoxesTest, AnInputBoxGivesWhatWasTyped) {
+    QString offered;
+    WhenOpen([&](QDialog& box) {
+        auto* edit = box.findChild<QLineEdit*>("input");
+        offered = edit->text();
+        QTest::keyClicks(edit, "New");
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+
+    const std::string typed = boxes().InputBox("What?", "Title", "Old");
+
+    EXPECT_EQ(offered, "Old");
+    EXPECT_EQ(typed, "New");
+}
+
+TEST_F(BoxesTest, ACancelledInputBoxGivesTheEmptyText) {
+    WhenOpen([](QDialog& box) { Press(box, "Cancel"); });
+
+    EXPECT_EQ(boxes().InputBox("What?", "Title", "Old"), "");
+}
+
+TEST_F(BoxesTest, TimersGoOnWhileABoxIsOpen) {
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&ticks] {
+        if (++ticks == 3) QApplication::activeModalWidget()->close();
+    });
+    timer.start(1);
+
+    boxes().MsgBox("Wait");
+
+    EXPECT_GE(ticks, 3);
+}
+
+TEST_F(BoxesTest, AnEndingProgramTakesItsBoxesWithIt) {
+    QTimer::singleShot(0, [] { QCoreApplication::exit(0); });
+
+    EXPECT_EQ(boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::No);
+}
+
+}  // namespace

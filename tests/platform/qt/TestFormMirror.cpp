@@ -1,0 +1,181 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMenuBar>
+#include <QTest>
+
+#include "platform/qt/QtBench.h"
+
+namespace {
+
+class FormMirrorTest : public testing::Test {
+protected:
+    ~FormMirrorTest() override { claims_.Release(); }
+    QWidget* Window(bench::Desk& desk) { return desk.screen.WindowOf(desk.form); }
+    controls::EventClaims claims_;
+};
+
+TEST_F(FormMirrorTest, AWindowIsShownWithItsTitleAndContentSize) {
+    bench::Desk desk;
+
+    desk.form.SetCaption("Another");
+    desk.screen.CatchUp();
+
+    EXPECT_TRUE(Window(desk)->isVisible());
+    EXPECT_EQ(Window(desk)->windowTitle(), "Another");
+    EXPECT_EQ(Window(desk)->size(), QSize(400, 300));
+}
+
+TEST_F(FormMirrorTest, AWindowThatWasNeverPlacedIsCentred) {
+    bench::Desk desk;
+
+    const QPoint centre = Window(desk)->geometry().center();
+
+    EXPECT_LE((centre - QApplication::primaryScreen()->availableGeometry().center()).manhattanLength(), 40);
+    EXPECT_GT(desk.form.Left(), 0);
+}
+
+TEST_F(FormMirrorTest, AHiddenWindowIsGoneFromTheScreen) {
+    bench::Desk desk;
+
+    desk.form.Hide();
+    desk.screen.CatchUp();
+
+    EXPECT_FALSE(Window(desk)->isVisible());
+}
+
+TEST_F(FormMirrorTest, AnotherSizeByThePersonIsWrittenBackAndRaisesResizeOnce) {
+    bench::Desk desk;
+    int resizes = 0;
+    claims_.Claim(desk.form.Resize, [&resizes] { ++resizes; });
+
+    for (int i = 1; i <= 5; ++i)
+        Window(desk)->resize(400 + i * 10, 300);
+    ASSERT_TRUE(bench::WaitFor([&] { return resizes > 0; }));
+
+    EXPECT_EQ(resizes, 1);
+    EXPECT_EQ(desk.form.ContentWidth(), 450 * 15);
+}
+
+TEST_F(FormMirrorTest, ASizeBelowTheLeastOneSpringsBack) {
+    bench::Desk desk;
+    claims_.Claim(desk.form.Resize, [&desk] {
+        if (desk.form.Width() < 3000) desk.form.SetWidth(3000);
+    });
+
+    Window(desk)->resize(50, 300);
+
+    EXPECT_TRUE(bench::WaitFor([&] { return Window(desk)->width() == 196; }));
+    EXPECT_EQ(desk.form.Width(), 3000);
+}
+
+TEST_F(FormMirrorTest, AMoveByThePersonIsWrittenBackWithoutResize) {
+    bench::Desk desk;
+    int resizes = 0;
+    claims_.Claim(desk.form.Resize, [&resizes] { ++resizes; });
+
+    Window(desk)->setGeometry(QRect(QPoint(102, 124), Window(desk)->size()));
+
+    EXPECT_TRUE(bench::WaitFor([&] { return desk.form.Left() == 1500; }));
+    EXPECT_EQ(desk.form.Top(), 1500);
+    EXPECT_EQ(resizes, 0);
+}
+
+TEST_F(FormMirrorTest, AnAssignedPlaceIsTaken) {
+    bench::Desk desk;
+
+    desk.form.Move(1500, 1500, 3000, 3000);
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(Window(desk)->geometry(), QRect(102, 124, 196, 174));
+}
+
+TEST_F(FormMirrorTest, TheCloseBoxAsksAndMayBeRefused) {
+    bench::Desk desk;
+    bool refuse = true;
+    int asked = 0;
+    claims_.Claim(desk.form.QueryUnload, [&](bool& cancel) {
+        ++asked;
+        cancel = refuse;
+    });
+
+    Window(desk)->close();
+    const bool open_after_refusal = Window(desk)->isVisible();
+    refuse = false;
+    Window(desk)->close();
+
+    EXPECT_EQ(asked, 2);
+    EXPECT_TRUE(open_after_refusal);
+    EXPECT_FALSE(Window(desk)->isVisible());
+    EXPECT_FALSE(desk.form.IsLoaded());
+}
+
+TEST_F(FormMirrorTest, ADisabledWindowCannotBeClosed) {
+    bench::Desk desk;
+    desk.form.SetEnabled(false);
+    desk.screen.CatchUp();
+
+    Window(desk)->close();
+
+    EXPECT_TRUE(desk.form.IsLoaded());
+    EXPECT_FALSE(Window(desk)->isEnabled());
+}
+
+TEST_F(FormMirrorTest, TheStateGoesBothWays) {
+    bench::Desk desk;
+
+    desk.form.SetState(controls::WindowState::Maximised);
+    desk.screen.CatchUp();
+    EXPECT_TRUE(bench::WaitFor([&] { return Window(desk)->isMaximized(); }));
+
+    Window(desk)->showNormal();
+    EXPECT_TRUE(bench::WaitFor([&] { return desk.form.State() == controls::WindowState::Normal; }));
+}
+
+TEST_F(FormMirrorTest, AMenuBarStandsAboveTheContent) {
+    controls::Menu file("mnuFile", "File");
+    controls::Label label("lblA");
+    bench::Desk desk(label);
+
+    desk.form.SetMenuBar({&file});
+    desk.form.SetContentSize(400 * 15, 300 * 15);
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(Window(desk)->size(), QSize(400, 326));
+    EXPECT_EQ(desk.Find(label)->parentWidget()->pos(), QPoint(0, 26));
+    EXPECT_EQ(Window(desk)->findChild<QMenuBar*>()->height(), 26);
+}
+
+TEST_F(FormMirrorTest, GoingToAnotherWindowOfTheProgramActivatesIt) {
+    controls::Form other("frmOther", "Other");
+    int activations = 0;
+    controls::EventClaims claims;
+    claims.Claim(other.Activate, [&activations] { ++activations; });
+    bench::Desk desk;
+    other.SetContentSize(3000, 3000);
+    desk.screen.Adopt(other);
+    other.Show();
+    desk.screen.CatchUp();
+    ASSERT_TRUE(bench::WaitFor([&] { return QApplication::activeWindow() == desk.screen.WindowOf(other); }));
+    Window(desk)->activateWindow();
+    ASSERT_TRUE(bench::WaitFor([&] { return QApplication::activeWindow() == Window(desk); }));
+    activations = 0;
+
+    desk.screen.WindowOf(other)->activateWindow();
+
+    EXPECT_TRUE(bench::WaitFor([&] { return activations == 1; }));
+    other.Hide();
+    desk.screen.CatchUp();
+}
+
+TEST_F(FormMirrorTest, TheKeyboardGoesToTheFirstTextBox) {
+    controls::CommandButton button("cmdA", "A");
+    controls::TextBox text("txtA");
+    bench::PlaceAt(button, 0, 0, 50, 20);
+    bench::PlaceAt(text, 0, 100, 50, 20);
+    bench::Desk desk(button, text);
+
+    EXPECT_EQ(Window(desk)->focusWidget(), desk.Find(text));
+}
+
+}  // namespace

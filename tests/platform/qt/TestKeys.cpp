@@ -1,0 +1,48 @@
+#include <gtest/gtest.h>
+
+#include "controls/Control.h"
+#include "platform/qt/Keys.h"
+
+namespace {
+
+TEST(Keys, EveryNamedKeyHasItsVirtualCode) {
+    struct Case {
+        int key;
+        int code;
+    };
+    const Case cases[] = {
+        {Qt::Key_Return, 13},     {Qt::Key_Enter, 13},       {Qt::Key_Escape, 27},
+        {Qt::Key_Delete, 46},     {Qt::Key_Space, 32},       {Qt::Key_Left, 37},
+        {Qt::Key_Down, 40},       {Qt::Key_A, 65},           {Qt::Key_Z, 90},
+        {Qt::Key_5, 53},          {Qt::Key_F1, 112},         {Qt::Key_F12, 123},
+        {Qt::Key_Back, 166},      {Qt::Key_Forward, 167},    {Qt::Key_Refresh, 168},
+        {Qt::Key_HomePage, 172},  {Qt::Key_VolumeMute, 173}, {Qt::Key_VolumeDown, 174},
+        {Qt::Key_VolumeUp, 175},  {Qt::Key_MediaNext, 176},  {Qt::Key_MediaPrevious, 177},
+        {Qt::Key_MediaStop, 178}, {Qt::Key_MediaPlay, 179},  {Qt::Key_MediaTogglePlayPause, 179},
+    };
+
+    for (const Case& one : cases)
+        EXPECT_EQ(qt::KeyCode(one.key), one.code) << one.key;
+}
+
+TEST(Keys, ADigitOfTheNumberPadHasACodeOfItsOwn) {
+    EXPECT_EQ(qt::KeyCode(Qt::Key_5, Qt::KeypadModifier), 101);
+}
+
+TEST(Keys, AKeyWithoutACodeIsZero) {
+    EXPECT_EQ(qt::KeyCode(Qt::Key_Hiragana), 0);
+}
+
+TEST(Keys, ShiftStatesAddUp) {
+    EXPECT_EQ(qt::ShiftState(Qt::ShiftModifier | Qt::AltModifier), controls::kShiftMask | controls::kAltMask);
+    EXPECT_EQ(qt::ShiftState(Qt::ControlModifier), controls::kControlMask);
+    EXPECT_EQ(qt::ShiftState(Qt::KeypadModifier), 0);
+}
+
+TEST(Keys, ButtonsAddUp) {
+    EXPECT_EQ(qt::ButtonNumber(Qt::RightButton), controls::kRightButton);
+    EXPECT_EQ(qt::ButtonNumbers(Qt::LeftButton | Qt::MiddleButton),
+              controls::kLeftButton | controls::kMiddleButton);
+}
+
+}  // namespace

@@ -1,0 +1,299 @@
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListView>
+#include <QScrollBar>
+#include <QTest>
+#include <chrono>
+
+#include "controls/Lists.h"
+#include "platform/qt/QtBench.h"
+
+namespace {
+
+class ListMirrorTest : public testing::Test {
+protected:
+    ListMirrorTest() {
+        bench::PlaceAt(list_, 0, 0, 200, 120);
+        for (const char* row : {"Amber", "Birch", "Cedar", "Dusk"})
+            list_.AddItem(row);
+    }
+    void Listen() {
+        claims_.Claim(list_.Click, [this] { clicks_.emplace_back(list_.Text()); });
+        claims_.Claim(list_.DblClick, [this] { doubles_.emplace_back(list_.Text()); });
+    }
+
+    controls::ListBox list_{"lstA"};
+    std::vector<std::string> clicks_;
+    std::vector<std::string> doubles_;
+    controls::EventClaims claims_;
+};
+
+QWidget* Rows(const bench::Desk& desk, const controls::ListBox& list) {
+    return desk.Find<QListView>(list)->viewport();
+}
+
+TEST_F(ListMirrorTest, RowsAreShownAsTheyAre) {
+    bench::Desk desk(list_);
+
+    list_.AddItem("Elm");
+    list_.RemoveItem(0);
+    desk.screen.CatchUp();
+
+    const QAbstractItemModel* model = desk.Find<QListView>(list_)->model();
+    ASSERT_EQ(model->rowCount(), 4);
+    EXPECT_EQ(model->index(0, 0).data().toString(), "Birch");
+    EXPECT_EQ(model->index(3, 0).data().toString(), "Elm");
+}
+
+TEST_F(ListMirrorTest, APressOnARowSelectsItAndRaisesClick) {
+    Listen();
+    const bench::Desk desk(list_);
+
+    QTest::mouseClick(Rows(desk, list_), Qt::LeftButton, Qt::NoModifier, QPoint(20, 60));
+
+    EXPECT_EQ(list_.ListIndex(), 2);
+    EXPECT_EQ(clicks_, std::vector<std::string>{"Cedar"});
+}
+
+TEST_F(ListMirrorTest, APressOnTheSelectedRowRaisesClickAgain) {
+    Listen();
+    const bench::Desk desk(list_);
+
+    for (int i = 0; i < 2; ++i) {
+        QTest::mousePress(Rows(desk, list_), Qt::LeftButton, Qt::NoModifier, QPoint(20, 60));
+        QTest::mouseRelease(Rows(desk, list_), Qt::LeftButton, Qt::NoModifier, QPoint(20, 60));
+    }
+
+    EXPECT_EQ(clicks_.size() + doubles_.size(), 2U);
+}
+
+TEST_F(ListMirrorTest, APressBelowTheLastRowAndTheRightButtonSelectNothing) {
+    Listen();
+    const bench::Desk desk(list_);
+
+    QTest::mouseClick(Rows(desk, list_), Qt::LeftButton, Qt::NoModifier, QPoint(20, 110));
+    QTest::mouseClick(Rows(desk, list_), Qt::RightButton, Qt::NoModifier, QPoint(20, 60));
+
+    EXPECT_EQ(list_.ListIndex(), -1);
+    EXPECT_TRUE(clicks_.empty());
+}
+
+TEST_F(ListMirrorTest, AnAssignedRowIsShownAsChosenAndBroughtIntoView) {
+    for (int i = 0; i < 100; ++i)
+        list_.AddItem("Row");
+    bench::Desk desk(list_);
+
+    list_.SetListIndex(50);
+    desk.screen.CatchUp();
+
+    auto* view = desk.Find<QListView>(list_);
+    EXPECT_EQ(view->currentIndex().row(), 50);
+    EXPECT_TRUE(view->selectionModel()->isSelected(view->model()->index(50, 0)));
+    EXPECT_TRUE(view->viewport()->rect().contains(view->visualRect(view->currentIndex())));
+}
+
+TEST_F(ListMirrorTest, ArrowKeysSelectAndRaiseClick) {
+    Listen();
+    bench::Desk desk(list_);
+    list_.SetFocus();
+    desk.screen.CatchUp();
+
+    QTest::keyClick(desk.Find(list_), Qt::Key_Down);
+    QTest::keyClick(desk.Find(list_), Qt::Key_Down);
+    QTest::keyClick(desk.Find(list_), Qt::Key_End);
+    QTest::keyClick(desk.Find(list_), Qt::Key_Up);
+
+    EXPECT_EQ(clicks_, (std::vector<std::string>{"Amber", "Birch", "Dusk", "Cedar"}));
+}
+
+TEST_F(ListMirrorTest, TypingLettersGoesToTheRowThatBeginsSo) {
+    Listen();
+    bench::Desk desk(list_);
+    list_.SetFocus();
+    desk.screen.CatchUp();
+
+    QTest::keyClicks(desk.Find(list_), "du");
+
+    EXPECT_EQ(list_.Text(), "Dusk");
+}
+
+TEST_F(ListMirrorTest, ADoubleClickAndEnterRaiseDblClick) {
+    Listen();
+    bench::Desk desk(list_);
+    list_.SetListIndex(1);
+    list_.SetFocus();
+    desk.screen.CatchUp();
+
+    QTest::mouseDClick(Rows(desk, list_), Qt::LeftButton, Qt::NoModifier, QPoint(20, 30));
+    QTest::keyClick(desk.Find(list_), Qt::Key_Return);
+
+    EXPECT_EQ(doubles_, (std::vector<std::string>{"Birch", "Birch"}));
+}
+
+TEST_F(ListMirrorTest, EnterBelongsToTheKeyHandlerThatDoesSomethingWithIt) {
+    Listen();
+    controls::Label label("lblA");
+    claims_.Claim(list_.KeyDown, [&label](int code, int) {
+        if (code == controls::kKeyEnter) label.SetCaption("went");
+    });
+    bench::Desk desk(list_, label);
+    list_.SetListIndex(1);
+    list_.SetFocus();
+    desk.screen.CatchUp();
+
+    QTest::keyClick(desk.Find(list_), Qt::Key_Return);
+
+    EXPECT_TRUE(doubles_.empty());
+}
+
+TEST_F(ListMirrorTest, DeleteComesAsAKey) {
+    int code = 0;
+    claims_.Claim(list_.KeyDown, [&code](int key, int) { code = key; });
+    bench::Desk desk(list_);
+    list_.SetFocus();
+    desk.screen.CatchUp();
+
+    QTest::keyClick(desk.Find(list_), Qt::Key_Delete);
+
+    EXPECT_EQ(code, controls::kKeyDelete);
+}
+
+TEST_F(ListMirrorTest, AMillionRowsAddedTouchTheScreenOnce) {
+    bench::Desk desk(list_);
+    const auto start = std::chrono::steady_clock::now();
+
+    for (int i = 0; i < 1'000'000; ++i)
+        list_.AddItem("A row");
+    desk.screen.CatchUp();
+    desk.Find(list_)->grab();
+
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+    EXPECT_EQ(desk.Find<QListView>(list_)->model()->rowCount(), 1'000'004);
+}
+
+TEST_F(ListMirrorTest, AClickHandlerMayEmptyItsList) {
+    claims_.Claim(list_.Click, [this] { list_.Clear(); });
+    const bench::Desk desk(list_);
+
+    QTest::mouseClick(Rows(desk, list_), Qt::LeftButton, Qt::NoModifier, QPoint(20, 30));
+
+    EXPECT_EQ(desk.Find<QListView>(list_)->model()->rowCount(), 0);
+}
+
+class ComboMirrorTest : public testing::Test {
+protected:
+    ComboMirrorTest() {
+        for (const char* row : {"Web", "Search", "Music"}) {
+            list_.AddItem(row);
+            free_.AddItem(row);
+        }
+    }
+    controls::ComboBox list_{"cmbType", controls::ComboStyle::DropDownList};
+    controls::ComboBox free_{"cmbAddress"};
+    controls::EventClaims claims_;
+};
+
+TEST_F(ComboMirrorTest, APersonsChoiceSelectsTheRowAndRaisesClick) {
+    int clicks = 0;
+    claims_.Claim(list_.Click, [&clicks] { ++clicks; });
+    bench::Desk desk(list_);
+    list_.SetFocus();
+    desk.screen.CatchUp();
+
+    QTest::keyClick(desk.Find(list_), Qt::Key_Down);
+
+    EXPECT_EQ(list_.Text(), "Web");
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(ComboMirrorTest, AnAssignedTextIsShown) {
+    bench::Desk desk(list_, free_);
+
+    list_.SetText("Music");
+    free_.SetText("http://example.org");
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find<QComboBox>(list_)->currentText(), "Music");
+    EXPECT_EQ(desk.Find<QComboBox>(free_)->currentText(), "http://example.org");
+}
+
+TEST_F(ComboMirrorTest, TypingIntoAFreeOneChangesItsText) {
+    int changes = 0;
+    claims_.Claim(free_.Change, [&changes] { ++changes; });
+    const bench::Desk desk(free_);
+
+    QTest::keyClicks(desk.Find<QComboBox>(free_)->lineEdit(), "ab");
+
+    EXPECT_EQ(free_.Text(), "ab");
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(ComboMirrorTest, KeysInItsLineComeAsItsKeys) {
+    int code = 0;
+    claims_.Claim(free_.KeyDown, [&code](int key, int) { code = key; });
+    bench::Desk desk(free_);
+    desk.Find<QComboBox>(free_)->lineEdit()->setFocus();
+
+    QTest::keyClick(desk.Find<QComboBox>(free_)->lineEdit(), Qt::Key_Return);
+
+    EXPECT_EQ(code, controls::kKeyEnter);
+}
+
+TEST_F(ComboMirrorTest, AFreeTextStaysWhenTheRowsGo) {
+    bench::Desk desk(free_);
+    free_.SetText("typed");
+
+    free_.Clear();
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find<QComboBox>(free_)->count(), 0);
+    EXPECT_EQ(desk.Find<QComboBox>(free_)->currentText(), "typed");
+}
+
+TEST(TextMirror, TypingChangesTheTextAndTellsOfIt) {
+    controls::TextBox text("txtA");
+    int changes = 0;
+    controls::EventClaims claims;
+    claims.Claim(text.Change, [&changes] { ++changes; });
+    const bench::Desk desk(text);
+
+    QTest::keyClicks(desk.Find(text), "hey");
+
+    EXPECT_EQ(text.Text(), "hey");
+    EXPECT_EQ(changes, 3);
+}
+
+TEST(TextMirror, WhatAChangeHandlerMakesOfTheTextIsShown) {
+    controls::TextBox text("txtA");
+    controls::EventClaims claims;
+    claims.Claim(text.Change, [&text] {
+        if (text.Text() == "bad") text.SetText("good");
+    });
+    const bench::Desk desk(text);
+
+    QTest::keyClicks(desk.Find(text), "bad");
+
+    EXPECT_EQ(desk.Find<QLineEdit>(text)->text(), "good");
+}
+
+TEST(TextMirror, AHintIsShownAndSpokenAndIsNoText) {
+    controls::TextBox text("txtA");
+    text.SetHint("Type here");
+    const bench::Desk desk(text);
+
+    EXPECT_EQ(desk.Find<QLineEdit>(text)->placeholderText(), "Type here");
+    EXPECT_EQ(desk.Find(text)->accessibleName(), "Type here");
+    EXPECT_EQ(desk.Find<QLineEdit>(text)->text(), "");
+}
+
+TEST(TextMirror, APasswordIsShownAsDots) {
+    controls::TextBox text("txtPassword");
+    text.SetPassword(true);
+    const bench::Desk desk(text);
+
+    EXPECT_EQ(desk.Find<QLineEdit>(text)->echoMode(), QLineEdit::Password);
+}
+
+}  // namespace

@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include <QTimer>
+#include <chrono>
+#include <vector>
+
+#include "platform/qt/QtBench.h"
+
+namespace {
+
+class Sleeper final : public QObject {
+public:
+    explicit Sleeper(std::function<void()> work) : work_(std::move(work)) {}
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::User) return QObject::event(event);
+        work_();
+        return true;
+    }
+
+private:
+    std::function<void()> work_;
+};
+
+/// Counts the ends of handlers while it is told to; the loop keeps it for good.
+class EndCounter {
+public:
+    static EndCounter& Get() {
+        static EndCounter counter;
+        return counter;
+    }
+    std::function<void()> OnEnd;
+
+private:
+    EndCounter() {
+        bench::TheLoop().AtHandlerEnd([this] {
+            if (OnEnd) OnEnd();
+        });
+    }
+};
+
+TEST(Loop, WorkAtTheEndOfAHandlerRunsOnceWhenTheOutermostEventIsOver) {
+    std::vector<int> order;
+    EndCounter::Get().OnEnd = [&order] { order.push_back(9); };
+    Sleeper inner([&order] { order.push_back(2); });
+    Sleeper outer([&order, &inner] {
+        order.push_back(1);
+        QEvent event(QEvent::User);
+        QCoreApplication::sendEvent(&inner, &event);
+        order.push_back(3);
+    });
+
+    QEvent event(QEvent::User);
+    QCoreApplication::sendEvent(&outer, &event);
+    EndCounter::Get().OnEnd = {};
+
+    EXPECT_EQ(order, (std::vector<int>{1, 2, 3, 9}));
+}
+
+TEST(Loop, ManyYieldsCostNextToNothing) {
+    qt::Loop& loop = bench::TheLoop();
+    const auto start = std::chrono::steady_clock::now();
+
+    for (int i = 0; i < 100'000; ++i)
+        loop.Yield();
+
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(500));
+}
+
+TEST(Loop, AHandlerInsideAYieldEndsWithItsOwnWork) {
+    std::string order;
+    bool ran = false;
+    Sleeper inner([&] {
+        order += "inner ";
+        ran = true;
+    });
+    Sleeper outer([&] {
+        EndCounter::Get().OnEnd = [&order] { order += "end "; };
+        QCoreApplication::postEvent(&inner, new QEvent(QEvent::User));
+        const auto start = std::chrono::steady_clock::now();
+        while (!ran && std::chrono::steady_clock::now() - start < std::chrono::seconds(5))
+            bench::TheLoop().Yield();
+        EndCounter::Get().OnEnd = {};
+    });
+
+    QEvent event(QEvent::User);
+    QCoreApplication::sendEvent(&outer, &event);
+
+    EXPECT_EQ(order.substr(0, 14), "end inner end ");
+}
+
+TEST(Loop, QuitEndsARunWithItsCode) {
+    qt::Loop loop;
+    QTimer::singleShot(0, [&loop] { loop.Quit(4); });
+
+    const int code = loop.Run();
+
+    EXPECT_EQ(code, 4);
+    EXPECT_TRUE(loop.IsEnding());
+}
+
+TEST(Loop, AQuitBeforeTheRunIsNotLost) {
+    qt::Loop loop;
+    loop.Quit(5);
+
+    EXPECT_EQ(loop.Run(), 5);
+}
+
+}  // namespace

@@ -1,0 +1,122 @@
+#include <gtest/gtest.h>
+
+#include "platform/qt/QtBench.h"
+
+namespace {
+
+class NullPage final : public ports::BrowserControl {
+public:
+    void SetListener(ports::BrowserListener* listener) override { Listener = listener; }
+    void Navigate(std::string_view address) override { Addresses.emplace_back(address); }
+    void GoBack() override {}
+    void GoForward() override {}
+    void Refresh() override {}
+    std::string LocationURL() const override { return {}; }
+    std::string LocationName() const override { return {}; }
+    bool Busy() const override { return false; }
+
+    ports::BrowserListener* Listener = nullptr;
+    std::vector<std::string> Addresses;
+};
+
+class RecordingFactory final : public qt::PageFactory {
+public:
+    ports::BrowserControl* MakePage(controls::WebBrowser& /*browser*/, QWidget* parent) override {
+        Widgets.push_back(new QWidget(parent));
+        Pages.push_back(std::make_unique<NullPage>());
+        return Pages.back().get();
+    }
+    std::vector<QWidget*> Widgets;
+    std::vector<std::unique_ptr<NullPage>> Pages;
+};
+
+class PagesTest : public testing::Test {
+protected:
+    PagesTest() {
+        bench::PlaceAt(browser_, 0, 0, 300, 200);
+        options_.LoadPages = [this] {
+            ++loads_;
+            auto factory = std::make_unique<RecordingFactory>();
+            factory_ = factory.get();
+            return factory;
+        };
+    }
+    controls::WebBrowser browser_{"Browser"};
+    qt::ScreenOptions options_;
+    RecordingFactory* factory_ = nullptr;
+    int loads_ = 0;
+};
+
+TEST_F(PagesTest, TheEngineIsNotLoadedBeforeAPageIsWanted) {
+    bench::Desk desk(options_, browser_);
+
+    desk.screen.ReleasePages();
+
+    EXPECT_EQ(loads_, 0);
+}
+
+TEST_F(PagesTest, AnAddressAskedForEarlyIsGoneToOnceEnginesMayBeMade) {
+    browser_.Navigate("http://example.org/");
+    bench::Desk desk(options_, browser_);
+    const int loads_before = loads_;
+
+    desk.screen.ReleasePages();
+
+    EXPECT_EQ(loads_before, 0);
+    ASSERT_EQ(loads_, 1);
+    EXPECT_EQ(factory_->Pages[0]->Addresses, std::vector<std::string>{"http://example.org/"});
+}
+
+TEST_F(PagesTest, EnginesAreReleasedByThemselvesAfterTheFirstPaint) {
+    browser_.Navigate("http://example.org/");
+    const bench::Desk desk(options_, browser_);
+
+    EXPECT_TRUE(bench::WaitFor([this] { return loads_ == 1; }));
+}
+
+TEST_F(PagesTest, LaterAnEngineIsThereAtOnce) {
+    bench::Desk desk(options_, browser_);
+    desk.screen.ReleasePages();
+
+    browser_.Navigate("http://example.org/");
+
+    EXPECT_NE(browser_.Engine(), nullptr);
+}
+
+TEST_F(PagesTest, ThePageFillsItsPlace) {
+    bench::Desk desk(options_, browser_);
+    desk.screen.ReleasePages();
+    browser_.Navigate("http://example.org/");
+
+    bench::PlaceAt(browser_, 0, 0, 350, 250);
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(factory_->Widgets[0]->geometry(), QRect(0, 0, 350, 250));
+}
+
+TEST_F(PagesTest, WithoutAnEngineTheControlStaysBlank) {
+    options_.LoadPages = [this] {
+        ++loads_;
+        return std::unique_ptr<qt::PageFactory>();
+    };
+    bench::Desk desk(options_, browser_);
+    desk.screen.ReleasePages();
+
+    browser_.Navigate("http://example.org/");
+    browser_.Navigate("http://example.org/2");
+
+    EXPECT_EQ(browser_.Engine(), nullptr);
+    EXPECT_EQ(loads_, 1);
+}
+
+TEST_F(PagesTest, TheControlLetsGoOfItsEngineWhenTheScreenEnds) {
+    {
+        bench::Desk desk(options_, browser_);
+        desk.screen.ReleasePages();
+        browser_.Navigate("http://example.org/");
+    }
+
+    EXPECT_EQ(browser_.Engine(), nullptr);
+}
+
+}  // namespace

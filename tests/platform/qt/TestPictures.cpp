@@ -1,0 +1,63 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QTemporaryDir>
+
+#include "platform/qt/Pictures.h"
+
+namespace {
+
+class PicturesTest : public testing::Test {
+protected:
+    PicturesTest() {
+        QDir(folder_.path()).mkdir("images");
+        Save("play.png", 16, Qt::red);
+        Save("play@2x.png", 32, Qt::green);
+        Save("pale.bmp", 20, Qt::blue);
+    }
+
+    void Save(const char* name, int side, Qt::GlobalColor colour) const {
+        QImage image(side, side, QImage::Format_RGB32);
+        image.fill(colour);
+        ASSERT_TRUE(image.save(folder_.filePath(QStringLiteral("images/") + QLatin1String(name))));
+    }
+
+    QTemporaryDir folder_;
+    qt::Pictures pictures_{folder_.path()};
+};
+
+QColor ColourOf(const QPixmap& picture) {
+    return picture.toImage().pixelColor(1, 1);
+}
+
+TEST_F(PicturesTest, ABareNameIsAPictureOfTheSkin) {
+    EXPECT_EQ(pictures_.OwnSize("play"), QSize(16, 16));
+    EXPECT_EQ(pictures_.OwnSize("Play"), QSize(16, 16));
+}
+
+TEST_F(PicturesTest, APathBelowTheProgramsFolderIsReadWithEitherSeparator) {
+    for (const char* name : {"\\images\\pale.bmp", "/images/pale.bmp", "images/pale.bmp"}) {
+        EXPECT_EQ(pictures_.OwnSize(name), QSize(20, 20)) << name;
+    }
+}
+
+TEST_F(PicturesTest, TheTwinIsUsedWhereItIsTheSharperOne) {
+    EXPECT_EQ(ColourOf(pictures_.Fitted("play", {16, 16}, 1)), QColor(Qt::red));
+    EXPECT_EQ(ColourOf(pictures_.Fitted("play", {16, 16}, 2)), QColor(Qt::green));
+    EXPECT_EQ(ColourOf(pictures_.Fitted("play", {24, 24}, 1)), QColor(Qt::green));
+}
+
+TEST_F(PicturesTest, AFittedPictureHasTheSizeAndThePixelsOfTheScreen) {
+    const QPixmap picture = pictures_.Fitted("pale.bmp", {40, 30}, 1.5);
+
+    EXPECT_EQ(picture.size(), QSize(60, 45));
+    EXPECT_EQ(picture.devicePixelRatio(), 1.5);
+}
+
+TEST_F(PicturesTest, AMissingPictureIsNothing) {
+    EXPECT_TRUE(pictures_.Fitted("nothing", {10, 10}, 1).isNull());
+    EXPECT_TRUE(pictures_.Fitted("", {10, 10}, 1).isNull());
+    EXPECT_TRUE(pictures_.OwnSize("nothing").isEmpty());
+}
+
+}  // namespace

@@ -1,0 +1,206 @@
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
+
+#include "controls/Simple.h"
+#include "platform/qt/QtBench.h"
+#include "platform/qt/Skin.h"
+
+namespace {
+
+TEST(LabelMirror, ACaptionIsShownAndSpoken) {
+    controls::Label label("lblA", "Old");
+    bench::Desk desk(label);
+
+    label.SetCaption("New");
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find<QLabel>(label)->text(), "New");
+    EXPECT_EQ(desk.Find(label)->accessibleName(), "New");
+}
+
+TEST(LabelMirror, AChangedLookIsPainted) {
+    controls::Label label("lblA");
+    bench::PlaceAt(label, 0, 0, 20, 20);
+    bench::Desk desk(label);
+
+    label.SetLook("well");
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find(label)->grab().toImage().pixel(10, 10), qt::skin::kWell);
+}
+
+TEST(LabelMirror, AClickableLabelIsReachedAndPressedByKeyboard) {
+    controls::Label label("lblA", "A");
+    int clicks = 0;
+    controls::EventClaims claims;
+    claims.Claim(label.Click, [&clicks] { ++clicks; });
+    bench::Desk desk(label);
+    desk.Find(label)->setFocus();
+
+    QTest::keyClick(desk.Find(label), Qt::Key_Return);
+
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST(ButtonMirror, APressRaisesClickOnce) {
+    controls::CommandButton button("cmdA", "A");
+    bench::PlaceAt(button, 0, 0, 80, 30);
+    int clicks = 0;
+    controls::EventClaims claims;
+    claims.Claim(button.Click, [&clicks] { ++clicks; });
+    const bench::Desk desk(button);
+
+    QTest::mouseClick(desk.Find(button), Qt::LeftButton);
+
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST(ButtonMirror, SpaceAndEnterPressIt) {
+    controls::CommandButton button("cmdA", "A");
+    int clicks = 0;
+    controls::EventClaims claims;
+    claims.Claim(button.Click, [&clicks] { ++clicks; });
+    const bench::Desk desk(button);
+    desk.Find(button)->setFocus();
+
+    QTest::keyClick(desk.Find(button), Qt::Key_Space);
+    QTest::keyClick(desk.Find(button), Qt::Key_Return);
+
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST(ButtonMirror, ACaptionChangedInItsOwnClickIsShown) {
+    controls::CommandButton button("cmdFavs", "<");
+    bench::PlaceAt(button, 0, 0, 40, 40);
+    controls::EventClaims claims;
+    claims.Claim(button.Click, [&button] { button.SetCaption(">"); });
+    const bench::Desk desk(button);
+
+    QTest::mouseClick(desk.Find(button), Qt::LeftButton);
+
+    EXPECT_EQ(desk.Find<QPushButton>(button)->text(), ">");
+}
+
+TEST(CheckMirror, APersonsClickSetsTheControlAndRaisesOneClick) {
+    controls::CheckBox check("chkA", "Check");
+    bench::PlaceAt(check, 0, 0, 100, 20);
+    int clicks = 0;
+    controls::EventClaims claims;
+    claims.Claim(check.Click, [&clicks] { ++clicks; });
+    const bench::Desk desk(check);
+
+    QTest::mouseClick(desk.Find(check), Qt::LeftButton, Qt::NoModifier, QPoint(8, 10));
+
+    EXPECT_TRUE(check.Checked());
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST(CheckMirror, AnAssignedCheckIsShown) {
+    controls::CheckBox check("chkA", "Check");
+    bench::Desk desk(check);
+
+    check.SetChecked(true);
+    desk.screen.CatchUp();
+
+    EXPECT_TRUE(desk.Find<QCheckBox>(check)->isChecked());
+}
+
+TEST(ProgressMirror, TheValueIsShown) {
+    controls::ProgressBar bar("pbLoad");
+    bench::Desk desk(bar);
+
+    bar.SetValue(40);
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find<QProgressBar>(bar)->value(), 40);
+}
+
+TEST(LineMirror, ALineWithoutHeightCanStillBeSeen) {
+    controls::Line line("TabLineLeft");
+    controls::Line pale("TabLineRight");
+    pale.SetLook("pale");
+    bench::PlaceAt(line, 0, 10, 100, 0);
+    bench::PlaceAt(pale, 0, 10, 100, 0);
+    const bench::Desk desk(line, pale);
+
+    EXPECT_EQ(desk.Find(line)->height(), 1);
+    EXPECT_EQ(desk.Find(pale)->height(), 2);
+}
+
+TEST(TimerMirror, ItTicksWhileItIsEnabled) {
+    controls::Timer timer("tmrA", 1, true);
+    int ticks = 0;
+    controls::EventClaims claims;
+    claims.Claim(timer.Tick, [&] {
+        if (++ticks == 3) timer.SetEnabled(false);
+    });
+    const bench::Desk desk(timer);
+
+    EXPECT_TRUE(bench::WaitFor([&] { return ticks >= 3; }));
+    QTest::qWait(20);
+    EXPECT_EQ(ticks, 3);
+}
+
+TEST(TimerMirror, AnIntervalOfZeroNeverTicks) {
+    controls::Timer still("tmrA", 0, true);
+    controls::Timer other("tmrB", 5, true);
+    int ticks = 0;
+    int others = 0;
+    controls::EventClaims claims;
+    claims.Claim(still.Tick, [&ticks] { ++ticks; });
+    claims.Claim(other.Tick, [&others] { ++others; });
+    const bench::Desk desk(still, other);
+
+    EXPECT_TRUE(bench::WaitFor([&] { return others >= 3; }));
+
+    EXPECT_EQ(ticks, 0);
+}
+
+TEST(TimerMirror, EnablingItAgainStartsItsIntervalAgain) {
+    controls::Timer late("tmrA", 60, true);
+    controls::Timer pusher("tmrB", 10, true);
+    int pushes = 0;
+    int ticks_while_pushed = 0;
+    int ticks = 0;
+    controls::EventClaims claims;
+    claims.Claim(late.Tick, [&] { ++ticks; });
+    claims.Claim(pusher.Tick, [&] {
+        late.SetEnabled(true);
+        if (++pushes == 15) {
+            ticks_while_pushed = ticks;
+            pusher.SetEnabled(false);
+        }
+    });
+    const bench::Desk desk(late, pusher);
+
+    EXPECT_TRUE(bench::WaitFor([&] { return pushes == 15 && ticks > 0; }));
+
+    EXPECT_EQ(ticks_while_pushed, 0);
+}
+
+TEST(TimerMirror, AHandlerThatYieldsIsNotEnteredAgain) {
+    controls::Timer timer("tmrA", 1, true);
+    int depth = 0;
+    int deepest = 0;
+    int ticks = 0;
+    controls::EventClaims claims;
+    claims.Claim(timer.Tick, [&] {
+        deepest = std::max(deepest, ++depth);
+        QTest::qWait(10);
+        --depth;
+        ++ticks;
+    });
+    const bench::Desk desk(timer);
+
+    EXPECT_TRUE(bench::WaitFor([&] { return ticks >= 2; }));
+    timer.SetEnabled(false);
+
+    EXPECT_EQ(deepest, 1);
+}
+
+}  // namespace

@@ -1,0 +1,149 @@
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include "controls/ControlArray.h"
+#include "platform/qt/QtBench.h"
+#include "platform/qt/Skin.h"
+
+namespace {
+
+TEST(PictureBoxMirror, MarkersKeepTheirUnitsWhenTheBarIsWidened) {
+    controls::PictureBox bar("picSongProgress");
+    controls::Label marker("lblProgress");
+    bench::PlaceAt(bar, 0, 0, 100, 20);
+    bar.Add(marker);
+    bar.SetScaleWidth(200);
+    marker.Move(100, 0, 20, 300);
+    bench::Desk desk(bar);
+
+    bar.SetWidth(300 * 15);
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find(marker)->geometry(), QRect(150, 0, 30, 20));
+}
+
+TEST(PictureBoxMirror, ANewScaleMovesNothingOnTheScreen) {
+    controls::PictureBox bar("picSongProgress");
+    controls::Label marker("lblProgress");
+    bench::PlaceAt(bar, 0, 0, 100, 20);
+    bar.Add(marker);
+    bench::PlaceAt(marker, 50, 0, 10, 20);
+    bench::Desk desk(bar);
+
+    bar.SetScaleWidth(245);
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find(marker)->geometry(), QRect(50, 0, 10, 20));
+}
+
+TEST(PictureBoxMirror, ItsColourIsPainted) {
+    controls::PictureBox box("picVid");
+    bench::PlaceAt(box, 0, 0, 20, 20);
+    bench::Desk desk(box);
+
+    box.SetBackColor(0x00ff00);
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find(box)->grab().toImage().pixel(10, 10), 0xff00ff00);
+}
+
+TEST(PictureBoxMirror, AVideoSurfaceHasAHandleOfItsOwn) {
+    controls::PictureBox video("picVid");
+    controls::PictureBox plain("picPlain");
+    video.SetLook("video");
+    const bench::Desk desk(video, plain);
+
+    EXPECT_NE(video.Handle(), 0);
+    EXPECT_EQ(QWidget::find(static_cast<WId>(video.Handle())), desk.Find(video));
+    EXPECT_EQ(plain.Handle(), 0);
+}
+
+TEST(PictureBoxMirror, ABarIsFilledUpToItsMarker) {
+    controls::PictureBox bar("picSongProgress");
+    controls::Label marker("lblProgress");
+    bar.SetLook("progress");
+    marker.SetLook("marker");
+    bench::PlaceAt(bar, 0, 0, 100, 20);
+    bar.Add(marker);
+    bench::PlaceAt(marker, 56, 0, 8, 20);
+    const bench::Desk desk(bar);
+
+    const QImage shown = desk.Find(bar)->grab().toImage();
+
+    EXPECT_NE(shown.pixel(40, 10), qt::skin::kWell);
+    EXPECT_EQ(shown.pixel(60, 10), qt::skin::kKnob);
+    EXPECT_EQ(shown.pixel(80, 10), qt::skin::kWell);
+}
+
+TEST(FrameMirror, WhatStandsInItMovesAndHidesWithIt) {
+    controls::Frame frame("fraA");
+    controls::Label label("lblA", "A");
+    bench::PlaceAt(frame, 50, 60, 200, 100);
+    bench::PlaceAt(label, 10, 10, 50, 20);
+    frame.Add(label);
+    bench::Desk desk(frame);
+
+    frame.SetVisible(false);
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find(label)->parentWidget(), desk.Find(frame));
+    EXPECT_FALSE(desk.Find(label)->isVisible());
+}
+
+TEST(MirrorChildren, AMemberLoadedLaterComesToTheScreenByItself) {
+    controls::ControlArray<controls::Label> labels("tabLabel");
+    bench::Desk desk(labels(0));
+
+    controls::Label& second = labels.Load(1);
+    second.SetVisible(true);
+    second.SetCaption("Second");
+    desk.screen.CatchUp();
+
+    ASSERT_NE(desk.Find(second), nullptr);
+    EXPECT_TRUE(desk.Find(second)->isVisible());
+}
+
+TEST(MirrorChildren, ADeeperMemberLoadedLaterComesToTheScreenToo) {
+    controls::ControlArray<controls::Label> labels("tabLabel");
+    controls::Frame frame("fraA");
+    frame.Add(labels(0));
+    bench::Desk desk(frame);
+
+    controls::Label& second = labels.Load(1);
+
+    ASSERT_NE(desk.Find(second), nullptr);
+    EXPECT_EQ(desk.Find(second)->parentWidget(), desk.Find(frame));
+}
+
+TEST(MirrorChildren, TheLastOneBroughtToTheFrontIsInFront) {
+    controls::Label first("lblA");
+    controls::Label second("lblB");
+    controls::Label third("lblC");
+    for (controls::Label* label : {&first, &second, &third})
+        bench::PlaceAt(*label, 0, 0, 50, 50);
+    bench::Desk desk(first, second, third);
+
+    second.BringToFront();
+    first.BringToFront();
+    second.BringToFront();
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find(first)->parentWidget()->childAt(10, 10), desk.Find(second));
+}
+
+TEST(MirrorChildren, AControlPutIntoAnotherContainerStandsThere) {
+    controls::Frame left("fraLeft");
+    controls::Frame right("fraRight");
+    controls::Label label("lblA");
+    left.Add(label);
+    bench::Desk desk(left, right);
+
+    right.Add(label);
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find(label)->parentWidget(), desk.Find(right));
+    EXPECT_TRUE(desk.Find(label)->isVisible());
+}
+
+}  // namespace

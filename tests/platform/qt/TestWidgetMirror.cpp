@@ -1,0 +1,253 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QTest>
+#include <QUrl>
+
+#include "controls/Lists.h"
+#include "controls/Simple.h"
+#include "platform/qt/QtBench.h"
+
+namespace {
+
+struct MouseEventText {
+    std::string Text;
+    void Add(const char* name, int button, int shift, double x, double y) {
+        char line[80];
+        std::snprintf(line, sizeof line, "%s %d %d %.0f %.0f;", name, button, shift, x, y);
+        Text += line;
+    }
+};
+
+void SendMouse(QWidget* widget, QEvent::Type type, QPoint at, Qt::MouseButton button) {
+    QMouseEvent event(type, at, widget->mapToGlobal(at), button, button, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+void DoubleClick(QWidget* widget, QPoint at) {
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                                    QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+        SendMouse(widget, type, at, Qt::LeftButton);
+    }
+}
+
+class WidgetMirrorTest : public testing::Test {
+protected:
+    WidgetMirrorTest() { bench::PlaceAt(label_, 10, 20, 100, 30); }
+    void Listen(controls::Control& control) {
+        claims_.Claim(control.MouseDown,
+                      [this](int b, int s, double x, double y) { log_.Add("down", b, s, x, y); });
+        claims_.Claim(control.MouseUp,
+                      [this](int b, int s, double x, double y) { log_.Add("up", b, s, x, y); });
+        claims_.Claim(control.Click, [this] { log_.Text += "click;"; });
+    }
+
+    controls::Label label_{"lblA", "A"};
+    controls::TextBox text_{"txtA"};
+    MouseEventText log_;
+    controls::EventClaims claims_;
+};
+
+TEST_F(WidgetMirrorTest, APressAndReleaseAreDownUpAndClickInTwips) {
+    Listen(label_);
+    const bench::Desk desk(label_);
+
+    QTest::mouseClick(desk.Find(label_), Qt::LeftButton, Qt::ShiftModifier, QPoint(4, 6));
+
+    EXPECT_EQ(log_.Text, "down 1 1 60 90;up 1 1 60 90;click;");
+}
+
+TEST_F(WidgetMirrorTest, TheRightButtonDoesNotClick) {
+    Listen(label_);
+    const bench::Desk desk(label_);
+
+    QTest::mouseClick(desk.Find(label_), Qt::RightButton, Qt::NoModifier, QPoint(4, 6));
+
+    EXPECT_EQ(log_.Text, "down 2 0 60 90;up 2 0 60 90;");
+}
+
+TEST_F(WidgetMirrorTest, AReleaseOutsideIsNoClick) {
+    Listen(label_);
+    const bench::Desk desk(label_);
+
+    QTest::mousePress(desk.Find(label_), Qt::LeftButton, Qt::NoModifier, QPoint(4, 6));
+    QTest::mouseRelease(desk.Find(label_), Qt::LeftButton, Qt::NoModifier, QPoint(400, 6));
+
+    EXPECT_EQ(log_.Text, "down 1 0 60 90;up 1 0 6000 90;");
+}
+
+TEST_F(WidgetMirrorTest, ADoubleClickTakesThePlaceOfTheSecondPressAndClick) {
+    Listen(label_);
+    claims_.Claim(label_.DblClick, [this] { log_.Text += "double;"; });
+    const bench::Desk desk(label_);
+
+    DoubleClick(desk.Find(label_), QPoint(1, 1));
+
+    EXPECT_EQ(log_.Text, "down 1 0 15 15;up 1 0 15 15;click;double;up 1 0 15 15;");
+}
+
+TEST_F(WidgetMirrorTest, TwoQuickClicksAreTwoClicksWhereNobodyWantsADoubleOne) {
+    int clicks = 0;
+    claims_.Claim(label_.Click, [&clicks] { ++clicks; });
+    const bench::Desk desk(label_);
+
+    DoubleClick(desk.Find(label_), QPoint(1, 1));
+
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(WidgetMirrorTest, AMoveWithoutAButtonIsToldToTheControlUnderThePointerOnly) {
+    controls::Frame frame("fraA");
+    bench::PlaceAt(frame, 0, 0, 200, 200);
+    frame.Add(label_);
+    std::string moves;
+    int frame_moves = 0;
+    claims_.Claim(label_.MouseMove, [&moves](int button, int, double x, double) {
+        moves += std::to_string(button) + "/" + std::to_string(static_cast<int>(x)) + ";";
+    });
+    controls::EventClaims frame_claims;
+    frame_claims.Claim(frame.MouseMove, [&frame_moves](int, int, double, double) { ++frame_moves; });
+    const bench::Desk desk(frame);
+
+    SendMouse(desk.Find(label_), QEvent::MouseMove, QPoint(5, 5), Qt::NoButton);
+
+    EXPECT_EQ(moves, "0/75;");
+    EXPECT_EQ(frame_moves, 0);
+}
+
+TEST_F(WidgetMirrorTest, ADisabledControlIsDeafAndSoIsOneInADisabledWindow) {
+    Listen(label_);
+    bench::Desk desk(label_);
+    label_.SetEnabled(false);
+    desk.screen.CatchUp();
+    QTest::mouseClick(desk.Find(label_), Qt::LeftButton);
+    label_.SetEnabled(true);
+    desk.form.SetEnabled(false);
+    desk.screen.CatchUp();
+    QTest::mouseClick(desk.Find(label_), Qt::LeftButton);
+
+    EXPECT_EQ(log_.Text, "");
+}
+
+TEST_F(WidgetMirrorTest, PlaceVisibilityToolTipAndNameFollowTheControl) {
+    bench::Desk desk(label_);
+
+    bench::PlaceAt(label_, 30, 40, 50, 60);
+    label_.SetToolTipText("Tip");
+    label_.SetAccessibleName("Spoken");
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find(label_)->geometry(), QRect(30, 40, 50, 60));
+    EXPECT_EQ(desk.Find(label_)->toolTip(), "Tip");
+    EXPECT_EQ(desk.Find(label_)->accessibleName(), "Spoken");
+    label_.SetVisible(false);
+    desk.screen.CatchUp();
+    EXPECT_FALSE(desk.Find(label_)->isVisible());
+}
+
+TEST_F(WidgetMirrorTest, AControlWithoutANameIsCalledByItsOwn) {
+    controls::PictureBox box("picTrackTitle");
+    const bench::Desk desk(box);
+
+    EXPECT_EQ(desk.Find(box)->accessibleName(), "Track Title");
+}
+
+TEST_F(WidgetMirrorTest, AKeyGoesToTheControlThatHasTheKeyboard) {
+    std::string keys;
+    claims_.Claim(text_.KeyDown, [&keys](int code, int shift) {
+        keys += std::to_string(code) + "/" + std::to_string(shift) + ";";
+    });
+    bench::Desk desk(text_);
+    text_.SetFocus();
+    desk.screen.CatchUp();
+
+    QTest::keyClick(desk.Find(text_), Qt::Key_Return);
+    QTest::keyClick(desk.Find(text_), Qt::Key_VolumeUp, Qt::ControlModifier);
+
+    EXPECT_EQ(keys, "13/0;17/2;175/2;");
+}
+
+TEST_F(WidgetMirrorTest, AKeyNobodyListensToThereGoesToTheWindow) {
+    int code = 0;
+    bench::Desk desk(text_);
+    claims_.Claim(desk.form.KeyDown, [&code](int key, int) { code = key; });
+    text_.SetFocus();
+    desk.screen.CatchUp();
+
+    QTest::keyClick(desk.Find(text_), Qt::Key_MediaNext);
+    claims_.Release();
+
+    EXPECT_EQ(code, 176);
+}
+
+TEST_F(WidgetMirrorTest, EnterAndEscapePressTheWindowsButtons) {
+    controls::CommandButton ok("cmdOK", "OK");
+    controls::CommandButton cancel("cmdCancel", "Cancel");
+    ok.SetDefault(true);
+    cancel.SetCancel(true);
+    std::string pressed;
+    controls::EventClaims claims;
+    claims.Claim(ok.Click, [&pressed] { pressed += "ok;"; });
+    claims.Claim(cancel.Click, [&pressed] { pressed += "cancel;"; });
+    bench::Desk desk(text_, ok, cancel);
+    text_.SetFocus();
+    desk.screen.CatchUp();
+
+    QTest::keyClick(desk.Find(text_), Qt::Key_Return);
+    QTest::keyClick(desk.Find(text_), Qt::Key_Escape);
+
+    EXPECT_EQ(pressed, "ok;cancel;");
+}
+
+TEST_F(WidgetMirrorTest, FocusIsToldOnceItIsThere) {
+    int focused = 0;
+    controls::TextBox other("txtB");
+    claims_.Claim(text_.GotFocus, [&focused] { ++focused; });
+    bench::Desk desk(other, text_);
+
+    text_.SetFocus();
+    desk.screen.CatchUp();
+
+    EXPECT_TRUE(bench::WaitFor([&] { return focused == 1; }));
+    EXPECT_TRUE(desk.Find(text_)->hasFocus());
+}
+
+TEST_F(WidgetMirrorTest, FilesDroppedOnAControlArriveInDriveForm) {
+    controls::DropData dropped;
+    double x = 0;
+    claims_.Claim(label_.OLEDragDrop, [&](const controls::DropData& data, double at_x, double) {
+        dropped = data;
+        x = at_x;
+    });
+    qt::ScreenOptions options;
+    options.ToDriveForm = [](const std::string& native) { return "C:" + native; };
+    const bench::Desk desk(std::move(options), label_);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile("/a.mp3")});
+
+    QDragEnterEvent enter(QPoint(2, 3), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(desk.Find(label_), &enter);
+    QDropEvent drop(QPointF(2, 3), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(desk.Find(label_), &drop);
+
+    EXPECT_EQ(dropped.Files, std::vector<std::string>{"C:/a.mp3"});
+    EXPECT_EQ(x, 30);
+    EXPECT_TRUE(drop.isAccepted());
+}
+
+TEST_F(WidgetMirrorTest, ADragOverAControlThatTakesNoneIsRefused) {
+    const bench::Desk desk(label_);
+    QMimeData data;
+    data.setText("1");
+
+    QDragEnterEvent enter(QPoint(2, 3), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QCoreApplication::sendEvent(desk.Find(label_), &enter);
+
+    EXPECT_FALSE(enter.isAccepted());
+}
+
+}  // namespace
