@@ -47,13 +47,25 @@ void WebBrowser::RefreshPage() {
     if (engine_ != nullptr) engine_->Refresh();
 }
 
-std::string WebBrowser::LocationURL() const { return engine_ != nullptr ? engine_->LocationURL() : std::string(); }
+std::string WebBrowser::LocationURL() const {
+    return engine_ != nullptr ? engine_->LocationURL() : std::string();
+}
 
-std::string WebBrowser::LocationName() const { return engine_ != nullptr ? engine_->LocationName() : std::string(); }
+std::string WebBrowser::LocationName() const {
+    return engine_ != nullptr ? engine_->LocationName() : std::string();
+}
 
-bool WebBrowser::Busy() const { return engine_ != nullptr && engine_->Busy(); }
+bool WebBrowser::Busy() const {
+    return engine_ != nullptr && engine_->Busy();
+}
 
-void WebBrowser::OnTitleChange(std::string_view title) { TitleChange.Raise(title); }
+void WebBrowser::WorkOnDocument(const std::vector<ports::ElementStep>& steps) {
+    if (engine_ != nullptr) engine_->WorkOnDocument(steps);
+}
+
+void WebBrowser::OnTitleChange(std::string_view title) {
+    TitleChange.Raise(title);
+}
 
 void WebBrowser::OnNavigateComplete(std::string_view url) {
     address_under_way_.clear();

@@ -1,9 +1,11 @@
-// A web browser control. Until an engine is attached, and for a template that never gets one, commands go nowhere and
-// the location is empty; the last address asked for before that is handed on when the engine comes.
+// A web browser control. Until an engine is attached, and for a template that never gets one, commands go
+// nowhere and the location is empty; the last address asked for before that is handed on when the engine
+// comes.
 #pragma once
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "controls/Control.h"
 #include "ports/BrowserControl.h"
@@ -15,15 +17,16 @@ public:
     explicit WebBrowser(std::string_view name) : Control(Kind::WebBrowser, name) {}
     ~WebBrowser() override;
 
-    /// Connects the page engine (the screen does), or takes it away with null.
+    /// Connects the page engine (the screen does), or takes it away with null. An engine is taken away before
+    /// it ends.
     void Attach(ports::BrowserControl* engine);
     ports::BrowserControl* Engine() const { return engine_; }
     /// The address waiting for an engine; empty when none waits.
     const std::string& WaitingAddress() const { return waiting_address_; }
 
     void Navigate(std::string_view address);
-    /// The control's second way to navigate, to the same effect. A second call for an address that is already on its
-    /// way does not load it twice.
+    /// The control's second way to navigate, to the same effect. A second call for an address that is already
+    /// on its way does not load it twice.
     void Navigate2(std::string_view address);
     void GoBack();
     void GoForward();
@@ -31,11 +34,13 @@ public:
     std::string LocationURL() const;
     std::string LocationName() const;
     bool Busy() const;
+    /// Works on the elements of the document that is shown.
+    void WorkOnDocument(const std::vector<ports::ElementStep>& steps);
 
-    Event<std::string_view> TitleChange;         ///< the new title
-    Event<std::string_view> NavigateComplete2;   ///< the address, once for every frame
-    Event<WebBrowser*&> NewWindow2;              ///< receives the control that shall show the pop-up
-    Event<bool&> NavigateError;                  ///< cancel: no error page
+    Event<std::string_view> TitleChange;        ///< the new title
+    Event<std::string_view> NavigateComplete2;  ///< the address, once for every frame
+    Event<WebBrowser*&> NewWindow2;             ///< receives the control that shall show the pop-up
+    Event<bool&> NavigateError;                 ///< cancel: no error page
 
 private:
     void OnTitleChange(std::string_view title) override;

@@ -1,11 +1,13 @@
 // One page engine behind one web browser control: what the control asks of it and what it tells back.
 //
 // Why: the tabs, the address bar and the site logins must run, and be tested, without a page engine.
-// All calls return at once; what a page does is told later through the listener, on the user-interface thread.
+// All calls return at once; what a page does is told later through the listener, on the user-interface
+// thread.
 #pragma once
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ports {
 
@@ -23,12 +25,24 @@ public:
     virtual class BrowserControl* OnNewWindow() = 0;
 };
 
+/// One thing to do with an element of a document, found by its name or, failing that, its id.
+struct ElementStep {
+    enum class Kind {
+        SetValue,  ///< gives an input the value
+        Click,
+        Submit,  ///< sends a form off
+    };
+    Kind kind = Kind::SetValue;
+    std::string name;
+    std::string value;
+};
+
 class BrowserControl {
 public:
     virtual ~BrowserControl() = default;
     virtual void SetListener(BrowserListener* listener) = 0;
-    /// Goes to an address as a person types it: completed the way browsers do ("example.org" gets a scheme, a path
-    /// becomes a file address). An empty address goes nowhere and stops nothing.
+    /// Goes to an address as a person types it: completed the way browsers do ("example.org" gets a scheme, a
+    /// path becomes a file address). An empty address goes nowhere and stops nothing.
     virtual void Navigate(std::string_view address) = 0;
     /// Nothing to go to: nothing happens.
     virtual void GoBack() = 0;
@@ -39,6 +53,10 @@ public:
     /// Its title; the address when it has none; empty before the first document.
     virtual std::string LocationName() const = 0;
     virtual bool Busy() const = 0;
+    /// Works on the document that is shown, in order and in one go; an element that is not there is skipped.
+    /// Does nothing when the document shown is another one by the time it is done: the values may be
+    /// somebody's password. An engine without documents does nothing.
+    virtual void WorkOnDocument(const std::vector<ElementStep>& /*steps*/) {}
 };
 
 }  // namespace ports

@@ -25,6 +25,7 @@ WebRooms::WebRooms(WebGroups& groups, WebMenu& menu, WebState& state, WebPartner
              partners.events}),
       refresh(groups.refresh, menu, state, pages, guard, partners.window, partners.dialogs),
       commands(groups.help, menu, box, address, tabs, guard, partners.window, partners.player,
-               partners.dialogs) {}
+               partners.dialogs),
+      logins(tabs) {}
 
 }  // namespace web

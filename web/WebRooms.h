@@ -9,6 +9,7 @@
 #include "web/ConnectionGuard.h"
 #include "web/Outgoing.h"
 #include "web/RefreshRoom.h"
+#include "web/SiteLogin.h"
 #include "web/TabRoom.h"
 #include "web/WebCommandsRoom.h"
 #include "web/WebControls.h"
@@ -63,6 +64,7 @@ public:
     BrowserEventsRoom pages;
     RefreshRoom refresh;
     WebCommandsRoom commands;
+    SiteLogin logins;
 };
 
 }  // namespace web

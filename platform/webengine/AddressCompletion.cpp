@@ -28,7 +28,7 @@ bool HasScheme(const QString& text) {
 }
 
 QUrl WebAddress(const QString& text) {
-    const QUrl url(text, QUrl::TolerantMode);
+    QUrl url(text, QUrl::TolerantMode);
     const bool needs_host = url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
     if (!url.isValid() || (needs_host && url.host().isEmpty())) return {};
     return url;

@@ -1,7 +1,10 @@
 #include "platform/webengine/EnginePage.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QTimer>
 #include <QWebEngineProfile>
+#include <QWebEngineScript>
 #include <QWebEngineSettings>
 
 namespace webengine {
@@ -10,6 +13,19 @@ namespace {
 
 constexpr int kBadAddress = -300;
 constexpr int kRendererGone = -1000;
+
+constexpr const char* kWorkOnDocument = R"((address, steps) => {
+    const wanted = new URL(address);
+    if (window.top !== window || location.origin !== wanted.origin || location.pathname !== wanted.pathname) return;
+    const first = (found) => found instanceof Element ? found : found && found.length ? found[0] : null;
+    for (const [kind, name, value] of steps) {
+        const element = first(kind === 2 ? document.forms.namedItem(name) : document.all.namedItem(name));
+        if (!element) continue;
+        if (kind === 0) element.value = value;
+        if (kind === 1) element.click();
+        if (kind === 2) HTMLFormElement.prototype.submit.call(element);
+    }
+})";
 
 void Limit(QWebEngineSettings& settings) {
     using Settings = QWebEngineSettings;
@@ -107,6 +123,21 @@ std::string EnginePage::LocationURL() const {
 
 std::string EnginePage::LocationName() const {
     return title_.isEmpty() ? LocationURL() : title_.toStdString();
+}
+
+// The script runs in a world of its own, where a page's scripts cannot change what it calls, and decides
+// itself whether it is still in the document that was meant.
+void EnginePage::WorkOnDocument(const std::vector<ports::ElementStep>& steps) {
+    if (view_ == nullptr || location_.isEmpty()) return;
+    QJsonArray list;
+    for (const ports::ElementStep& step : steps) {
+        list.append(QJsonArray{static_cast<int>(step.kind), QString::fromStdString(step.name),
+                               QString::fromStdString(step.value)});
+    }
+    const QJsonArray arguments{QString::fromStdString(LocationURL()), list};
+    const QString values = QString::fromUtf8(QJsonDocument(arguments).toJson(QJsonDocument::Compact));
+    page_->runJavaScript(QStringLiteral("(%1)(...%2)").arg(QLatin1String(kWorkOnDocument), values),
+                         QWebEngineScript::ApplicationWorld);
 }
 
 void EnginePage::OnFrame(const QUrl& url) {

@@ -68,6 +68,7 @@ public:
     std::string LocationURL() const override;
     std::string LocationName() const override;
     bool Busy() const override { return view_ != nullptr && busy_; }
+    void WorkOnDocument(const std::vector<ports::ElementStep>& steps) override;
 
     // What the page tells its owner.
     void OnFrame(const QUrl& url);

@@ -207,6 +207,32 @@ TEST_P(BrowserControlContract, AWindowThatIsRefusedLeavesThePage) {
     EXPECT_EQ(browser.LocationURL(), world->Site + "/pops");
 }
 
+TEST_P(BrowserControlContract, AFormIsFilledInAndSentOff) {
+    using Kind = ports::ElementStep::Kind;
+    ASSERT_TRUE(Arrive(world->Site + "/form"));
+
+    ASSERT_TRUE(ArriveAgain([this] {
+        browser.WorkOnDocument({{Kind::SetValue, "nothing", "x"},
+                                {Kind::SetValue, "email", "owl"},
+                                {Kind::SetValue, "word", "hoot"},
+                                {Kind::Submit, "theForm", ""}});
+    }));
+
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/other?email=owl&word=hoot");
+}
+
+TEST_P(BrowserControlContract, ADocumentWithoutTheElementsStaysAsItIs) {
+    using Kind = ports::ElementStep::Kind;
+    ASSERT_TRUE(Arrive(world->Site + "/plain"));
+
+    browser.WorkOnDocument(
+        {{Kind::SetValue, "email", "owl"}, {Kind::Click, "SI", ""}, {Kind::Submit, "theForm", ""}});
+
+    ASSERT_TRUE(Arrive(world->Site + "/other"));
+    EXPECT_EQ(heard.Completed.size(), 2U);
+    EXPECT_TRUE(heard.Failed.empty());
+}
+
 TEST_P(BrowserControlContract, WithoutAListenerItStillGoes) {
     browser.SetListener(nullptr);
 

@@ -15,6 +15,8 @@ public:
         web_[Site + "/untitled"] = {"", {}, ""};
         web_[Site + "/frames"] = {"Frames", {Site + "/plain", Site + "/untitled"}, ""};
         web_[Site + "/pops"] = {"Pops", {}, Site + "/other"};
+        web_[Site + "/form"] = {"Form", {}, "", {"email", "word"}, "theForm", Site + "/other"};
+        web_[Site + "/other?email=owl&word=hoot"] = {"Other words", {}, ""};
         web_[LocalAddress] = {"Local words", {}, ""};
     }
     ports::BrowserControl& Browser() override { return browser_; }

@@ -83,6 +83,37 @@ void FakeBrowserControl::Arrive(const FakePage& page) {
     if (window != nullptr) window->Navigate(page.pop_up);
 }
 
+void FakeBrowserControl::WorkOnDocument(const std::vector<ports::ElementStep>& steps) {
+    const auto page = web_.find(LocationURL());
+    std::map<std::string, std::string> values;
+    for (const ports::ElementStep& step : steps) {
+        switch (step.kind) {
+            case ports::ElementStep::Kind::SetValue:
+                Calls.push_back("SetValue " + step.name + " " + step.value);
+                values[step.name] = step.value;
+                break;
+            case ports::ElementStep::Kind::Click:
+                Calls.push_back("Click " + step.name);
+                break;
+            case ports::ElementStep::Kind::Submit:
+                Calls.push_back("Submit " + step.name);
+                if (page != web_.end() && page->second.form == step.name) SendForm(page->second, values);
+                break;
+        }
+    }
+}
+
+void FakeBrowserControl::SendForm(const FakePage& page, const std::map<std::string, std::string>& values) {
+    std::string address = page.action;
+    char separator = '?';
+    for (const std::string& input : page.inputs) {
+        const auto value = values.find(input);
+        address += separator + input + '=' + (value == values.end() ? std::string() : value->second);
+        separator = '&';
+    }
+    Begin(address, Way::New);
+}
+
 void FakeBrowserControl::ChangeTitle(std::string_view title) {
     title_ = title;
     if (listener_ != nullptr) listener_->OnTitleChange(title_);

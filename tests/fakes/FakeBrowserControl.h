@@ -14,9 +14,12 @@ namespace fakes {
 
 /// One document of the made-up web.
 struct FakePage {
-    std::string title;                ///< empty: the page has none
-    std::vector<std::string> frames;  ///< addresses of the documents in it
-    std::string pop_up;               ///< opened when the page has arrived; empty for none
+    std::string title;                     ///< empty: the page has none
+    std::vector<std::string> frames;       ///< addresses of the documents in it
+    std::string pop_up;                    ///< opened when the page has arrived; empty for none
+    std::vector<std::string> inputs = {};  ///< names of the inputs of its form
+    std::string form = {};                 ///< the form's name
+    std::string action = {};               ///< where the form goes
 };
 
 /// The made-up web that engines of one test share, under whole addresses. An address that is not there fails.
@@ -34,6 +37,7 @@ public:
     std::string LocationURL() const override;
     std::string LocationName() const override;
     bool Busy() const override { return busy_; }
+    void WorkOnDocument(const std::vector<ports::ElementStep>& steps) override;
 
     /// Lets the navigation that is under way arrive or fail. False when none was.
     bool Settle();
@@ -49,6 +53,7 @@ private:
     enum class Way { New, Back, Forward, Again };
     void Begin(std::string_view address, Way way);
     void Arrive(const FakePage& page);
+    void SendForm(const FakePage& page, const std::map<std::string, std::string>& values);
 
     const FakeWeb& web_;
     ports::BrowserListener* listener_ = nullptr;

@@ -57,6 +57,9 @@ EngineWorld::EngineWorld() {
     server_.Pages["/frames"] = {
         "<title>Frames</title><iframe src='/plain'></iframe><iframe src='/untitled'></iframe>"};
     server_.Pages["/pops"] = {"<title>Pops</title><script>window.open('/other')</script>"};
+    server_.Pages["/form"] = {
+        "<title>Form</title><form name=theForm action=/other><input name=email><input name=word></form>"};
+    server_.Pages["/other?email=owl&word=hoot"] = server_.Pages["/other"];
     const QString page = folder_.filePath(QStringLiteral("local.html"));
     WritePage(page, "<title>Local words</title>local");
     Local = "C:" + base::Replace(page.toStdString(), "/", "\\");
