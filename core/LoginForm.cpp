@@ -26,8 +26,10 @@ LoginForm::LoginForm() {
 }
 
 void LoginForm::FillLoginPage() {
-    frmLogin.Add(lblProduct, lblWelcome, lblUser, cmbUser, lblPassword, txtPassword, chkRememberMe, chkAuto,
-                 cmdNew, cmdLogin, tmrLoad);
+    frmLogin.Add(fraLogin, tmrLoad);
+    fraLogin.Add(lblProduct, lblWelcome, lblUser, cmbUser, lblPassword, txtPassword, chkRememberMe, chkAuto,
+                 cmdNew, cmdLogin);
+    Place(fraLogin, 0, 0, kWidth, kHeight);
     Place(lblProduct, 32, 20, 356, 36);
     Place(lblWelcome, 32, 60, 356, 20);
     Place(lblUser, 32, 100, 104, 24);
@@ -39,6 +41,7 @@ void LoginForm::FillLoginPage() {
     Place(cmdNew, 32, 248, 112, 32);
     Place(cmdLogin, 276, 248, 112, 32);
 
+    fraLogin.SetLook("page");
     lblProduct.SetLook("title");
     lblWelcome.SetLook("muted");
     cmdLogin.SetLook("accent");

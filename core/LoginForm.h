@@ -1,4 +1,4 @@
-// The login window: who wants in, and over it the two pages of the wizard that makes a new user.
+// The login window: who wants in, and in its place the two pages of the wizard that makes a new user.
 #pragma once
 
 #include "controls/Lists.h"
@@ -12,6 +12,7 @@ struct LoginForm {
     LoginForm();
 
     controls::Form frmLogin{"frmLogin", "Brindlepost - Login", controls::BorderStyle::FixedDialog};
+    controls::Frame fraLogin{"fraLogin"};  ///< the login itself, away while the wizard shows
     controls::Label lblProduct{"lblProduct", "Brindlepost"};
     controls::Label lblWelcome{"lblWelcome", "Please log in to your profile"};
     controls::Label lblUser{"lblUser", "User name:"};

@@ -122,6 +122,7 @@ void LoginRoom::LoadUsers() {
     }
     form_.cmbUser.SetText(str_name_);
     form_.txtPassword.SetText(str_pass_);
+    FocusFirstEmptyBox();
     if (auto_login && !str_pass_.empty()) cmdLogin_Click();
 }
 
@@ -149,13 +150,22 @@ void LoginRoom::OfferUser(std::string_view name, std::string_view password) {
 void LoginRoom::ShowLogin() {
     form_.txtPassword.SetText("");
     form_.frmLogin.Show();
+    FocusFirstEmptyBox();
+}
+
+void LoginRoom::FocusFirstEmptyBox() {
+    if (form_.cmbUser.Text().empty()) {
+        form_.cmbUser.SetFocus();
+    } else {
+        form_.txtPassword.SetFocus();
+    }
 }
 
 void LoginRoom::cmbUser_Click() {
     form_.txtPassword.SetText("");
 }
 
-// Enter also presses the default button; whichever of the two comes second finds the window gone.
+// Enter may press the default button as well; whichever of the two comes second finds the window gone.
 void LoginRoom::txtPassword_KeyDown(int key_code) {
     if (key_code == controls::kKeyEnter && form_.frmLogin.Visible()) cmdLogin_Click();
 }

@@ -56,6 +56,7 @@ private:
     void ReadMultipleUsers();
     /// Takes what the current row of tblLogin remembers; true when the row logs in by itself.
     bool TakeRemembered();
+    void FocusFirstEmptyBox();
     bool HasEntries();
     bool FindUser();
     void LogIn();

@@ -36,6 +36,7 @@ void NewUserRoom::OpenWizard() {
 }
 
 void NewUserRoom::ShowPages(bool new_page, bool setup_page) {
+    form_.fraLogin.SetVisible(!new_page && !setup_page);
     form_.fraNew.SetVisible(new_page);
     form_.fraSetup.SetVisible(setup_page);
     form_.cmdLogin.SetDefault(!new_page && !setup_page);
@@ -100,13 +101,16 @@ void NewUserRoom::cmdBack_Click() {
 }
 
 void NewUserRoom::cmdFinish_Click() {
-    AddUser();
+    if (!AddUser()) {
+        dialogs_.MsgBox("The new user could not be stored, because the login database can not be opened.");
+        return;
+    }
     ShowPages(false, false);
     login_page_.OfferUser(form_.txtNewUser.Text(), form_.txtPass1.Text());
 }
 
-void NewUserRoom::AddUser() {
-    form_.datLogin.Open(store::kAllUsers);
+bool NewUserRoom::AddUser() {
+    if (!form_.datLogin.Open(store::kAllUsers)) return false;
     store::RecordSet& rows = form_.datLogin.Recordset();
     rows.AddNew();
     rows.Set(store::tblLogin::UserName, form_.txtNewUser.Text());
@@ -119,7 +123,7 @@ void NewUserRoom::AddUser() {
     rows.Set(store::tblLogin::FaceBookP, Stored(form_.txtFacebookP));
     rows.Set(store::tblLogin::RememberMe, base::FlagText(false));
     rows.Set(store::tblLogin::AutoLogin, base::FlagText(false));
-    rows.Update();
+    return rows.Update();
 }
 
 }  // namespace core

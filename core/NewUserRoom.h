@@ -31,7 +31,8 @@ private:
     bool IsNameTaken();
     bool IsNameAccepted();
     void ShowPages(bool new_page, bool setup_page);
-    void AddUser();
+    /// False when the store cannot be opened.
+    bool AddUser();
 
     LoginForm& form_;
     LoginPage& login_page_;

@@ -26,17 +26,15 @@ AddFavouriteRoom::AddFavouriteRoom(AddFavouriteForm& form, AddFavouriteTargets t
 }
 
 void AddFavouriteRoom::ClaimDialog() {
-    const auto add_on_enter = [this](int key_code, int) {
-        if (key_code == controls::kKeyEnter) cmdAdd_Click();
-    };
+    const auto text_key = [this](int key_code, int) { Text_KeyDown(key_code); };
     claims_.Claim(form_.frmAdd.Activate, [this] { Form_Activate(); });
     claims_.Claim(form_.frmAdd.QueryUnload, [this](bool& cancel) { Form_QueryUnload(cancel); });
     claims_.Claim(form_.lstGroup.KeyDown, [this](int key_code, int) { lstGroup_KeyDown(key_code); });
     claims_.Claim(form_.cmdDelete.Click, [this] { cmdDelete_Click(); });
     claims_.Claim(form_.cmdNew.Click, [this] { cmdNew_Click(); });
     claims_.Claim(form_.txtURL.Change, [this] { txtURL_Change(); });
-    claims_.Claim(form_.txtURL.KeyDown, add_on_enter);
-    claims_.Claim(form_.txtName.KeyDown, add_on_enter);
+    claims_.Claim(form_.txtURL.KeyDown, text_key);
+    claims_.Claim(form_.txtName.KeyDown, text_key);
     claims_.Claim(form_.cmdCancel.Click, [this] { cmdCancel_Click(); });
     claims_.Claim(form_.cmdAdd.Click, [this] { cmdAdd_Click(); });
     claims_.Claim(form_.cmdCancel2.Click, [this] { cmdCancel_Click(); });
@@ -89,7 +87,13 @@ void AddFavouriteRoom::txtURL_Change() {
     if (base::EndsWith(url, "///")) form_.txtURL.SetText(std::string(url, 0, url.size() - 1));
 }
 
+void AddFavouriteRoom::Text_KeyDown(int key_code) {
+    if (key_code == controls::kKeyEnter) cmdAdd_Click();
+    if (key_code == controls::kKeyEscape) cmdCancel_Click();
+}
+
 void AddFavouriteRoom::lstGroup_KeyDown(int key_code) {
+    if (key_code == controls::kKeyEscape) cmdCancel_Click();
     if (key_code != controls::kKeyEnter) return;
     if (form_.cmdDelete2.Visible()) {
         cmdDelete_Click();

@@ -46,6 +46,7 @@ private:
     void cmdDelete_Click();
     void cmdCancel_Click();
     void txtURL_Change();
+    void Text_KeyDown(int key_code);
     void lstGroup_KeyDown(int key_code);
 
     void ClaimDialog();

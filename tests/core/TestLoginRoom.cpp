@@ -19,7 +19,7 @@ TEST_F(LoginRoom, EverythingLiesInsideTheWindow) {
         EXPECT_LE(control->Right(), login_form.frmLogin.ContentWidth()) << control->Name();
         EXPECT_LE(control->Bottom(), login_form.frmLogin.ContentHeight()) << control->Name();
     }
-    for (const controls::Frame* page : {&login_form.fraNew, &login_form.fraSetup}) {
+    for (const controls::Frame* page : {&login_form.fraLogin, &login_form.fraNew, &login_form.fraSetup}) {
         for (const controls::Control* control : page->Children()) {
             EXPECT_LE(control->Right(), page->Width()) << control->Name();
             EXPECT_LE(control->Bottom(), page->Height()) << control->Name();

@@ -29,6 +29,7 @@ TEST_F(NewUserRoom, TheWizardOpensCleared) {
     login_form.cmdNew.Click.Raise();
 
     EXPECT_TRUE(login_form.fraNew.Visible());
+    EXPECT_FALSE(login_form.fraLogin.Visible());
     EXPECT_EQ(login_form.txtNewUser.Text(), "");
     EXPECT_EQ(login_form.txtPass1.Text(), "");
     for (controls::TextBox* box :
@@ -150,12 +151,25 @@ TEST_F(NewUserRoom, TheNewUserCanLogIn) {
     EXPECT_EQ(login.MySpaceE, "");
 }
 
+TEST_F(NewUserRoom, AUserThatCannotBeStoredKeepsThePage) {
+    stores.Database.FailOpen(fakes::SeededStores::kLoginPath, ports::DatabaseError::Damaged);
+    OpenWizard();
+    TypeUser("ann", "pw", "pw");
+    login_form.cmdNext.Click.Raise();
+
+    login_form.cmdFinish.Click.Raise();
+
+    EXPECT_TRUE(login_form.fraSetup.Visible());
+    EXPECT_EQ(LastBox(), "The new user could not be stored, because the login database can not be opened.");
+}
+
 TEST_F(NewUserRoom, CancelGoesBackToTheLogin) {
     OpenWizard();
 
     login_form.cmdCancel.Click.Raise();
 
     EXPECT_FALSE(login_form.fraNew.Visible());
+    EXPECT_TRUE(login_form.fraLogin.Visible());
     EXPECT_TRUE(login_form.frmLogin.Visible());
 }
 

@@ -300,6 +300,18 @@ TEST_F(AddFavouriteRoom, CancellingGivesTheMainWindowBackWithAllGroupsClosed) {
     }
 }
 
+TEST_F(AddFavouriteRoom, EscapeCancels) {
+    for (controls::Control* control :
+         std::initializer_list<controls::Control*>{&form.txtName, &form.txtURL, &form.lstGroup}) {
+        dialog.OpenToAdd("", "");
+
+        control->KeyDown.Raise(controls::kKeyEscape, 0);
+
+        EXPECT_FALSE(form.frmAdd.Visible()) << control->Name();
+        EXPECT_TRUE(frmBrowser.Enabled()) << control->Name();
+    }
+}
+
 TEST_F(AddFavouriteRoom, TheCloseBoxHidesTheDialogAndKeepsItLoaded) {
     dialog.OpenToAdd("", "");
 
