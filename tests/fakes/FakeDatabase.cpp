@@ -80,6 +80,7 @@ void FakeDatabase::MakeStore(std::string_view path) {
 void FakeDatabase::Seed(std::string_view path, std::string_view table, const std::vector<Row>& rows) {
     File& file = files_[std::string(path)];
     if (file.layout == nullptr) MakeStore(path);
+    assert(file.layout != nullptr);
     const std::size_t place = TablePlace(*file.layout, table);
     assert(place < file.tables.size());
     Table& target = file.tables[place];
