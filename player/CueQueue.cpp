@@ -21,7 +21,7 @@ void CueQueue::Add(std::string_view text, std::string_view entry) {
 }
 
 std::string CueQueue::TakePath() {
-    const std::string path = base::Replace(SelectEntry(0), lblQuote_.Caption(), "");
+    std::string path = base::Replace(SelectEntry(0), lblQuote_.Caption(), "");
     RemoveRow(0);
     state_.CueHeadIsId = !IsEmpty() && IsHeadShort();
     state_.CueHeadIsPath = !IsEmpty() && !IsHeadShort();

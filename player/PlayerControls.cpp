@@ -36,6 +36,10 @@ void KeepMarkerWidth(controls::Label& marker, const controls::PictureBox& bar) {
 }
 
 PlayButtonControls::PlayButtonControls() {
+    for (controls::Image* picture : {&imgPlay, &imgPlayOver, &imgPause, &imgPauseOver})
+        picture->SetLook("round");
+    imgStop.SetLook("tool");
+    imgStopOver.SetLook("tool");
     imgPlay.Move(180, 180, 0, 0);
     imgPause.Move(180, 180, 0, 0);
     imgStop.Move(960, 300, 0, 0);
@@ -46,6 +50,9 @@ PlayButtonControls::PlayButtonControls() {
 }
 
 PlayModeControls::PlayModeControls() {
+    for (controls::Image* picture : {&imgRepeat, &imgRepeatOver, &imgNoRepeat, &imgNoRepeatOver}) {
+        picture->SetLook("tool");
+    }
     Pair(imgRepeat, imgRepeatOver, kSmallButton, "Repeat is on: repeat no more");
     Pair(imgNoRepeat, imgNoRepeatOver, kSmallButton, "Repeat this song");
     Hide(imgRepeat);
@@ -53,23 +60,23 @@ PlayModeControls::PlayModeControls() {
 
 TitleControls::TitleControls() {
     picTrackTitle.Move(1650, 180, 7050, kRowHeight);
-    picTrackTitle.SetLook("display");
+    picTrackTitle.SetLook("well");
     picTrackTitle.SetAccessibleName("Track title");
     lblTrack.Move(100, 0, 0, kRowHeight - 15);
-    lblTrack.SetLook("title");
+    lblTrack.SetLook("display");
     lblTrack.SetAccessibleName("What is playing");
     lblNoFile.Move(1650, 1290, 2400, 270);
-    lblNoFile.SetLook("warning");
+    lblNoFile.SetLook("accent");
     Hide(lblNoFile, lblFileNowPlaying, lblQuote);
 }
 
 ProgressControls::ProgressControls() {
     picRunningTime.Move(8790, 180, 1650, kRowHeight);
-    picRunningTime.SetLook("display");
+    picRunningTime.SetLook("well");
     picRunningTime.SetAccessibleName("Running time");
     lblRunningTime.Move(0, 0, 1650, kRowHeight - 15);
     lblRunningTime.SetAlign(controls::Alignment::Centre);
-    lblRunningTime.SetLook("time");
+    lblRunningTime.SetLook("readout");
     picSongProgress.Move(1650, 630, 8790, kBarHeight);
     picSongProgress.SetLook("progress");
     picSongProgress.SetAccessibleName("Position in the song");
@@ -80,9 +87,9 @@ ProgressControls::ProgressControls() {
 
 PanelControls::PanelControls() {
     fraControls.Move(0, 0, 14220, 1680);
-    fraControls.SetLook("panel");
+    fraControls.SetLook("raised");
     fraControls.SetAccessibleName("Player");
-    imgControlsBG.SetLook("panel");
+    imgControlsBG.SetLook("raised");
 }
 
 FadeControls::FadeControls() {
@@ -96,20 +103,23 @@ VolumeControls::VolumeControls() {
     picVolume.SetLook("level");
     picVolume.SetAccessibleName("Volume");
     lblVol.Move(0, 0, kFullVolumeLeft + controls::kTwipsPerPixel, kBarHeight + 90);
-    lblVol.SetLook("levelbar");
+    lblVol.SetLook("bare");
     lblVol.SetAccessibleName("Volume");
+    lblFullVol.Move(lblVol.Right(), 0, picVolume.Width() - lblVol.Right(), kBarHeight + 90);
+    lblFullVol.SetLook("bare");
+    Name(lblFullVol, "Full volume");
     imgVol.Move(kFullVolumeLeft, 0, kKnobWidth, kBarHeight + 90);
-    imgVol.SetLook("levelmarker");
+    imgVol.SetLook("marker");
     imgVol.SetAccessibleName("Volume");
     lblMute.Move(11820, 240, 720, 270);
-    lblMute.SetLook("warning");
+    lblMute.SetLook("accent");
     Name(lblMute, "The sound is off: turn it on");
     Hide(lblMute);
 }
 
 SpeedControls::SpeedControls() {
     picSpeed.Move(2370, 1050, 2700, kBarHeight - 45);
-    picSpeed.SetLook("speed");
+    picSpeed.SetLook("track");
     Name(picSpeed, "Speed");
     lblSongSpeed.Move(1350, 0, kMarkerWidth, kBarHeight - 45);
     lblSongSpeed.SetLook("marker");
@@ -130,6 +140,9 @@ CueControls::CueControls() {
     lstCuedSongs.Move(0, 0, 4080, 6690);
     lstCuedSongs.SetAccessibleName("Up next");
     lstCuedSongs.SetHint("Cue a track or drop files here");
+    for (controls::Image* picture : {&imgCueSong, &imgCueSongOver, &imgUnCue, &imgUnCueOver}) {
+        picture->SetLook("tool");
+    }
     Pair(imgCueSong, imgCueSongOver, kSmallButton, "Cue the selected track");
     Pair(imgUnCue, imgUnCueOver, kSmallButton, "Take the track off the cue list");
     Hide(lstCuedSongsPath);
@@ -147,7 +160,7 @@ void TransportControls::PutInto(controls::Container& pane) {
 void LevelControls::PutInto(TransportControls& transport) {
     transport.picSongProgress.Add(lblStartFade);
     transport.fraControls.Add(picVolume, lblMute, picSpeed, lblSpeedLabel, tmrFade, tmrPanning);
-    picVolume.Add(lblVol, imgVol);
+    picVolume.Add(imgVol, lblVol, lblFullVol);
     picSpeed.Add(lblSongSpeed);
 }
 
@@ -164,7 +177,7 @@ SplitterControls::SplitterControls() {
 
 VideoPaneControls::VideoPaneControls() {
     picVideo.Move(240, 8340, 2400, 2790);
-    picVideo.SetLook("video");
+    picVideo.SetLook("well");
     picVideo.SetAccessibleName("Video");
     picVideo.SetVisible(false);
     cmdAttachVid.Move(5310, 1035, 1080, 330);

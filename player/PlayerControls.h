@@ -83,13 +83,15 @@ struct FadeControls {
     controls::Timer tmrFade{"tmrFade", 60};
 };
 
-/// The level. imgVol and lblVol stand in picVolume, lblVol at its left end, so that a press on lblVol is a
-/// Left of imgVol; imgVol lets the mouse through to lblVol (its look says so).
+/// The level. imgVol, the knob, stands in picVolume behind lblVol, which begins at the left end of the bar,
+/// so that a press on lblVol is a Left of imgVol. lblFullVol covers what of the knob hangs over the end of
+/// the bar.
 struct VolumeControls {
     VolumeControls();
 
     controls::PictureBox picVolume{"picVolume"};
     controls::Label lblVol{"lblVol"};
+    controls::Label lblFullVol{"lblFullVol"};
     controls::Image imgVol{"imgVol", "knob"};
     controls::Label lblMute{"lblMute", "Mute"};  ///< shows while the sound is off
 };

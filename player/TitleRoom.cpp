@@ -10,8 +10,10 @@ constexpr double kStep = 40;
 constexpr double kTurningLeft = 100;
 constexpr double kRightMargin = 200;
 constexpr double kRestLeft = 5;
-/// The label is as wide as its text: 8 pixels a character do for the skin's 13 pixel letters.
+/// The label is as wide as its text. For the skin's 13 pixel letters 8 pixels a character do, and 3 more for
+/// each further byte of a character, since most wide letters take three.
 constexpr double kCharacterWidth = 8 * controls::kTwipsPerPixel;
+constexpr double kFurtherByteWidth = 3 * controls::kTwipsPerPixel;
 
 }  // namespace
 
@@ -54,8 +56,10 @@ void TitleRoom::trackscrollclick() {
 }
 
 void TitleRoom::lblTrack_Change() {
-    controls_.lblTrack.SetWidth(static_cast<double>(base::Len(controls_.lblTrack.Caption())) *
-                                kCharacterWidth);
+    const std::string& title = controls_.lblTrack.Caption();
+    const std::size_t length = base::Len(title);
+    controls_.lblTrack.SetWidth(static_cast<double>(length) * kCharacterWidth +
+                                static_cast<double>(title.size() - length) * kFurtherByteWidth);
 }
 
 }  // namespace player

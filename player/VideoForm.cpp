@@ -11,7 +11,9 @@ VideoForm::VideoForm() : controls::Form("frmVideo", "Video", controls::BorderSty
     imgAnim1.SetVisible(false);
     imgAnim2.SetVisible(false);
     lblVideoCaption.SetCaption("Video");
-    lblVideoCaption.SetLook("caption");
+    lblVideoCaption.SetLook("strip");
+    cmdMax.SetLook("chevron");
+    picVid.SetLook("video");
     cmdMax.SetAccessibleName("Full screen, or back into the main window");
     cmdMax.SetToolTipText("Full screen, or back into the main window");
     Move(0, 0, 4800, 3600);

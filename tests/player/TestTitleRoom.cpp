@@ -79,7 +79,15 @@ TEST(TitleRoom, TheLabelIsAsWideAsItsText) {
 
     house.label.SetCaption("ten chars!");
 
-    EXPECT_EQ(house.label.Width(), 1200);
+    EXPECT_EQ(house.label.Width(), 10 * 8 * 15);
+}
+
+TEST(TitleRoom, WideLettersGetMoreRoom) {
+    Title house;
+
+    house.label.SetCaption("\u540d\u524d");
+
+    EXPECT_EQ(house.label.Width(), 2 * 14 * 15);
 }
 
 }  // namespace

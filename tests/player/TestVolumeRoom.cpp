@@ -35,6 +35,26 @@ TEST(VolumeRoom, APressOnTheKnobCountsFromTheKnob) {
     EXPECT_EQ(house.state.MusicVolume, 10);
 }
 
+TEST(VolumeRoom, APressBehindTheBarIsFullVolume) {
+    Playing house;
+    PlayerHouse::Press(house.controls.levels.lblVol, 892.5);
+    house.TakeCommands();
+
+    PlayerHouse::Press(house.controls.levels.lblFullVol, 60);
+
+    EXPECT_EQ(house.TakeCommands(), Texts{"setaudio a Volume to 1000"});
+    EXPECT_EQ(house.Left(), 1785);
+}
+
+TEST(VolumeRoom, NoPressOnTheBarIsBeyondItsEnd) {
+    PlayerHouse house;
+
+    const double last_pixel = house.controls.levels.lblVol.Width() - controls::kTwipsPerPixel;
+
+    EXPECT_EQ(last_pixel, 1785);
+    EXPECT_EQ(house.controls.levels.lblFullVol.Right(), house.controls.levels.picVolume.Width());
+}
+
 TEST(VolumeRoom, ALevelBeyondTheBarIsRefusedAndTheDeviceCatchesUpLater) {
     Playing house;
     PlayerHouse::Press(house.controls.levels.lblVol, 892.5);
