@@ -292,6 +292,22 @@ TEST_F(LoginRoom, AutoLoginIsTakenFromTheOthersOnlyWhenItWasTicked) {
     EXPECT_EQ(stores.Rows("tblLogin")[1][9], "False");
 }
 
+TEST_F(LoginRoom, RememberingIsTakenFromTheOthersOnlyWhenItWasTicked) {
+    SeedUser("ann", "a", "True", "True");
+    SeedUser("bob", "b");
+    OpenLogin();
+    login_room.ShowLogin();
+    TypeLogin("bob", "b");
+    login_form.chkRememberMe.SetChecked(false);
+    login_form.chkAuto.SetChecked(true);
+
+    login_form.cmdLogin.Click.Raise();
+
+    EXPECT_EQ(stores.Rows("tblLogin")[0][8], "True");
+    EXPECT_EQ(stores.Rows("tblLogin")[0][9], "False");
+    EXPECT_EQ(stores.Rows("tblLogin")[1][9], "True");
+}
+
 TEST_F(LoginRoom, AFailedLoginForgetsNobody) {
     SeedUser("ann", "a", "True");
     OpenLogin();
