@@ -37,7 +37,8 @@ std::int64_t RoundHalfEven(double value) {
 }
 
 double Val(std::string_view text) {
-    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+    while (!text.empty() && text.front() == ' ')
+        text.remove_prefix(1);
     text = WithoutPlus(text);
     if (!BeginsNumber(text)) return 0;
     double value = 0;
@@ -54,7 +55,9 @@ std::optional<double> ToNumber(std::string_view text) {
     return value;
 }
 
-std::string ToText(std::int64_t value) { return std::to_string(value); }
+std::string ToText(std::int64_t value) {
+    return std::to_string(value);
+}
 
 std::string SingleToText(double value) {
     std::array<char, 64> buffer{};
@@ -80,6 +83,8 @@ std::string MinutesAndSeconds(std::int64_t seconds) {
     return ToText(minutes) + ":" + Padded(seconds, 2);
 }
 
-std::string_view FlagText(bool flag) { return flag ? "True" : "False"; }
+std::string_view FlagText(bool flag) {
+    return flag ? "True" : "False";
+}
 
 }  // namespace base

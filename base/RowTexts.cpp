@@ -12,7 +12,9 @@ constexpr std::size_t kLargestBlock = 1U << 20U;
 // Below this, room of erased rows is not worth a walk over all rows.
 constexpr std::size_t kWorthTidying = 1U << 20U;
 
-std::size_t StoredBytes(std::string_view text) { return sizeof(std::uint32_t) + text.size(); }
+std::size_t StoredBytes(std::string_view text) {
+    return sizeof(std::uint32_t) + text.size();
+}
 
 }  // namespace
 
@@ -43,7 +45,9 @@ RowTexts::Reference RowTexts::Store(std::string_view text) {
     return place;
 }
 
-void RowTexts::PushBack(std::string_view text) { rows_.push_back(Store(text)); }
+void RowTexts::PushBack(std::string_view text) {
+    rows_.push_back(Store(text));
+}
 
 void RowTexts::Insert(std::size_t row, std::string_view text) {
     assert(row <= rows_.size());
@@ -75,9 +79,8 @@ void RowTexts::Sort(const std::function<bool(std::string_view, std::string_view)
 std::size_t RowTexts::LowerBound(std::string_view text,
                                  const std::function<bool(std::string_view, std::string_view)>& less) const {
     const auto found =
-        std::lower_bound(rows_.begin(), rows_.end(), text, [&less](Reference row, std::string_view wanted) {
-            return less(Text(row), wanted);
-        });
+        std::lower_bound(rows_.begin(), rows_.end(), text,
+                         [&less](Reference row, std::string_view wanted) { return less(Text(row), wanted); });
     return static_cast<std::size_t>(found - rows_.begin());
 }
 
@@ -88,7 +91,8 @@ void RowTexts::TidyUp() {
     blocks_.clear();
     block_size_ = block_used_ = live_bytes_ = dead_bytes_ = 0;
     rows_.reserve(old_rows.size());
-    for (const Reference row : old_rows) rows_.push_back(Store(Text(row)));
+    for (const Reference row : old_rows)
+        rows_.push_back(Store(Text(row)));
 }
 
 }  // namespace base

@@ -1,7 +1,7 @@
 // A long list of short texts, kept close together: 8 bytes a row besides its characters.
 //
-// A view of a row stays valid until that row or the whole list goes, or Insert, Erase or PushBack tidies up; so
-// take a copy before changing the list.
+// A view of a row stays valid until that row or the whole list goes, or Insert, Erase or PushBack tidies up;
+// so take a copy before changing the list.
 #pragma once
 
 #include <cstddef>

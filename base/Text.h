@@ -1,7 +1,7 @@
 // Text of the system: UTF-8 in std::string, counted in characters (code points).
 //
-// Positions are 1-based, as the lists and labels of the program count them; 0 means "not found". A byte that is
-// no valid UTF-8 counts as one character, so no input can make these functions fail.
+// Positions are 1-based, as the lists and labels of the program count them; 0 means "not found". A byte that
+// is no valid UTF-8 counts as one character, so no input can make these functions fail.
 #pragma once
 
 #include <cstddef>
@@ -23,8 +23,8 @@ std::string_view Right(std::string_view text, std::size_t count);
 /// `count` characters from the 1-based position `start`; empty when `start` is 0 or past the end.
 std::string_view Mid(std::string_view text, std::size_t start, std::size_t count = std::string_view::npos);
 
-/// 1-based position of the first `wanted` at or behind `start`; 0 when there is none. An empty `wanted` is found
-/// at `start`, unless `text` is empty.
+/// 1-based position of the first `wanted` at or behind `start`; 0 when there is none. An empty `wanted` is
+/// found at `start`, unless `text` is empty.
 std::size_t InStr(std::string_view text, std::string_view wanted, std::size_t start = 1);
 
 /// 1-based position of the last `wanted`; 0 when there is none.
@@ -37,7 +37,8 @@ std::string_view Trim(std::string_view text);
 std::string LCase(std::string_view text);
 std::string UCase(std::string_view text);
 
-/// Every `from` replaced by `to`, left to right, without looking at what was put in. An empty `from` changes nothing.
+/// Every `from` replaced by `to`, left to right, without looking at what was put in. An empty `from` changes
+/// nothing.
 std::string Replace(std::string_view text, std::string_view from, std::string_view to);
 
 /// The parts between the separators; an empty text has no parts, an empty separator gives one part.

@@ -68,16 +68,21 @@ void Control::BringToFront() {
     Report(Property::ZOrder);
 }
 
-void Control::SetFocus() { Report(Property::Focus); }
+void Control::SetFocus() {
+    Report(Property::Focus);
+}
 
-void Control::Refresh() { Report(Property::Refresh); }
+void Control::Refresh() {
+    Report(Property::Refresh);
+}
 
 void Control::Report(Property property) {
     if (observer_ != nullptr) observer_->OnPropertyChanged(*this, property);
 }
 
 Container::~Container() {
-    for (Control* child : children_) child->parent_ = nullptr;
+    for (Control* child : children_)
+        child->parent_ = nullptr;
 }
 
 void Container::Add(Control& child) {
@@ -86,7 +91,8 @@ void Container::Add(Control& child) {
     children_.push_back(&child);
     child.Report(Property::Parent);
     // A container that is being watched tells of the newcomer, which nobody watches yet.
-    if (child.Observer() == nullptr && Observer() != nullptr) Observer()->OnPropertyChanged(child, Property::Parent);
+    if (child.Observer() == nullptr && Observer() != nullptr)
+        Observer()->OnPropertyChanged(child, Property::Parent);
 }
 
 void Container::Remove(Control& child) {

@@ -1,8 +1,8 @@
 // What every control has: a name, a place, and whether it shows.
 //
-// Geometry is in the scale units of the container: twips, 15 to a pixel, unless a picture box sets a scale of its
-// own. The screen (or a test) watches a control through its one observer; an assignment of the value that already
-// stands there is not reported.
+// Geometry is in the scale units of the container: twips, 15 to a pixel, unless a picture box sets a scale of
+// its own. The screen (or a test) watches a control through its one observer; an assignment of the value that
+// already stands there is not reported.
 #pragma once
 
 #include <cstdint>
@@ -130,7 +130,8 @@ public:
     const std::string& AccessibleName() const { return accessible_name_; }
     void SetAccessibleName(std::string_view name);
 
-    /// The role that the skin draws it in ("panel", "heading", "accent", ...); empty is the plain look of its kind.
+    /// The role that the skin draws it in ("panel", "heading", "accent", ...); empty is the plain look of its
+    /// kind.
     const std::string& Look() const { return look_; }
     void SetLook(std::string_view look);
 
@@ -146,8 +147,8 @@ public:
 
     Event<> Click;
     Event<> DblClick;
-    Event<int, int> KeyDown;                         ///< key code, shift
-    Event<int, int, double, double> MouseDown;       ///< button, shift, x, y in the control's scale
+    Event<int, int> KeyDown;                    ///< key code, shift
+    Event<int, int, double, double> MouseDown;  ///< button, shift, x, y in the control's scale
     Event<int, int, double, double> MouseMove;
     Event<int, int, double, double> MouseUp;
     Event<const DropData&, double, double> OLEDragDrop;  ///< data, x, y

@@ -1,5 +1,5 @@
-// Controls of one name told apart by an index. Member 0 is there from the start, as the template; further members
-// are loaded at the end, one after another, and stay for good, at one address.
+// Controls of one name told apart by an index. Member 0 is there from the start, as the template; further
+// members are loaded at the end, one after another, and stay for good, at one address.
 #pragma once
 
 #include <cassert>
@@ -27,8 +27,8 @@ public:
         assert(index >= 0 && index < Count());
         return *members_[static_cast<std::size_t>(index)];
     }
-    /// Makes member `index`, which must be the next one: hidden, with the template's place, size and look, in the
-    /// template's container.
+    /// Makes member `index`, which must be the next one: hidden, with the template's place, size and look, in
+    /// the template's container.
     T& Load(int index) {
         assert(index == Count());
         (void)index;

@@ -1,8 +1,8 @@
 // Events of controls.
 //
-// An event has one listener, the room that owns the control. A room claims the events it listens to through an
-// EventClaims value; the claims are given back when the room ends, so a listener can never be called after its room
-// is gone.
+// An event has one listener, the room that owns the control. A room claims the events it listens to through
+// an EventClaims value; the claims are given back when the room ends, so a listener can never be called after
+// its room is gone.
 #pragma once
 
 #include <cassert>
@@ -21,7 +21,8 @@ public:
     Event(const Event&) = delete;
     Event& operator=(const Event&) = delete;
 
-    /// Calls the listener, if there is one. A listener may raise the event again, and may give its own claim back.
+    /// Calls the listener, if there is one. A listener may raise the event again, and may give its own claim
+    /// back.
     void Raise(Args... args) {
         if (!listener_) return;
         const Listener kept_alive = listener_;
@@ -43,7 +44,8 @@ public:
     EventClaims& operator=(const EventClaims&) = delete;
     ~EventClaims() { Release(); }
 
-    /// Makes `listener` the listener of `event`. Claiming an event twice is a bug. The event must outlive the claims.
+    /// Makes `listener` the listener of `event`. Claiming an event twice is a bug. The event must outlive the
+    /// claims.
     template <class... Args, class F>
     void Claim(Event<Args...>& event, F listener) {
         assert(!event.IsClaimed());
@@ -53,7 +55,8 @@ public:
 
     /// Gives every claim back.
     void Release() {
-        for (auto& release : releases_) release();
+        for (auto& release : releases_)
+            release();
         releases_.clear();
     }
 

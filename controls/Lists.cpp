@@ -5,7 +5,9 @@
 namespace controls {
 namespace {
 
-bool SortsBefore(std::string_view left, std::string_view right) { return base::CompareForSort(left, right) < 0; }
+bool SortsBefore(std::string_view left, std::string_view right) {
+    return base::CompareForSort(left, right) < 0;
+}
 
 }  // namespace
 

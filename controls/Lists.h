@@ -1,8 +1,8 @@
 // List box and combo box.
 //
 // Assigning ListIndex raises Click, as a person's choice does. Text of a list is the selected row, or empty.
-// Clearing sets ListIndex to -1 and raises nothing. A sorted list is put in order when it is next read, once for
-// any number of rows added before.
+// Clearing sets ListIndex to -1 and raises nothing. A sorted list is put in order when it is next read, once
+// for any number of rows added before.
 #pragma once
 
 #include <cstddef>
@@ -18,12 +18,13 @@ enum class Sorted { No, Yes };
 
 class ListBox : public Control {
 public:
-    explicit ListBox(std::string_view name, Sorted sorted = Sorted::No) : ListBox(Kind::ListBox, name, sorted) {}
+    explicit ListBox(std::string_view name, Sorted sorted = Sorted::No)
+        : ListBox(Kind::ListBox, name, sorted) {}
 
     /// Adds a row at the end, or in its place in a sorted list. No Click.
     void AddItem(std::string_view text);
-    /// Removes a row; a row that is not there changes nothing and gives false. The selection stays on its row; when
-    /// the selected row goes, ListIndex becomes -1, without a Click.
+    /// Removes a row; a row that is not there changes nothing and gives false. The selection stays on its
+    /// row; when the selected row goes, ListIndex becomes -1, without a Click.
     bool RemoveItem(int row);
     void Clear();
 
@@ -79,12 +80,13 @@ public:
     int ListCount() const { return static_cast<int>(rows_.Size()); }
     std::string_view List(int row) const;
     int ListIndex() const { return list_index_; }
-    /// Selects a row, takes its text over and raises Click; a row that is not there changes nothing and gives false.
+    /// Selects a row, takes its text over and raises Click; a row that is not there changes nothing and gives
+    /// false.
     bool SetListIndex(int row);
     /// The free text, or the selected row of a DropDownList.
     const std::string& Text() const { return text_; }
-    /// A free text raises Change when it is another one; a DropDownList selects the row with that text and raises
-    /// Click, and ignores a text it has no row for.
+    /// A free text raises Change when it is another one; a DropDownList selects the row with that text and
+    /// raises Click, and ignores a text it has no row for.
     void SetText(std::string_view text);
 
     const std::string& Hint() const { return hint_; }

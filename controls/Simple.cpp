@@ -54,7 +54,9 @@ void Line::SetX1(double x) {
     Move(std::min(x, other), Top(), std::max(other - x, 0.0), Height());
 }
 
-void Line::SetX2(double x) { Move(Left(), Top(), std::max(x - Left(), 0.0), Height()); }
+void Line::SetX2(double x) {
+    Move(Left(), Top(), std::max(x - Left(), 0.0), Height());
+}
 
 bool ProgressBar::SetValue(int value) {
     if (value < Min() || value > Max()) return false;

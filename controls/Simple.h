@@ -54,7 +54,8 @@ private:
 
 class CheckBox : public Control {
 public:
-    CheckBox(std::string_view name, std::string_view caption) : Control(Kind::CheckBox, name), caption_(caption) {}
+    CheckBox(std::string_view name, std::string_view caption)
+        : Control(Kind::CheckBox, name), caption_(caption) {}
     const std::string& Caption() const { return caption_; }
     bool Checked() const { return checked_; }
     /// Raises Click when it changes, as a person's click does.
@@ -89,7 +90,8 @@ class Image : public Control {
 public:
     explicit Image(std::string_view name, std::string_view picture = {})
         : Control(Kind::Image, name), picture_(picture) {}
-    /// A file below the program's folder ("\images\pale.bmp"), or the bare name of a picture of the skin ("play").
+    /// A file below the program's folder ("\images\pale.bmp"), or the bare name of a picture of the skin
+    /// ("play").
     const std::string& Picture() const { return picture_; }
     void SetPicture(std::string_view picture);
 
@@ -121,8 +123,8 @@ private:
     int value_ = 0;
 };
 
-/// Raises Tick every Interval milliseconds while enabled. Setting Enabled to True, or another Interval, starts the
-/// interval again; an Interval of 0 never ticks.
+/// Raises Tick every Interval milliseconds while enabled. Setting Enabled to True, or another Interval,
+/// starts the interval again; an Interval of 0 never ticks.
 class Timer : public Control {
 public:
     Timer(std::string_view name, int interval_ms, bool enabled = false)

@@ -45,16 +45,22 @@ void Form::SetState(WindowState state) {
     Report(Property::Window);
 }
 
-double Form::FrameWidth() const { return border_ == BorderStyle::None ? 0 : 2 * kFrameBorder; }
+double Form::FrameWidth() const {
+    return border_ == BorderStyle::None ? 0 : 2 * kFrameBorder;
+}
 
 double Form::FrameHeight() const {
     if (border_ == BorderStyle::None) return 0;
     return kFrameTitle + kFrameBorder + (menu_bar_.empty() ? 0 : kFrameMenu);
 }
 
-double Form::ContentWidth() const { return std::max(0.0, Width() - FrameWidth()); }
+double Form::ContentWidth() const {
+    return std::max(0.0, Width() - FrameWidth());
+}
 
-double Form::ContentHeight() const { return std::max(0.0, Height() - FrameHeight()); }
+double Form::ContentHeight() const {
+    return std::max(0.0, Height() - FrameHeight());
+}
 
 void Form::SetContentSize(double width, double height) {
     Move(Left(), Top(), width + FrameWidth(), height + FrameHeight());

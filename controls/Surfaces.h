@@ -33,8 +33,8 @@ public:
 
     /// Units across the width; twips as long as nobody set it.
     double ScaleWidth() const { return scaled_ ? scale_width_ : Width(); }
-    /// Sets the units across the width. Children stay where they are on the screen, so their Left and Width are
-    /// told in the new units. A value that is not above 0, or no number, changes nothing and gives false.
+    /// Sets the units across the width. Children stay where they are on the screen, so their Left and Width
+    /// are told in the new units. A value that is not above 0, or no number, changes nothing and gives false.
     bool SetScaleWidth(double units);
     bool HasOwnScale() const { return scaled_; }
 
@@ -53,15 +53,16 @@ enum class WindowState { Normal, Minimised, Maximised };
 
 enum class BorderStyle { None, FixedDialog, Sizable };
 
-/// The frame that a window's Left, Top, Width and Height take in besides its content, in twips: a border of two
-/// pixels at the left, the right and the bottom, 24 for the title and 26 for the menu bar of a window that has one.
+/// The frame that a window's Left, Top, Width and Height take in besides its content, in twips: a border of
+/// two pixels at the left, the right and the bottom, 24 for the title and 26 for the menu bar of a window
+/// that has one.
 inline constexpr double kFrameBorder = 2 * kTwipsPerPixel;
 inline constexpr double kFrameTitle = 24 * kTwipsPerPixel;
 inline constexpr double kFrameMenu = 26 * kTwipsPerPixel;
 
-/// A window. It is loaded, then shown; unloading asks (QueryUnload), tells (Unload) and hides it. A window that is
-/// shown without being loaded loads first. Windows live as long as the program does: unloading frees nothing, so
-/// whoever is still in a loop over a window's controls touches nothing that is gone.
+/// A window. It is loaded, then shown; unloading asks (QueryUnload), tells (Unload) and hides it. A window
+/// that is shown without being loaded loads first. Windows live as long as the program does: unloading frees
+/// nothing, so whoever is still in a loop over a window's controls touches nothing that is gone.
 class Form : public Container {
 public:
     Form(std::string_view name, std::string_view caption, BorderStyle border = BorderStyle::Sizable);
@@ -84,7 +85,8 @@ public:
     /// Loads if need be, makes the window visible and, if it was not, raises Activate.
     void Show();
     void Hide() { SetVisible(false); }
-    /// Raises QueryUnload, then Unload; either may cancel. True when the window is unloaded (or was not loaded).
+    /// Raises QueryUnload, then Unload; either may cancel. True when the window is unloaded (or was not
+    /// loaded).
     bool UnloadWindow();
 
     /// A new size raises Resize, whoever changed it.

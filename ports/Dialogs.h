@@ -13,8 +13,8 @@ enum class BoxAnswer { Ok, Yes, No };
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
-    /// Shows a box with the text and title; line breaks are CR LF or LF. Closing it answers Ok, or No where there is
-    /// a No. An empty title becomes the program's name.
+    /// Shows a box with the text and title; line breaks are CR LF or LF. Closing it answers Ok, or No where
+    /// there is a No. An empty title becomes the program's name.
     virtual BoxAnswer MsgBox(std::string_view text, BoxButtons buttons = BoxButtons::Ok,
                              std::string_view title = {}, BoxIcon icon = BoxIcon::None) = 0;
     /// Asks for one line of text. Cancel gives the empty text.

@@ -11,8 +11,8 @@ public:
     /// Runs the events that are pending, then returns. Costs next to nothing when called again within a few
     /// milliseconds, so it may be called once per row. What hangs on the end of a handler runs first.
     virtual void Yield() = 0;
-    /// `work` runs before every yield and after every handler, for as long as the loop lives: the place to write what
-    /// the handler changed. It must not raise events.
+    /// `work` runs before every yield and after every handler, for as long as the loop lives: the place to
+    /// write what the handler changed. It must not raise events.
     virtual void AtHandlerEnd(std::function<void()> work) = 0;
     /// True once the program was asked to end; a long loop that yields stops then.
     virtual bool IsEnding() const = 0;

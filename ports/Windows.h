@@ -21,8 +21,8 @@ public:
     virtual bool GetWindowRect(std::int64_t handle, WindowRect& rect) const = 0;
 };
 
-/// A region is a set of pixels of the main window, counted from its outer corner: two pixels of border at the left and
-/// 24 of title above the menu bar.
+/// A region is a set of pixels of the main window, counted from its outer corner: two pixels of border at the
+/// left and 24 of title above the menu bar.
 using RegionHandle = int;
 
 enum class RegionCombine { And = 1, Or = 2, Xor = 3, Difference = 4, Copy = 5 };
@@ -34,8 +34,10 @@ public:
     virtual RegionHandle CreateEllipticRgn(int left, int top, int right, int bottom) = 0;
     virtual RegionHandle CreateRoundRectRgn(int left, int top, int right, int bottom, int corner_width,
                                             int corner_height) = 0;
-    /// Puts the combination of `first` and `second` into `result`. An unknown handle changes nothing and gives false.
-    virtual bool CombineRgn(RegionHandle result, RegionHandle first, RegionHandle second, RegionCombine mode) = 0;
+    /// Puts the combination of `first` and `second` into `result`. An unknown handle changes nothing and
+    /// gives false.
+    virtual bool CombineRgn(RegionHandle result, RegionHandle first, RegionHandle second,
+                            RegionCombine mode) = 0;
     /// Gives the main window that shape and takes the region over.
     virtual bool SetWindowRgn(RegionHandle region, bool redraw) = 0;
 };

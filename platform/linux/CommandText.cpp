@@ -89,7 +89,7 @@ std::string WithoutDots(const std::string& native) {
     const std::string folder = ends_in_dots ? native : native.substr(0, slash + 1);
     const std::unique_ptr<char, Free> resolved(::realpath(folder.c_str(), nullptr));
     if (resolved == nullptr) return native;
-    const std::string whole = resolved.get();
+    std::string whole = resolved.get();
     if (ends_in_dots) return whole;
     return whole == "/" ? whole + name : whole + "/" + name;
 }
