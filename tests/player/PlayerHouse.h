@@ -146,7 +146,7 @@ struct PlayerHouse {
 
     /// A file that exists and can be played, in the library under `song_id` when that is not 0.
     std::string AddSong(std::string_view name, int length_ms = 30000, int song_id = 0) {
-        const std::string path = "C:\\m\\" + std::string(name);
+        std::string path = "C:\\m\\" + std::string(name);
         files.AddFile(path);
         library.Existing.insert(path);
         const int frames = base::EndsWith(path, ".avi") ? 25 : 1000;
