@@ -25,6 +25,10 @@ Writing WritingOf(const controls::Label& label, bool pointed_at) {
     if (look == "status") return {skin::Letters(skin::kSmallSize), skin::kMuted};
     if (look == "display" || look == "accent") return {skin::Letters(), skin::kAccent};
     if (look == "well" || look == "raised" || look == "panel") return {skin::Letters(), skin::kText, 10};
+    if (look == "button") return {skin::Letters(), pointed_at ? skin::kKnob : skin::kAccent};
+    if (look == "warning") return {skin::Letters(), skin::kWarning};
+    if (look == "caption") return {skin::Letters(), skin::kText, 10};
+    if (look == "tab front") return {skin::Letters(), skin::kInk};
     if (look == "tab") return {skin::Letters(), StandsOnPaleFace(label) ? skin::kInk : 0xffd9cdbf};
     if (look == "link") {
         Writing link{skin::Letters(), skin::kAccent};
@@ -57,7 +61,7 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
         if (!DrawPart(painter)) {
-            if (!DrawBar(painter, rect(), label_)) skin::Surface(painter, rect(), label_.Look());
+            DrawGround(painter);
             DrawText(painter);
         }
         if (hasFocus()) skin::FocusRing(painter, rect(), 4);
@@ -66,9 +70,10 @@ protected:
 private:
     bool DrawPart(QPainter& painter) {
         if (DrawMarker(painter, rect(), label_.Look())) return true;
-        if (label_.Look() == "close") {
-            const QRgb calm = StandsOnPaleFace(label_) ? skin::kInkMuted : skin::kMuted;
-            const QRgb lit = StandsOnPaleFace(label_) ? skin::kInk : skin::kAccent;
+        if (label_.Look() == "tab close" || label_.Look() == "tab close front") {
+            const bool pale = label_.Look() == "tab close front" || StandsOnPaleFace(label_);
+            const QRgb calm = pale ? skin::kInkMuted : skin::kMuted;
+            const QRgb lit = pale ? skin::kInk : skin::kAccent;
             skin::Cross(painter, QRectF(rect()).center(), QColor(underMouse() ? lit : calm));
             return true;
         }
@@ -83,12 +88,24 @@ private:
         return false;
     }
 
+    void DrawGround(QPainter& painter) {
+        if (DrawBar(painter, rect(), label_)) return;
+        if (label_.Look() == "button") {
+            const QRgb fill = underMouse() && isEnabled() ? skin::kHover : skin::kRaised;
+            skin::RoundBox(painter, rect(), QColor(fill), skin::kLine, skin::kCorner + 1);
+        } else if (label_.Look() == "caption") {
+            painter.fillRect(rect(), QColor(skin::kRaised));
+        } else {
+            skin::Surface(painter, rect(), label_.Look());
+        }
+    }
+
     void DrawText(QPainter& painter) {
-        QString text = text_of_label();
+        QString text = TextOfLabel();
         if (text.isEmpty()) return;
         const Writing writing = WritingOf(label_, underMouse());
         painter.setFont(writing.font);
-        painter.setPen(isEnabled() ? QColor(writing.colour) : QColor(0xff8d8072));
+        painter.setPen(isEnabled() ? QColor(writing.colour) : QColor(skin::kDisabled));
         const QRect place = rect().adjusted(writing.indent, 0, -writing.indent, 0);
         const QFontMetrics metrics(writing.font);
         const bool many = text.contains(QLatin1Char('\n')) || height() >= 2 * metrics.height();
@@ -97,12 +114,13 @@ private:
                              text);
             return;
         }
-        text = metrics.elidedText(text, Qt::ElideRight, place.width());
+        // A title that runs through its box is cut by the box.
+        if (label_.Look() != "display") text = metrics.elidedText(text, Qt::ElideRight, place.width());
         painter.drawText(place, static_cast<int>(AlignmentOf(label_)) | Qt::AlignVCenter | Qt::TextSingleLine,
                          text);
     }
 
-    QString text_of_label() const {
+    QString TextOfLabel() const {
         const QString text = ToQt(label_.Caption()).replace(QLatin1String("\r\n"), QLatin1String("\n"));
         return label_.Look() == "heading" ? text.toUpper() : text;
     }

@@ -137,7 +137,7 @@ void RowsView::DrawRow(QPainter& painter, int row, const QRect& rect) const {
         painter.fillRect(rect, QColor(skin::kWellOdd));
     }
     const QColor ink = chosen ? QColor(skin::kKnob) : QColor(skin::kText);
-    painter.setPen(isEnabled() ? ink : QColor(0xff8d8072));
+    painter.setPen(isEnabled() ? ink : QColor(skin::kDisabled));
     const QRect place = rect.adjusted(kIndent, 0, -kIndent / 2, 0);
     // Only the beginning of a very long row can be seen.
     const QString text = ToQt(list_.List(row)).left(1000);

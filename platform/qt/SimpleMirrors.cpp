@@ -53,7 +53,7 @@ protected:
         const QRgb line = isChecked() || underMouse() ? skin::kAccent : skin::kLine;
         skin::RoundBox(painter, box, QColor(isChecked() ? 0xff4a3218 : skin::kWell), line, 3);
         if (isChecked()) skin::Tick(painter, box, QColor(skin::kAccent));
-        painter.setPen(isEnabled() ? QColor(skin::kText) : QColor(0xff8d8072));
+        painter.setPen(isEnabled() ? QColor(skin::kText) : QColor(skin::kDisabled));
         const QRect words = rect().adjusted(kSide + 7, 0, 0, 0);
         const QString caption =
             fontMetrics().elidedText(text(), Qt::ElideRight, words.width(), Qt::TextShowMnemonic);
@@ -76,12 +76,7 @@ protected:
         DrawGround(painter);
         const QColor ink = Ink();
         const QPointF centre = QRectF(rect()).center();
-        const std::string& look = button_.Look();
-        if (look == "close") {
-            skin::Cross(painter, centre, ink);
-        } else if (look == "chevron" && DrawChevron(painter, centre, ink)) {
-            // The arrow stands for the caption.
-        } else {
+        if (!DrawSign(painter, centre, ink)) {
             painter.setPen(ink);
             const QString caption =
                 fontMetrics().elidedText(text(), Qt::ElideRight, width() - 8, Qt::TextShowMnemonic);
@@ -93,7 +88,7 @@ protected:
 private:
     void DrawGround(QPainter& painter) const {
         const bool accent = button_.Look() == "accent" && isEnabled();
-        const bool flat = button_.Look() == "flat" || button_.Look() == "close";
+        const bool flat = button_.Look() == "flat";
         if (flat && !underMouse() && !isDown()) return;
         QRgb fill = accent ? skin::kAccent : skin::kRaised;
         if (underMouse() && isEnabled()) fill = accent ? 0xfff2b568 : skin::kHover;
@@ -102,22 +97,27 @@ private:
     }
 
     QColor Ink() const {
-        if (!isEnabled()) return {QColor(0xff8d8072)};
+        if (!isEnabled()) return {QColor(skin::kDisabled)};
         if (button_.Look() == "accent") return {QColor(skin::kInk)};
-        if (button_.Look() == "ambertext" || button_.Look() == "chevron") return {QColor(skin::kAccent)};
+        if (button_.Look() == "ambertext" || IsSign()) return {QColor(skin::kAccent)};
         return {QColor(skin::kText)};
     }
 
-    bool DrawChevron(QPainter& painter, const QPointF& centre, const QColor& ink) const {
-        const QString caption = text();
-        constexpr QStringView kSigns = u"<>^v";
+    bool IsSign() const { return text().size() == 1 && kSigns.contains(text()[0]); }
+
+    bool DrawSign(QPainter& painter, const QPointF& centre, const QColor& ink) const {
+        if (!IsSign()) return false;
         constexpr skin::Arrow kArrows[] = {skin::Arrow::Left, skin::Arrow::Right, skin::Arrow::Up,
                                            skin::Arrow::Down};
-        const qsizetype sign = caption.size() == 1 ? kSigns.indexOf(caption[0]) : -1;
-        if (sign < 0) return false;
-        skin::Chevron(painter, centre, kArrows[sign], ink, 3.5);
+        if (text()[0] == QLatin1Char('X')) {
+            skin::Cross(painter, centre, ink);
+        } else {
+            skin::Chevron(painter, centre, kArrows[kSigns.indexOf(text()[0])], ink, 3.5);
+        }
         return true;
     }
+
+    static constexpr QStringView kSigns = u"<>^vX";
 
     const controls::CommandButton& button_;
 };

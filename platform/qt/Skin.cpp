@@ -51,7 +51,7 @@ void RoundBox(QPainter& painter, const QRectF& rect, const QBrush& fill, QRgb li
 }
 
 bool Surface(QPainter& painter, const QRect& rect, std::string_view look) {
-    if (look == "ground") {
+    if (look == "ground" || look == "page") {
         painter.fillRect(rect, QColor(kGround));
     } else if (look == "strip") {
         painter.fillRect(rect, QColor(kStrip));

@@ -1,31 +1,52 @@
 // The skin: colours, letters and the looks that a control may ask for by name.
 //
-// A control's Look() is one of the names below; an unknown or empty name is the plain look of its kind.
+// A control's Look() is one of these names; an unknown or empty name is the plain look of its kind.
 //
-//   surfaces    "ground"      the window's own ground            "panel"     a rounded panel
-//               "raised"      a lighter rounded panel            "well"      a dark rounded well
-//               "strip"       the dark strip under menu and tabs "row"       the shaded address row
-//               "bare"        nothing at all
-//   labels      "heading"     small, upper case, wide, muted     "title"     large
-//               "muted"       secondary text                     "status"    small secondary text
-//               "display"     amber text                         "readout"   bright text, centred by its
-//               alignment "accent"      amber text                         "link"      amber, underlined
-//               under the pointer "tab"         text on a tab, dark ink where the face under it is a pale one
-//               "close"       a drawn cross                      "splitter"  a drawn grip
-//   buttons     ""            raised                             "accent"    filled amber, dark ink
-//               "ambertext"   raised, amber text                 "chevron"   "<", ">", "^" or "v" as a drawn
-//               arrow "flat"        nothing until the pointer is on it "close"     a drawn cross
-//   text boxes  ""            a well of its own                  "inset"     no frame: it lies in a well
-//   already bars        "progress"    amber up to its marker             "level"     teal up to its marker
-//               "track"       an empty groove                    (a picture box, label or image; the marker
-//               is the
-//                                                                 first child, or else sibling, with look
-//                                                                 "marker")
-//   markers     "marker"      a cream slider knob                "fademarker" a teal bar
-//   pictures    "round"       a round amber ground               "tool"      a raised ground
-//               "video"       a picture box with a window of its own, for video
-//   lines       ""            a thin line                        "pale"      two pixels in the pale tab's
-//   colour
+// Surfaces (frames, picture boxes, images, labels, windows):
+//   "ground"           the window's own ground
+//   "page"             the same, for a frame that fills a window
+//   "panel"            a rounded panel
+//   "raised"           a lighter rounded panel
+//   "well"             a dark rounded well
+//   "strip"            the dark strip under menu and tabs
+//   "row"              the shaded address row
+//   "tool"             a raised ground for a picture
+//   "round"            a round amber ground for a picture
+//   "bare"             nothing at all
+// Picture boxes:
+//   "video"            a window of its own, for video
+// Labels:
+//   "heading"          small, upper case, wide, muted
+//   "title"            large
+//   "muted"            secondary text
+//   "status"           small secondary text
+//   "display"          amber text, cut by its box and not shortened
+//   "accent"           amber text
+//   "link"             amber text, underlined under the pointer
+//   "warning"          light red text
+//   "tab"              text on a tab
+//   "tab front"        the same on the pale face of the tab in front
+//   "tab close"        a drawn cross on a tab
+//   "tab close front"  the same on the pale face
+//   "button"           a raised button
+//   "caption"          a window's own title
+//   "splitter"         a drawn grip
+// Buttons (the captions "<", ">", "^", "v" and "X" are drawn, as arrows and a cross):
+//   "accent"           filled amber, dark ink
+//   "ambertext"        raised, amber text
+//   "flat"             nothing until the pointer is on it
+// Text boxes:
+//   "inset"            no frame: it lies in a well already
+// Bars (picture boxes, labels, images), filled up to the first child, or else sibling, with the look
+// "marker":
+//   "progress"         amber
+//   "level"            teal
+//   "track"            an empty groove
+// Markers (labels, images):
+//   "marker"           a cream slider knob
+//   "fademarker"       a teal bar
+// Lines:
+//   "pale"             two pixels in the pale tab's colour
 #pragma once
 
 #include <QColor>
@@ -49,6 +70,8 @@ inline constexpr QRgb kText = 0xfff2e9de;
 inline constexpr QRgb kMuted = 0xffb9ab9a;
 inline constexpr QRgb kAccent = 0xffe9a24b;
 inline constexpr QRgb kAccentDeep = 0xff7a4d1b;
+inline constexpr QRgb kWarning = 0xfff2a18c;
+inline constexpr QRgb kDisabled = 0xff8d8072;
 inline constexpr QRgb kTeal = 0xff57b8a8;
 inline constexpr QRgb kTealDeep = 0xff1f5c53;
 inline constexpr QRgb kPale = 0xfff2e6d4;

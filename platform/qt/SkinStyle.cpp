@@ -1,5 +1,6 @@
 #include "platform/qt/SkinStyle.h"
 
+#include <QFrame>
 #include <QPainter>
 #include <QPalette>
 #include <QStyleOption>
@@ -19,7 +20,13 @@ bool Has(const QStyleOption& option, QStyle::StateFlag flag) {
 }
 
 QColor TextColour(const QStyleOption& option) {
-    return Has(option, QStyle::State_Enabled) ? QColor(skin::kText) : QColor(0xff8d8072);
+    return Has(option, QStyle::State_Enabled) ? QColor(skin::kText) : QColor(skin::kDisabled);
+}
+
+void DrawThinFrame(QPainter& painter, const QRect& rect, QRgb fill) {
+    painter.fillRect(rect, QColor(fill));
+    painter.setPen(QColor(skin::kLine));
+    painter.drawRect(rect.adjusted(0, 0, -1, -1));
 }
 
 void DrawWell(QPainter& painter, const QStyleOption& option) {
@@ -75,7 +82,7 @@ QPalette SkinPalette() {
     both(QPalette::Dark, skin::kStrip);
     both(QPalette::Shadow, 0xff0d0b09);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Disabled, role, QColor(0xff8d8072));
+        palette.setColor(QPalette::Disabled, role, QColor(skin::kDisabled));
     }
     return palette;
 }
@@ -103,17 +110,13 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
             DrawCheck(*painter, *option);
             return;
         case PE_FrameMenu:
-            painter->fillRect(option->rect, QColor(skin::kPanel));
-            painter->setPen(QColor(skin::kLine));
-            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+            DrawThinFrame(*painter, option->rect, skin::kPanel);
             return;
         case PE_PanelMenu:
             painter->fillRect(option->rect, QColor(skin::kPanel));
             return;
         case PE_PanelTipLabel:
-            painter->fillRect(option->rect, QColor(skin::kRaised));
-            painter->setPen(QColor(skin::kLine));
-            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+            DrawThinFrame(*painter, option->rect, skin::kRaised);
             return;
         case PE_PanelScrollAreaCorner:
             painter->fillRect(option->rect, QColor(skin::kWell));
@@ -175,7 +178,10 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, 
                               QColor(element == CE_MenuEmptyArea ? skin::kPanel : skin::kStrip));
             return;
         case CE_ShapedFrame:
-            if (widget != nullptr && widget->inherits("QListView")) DrawWell(*painter, *option);
+            if (widget == nullptr) return;
+            if (widget->inherits("QListView")) DrawWell(*painter, *option);
+            if (widget->inherits("QComboBoxPrivateContainer"))
+                DrawThinFrame(*painter, option->rect, skin::kWell);
             return;
         default:
             QProxyStyle::drawControl(element, option, painter, widget);
@@ -289,6 +295,8 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const
         case PM_IndicatorWidth:
         case PM_IndicatorHeight:
             return 16;
+        case PM_FocusFrameHMargin:
+            return 7;
         case PM_SubMenuOverlap:
             return 2;
         default:
@@ -304,6 +312,8 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
         case SH_DitherDisabledText:
         case SH_Menu_FadeOutOnHide:
             return 0;
+        case SH_ComboBox_PopupFrameStyle:
+            return static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Plain);
         case SH_ToolTip_WakeUpDelay:
             return 500;
         case SH_Menu_MouseTracking:

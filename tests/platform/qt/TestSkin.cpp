@@ -29,10 +29,10 @@ TEST(Skin, EveryTextCanBeReadOnEveryGroundItIsDrawnOn) {
     };
     using namespace qt::skin;
     const Pair pairs[] = {
-        {kText, kGround},     {kText, kPanel},   {kText, kRaised}, {kText, kHover},
-        {kText, kWell},       {kMuted, kGround}, {kMuted, kPanel}, {kMuted, kRaised},
-        {kMuted, kWell},      {kMuted, kStrip},  {kAccent, kWell}, {kAccent, kRaised},
-        {kKnob, kAccentDeep}, {kInk, kAccent},   {kInk, kPale},    {kInkMuted, kPale},
+        {kText, kGround},   {kText, kPanel},     {kText, kRaised},     {kText, kHover}, {kText, kWell},
+        {kMuted, kGround},  {kMuted, kPanel},    {kMuted, kRaised},    {kMuted, kWell}, {kMuted, kStrip},
+        {kAccent, kWell},   {kAccent, kRaised},  {kKnob, kAccentDeep}, {kInk, kAccent}, {kInk, kPale},
+        {kInkMuted, kPale}, {kWarning, kRaised}, {kWarning, kWell},
     };
 
     for (const Pair& pair : pairs) {
