@@ -25,16 +25,18 @@ public:
                     ports::RegionCombine mode) override {
         Calls.push_back("combine " + std::to_string(result) + " " + std::to_string(first) + " " +
                         std::to_string(second) + " " + std::to_string(static_cast<int>(mode)));
-        return true;
+        return IsKnown(result) && IsKnown(first) && IsKnown(second);
     }
     bool SetWindowRgn(ports::RegionHandle region, bool redraw) override {
         Calls.push_back("set " + std::to_string(region) + (redraw ? " redraw" : ""));
-        return true;
+        return IsKnown(region);
     }
 
     std::vector<std::string> Calls;
 
 private:
+    bool IsKnown(ports::RegionHandle region) const { return region > 0 && region <= last_; }
+
     ports::RegionHandle Make(const std::string& kind, const std::array<int, 6>& c) {
         ++last_;
         std::string call = std::to_string(last_) + " = " + kind;
