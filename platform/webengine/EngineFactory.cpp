@@ -29,7 +29,8 @@ EngineFactory::~EngineFactory() {
 }
 
 ports::BrowserControl* EngineFactory::MakePage(controls::WebBrowser& /*browser*/, QWidget* parent) {
-    pages_.push_back(std::make_unique<EnginePage>(profile_.get(), settings_.to_native_path, parent));
+    pages_.push_back(
+        std::make_unique<EnginePage>(profile_.get(), settings_.to_native_path, windows_, parent));
     return pages_.back().get();
 }
 

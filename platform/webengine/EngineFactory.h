@@ -32,6 +32,7 @@ private:
     MakerPages maker_pages_;
     std::unique_ptr<QWebEngineProfile> profile_;
     std::vector<std::unique_ptr<EnginePage>> pages_;
+    Quota windows_{kMostWindows};
     int downloads_running_ = 0;
 };
 

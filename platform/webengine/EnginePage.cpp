@@ -58,15 +58,17 @@ bool IsServersErrorPage(const QWebEngineLoadingInfo& info, const QUrl& shown) {
 
 }  // namespace
 
-EnginePage::EnginePage(QWebEngineProfile* profile, ToNativePath to_native_path, QWidget* parent)
+EnginePage::EnginePage(QWebEngineProfile* profile, ToNativePath to_native_path, Quota& windows,
+                       QWidget* parent)
     : view_(new QWebEngineView(parent)), to_native_path_(std::move(to_native_path)) {
-    page_ = new LimitedPage(profile, *this);
+    page_ = new LimitedPage(profile, *this, windows);
     page_->setParent(view_);
     Limit(*page_->settings());
     view_->setPage(page_);
     connect(page_, &QWebEnginePage::loadingChanged, this,
             [this](const QWebEngineLoadingInfo& info) { OnLoading(info); });
     connect(page_, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) { OnUrlChanged(url); });
+    connect(page_, &QWebEnginePage::loadProgress, this, [this] { CheckCommit(); });
     connect(page_, &QWebEnginePage::titleChanged, this, [this] { OnTitleChanged(); });
     connect(page_, &QWebEnginePage::renderProcessTerminated, this,
             [this](QWebEnginePage::RenderProcessTerminationStatus status, int) { OnRendererGone(status); });
@@ -84,37 +86,46 @@ EnginePage::~EnginePage() {
 
 void EnginePage::Navigate(std::string_view address) {
     if (view_ == nullptr || address.find_first_not_of(" \t\r\n") == std::string_view::npos) return;
-    HideNotice();
+    Begin();
     reloaded_by_itself_ = false;
-    const QUrl whole = CompleteAddress(address, to_native_path_);
-    busy_ = true;
-    if (whole.isValid()) {
-        page_->load(whole);
+    asked_ = CompleteAddress(address, to_native_path_);
+    if (asked_.isValid()) {
+        page_->load(asked_);
         return;
     }
     const QUrl shown(QString::fromUtf8(address.data(), static_cast<qsizetype>(address.size())));
-    QTimer::singleShot(0, this, [this, shown] { Fail(shown, kBadAddress); });
+    QTimer::singleShot(0, this, [this, shown, serial = serial_] {
+        if (serial == serial_) Fail(shown, kBadAddress);
+    });
 }
 
 void EnginePage::GoBack() {
     if (view_ == nullptr || !History().canGoBack()) return;
-    HideNotice();
-    busy_ = true;
+    Begin();
+    walking_history_ = true;
     page_->triggerAction(QWebEnginePage::Back);
 }
 
 void EnginePage::GoForward() {
     if (view_ == nullptr || !History().canGoForward()) return;
-    HideNotice();
-    busy_ = true;
+    Begin();
+    walking_history_ = true;
     page_->triggerAction(QWebEnginePage::Forward);
 }
 
 void EnginePage::Refresh() {
     if (view_ == nullptr || location_.isEmpty()) return;
-    HideNotice();
-    busy_ = true;
+    Begin();
     page_->triggerAction(QWebEnginePage::Reload);
+}
+
+// A person, or the program for one, sends the page somewhere.
+void EnginePage::Begin() {
+    if (notice_ != nullptr) notice_->hide();
+    page_->RenewQuotas();
+    ++serial_;
+    busy_ = true;
+    walking_history_ = false;
 }
 
 std::string EnginePage::LocationURL() const {
@@ -148,7 +159,6 @@ QWebEnginePage* EnginePage::OnWindowWanted() {
     if (listener_ == nullptr) return nullptr;
     auto* window = dynamic_cast<EnginePage*>(listener_->OnNewWindow());
     if (window == nullptr || window == this || window->view_ == nullptr) return nullptr;
-    window->busy_ = true;
     return window->page_;
 }
 
@@ -156,6 +166,7 @@ void EnginePage::OnLoading(const QWebEngineLoadingInfo& info) {
     switch (info.status()) {
         case QWebEngineLoadingInfo::LoadStartedStatus:
             busy_ = true;
+            commit_told_ = false;
             frames_.clear();
             break;
         case QWebEngineLoadingInfo::LoadStoppedStatus:
@@ -181,8 +192,29 @@ void EnginePage::OnUrlChanged(const QUrl& url) {
     if (!busy_ && !location_.isEmpty()) location_ = url;
 }
 
+// While a new document loads, the engine shows its address ahead of it; the history has it from the moment on
+// when it is there. On a walk through the history this cannot be told, so that waits for the end.
+void EnginePage::CheckCommit() {
+    if (!busy_ || commit_told_ || walking_history_ || page_->url() == location_) return;
+    const QUrl committed = History().currentItem().url();
+    if (committed.isEmpty() || committed != page_->url()) return;
+    location_ = committed;
+    title_.clear();
+    TellCommit();
+}
+
+void EnginePage::TellCommit() {
+    commit_told_ = true;
+    if (listener_ != nullptr) listener_->OnNavigateComplete(LocationURL());
+}
+
 void EnginePage::OnTitleChanged() {
-    if (busy_) return;
+    CheckCommit();
+    if (location_.isEmpty() || (busy_ && !commit_told_)) return;
+    TellTitle();
+}
+
+void EnginePage::TellTitle() {
     const QString title = page_->title();
     title_ = IsStandInTitle(title, location_) ? QString() : title;
     if (listener_ != nullptr) listener_->OnTitleChange(LocationName());
@@ -191,8 +223,8 @@ void EnginePage::OnTitleChanged() {
 void EnginePage::Arrive() {
     busy_ = false;
     location_ = page_->url();
-    page_->ForgetCounts();
-    OnTitleChanged();
+    walking_history_ = false;
+    TellTitle();
     TellArrivals();
 }
 
@@ -202,11 +234,12 @@ void EnginePage::TellArrivals() {
     for (const QUrl& frame : frames) {
         if (listener_ != nullptr) listener_->OnNavigateComplete(frame.toEncoded().toStdString());
     }
-    if (listener_ != nullptr) listener_->OnNavigateComplete(LocationURL());
+    if (!commit_told_) TellCommit();
 }
 
 void EnginePage::Fail(const QUrl& url, int code) {
     busy_ = false;
+    walking_history_ = false;
     frames_.clear();
     if (listener_ != nullptr) listener_->OnNavigateError(url.toEncoded().toStdString(), code);
 }
@@ -219,24 +252,31 @@ void EnginePage::OnRendererGone(QWebEnginePage::RenderProcessTerminationStatus s
         QTimer::singleShot(0, this, [this] { Refresh(); });
         return;
     }
+    ShowNotice();
+    Fail(location_.isEmpty() ? asked_ : location_, kRendererGone);
+}
+
+void EnginePage::ShowNotice() {
     if (notice_ == nullptr) {
         notice_ = new Notice(tr("This page stopped working. The rest of the program goes on."),
                              view_->parentWidget());
         notice_->Button().setText(tr("Reload"));
         notice_->Button().show();
-        connect(&notice_->Button(), &QPushButton::clicked, this, [this] {
-            reloaded_by_itself_ = false;
-            Refresh();
-        });
+        connect(&notice_->Button(), &QPushButton::clicked, this, [this] { ReloadDeadPage(); });
     }
     notice_->setGeometry(view_->geometry());
     notice_->show();
     notice_->raise();
-    Fail(location_, kRendererGone);
 }
 
-void EnginePage::HideNotice() {
-    if (notice_ != nullptr) notice_->hide();
+void EnginePage::ReloadDeadPage() {
+    reloaded_by_itself_ = false;
+    if (!location_.isEmpty()) {
+        Refresh();
+    } else if (view_ != nullptr && asked_.isValid()) {
+        Begin();
+        page_->load(asked_);
+    }
 }
 
 }  // namespace webengine

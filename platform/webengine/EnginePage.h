@@ -1,9 +1,10 @@
 // One page of the engine.
 //
-// Invariants. The address told is that of the document shown, never that of one on its way. A navigation that
-// fails leaves what was there: the engine shows an empty error document for a moment, which is taken back.
-// What a page may ask of a person is counted per document, so no page can keep anybody busy. A renderer that
-// died is started once more by itself; after that a notice offers to.
+// Invariants. The address told is that of the document shown, never that of one on its way. A document counts
+// as arrived when the engine has put it in the place of the old one, even if pictures still come; it is told
+// once. A navigation that fails leaves what was there: with its error pages off, the engine drops it. How
+// often a page may bother a person is limited. A renderer that died is started once more by itself; after
+// that a notice offers to.
 #pragma once
 
 #include <QPointer>
@@ -19,19 +20,28 @@
 
 #include "platform/webengine/AddressCompletion.h"
 #include "platform/webengine/NoticePage.h"
+#include "platform/webengine/Quota.h"
 #include "ports/BrowserControl.h"
 
 namespace webengine {
 
 class EnginePage;
 
+/// How often a page may put a box before the person, and how many windows all pages together may open, until
+/// the person does something or half a minute was quiet.
+inline constexpr int kMostBoxes = 3;
+inline constexpr int kMostWindows = 20;
+
 /// The engine's page, with what a document may do.
 class LimitedPage final : public QWebEnginePage {
 public:
-    LimitedPage(QWebEngineProfile* profile, EnginePage& owner);
+    LimitedPage(QWebEngineProfile* profile, EnginePage& owner, Quota& windows);
 
-    /// A new document: the counts begin again.
-    void ForgetCounts();
+    /// The person has sent the page somewhere: it may ask and open again.
+    void RenewQuotas() {
+        boxes_.Renew();
+        windows_.Renew();
+    }
 
 protected:
     QWebEnginePage* createWindow(WebWindowType type) override;
@@ -51,13 +61,13 @@ private:
     bool MayAsk();
 
     EnginePage& owner_;
-    int boxes_ = 0;
-    int windows_ = 0;
+    Quota boxes_{kMostBoxes};
+    Quota& windows_;
 };
 
 class EnginePage final : public QObject, public ports::BrowserControl {
 public:
-    EnginePage(QWebEngineProfile* profile, ToNativePath to_native_path, QWidget* parent);
+    EnginePage(QWebEngineProfile* profile, ToNativePath to_native_path, Quota& windows, QWidget* parent);
     ~EnginePage() override;
 
     void SetListener(ports::BrowserListener* listener) override { listener_ = listener; }
@@ -79,12 +89,17 @@ public:
 private:
     void OnLoading(const QWebEngineLoadingInfo& info);
     void Arrive();
+    void Begin();
+    void CheckCommit();
+    void TellCommit();
+    void ShowNotice();
+    void ReloadDeadPage();
     void OnUrlChanged(const QUrl& url);
     void OnTitleChanged();
+    void TellTitle();
     void OnRendererGone(QWebEnginePage::RenderProcessTerminationStatus status);
     void Fail(const QUrl& url, int code);
     void TellArrivals();
-    void HideNotice();
     QWebEngineHistory& History() const { return *view_->page()->history(); }
 
     QPointer<QWebEngineView> view_;
@@ -95,7 +110,11 @@ private:
     QUrl location_;
     QString title_;
     std::vector<QUrl> frames_;
+    QUrl asked_;
+    int serial_ = 0;
     bool busy_ = false;
+    bool walking_history_ = false;
+    bool commit_told_ = false;
     bool reloaded_by_itself_ = false;
 };
 

@@ -16,16 +16,13 @@ namespace webengine {
 
 namespace {
 
-/// How often one document may put a box before the person, and how many windows it may open.
-constexpr int kMostBoxes = 3;
-constexpr int kMostWindows = 20;
 /// Longest text a page may show in a box.
 constexpr int kLongestBoxText = 600;
 
 }  // namespace
 
-LimitedPage::LimitedPage(QWebEngineProfile* profile, EnginePage& owner)
-    : QWebEnginePage(profile), owner_(owner) {
+LimitedPage::LimitedPage(QWebEngineProfile* profile, EnginePage& owner, Quota& windows)
+    : QWebEnginePage(profile), owner_(owner), windows_(windows) {
     RefuseRequests();
 }
 
@@ -45,18 +42,13 @@ void LimitedPage::RefuseRequests() {
     connect(this, &QWebEnginePage::authenticationRequired, this, &LimitedPage::AskForPassword);
 }
 
-void LimitedPage::ForgetCounts() {
-    boxes_ = 0;
-    windows_ = 0;
-}
-
 // A page behind has nobody to ask.
 bool LimitedPage::MayAsk() {
-    return owner_.IsShown() && ++boxes_ <= kMostBoxes;
+    return owner_.IsShown() && boxes_.Take();
 }
 
 QWebEnginePage* LimitedPage::createWindow(WebWindowType /*type*/) {
-    return ++windows_ <= kMostWindows ? owner_.OnWindowWanted() : nullptr;
+    return windows_.Take() ? owner_.OnWindowWanted() : nullptr;
 }
 
 bool LimitedPage::acceptNavigationRequest(const QUrl& url, NavigationType /*type*/, bool is_main_frame) {

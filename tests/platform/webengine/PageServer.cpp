@@ -28,6 +28,7 @@ void PageServer::Serve(QTcpSocket& socket) {
     last_ = request;
     const QByteArray path = request.split(' ').value(1);
     ++asked_[path];
+    if (path == Silent) return;
     const Answer answer =
         Pages.value(path, Answer{"<title>Not found</title>", "Content-Type: text/html\r\n", "404 Not Found"});
     socket.write("HTTP/1.1 " + answer.status + "\r\n" + answer.headers +

@@ -25,6 +25,8 @@ public:
     QByteArray LastRequest() const { return last_; }
 
     QHash<QByteArray, Answer> Pages;
+    /// A path that never gets an answer.
+    QByteArray Silent;
 
 private:
     void Serve(QTcpSocket& socket);

@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QTimer>
 
 #include "platform/webengine/EngineWorld.h"
+#include "platform/webengine/NoticePage.h"
 
 namespace {
 
@@ -196,7 +199,59 @@ TEST_F(EnginePage, ADownloadEndsInItsFolderUnderACleanName) {
     EXPECT_EQ(world.Browser().LocationURL(), world.Site + "/plain");
 }
 
-TEST_F(EnginePage, ADeadPageIsLoadedOnceMoreAndThenOffersTo) {
+TEST_F(EnginePage, ADocumentThatNeverGetsReadyIsToldAsSoonAsItIsThere) {
+    world.Server().Pages["/slow"] = {"<title>Slow</title><img src='/never'>words"};
+    world.Server().Silent = "/never";
+
+    world.Browser().Navigate(world.Site + "/slow");
+
+    EXPECT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Slow"; }));
+    EXPECT_TRUE(world.Browser().Busy());
+    EXPECT_EQ(world.Browser().LocationURL(), world.Site + "/slow");
+    EXPECT_EQ(heard.Completed, std::vector<std::string>{world.Site + "/slow"});
+}
+
+TEST_F(EnginePage, ABadAddressFailsOnlyAsLongAsNoOtherWasAskedFor) {
+    world.Browser().Navigate("no such thing");
+
+    ASSERT_TRUE(Arrive(world.Site + "/plain"));
+
+    EXPECT_TRUE(heard.Failed.empty());
+}
+
+TEST_F(EnginePage, APageThatLoadsItselfOverAndOverAsksOnlySoOften) {
+    Serve("/nag",
+          "<title>Nag</title><script>if (!confirm('again?')) fetch('/no'); "
+          "setTimeout(() => location.reload(), 10)</script>");
+    int boxes = 0;
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, &closer, [&boxes] {
+        QWidget* box = QApplication::activeModalWidget();
+        if (box == nullptr) return;
+        ++boxes;
+        box->close();
+    });
+    closer.start(10);
+
+    world.Browser().Navigate(world.Site + "/nag");
+
+    EXPECT_TRUE(WaitFor([&] { return Asked("/no") >= 8; }));
+    EXPECT_EQ(boxes, 3);
+}
+
+TEST_F(EnginePage, APageThatDiesBeforeItShowsAnythingLeavesANotice) {
+    world.Browser().Navigate("chrome://crash");
+
+    const auto find = [&] { return world.Window().findChild<QWidget*>("notice"); };
+    ASSERT_TRUE(WaitFor([&] { return find() != nullptr && find()->isVisible(); }));
+    const auto* notice = find();
+    EXPECT_FALSE(heard.Failed.empty());
+    EXPECT_FALSE(world.Browser().Busy());
+    ASSERT_TRUE(Arrive(world.Site + "/plain"));
+    EXPECT_FALSE(notice->isVisible());
+}
+
+TEST_F(EnginePage, ADeadPageIsLoadedOnceMore) {
     ASSERT_TRUE(Arrive(world.Site + "/plain"));
 
     world.Browser().Navigate("chrome://crash");

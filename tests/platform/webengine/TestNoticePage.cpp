@@ -17,7 +17,7 @@ TEST(NoticePage, ItStandsInItsPlaceAndSaysWhy) {
 
     factory.MakePage(control, &window);
 
-    const auto* notice = window.findChild<webengine::Notice*>();
+    const auto* notice = static_cast<webengine::Notice*>(window.findChild<QWidget*>("notice"));
     ASSERT_NE(notice, nullptr);
     EXPECT_EQ(notice->Words(), "no pages here");
 }
@@ -45,7 +45,7 @@ TEST(NoticePage, AModuleThatIsNotThereGivesNotices) {
 
     ASSERT_NE(factory->MakePage(control, &window), nullptr);
 
-    EXPECT_NE(window.findChild<webengine::Notice*>(), nullptr);
+    EXPECT_NE(window.findChild<QWidget*>("notice"), nullptr);
 }
 
 TEST(NoticePage, RootIsToldToBecomeAnOrdinaryUser) {
