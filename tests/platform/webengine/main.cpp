@@ -13,7 +13,7 @@ namespace {
 constexpr uid_t kNobody = 65534;
 
 int BecomeNobody(char** arguments) {
-    char home[] = "/tmp/brindlepost-pages-XXXXXX";
+    char home[] = P_tmpdir "/brindlepost-pages-XXXXXX";
     if (mkdtemp(home) == nullptr || chown(home, kNobody, kNobody) != 0) return 1;
     setenv("HOME", home, 1);
     setenv("XDG_RUNTIME_DIR", home, 1);
