@@ -57,7 +57,8 @@ class Box final : public QDialog {
 public:
     Box(QWidget* owner, std::string_view title) : QDialog(owner) {
         setWindowTitle(title.empty() ? QApplication::applicationName() : ToQt(title));
-        setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+        setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                       Qt::WindowCloseButtonHint);
         rows_ = new QVBoxLayout(this);
         rows_->setContentsMargins(kMargin, kMargin, kMargin, kMargin - 4);
         rows_->setSpacing(16);

@@ -11,8 +11,6 @@
 namespace qt {
 namespace {
 
-using controls::Property;
-
 void DrawImage(QWidget& view, const controls::Image& image, Pictures& pictures) {
     QPainter painter(&view);
     const QRect rect = view.rect();

@@ -19,6 +19,7 @@ private:
     void Apply(controls::Property property) override;
     bool IsPassive() const override { return false; }
     bool PressEnter() override;
+    int ScrolledUp() const override { return view_->Offset(); }
     void DragOut();
     controls::ListBox& list_;
     RowsView* view_;

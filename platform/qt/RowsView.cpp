@@ -104,7 +104,8 @@ void RowsView::scrollTo(const QModelIndex& index, ScrollHint hint) {
 }
 
 void RowsView::doItemsLayout() {
-    QAbstractItemView::doItemsLayout();
+    // The list view's own layout walks over every row.
+    QAbstractItemView::doItemsLayout();  // NOLINT(bugprone-parent-virtual-call)
 }
 
 QRegion RowsView::visualRegionForSelection(const QItemSelection& selection) const {
@@ -120,7 +121,7 @@ void RowsView::updateGeometries() {
     verticalScrollBar()->setSingleStep(skin::kRowHeight);
     verticalScrollBar()->setPageStep(page);
     verticalScrollBar()->setRange(0, std::max(0, all - page));
-    QAbstractItemView::updateGeometries();
+    QAbstractItemView::updateGeometries();  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void RowsView::scrollContentsBy(int /*dx*/, int /*dy*/) {

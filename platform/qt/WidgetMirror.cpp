@@ -206,7 +206,7 @@ bool WidgetMirror::Dropped(QEvent& event) {
     if (event.type() != QEvent::Drop) return true;
     const controls::DropData data =
         DropDataOf(*drop.mimeData(), [this](const std::string& path) { return stage_.DriveForm(path); });
-    const QPointF at = Point(drop.position());
+    const QPointF at = Point(drop.position() + QPointF(0, ScrolledUp()));
     Mirrored().OLEDragDrop.Raise(data, at.x(), at.y());
     return true;
 }

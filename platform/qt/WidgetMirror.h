@@ -32,6 +32,8 @@ protected:
     /// What a screen reader says when the control was given no better name.
     virtual QString SpokenName() const;
     virtual void Place();
+    /// How far the control's content is scrolled up, in pixels: a drop is told by its place in the content.
+    virtual int ScrolledUp() const { return 0; }
     /// Enter on the control itself; true when it did something.
     virtual bool PressEnter() { return false; }
 

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QDropEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTest>
 #include <chrono>
@@ -171,6 +173,24 @@ TEST_F(ListMirrorTest, AMillionRowsAddedTouchTheScreenOnce) {
 
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
     EXPECT_EQ(desk.Find<QListView>(list_)->model()->rowCount(), 1'000'004);
+}
+
+TEST_F(ListMirrorTest, ADropIsToldByItsPlaceAmongTheRows) {
+    for (int i = 0; i < 100; ++i)
+        list_.AddItem("Row");
+    double y = 0;
+    claims_.Claim(list_.OLEDragDrop, [&y](const controls::DropData&, double, double at_y) { y = at_y; });
+    const bench::Desk desk(list_);
+    desk.Find<QListView>(list_)->verticalScrollBar()->setValue(240);
+    QMimeData data;
+    data.setText("17");
+
+    QDragEnterEvent enter(QPoint(2, 30), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(Rows(desk, list_), &enter);
+    QDropEvent drop(QPointF(2, 30), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(Rows(desk, list_), &drop);
+
+    EXPECT_EQ(y, 270 * 15);
 }
 
 TEST_F(ListMirrorTest, AClickHandlerMayEmptyItsList) {
