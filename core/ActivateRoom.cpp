@@ -131,6 +131,8 @@ void ActivateRoom::LoadMediaLibraryStage() {
 
 void ActivateRoom::cmdRetry_Click() {
     form_.fraConnection.SetVisible(false);
+    // A page that nobody sees gets no engine; the check needs one.
+    form_.Browser.SetVisible(true);
     form_.Timer2.SetEnabled(true);
 }
 

@@ -14,7 +14,7 @@ BrowserForm::BrowserForm() : Form("frmBrowser", "Brindlepost") {
     SetContentSize(kStartWidth, kStartHeight);
     Add(chrome.imgFormBG, chrome.imgBG, chrome.imgRowBG);
     web.PutInto(*this);
-    Add(chrome.lblSeconds, chrome.fraMusicTab);
+    Add(chrome.fraMusicTab);
     FillMusicPane();
     FillPanels();
     AddHidden();

@@ -119,7 +119,6 @@ void BrowserLayout::PlaceRefreshControls() {
     refresh.lblRefresh1.Move(caption, kTop + Px(5), Px(32), Px(18));
     button.Move(caption + 520, kTop, Px(84), kHeight);
     refresh.txtRefresh.Move(caption + 1920, kTop, Px(42), kHeight);
-    window_.chrome.lblSeconds.Move(refresh.txtRefresh.Right() + Px(4), kTop + Px(5), Px(12), Px(18));
     window_.web.help.imgHelp.Move(window_.Width() - Px(42), kTop, Px(28), Px(28));
 }
 

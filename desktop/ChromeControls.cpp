@@ -11,7 +11,6 @@ ChromeControls::ChromeControls() {
     imgMusicTabBG.SetLook("panel");
     lblMusicBG.SetLook("bare");
     lblVolumeLabel.SetLook("heading");
-    lblSeconds.SetLook("muted");
     lblCopyright.SetLook("status");
 }
 

@@ -16,7 +16,6 @@ struct ChromeControls {
     controls::Image imgMusicTabBG{"imgMusicTabBG"};
     controls::Label lblMusicBG{"lblMusicBG"};
     controls::Label lblVolumeLabel{"lblVolumeLabel", "VOLUME"};
-    controls::Label lblSeconds{"lblSeconds", "s"};  ///< behind txtRefresh
     controls::Label lblCopyright{"lblCopyright", "\u00a9 Larkmoor"};
 };
 

@@ -3,7 +3,7 @@
 namespace desktop {
 
 void CoreLinks::Command1() {
-    Room().library->Command1();
+    Room().lists->Command1();
 }
 
 void CoreLinks::PopulateHistory(std::string_view kind) {
@@ -14,7 +14,9 @@ void CoreLinks::TogglePanel() {
     Window().favourites.cmdFavs.Click.Raise();
 }
 
-void CoreLinks::SettleFavourites() { Room().add_favourite->SettleAtStart(); }
+void CoreLinks::SettleFavourites() {
+    Room().add_favourite->SettleAtStart();
+}
 
 int CoreLinks::TabCount() const {
     return Window().web.tabs.tabtab.Count();

@@ -20,7 +20,11 @@
 #include "desktop/SkinRoom.h"
 #include "desktop/ViewRoom.h"
 #include "desktop/Windows.h"
-#include "library/Library.h"
+#include "library/AddMediaRoom.h"
+#include "library/LibraryListsRoom.h"
+#include "library/OpenedMediaRoom.h"
+#include "library/PlayListRoom.h"
+#include "library/SearchRoom.h"
 #include "player/Player.h"
 #include "ports/Clock.h"
 #include "ports/Database.h"
@@ -72,7 +76,11 @@ struct Rooms {
     std::optional<SkinRoom> skin;
     std::optional<player::MciLayer> mci;
     std::optional<player::Player> player;
-    std::optional<library::Library> library;
+    std::optional<library::LibraryListsRoom> lists;
+    std::optional<library::PlayListRoom> playlists;
+    std::optional<library::SearchRoom> search;
+    std::optional<library::AddMediaRoom> add_media;
+    std::optional<library::OpenedMediaRoom> opened;
     std::optional<webdata::HistoryRoom> history;
     std::optional<webdata::AddFavouriteRoom> add_favourite;
     std::optional<webdata::FavouritesRoom> favourites;

@@ -57,7 +57,7 @@ void MainWindow::BuildGround() {
     rooms.trouble.emplace(desk_.windows.trouble, desk_.state.session, desk_.ports.dialogs);
     rooms.stores.emplace(desk_.ports.database, desk_.ports.events, *rooms.trouble);
     rooms.hole.emplace(window, window.player.video.picVideo, desk_.ports.regions, desk_.ports.dialogs);
-    rooms.skin.emplace(window.chrome, TwinsOf(window));
+    rooms.skin.emplace(window.chrome, TwinsOf(window), [this] { desk_.rooms.player->SettlePictures(); });
     rooms.mci.emplace(desk_.ports.media, desk_.ports.windows, desk_.ports.files);
     rooms.layout.emplace(window, desk_.state.web, player_links_);
     rooms.view.emplace(window, window.menus.mnuMusicJustTracks, window.library.lists,
@@ -67,6 +67,7 @@ void MainWindow::BuildGround() {
 void MainWindow::BuildPlayer() {
     BrowserForm& window = desk_.windows.frmBrowser;
     auto& lists = window.library.lists;
+    desk_.windows.player_songs.SetDatabaseName(*desk_.rooms.stores, StorePath(store::kMediaStore));
     desk_.rooms.player.emplace(
         player::PlayerWindows{window.player,
                               PlayerMenuOf(window.menus),
@@ -77,8 +78,27 @@ void MainWindow::BuildPlayer() {
         desk_.state.player,
         player::PlayerNeighbours{player_links_, player_links_, player_links_, player_links_, player_links_,
                                  player_links_},
-        player::PlayerPorts{*desk_.rooms.mci, window.library.sources.datSong, desk_.ports.dialogs,
+        player::PlayerPorts{*desk_.rooms.mci, desk_.windows.player_songs, desk_.ports.dialogs,
                             desk_.ports.events, desk_.ports.chance});
+}
+
+void MainWindow::BuildLibrary() {
+    BrowserForm& window = desk_.windows.frmBrowser;
+    LibraryGroups& groups = window.library;
+    Rooms& rooms = desk_.rooms;
+    rooms.lists.emplace(
+        groups.lists, groups.sources, groups.playlists.lstAddToPlaylist, window.web.hand_off.lstOpenWith,
+        desk_.ports.events,
+        library::LibraryListOutlets{library_links_, library_links_, library_links_, library_links_});
+    rooms.playlists.emplace(groups.playlists, PlayListMenuOf(window.menus), groups.sources, *rooms.lists,
+                            desk_.ports.dialogs, library_links_);
+    rooms.search.emplace(groups.search, SearchMenuOf(window.menus), groups.sources, *rooms.lists,
+                         library_links_);
+    BuildMediaDialog();
+}
+
+std::string MainWindow::StorePath(std::string_view file) const {
+    return desk_.ports.files.ApplicationFolder().append(file);
 }
 
 void MainWindow::BuildWebData() {

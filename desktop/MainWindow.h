@@ -38,9 +38,11 @@ private:
     void BuildGround();
     void BuildPlayer();
     void BuildLibrary();
+    void BuildMediaDialog();
     void BuildWebData();
     void BuildWeb();
     void BuildSession(std::string_view command);
+    std::string StorePath(std::string_view file) const;
     void frmBrowser_Unload();
     void cmdDummy_Click();
 

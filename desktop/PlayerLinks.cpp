@@ -74,6 +74,10 @@ void PlayerLinks::Form_Resize() {
     desk_.rooms.layout->Form_Resize();
 }
 
+void PlayerLinks::PlaceBelowSplitter() {
+    desk_.rooms.layout->PlaceBelowSplitter();
+}
+
 void PlayerLinks::MakeHole() {
     desk_.rooms.hole->MakeHole();
 }

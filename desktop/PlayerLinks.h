@@ -45,6 +45,7 @@ public:
     void EnableWindow(bool enabled) override;
     void RefreshWindow() override;
     void Form_Resize() override;
+    void PlaceBelowSplitter() override;
     void MakeHole() override;
     void CloseHole() override;
     void NoMouseOvers() override;

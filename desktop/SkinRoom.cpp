@@ -1,8 +1,11 @@
 #include "desktop/SkinRoom.h"
 
+#include <utility>
+
 namespace desktop {
 
-SkinRoom::SkinRoom(ChromeControls& controls, const BrightTwins& twins) : controls_(controls), twins_(twins) {
+SkinRoom::SkinRoom(ChromeControls& controls, const BrightTwins& twins, std::function<void()> settled)
+    : controls_(controls), twins_(twins), settled_(std::move(settled)) {
     const auto quiet = [this](int, int, double, double) { NoMouseOvers(); };
     claims_.Claim(controls_.imgFormBG.MouseMove, quiet);
     claims_.Claim(controls_.imgBG.MouseMove, quiet);
@@ -18,6 +21,7 @@ void SkinRoom::NoMouseOvers() {
     for (controls::Image* twin : twins_)
         twin->SetVisible(false);
     controls_.lblCopyright.SetLook("status");
+    settled_();
 }
 
 void SkinRoom::lblCopyright_MouseMove() {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 
 #include "controls/Event.h"
 #include "controls/Simple.h"
@@ -18,7 +19,8 @@ using BrightTwins = std::array<controls::Image*, kTwinCount>;
 
 class SkinRoom final {
 public:
-    SkinRoom(ChromeControls& controls, const BrightTwins& twins);
+    /// `settled` runs whenever the twins were hidden, for pictures that show a state.
+    SkinRoom(ChromeControls& controls, const BrightTwins& twins, std::function<void()> settled);
 
     /// Hides every bright twin and puts lblCopyright's colour back.
     void NoMouseOvers();
@@ -28,6 +30,7 @@ private:
 
     ChromeControls& controls_;
     BrightTwins twins_;
+    std::function<void()> settled_;
     controls::EventClaims claims_;
 };
 

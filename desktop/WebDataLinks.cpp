@@ -55,15 +55,15 @@ std::string WebDataLinks::LocationName() const {
 }
 
 void WebDataLinks::BeginView() {
-    desk_.rooms.library->View().BeginView();
+    desk_.rooms.lists->BeginView();
 }
 
 void WebDataLinks::AddSong(std::string_view song_id, std::string_view artist, std::string_view title) {
-    desk_.rooms.library->View().AddSong(song_id, artist, title);
+    desk_.rooms.lists->AddSong(song_id, artist, title);
 }
 
 void WebDataLinks::EndView() {
-    desk_.rooms.library->View().EndView();
+    desk_.rooms.lists->EndView();
 }
 
 void WebDataLinks::Form_Resize() {
@@ -93,7 +93,19 @@ void WebDataLinks::HideVideoPane() {
 }
 
 void WebDataLinks::Command1() {
-    desk_.rooms.library->Command1();
+    desk_.rooms.lists->Command1();
+}
+
+void WebDataLinks::populatefavs() {
+    desk_.rooms.favourites->populatefavs();
+}
+
+void WebDataLinks::lstFavs_Click() {
+    desk_.rooms.favourites->lstFavs_Click();
+}
+
+void WebDataLinks::ClearFavourites() {
+    desk_.rooms.favourites->ClearFavourites();
 }
 
 }  // namespace desktop

@@ -69,21 +69,21 @@ void WebLinks::ClearTrackCaption() {
 }
 
 void WebLinks::Command1() {
-    Room().library->Command1();
+    Room().lists->Command1();
 }
 
 void WebLinks::AddPlayList(std::string_view /*path*/) {}
 
 void WebLinks::AddMediaFromCommand(std::string_view path) {
-    Room().library->AddMediaFromCommand(path);
+    Room().opened->AddMediaFromCommand(path);
 }
 
 void WebLinks::RefillEmptyTrackList() {
-    Room().library->RefillIfEmpty();
+    Room().lists->RefillIfEmpty();
 }
 
 void WebLinks::OfferToAddMedia() {
-    Room().library->OfferToAddMedia();
+    Room().opened->OfferToAddMedia();
 }
 
 int WebLinks::CuedSongs() const {
@@ -124,9 +124,15 @@ void WebLinks::SendNothingPlaying() {
     Room().player->SendNothingPlaying();
 }
 
-void WebLinks::LoginToMySpace(int /*index*/) {}
+void WebLinks::LoginToMySpace(int index) {
+    const core::LoginState& login = desk_.state.login;
+    Room().web->logins.LoginToMySpace(login.MySpaceE, login.MySpaceP, index);
+}
 
-void WebLinks::LoginToHotmail(int /*index*/) {}
+void WebLinks::LoginToHotmail(int index) {
+    const core::LoginState& login = desk_.state.login;
+    Room().web->logins.LoginToHotmail(login.HotmailE, login.HotmailP, index);
+}
 
 bool WebLinks::Internet_Connection() const {
     return desk_.state.connection.Internet_Connection;

@@ -62,7 +62,7 @@ public:
     void SendNowPlaying() override;
     void SendNothingPlaying() override;
 
-    // web::SiteLogins: no site is logged in to yet.
+    // web::SiteLogins
     void LoginToMySpace(int index) override;
     void LoginToHotmail(int index) override;
 

@@ -32,6 +32,8 @@ struct Windows {
     core::StoreTroubleControls trouble;
     webdata::HistoryControls history;
     core::StartUpControls start_up;
+    /// The player walks the songs by itself; the library's walks do not disturb it.
+    store::DataSource player_songs{"datSong"};
 
     /// Every window, the main window first.
     std::vector<controls::Form*> All();

@@ -69,6 +69,8 @@ public:
     virtual void EnableWindow(bool enabled) = 0;
     virtual void RefreshWindow() = 0;
     virtual void Form_Resize() = 0;
+    /// The splitter was dragged: what stands below it follows.
+    virtual void PlaceBelowSplitter() = 0;
     virtual void MakeHole() = 0;
     virtual void CloseHole() = 0;
     virtual void NoMouseOvers() = 0;

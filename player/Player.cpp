@@ -33,7 +33,8 @@ Player::Player(PlayerWindows windows, PlayerState& state, PlayerNeighbours neigh
       transport_(windows.controls.transport, windows.controls.transport, windows.controls.levels.lblStartFade,
                  windows.controls.transport.lblTrack, ports.mci, state, {playback_, panning_, title_, video_},
                  neighbours.address, neighbours.window),
-      splitter_(windows.controls.splitter, windows.lists, windows.controls.transport.fraControls),
+      splitter_(windows.controls.splitter, windows.lists, windows.controls.transport.fraControls,
+                neighbours.window),
       speaker_test_(windows.frmSpeakerTest, windows.menu.mnuSoundTest, windows.controls.transport.lblTrack,
                     ports.mci, state, {fade_, panning_, volume_}, neighbours.window) {}
 

@@ -14,8 +14,8 @@ constexpr double kDragPart = 3;  ///< the splitter follows a third of the way
 }  // namespace
 
 SplitterRoom::SplitterRoom(SplitterControls& controls, SplitListView lists,
-                           const controls::Frame& fraControls)
-    : controls_(controls), lists_(lists), fraControls_(fraControls) {
+                           const controls::Frame& fraControls, MainWindow& window)
+    : controls_(controls), lists_(lists), fraControls_(fraControls), window_(window) {
     auto& lblSlider = controls_.lblSlider;
     claims_.Claim(lblSlider.MouseDown, [this](int, int, double, double) { SliderDragging_ = true; });
     claims_.Claim(lblSlider.MouseMove, [this](int, int, double, double y) { lblSlider_MouseMove(y); });
@@ -26,6 +26,7 @@ void SplitterRoom::lblSlider_MouseMove(double y) {
     if (!SliderDragging_) return;
     controls_.lblSlider.SetTop(controls_.lblSlider.Top() + y / kDragPart);
     MoveSlider();
+    window_.PlaceBelowSplitter();
 }
 
 void SplitterRoom::MoveSlider() {

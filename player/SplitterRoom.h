@@ -2,13 +2,15 @@
 #pragma once
 
 #include "controls/Event.h"
+#include "player/Outgoing.h"
 #include "player/PlayerControls.h"
 
 namespace player {
 
 class SplitterRoom final {
 public:
-    SplitterRoom(SplitterControls& controls, SplitListView lists, const controls::Frame& fraControls);
+    SplitterRoom(SplitterControls& controls, SplitListView lists, const controls::Frame& fraControls,
+                 MainWindow& window);
 
     /// Shares the height anew by the splitter's place.
     void MoveSlider();
@@ -20,6 +22,7 @@ private:
     SplitterControls& controls_;
     SplitListView lists_;
     const controls::Frame& fraControls_;
+    MainWindow& window_;
     bool SliderDragging_ = false;
     controls::EventClaims claims_;
 };

@@ -64,6 +64,7 @@ void TransportRoom::tmrPlay_Tick() {
 void TransportRoom::MoveMarker() {
     const auto position = static_cast<double>(mci_.MciPosition(state_.CurrentAlias));
     if (state_.FramesPerSecond <= 0) return;
+    controls_.lblProgress.SetVisible(true);
     controls_.lblProgress.SetLeft(position / state_.FramesPerSecond - controls_.lblProgress.Width() / 2);
 }
 

@@ -74,7 +74,7 @@ struct RefreshControls {
 
     controls::Image imgCheck{"imgCheck", "check"};
     controls::Image imgCheckChecked{"imgCheckChecked", "checkchecked"};  ///< shows while it is on
-    controls::Label lblRefresh1{"lblRefresh1", "Refresh every"};
+    controls::Label lblRefresh1{"lblRefresh1", "Auto"};
     controls::TextBox txtRefresh{"txtRefresh"};
     controls::Timer tmrRefresh{"tmrRefresh", 1000};
 };

@@ -112,7 +112,7 @@ void PictureBoxMirror::Apply(Property property) {
 BrowserMirror::BrowserMirror(Stage& stage, controls::WebBrowser& browser, QWidget* container)
     : WidgetMirror(stage, browser), browser_(browser) {
     SetWidget(new PlaceOfPage(container));
-    if (!browser.WaitingAddress().empty()) stage.WantPage(browser, *Widget());
+    WantPageWhenSeen();
 }
 
 BrowserMirror::~BrowserMirror() {
@@ -120,11 +120,16 @@ BrowserMirror::~BrowserMirror() {
 }
 
 void BrowserMirror::Apply(Property property) {
-    if (property != Property::Value) {
-        WidgetMirror::Apply(property);
-    } else if (browser_.Engine() == nullptr) {
-        stage_.WantPage(browser_, *Widget());
-    }
+    if (property != Property::Value) WidgetMirror::Apply(property);
+    if (browser_.Engine() != nullptr) return;
+    const bool is_popup = property == Property::Value && browser_.WaitingAddress().empty();
+    if (is_popup) stage_.WantPage(browser_, *Widget());
+    if (property == Property::Value || property == Property::Visible) WantPageWhenSeen();
+}
+
+// A page that nobody sees costs a process; its address waits until the control is made visible.
+void BrowserMirror::WantPageWhenSeen() {
+    if (browser_.Visible() && !browser_.WaitingAddress().empty()) stage_.WantPage(browser_, *Widget());
 }
 
 bool BrowserMirror::eventFilter(QObject* watched, QEvent* event) {

@@ -33,6 +33,7 @@ public:
     ~BrowserMirror() override;
 
 private:
+    void WantPageWhenSeen();
     void Apply(controls::Property property) override;
     bool IsUrgent(controls::Property property) const override {
         return property == controls::Property::Value;

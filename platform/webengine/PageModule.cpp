@@ -32,16 +32,22 @@ bool HasUserNamespaces() {
 
 void SetEngineEnvironment() {
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", kEngineFlags);
-    for (const char* name :
-         {"QTWEBENGINE_REMOTE_DEBUGGING", "QTWEBENGINE_DISABLE_SANDBOX", "QTWEBENGINEPROCESS_PATH",
-          "QTWEBENGINE_RESOURCES_PATH", "QTWEBENGINE_LOCALES_PATH"}) {
+    for (const char* name : {"QTWEBENGINE_REMOTE_DEBUGGING", "QTWEBENGINEPROCESS_PATH",
+                             "QTWEBENGINE_RESOURCES_PATH", "QTWEBENGINE_LOCALES_PATH"}) {
         qunsetenv(name);
     }
+    if (geteuid() != 0) qunsetenv("QTWEBENGINE_DISABLE_SANDBOX");
+}
+
+/// Root cannot have a sandbox; whoever starts the program as root may say that pages shall show all the same.
+bool IsRootWithoutSandbox() {
+    return geteuid() == 0 && qgetenv("QTWEBENGINE_DISABLE_SANDBOX") == "1";
 }
 
 }  // namespace
 
 std::string WhyNoPages() {
+    if (IsRootWithoutSandbox()) return {};
     const bool is_root = geteuid() == 0;
     return WhyNoPages(is_root, !is_root && HasUserNamespaces());
 }

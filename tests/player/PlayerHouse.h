@@ -73,6 +73,7 @@ struct FakeMainWindow final : player::MainWindow {
     void EnableWindow(bool enabled) override { Calls.emplace_back(enabled ? "enable" : "disable"); }
     void RefreshWindow() override { Calls.emplace_back("refresh"); }
     void Form_Resize() override { Calls.emplace_back("resize"); }
+    void PlaceBelowSplitter() override { Calls.emplace_back("below splitter"); }
     void MakeHole() override { Calls.emplace_back("make hole"); }
     void CloseHole() override { Calls.emplace_back("close hole"); }
     void NoMouseOvers() override { Calls.emplace_back("no mouse overs"); }

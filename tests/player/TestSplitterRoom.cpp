@@ -28,6 +28,7 @@ TEST(SplitterRoom, ADragFollowsAThirdOfTheWayAndSharesTheHeight) {
     EXPECT_EQ(house.lstPlayLists.Height(), 2600);
     EXPECT_EQ(house.lstTracks.Top(), 3220);
     EXPECT_EQ(house.lstTracks.Height(), 5040);
+    EXPECT_EQ(house.window.Calls, std::vector<std::string>{"below splitter"});
 }
 
 TEST(SplitterRoom, AMoveWithoutAPressOrAfterTheReleaseChangesNothing) {
