@@ -29,7 +29,10 @@ bool PictureBox::SetScaleWidth(double units) {
 }
 
 Form::Form(std::string_view name, std::string_view caption, BorderStyle border)
-    : Container(Kind::Form, name), caption_(caption), border_(border) {
+    : Container(Kind::Form, name),
+      caption_(caption),
+      border_(border),
+      stays_in_front_(border == BorderStyle::FixedDialog) {
     SetVisible(false);
 }
 

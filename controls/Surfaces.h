@@ -71,6 +71,10 @@ public:
     void SetCaption(std::string_view caption);
     BorderStyle Border() const { return border_; }
     WindowState State() const { return state_; }
+    /// Lies over the main window whenever both are to be seen, as dialogs do. To be set before the window is
+    /// shown.
+    bool StaysInFront() const { return stays_in_front_; }
+    void SetStaysInFront(bool in_front) { stays_in_front_ = in_front; }
     void SetState(WindowState state);
     bool IsLoaded() const { return loaded_; }
 
@@ -113,6 +117,7 @@ private:
     BorderStyle border_;
     WindowState state_ = WindowState::Normal;
     bool loaded_ = false;
+    bool stays_in_front_;
     std::vector<Menu*> menu_bar_;
     Menu* wanted_popup_ = nullptr;
 };

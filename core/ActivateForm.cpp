@@ -14,6 +14,7 @@ void Place(controls::Control& control, double left, double top, double width, do
 ActivateForm::ActivateForm() {
     frmActivate.SetContentSize(460 * kPixel, 260 * kPixel);
     frmActivate.SetLook("splash");
+    frmActivate.SetStaysInFront(true);
     frmActivate.Add(fraSplash, Browser, Timer1, Timer2);
     fraSplash.Add(lblProduct, lblProductLine, lblNowLoading, lblLoading, pbLoad, fraConnection);
     fraConnection.Add(lblNoConnection, cmdRetry, cmdJustMusic, cmdClose);

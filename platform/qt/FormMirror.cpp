@@ -208,16 +208,30 @@ void FormMirror::ShowWindow() {
     PutOnScreen();
     if (!was_shown_) FocusFirst();
     was_shown_ = true;
-    if (form_.Border() == BorderStyle::FixedDialog) {
-        const QWidget* main_window = stage_.MainWindow();
-        window_->winId();
-        window_->windowHandle()->setTransientParent(main_window != nullptr ? main_window->windowHandle()
-                                                                           : nullptr);
-    }
+    QWidget* main_window = stage_.MainWindow();
+    if (form_.StaysInFront() && main_window != nullptr) LieOver(*main_window);
+    // A window without a frame that may lie behind shows a picture through a hole of the main window, from
+    // behind; the keyboard stays where it is.
+    const bool is_picture = form_.Border() == BorderStyle::None && !form_.StaysInFront();
+    window_->setAttribute(Qt::WA_ShowWithoutActivating, is_picture);
     ShowState();
     window_->show();
+    if (is_picture && main_window != nullptr) {
+        main_window->raise();
+        return;
+    }
     window_->raise();
     window_->activateWindow();
+    if (stage_.MainWindow() == window_) stage_.OnMainWindowShown(*window_);
+}
+
+void FormMirror::LieOver(QWidget& main_window) {
+    if (!IsRealised() || !form_.Visible()) return;
+    window_->winId();
+    main_window.winId();
+    window_->windowHandle()->setTransientParent(main_window.windowHandle());
+    window_->raise();
+    if (form_.Border() == BorderStyle::FixedDialog) window_->activateWindow();
 }
 
 void FormMirror::Apply(Property property) {

@@ -21,6 +21,8 @@ public:
 
     /// Makes the window and everything in it, if that has not been done.
     void Realise();
+    /// Keeps the window over the main window, if it is on the screen.
+    void LieOver(QWidget& main_window);
     bool IsRealised() const { return Widget() != nullptr; }
     QWidget* Inside() const override { return content_; }
     controls::Form& Window() const { return form_; }

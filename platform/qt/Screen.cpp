@@ -205,6 +205,12 @@ void Screen::RealiseNext() {
 }
 
 // Coming back from another program is no activation; going from window to window of this one is.
+void Screen::OnMainWindowShown(QWidget& main_window) {
+    for (FormMirror* form : forms_) {
+        if (form->Window().StaysInFront()) form->LieOver(main_window);
+    }
+}
+
 void Screen::OnActivated(controls::Form& form) {
     const bool another = active_ != nullptr && active_ != &form;
     active_ = &form;

@@ -60,6 +60,7 @@ private:
     std::string DriveForm(const std::string& native_path) const override;
     void WantPage(controls::WebBrowser& browser, QWidget& place) override { pages_.Want(browser, place); }
     QWidget* MainWindow() const override;
+    void OnMainWindowShown(QWidget& main_window) override;
     void OnFirstPaint() override;
     void OnActivated(controls::Form& form) override;
 

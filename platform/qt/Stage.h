@@ -37,6 +37,8 @@ public:
 
     /// The window that others are centred over; null when it is not to be seen.
     virtual QWidget* MainWindow() const = 0;
+    /// The main window comes to be seen: what stays in front of it lies over it from now on.
+    virtual void OnMainWindowShown(QWidget& main_window) = 0;
     virtual void OnFirstPaint() = 0;
     /// The window manager has put the keyboard into the window.
     virtual void OnActivated(controls::Form& form) = 0;

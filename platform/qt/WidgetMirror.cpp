@@ -106,6 +106,8 @@ void WidgetMirror::Apply(Property property) {
             if (name.isEmpty()) name = SpokenName();
             if (name.isEmpty()) name = ToQt(control.ToolTipText());
             widget_->setAccessibleName(name.isEmpty() ? WordsOf(ToQt(control.Name())) : name);
+            // What it shows can still be heard where it bears a name of its own.
+            widget_->setAccessibleDescription(control.AccessibleName().empty() ? QString() : SpokenName());
             widget_->update();
             break;
         }
