@@ -1,0 +1,76 @@
+#include "library/AddMediaForm.h"
+
+#include "library/AddMediaLayout.h"
+
+namespace library {
+namespace {
+
+template <class... Hidden>
+void Hide(Hidden&... controls) {
+    (controls.SetVisible(false), ...);
+}
+
+void DescribeTwin(controls::Image& plain, controls::Image& over, std::string_view name,
+                  std::string_view tool_tip) {
+    for (controls::Image* image : {&plain, &over}) {
+        image->SetAccessibleName(name);
+        image->SetToolTipText(tool_tip);
+    }
+    Hide(over);
+}
+
+}  // namespace
+
+AddMediaForm::AddMediaForm(const ports::Files& files) : Drive1("Drive1", files), Dir1("Dir1", files) {
+    Compose();
+    Describe();
+    DescribePictures();
+    for (const std::string_view pattern : {"ALL FORMATS", "AUDIO FORMATS", "VIDEO FORMATS"})
+        lstPattern.AddItem(pattern);
+    lstPattern.SetListIndex(0);
+    Hide(fraSearch, Label1, Label2, lblEntryCount, lstAddTrack);
+    frmAddMedia.SetContentSize(kAddMediaWidth * controls::kTwipsPerPixel,
+                               kAddMediaHeight * controls::kTwipsPerPixel);
+    PlaceControls(*this);
+}
+
+void AddMediaForm::Compose() {
+    frmAddMedia.Add(imgBG, lblDrive, Drive1, lblFolder, Dir1, lblPattern, lstPattern, cmdGetFiles, lblFiles,
+                    lblTotalFilesLabel, lblTotalFiles, lstFiles, fraControls, fraSearch);
+    frmAddMedia.Add(Label1, Label2, lblEntryCount, lstAddTrack, tmrSearch);
+    fraControls.Add(imgAdd, imgAddOver, imgAddAll, imgAddAllOver, imgBack, imgBackOver);
+    fraSearch.Add(lblSearch, lblDirectory, lblProgress, cmdCancel);
+}
+
+void AddMediaForm::Describe() {
+    imgBG.SetLook("ground");
+    fraSearch.SetLook("raised");
+    for (controls::Label* heading : {&lblDrive, &lblFolder, &lblPattern, &lblFiles, &lblSearch})
+        heading->SetLook("heading");
+    lblTotalFilesLabel.SetLook("muted");
+    lblTotalFilesLabel.SetAlign(controls::Alignment::Right);
+    lblTotalFiles.SetLook("accent");
+    lblTotalFiles.SetAlign(controls::Alignment::Right);
+    lblProgress.SetLook("muted");
+    cmdGetFiles.SetLook("accent");
+    cmdCancel.SetCancel(true);
+    imgBG.SetAccessibleName("Background");
+    Drive1.SetAccessibleName("Drive");
+    Dir1.SetAccessibleName("Folder to search");
+    lstPattern.SetAccessibleName("Files to find");
+    lstFiles.SetAccessibleName("Files found");
+    lstFiles.SetHint("Choose a folder and press Get Files");
+    fraControls.SetAccessibleName("Add the files found");
+    fraSearch.SetAccessibleName("Progress");
+    lblTotalFiles.SetAccessibleName("Number of files found");
+    cmdGetFiles.SetToolTipText("Search the folder for media files");
+    cmdCancel.SetToolTipText("Stop now and keep what is there");
+}
+
+void AddMediaForm::DescribePictures() {
+    DescribeTwin(imgAdd, imgAddOver, "Add one", "Add the selected file to the library");
+    DescribeTwin(imgAddAll, imgAddAllOver, "Add all", "Add all files found to the library");
+    DescribeTwin(imgBack, imgBackOver, "Done", "Back to the main window");
+}
+
+}  // namespace library

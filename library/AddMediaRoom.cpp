@@ -1,0 +1,251 @@
+#include "library/AddMediaRoom.h"
+
+#include "base/Number.h"
+#include "base/Text.h"
+#include "library/AddMediaLayout.h"
+#include "library/Naming.h"
+#include "library/TableRows.h"
+#include "store/Tables.h"
+
+namespace library {
+namespace {
+
+constexpr std::string_view kNoneFound = "None Found";
+constexpr int kTicksBeforeSearch = 5;
+constexpr std::size_t kRowsBetweenProgress = 100;
+
+}  // namespace
+
+AddMediaRoom::AddMediaRoom(AddMediaForm& form, MainWindow& main_window, store::Stores& stores,
+                           ports::Files& files, ports::Dialogs& dialogs, ports::EventLoop& loop,
+                           std::string_view app_path)
+    : form_(form),
+      main_window_(main_window),
+      stores_(stores),
+      files_(files),
+      dialogs_(dialogs),
+      loop_(loop),
+      app_path_(app_path),
+      walk_({form.lstPattern, form.lstFiles, form.lblTotalFiles, form.lblDirectory}, main_window, files,
+            dialogs, loop) {
+    ClaimWindow();
+    ClaimPictures();
+    ClaimBackgrounds();
+}
+
+void AddMediaRoom::ClaimWindow() {
+    claims_.Claim(form_.frmAddMedia.Load, [this] { Form_Load(); });
+    claims_.Claim(form_.frmAddMedia.Resize, [this] { Form_Resize(); });
+    claims_.Claim(form_.frmAddMedia.Unload, [this](bool&) { Form_Unload(); });
+    claims_.Claim(form_.frmAddMedia.KeyDown, [this](int key_code, int) { Form_KeyDown(key_code); });
+    claims_.Claim(form_.Drive1.Change, [this] { Drive1_Change(); });
+    claims_.Claim(form_.cmdGetFiles.Click, [this] { cmdGetFiles_Click(); });
+    claims_.Claim(form_.cmdCancel.Click, [this] { cmdCancel_Click(); });
+    claims_.Claim(form_.tmrSearch.Tick, [this] { tmrSearch_Tick(); });
+}
+
+void AddMediaRoom::ClaimPictures() {
+    ClaimTwin(form_.imgAdd, form_.imgAddOver);
+    claims_.Claim(form_.imgAddOver.Click, [this] { imgAddOver_Click(); });
+    ClaimTwin(form_.imgAddAll, form_.imgAddAllOver);
+    claims_.Claim(form_.imgAddAllOver.Click, [this] { imgAddAllOver_Click(); });
+    ClaimTwin(form_.imgBack, form_.imgBackOver);
+    claims_.Claim(form_.imgBackOver.Click, [this] { imgBackOver_Click(); });
+}
+
+void AddMediaRoom::ClaimTwin(controls::Image& plain, controls::Image& over) {
+    claims_.Claim(plain.MouseMove, [this, &over](int, int, double, double) {
+        NoMouseOvers();
+        over.SetVisible(true);
+    });
+}
+
+void AddMediaRoom::ClaimBackgrounds() {
+    for (controls::Control* background : std::initializer_list<controls::Control*>{
+             &form_.frmAddMedia, &form_.imgBG, &form_.Drive1, &form_.Dir1, &form_.lstPattern, &form_.lstFiles,
+             &form_.fraControls, &form_.fraSearch}) {
+        claims_.Claim(background->MouseMove, [this](int, int, double, double) { NoMouseOvers(); });
+    }
+}
+
+void AddMediaRoom::NoMouseOvers() {
+    form_.imgAddOver.SetVisible(false);
+    form_.imgAddAllOver.SetVisible(false);
+    form_.imgBackOver.SetVisible(false);
+}
+
+void AddMediaRoom::Form_Load() {
+    const std::string media_store = app_path_ + std::string(store::kMediaStore);
+    form_.datFolder.SetDatabaseName(stores_, media_store);
+    form_.datAdd.SetDatabaseName(stores_, media_store);
+    form_.Drive1.ReadDrives();
+    form_.Dir1.SetPath(base::Left(form_.Dir1.Path(), 3));
+}
+
+void AddMediaRoom::Form_Resize() {
+    if (form_.frmAddMedia.State() == controls::WindowState::Minimised) return;
+    if (!KeepLeastSize(form_.frmAddMedia)) PlaceControls(form_);
+}
+
+void AddMediaRoom::Form_Unload() {
+    StopTask();
+    NoMouseOvers();
+}
+
+void AddMediaRoom::Drive1_Change() {
+    form_.Dir1.SetPath(form_.Drive1.Drive() + "\\");
+}
+
+void AddMediaRoom::Form_KeyDown(int key_code) {
+    if (key_code == controls::kKeyEscape) imgBackOver_Click();
+}
+
+void AddMediaRoom::cmdGetFiles_Click() {
+    if (task_ != Task::None) return;
+    BeginTask(Task::Searching, "SEARCHING");
+    form_.lblDirectory.SetCaption("");
+    form_.lstFiles.Clear();
+    form_.lblTotalFiles.SetCaption("0");
+    ticks_ = 0;
+    form_.tmrSearch.SetEnabled(true);
+}
+
+void AddMediaRoom::tmrSearch_Tick() {
+    ++ticks_;
+    if (ticks_ < kTicksBeforeSearch) return;
+    form_.tmrSearch.SetEnabled(false);
+    walk_.Search(form_.Dir1.Path());
+    if (loop_.IsEnding()) return;
+    ShowResult();
+    EndTask();
+}
+
+void AddMediaRoom::ShowResult() {
+    form_.lblTotalFiles.SetCaption(base::ToText(form_.lstFiles.ListCount()));
+    if (form_.lstFiles.ListCount() == 0) form_.lstFiles.AddItem(kNoneFound);
+}
+
+void AddMediaRoom::BeginTask(Task task, std::string_view heading) {
+    task_ = task;
+    stopped_ = false;
+    form_.lblSearch.SetCaption(heading);
+    form_.lblProgress.SetCaption("");
+    form_.lblDirectory.SetVisible(task == Task::Searching);
+    form_.lblProgress.SetVisible(task == Task::Adding);
+    form_.fraSearch.SetVisible(true);
+    form_.fraSearch.BringToFront();
+}
+
+void AddMediaRoom::EndTask() {
+    task_ = Task::None;
+    form_.fraSearch.SetVisible(false);
+}
+
+void AddMediaRoom::StopTask() {
+    stopped_ = true;
+    walk_.Cancel();
+    if (!form_.tmrSearch.Enabled()) return;
+    // The walk has not begun: nobody else would end the task.
+    form_.tmrSearch.SetEnabled(false);
+    EndTask();
+}
+
+void AddMediaRoom::cmdCancel_Click() {
+    StopTask();
+}
+
+void AddMediaRoom::imgBackOver_Click() {
+    StopTask();
+    NoMouseOvers();
+    form_.frmAddMedia.Hide();
+    main_window_.ShowMainWindow();
+}
+
+void AddMediaRoom::imgAddAllOver_Click() {
+    if (task_ != Task::None) return;
+    if (form_.lstFiles.ListCount() == 0 || form_.lstFiles.List(0) == kNoneFound) return;
+    AddFiles(FilesFound());
+}
+
+// The list may change while its files are added.
+std::vector<std::string> AddMediaRoom::FilesFound() const {
+    std::vector<std::string> paths;
+    paths.reserve(static_cast<std::size_t>(form_.lstFiles.ListCount()));
+    for (int row = 0; row < form_.lstFiles.ListCount(); ++row)
+        paths.emplace_back(form_.lstFiles.List(row));
+    return paths;
+}
+
+void AddMediaRoom::imgAddOver_Click() {
+    if (task_ != Task::None) return;
+    const std::string path = ChosenPath();
+    if (!path.empty()) AddFiles({path});
+}
+
+// The selected file, or the one that the person names; empty when there is none to add.
+std::string AddMediaRoom::ChosenPath() {
+    std::string path(form_.lstFiles.Text());
+    if (!path.empty()) return IsScanFile(path) ? path : std::string();
+    path = files_.FromNative(dialogs_.InputBox("What is the path of the song you would like to add?",
+                                               "Adding Media", base::Left(form_.Dir1.Path(), 3)));
+    return FileExists(files_, path) && IsScanFile(path) ? path : std::string();
+}
+
+void AddMediaRoom::AddFiles(const std::vector<std::string>& paths) {
+    std::string rejected;
+    BeginTask(Task::Adding, "ADDING TO LIBRARY");
+    AddEach(paths, rejected);
+    if (loop_.IsEnding()) return;
+    EndTask();
+    TellRejected(rejected);
+    if (form_.frmAddMedia.IsLoaded()) main_window_.ShowMainWindow();
+    main_window_.Command1();
+    NoMouseOvers();
+    form_.frmAddMedia.Hide();
+}
+
+void AddMediaRoom::AddEach(const std::vector<std::string>& paths, std::string& rejected) {
+    for (std::size_t i = 0; i < paths.size() && !IsStopped(); ++i) {
+        if (i % kRowsBetweenProgress == 0) ShowProgress(i, paths.size());
+        if (!IsScanFile(paths[i])) continue;
+        AddByName(paths[i], rejected);
+        loop_.Yield();
+    }
+}
+
+void AddMediaRoom::AddByName(std::string_view path, std::string& rejected) {
+    const SongName name = SongNameFromPath(path);
+    form_.Label1.SetCaption(name.artist);
+    form_.Label2.SetCaption(name.title);
+    addfile(path, form_.Label1.Caption(), form_.Label2.Caption(), rejected);
+}
+
+void AddMediaRoom::addfile(std::string_view path, std::string_view artist, std::string_view title,
+                           std::string& rejected) {
+    form_.frmAddMedia.LoadWindow();
+    const auto name = CleanSongName(path, {std::string(artist), std::string(title)});
+    if (!name || !form_.datAdd.Open(store::kAllSongs)) return;
+    store::RecordSet& songs = form_.datAdd.Recordset();
+    if (!AddNewWithKey(songs, store::tblSong::SongID, form_.lblEntryCount)) return;
+    if (!FitsLibrary(path, *name)) {
+        rejected.append(path).append("\r\n");
+        songs.CancelUpdate();
+        return;
+    }
+    songs.Set(store::tblSong::artist, base::Trim(name->artist));
+    songs.Set(store::tblSong::title, base::Trim(name->title));
+    songs.Set(store::tblSong::FilePath, base::Trim(path));
+    songs.Update();
+}
+
+void AddMediaRoom::ShowProgress(std::size_t added, std::size_t total) {
+    form_.lblProgress.SetCaption(base::ToText(static_cast<std::int64_t>(added)) + " of " +
+                                 base::ToText(static_cast<std::int64_t>(total)) + " files");
+}
+
+void AddMediaRoom::TellRejected(const std::string& rejected) {
+    if (rejected.empty()) return;
+    dialogs_.MsgBox("The following files could not be added because of long filenames\r\n" + rejected);
+}
+
+}  // namespace library

@@ -1,0 +1,62 @@
+#include "library/OpenedMediaRoom.h"
+
+#include <cstdint>
+#include <string>
+
+#include "base/Number.h"
+#include "library/Naming.h"
+#include "library/TableRows.h"
+#include "store/Tables.h"
+
+namespace library {
+
+OpenedMediaRoom::OpenedMediaRoom(OpenedMediaControls& controls, controls::Menu& mnuAddToLibrary,
+                                 controls::CommandButton& cmdAddToLibrary, controls::Form& frmAddMedia,
+                                 SongStore& song_store, MediaSources& sources, ports::Dialogs& dialogs)
+    : controls_(controls),
+      frmAddMedia_(frmAddMedia),
+      song_store_(song_store),
+      sources_(sources),
+      dialogs_(dialogs) {
+    claims_.Claim(mnuAddToLibrary.Click, [this] { mnuAddToLibrary_Click(); });
+    claims_.Claim(cmdAddToLibrary.Click, [this] { cmdAddToLibrary_Click(); });
+}
+
+void OpenedMediaRoom::AddMediaFromCommand(std::string_view path) {
+    // The text may belong to a control that the words below change.
+    const std::string file(path);
+    const SongName name = SongNameFromPath(file);
+    controls_.Label5.SetCaption(name.artist);
+    controls_.Label6.SetCaption(name.title);
+    if (AlreadyInLibrary(file)) return;
+    std::string rejected_in_silence;
+    song_store_.addfile(file, controls_.Label5.Caption(), controls_.Label6.Caption(), rejected_in_silence);
+}
+
+bool OpenedMediaRoom::AlreadyInLibrary(std::string_view path) {
+    store::RecordSet songs = OpenRows(sources_.datSong, store::kAllSongs);
+    songs.MoveFirst();
+    while (!songs.Eof() && songs.Text(store::tblSong::FilePath) != path)
+        songs.MoveNext();
+    if (songs.Eof()) return false;
+    const auto plays = static_cast<std::int64_t>(base::Val(songs.Text(store::tblSong::PlayCount)));
+    songs.Edit();
+    songs.Set(store::tblSong::PlayCount, base::ToText(plays + 1));
+    songs.Update();
+    return true;
+}
+
+void OpenedMediaRoom::OfferToAddMedia() {
+    if (!IsLibraryEmpty()) return;
+    const ports::BoxAnswer answer =
+        dialogs_.MsgBox("You currently have no media files in your library, would you like to add media now?",
+                        ports::BoxButtons::YesNo, "Add Media");
+    if (answer == ports::BoxAnswer::Yes) frmAddMedia_.Show();
+}
+
+bool OpenedMediaRoom::IsLibraryEmpty() {
+    if (!sources_.datSong.Open(store::kAllSongs)) return false;
+    return sources_.datSong.Recordset().RecordCount() == 0;
+}
+
+}  // namespace library

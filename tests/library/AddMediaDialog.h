@@ -1,0 +1,51 @@
+// The add dialog on files and stores in memory, beside a main window that remembers what was asked of it.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "fakes/FakeDesktop.h"
+#include "fakes/FakeDialogs.h"
+#include "fakes/FakeFiles.h"
+#include "fakes/SeededStores.h"
+#include "library/AddMediaForm.h"
+#include "library/AddMediaRoom.h"
+#include "library/LibraryPane.h"
+
+namespace testing_library {
+
+struct RecordingMainWindow final : library::MainWindow {
+    void ShowMainWindow() override { Calls.emplace_back("show"); }
+    void Command1() override { Calls.emplace_back("Command1"); }
+    bool Include_Sub_Folders() const override { return SubFolders; }
+
+    Rows Calls;
+    bool SubFolders = true;
+};
+
+struct AddMediaDialog {
+    AddMediaDialog() { Desktop.Adopt(Form.frmAddMedia); }
+
+    /// Runs the five ticks after the button, and the walk.
+    void Search(std::string_view folder) {
+        Form.frmAddMedia.Show();
+        Form.Dir1.SetPath(folder);
+        Form.cmdGetFiles.Click.Raise();
+        Desktop.Advance(kFiveTicks);
+    }
+    /// The songs as the file holds them, with blanks around nothing: key, artist, title, path, play count.
+    std::vector<fakes::SeededStores::Row> Songs() { return Stores.Rows("tblSong"); }
+
+    static constexpr int kFiveTicks = 50;
+
+    fakes::FakeDesktop Desktop;
+    fakes::FakeFiles Files;
+    fakes::FakeDialogs Dialogs;
+    fakes::SeededStores Stores{Desktop};
+    RecordingMainWindow Main;
+    library::AddMediaForm Form{Files};
+    library::AddMediaRoom Room{Form, Main, Stores.Stores, Files, Dialogs, Desktop, "C:\\app"};
+};
+
+}  // namespace testing_library

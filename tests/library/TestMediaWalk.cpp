@@ -1,0 +1,217 @@
+#include "library/MediaWalk.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "library/AddMediaDialog.h"
+
+namespace {
+
+using testing_library::RecordingMainWindow;
+using testing_library::Rows;
+using testing_library::RowsOf;
+
+class MediaWalkTest : public testing::Test {
+protected:
+    MediaWalkTest() {
+        for (const std::string_view pattern : {"ALL FORMATS", "AUDIO FORMATS", "VIDEO FORMATS"})
+            lstPattern.AddItem(pattern);
+    }
+
+    /// A folder of the tree "C:\1\2\3...", that deep.
+    static std::string FolderAtLevel(int level) {
+        std::string folder = "C:";
+        for (int i = 1; i <= level; ++i)
+            folder += "\\" + std::to_string(i);
+        return folder;
+    }
+
+    fakes::FakeFiles Files;
+    fakes::FakeDialogs Dialogs;
+    fakes::FakeDesktop Desktop;
+    RecordingMainWindow Main;
+    controls::ListBox lstPattern{"lstPattern"};
+    controls::ListBox lstFiles{"lstFiles"};
+    controls::Label lblTotalFiles{"lblTotalFiles", "0"};
+    controls::Label lblDirectory{"lblDirectory"};
+    library::MediaWalk Walk{
+        {lstPattern, lstFiles, lblTotalFiles, lblDirectory}, Main, Files, Dialogs, Desktop};
+};
+
+TEST_F(MediaWalkTest, FifteenLevelsAreSearchedAndTheSixteenthIsNot) {
+    for (int level = 1; level <= 16; ++level)
+        Files.AddFile(FolderAtLevel(level) + "\\song.mp3");
+
+    Walk.Search("C:\\1");
+
+    ASSERT_EQ(lstFiles.ListCount(), 15);
+    EXPECT_EQ(lstFiles.List(14), FolderAtLevel(15) + "\\song.mp3");
+    EXPECT_EQ(lblDirectory.Caption(), FolderAtLevel(15));
+}
+
+TEST_F(MediaWalkTest, EveryBranchIsSearchedBeforeTheNextOne) {
+    Files.AddFile("C:\\Music\\a.mp3");
+    Files.AddFile("C:\\Music\\First\\b.mp3");
+    Files.AddFile("C:\\Music\\First\\Deep\\c.mp3");
+    Files.AddFile("C:\\Music\\Second\\d.mp3");
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(RowsOf(lstFiles), (Rows{"C:\\Music\\a.mp3", "C:\\Music\\First\\b.mp3",
+                                      "C:\\Music\\First\\Deep\\c.mp3", "C:\\Music\\Second\\d.mp3"}));
+}
+
+TEST_F(MediaWalkTest, AFolderWithNothingInItIsNotShown) {
+    Files.AddFile("C:\\Music\\Album\\a.mp3");
+    Files.AddFolder("C:\\Music\\Empty");
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(lblDirectory.Caption(), "C:\\Music\\Album");
+}
+
+TEST_F(MediaWalkTest, AnEmptyStartFolderIsNotShown) {
+    Files.AddFolder("C:\\Empty");
+
+    Walk.Search("C:\\Empty");
+
+    EXPECT_EQ(lblDirectory.Caption(), "");
+    EXPECT_EQ(lstFiles.ListCount(), 0);
+}
+
+TEST_F(MediaWalkTest, AFolderThatHoldsOnlyFoldersIsShown) {
+    Files.AddFolder("C:\\Music\\Empty");
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(lblDirectory.Caption(), "C:\\Music");
+}
+
+TEST_F(MediaWalkTest, ThePreferenceSearchesSubFoldersWithoutAQuestion) {
+    Files.AddFile("C:\\Music\\Album\\a.mp3");
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_TRUE(Dialogs.Boxes.empty());
+    EXPECT_EQ(lstFiles.ListCount(), 1);
+}
+
+TEST_F(MediaWalkTest, WithoutThePreferenceThePersonIsAskedOnce) {
+    Main.SubFolders = false;
+    Files.AddFile("C:\\Music\\One\\Two\\a.mp3");
+    Dialogs.Answers = {ports::BoxAnswer::Yes};
+
+    Walk.Search("C:\\Music");
+
+    ASSERT_EQ(Dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(Dialogs.Boxes[0].text,
+              "Sub folders are not currently being search because of you preferences.\r\n"
+              "Would you like to search sub folders?");
+    EXPECT_EQ(Dialogs.Boxes[0].title, "Search sub folders?");
+    EXPECT_EQ(Dialogs.Boxes[0].buttons, ports::BoxButtons::YesNo);
+    EXPECT_EQ(RowsOf(lstFiles), (Rows{"C:\\Music\\One\\Two\\a.mp3"}));
+}
+
+TEST_F(MediaWalkTest, NoKeepsToTheStartFolder) {
+    Main.SubFolders = false;
+    Files.AddFile("C:\\Music\\a.mp3");
+    Files.AddFile("C:\\Music\\Album\\b.mp3");
+    Dialogs.Answers = {ports::BoxAnswer::No};
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(RowsOf(lstFiles), (Rows{"C:\\Music\\a.mp3"}));
+}
+
+TEST_F(MediaWalkTest, ThePatternSaysWhichKindsAreCollected) {
+    const Rows audio{"a.mp3", "b.WMA", "c.wav", "d.mid"};
+    const Rows video{"e.mpg", "f.jpeg", "g.wmv", "h.AVI"};
+    Rows all = audio;
+    all.insert(all.end(), video.begin(), video.end());
+    for (const std::string& name : all)
+        Files.AddFile("C:\\Music\\" + name);
+    for (const std::string_view other : {"i.mp4", "j.vob", "k.txt", "l.mpl", "m"})
+        Files.AddFile("C:\\Music\\" + std::string(other));
+    const std::vector<std::pair<int, Rows>> cases{{-1, all}, {0, all}, {1, audio}, {2, video}};
+
+    for (const auto& [row, names] : cases) {
+        lstPattern.SetListIndex(row);
+        lstFiles.Clear();
+        Walk.GetFiles("C:\\Music");
+
+        Rows paths;
+        for (const std::string& name : names)
+            paths.push_back("C:\\Music\\" + name);
+        EXPECT_EQ(RowsOf(lstFiles), paths) << "pattern row " << row;
+    }
+}
+
+TEST_F(MediaWalkTest, TheCountGrowsByOneForEachFile) {
+    Files.AddFile("C:\\Music\\a.mp3");
+    Files.AddFile("C:\\Music\\b.mp3");
+    lblTotalFiles.SetCaption("5");
+
+    Walk.GetFiles("C:\\Music");
+
+    EXPECT_EQ(lblTotalFiles.Caption(), "7");
+}
+
+TEST_F(MediaWalkTest, AnUnreadableFolderYieldsNothingAndTheWalkGoesOn) {
+    Files.AddFile("C:\\Music\\Locked\\a.mp3");
+    Files.AddFile("C:\\Music\\Open\\b.mp3");
+    Files.MakeUnreadable("C:\\Music\\Locked");
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(RowsOf(lstFiles), (Rows{"C:\\Music\\Open\\b.mp3"}));
+}
+
+TEST_F(MediaWalkTest, AMissingStartFolderYieldsNothing) {
+    Walk.Search("C:\\Nowhere");
+
+    EXPECT_EQ(lstFiles.ListCount(), 0);
+}
+
+TEST_F(MediaWalkTest, TheDesktopLivesAfterEachSubFolder) {
+    for (const std::string_view folder : {"A", "B", "B\\C"})
+        Files.AddFile("C:\\Music\\" + std::string(folder) + "\\a.mp3");
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(Desktop.Yields, 3);
+}
+
+TEST_F(MediaWalkTest, ACancelEndsAllItsLevels) {
+    for (const std::string_view folder : {"A\\B", "A\\C", "D"})
+        Files.AddFile("C:\\Music\\" + std::string(folder) + "\\a.mp3");
+    Desktop.Post([this] { Walk.Cancel(); });
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(RowsOf(lstFiles), (Rows{"C:\\Music\\A\\B\\a.mp3"}));
+    EXPECT_EQ(Desktop.Yields, 1);
+}
+
+TEST_F(MediaWalkTest, ACancelledWalkMayBeFollowedByAnother) {
+    Files.AddFile("C:\\Music\\A\\a.mp3");
+    Walk.Cancel();
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(lstFiles.ListCount(), 1);
+}
+
+TEST_F(MediaWalkTest, TheEndOfTheProgramEndsTheWalk) {
+    Files.AddFile("C:\\Music\\A\\a.mp3");
+    Files.AddFile("C:\\Music\\B\\b.mp3");
+    Desktop.Post([this] { Desktop.Ending = true; });
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(RowsOf(lstFiles), (Rows{"C:\\Music\\A\\a.mp3"}));
+}
+
+}  // namespace
