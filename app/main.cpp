@@ -1,13 +1,13 @@
 // Builds everything, in order, and runs it.
 //
-// The page engine and the media engine take a tenth of a second to load, so both come after the first window has been
-// painted: the pages as a module when the first page is wanted, the media engine on a thread of its own.
+// The page engine and the media engine take a tenth of a second to load, so both come after the first window
+// has been painted: the pages as a module when the first page is wanted, the media engine on a thread of its
+// own.
 
 #include <QSocketNotifier>
 #include <cstdio>
 #include <filesystem>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "desktop/MainWindow.h"
@@ -29,11 +29,14 @@ namespace {
 constexpr int kNoDisplay = 2;
 constexpr int kNoLock = 3;
 
-std::string FolderOf(const std::string& file) { return std::filesystem::path(file).parent_path().string(); }
+std::string FolderOf(const std::string& file) {
+    return std::filesystem::path(file).parent_path().string();
+}
 
 std::string DownloadFolder() {
     const char* const home = std::getenv("HOME");
-    const std::filesystem::path downloads = std::filesystem::path(home != nullptr ? home : "/tmp") / "Downloads";
+    const std::filesystem::path downloads =
+        std::filesystem::path(home != nullptr ? home : "/tmp") / "Downloads";
     std::error_code ignored_when_it_is_there;
     std::filesystem::create_directories(downloads, ignored_when_it_is_there);
     return downloads.string();
@@ -74,19 +77,18 @@ int main(int argc, char** argv) {
     gstreamer::MediaEngine media(to_native);
     qt::DesktopWindows window_services;
 
-    desktop::Windows windows;
+    desktop::Windows windows(files);
     const webengine::PageSettings pages{DownloadFolder(), to_native};
     qt::Screen screen(loop, {folder, [&files](const std::string& path) { return files.FromNative(path); },
                              [&folder, &pages] { return webengine::LoadPages(folder, pages); }});
-    std::jthread warm_up;
-    screen.AfterFirstPaint = [&media, &warm_up] { warm_up = std::jthread([&media] { media.WarmUp(); }); };
-    for (controls::Form* form : windows.All()) screen.Adopt(*form);
+    screen.AfterFirstPaint = [&media] { media.WarmUp(); };
+    for (controls::Form* form : windows.All())
+        screen.Adopt(*form);
     qt::WindowRegions regions(screen, windows.frmBrowser);
 
-    desktop::MainWindow main_window(windows,
-                                    {database, files, media, window_services, regions, boxes, loop, clock, chance,
-                                     instance},
-                                    command, [&loop] { loop.Quit(); });
+    desktop::MainWindow main_window(
+        windows, {database, files, media, window_services, regions, boxes, loop, clock, chance, instance},
+        command, [&loop] { loop.Quit(); });
     QSocketNotifier hand_over(instance.FileDescriptor(), QSocketNotifier::Read);
     QObject::connect(&hand_over, &QSocketNotifier::activated, &hand_over, [&instance] { instance.Serve(); });
     main_window.Start();

@@ -97,6 +97,17 @@ void MainWindow::BuildLibrary() {
     BuildMediaDialog();
 }
 
+void MainWindow::BuildMediaDialog() {
+    BrowserForm& window = desk_.windows.frmBrowser;
+    Rooms& rooms = desk_.rooms;
+    const Ports& ports = desk_.ports;
+    rooms.add_media.emplace(desk_.windows.add_media, library_links_, *rooms.stores, ports.files,
+                            ports.dialogs, ports.events, ports.files.ApplicationFolder());
+    rooms.opened.emplace(window.library.opened, window.menus.mnuAddToLibrary,
+                         window.library.search.cmdAddToLibrary, desk_.windows.add_media.frmAddMedia,
+                         *rooms.add_media, window.library.sources, ports.dialogs);
+}
+
 std::string MainWindow::StorePath(std::string_view file) const {
     return desk_.ports.files.ApplicationFolder().append(file);
 }

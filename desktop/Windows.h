@@ -18,7 +18,8 @@
 namespace desktop {
 
 struct Windows {
-    Windows();
+    /// `files` is what the folder lists show.
+    explicit Windows(ports::Files& files);
 
     BrowserForm frmBrowser;
     core::ActivateForm activate;

@@ -1,0 +1,115 @@
+// The controls of the music pane that show and change the library, and the data sources behind them.
+#pragma once
+
+#include "controls/Lists.h"
+#include "controls/Menu.h"
+#include "controls/Simple.h"
+#include "controls/Surfaces.h"
+#include "store/DataSource.h"
+
+namespace library {
+
+/// The main window's two data sources of the media store. A walk sets the record source anew each time and
+/// relies on no position that another walk left.
+struct MediaSources {
+    store::DataSource datSong{"datSong"};
+    store::DataSource datPlayList{"datPlayList"};
+};
+
+/// The three linked lists and the hidden lists behind them. lstMaybe stands row for row beside lstTracks: a
+/// SongID, or the path of a track that came from outside the library.
+struct LibraryListControls {
+    LibraryListControls();
+
+    controls::Label lblPlayLists{"lblPlayLists", "PLAYLISTS"};
+    controls::ListBox lstPlayLists{"lstPlayLists"};
+    controls::Label lblArtists{"lblArtists", "ARTISTS"};
+    controls::ListBox lstArtists{"lstArtists"};
+    controls::ListBox lstTracks{"lstTracks"};
+    controls::ListBox lstMaybe{"lstMaybe"};
+    controls::ListBox lstMusicTest{"lstMusicTest", controls::Sorted::Yes};
+    controls::ListBox lstTop20{"lstTop20", controls::Sorted::Yes};
+};
+
+/// What adds songs to playlists and takes them out: the buttons of the pane, and the panel that asks for the
+/// playlist. The panel's inside is placed here once, in a fraPlayListCenter of a fixed size; the window
+/// centres it.
+struct PlayListControls {
+    PlayListControls();
+
+    controls::Image imgAddSong{"imgAddSong", "addsong"};
+    controls::Image imgAddSongOver{"imgAddSongOver", "addsongover"};
+    controls::Image imgRemoveSong{"imgRemoveSong", "removesong"};
+    controls::Image imgRemoveSongOver{"imgRemoveSongOver", "removesongover"};
+
+    controls::Frame fraAddToPlaylist{"fraAddToPlaylist"};
+    controls::Image imgBG2{"imgBG2"};
+    controls::Frame fraPlayListCenter{"fraPlayListCenter"};
+    controls::Label lblAddToPlaylist{"lblAddToPlaylist", "ADD TO PLAYLIST"};
+    controls::Label lblSongToAdd{"lblSongToAdd", "Song"};
+    controls::TextBox txtSongToAdd{"txtSongToAdd"};
+    controls::Label lblAddPlayListSongID{"lblAddPlayListSongID"};
+    controls::Label lblChoosePlaylist{"lblChoosePlaylist", "Playlist"};
+    controls::ListBox lstAddToPlaylist{"lstAddToPlaylist"};
+    controls::Image imgAddToPlaylist{"imgAddToPlaylist", "addtoplaylist"};
+    controls::Image imgOk{"imgOk", "ok"};
+    controls::Image imgOkOver{"imgOkOver", "okover"};
+    controls::Image imgCancel{"imgCancel", "cancel"};
+    controls::Image imgCancelOver{"imgCancelOver", "cancelover"};
+    controls::Image imgDeletePlayList{"imgDeletePlayList", "deleteplaylist"};
+    controls::Image imgDeletePlayListOver{"imgDeletePlayListOver", "deleteplaylistover"};
+
+    controls::Label lblEntryCount2{"lblEntryCount2"};
+};
+
+/// The incremental search of the library.
+struct SearchControls {
+    SearchControls();
+
+    controls::Frame fraSearch{"fraSearch"};
+    controls::TextBox txtSearch{"txtSearch"};
+    controls::CommandButton cmdAddToLibrary{"cmdAddToLibrary", "Add media"};
+    controls::Timer tmrSearch{"tmrSearch", 10};
+};
+
+/// The hidden labels that hold the artist and title of media opened from outside.
+struct OpenedMediaControls {
+    OpenedMediaControls();
+
+    controls::Label Label5{"Label5"};
+    controls::Label Label6{"Label6"};
+};
+
+/// The progress panel of the long library tasks, and their hidden lists.
+struct TaskControls {
+    TaskControls();
+
+    controls::Frame fraTask{"fraTask"};
+    controls::Label lblTask{"lblTask"};
+    controls::Label lblFound{"lblFound"};
+    controls::Label lblFoundNo{"lblFoundNo"};
+    controls::Label lblDuplicatesRemoved{"lblDuplicatesRemoved"};
+    controls::Label lblDuplicatesNoRemoved{"lblDuplicatesNoRemoved"};
+    controls::Label lblStatus{"lblStatus"};
+    controls::ListBox lstTracksToAdd{"lstTracksToAdd"};
+    controls::ListBox lstartist{"lstartist"};
+    controls::ListBox lsttitle{"lsttitle"};
+    controls::ListBox lstCleanup{"lstCleanup", controls::Sorted::Yes};
+    controls::ListBox lstcleanupremove{"lstcleanupremove"};
+};
+
+/// The menu entries of the playlists.
+struct PlayListMenu {
+    controls::Menu& mnuNewPlayList;
+    controls::Menu& mnuRemoveSong;
+};
+
+/// The search field menu: exactly one entry is checked.
+struct SearchMenu {
+    controls::Menu& mnuSearchBroad;
+    controls::Menu& mnuSearchTitle;
+    controls::Menu& mnuSearchArtist;
+    controls::Menu& mnuSearchFilename;
+};
+
+}  // namespace library

@@ -1,0 +1,342 @@
+#include "library/LibraryListsRoom.h"
+
+#include <set>
+#include <vector>
+
+#include "base/Number.h"
+#include "base/Text.h"
+#include "library/TableRows.h"
+#include "store/Tables.h"
+
+namespace library {
+namespace {
+
+constexpr std::string_view kIndent = "  ";
+constexpr std::string_view kSeparator = " - ";
+constexpr std::size_t kMostPlayLists = 100;
+constexpr int kTopRows = 20;
+constexpr int kCountDigits = 5;
+constexpr std::string_view kCountGap = "         ";
+
+std::string Special(std::string_view name) {
+    return std::string(kIndent).append(name);
+}
+
+bool IsWholeLibrary(std::string_view playlist) {
+    return playlist.empty() || playlist == kAllMedia;
+}
+
+bool IsEveryone(std::string_view artist) {
+    return artist.empty() || artist == kAllArtists;
+}
+
+}  // namespace
+
+LibraryListsRoom::LibraryListsRoom(LibraryListControls& controls, MediaSources& sources,
+                                   controls::ListBox& lstAddToPlaylist, const controls::ListBox& lstOpenWith,
+                                   ports::EventLoop& loop, LibraryListOutlets outlets)
+    : controls_(controls),
+      sources_(sources),
+      add_names_(lstAddToPlaylist),
+      open_with_(lstOpenWith),
+      loop_(loop),
+      outlets_(outlets) {
+    const auto hide_overs = [this](int, int, double, double) { outlets_.mouse_overs.NoMouseOvers(); };
+    claims_.Claim(controls_.lstPlayLists.Click, [this] { lstPlayLists_Click(); });
+    claims_.Claim(controls_.lstPlayLists.MouseMove, hide_overs);
+    claims_.Claim(controls_.lstArtists.Click, [this] { lstArtists_Click(); });
+    claims_.Claim(controls_.lstArtists.KeyDown, [this](int key_code, int) { List_KeyDown(key_code); });
+    claims_.Claim(controls_.lstArtists.MouseMove, hide_overs);
+    claims_.Claim(controls_.lstTracks.Click, [this] { lstTracks_Click(); });
+    claims_.Claim(controls_.lstTracks.KeyDown, [this](int key_code, int) { List_KeyDown(key_code); });
+    claims_.Claim(controls_.lstTracks.MouseMove, hide_overs);
+}
+
+void LibraryListsRoom::Command1() {
+    outlets_.reload.ShowLoadingStage("Media Library");
+    DisplayPlayLists();
+    DisplayArtists({});
+    DisplayTracks({}, {});
+    outlets_.reload.ShowLoadingStage("Favourites");
+    outlets_.reload.LoadFavs();
+    outlets_.reload.ShowLoadingStage("Initial tracks");
+    for (int row = 0; row < open_with_.ListCount(); ++row) {
+        outlets_.reload.AddMediaFromCommand(std::string(open_with_.List(row)));
+    }
+}
+
+void LibraryListsRoom::DisplayPlayLists() {
+    controls_.lstPlayLists.Clear();
+    add_names_.Clear();
+    for (const std::string_view name : {kAllMedia, kLast20, kTop20})
+        controls_.lstPlayLists.AddItem(Special(name));
+
+    std::set<std::string, std::less<>> seen;
+    store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRows);
+    DatabasePlayListID = 0;
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        ++DatabasePlayListID;
+        const std::string_view name = base::Trim(rows.Text(store::tblPlayList::Name));
+        if (name.empty() || seen.size() >= kMostPlayLists || seen.contains(name)) continue;
+        seen.emplace(name);
+        controls_.lstPlayLists.AddItem(name);
+        add_names_.AddItem(name);
+    }
+    outlets_.listener.OnPlayListsListed();
+}
+
+void LibraryListsRoom::DisplayArtists(std::string_view playlist) {
+    const std::string_view name = base::Trim(playlist);
+    const bool whole_library = IsWholeLibrary(name);
+    controls_.lstMusicTest.Clear();
+    controls_.lstArtists.Clear();
+    seen_artists_.Clear();
+    controls_.lstArtists.AddItem(Special(kAllArtists));
+
+    store::RecordSet rows = whole_library ? OpenRows(sources_.datSong, store::kAllSongs)
+                                          : OpenRows(sources_.datPlayList, store::kAllPlayListRows);
+    const store::Field artist = whole_library ? store::tblSong::artist : store::tblPlayList::artist;
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        if (whole_library || base::Trim(rows.Text(store::tblPlayList::Name)) == name)
+            AddArtist(rows.Text(artist));
+    }
+    NoDuplicateArtists();
+}
+
+void LibraryListsRoom::DisplayTracks(std::string_view playlist, std::string_view artist) {
+    const std::string_view name = base::Trim(playlist);
+    if (name == kLast20 || name == kTop20) {
+        NarrowView(name, base::Trim(artist));
+        return;
+    }
+    ClearTracks();
+    if (IsWholeLibrary(name)) {
+        DisplayLibraryTracks(base::Trim(artist));
+    } else {
+        DisplayPlayListTracks(name, base::Trim(artist));
+    }
+}
+
+void LibraryListsRoom::DisplayLibraryTracks(std::string_view artist) {
+    const bool everyone = IsEveryone(artist);
+    store::RecordSet rows = OpenRows(sources_.datSong, store::kAllSongs);
+    DatabaseTrackID = 0;
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        ++DatabaseTrackID;
+        const std::string_view row_artist = rows.Text(store::tblSong::artist);
+        if (!everyone && base::Trim(row_artist) != artist) continue;
+        AddTrack(rows.Text(store::tblSong::SongID), row_artist, rows.Text(store::tblSong::title));
+    }
+}
+
+void LibraryListsRoom::DisplayPlayListTracks(std::string_view playlist, std::string_view artist) {
+    const bool everyone = IsEveryone(artist);
+    store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRows);
+    DatabasePlayListID = 0;
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        ++DatabasePlayListID;
+        if (base::Trim(rows.Text(store::tblPlayList::Name)) != playlist) continue;
+        const std::string_view song_id = rows.Text(store::tblPlayList::SongID);
+        const std::string_view row_artist = rows.Text(store::tblPlayList::artist);
+        if (song_id.empty() || (!everyone && base::Trim(row_artist) != artist)) continue;
+        AddTrack(song_id, row_artist, rows.Text(store::tblPlayList::title));
+    }
+}
+
+void LibraryListsRoom::OpenPlayList(std::string_view name) {
+    const std::string wanted(base::Trim(name));
+    controls_.lstArtists.Clear();
+    controls_.lstMusicTest.Clear();
+    seen_artists_.Clear();
+    ClearTracks();
+
+    const std::uint64_t filling = filling_;
+    store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRows);
+    DatabasePlayListID = 0;
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        ++DatabasePlayListID;
+        const std::string_view song_id = rows.Text(store::tblPlayList::SongID);
+        if (!song_id.empty() && base::Trim(rows.Text(store::tblPlayList::Name)) == wanted) {
+            AddSong(song_id, rows.Text(store::tblPlayList::artist), rows.Text(store::tblPlayList::title));
+        }
+        loop_.Yield();
+        if (filling != filling_ || loop_.IsEnding()) return;
+    }
+    controls_.lstArtists.AddItem(Special(kAllArtists));
+    NoDuplicateArtists();
+    outlets_.listener.OnTracksRefilled();
+}
+
+void LibraryListsRoom::NoDuplicateArtists() {
+    std::string_view previous;
+    for (int row = 0; row < controls_.lstMusicTest.ListCount(); ++row) {
+        const std::string_view artist = controls_.lstMusicTest.List(row);
+        if (artist != previous) controls_.lstArtists.AddItem(artist);
+        previous = artist;
+    }
+    seen_artists_.Clear();
+}
+
+void LibraryListsRoom::RefillIfEmpty() {
+    if (controls_.lstTracks.ListCount() > 0) return;
+    DisplayArtists({});
+    DisplayTracks({}, {});
+}
+
+void LibraryListsRoom::AddOutsideTrack(std::string_view text, std::string_view path) {
+    controls_.lstTracks.AddItem(text);
+    controls_.lstMaybe.AddItem(path);
+    outlets_.listener.OnTracksRefilled();
+}
+
+void LibraryListsRoom::BeginView() {
+    controls_.lstArtists.Clear();
+    controls_.lstMusicTest.Clear();
+    seen_artists_.Clear();
+    ClearTracks();
+    controls_.lstArtists.AddItem(Special(kAllArtists));
+}
+
+void LibraryListsRoom::AddSong(std::string_view song_id, std::string_view artist, std::string_view title) {
+    AddTrack(song_id, artist, title);
+    AddArtist(artist);
+}
+
+std::string LibraryListsRoom::SelectedEntry() {
+    const int row = controls_.lstTracks.ListIndex();
+    if (row < 0 || !controls_.lstMaybe.SetListIndex(row)) return {};
+    return std::string(controls_.lstMaybe.Text());
+}
+
+std::string LibraryListsRoom::SelectedPlayList() const {
+    return std::string(base::Trim(controls_.lstPlayLists.Text()));
+}
+
+void LibraryListsRoom::lstPlayLists_Click() {
+    const std::string name = SelectedPlayList();
+    if (name == kLast20) {
+        ShowLast20();
+    } else if (name == kTop20) {
+        ShowTop20();
+    } else if (name == kAllMedia) {
+        DisplayArtists({});
+        DisplayTracks({}, {});
+    } else if (!name.empty()) {
+        OpenPlayList(name);
+    }
+}
+
+void LibraryListsRoom::lstArtists_Click() {
+    if (narrowing_) return;
+    const std::string artist(controls_.lstArtists.Text());
+    DisplayTracks(SelectedPlayList(), artist);
+}
+
+void LibraryListsRoom::lstTracks_Click() {
+    const std::string_view entry = controls_.lstMaybe.List(controls_.lstTracks.ListIndex());
+    const bool is_song = base::Len(entry) < kShortestPath;
+    controls_.lstTracks.DragText = is_song ? std::string(entry) : std::string();
+}
+
+void LibraryListsRoom::List_KeyDown(int key_code) {
+    if (key_code == controls::kKeyDelete) outlets_.listener.OnRemoveKey();
+}
+
+void LibraryListsRoom::ClearTracks() {
+    ++filling_;
+    TopViewShown = false;
+    controls_.lstTracks.Clear();
+    controls_.lstTracks.DragText.clear();
+    controls_.lstMaybe.Clear();
+    outlets_.listener.OnTracksRefilled();
+}
+
+void LibraryListsRoom::AddTrack(std::string_view song_id, std::string_view artist, std::string_view title) {
+    row_.assign(artist).append(kSeparator).append(title);
+    controls_.lstTracks.AddItem(row_);
+    controls_.lstMaybe.AddItem(song_id);
+}
+
+// lstArtists shows each artist once, so that lstMusicTest needs each only once as well: a large library has
+// many more songs than artists.
+void LibraryListsRoom::AddArtist(std::string_view artist) {
+    if (seen_artists_.IsNew(artist)) controls_.lstMusicTest.AddItem(artist);
+}
+
+void LibraryListsRoom::ShowLast20() {
+    ClearTracks();
+    outlets_.history.PopulateHistory("Music");
+}
+
+void LibraryListsRoom::ShowTop20() {
+    BeginView();
+    TopViewShown = true;
+    FillTop20Keys();
+    ShowTop20Tracks();
+}
+
+void LibraryListsRoom::FillTop20Keys() {
+    controls_.lstTop20.Clear();
+    store::RecordSet rows = OpenRows(sources_.datSong, store::kAllSongs);
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        const std::string_view play_count = rows.Text(store::tblSong::PlayCount);
+        if (play_count.empty()) continue;
+        const auto count = static_cast<std::int64_t>(base::Val(play_count));
+        if (count <= 0) continue;
+        row_ = base::Padded(count, kCountDigits);
+        row_.append(kCountGap).append(rows.Text(store::tblSong::SongID));
+        controls_.lstTop20.AddItem(row_);
+    }
+}
+
+void LibraryListsRoom::ShowTop20Tracks() {
+    struct Place {
+        std::string song_id;
+        std::string artist;
+        std::string title;
+        bool found = false;
+    };
+    std::vector<Place> places;
+    for (int row = controls_.lstTop20.ListCount() - 1; row >= 0 && places.size() < kTopRows; --row) {
+        const std::string_view key = controls_.lstTop20.List(row);
+        const std::size_t gap = key.find(kCountGap);
+        places.push_back({std::string(key.substr(gap + kCountGap.size())), {}, {}, false});
+    }
+    store::RecordSet rows = OpenRows(sources_.datSong, store::kAllSongs);
+    for (rows.MoveFirst(); !rows.Eof() && !places.empty(); rows.MoveNext()) {
+        const std::string_view song_id = rows.Text(store::tblSong::SongID);
+        for (Place& place : places) {
+            if (place.found || place.song_id != song_id) continue;
+            place.artist = rows.Text(store::tblSong::artist);
+            place.title = rows.Text(store::tblSong::title);
+            place.found = true;
+        }
+    }
+    for (const Place& place : places) {
+        if (place.found) AddTrack(place.song_id, place.artist, place.title);
+    }
+}
+
+void LibraryListsRoom::NarrowView(std::string_view view, std::string_view artist) {
+    const std::string wanted(artist);
+    narrowing_ = true;
+    if (view == kTop20) {
+        ShowTop20();
+    } else {
+        ShowLast20();
+    }
+    if (!IsEveryone(wanted)) KeepArtist(wanted);
+    controls_.lstArtists.SelectText(IsEveryone(wanted) ? Special(kAllArtists) : wanted);
+    narrowing_ = false;
+}
+
+void LibraryListsRoom::KeepArtist(std::string_view artist) {
+    const std::string start = std::string(artist).append(kSeparator);
+    for (int row = controls_.lstTracks.ListCount() - 1; row >= 0; --row) {
+        if (base::StartsWith(controls_.lstTracks.List(row), start)) continue;
+        controls_.lstTracks.RemoveItem(row);
+        controls_.lstMaybe.RemoveItem(row);
+    }
+}
+
+}  // namespace library

@@ -1,0 +1,207 @@
+#include "library/PlayListRoom.h"
+
+#include "base/Text.h"
+#include "library/TableRows.h"
+#include "store/Tables.h"
+
+namespace library {
+namespace {
+
+constexpr std::string_view kNewName = "New_Playlist";
+
+}  // namespace
+
+PlayListRoom::PlayListRoom(PlayListControls& controls, PlayListMenu menu, MediaSources& sources,
+                           LibraryDesk& desk, ports::Dialogs& dialogs, MouseOvers& mouse_overs)
+    : controls_(controls),
+      menu_(menu),
+      sources_(sources),
+      desk_(desk),
+      dialogs_(dialogs),
+      mouse_overs_(mouse_overs) {
+    ClaimButtons();
+    ClaimPanel();
+    claims_.Claim(menu_.mnuNewPlayList.Click, [this] { mnuNewPlayList_Click(); });
+    claims_.Claim(menu_.mnuRemoveSong.Click, [this] { mnuRemoveSong_Click(); });
+}
+
+void PlayListRoom::ClaimButtons() {
+    ClaimTwin(controls_.imgAddSong, controls_.imgAddSongOver);
+    claims_.Claim(controls_.imgAddSongOver.Click, [this] { imgAddSongOver_Click(); });
+    ClaimTwin(controls_.imgRemoveSong, controls_.imgRemoveSongOver);
+    claims_.Claim(controls_.imgRemoveSongOver.Click, [this] { imgRemoveSongOver_Click(); });
+}
+
+void PlayListRoom::ClaimPanel() {
+    const auto hide_overs = [this](int, int, double, double) { mouse_overs_.NoMouseOvers(); };
+    claims_.Claim(controls_.imgBG2.MouseMove, hide_overs);
+    claims_.Claim(controls_.fraPlayListCenter.MouseMove, hide_overs);
+    claims_.Claim(controls_.lstAddToPlaylist.MouseMove, hide_overs);
+    claims_.Claim(controls_.lstAddToPlaylist.KeyDown,
+                  [this](int key_code, int) { lstAddToPlaylist_KeyDown(key_code); });
+    claims_.Claim(controls_.imgAddToPlaylist.Click, [this] { imgOkOver_Click(); });
+    ClaimTwin(controls_.imgOk, controls_.imgOkOver);
+    claims_.Claim(controls_.imgOkOver.Click, [this] { imgOkOver_Click(); });
+    ClaimTwin(controls_.imgCancel, controls_.imgCancelOver);
+    claims_.Claim(controls_.imgCancelOver.Click, [this] { imgCancelOver_Click(); });
+    ClaimTwin(controls_.imgDeletePlayList, controls_.imgDeletePlayListOver);
+    claims_.Claim(controls_.imgDeletePlayListOver.Click, [this] { imgDeletePlayListOver_Click(); });
+}
+
+void PlayListRoom::ClaimTwin(controls::Image& plain, controls::Image& over) {
+    claims_.Claim(plain.MouseMove, [&over](int, int, double, double) { over.SetVisible(true); });
+}
+
+void PlayListRoom::imgAddSongOver_Click() {
+    const std::string track = desk_.SelectedTrack();
+    if (base::Trim(track).empty()) return;
+    const std::string entry = desk_.SelectedEntry();
+    controls_.lblAddPlayListSongID.SetCaption(entry);
+    if (base::Len(entry) >= kShortestPath) {
+        dialogs_.MsgBox(
+            "This track has been dragged from an outside source and so can't be added to a play list. "
+            "Please use the search to find this track.",
+            ports::BoxButtons::Ok, "Can not add to play list", ports::BoxIcon::Information);
+        return;
+    }
+    desk_.DisplayPlayLists();
+    controls_.fraAddToPlaylist.SetVisible(true);
+    controls_.fraAddToPlaylist.BringToFront();
+    controls_.txtSongToAdd.SetText(track);
+    controls_.lstAddToPlaylist.SetFocus();
+}
+
+void PlayListRoom::imgOkOver_Click() {
+    const std::string name(controls_.lstAddToPlaylist.Text());
+    if (base::Trim(name).empty() || base::Trim(controls_.txtSongToAdd.Text()).empty()) return;
+    addsong(controls_.lblAddPlayListSongID.Caption(), name);
+    controls_.fraAddToPlaylist.SetVisible(false);
+}
+
+void PlayListRoom::imgCancelOver_Click() {
+    controls_.fraAddToPlaylist.SetVisible(false);
+}
+
+void PlayListRoom::lstAddToPlaylist_KeyDown(int key_code) {
+    if (key_code == controls::kKeyEnter) imgOkOver_Click();
+    if (key_code == controls::kKeyEscape) imgCancelOver_Click();
+}
+
+void PlayListRoom::addsong(std::string_view song_id, std::string_view playlist_name) {
+    const std::string_view wanted = base::Trim(song_id);
+    store::RecordSet songs = OpenRows(sources_.datSong, store::kAllSongs);
+    songs.MoveFirst();
+    while (!songs.Eof() && base::Trim(songs.Text(store::tblSong::SongID)) != wanted)
+        songs.MoveNext();
+    if (songs.Eof() || wanted.empty()) return;
+
+    store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRows);
+    if (!AddNewWithKey(rows, store::tblPlayList::PlayListID, controls_.lblEntryCount2)) return;
+    rows.Set(store::tblPlayList::Name, base::Trim(playlist_name));
+    rows.Set(store::tblPlayList::SongID, songs.Text(store::tblSong::SongID));
+    rows.Set(store::tblPlayList::artist, songs.Text(store::tblSong::artist));
+    rows.Set(store::tblPlayList::title, songs.Text(store::tblSong::title));
+    rows.Update();
+}
+
+void PlayListRoom::imgRemoveSongOver_Click() {
+    if (desk_.SelectedTrack().empty()) return;
+    const std::string song_id = desk_.SelectedEntry();
+    const std::string playlist = desk_.SelectedPlayList();
+    if (playlist.empty() || playlist == kAllMedia) {
+        DeleteTrackAllMedia(song_id);
+    } else if (playlist == kTop20) {
+        ResetPlayCount(song_id);
+    } else {
+        RemoveFromPlayList(playlist, song_id);
+    }
+}
+
+void PlayListRoom::RemoveFromPlayList(const std::string& playlist, const std::string& song_id) {
+    if (!IsConfirmed("Are you sure you want to delete this song from the play list?",
+                     "Delete song from Play list")) {
+        return;
+    }
+    store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRows);
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        if (base::Trim(rows.Text(store::tblPlayList::Name)) == playlist &&
+            rows.Text(store::tblPlayList::SongID) == song_id) {
+            rows.Delete();
+        }
+    }
+    desk_.Command1();
+}
+
+void PlayListRoom::ResetPlayCount(const std::string& song_id) {
+    if (!IsConfirmed("This is the top 20 playlist, would you like to reset this songs play count?",
+                     "Reset Play Count")) {
+        return;
+    }
+    store::RecordSet rows = OpenRows(sources_.datSong, store::kAllSongs);
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        if (rows.Text(store::tblSong::SongID) != song_id) continue;
+        rows.Edit();
+        rows.Set(store::tblSong::PlayCount, "0");
+        rows.Update();
+        return;
+    }
+}
+
+void PlayListRoom::DeleteTrackAllMedia(std::string_view song_id) {
+    if (!IsConfirmed("Are you sure you want to delete this file from the media library?",
+                     "Delete from Media Library")) {
+        return;
+    }
+    store::RecordSet rows = OpenRows(sources_.datSong, store::kAllSongs);
+    rows.MoveFirst();
+    while (!rows.Eof() && rows.Text(store::tblSong::SongID) != song_id)
+        rows.MoveNext();
+    rows.Delete();
+    desk_.Command1();
+}
+
+void PlayListRoom::AddingPlayList() {
+    std::string name =
+        dialogs_.InputBox("What would you like to call the new play list?", "New Play List", kNewName);
+    while (!base::Trim(name).empty() && IsNameTaken(name)) {
+        name = dialogs_.InputBox("You already have a playlist with that name, please state another.",
+                                 "New Playlist", kNewName);
+    }
+    if (base::Trim(name).empty()) return;
+    AddHeadRow(name);
+    desk_.Command1();
+}
+
+std::string PlayListRoom::AddHeadRow(std::string_view playlist_name) {
+    store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRows);
+    if (!AddNewWithKey(rows, store::tblPlayList::PlayListID, controls_.lblEntryCount2)) return {};
+    rows.Set(store::tblPlayList::Name, base::Trim(playlist_name));
+    return rows.Update() ? controls_.lblEntryCount2.Caption() : std::string();
+}
+
+bool PlayListRoom::IsNameTaken(std::string_view playlist_name) {
+    const std::string_view wanted = base::Trim(playlist_name);
+    if (wanted == kAllMedia || wanted == kLast20 || wanted == kTop20) return true;
+    store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRows);
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        if (base::Trim(rows.Text(store::tblPlayList::Name)) == wanted) return true;
+    }
+    return false;
+}
+
+void PlayListRoom::imgDeletePlayListOver_Click() {
+    const std::string name(base::Trim(controls_.lstAddToPlaylist.Text()));
+    if (name.empty()) return;
+    if (!IsConfirmed("Are you sure you want to delete the playlist " + name + "?", "Delete Playlist")) return;
+    store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRowsToDelete);
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        if (base::Trim(rows.Text(store::tblPlayList::Name)) == name) rows.Delete();
+    }
+    desk_.Command1();
+}
+
+bool PlayListRoom::IsConfirmed(std::string_view question, std::string_view title) {
+    return dialogs_.MsgBox(question, ports::BoxButtons::YesNo, title) == ports::BoxAnswer::Yes;
+}
+
+}  // namespace library
