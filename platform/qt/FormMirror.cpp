@@ -213,7 +213,8 @@ void FormMirror::ShowWindow() {
     // A window without a frame that may lie behind shows a picture through a hole of the main window, from
     // behind; the keyboard stays where it is.
     const bool is_picture = form_.Border() == BorderStyle::None && !form_.StaysInFront();
-    window_->setAttribute(Qt::WA_ShowWithoutActivating, is_picture);
+    const bool is_beneath = stage_.IsBeneath(form_);
+    window_->setAttribute(Qt::WA_ShowWithoutActivating, is_picture || is_beneath);
     ShowState();
     window_->show();
     if (is_picture && main_window != nullptr) {
@@ -221,7 +222,7 @@ void FormMirror::ShowWindow() {
         return;
     }
     window_->raise();
-    window_->activateWindow();
+    if (!is_beneath) window_->activateWindow();
     if (stage_.MainWindow() == window_) stage_.OnMainWindowShown(*window_);
 }
 
@@ -263,7 +264,7 @@ void FormMirror::Apply(Property property) {
         case Property::ZOrder:
         case Property::Focus:
             window_->raise();
-            window_->activateWindow();
+            if (!stage_.IsBeneath(form_)) window_->activateWindow();
             break;
         case Property::Refresh:
         case Property::Colour:

@@ -211,6 +211,13 @@ void Screen::OnMainWindowShown(QWidget& main_window) {
     }
 }
 
+bool Screen::IsBeneath(const controls::Form& form) const {
+    if (forms_.empty() || &forms_.front()->Window() != &form) return false;
+    return std::any_of(forms_.begin(), forms_.end(), [](const FormMirror* other) {
+        return other->Window().StaysInFront() && other->Window().Visible();
+    });
+}
+
 void Screen::OnActivated(controls::Form& form) {
     const bool another = active_ != nullptr && active_ != &form;
     active_ = &form;

@@ -61,6 +61,7 @@ private:
     void WantPage(controls::WebBrowser& browser, QWidget& place) override { pages_.Want(browser, place); }
     QWidget* MainWindow() const override;
     void OnMainWindowShown(QWidget& main_window) override;
+    bool IsBeneath(const controls::Form& form) const override;
     void OnFirstPaint() override;
     void OnActivated(controls::Form& form) override;
 

@@ -39,6 +39,9 @@ public:
     virtual QWidget* MainWindow() const = 0;
     /// The main window comes to be seen: what stays in front of it lies over it from now on.
     virtual void OnMainWindowShown(QWidget& main_window) = 0;
+    /// True for the main window while a window that stays in front of it is to be seen; that one has the
+    /// keyboard.
+    virtual bool IsBeneath(const controls::Form& form) const = 0;
     virtual void OnFirstPaint() = 0;
     /// The window manager has put the keyboard into the window.
     virtual void OnActivated(controls::Form& form) = 0;
