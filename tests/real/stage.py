@@ -6,6 +6,7 @@ something: `wait_for` asks again until the thing is there or its bound is passed
 """
 
 import array
+import atexit
 import http.server
 import math
 import os
@@ -28,15 +29,42 @@ class StageError(Exception):
     """Something the stage waited for did not come."""
 
 
-def become_unprivileged():
-    """Runs the script again as nobody when it was started by root."""
+# What the stage needs out of a build folder.
+KIT = ["app/Brindlepost", "platform/webengine/*.so", "images/*.png", "images/*.bmp", "stores/*.mdb"]
+
+
+def become_unprivileged(build):
+    """The build folder to use. Started by root, the script begins again as nobody, from a copy that nobody can read."""
+    build = pathlib.Path(build).resolve()
+    if not (build / "app" / "Brindlepost").exists():
+        sys.exit(f"There is no program in {build}: build it first (targets Brindlepost, brindlepost_pages, "
+                 "brindlepost_stores and brindlepost_images).")
     if os.geteuid() != 0:
-        return
+        if "BRINDLEPOST_KIT" in os.environ:
+            atexit.register(shutil.rmtree, os.environ["BRINDLEPOST_KIT"], ignore_errors=True)
+        return build
+    kit = pathlib.Path(tempfile.mkdtemp(prefix="brindlepost-kit-"))
+    _copy_kit(build, kit)
+    subprocess.run(["chown", "-R", f"{NOBODY}:{NOBODY}", str(kit)], check=True)
+    os.environ["BRINDLEPOST_KIT"] = str(kit)
+    arguments = [str(kit / "build") if index == 0 else text for index, text in enumerate(sys.argv[1:])]
+    os.chdir(kit)
     os.execvp(
         "setpriv",
-        ["setpriv", "--reuid=" + NOBODY, "--regid=" + NOBODY, "--clear-groups", "--inh-caps=-all", sys.executable]
-        + sys.argv,
+        ["setpriv", "--reuid=" + NOBODY, "--regid=" + NOBODY, "--clear-groups", "--inh-caps=-all", sys.executable,
+         str(kit / pathlib.Path(sys.argv[0]).name), *arguments],
     )
+
+
+def _copy_kit(build, kit):
+    for pattern in KIT:
+        for file in build.glob(pattern):
+            target = kit / "build" / file.relative_to(build)
+            target.parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy2(file, target)
+    for folder in (pathlib.Path(__file__).parent, pathlib.Path(sys.argv[0]).parent):
+        for script in folder.glob("*.py"):
+            shutil.copy2(script, kit)
 
 
 def wait_for(what, condition, seconds=10.0, step=0.05):
@@ -257,6 +285,9 @@ class Stage:
             ["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE, text=True)
         address = process.stdout.readline().strip()
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = os.environ["DBUS_SESSION_BUS_ADDRESS"] = address
+        # A program that starts before the accessibility bus never finds it, so it is called first.
+        self.run("dbus-send", "--session", "--print-reply", "--dest=org.a11y.Bus", "/org/a11y/bus",
+                 "org.a11y.Bus.GetAddress")
 
     def _start_sound(self):
         self.spawn(
@@ -315,6 +346,29 @@ class Stage:
     def has_window(self, title):
         return bool(self.run("xdotool", "search", "--onlyvisible", "--name", "^" + title).split())
 
+    def has_window_id(self, window):
+        return "IsViewable" in self.run("xwininfo", "-id", window)
+
+    def front_window(self):
+        """Title of the window that has the keyboard."""
+        return self.run("xdotool", "getactivewindow", "getwindowname").strip()
+
+    def stacking(self):
+        """Titles of the windows on the screen, the lowest first."""
+        answer = self.run("xprop", "-root", "_NET_CLIENT_LIST_STACKING").partition("# ")[2]
+        return [self.run("xdotool", "getwindowname", window).strip() for window in answer.strip().split(", ") if window]
+
+    def pixels(self, rect, size=(64, 48)):
+        """A piece of the screen as (red, green, blue), made as small as `size`."""
+        x, y, width, height = rect
+        x, y = max(0, x), max(0, y)
+        done = subprocess.run(
+            ["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage", "-sample",
+             f"{size[0]}x{size[1]}!", "-depth", "8", "rgb:-"],
+            env=self.environment, capture_output=True, stdin=subprocess.DEVNULL, check=False)
+        data = done.stdout
+        return [tuple(data[i:i + 3]) for i in range(0, len(data) - 2, 3)]
+
     def window_rect(self, window):
         values = dict(
             line.split("=", 1)
@@ -364,43 +418,78 @@ class Eyes:
         import gi
 
         gi.require_version("Atspi", "2.0")
-        from gi.repository import Atspi
+        from gi.repository import Atspi, GLib
 
         self._atspi = Atspi
+        self._context = GLib.MainContext.default()
         Atspi.init()
 
-    def _walk(self, node, depth=0):
+    def _walk(self, node, showing, depth=0):
         if node is None or depth > 40:
             return
-        yield node
         try:
-            count = min(node.get_child_count(), 200)
-        except Exception:  # a node that went away while it was looked at
+            if showing and depth > 0 and not node.get_state_set().contains(self._atspi.StateType.SHOWING):
+                return
+            yield node
+            count = min(node.get_child_count(), 300)
+        except self._gone:
             return
         for index in range(count):
             try:
                 child = node.get_child_at_index(index)
-            except Exception:
+            except self._gone:
                 continue
-            yield from self._walk(child, depth + 1)
+            yield from self._walk(child, showing, depth + 1)
+
+    def below(self, node):
+        """A node and what it holds."""
+        return self._walk(node, False)
+
+    @property
+    def selected(self):
+        return self._atspi.StateType.SELECTED
+
+    @property
+    def _gone(self):
+        """What a node that went away while it was looked at answers with."""
+        from gi.repository import GLib
+
+        return GLib.Error
 
     def programs(self):
+        """What runs now. The library remembers what it saw, so its news are taken in and its memory is put off."""
+        while self._context.pending():
+            self._context.iteration(False)
         desktop = self._atspi.get_desktop(0)
-        return [desktop.get_child_at_index(i) for i in range(desktop.get_child_count())]
+        desktop.clear_cache()
+        found = []
+        for index in range(desktop.get_child_count()):
+            try:
+                program = desktop.get_child_at_index(index)
+                if program is None:
+                    continue
+                program.set_cache_mask(self._atspi.Cache.NONE)
+                found.append(program)
+            except self._gone:
+                continue
+        return found
+
+    def nodes(self, showing=True):
+        for program in self.programs():
+            yield from self._walk(program, showing)
 
     def find_all(self, name, role=None, showing=True):
         found = []
-        for program in self.programs():
-            for node in self._walk(program):
-                try:
-                    if node.get_name() != name or (role and node.get_role_name() != role):
-                        continue
-                    if showing and not node.get_state_set().contains(self._atspi.StateType.SHOWING):
-                        continue
+        for node in self.nodes(showing):
+            try:
+                if node.get_name() == name and (role is None or node.get_role_name() == role):
                     found.append(node)
-                except Exception:
-                    continue
+            except self._gone:
+                continue
         return found
+
+    def shows(self, name, role=None):
+        return bool(self.find_all(name, role))
 
     def find(self, name, role=None, seconds=10):
         return wait_for(f"the control '{name}'", lambda: self.find_all(name, role), seconds)[0]
@@ -414,7 +503,29 @@ class Eyes:
         return x + width // 2, y + height // 2
 
     def text(self, node):
+        """What stands in a text box."""
         try:
             return self._atspi.Text.get_text(node, 0, -1)
-        except Exception:
+        except self._gone:
             return ""
+
+    def value(self, node):
+        """Where a progress bar stands."""
+        try:
+            return self._atspi.Value.get_current_value(node)
+        except self._gone:
+            return None
+
+    def is_ticked(self, node):
+        return node.get_state_set().contains(self._atspi.StateType.CHECKED)
+
+    def is_enabled(self, node):
+        return node.get_state_set().contains(self._atspi.StateType.ENABLED)
+
+    def rows(self, name):
+        """The texts of a list's rows, top to bottom."""
+        shown = self.find(name, "list")
+        return [shown.get_child_at_index(index).get_name() for index in range(shown.get_child_count())]
+
+    def row_rect(self, name, row):
+        return self.rect(self.find(name, "list").get_child_at_index(row))
