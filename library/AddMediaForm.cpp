@@ -29,6 +29,7 @@ AddMediaForm::AddMediaForm(const ports::Files& files) : Drive1("Drive1", files),
         lstPattern.AddItem(pattern);
     lstPattern.SetListIndex(0);
     Hide(fraSearch, Label1, Label2, lblEntryCount, lstAddTrack);
+    frmAddMedia.SetStaysInFront(true);
     frmAddMedia.SetContentSize(kAddMediaWidth * controls::kTwipsPerPixel,
                                kAddMediaHeight * controls::kTwipsPerPixel);
     PlaceControls(*this);
@@ -44,6 +45,7 @@ void AddMediaForm::Compose() {
 
 void AddMediaForm::Describe() {
     imgBG.SetLook("ground");
+    fraControls.SetLook("bare");
     fraSearch.SetLook("raised");
     for (controls::Label* heading : {&lblDrive, &lblFolder, &lblPattern, &lblFiles, &lblSearch})
         heading->SetLook("heading");

@@ -10,6 +10,7 @@ constexpr double kPixel = controls::kTwipsPerPixel;
 // All in pixels.
 constexpr double kMargin = 16;
 constexpr double kGap = 8;
+constexpr double kSection = 16;
 constexpr double kHeading = 16;
 constexpr double kColumn = 240;
 constexpr double kThreeRows = 76;
@@ -32,12 +33,12 @@ void PlaceTwin(controls::Image& plain, controls::Image& over, double left, doubl
 void PlaceSearchColumn(AddMediaForm& form, double height) {
     const double button = height - kMargin - kButton;
     const double pattern = button - kGap - kThreeRows;
-    const double folder = kMargin + kHeading + kGap + kThreeRows + kGap;
+    const double folder = kMargin + kHeading + kGap + kThreeRows + kSection;
     const double folder_list = folder + kHeading + kGap;
     Place(form.lblDrive, kMargin, kMargin, kColumn, kHeading);
     Place(form.Drive1, kMargin, kMargin + kHeading + kGap, kColumn, kThreeRows);
     Place(form.lblFolder, kMargin, folder, kColumn, kHeading);
-    Place(form.Dir1, kMargin, folder_list, kColumn, pattern - kHeading - 2 * kGap - folder_list);
+    Place(form.Dir1, kMargin, folder_list, kColumn, pattern - kGap - kHeading - kSection - folder_list);
     Place(form.lblPattern, kMargin, pattern - kHeading - kGap, kColumn, kHeading);
     Place(form.lstPattern, kMargin, pattern, kColumn, kThreeRows);
     Place(form.cmdGetFiles, kMargin, button, kColumn, kButton);
@@ -62,7 +63,7 @@ void PlacePanel(AddMediaForm& form, double left, double top, double width, doubl
 }
 
 void PlaceFilesColumn(AddMediaForm& form, double width, double height) {
-    constexpr double kCount = 72;
+    constexpr double kCount = 56;
     const double left = kMargin + kColumn + kMargin;
     const double column = width - left - kMargin;
     const double count_left = left + column - kCount;
