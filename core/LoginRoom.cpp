@@ -154,6 +154,8 @@ void LoginRoom::ShowLogin() {
 }
 
 void LoginRoom::FocusFirstEmptyBox() {
+    // A person who was quick stands in the wizard already.
+    if (!form_.fraLogin.Visible()) return;
     if (form_.cmbUser.Text().empty()) {
         form_.cmbUser.SetFocus();
     } else {
