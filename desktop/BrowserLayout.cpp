@@ -12,16 +12,22 @@ constexpr double Px(double pixels) {
 }
 
 constexpr double kGap = Px(8);
-constexpr double kHeadingTop = Px(8);
+// Above and below the tracks: at the smallest window every pixel counts there.
+constexpr double kTightGap = Px(6);
+constexpr double kHeadingTop = Px(6);
 constexpr double kHeadingHeight = Px(14);
 constexpr double kListsTop = Px(26);
-constexpr double kSplitterHeight = Px(12);
+constexpr double kSplitterHeight = Px(8);
+constexpr double kLeastTracksHeight = Px(36);
 constexpr double kRowHeight = Px(28);
 constexpr double kControlsHeight = Px(80);
 constexpr double kWideCueColumn = Px(272);
 constexpr double kNarrowCueColumn = Px(102);
 constexpr double kCueButton = Px(86);
 constexpr double kVolumeWidth = Px(130);
+constexpr double kTimeWidth = Px(110);
+constexpr double kTitleLeft = Px(108);
+constexpr double kSpeedLabelWidth = Px(44);
 
 void Fill(Control& control, const Control& container) {
     control.Move(0, 0, container.Width(), container.Height());
@@ -152,8 +158,21 @@ void BrowserLayout::PlaceLibraryLists() {
 }
 
 void BrowserLayout::PlaceBelowSplitter() {
+    if (!IsJustTracks()) KeepSplitterAboveTracks();
     PlaceSearchRow();
     PlaceTracks();
+}
+
+// The splitter's own limits leave no place for the search row below it.
+void BrowserLayout::KeepSplitterAboveTracks() {
+    auto& lists = window_.library.lists;
+    Control& splitter = window_.player.splitter.lblSlider;
+    const double below = kSplitterHeight + kRowHeight + kTightGap + kLeastTracksHeight + kTightGap;
+    const double lowest = window_.player.transport.fraControls.Top() - below;
+    if (splitter.Top() <= lowest) return;
+    splitter.SetTop(lowest);
+    lists.lstArtists.SetHeight(lowest - lists.lstArtists.Top());
+    lists.lstPlayLists.SetHeight(lists.lstArtists.Height());
 }
 
 void BrowserLayout::PlaceSearchRow() {
@@ -173,8 +192,8 @@ void BrowserLayout::PlaceSearchRow() {
 }
 
 void BrowserLayout::PlaceTracks() {
-    const double top = window_.library.search.fraSearch.Bottom() + kGap;
-    const double bottom = window_.player.transport.fraControls.Top() - kGap;
+    const double top = window_.library.search.fraSearch.Bottom() + kTightGap;
+    const double bottom = window_.player.transport.fraControls.Top() - kTightGap;
     window_.library.lists.lstTracks.Move(kGap, top, ListsWidth(), bottom - top);
 }
 
@@ -187,18 +206,20 @@ void BrowserLayout::PlaceTransport() {
 void BrowserLayout::PlaceControlsGround() {
     auto& transport = window_.player.transport;
     Fill(transport.imgControlsBG, transport.fraControls);
-    constexpr double kTimeWidth = Px(110);
-    constexpr double kLeft = Px(108);
+    const double top = IsNarrow() ? Px(4) : Px(8);
     const double right = IsNarrow() ? transport.fraControls.Width() - kGap
                                     : transport.fraControls.Width() - kVolumeWidth - 3 * kGap;
-    transport.picTrackTitle.Move(kLeft, Px(8), right - kLeft - kTimeWidth - Px(6), Px(24));
-    transport.picSongProgress.Move(kLeft, Px(38), right - kLeft, Px(16));
+    transport.picTrackTitle.Move(kTitleLeft, top, right - kTitleLeft - kTimeWidth - Px(6), Px(24));
+    transport.picSongProgress.Move(kTitleLeft, top + (IsNarrow() ? Px(28) : Px(30)), right - kTitleLeft,
+                                   Px(16));
 }
 
 void BrowserLayout::PlaceFavouritesPanel() {
     auto& panel = window_.favourites;
     Control& copyright = window_.chrome.lblCopyright;
     copyright.Move(Px(14), window_.Height() - 1400, 2400, Px(34));
+    // With the panel closed the page or the music pane takes its place.
+    copyright.SetVisible(IsPanelOpen());
     panel.fraFavs.Move(120, web::kPageTop, 2760 - 120 - Px(4), copyright.Top() - web::kPageTop);
     panel.lblFavs.Move(kGap, kHeadingTop, panel.fraFavs.Width() - 2 * kGap, kHeadingHeight);
     const double video =
@@ -231,17 +252,35 @@ void BrowserLayout::PlaceVideoPane() {
 
 void BrowserLayout::PlacePaneChains() {
     auto& transport = window_.player.transport;
-    transport.picRunningTime.Move(transport.picTrackTitle.Right() + Px(6), Px(8), Px(110), Px(24));
+    transport.picRunningTime.Move(transport.picTrackTitle.Right() + Px(6), transport.picTrackTitle.Top(),
+                                  kTimeWidth, Px(24));
     PlaceVolume();
     PlaceCueColumn();
-    PlaceTwins(Px(12), Px(18), Px(44), Px(44), transport.imgPlay, transport.imgPlayOver, transport.imgPause,
+    const double buttons = IsNarrow() ? Px(6) : Px(18);
+    PlaceTwins(Px(12), buttons, Px(44), Px(44), transport.imgPlay, transport.imgPlayOver, transport.imgPause,
                transport.imgPauseOver);
-    PlaceTwins(Px(64), Px(23), Px(34), Px(34), transport.imgStop, transport.imgStopOver);
+    PlaceTwins(Px(64), buttons + Px(5), Px(34), Px(34), transport.imgStop, transport.imgStopOver);
+    PlaceSpeedRow();
+}
+
+// The row below the song bar. A narrow panel has no room for all of it beside one another: the attach button
+// goes below the play button, the notices below the speed.
+void BrowserLayout::PlaceSpeedRow() {
     auto& levels = window_.player.levels;
-    levels.lblSpeedLabel.Move(Px(108), Px(60), Px(44), kHeadingHeight);
-    levels.picSpeed.Move(levels.lblSpeedLabel.Right(), Px(60), IsNarrow() ? Px(80) : Px(180), Px(13));
-    window_.player.video.cmdAttachVid.Move(levels.picSpeed.Right() + kGap, Px(57), Px(72), Px(19));
-    transport.lblNoFile.Move(window_.player.video.cmdAttachVid.Right() + kGap, Px(58), Px(160), Px(18));
+    auto& transport = window_.player.transport;
+    Control& attach = window_.player.video.cmdAttachVid;
+    const double top = IsNarrow() ? Px(51) : Px(60);
+    levels.lblSpeedLabel.Move(kTitleLeft, top, kSpeedLabelWidth, kHeadingHeight);
+    levels.picSpeed.Move(levels.lblSpeedLabel.Right(), top, IsNarrow() ? Px(80) : Px(180), Px(13));
+    if (IsNarrow()) {
+        attach.Move(kGap, Px(56), Px(92), Px(19));
+        transport.lblNoFile.Move(kTitleLeft, Px(62), Px(88), kHeadingHeight);
+    } else {
+        attach.Move(levels.picSpeed.Right() + kGap, Px(58), Px(72), Px(19));
+        const double left = attach.Right() + kGap;
+        transport.lblNoFile.Move(left, Px(58), std::min(Px(160), transport.fraControls.Width() - kGap - left),
+                                 Px(18));
+    }
 }
 
 void BrowserLayout::PlaceVolume() {
@@ -249,8 +288,12 @@ void BrowserLayout::PlaceVolume() {
     const double left = window_.player.transport.fraControls.Width() - kVolumeWidth - kGap - Px(4);
     window_.chrome.lblVolumeLabel.SetVisible(!IsNarrow());
     window_.chrome.lblVolumeLabel.Move(left, Px(14), Px(60), kHeadingHeight);
-    levels.lblMute.Move(left + Px(70), Px(12), Px(60), Px(18));
-    levels.picVolume.Move(left, IsNarrow() ? Px(57) : Px(35), player::kFullVolumeLeft + Px(10), Px(22));
+    levels.picVolume.Move(left, IsNarrow() ? Px(55) : Px(35), player::kFullVolumeLeft + Px(10), Px(22));
+    if (IsNarrow()) {
+        levels.lblMute.Move(kTitleLeft + Px(90), Px(65), Px(38), kHeadingHeight);
+    } else {
+        levels.lblMute.Move(left + Px(70), Px(12), Px(60), Px(18));
+    }
 }
 
 void BrowserLayout::PlaceCueColumn() {

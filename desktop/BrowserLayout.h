@@ -49,6 +49,7 @@ private:
     void PlaceRefreshControls();
     void PlaceMusicPane();
     void PlaceLibraryLists();
+    void KeepSplitterAboveTracks();
     void PlaceSearchRow();
     void PlaceTracks();
     void PlaceTransport();
@@ -57,6 +58,7 @@ private:
     void PlaceFavouritesButtons(double bottom);
     void PlaceVideoPane();
     void PlacePaneChains();
+    void PlaceSpeedRow();
     void PlaceVolume();
     void PlaceCueColumn();
     void PlaceAddToPlaylist();
