@@ -16,7 +16,7 @@ constexpr double kGap = Px(8);
 constexpr double kTightGap = Px(6);
 constexpr double kHeadingTop = Px(6);
 constexpr double kHeadingHeight = Px(14);
-constexpr double kListsTop = Px(26);
+constexpr double kListsTop = Px(24);
 constexpr double kSplitterHeight = Px(8);
 constexpr double kLeastTracksHeight = Px(36);
 constexpr double kRowHeight = Px(28);
@@ -274,7 +274,7 @@ void BrowserLayout::PlaceSpeedRow() {
     levels.picSpeed.Move(levels.lblSpeedLabel.Right(), top, IsNarrow() ? Px(80) : Px(180), Px(13));
     if (IsNarrow()) {
         attach.Move(kGap, Px(56), Px(92), Px(19));
-        transport.lblNoFile.Move(kTitleLeft, Px(62), Px(88), kHeadingHeight);
+        transport.lblNoFile.Move(kTitleLeft, Px(65), Px(88), kHeadingHeight);
     } else {
         attach.Move(levels.picSpeed.Right() + kGap, Px(58), Px(72), Px(19));
         const double left = attach.Right() + kGap;
