@@ -12,8 +12,8 @@
 
 namespace fakes {
 
-/// Timers tick in the order of their due times, ties in the order of adoption. A timer whose handler is running does
-/// not tick again inside it.
+/// Timers tick in the order of their due times, ties in the order of adoption. A timer whose handler is
+/// running does not tick again inside it.
 class FakeDesktop final : public ports::EventLoop, public ports::Clock, private controls::ControlObserver {
 public:
     /// Watches every timer in the window, also those added later.

@@ -27,12 +27,14 @@ public:
     ports::BoxAnswer MsgBox(std::string_view text, ports::BoxButtons buttons, std::string_view title,
                             ports::BoxIcon icon) override {
         Boxes.push_back({std::string(text), std::string(title), buttons, icon});
-        if (Answers.empty()) return buttons == ports::BoxButtons::Ok ? ports::BoxAnswer::Ok : ports::BoxAnswer::No;
+        if (Answers.empty())
+            return buttons == ports::BoxButtons::Ok ? ports::BoxAnswer::Ok : ports::BoxAnswer::No;
         const ports::BoxAnswer answer = Answers.front();
         Answers.pop_front();
         return answer;
     }
-    std::string InputBox(std::string_view prompt, std::string_view title, std::string_view default_text) override {
+    std::string InputBox(std::string_view prompt, std::string_view title,
+                         std::string_view default_text) override {
         Inputs.push_back({std::string(prompt), std::string(title), std::string(default_text)});
         if (Typed.empty()) return {};
         std::string typed = Typed.front();

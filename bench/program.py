@@ -1,0 +1,154 @@
+"""Measures the whole program on a stage of its own: start to login painted, processor use, memory.
+
+    python3 bench/program.py BUILD [start|processor|memory]...
+
+Every figure is the median of several runs, beside a bare window of the toolkit and a bare player of the same media
+engine that are measured in the same run.
+"""
+
+import ctypes
+import os
+import pathlib
+import statistics
+import subprocess
+import sys
+import time
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "real"))
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
+
+import stage as stages
+
+AMBER = (0xE9, 0xA2, 0x4B)
+RUNS = 11
+SECONDS = 20
+
+
+class Screen:
+    """Reads pixels straight from the display, fast enough to see a paint within two milliseconds."""
+
+    def __init__(self, display):
+        self._x = ctypes.CDLL("libX11.so.6")
+        self._x.XOpenDisplay.restype = ctypes.c_void_p
+        self._x.XDefaultRootWindow.restype = ctypes.c_ulong
+        self._x.XDefaultRootWindow.argtypes = [ctypes.c_void_p]
+        self._x.XGetImage.restype = ctypes.c_void_p
+        self._x.XGetImage.argtypes = [ctypes.c_void_p, ctypes.c_ulong] + [ctypes.c_int] * 2 + [
+            ctypes.c_uint] * 2 + [ctypes.c_ulong, ctypes.c_int]
+        self._x.XGetPixel.restype = ctypes.c_ulong
+        self._x.XGetPixel.argtypes = [ctypes.c_void_p, ctypes.c_int, ctypes.c_int]
+        self._x.XDestroyImage.argtypes = [ctypes.c_void_p]
+        self._display = self._x.XOpenDisplay(display.encode())
+        self._root = self._x.XDefaultRootWindow(self._display)
+
+    def row(self, y, width):
+        image = self._x.XGetImage(self._display, self._root, 0, y, width, 1, 0xFFFFFFFF, 2)
+        pixels = [self._x.XGetPixel(image, x, 0) for x in range(0, width, 16)]
+        self._x.XDestroyImage(image)
+        return pixels
+
+    def has_amber(self, y, width):
+        """A run of the accent colour on that line of the screen."""
+        def near(pixel):
+            parts = (pixel >> 16 & 255, pixel >> 8 & 255, pixel & 255)
+            return all(abs(a - b) < 14 for a, b in zip(parts, AMBER))
+        return sum(near(pixel) for pixel in self.row(y, width)) >= 4
+
+
+def milliseconds_to_paint(stage, screen, command, line, environment=None):
+    begin = time.monotonic()
+    process = stage.spawn(command) if environment is None else stage.launch(*command)
+    while not screen.has_amber(line, 1280):
+        if time.monotonic() - begin > 20:
+            raise stages.StageError(f"{command} painted nothing")
+    took = (time.monotonic() - begin) * 1000
+    process.terminate()
+    process.wait()
+    stages.wait_for("the window to go", lambda: not screen.has_amber(line, 1280))
+    return took
+
+
+def measure_start(stage, build):
+    screen = Screen(stage.environment["DISPLAY"])
+    application = stage.make_application("start")
+    program, bare = [], []
+    login_button_line = 535
+    for run in range(RUNS + 1):
+        took = milliseconds_to_paint(stage, screen, [str(application / "Brindlepost")], login_button_line)
+        took_bare = milliseconds_to_paint(stage, screen, [str(build / "bench" / "bare_window")], 430)
+        if run > 0:
+            program.append(took)
+            bare.append(took_bare)
+    print(f"process start to login painted: median {statistics.median(program):.0f} ms "
+          f"(min {min(program):.0f}, max {max(program):.0f}, {RUNS} runs); "
+          f"bare toolkit window: median {statistics.median(bare):.0f} ms")
+
+
+def seed(application, song):
+    def run(store, text):
+        subprocess.run(["sqlite3", str(application / store), text], check=True)
+    run("dbLogin.mdb", "insert into tblLogin values('ada','secret',' ',' ',' ',' ',' ',' ','True','True')")
+    path = "C:" + str(song).replace("/", "\\")
+    run("dbMedia.mdb", f"insert into tblSong values(1,'Ada','Tone','{path}',0)")
+
+
+def processor_seconds(pid):
+    fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
+    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+
+
+def percent_of_a_core(pid, seconds=SECONDS):
+    before, begin = processor_seconds(pid), time.monotonic()
+    time.sleep(seconds)
+    return (processor_seconds(pid) - before) / (time.monotonic() - begin) * 100
+
+
+def memory_mib(pid):
+    values = dict(line.split(":") for line in pathlib.Path(f"/proc/{pid}/smaps_rollup").read_text().splitlines()[1:])
+    return tuple(int(values[key].split()[0]) / 1024 for key in ("Rss", "Pss"))
+
+
+def open_main_window(stage):
+    song = stages.make_tone(stage.folder / "Music" / "Ada - Tone.mp3", 440, 240)
+    application = stage.make_application("run")
+    seed(application, song)
+    process = stage.launch(application)
+    eyes = stages.Eyes()
+    stages.wait_for("the track in its list", lambda: eyes.rows("Tracks") == ["Ada - Tone"], 30)
+    stages.wait_for("the splash to go", lambda: "Brindlepost" not in stage.stacking(), 30)
+    time.sleep(3)
+    return process, eyes, song
+
+
+def measure_running(stage, build):
+    process, eyes, song = open_main_window(stage)
+    rss, pss = memory_mib(process.pid)
+    print(f"memory, main window up, no tab: {rss:.0f} MiB resident, {pss:.0f} MiB proportional")
+    idle = [percent_of_a_core(process.pid) for _ in range(3)]
+    print(f"processor, main window idle: median {statistics.median(idle):.2f} % of one core ({SECONDS} s, 3 times)")
+    x, y, width, height = eyes.row_rect("Tracks", 0)
+    stage.click(x + 60, y + height // 2, times=2)
+    time.sleep(3)
+    playing = [percent_of_a_core(process.pid) for _ in range(3)]
+    print(f"processor, one song playing: median {statistics.median(playing):.2f} % of one core ({SECONDS} s, 3 times)")
+    process.terminate()
+    process.wait()
+    player = stage.spawn(["gst-launch-1.0", "-q", "playbin3", f"uri=file://{song}", "flags=2"])
+    time.sleep(3)
+    bare = [percent_of_a_core(player.pid) for _ in range(3)]
+    print(f"processor, bare player of the same engine: median {statistics.median(bare):.2f} % of one core")
+
+
+def main():
+    build = stages.become_unprivileged(sys.argv[1])
+    wanted = sys.argv[2:] or ["start", "running"]
+    with stages.Stage(build) as stage:
+        print(f"machine: {os.cpu_count()} cores, display Xvfb, private sound server")
+        if "start" in wanted:
+            measure_start(stage, build)
+        if "running" in wanted:
+            measure_running(stage, build)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,204 @@
+#include "platform/gstreamer/Device.h"
+
+#include <algorithm>
+#include <thread>
+
+#include "base/Number.h"
+#include "platform/gstreamer/DeviceShare.h"
+#include "platform/gstreamer/MciErrors.h"
+
+namespace gstreamer {
+namespace {
+
+constexpr std::chrono::seconds kOpenTimeout{5};
+constexpr double kNanosecondsPerSecond = 1e9;
+constexpr double kMillisecondsPerSecond = 1000;
+constexpr int kNormalSpeed = 1000;
+// How old a place may be before the worker is asked for a new one, and how far it is carried on without.
+constexpr std::chrono::milliseconds kFreshPlace{200};
+constexpr std::chrono::milliseconds kStalePlace{1500};
+
+std::string_view ModeWord(Mode mode) {
+    switch (mode) {
+        case Mode::Playing:
+            return "playing";
+        case Mode::Paused:
+            return "paused";
+        case Mode::Stopped:
+            break;
+    }
+    return "stopped";
+}
+
+}  // namespace
+
+Device::Device() : share_(std::make_shared<DeviceShare>()) {}
+
+Device::~Device() {
+    const std::lock_guard lock(share_->mutex);
+    share_->closing = true;
+    share_->changed.notify_all();
+}
+
+int Device::Open(const OpenRequest& request) {
+    std::unique_lock lock(share_->mutex);
+    share_->request = request;
+    std::thread([share = share_] { RunWorker(share); }).detach();
+    const bool in_time =
+        share_->opened.wait_for(lock, kOpenTimeout, [this] { return share_->open_result.has_value(); });
+    return in_time ? *share_->open_result : kNotReady;
+}
+
+int Device::Play(const Command& command) {
+    const std::lock_guard lock(share_->mutex);
+    const std::int64_t length = share_->facts.length;
+    std::int64_t from = Position();
+    std::int64_t to = length;
+    if (command.from) {
+        if (const int error = ReadPlace(*command.from, from)) return error;
+    }
+    if (command.to) {
+        if (const int error = ReadPlace(*command.to, to)) return error;
+    }
+    if (from > to) return kOutOfRange;
+    const std::int64_t stop = to >= length ? -1 : to;
+    const bool same_place = !command.from && stop == share_->wish.stop;
+    share_->wish.stop = stop;
+    if (!same_place && (from != Position() || stop >= 0)) JumpTo(from);
+    share_->wish.playing = true;
+    share_->mode = Mode::Playing;
+    share_->changed.notify_all();
+    return kNoError;
+}
+
+int Device::Seek(const Command& command) {
+    const std::lock_guard lock(share_->mutex);
+    std::int64_t to = command.seek == SeekTarget::End ? share_->facts.length : 0;
+    if (command.to) {
+        if (const int error = ReadPlace(*command.to, to)) return error;
+    }
+    share_->wish.stop = -1;
+    share_->wish.playing = false;
+    share_->mode = Mode::Stopped;
+    JumpTo(to);
+    return kNoError;
+}
+
+void Device::Pause() {
+    const std::lock_guard lock(share_->mutex);
+    if (share_->mode != Mode::Playing) return;
+    share_->mode = Mode::Paused;
+    share_->wish.playing = false;
+    share_->changed.notify_all();
+}
+
+void Device::Resume() {
+    const std::lock_guard lock(share_->mutex);
+    if (share_->mode != Mode::Paused) return;
+    share_->mode = Mode::Playing;
+    share_->wish.playing = true;
+    share_->changed.notify_all();
+}
+
+void Device::Stop() {
+    const std::lock_guard lock(share_->mutex);
+    share_->mode = Mode::Stopped;
+    share_->wish.playing = false;
+    share_->changed.notify_all();
+}
+
+int Device::SetSpeed(std::int64_t speed) {
+    constexpr std::int64_t kFastest = 100'000;
+    if (speed < 1 || speed > kFastest) return kOutOfRange;
+    const std::lock_guard lock(share_->mutex);
+    share_->wish.speed = static_cast<int>(speed);
+    share_->wish.speed_told = true;
+    share_->changed.notify_all();
+    return kNoError;
+}
+
+int Device::SetLevel(Channel channel, std::int64_t level) {
+    if (level < 0 || level > Gain::kFull) return kOutOfRange;
+    if (channel != Channel::Right) share_->gain->SetLeft(static_cast<int>(level));
+    if (channel != Channel::Left) share_->gain->SetRight(static_cast<int>(level));
+    return kNoError;
+}
+
+void Device::PutPicture(const std::array<int, 4>& place) {
+    const std::lock_guard lock(share_->mutex);
+    share_->wish.place = place;
+    ++share_->wish.put;
+    share_->changed.notify_all();
+}
+
+std::string Device::Status(const Command& command) {
+    const std::lock_guard lock(share_->mutex);
+    switch (command.item) {
+        case Item::Mode:
+            return std::string(ModeWord(share_->mode));
+        case Item::Length:
+            return base::ToText(FromNanoseconds(share_->facts.length));
+        case Item::Position:
+            return base::ToText(FromNanoseconds(Position()));
+        case Item::Volume:
+            return base::ToText(Level(command.channel));
+        case Item::Speed:
+            return base::ToText(share_->wish.speed);
+        case Item::TimeFormat:
+            break;
+    }
+    return format_ == TimeFormat::Frames ? "frames" : "milliseconds";
+}
+
+double Device::UnitsPerSecond() const {
+    return format_ == TimeFormat::Frames ? share_->facts.frames_per_second : kMillisecondsPerSecond;
+}
+
+std::int64_t Device::ToNanoseconds(std::int64_t place) const {
+    return base::RoundHalfEven(static_cast<double>(place) * kNanosecondsPerSecond / UnitsPerSecond());
+}
+
+std::int64_t Device::FromNanoseconds(std::int64_t time) const {
+    return base::RoundHalfEven(static_cast<double>(time) * UnitsPerSecond() / kNanosecondsPerSecond);
+}
+
+int Device::ReadPlace(std::int64_t place, std::int64_t& time) const {
+    if (place < 0 || place > FromNanoseconds(share_->facts.length)) return kOutOfRange;
+    // The last unit of a file may be a broken one.
+    time = std::min(ToNanoseconds(place), share_->facts.length);
+    return kNoError;
+}
+
+void Device::JumpTo(std::int64_t time) {
+    ++share_->wish.jump;
+    share_->wish.jump_to = share_->last_told = time;
+    share_->changed.notify_all();
+}
+
+std::int64_t Device::Position() {
+    DeviceShare& share = *share_;
+    if (share.jump_done != share.wish.jump) return share.wish.jump_to;
+    std::int64_t position = share.anchor.position;
+    if (share.anchor.running && share.mode == Mode::Playing) {
+        const auto age = Anchor::Clock::now() - share.anchor.at;
+        const auto carried = std::min<Anchor::Clock::duration>(age, kStalePlace);
+        position +=
+            static_cast<std::int64_t>(static_cast<double>(carried.count()) * share.wish.speed / kNormalSpeed);
+        share.place_wanted = share.place_wanted || age > kFreshPlace;
+        if (share.place_wanted) share.changed.notify_all();
+    }
+    const std::int64_t end = share.wish.stop < 0 ? share.facts.length : share.wish.stop;
+    position =
+        std::clamp<std::int64_t>(std::max(position, share.last_told), 0, std::max<std::int64_t>(end, 0));
+    share.last_told = position;
+    return position;
+}
+
+int Device::Level(Channel channel) const {
+    const Gain& gain = *share_->gain;
+    if (channel == Channel::Left) return gain.Left();
+    if (channel == Channel::Right) return gain.Right();
+    return (gain.Left() + gain.Right()) / 2;
+}
+
+}  // namespace gstreamer

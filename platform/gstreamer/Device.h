@@ -1,0 +1,70 @@
+// One open alias: what the player has told it, and the worker thread that carries it out.
+//
+// The calling thread writes down what is wanted and returns at once; the worker brings the pipeline there and
+// reports place and end. A wish that is overtaken by a later one is skipped, so a dragged marker costs one
+// jump. Every jump carries a serial; an end or a place reported for an older one is dropped. The worker owns
+// the pipeline and all that it needs, so a device can be closed, and its alias used again, while its worker
+// still waits for a disk or a sound server.
+//
+// Levels and speeds are tenths of a percent; times are nanoseconds.
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/gstreamer/MciCommand.h"
+
+namespace gstreamer {
+
+struct DeviceShare;
+
+struct OpenRequest {
+    std::string native_path;
+    std::int64_t parent = 0;
+    int usual_speed = 1000;  ///< a speed that is likely to be told right after the first play
+};
+
+class Device final {
+public:
+    Device();
+    /// Closes without waiting.
+    ~Device();
+    Device(const Device&) = delete;
+    Device& operator=(const Device&) = delete;
+
+    /// Waits for the file to be ready, 5 seconds at most. 0, or the number of the error.
+    int Open(const OpenRequest& request);
+    /// 0, or the number of the error. Places are in the time format.
+    int Play(const Command& command);
+    int Seek(const Command& command);
+    void Pause();
+    void Resume();
+    void Stop();
+    int SetSpeed(std::int64_t speed);
+    int SetLevel(Channel channel, std::int64_t level);
+    void SetTimeFormat(TimeFormat format) { format_ = format; }
+    void PutPicture(const std::array<int, 4>& place);
+    /// The answer of a status command.
+    std::string Status(const Command& command);
+
+    /// True once the worker of a device has ended.
+    static bool HasEnded(const std::weak_ptr<DeviceShare>& share) { return share.expired(); }
+    std::weak_ptr<DeviceShare> Share() const { return share_; }
+
+private:
+    std::int64_t ToNanoseconds(std::int64_t place) const;
+    std::int64_t FromNanoseconds(std::int64_t time) const;
+    double UnitsPerSecond() const;
+    int ReadPlace(std::int64_t place, std::int64_t& time) const;
+    void JumpTo(std::int64_t time);
+    std::int64_t Position();
+    int Level(Channel channel) const;
+
+    std::shared_ptr<DeviceShare> share_;
+    TimeFormat format_ = TimeFormat::Frames;
+};
+
+}  // namespace gstreamer

@@ -1,0 +1,65 @@
+// What the calling thread and the worker of a device have in common. All of it is guarded by `mutex`, but for
+// the levels, which guard themselves.
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <optional>
+
+#include "platform/gstreamer/Device.h"
+#include "platform/gstreamer/Gain.h"
+#include "platform/gstreamer/Pipeline.h"
+
+namespace gstreamer {
+
+enum class Mode { Stopped, Playing, Paused };
+
+/// What the player wants; the worker takes the whole of it each time.
+struct Wish {
+    std::int64_t jump = 0;  ///< serial of the last jump
+    std::int64_t jump_to = 0;
+    std::int64_t stop = -1;  ///< where playing ends; negative is the end of the file
+    int speed = 1000;
+    bool speed_told = false;
+    bool playing = false;
+    std::int64_t put = 0;  ///< serial of the last place of the picture
+    std::array<int, 4> place{};
+};
+
+/// Where the sound was, and when.
+struct Anchor {
+    using Clock = std::chrono::steady_clock;
+    std::int64_t position = 0;
+    Clock::time_point at;
+    bool running = false;
+};
+
+struct DeviceShare {
+    std::mutex mutex;
+    std::condition_variable changed;  ///< for the worker
+    std::condition_variable opened;   ///< for the one who opens
+    std::shared_ptr<Gain> gain = std::make_shared<Gain>();
+
+    OpenRequest request;
+    std::optional<int> open_result;
+    MediaFacts facts;
+
+    Wish wish;
+    Mode mode = Mode::Stopped;
+    bool closing = false;
+    bool event = false;         ///< the pipeline has something to tell
+    bool place_wanted = false;  ///< the anchor is old
+
+    std::int64_t jump_done = 0;  ///< serial of the last jump that the pipeline has made
+    Anchor anchor;
+    std::int64_t last_told = 0;  ///< a place that was told; the next is not before it
+};
+
+/// Runs a device until it is closed.
+void RunWorker(const std::shared_ptr<DeviceShare>& share);
+
+}  // namespace gstreamer

@@ -1,0 +1,147 @@
+#include "platform/gstreamer/MediaEngine.h"
+
+#include <algorithm>
+#include <chrono>
+#include <thread>
+#include <utility>
+
+#include "platform/gstreamer/MciErrors.h"
+#include "platform/gstreamer/Pipeline.h"
+
+namespace gstreamer {
+namespace {
+
+constexpr std::chrono::seconds kFarewell{1};
+constexpr std::chrono::milliseconds kGlance{2};
+
+// Only what needs no answer and no place of its own can be told to all devices.
+bool CanBeForAll(Verb verb) {
+    return verb != Verb::Status && verb != Verb::Put;
+}
+
+int Reply(const std::string& answer, std::string* reply, int return_length) {
+    if (reply == nullptr || return_length <= 0) return kNoError;
+    const auto room = std::min(reply->size(), static_cast<std::size_t>(return_length));
+    if (answer.size() >= room) return kReplyTooLong;
+    reply->replace(0, answer.size() + 1, answer + '\0');
+    return kNoError;
+}
+
+}  // namespace
+
+MediaEngine::MediaEngine(Resolver resolve) : resolve_(std::move(resolve)) {}
+
+MediaEngine::~MediaEngine() {
+    CloseAll();
+    const auto until = std::chrono::steady_clock::now() + kFarewell;
+    const auto have_ended = [this] {
+        return std::all_of(closing_.begin(), closing_.end(), Device::HasEnded);
+    };
+    while (!have_ended() && std::chrono::steady_clock::now() < until)
+        std::this_thread::sleep_for(kGlance);
+}
+
+void MediaEngine::WarmUp() {
+    std::thread(LoadElements).detach();
+}
+
+int MediaEngine::SendString(std::string_view command, std::string* reply, int return_length,
+                            std::int64_t /*callback*/) {
+    Command parsed;
+    if (const int error = ParseCommand(command, parsed)) return error;
+    std::string answer;
+    const int error = Run(parsed, answer);
+    if (error != kNoError || parsed.verb != Verb::Status) return error;
+    return Reply(answer, reply, return_length);
+}
+
+bool MediaEngine::ErrorString(int error, std::string& text, int length) const {
+    const std::string_view found = ErrorText(error);
+    if (found.empty()) return false;
+    text = found.substr(0, static_cast<std::size_t>(std::max(length, 0)));
+    return true;
+}
+
+int MediaEngine::Run(const Command& command, std::string& answer) {
+    if (command.verb == Verb::Open) return Open(command);
+    if (command.target == "all") return RunOnAll(command);
+    const auto found = devices_.find(command.target);
+    if (found == devices_.end()) return kNotOpen;
+    if (command.verb != Verb::Close) return RunOnDevice(*found->second, command, answer);
+    Close(command.target);
+    return kNoError;
+}
+
+int MediaEngine::Open(const Command& command) {
+    if (devices_.contains(command.alias)) return kAliasInUse;
+    if (!command.type.empty() && command.type != "MPEGVideo" && command.type != "mpegvideo")
+        return kTypeNotInstalled;
+    const std::string path = resolve_(command.target);
+    if (path.empty()) return kFileNotFound;
+    auto device = std::make_unique<Device>();
+    const int error =
+        device->Open({.native_path = path, .parent = command.parent, .usual_speed = usual_speed_});
+    closing_.push_back(device->Share());
+    if (error == kNoError) devices_[command.alias] = std::move(device);
+    return error;
+}
+
+void MediaEngine::Close(const std::string& alias) {
+    std::erase_if(closing_, Device::HasEnded);
+    devices_.erase(alias);
+}
+
+int MediaEngine::CloseAll() {
+    devices_.clear();
+    return kNoError;
+}
+
+int MediaEngine::RunOnAll(const Command& command) {
+    if (command.verb == Verb::Close) return CloseAll();
+    if (!CanBeForAll(command.verb)) return kCannotUseAll;
+    int result = kNoError;
+    std::string no_answer;
+    for (const auto& [alias, device] : devices_) {
+        const int error = RunOnDevice(*device, command, no_answer);
+        if (error != kNoError) result = result == kNoError ? error : kMultipleErrors;
+    }
+    return result;
+}
+
+int MediaEngine::RunOnDevice(Device& device, const Command& command, std::string& answer) {
+    switch (command.verb) {
+        case Verb::Play:
+            return device.Play(command);
+        case Verb::Seek:
+            return device.Seek(command);
+        case Verb::SetSpeed:
+            usual_speed_ = static_cast<int>(std::clamp<std::int64_t>(command.value, 1, 100'000));
+            return device.SetSpeed(command.value);
+        case Verb::SetAudio:
+            return device.SetLevel(command.channel, command.value);
+        case Verb::Pause:
+            device.Pause();
+            break;
+        case Verb::Resume:
+            device.Resume();
+            break;
+        case Verb::Stop:
+            device.Stop();
+            break;
+        case Verb::SetTimeFormat:
+            device.SetTimeFormat(command.format);
+            break;
+        case Verb::Put:
+            device.PutPicture(command.place);
+            break;
+        case Verb::Status:
+            answer = device.Status(command);
+            break;
+        case Verb::Open:
+        case Verb::Close:
+            break;
+    }
+    return kNoError;
+}
+
+}  // namespace gstreamer

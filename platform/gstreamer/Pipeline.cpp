@@ -1,0 +1,291 @@
+#include "platform/gstreamer/Pipeline.h"
+
+#include <fcntl.h>
+#include <gst/video/videooverlay.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <mutex>
+#include <utility>
+
+#include "platform/gstreamer/MciErrors.h"
+
+namespace gstreamer {
+namespace {
+
+constexpr std::chrono::seconds kReadyTimeout{5};
+// Of the playbin's flags: pictures and sound, nothing else.
+constexpr unsigned kPlayPicturesAndSound = 0x3;
+// A short way from a sample to the speaker, so that a song starts and a level changes at once (microseconds).
+constexpr std::int64_t kSoundBuffer = 100'000;
+constexpr std::int64_t kSoundLatency = 10'000;
+constexpr double kUsualFrameRate = 25;
+
+void SetInt(GstElement* element, const char* property, std::int64_t value) {
+    g_object_set(element, property, static_cast<gint64>(value), nullptr);
+}
+
+// Opening a pipe would wait for its writer, so the file is opened without waiting and looked at first.
+int CheckFile(const std::string& native_path) {
+    if (native_path.empty()) return kFileNotFound;
+    const int file = open(native_path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (file < 0) return errno == ENOENT || errno == ENOTDIR ? kFileNotFound : kFileRead;
+    struct stat facts {};
+    const bool is_regular = fstat(file, &facts) == 0 && S_ISREG(facts.st_mode);
+    close(file);
+    if (!is_regular) return kFileRead;
+    return facts.st_size == 0 ? kInvalidFile : kNoError;
+}
+
+double FrameRateOf(GstElement* picture) {
+    GstPad* const pad = gst_element_get_static_pad(picture, "sink");
+    GstCaps* const caps = gst_pad_get_current_caps(pad);
+    int numerator = 0;
+    int denominator = 1;
+    if (caps != nullptr) {
+        const GstStructure* const facts = gst_caps_get_structure(caps, 0);
+        gst_structure_get_fraction(facts, "framerate", &numerator, &denominator);
+        if (numerator == 0) gst_structure_get_fraction(facts, "max-framerate", &numerator, &denominator);
+        gst_caps_unref(caps);
+    }
+    gst_object_unref(pad);
+    return numerator > 0 && denominator > 0 ? static_cast<double>(numerator) / denominator : kUsualFrameRate;
+}
+
+int RateOf(GstPad* pad) {
+    GstCaps* const caps = gst_pad_get_current_caps(pad);
+    if (caps == nullptr) return 0;
+    int rate = 0;
+    gst_structure_get_int(gst_caps_get_structure(caps, 0), "rate", &rate);
+    gst_caps_unref(caps);
+    return rate;
+}
+
+bool CanBeUsed(GstElement* sink) {
+    if (sink == nullptr) return false;
+    if (gst_element_set_state(sink, GST_STATE_READY) != GST_STATE_CHANGE_FAILURE) return true;
+    gst_element_set_state(sink, GST_STATE_NULL);
+    gst_object_unref(gst_object_ref_sink(sink));
+    return false;
+}
+
+}  // namespace
+
+void EventQueue::Add(PipelineEvent event) {
+    {
+        const std::lock_guard lock(mutex_);
+        events_.push_back(event);
+    }
+    added_.notify_all();
+    wake_();
+}
+
+void EventQueue::Clear() {
+    const std::lock_guard lock(mutex_);
+    events_.clear();
+}
+
+PipelineEvent EventQueue::Take() {
+    const std::lock_guard lock(mutex_);
+    if (events_.empty()) return PipelineEvent::None;
+    const PipelineEvent event = events_.front();
+    events_.pop_front();
+    return event;
+}
+
+int EventQueue::WaitUntilReady(std::chrono::milliseconds timeout) {
+    std::unique_lock lock(mutex_);
+    int error = kNotReady;
+    const auto decided = [&] {
+        for (auto event = events_.begin(); event != events_.end(); ++event) {
+            if (*event != PipelineEvent::Ready && *event != PipelineEvent::Broken) continue;
+            error = *event == PipelineEvent::Ready ? kNoError : kInvalidFile;
+            events_.erase(event);
+            return true;
+        }
+        return false;
+    };
+    added_.wait_for(lock, timeout, decided);
+    return error;
+}
+
+void StartGStreamer() {
+    static std::once_flag started;
+    std::call_once(started, [] { gst_init(nullptr, nullptr); });
+}
+
+void LoadElements() {
+    StartGStreamer();
+    for (const char* name : {"playbin3", "pulsesink", "scaletempo", "audioconvert", "audioresample",
+                             "filesrc", "mpegaudioparse", "avdec_mp3", "ximagesink"}) {
+        GstElement* const element = gst_element_factory_make(name, nullptr);
+        if (element == nullptr) continue;
+        gst_object_ref_sink(element);
+        gst_element_set_state(element, GST_STATE_READY);
+        gst_element_set_state(element, GST_STATE_NULL);
+        gst_object_unref(element);
+    }
+}
+
+Pipeline::Pipeline(std::shared_ptr<Gain> gain, std::function<void()> wake)
+    : gain_(std::move(gain)), events_(std::make_unique<EventQueue>(std::move(wake))) {}
+
+Pipeline::~Pipeline() {
+    Close();
+}
+
+void Pipeline::Close() {
+    if (playbin_ == nullptr) return;
+    gst_element_set_state(playbin_, GST_STATE_NULL);
+    gst_object_unref(playbin_);
+    playbin_ = picture_ = nullptr;
+}
+
+int Pipeline::Open(const std::string& native_path, std::int64_t parent, bool silent) {
+    Close();
+    if (const int error = CheckFile(native_path)) return error;
+    StartGStreamer();
+    playbin_ = gst_element_factory_make("playbin3", nullptr);
+    gchar* const uri = gst_filename_to_uri(native_path.c_str(), nullptr);
+    if (playbin_ == nullptr || uri == nullptr) return g_free(uri), kHardware;
+    gst_object_ref_sink(playbin_);
+    picture_ = MakePictureSink(parent);
+    g_object_set(playbin_, "uri", uri, "flags", kPlayPicturesAndSound, "audio-sink", MakeSoundBin(silent),
+                 "video-sink", picture_, nullptr);
+    g_free(uri);
+    GstBus* const bus = gst_element_get_bus(playbin_);
+    gst_bus_set_sync_handler(bus, OnMessage, events_.get(), nullptr);
+    gst_object_unref(bus);
+    events_->Clear();
+    gain_->Snap();
+    SetState(GST_STATE_PAUSED);
+    return events_->WaitUntilReady(kReadyTimeout);
+}
+
+bool Pipeline::Seek(std::int64_t position, std::int64_t stop, double rate) {
+    events_->Clear();
+    gain_->Snap();
+    const auto flags = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
+    const bool sought = gst_element_seek(playbin_, rate, GST_FORMAT_TIME, flags, GST_SEEK_TYPE_SET, position,
+                                         stop < 0 ? GST_SEEK_TYPE_NONE : GST_SEEK_TYPE_SET, stop) != FALSE;
+    return sought && events_->WaitUntilReady(kReadyTimeout) == kNoError;
+}
+
+std::int64_t Pipeline::Position() const {
+    gint64 position = -1;
+    return gst_element_query_position(playbin_, GST_FORMAT_TIME, &position) != FALSE ? position : -1;
+}
+
+MediaFacts Pipeline::Facts() const {
+    MediaFacts facts;
+    gint64 length = 0;
+    if (gst_element_query_duration(playbin_, GST_FORMAT_TIME, &length) != FALSE) facts.length = length;
+    GstPad* const pad = gst_element_get_static_pad(picture_, "sink");
+    facts.is_video = gst_pad_has_current_caps(pad) != FALSE;
+    gst_object_unref(pad);
+    if (facts.is_video) facts.frames_per_second = FrameRateOf(picture_);
+    return facts;
+}
+
+void Pipeline::PutPicture(const std::array<int, 4>& place) {
+    if (!GST_IS_VIDEO_OVERLAY(picture_) || place[2] <= 0 || place[3] <= 0) return;
+    gst_video_overlay_set_render_rectangle(GST_VIDEO_OVERLAY(picture_), place[0], place[1], place[2],
+                                           place[3]);
+    gst_video_overlay_expose(GST_VIDEO_OVERLAY(picture_));
+}
+
+void Pipeline::SetState(GstState state) {
+    if (gst_element_set_state(playbin_, state) == GST_STATE_CHANGE_FAILURE)
+        events_->Add(PipelineEvent::Broken);
+}
+
+GstElement* Pipeline::MakeSoundSink(bool silent) {
+    GstElement* sink = silent ? nullptr : gst_element_factory_make("pulsesink", nullptr);
+    if (sink != nullptr) {
+        SetInt(sink, "buffer-time", kSoundBuffer);
+        SetInt(sink, "latency-time", kSoundLatency);
+    }
+    silent_ = !CanBeUsed(sink);
+    if (!silent_) return sink;
+    sink = gst_element_factory_make("fakesink", nullptr);
+    g_object_set(sink, "sync", TRUE, nullptr);
+    return sink;
+}
+
+GstElement* Pipeline::MakeSoundBin(bool silent) {
+    GstElement* const bin = gst_bin_new("sound");
+    GstElement* const tempo = gst_element_factory_make("scaletempo", nullptr);
+    GstElement* const convert = gst_element_factory_make("audioconvert", nullptr);
+    GstElement* const resample = gst_element_factory_make("audioresample", nullptr);
+    GstElement* const stereo = gst_element_factory_make("capsfilter", nullptr);
+    GstElement* const sink = MakeSoundSink(silent);
+    GstCaps* const caps = gst_caps_from_string(
+        "audio/x-raw,format=F32LE,layout=interleaved,channels=2,channel-mask=(bitmask)3");
+    g_object_set(stereo, "caps", caps, nullptr);
+    gst_caps_unref(caps);
+    gst_bin_add_many(GST_BIN(bin), tempo, convert, resample, stereo, sink, nullptr);
+    gst_element_link_many(tempo, convert, resample, stereo, sink, nullptr);
+    GstPad* const levels = gst_element_get_static_pad(stereo, "src");
+    gst_pad_add_probe(levels, GST_PAD_PROBE_TYPE_BUFFER, OnSamples, gain_.get(), nullptr);
+    gst_object_unref(levels);
+    GstPad* const entry = gst_element_get_static_pad(tempo, "sink");
+    gst_element_add_pad(bin, gst_ghost_pad_new("sink", entry));
+    gst_object_unref(entry);
+    return bin;
+}
+
+GstElement* Pipeline::MakePictureSink(std::int64_t parent) {
+    GstElement* sink = parent == 0 ? nullptr : gst_element_factory_make("xvimagesink", nullptr);
+    if (parent != 0 && !CanBeUsed(sink)) {
+        sink = gst_element_factory_make("ximagesink", nullptr);
+        if (!CanBeUsed(sink)) sink = nullptr;
+    }
+    if (sink == nullptr) {
+        sink = gst_element_factory_make("fakesink", nullptr);
+        g_object_set(sink, "sync", TRUE, nullptr);
+        return sink;
+    }
+    gst_video_overlay_set_window_handle(GST_VIDEO_OVERLAY(sink), static_cast<guintptr>(parent));
+    gst_video_overlay_handle_events(GST_VIDEO_OVERLAY(sink), FALSE);
+    return sink;
+}
+
+GstPadProbeReturn Pipeline::OnSamples(GstPad* pad, GstPadProbeInfo* info, void* gain) {
+    auto& levels = *static_cast<Gain*>(gain);
+    const int rate = RateOf(pad);
+    if (levels.IsIdle() || rate <= 0) return GST_PAD_PROBE_OK;
+    GstBuffer* const buffer = gst_buffer_make_writable(GST_PAD_PROBE_INFO_BUFFER(info));
+    GST_PAD_PROBE_INFO_DATA(info) = buffer;
+    GstMapInfo map;
+    if (gst_buffer_map(buffer, &map, GST_MAP_READWRITE) == FALSE) return GST_PAD_PROBE_OK;
+    levels.Apply(reinterpret_cast<float*>(map.data), map.size / (2 * sizeof(float)), rate);
+    gst_buffer_unmap(buffer, &map);
+    return GST_PAD_PROBE_OK;
+}
+
+// No message needs the bus: the few that count become events where they are made.
+GstBusSyncReply Pipeline::OnMessage(GstBus* /*bus*/, GstMessage* message, void* events) {
+    auto& queue = *static_cast<EventQueue*>(events);
+    switch (GST_MESSAGE_TYPE(message)) {
+        case GST_MESSAGE_EOS:
+            queue.Add(PipelineEvent::Ended);
+            break;
+        case GST_MESSAGE_ERROR:
+            queue.Add(PipelineEvent::Broken);
+            break;
+        case GST_MESSAGE_DURATION_CHANGED:
+            queue.Add(PipelineEvent::LengthChanged);
+            break;
+        case GST_MESSAGE_ASYNC_DONE:
+            queue.Add(PipelineEvent::Ready);
+            break;
+        default:
+            break;
+    }
+    gst_message_unref(message);
+    return GST_BUS_DROP;
+}
+
+}  // namespace gstreamer

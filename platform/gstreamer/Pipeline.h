@@ -1,0 +1,98 @@
+// One file on its way to the speakers and the screen: what a device's worker does with GStreamer.
+//
+// Every call may take its time, and with a broken disk or sound server may never return; so only a worker
+// thread makes them. Times are nanoseconds of the media. With no sound server the sound runs into nothing, in
+// real time.
+#pragma once
+
+#include <gst/gst.h>
+
+#include <array>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <utility>
+
+#include "platform/gstreamer/Gain.h"
+
+namespace gstreamer {
+
+/// What is known of a file once it is ready.
+struct MediaFacts {
+    std::int64_t length = 0;
+    double frames_per_second = 1000;  ///< pictures of a video; a millisecond of sound is a frame
+    bool is_video = false;
+};
+
+enum class PipelineEvent { None, Ready, Ended, Broken, LengthChanged };
+
+/// What GStreamer's threads tell, for the worker to take.
+class EventQueue final {
+public:
+    explicit EventQueue(std::function<void()> wake) : wake_(std::move(wake)) {}
+    void Add(PipelineEvent event);
+    void Clear();
+    PipelineEvent Take();
+    /// Takes Ready or Broken out: 0, or the number of the error.
+    int WaitUntilReady(std::chrono::milliseconds timeout);
+
+private:
+    std::function<void()> wake_;
+    std::mutex mutex_;
+    std::condition_variable added_;
+    std::deque<PipelineEvent> events_;
+};
+
+class Pipeline final {
+public:
+    /// `wake` is called on any thread when there is an event to take. `gain` must outlive the pipeline's
+    /// threads.
+    Pipeline(std::shared_ptr<Gain> gain, std::function<void()> wake);
+    ~Pipeline();
+    Pipeline(const Pipeline&) = delete;
+    Pipeline& operator=(const Pipeline&) = delete;
+
+    /// Makes the file ready at its start, its picture in the window `parent` (0: nowhere). Only a regular
+    /// file is opened. 0, or the number of the error. `silent` asks no sound server.
+    int Open(const std::string& native_path, std::int64_t parent, bool silent);
+    void Play() { SetState(GST_STATE_PLAYING); }
+    void Pause() { SetState(GST_STATE_PAUSED); }
+    /// Goes to `position` and runs to `stop` (negative: the end) at `rate`, keeping the pitch. What is still
+    /// to be heard of the old place is dropped.
+    bool Seek(std::int64_t position, std::int64_t stop, double rate);
+    /// -1 when it is not known now.
+    std::int64_t Position() const;
+    /// A length of 0 is one that is not known.
+    MediaFacts Facts() const;
+    void PutPicture(const std::array<int, 4>& place);
+    PipelineEvent TakeEvent() { return events_->Take(); }
+    bool IsSilent() const { return silent_; }
+
+private:
+    void Close();
+    void SetState(GstState state);
+    GstElement* MakeSoundSink(bool silent);
+    GstElement* MakeSoundBin(bool silent);
+    GstElement* MakePictureSink(std::int64_t parent);
+    static GstPadProbeReturn OnSamples(GstPad* pad, GstPadProbeInfo* info, void* gain);
+    static GstBusSyncReply OnMessage(GstBus* bus, GstMessage* message, void* events);
+
+    std::shared_ptr<Gain> gain_;
+    std::unique_ptr<EventQueue> events_;
+    GstElement* playbin_ = nullptr;
+    GstElement* picture_ = nullptr;  // owned by the playbin
+    bool silent_ = false;
+};
+
+/// Starts GStreamer; later calls wait for the first and do nothing more.
+void StartGStreamer();
+
+/// Loads what the first song needs, so that it starts at once. May take a second.
+void LoadElements();
+
+}  // namespace gstreamer

@@ -1,0 +1,194 @@
+#include <algorithm>
+
+#include "platform/gstreamer/DeviceShare.h"
+#include "platform/gstreamer/MciErrors.h"
+
+namespace gstreamer {
+namespace {
+
+using Lock = std::unique_lock<std::mutex>;
+
+constexpr double kNormalSpeed = 1000;
+// The speeds that sound can be stretched to and still be recognised.
+constexpr double kSlowest = 0.05;
+constexpr double kFastest = 8;
+// A player tells the speed of a song just after it has started it; waiting for that saves a jump.
+constexpr std::chrono::milliseconds kSpeedFollows{4};
+// The place is asked for more often while a song is starting.
+constexpr std::chrono::milliseconds kStarting{400};
+
+double RateOf(const Wish& wish) {
+    return std::clamp(wish.speed / kNormalSpeed, kSlowest, kFastest);
+}
+
+// Brings one pipeline to what is wished.
+class Worker final {
+public:
+    explicit Worker(const std::shared_ptr<DeviceShare>& share)
+        : share_(*share), pipeline_(share->gain, [weak = std::weak_ptr(share)] { Wake(weak); }) {}
+
+    void Run() {
+        if (!Open()) return;
+        Lock lock(share_.mutex);
+        while (!share_.closing) {
+            share_.changed.wait(lock, [this] { return IsNeeded(); });
+            if (share_.closing) break;
+            WaitForSpeed(lock);
+            TakeEvents(lock);
+            Fulfil(lock);
+        }
+    }
+
+private:
+    static void Wake(const std::weak_ptr<DeviceShare>& weak) {
+        const auto share = weak.lock();
+        if (!share) return;
+        const std::lock_guard lock(share->mutex);
+        share->event = true;
+        share->changed.notify_all();
+    }
+
+    bool Open() {
+        const int error = pipeline_.Open(share_.request.native_path, share_.request.parent, false);
+        const MediaFacts facts = error == kNoError ? pipeline_.Facts() : MediaFacts();
+        const std::lock_guard lock(share_.mutex);
+        share_.facts = facts;
+        share_.open_result = error;
+        share_.opened.notify_all();
+        heard_left_ = share_.gain->Left();
+        heard_right_ = share_.gain->Right();
+        return error == kNoError;
+    }
+
+    bool IsNeeded() const {
+        const Wish& wish = share_.wish;
+        return share_.closing || share_.event || share_.place_wanted || wish.jump != jump_ ||
+               wish.stop != stop_ || (wish.playing && RateOf(wish) != rate_) || wish.playing != playing_ ||
+               wish.put != put_;
+    }
+
+    void WaitForSpeed(Lock& lock) {
+        const bool is_first = share_.wish.playing && !started_;
+        if (!is_first || share_.wish.speed_told || share_.request.usual_speed == kNormalSpeed) return;
+        share_.changed.wait_for(lock, kSpeedFollows,
+                                [this] { return share_.wish.speed_told || share_.closing; });
+    }
+
+    void TakeEvents(Lock& lock) {
+        share_.event = false;
+        for (PipelineEvent event = pipeline_.TakeEvent(); event != PipelineEvent::None;
+             event = pipeline_.TakeEvent()) {
+            if (event == PipelineEvent::Ended) HasEnded();
+            if (event == PipelineEvent::Broken) GoOnSilently(lock);
+            if (event == PipelineEvent::LengthChanged) Measure(lock);
+        }
+    }
+
+    void HasEnded() {
+        if (share_.wish.jump != jump_) return;
+        share_.mode = Mode::Stopped;
+        share_.wish.playing = false;
+        share_.anchor = {.position = stop_ < 0 ? share_.facts.length : stop_, .at = {}, .running = false};
+        share_.last_told = share_.anchor.position;
+        ended_ = true;
+    }
+
+    // The sound server is gone, or the file cannot be read on: the song runs on without sound, or ends.
+    void GoOnSilently(Lock& lock) {
+        if (pipeline_.IsSilent()) return HasEnded();
+        const std::int64_t place = last_place_;
+        lock.unlock();
+        const int error = pipeline_.Open(share_.request.native_path, share_.request.parent, true);
+        const bool goes_on = error == kNoError && pipeline_.Seek(place, stop_, rate_);
+        if (goes_on && playing_) pipeline_.Play();
+        lock.lock();
+        if (!goes_on) HasEnded();
+        share_.place_wanted = true;
+    }
+
+    void Measure(Lock& lock) {
+        lock.unlock();
+        const MediaFacts facts = pipeline_.Facts();
+        lock.lock();
+        if (facts.length > 0) share_.facts.length = facts.length;
+    }
+
+    void Fulfil(Lock& lock) {
+        const Wish wish = share_.wish;
+        share_.place_wanted = false;
+        lock.unlock();
+        Move(wish);
+        if (wish.playing != playing_) SetPlaying(wish.playing);
+        if (wish.put != put_) pipeline_.PutPicture(wish.place);
+        put_ = wish.put;
+        const std::int64_t place = Place(wish);
+        lock.lock();
+        Report(wish, place);
+    }
+
+    void Move(const Wish& wish) {
+        const bool jumps = wish.jump != jump_;
+        const bool restarts = wish.playing && (RateOf(wish) != rate_ || wish.stop != stop_ || IsStale());
+        if (!jumps && !restarts) return;
+        const std::int64_t position = jumps ? wish.jump_to : std::max<std::int64_t>(pipeline_.Position(), 0);
+        rate_ = RateOf(wish);
+        stop_ = wish.stop;
+        jump_ = wish.jump;
+        ended_ = false;
+        heard_left_ = share_.gain->Left();
+        heard_right_ = share_.gain->Right();
+        pipeline_.Seek(position, stop_, rate_);
+        last_place_ = position;
+    }
+
+    // What was made ready before the first play has the levels of that time.
+    bool IsStale() const {
+        return !started_ && (share_.gain->Left() != heard_left_ || share_.gain->Right() != heard_right_);
+    }
+
+    void SetPlaying(bool playing) {
+        if (playing) {
+            pipeline_.Play();
+            started_ = true;
+            started_at_ = Anchor::Clock::now();
+        } else {
+            pipeline_.Pause();
+        }
+        playing_ = playing;
+    }
+
+    std::int64_t Place(const Wish& wish) {
+        if (ended_) return -1;
+        const std::int64_t place = pipeline_.Position();
+        if (place >= 0) last_place_ = place;
+        return wish.playing || place >= 0 ? last_place_ : -1;
+    }
+
+    void Report(const Wish& wish, std::int64_t place) {
+        share_.jump_done = wish.jump;
+        if (place < 0) return;
+        share_.anchor = {.position = place, .at = Anchor::Clock::now(), .running = playing_};
+    }
+
+    DeviceShare& share_;
+    Pipeline pipeline_;
+    std::int64_t jump_ = 0;
+    std::int64_t stop_ = -1;
+    std::int64_t put_ = 0;
+    double rate_ = 1;
+    bool playing_ = false;
+    bool started_ = false;
+    bool ended_ = false;
+    int heard_left_ = Gain::kFull;
+    int heard_right_ = Gain::kFull;
+    std::int64_t last_place_ = 0;
+    Anchor::Clock::time_point started_at_;
+};
+
+}  // namespace
+
+void RunWorker(const std::shared_ptr<DeviceShare>& share) {
+    Worker(share).Run();
+}
+
+}  // namespace gstreamer
