@@ -112,6 +112,9 @@ ComboMirror::ComboMirror(Stage& stage, controls::ComboBox& combo, QWidget* conta
         box_->setCompleter(nullptr);
         edit->setFrame(false);
         WatchInput(edit);
+        // Qt takes a text that equals a row for a choice of that row when the box is left; nobody chose it.
+        QObject::disconnect(edit, &QLineEdit::editingFinished, box_, nullptr);
+        QObject::disconnect(edit, &QLineEdit::returnPressed, box_, nullptr);
         connect(edit, &QLineEdit::textEdited, this,
                 [this](const QString& text) { combo_.SetText(text.toStdString()); });
     }

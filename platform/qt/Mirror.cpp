@@ -32,12 +32,15 @@ void Mirror::OnPropertyChanged(controls::Control& control, Property property) {
         Apply(property);
         return;
     }
-    const std::uint32_t before = waiting_;
     waiting_ |= Bit(property);
-    if (before == 0) stage_.CatchUpLater(*this);
+    if (is_queued_) return;
+    is_queued_ = true;
+    stage_.CatchUpLater(*this);
 }
 
 void Mirror::CatchUp() {
+    // What changes from here on, even before the late ones had their turn, needs another turn.
+    is_queued_ = false;
     std::uint32_t now = waiting_ & ~kLate;
     waiting_ &= kLate;
     while (now != 0) {

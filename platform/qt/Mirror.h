@@ -43,6 +43,7 @@ protected:
 private:
     controls::Control& control_;
     std::uint32_t waiting_ = 0;
+    bool is_queued_ = false;
 };
 
 }  // namespace qt
