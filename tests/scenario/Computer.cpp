@@ -1,0 +1,42 @@
+#include "scenario/Computer.h"
+
+#include "base/Number.h"
+#include "store/StartingContent.h"
+
+namespace scenario {
+
+Computer::Computer() {
+    for (const std::string_view path : {kMediaPath, kFavouritesPath, kHistoryPath, kLoginPath}) {
+        files.AddFile(path);
+        database.MakeStore(path);
+    }
+    database.Seed(kFavouritesPath, "tblFavs",
+                  {{store::kStartingFavourite.begin(), store::kStartingFavourite.end()}});
+    int id = 0;
+    for (const std::string_view text : store::kStartingSettings) {
+        database.Seed(kHistoryPath, "tblHistory",
+                      {{base::ToText(++id), std::string(store::kSettingsType), std::string(text)}});
+    }
+}
+
+void Computer::AddSong(std::string_view path, fakes::FakeMedia of) {
+    files.AddFile(path);
+    media.AddFile(path, of);
+    media.AddFile(files.GetShortPathName(path), of);
+}
+
+void Computer::AddUser(std::string_view name, std::string_view password) {
+    database.Seed(
+        kLoginPath, "tblLogin",
+        {{std::string(name), std::string(password), " ", " ", " ", " ", " ", " ", "False", "False"}});
+}
+
+void Computer::AddPage(std::string_view address, std::string_view title) {
+    web[std::string(address)] = {std::string(title), {}, {}};
+}
+
+std::string Computer::Setting(int row) const {
+    return database.Rows(kHistoryPath, "tblHistory").at(static_cast<std::size_t>(row - 1)).at(2);
+}
+
+}  // namespace scenario
