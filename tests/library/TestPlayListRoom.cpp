@@ -1,0 +1,373 @@
+#include "library/PlayListRoom.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "library/LibraryPane.h"
+
+namespace {
+
+using ports::BoxAnswer;
+using testing_library::LibraryPane;
+using testing_library::PlayListRow;
+using testing_library::Rows;
+using testing_library::RowsOf;
+using testing_library::Song;
+
+class PlayListRoomTest : public testing::Test, protected LibraryPane {
+protected:
+    PlayListRoomTest() {
+        SeedSongs(
+            {Song("1", "Lark", "Brindle", "4"), Song("2", "Ac-dc", "Nightjar"), Song("3", "Lark", "Largo")});
+        SeedPlayLists({PlayListRow("1", "Road"), PlayListRow("2", "Road", "3", "Lark", "Largo"),
+                       PlayListRow("3", "Sunday"), PlayListRow("4", "Sunday", "3", "Lark", "Largo"),
+                       PlayListRow("5", "Road", "3", "Lark", "Largo"),
+                       PlayListRow("6", "Road", "2", "Ac-dc", "Nightjar")});
+        ListsRoom.Command1();
+        Neighbours.Calls.clear();
+    }
+
+    void OpenPanelFor(int track) {
+        Lists.lstTracks.SetListIndex(track);
+        PlayLists.imgAddSongOver.Click.Raise();
+    }
+    void ExpectQuestion(std::string_view text, std::string_view title) {
+        ASSERT_EQ(Dialogs.Boxes.size(), 1U);
+        EXPECT_EQ(Dialogs.Boxes[0].text, text);
+        EXPECT_EQ(Dialogs.Boxes[0].title, title);
+        EXPECT_EQ(Dialogs.Boxes[0].buttons, ports::BoxButtons::YesNo);
+        EXPECT_EQ(Dialogs.Boxes[0].icon, ports::BoxIcon::None);
+    }
+};
+
+TEST_F(PlayListRoomTest, AddSongOpensThePanelForTheSelectedTrack) {
+    OpenPanelFor(1);
+
+    EXPECT_TRUE(PlayLists.fraAddToPlaylist.Visible());
+    EXPECT_EQ(PlayLists.txtSongToAdd.Text(), "Ac-dc - Nightjar");
+    EXPECT_EQ(PlayLists.lblAddPlayListSongID.Caption(), "2");
+    EXPECT_EQ(RowsOf(PlayLists.lstAddToPlaylist), (Rows{"Road", "Sunday"}));
+    EXPECT_TRUE(Dialogs.Boxes.empty());
+}
+
+TEST_F(PlayListRoomTest, AddSongNeedsASelectedTrack) {
+    PlayLists.imgAddSongOver.Click.Raise();
+
+    EXPECT_FALSE(PlayLists.fraAddToPlaylist.Visible());
+    EXPECT_EQ(PlayLists.lblAddPlayListSongID.Caption(), "");
+}
+
+TEST_F(PlayListRoomTest, ATrackFromOutsideIsRefused) {
+    ListsRoom.AddOutsideTrack("Owl - Song", "C:\\Owl.mp3");
+
+    OpenPanelFor(3);
+
+    ASSERT_EQ(Dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(
+        Dialogs.Boxes[0].text,
+        "This track has been dragged from an outside source and so can't be added to a play list. Please use "
+        "the search to find this track.");
+    EXPECT_EQ(Dialogs.Boxes[0].title, "Can not add to play list");
+    EXPECT_EQ(Dialogs.Boxes[0].icon, ports::BoxIcon::Information);
+    EXPECT_EQ(Dialogs.Boxes[0].buttons, ports::BoxButtons::Ok);
+    EXPECT_FALSE(PlayLists.fraAddToPlaylist.Visible());
+}
+
+TEST_F(PlayListRoomTest, OkAddsTheSongBehindTheLastRowAndHidesThePanel) {
+    OpenPanelFor(1);
+    PlayLists.lstAddToPlaylist.SelectText("Sunday");
+
+    PlayLists.imgOkOver.Click.Raise();
+
+    const auto rows = Stores.Rows("tblPlayList");
+    ASSERT_EQ(rows.size(), 7U);
+    EXPECT_EQ(rows.back(), PlayListRow("7", "Sunday", "2", "Ac-dc", "Nightjar"));
+    EXPECT_FALSE(PlayLists.fraAddToPlaylist.Visible());
+    EXPECT_EQ(PlayLists.lblEntryCount2.Caption(), "7");
+}
+
+TEST_F(PlayListRoomTest, OkNeedsAChosenPlayList) {
+    OpenPanelFor(1);
+
+    PlayLists.imgOkOver.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+    EXPECT_TRUE(PlayLists.fraAddToPlaylist.Visible());
+}
+
+TEST_F(PlayListRoomTest, OkNeedsASongToAdd) {
+    OpenPanelFor(1);
+    PlayLists.lstAddToPlaylist.SelectText("Sunday");
+    PlayLists.txtSongToAdd.SetText("  ");
+
+    PlayLists.imgOkOver.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+    EXPECT_TRUE(PlayLists.fraAddToPlaylist.Visible());
+}
+
+TEST_F(PlayListRoomTest, TheAddButtonOfThePanelDoesWhatOkDoes) {
+    OpenPanelFor(0);
+    PlayLists.lstAddToPlaylist.SelectText("Road");
+
+    PlayLists.imgAddToPlaylist.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "Road", "1", "Lark", "Brindle"));
+}
+
+TEST_F(PlayListRoomTest, CancelHidesThePanelAndAddsNothing) {
+    OpenPanelFor(1);
+    PlayLists.lstAddToPlaylist.SelectText("Sunday");
+
+    PlayLists.imgCancelOver.Click.Raise();
+
+    EXPECT_FALSE(PlayLists.fraAddToPlaylist.Visible());
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+}
+
+TEST_F(PlayListRoomTest, EnterAndEscapeEndThePanel) {
+    OpenPanelFor(1);
+    PlayLists.lstAddToPlaylist.SelectText("Sunday");
+    PlayLists.lstAddToPlaylist.KeyDown.Raise(controls::kKeyEnter, 0);
+    OpenPanelFor(1);
+
+    PlayLists.lstAddToPlaylist.KeyDown.Raise(controls::kKeyEscape, 0);
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 7U);
+    EXPECT_FALSE(PlayLists.fraAddToPlaylist.Visible());
+}
+
+TEST_F(PlayListRoomTest, ASongMayStandInAPlayListManyTimes) {
+    PlayListsRoom.addsong("1", "Sunday");
+    PlayListsRoom.addsong("1", "Sunday");
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 8U);
+}
+
+TEST_F(PlayListRoomTest, ASongThatIsNotInTheLibraryIsNotAdded) {
+    PlayListsRoom.addsong("99", "Sunday");
+    PlayListsRoom.addsong("", "Sunday");
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+}
+
+TEST_F(PlayListRoomTest, EditingTheSongLeavesThePlayListsCopy) {
+    PlayListsRoom.addsong("1", "Sunday");
+    Sources.datSong.Open(store::kAllSongs);
+    Sources.datSong.Recordset().Edit();
+    Sources.datSong.Recordset().Set(store::tblSong::artist, "Other");
+
+    Sources.datSong.Recordset().Update();
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").back()[3], "Lark");
+}
+
+TEST_F(PlayListRoomTest, RemoveNeedsASelectedTrack) {
+    PlayLists.imgRemoveSongOver.Click.Raise();
+
+    EXPECT_TRUE(Dialogs.Boxes.empty());
+}
+
+TEST_F(PlayListRoomTest, RemovingFromAPlayListDeletesEveryRowOfTheSongThere) {
+    Lists.lstPlayLists.SelectText("Road");
+    Lists.lstTracks.SetListIndex(0);
+    Dialogs.Answers = {BoxAnswer::Yes};
+
+    PlayLists.imgRemoveSongOver.Click.Raise();
+
+    ExpectQuestion("Are you sure you want to delete this song from the play list?",
+                   "Delete song from Play list");
+    const auto rows = Stores.Rows("tblPlayList");
+    ASSERT_EQ(rows.size(), 4U);
+    EXPECT_EQ(rows[0], PlayListRow("1", "Road"));
+    EXPECT_EQ(rows[2], PlayListRow("4", "Sunday", "3", "Lark", "Largo"));
+    EXPECT_EQ(rows[3], PlayListRow("6", "Road", "2", "Ac-dc", "Nightjar"));
+    EXPECT_EQ(Neighbours.Calls.front(), "stage Media Library");
+    EXPECT_EQ(Stores.Rows("tblSong").size(), 3U);
+}
+
+TEST_F(PlayListRoomTest, NoLeavesThePlayListAlone) {
+    Lists.lstPlayLists.SelectText("Road");
+    Lists.lstTracks.SetListIndex(0);
+    Dialogs.Answers = {BoxAnswer::No};
+
+    PlayLists.imgRemoveSongOver.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+    EXPECT_TRUE(Neighbours.Calls.empty());
+}
+
+TEST_F(PlayListRoomTest, TheMenuRemovesAsTheButtonDoes) {
+    Lists.lstPlayLists.SelectText("Road");
+    Lists.lstTracks.SetListIndex(0);
+    Dialogs.Answers = {BoxAnswer::Yes};
+
+    mnuRemoveSong.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 4U);
+}
+
+TEST_F(PlayListRoomTest, TheTop20ResetsThePlayCountInstead) {
+    Lists.lstPlayLists.SelectText("  [Top 20]");
+    Lists.lstTracks.SetListIndex(0);
+    Dialogs.Answers = {BoxAnswer::Yes};
+
+    PlayLists.imgRemoveSongOver.Click.Raise();
+
+    ExpectQuestion("This is the top 20 playlist, would you like to reset this songs play count?",
+                   "Reset Play Count");
+    EXPECT_EQ(Stores.Rows("tblSong")[0], Song("1", "Lark", "Brindle", "0"));
+    EXPECT_EQ(Stores.Rows("tblSong").size(), 3U);
+}
+
+TEST_F(PlayListRoomTest, NoKeepsThePlayCount) {
+    Lists.lstPlayLists.SelectText("  [Top 20]");
+    Lists.lstTracks.SetListIndex(0);
+    Dialogs.Answers = {BoxAnswer::No};
+
+    PlayLists.imgRemoveSongOver.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblSong")[0][4], "4");
+}
+
+TEST_F(PlayListRoomTest, TheLibraryLosesTheFirstRowOfTheSongAndPlayListsKeepTheirs) {
+    Lists.lstTracks.SetListIndex(2);
+    Dialogs.Answers = {BoxAnswer::Yes};
+
+    PlayLists.imgRemoveSongOver.Click.Raise();
+
+    ExpectQuestion("Are you sure you want to delete this file from the media library?",
+                   "Delete from Media Library");
+    EXPECT_EQ(Stores.Rows("tblSong").size(), 2U);
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+    EXPECT_EQ(RowsOf(Lists.lstMaybe), (Rows{"1", "2"}));
+}
+
+TEST_F(PlayListRoomTest, AllMediaDeletesFromTheLibraryWhateverTheArtist) {
+    Lists.lstPlayLists.SelectText("  [All Media]");
+    Lists.lstArtists.SelectText("Ac-dc");
+    Lists.lstTracks.SetListIndex(0);
+    Dialogs.Answers = {BoxAnswer::Yes};
+
+    PlayLists.imgRemoveSongOver.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblSong").size(), 2U);
+    EXPECT_EQ(Stores.Rows("tblSong")[1][0], "3");
+}
+
+TEST_F(PlayListRoomTest, ATrackFromOutsideDeletesNoSong) {
+    ListsRoom.AddOutsideTrack("Owl - Song", "C:\\Owl.mp3");
+    Lists.lstTracks.SetListIndex(3);
+    Dialogs.Answers = {BoxAnswer::Yes};
+
+    PlayLists.imgRemoveSongOver.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblSong").size(), 3U);
+    EXPECT_EQ(Lists.lstTracks.ListCount(), 3);
+}
+
+TEST_F(PlayListRoomTest, DeletingTheLastSongLetsTheNextReuseItsKey) {
+    PlayListsRoom.addsong("1", "Road");
+    Lists.lstPlayLists.SelectText("Road");
+    Lists.lstTracks.SetListIndex(3);
+    Dialogs.Answers = {BoxAnswer::Yes};
+    PlayLists.imgRemoveSongOver.Click.Raise();
+
+    PlayListsRoom.addsong("2", "Sunday");
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "Sunday", "2", "Ac-dc", "Nightjar"));
+}
+
+TEST_F(PlayListRoomTest, ANewPlayListIsAHeadRowAndIsListed) {
+    Dialogs.Typed = {" Evening "};
+
+    mnuNewPlayList.Click.Raise();
+
+    ASSERT_EQ(Dialogs.Inputs.size(), 1U);
+    EXPECT_EQ(Dialogs.Inputs[0].prompt, "What would you like to call the new play list?");
+    EXPECT_EQ(Dialogs.Inputs[0].title, "New Play List");
+    EXPECT_EQ(Dialogs.Inputs[0].default_text, "New_Playlist");
+    EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "Evening"));
+    EXPECT_EQ(Lists.lstPlayLists.List(5), "Evening");
+}
+
+TEST_F(PlayListRoomTest, AnEmptyNameMakesNoPlayList) {
+    Dialogs.Typed = {"  "};
+
+    mnuNewPlayList.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+    EXPECT_TRUE(Neighbours.Calls.empty());
+}
+
+TEST_F(PlayListRoomTest, ATakenNameAsksForAnother) {
+    Dialogs.Typed = {"Road", "Sunday", "Evening"};
+
+    mnuNewPlayList.Click.Raise();
+
+    ASSERT_EQ(Dialogs.Inputs.size(), 3U);
+    EXPECT_EQ(Dialogs.Inputs[1].prompt, "You already have a playlist with that name, please state another.");
+    EXPECT_EQ(Dialogs.Inputs[1].title, "New Playlist");
+    EXPECT_EQ(Dialogs.Inputs[2].prompt, "You already have a playlist with that name, please state another.");
+    EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "Evening"));
+}
+
+TEST_F(PlayListRoomTest, ABuiltInViewsNameIsTaken) {
+    Dialogs.Typed = {"[Top 20]", ""};
+
+    mnuNewPlayList.Click.Raise();
+
+    EXPECT_EQ(Dialogs.Inputs.size(), 2U);
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+}
+
+TEST_F(PlayListRoomTest, DeletingAPlayListTakesAllItsRows) {
+    OpenPanelFor(0);
+    PlayLists.lstAddToPlaylist.SelectText("Road");
+    Dialogs.Answers = {BoxAnswer::Yes};
+
+    PlayLists.imgDeletePlayListOver.Click.Raise();
+
+    ExpectQuestion("Are you sure you want to delete the playlist Road?", "Delete Playlist");
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 2U);
+    EXPECT_EQ(RowsOf(PlayLists.lstAddToPlaylist), (Rows{"Sunday"}));
+}
+
+TEST_F(PlayListRoomTest, DeletingNeedsASelectedPlayListAndAYes) {
+    OpenPanelFor(0);
+    PlayLists.imgDeletePlayListOver.Click.Raise();
+    EXPECT_TRUE(Dialogs.Boxes.empty());
+    PlayLists.lstAddToPlaylist.SelectText("Road");
+
+    PlayLists.imgDeletePlayListOver.Click.Raise();
+
+    EXPECT_EQ(Dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+}
+
+TEST_F(PlayListRoomTest, TheMouseOverAPlainPictureShowsItsBrightTwin) {
+    const std::vector<std::pair<controls::Image*, controls::Image*>> twins = {
+        {&PlayLists.imgAddSong, &PlayLists.imgAddSongOver},
+        {&PlayLists.imgRemoveSong, &PlayLists.imgRemoveSongOver},
+        {&PlayLists.imgOk, &PlayLists.imgOkOver},
+        {&PlayLists.imgCancel, &PlayLists.imgCancelOver},
+        {&PlayLists.imgDeletePlayList, &PlayLists.imgDeletePlayListOver}};
+    for (const auto& [plain, over] : twins) {
+        EXPECT_FALSE(over->Visible()) << over->Name();
+
+        plain->MouseMove.Raise(0, 0, 1, 1);
+
+        EXPECT_TRUE(over->Visible()) << over->Name();
+    }
+}
+
+TEST_F(PlayListRoomTest, TheMouseOverThePanelHidesTheBrightPictures) {
+    PlayLists.imgBG2.MouseMove.Raise(0, 0, 1, 1);
+    PlayLists.fraPlayListCenter.MouseMove.Raise(0, 0, 1, 1);
+    PlayLists.lstAddToPlaylist.MouseMove.Raise(0, 0, 1, 1);
+
+    EXPECT_EQ(Neighbours.OversHidden, 3);
+}
+
+}  // namespace
