@@ -30,7 +30,7 @@ class StageError(Exception):
 
 
 # What the stage needs out of a build folder.
-KIT = ["app/Brindlepost", "platform/webengine/*.so", "images/*.png", "images/*.bmp", "stores/*.mdb"]
+KIT = ["app/Brindlepost", "platform/webengine/*.so", "images/*.png", "images/*.bmp", "stores/*.mdb", "bench/bare_window"]
 
 
 def become_unprivileged(build):
@@ -172,10 +172,10 @@ def make_tone(path, frequency, seconds, right_frequency=None):
 
 
 def make_midi(path, note=69, seconds=4):
-    """A General MIDI file that holds one organ note (69 is the A of 440 Hz)."""
+    """A General MIDI file that holds one note of an ocarina, which is nearly a pure tone (69 is the A of 440 Hz)."""
     ticks = int(seconds * 960)
     length = bytes([0x80 | (ticks >> 7 & 0x7F), ticks & 0x7F]) if ticks < 16384 else bytes([0xFF, 0x7F])
-    events = b"\x00\xff\x51\x03\x07\xa1\x20" + b"\x00\xc0\x13" + bytes([0, 0x90, note, 110]) + length + bytes(
+    events = b"\x00\xff\x51\x03\x07\xa1\x20" + b"\x00\xc0\x4f" + bytes([0, 0x90, note, 127]) + length + bytes(
         [0x80, note, 0]) + b"\x00\xff\x2f\x00"
     pathlib.Path(path).write_bytes(
         b"MThd" + struct.pack(">IHHH", 6, 0, 1, 480) + b"MTrk" + struct.pack(">I", len(events)) + events)
