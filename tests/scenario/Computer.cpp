@@ -25,6 +25,16 @@ void Computer::AddSong(std::string_view path, fakes::FakeMedia of) {
     media.AddFile(files.GetShortPathName(path), of);
 }
 
+std::string Computer::AddToLibrary(int song_id, std::string_view artist, std::string_view title,
+                                   fakes::FakeMedia of, std::string_view extension) {
+    std::string path = "C:\\Music\\";
+    path.append(artist).append(" - ").append(title).append(".").append(extension);
+    AddSong(path, of);
+    database.Seed(kMediaPath, "tblSong",
+                  {{base::ToText(song_id), std::string(artist), std::string(title), path}});
+    return path;
+}
+
 void Computer::AddUser(std::string_view name, std::string_view password) {
     database.Seed(
         kLoginPath, "tblLogin",

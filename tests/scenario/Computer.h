@@ -24,6 +24,9 @@ struct Computer {
 
     /// A media file that can be found, opened and played.
     void AddSong(std::string_view path, fakes::FakeMedia media = {});
+    /// A song in the library, whose file is there as well. Gives its path.
+    std::string AddToLibrary(int song_id, std::string_view artist, std::string_view title,
+                             fakes::FakeMedia media = {}, std::string_view extension = "mp3");
     /// A person who may log in, with no site logins.
     void AddUser(std::string_view name, std::string_view password);
     /// A page under a whole address.

@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+
+#include "scenario/Program.h"
+
+namespace {
+
+using scenario::Computer;
+using scenario::Program;
+using Texts = std::vector<std::string>;
+
+class LibraryStory : public testing::Test {
+protected:
+    LibraryStory() { computer.AddUser("Ann", "rose"); }
+
+    Texts Tracks(Program& program) { return Program::RowsOf(program.Browser().library.lists.lstTracks); }
+
+    Computer computer;
+};
+
+TEST_F(LibraryStory, AnEmptyLibraryOffersToAddMedia) {
+    Program program(computer);
+
+    program.StartAndLogIn("Ann", "rose");
+
+    ASSERT_EQ(program.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(program.dialogs.Boxes[0].text,
+              "You currently have no media files in your library, would you like to add media now?");
+    EXPECT_EQ(program.dialogs.Boxes[0].title, "Add Media");
+    EXPECT_FALSE(program.windows.add_media.frmAddMedia.Visible());
+}
+
+TEST_F(LibraryStory, AFilledLibraryIsListedAndOffersNothing) {
+    computer.AddToLibrary(1, "Sun", "Rise");
+    computer.AddToLibrary(2, "Moon", "Fall");
+    Program program(computer);
+
+    program.StartAndLogIn("Ann", "rose");
+
+    EXPECT_TRUE(program.BoxTexts().empty());
+    EXPECT_EQ(Tracks(program), (Texts{"Sun - Rise", "Moon - Fall"}));
+    EXPECT_EQ(Program::RowsOf(program.Browser().library.lists.lstArtists),
+              (Texts{"  [All Artists]", "Moon", "Sun"}));
+}
+
+TEST_F(LibraryStory, MediaIsFoundInAFolderAndBelowItAndAdded) {
+    computer.AddSong("C:\\Music\\Sun - Rise.mp3");
+    computer.AddSong("C:\\Music\\Deep\\Moon - Fall.mp3");
+    computer.files.AddFile("C:\\Music\\notes.txt");
+    Program program(computer);
+    program.dialogs.Answers = {ports::BoxAnswer::Yes};
+    program.StartAndLogIn("Ann", "rose");
+    auto& dialog = program.windows.add_media;
+    ASSERT_TRUE(dialog.frmAddMedia.Visible());
+
+    ASSERT_TRUE(dialog.Dir1.SetPath("C:\\Music"));
+    program.Click(dialog.cmdGetFiles);
+    program.Wait(500);
+    EXPECT_EQ(dialog.lblTotalFiles.Caption(), "2");
+    program.Click(dialog.imgAddAllOver);
+
+    EXPECT_FALSE(dialog.frmAddMedia.Visible());
+    EXPECT_TRUE(program.Browser().Visible());
+    EXPECT_EQ(Tracks(program), (Texts{"Sun - Rise", "Moon - Fall"}));
+    const auto songs = computer.database.Rows(scenario::kMediaPath, "tblSong");
+    ASSERT_EQ(songs.size(), 2U);
+    EXPECT_EQ(songs[0][3], "C:\\Music\\Sun - Rise.mp3");
+    EXPECT_EQ(songs[1][3], "C:\\Music\\Deep\\Moon - Fall.mp3");
+}
+
+TEST_F(LibraryStory, TheButtonBesideTheSearchBoxOpensTheDialogAgain) {
+    computer.AddToLibrary(1, "Sun", "Rise");
+    Program program(computer);
+    program.StartAndLogIn("Ann", "rose");
+
+    program.Click(program.Browser().library.search.cmdAddToLibrary);
+    EXPECT_TRUE(program.windows.add_media.frmAddMedia.Visible());
+    program.Click(program.windows.add_media.imgBackOver);
+
+    EXPECT_FALSE(program.windows.add_media.frmAddMedia.Visible());
+    EXPECT_TRUE(program.Browser().Visible());
+}
+
+TEST_F(LibraryStory, TheSearchBoxNarrowsTheTracks) {
+    computer.AddToLibrary(1, "Sun", "Rise");
+    computer.AddToLibrary(2, "Moon", "Fall");
+    Program program(computer);
+    program.StartAndLogIn("Ann", "rose");
+
+    program.Browser().library.search.txtSearch.SetText("moo");
+    program.Wait(1000);
+
+    EXPECT_EQ(Tracks(program), (Texts{"Moon - Fall"}));
+}
+
+TEST_F(LibraryStory, AnArtistNarrowsTheTracksAndJustTracksHidesTheLists) {
+    computer.AddToLibrary(1, "Sun", "Rise");
+    computer.AddToLibrary(2, "Moon", "Fall");
+    Program program(computer);
+    program.StartAndLogIn("Ann", "rose");
+    auto& lists = program.Browser().library.lists;
+
+    lists.lstArtists.SelectText("Sun");
+    EXPECT_EQ(Tracks(program), (Texts{"Sun - Rise"}));
+    const double height = lists.lstTracks.Height();
+    program.Click(program.Browser().menus.mnuMusicJustTracks);
+
+    EXPECT_FALSE(lists.lstArtists.Visible());
+    EXPECT_GT(lists.lstTracks.Height(), height);
+}
+
+TEST_F(LibraryStory, ASongGoesIntoANewPlaylistAndOutAgain) {
+    computer.AddToLibrary(1, "Sun", "Rise");
+    Program program(computer);
+    program.StartAndLogIn("Ann", "rose");
+    auto& lists = program.Browser().library.lists;
+    auto& panel = program.Browser().library.playlists;
+    lists.lstTracks.SetListIndex(0);
+
+    program.dialogs.Typed = {"Evening"};
+    program.Click(program.Browser().menus.mnuNewPlayList);
+    lists.lstTracks.SetListIndex(0);
+    program.Click(panel.imgAddSongOver);
+    ASSERT_TRUE(panel.fraAddToPlaylist.Visible());
+    panel.lstAddToPlaylist.SelectText("Evening");
+    program.Click(panel.imgOkOver);
+
+    const auto rows = computer.database.Rows(scenario::kMediaPath, "tblPlayList");
+    ASSERT_FALSE(rows.empty());
+    EXPECT_EQ(rows.back()[1], "Evening");
+    EXPECT_EQ(rows.back()[2], "1");
+}
+
+}  // namespace

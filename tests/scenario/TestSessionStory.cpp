@@ -1,0 +1,174 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "scenario/Program.h"
+
+namespace {
+
+using scenario::Computer;
+using scenario::Program;
+using Texts = std::vector<std::string>;
+
+constexpr const char* kExitQuestion = "You currently have web tabs open, are you sure you want to exit?";
+constexpr const char* kLogOutQuestion = "You currently have web tabs open, are you sure you want to log out?";
+
+class SessionStory : public testing::Test {
+protected:
+    SessionStory() {
+        computer.AddUser("Ann", "rose");
+        computer.AddToLibrary(1, "Sun", "Rise");
+        computer.AddPage("http://one.example/", "One");
+        Run();
+    }
+
+    /// Ends the run before, if there is one, and starts and logs in.
+    void Run() {
+        program.reset();
+        program = std::make_unique<Program>(computer);
+        program->StartAndLogIn("Ann", "rose");
+    }
+    desktop::BrowserForm& Browser() { return program->Browser(); }
+
+    Computer computer;
+    std::unique_ptr<Program> program;
+};
+
+TEST_F(SessionStory, ExitWithoutTabsEndsWithoutAQuestion) {
+    program->Click(Browser().menus.mnuExit);
+
+    EXPECT_TRUE(program->BoxTexts().empty());
+    EXPECT_TRUE(program->ended);
+    for (const controls::Form* window : program->windows.All())
+        EXPECT_FALSE(window->IsLoaded()) << window->Name();
+}
+
+TEST_F(SessionStory, ExitWithAnOpenTabAsksAndNoKeepsTheProgram) {
+    program->GoTo("one.example");
+    program->dialogs.Answers = {ports::BoxAnswer::No};
+
+    program->Click(Browser().menus.mnuExit);
+
+    EXPECT_EQ(program->BoxTexts(), (Texts{kExitQuestion}));
+    EXPECT_EQ(program->dialogs.Boxes[0].title, "Exit Brindlepost");
+    EXPECT_FALSE(program->ended);
+    EXPECT_TRUE(Browser().Visible());
+    EXPECT_TRUE(Browser().web.tabs.tabtab(1).Visible());
+}
+
+TEST_F(SessionStory, ExitWithAnOpenTabAsksAndYesEnds) {
+    program->GoTo("one.example");
+    program->dialogs.Answers = {ports::BoxAnswer::Yes};
+
+    program->Click(Browser().menus.mnuExit);
+
+    EXPECT_EQ(program->BoxTexts(), (Texts{kExitQuestion}));
+    EXPECT_TRUE(program->ended);
+}
+
+TEST_F(SessionStory, ExitStopsWhatPlays) {
+    Browser().library.lists.lstTracks.SetListIndex(0);
+    program->DoubleClick(Browser().library.lists.lstTracks);
+    ASSERT_TRUE(computer.media.IsOpen("a"));
+
+    program->Click(Browser().menus.mnuExit);
+
+    EXPECT_FALSE(computer.media.IsOpen("a"));
+    EXPECT_TRUE(program->ended);
+}
+
+TEST_F(SessionStory, SettingsSurviveToTheNextRun) {
+    program->Click(Browser().menus.mnuRepeat);
+    program->Click(Browser().menus.mnuShuffle);
+    program->Click(Browser().menus.mnuSearchTitle);
+    Browser().web.refresh.txtRefresh.SetText("90");
+    program->Click(Browser().menus.mnuExit);
+    EXPECT_EQ(computer.Setting(1), "True");
+    EXPECT_EQ(computer.Setting(2), "True");
+    EXPECT_EQ(computer.Setting(3), "90");
+    EXPECT_EQ(computer.Setting(4), "Title");
+
+    Run();
+
+    EXPECT_TRUE(Browser().menus.mnuRepeat.Checked());
+    EXPECT_TRUE(Browser().player.transport.imgRepeat.Visible());
+    EXPECT_TRUE(Browser().menus.mnuShuffle.Checked());
+    EXPECT_TRUE(Browser().menus.mnuSearchTitle.Checked());
+    EXPECT_FALSE(Browser().menus.mnuSearchBroad.Checked());
+    EXPECT_EQ(Browser().web.refresh.txtRefresh.Text(), "90");
+}
+
+TEST_F(SessionStory, HomePagesOpenAtTheNextStart) {
+    computer.database.Seed(scenario::kFavouritesPath, "tblFavs",
+                           {{"2", "Home Pages", "First", "http://one.example/"}});
+
+    Run();
+    program->LetPagesArrive();
+
+    ASSERT_EQ(Browser().web.tabs.tabtab.Count(), 2);
+    EXPECT_EQ(Browser().web.tabs.Browser(1).LocationURL(), "http://one.example/");
+    EXPECT_EQ(Browser().web.tabs.tabLabel(1).Caption(), "One");
+}
+
+TEST_F(SessionStory, LogOutGoesBackToTheLoginAndIn) {
+    program->Click(Browser().menus.mnuLogout);
+    EXPECT_FALSE(program->ended);
+    EXPECT_FALSE(Browser().Visible());
+    EXPECT_TRUE(program->windows.login.frmLogin.Visible());
+
+    program->LogIn("Ann", "rose");
+    program->Wait(12'000);
+
+    EXPECT_TRUE(Browser().Visible());
+    EXPECT_FALSE(program->windows.login.frmLogin.Visible());
+}
+
+TEST_F(SessionStory, LogOutWithAnOpenTabAsksAndYesClosesTheTabs) {
+    program->GoTo("one.example");
+    program->dialogs.Answers = {ports::BoxAnswer::Yes};
+
+    program->Click(Browser().menus.mnuLogout);
+
+    EXPECT_EQ(program->BoxTexts(), (Texts{kLogOutQuestion}));
+    EXPECT_FALSE(Browser().web.tabs.tabtab(1).Visible());
+    EXPECT_TRUE(program->windows.login.frmLogin.Visible());
+}
+
+TEST_F(SessionStory, ClosingTheLoginAfterALogOutEndsTheProgram) {
+    program->Click(Browser().menus.mnuLogout);
+
+    program->windows.login.frmLogin.UnloadWindow();
+    program->desktop.EndHandler();
+
+    EXPECT_TRUE(program->ended);
+}
+
+TEST_F(SessionStory, WhatIsPlayedIsThereInTheNextRun) {
+    Browser().library.lists.lstTracks.SetListIndex(0);
+    program->DoubleClick(Browser().library.lists.lstTracks);
+    program->Click(Browser().menus.mnuExit);
+
+    Run();
+    Browser().library.lists.lstPlayLists.SelectText("  [Top 20]");
+    program->desktop.EndHandler();
+
+    ASSERT_EQ(Browser().library.lists.lstTracks.ListCount(), 1);
+    EXPECT_NE(Browser().library.lists.lstTracks.List(0).find("Sun"), std::string_view::npos);
+}
+
+TEST_F(SessionStory, AStoreThatCannotBeWrittenIsToldAndTheProgramGoesOn) {
+    computer.database.FailApply(scenario::kHistoryPath, ports::DatabaseError::DiskFull);
+
+    program->GoTo("one.example");
+    program->LetPagesArrive();
+    program->Wait(5000);
+
+    EXPECT_EQ(program->BoxTexts().size(), 1U);
+    EXPECT_FALSE(program->ended);
+    computer.database.FailApply(scenario::kHistoryPath, ports::DatabaseError::None);
+    program->Wait(5000);
+    EXPECT_EQ(computer.database.Rows(scenario::kHistoryPath, "tblHistory").back()[1], "Web");
+    EXPECT_EQ(program->BoxTexts().size(), 1U);
+}
+
+}  // namespace
