@@ -265,7 +265,8 @@ class Stage:
     def _start_display(self, size):
         reading, writing = os.pipe()
         self.spawn(
-            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{size[0]}x{size[1]}x24", "-nolisten", "tcp", "-ac"],
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{size[0]}x{size[1]}x24", "-nolisten", "tcp", "-ac",
+             "-noreset"],
             pass_fds=[writing],
         )
         os.close(writing)

@@ -405,11 +405,14 @@ class Story:
         wait_for(f"the server to be asked for {path}", lambda: path in self.pages.requests, 20)
         self.main_window("Brindlepost - " + title, 20)
         check(self.tab(title), f"no tab bears the title '{title}'")
-        wait_for(f"the colours of '{title}'", lambda: self._share_of(colour) > 0.5)
+        wait_for(f"the colours of '{title}'", lambda: self._share_of(title, colour) > 0.5)
         return [("address", address), ("Enter to page", f"{time.monotonic() - begin:.2f} s")]
 
-    def _share_of(self, colour):
-        pixels = self.stage.pixels(self.stage.window_rect(self.stage.window("Brindlepost - ")), (60, 40))
+    def _share_of(self, title, colour):
+        """How much of the main window shows a page's colour."""
+        rect = self.stage.window_rect(self.main_window("Brindlepost - " + title))
+        pixels = self.stage.pixels(rect, (60, 40))
+        check(pixels, f"no picture of the screen at {rect}")
         near = [p for p in pixels if all(abs(p[i] - colour[i]) < 6 for i in range(3))]
         return len(near) / len(pixels)
 
