@@ -56,7 +56,9 @@ void FavouritesRoom::ClaimPanel() {
     claims_.Claim(panel.lstFavsAlt.DblClick, [this] { lstFavsAlt_DblClick(); });
     claims_.Claim(panel.lstFavsAlt.KeyDown,
                   [this](int key_code, int shift) { lstFavsAlt_KeyDown(key_code, shift); });
+    claims_.Claim(panel.lstFavsAlt.MouseMove, hide_twins);
     claims_.Claim(panel.lstFavsAlt.OLEDragDrop, take_drop);
+    claims_.Claim(panel.fraFavs.MouseMove, hide_twins);
     claims_.Claim(panel.imgAdd.MouseMove,
                   [&panel](int, int, double, double) { panel.imgAddOver.SetVisible(true); });
     claims_.Claim(panel.imgAddOver.Click, [this] { imgAddOver_Click(); });

@@ -121,6 +121,7 @@ TEST_F(LibraryStory, ASongGoesIntoANewPlaylistAndOutAgain) {
     lists.lstTracks.SetListIndex(0);
     program.Click(panel.imgAddSongOver);
     ASSERT_TRUE(panel.fraAddToPlaylist.Visible());
+    EXPECT_EQ(program.Browser().Children().back(), &panel.fraAddToPlaylist);
     panel.lstAddToPlaylist.SelectText("Evening");
     program.Click(panel.imgOkOver);
 

@@ -221,7 +221,8 @@ TEST_F(TabsStory, WithEverythingClosedTheBackdropShows) {
     program.Click(Tabs().tabClose(1));
 
     EXPECT_TRUE(Tabs().BrowserBG.Visible());
-    EXPECT_EQ(program.Browser().Caption(), "Brindlepost");
+    EXPECT_EQ(program.Browser().Children().back(), &Tabs().BrowserBG);
+    EXPECT_FALSE(program.Browser().chrome.fraMusicTab.Visible());
 }
 
 TEST_F(TabsStory, AClosedPanelGivesItsPlaceToThePages) {
