@@ -187,6 +187,51 @@ TEST_F(PlayingStory, ANativePathInTheAddressRowIsTheSameFile) {
     EXPECT_EQ(Playing("a"), "Star - Shine.mp3");
 }
 
+TEST_F(PlayingStory, TheKeyboardsMediaKeysPlayOnPauseAndStop) {
+    constexpr int kNextKey = 176;
+    constexpr int kStopKey = 178;
+    constexpr int kPlayOrPauseKey = 179;
+    PlayTrack(0);
+
+    program.Browser().KeyDown.Raise(kNextKey, 0);
+    EXPECT_EQ(Playing("b"), "Moon - Fall.mp3");
+    program.Wait(8000);
+    program.Browser().KeyDown.Raise(kPlayOrPauseKey, 0);
+    EXPECT_EQ(computer.media.Mode("b"), "paused");
+    program.Browser().KeyDown.Raise(kPlayOrPauseKey, 0);
+    EXPECT_EQ(computer.media.Mode("b"), "playing");
+    program.Browser().KeyDown.Raise(kStopKey, 0);
+
+    EXPECT_FALSE(computer.media.IsOpen("b"));
+}
+
+TEST_F(PlayingStory, TheSoundTestSendsTheSongToOneSideUntilItCloses) {
+    PlayTrack(0);
+    auto& dialog = program.windows.frmSpeakerTest;
+
+    program.Click(program.Browser().menus.mnuSoundTest);
+    EXPECT_TRUE(dialog.Visible());
+    EXPECT_FALSE(program.Browser().Enabled());
+    program.Click(dialog.cmdLeft);
+    EXPECT_EQ(computer.media.Left("a"), 1000);
+    EXPECT_EQ(computer.media.Right("a"), 0);
+    dialog.UnloadWindow();
+
+    EXPECT_TRUE(program.Browser().Enabled());
+    EXPECT_EQ(computer.media.Right("a"), 1000);
+}
+
+TEST_F(PlayingStory, AClickOnTheSongBarGoesThere) {
+    PlayTrack(0);
+    program.Wait(1000);
+
+    program.Browser().player.transport.picSongProgress.MouseDown.Raise(controls::kLeftButton, 0, 10, 4);
+    program.Wait(500);
+
+    EXPECT_NEAR(static_cast<double>(computer.media.Frame("a")), 10'515, 60);
+    EXPECT_NEAR(program.Browser().player.transport.lblProgress.Left(), 10.5, 0.2);
+}
+
 TEST_F(PlayingStory, ClosingTheMusicTabStopsTheSong) {
     PlayTrack(0);
 

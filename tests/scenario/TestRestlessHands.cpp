@@ -97,6 +97,16 @@ protected:
         program->dialogs.Typed = {Below(2) == 0 ? "Evening" : ""};
     }
 
+    /// The cross of a window that is not the main one.
+    void CloseAWindow() {
+        for (controls::Form* window : program->windows.All()) {
+            if (window == &Browser() || !window->Visible()) continue;
+            window->UnloadWindow();
+            program->desktop.EndHandler();
+            return;
+        }
+    }
+
     void OneStep() {
         const auto reach = WithinReach();
         ASSERT_FALSE(reach.empty());
@@ -104,6 +114,7 @@ protected:
         Touch(*reach[static_cast<std::size_t>(Below(static_cast<int>(reach.size())))]);
         if (Below(4) == 0) program->Wait(Below(20) * 50);
         if (Below(4) == 0) program->LetPagesArrive();
+        if (Below(8) == 0) CloseAWindow();
         if (Below(40) == 0) {
             Browser().Move(0, 0, 8000 + Below(20'000), 7000 + Below(15'000));
         }

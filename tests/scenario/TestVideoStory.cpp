@@ -66,6 +66,19 @@ TEST_F(VideoStory, TheVideoWindowStandsWhereTheHoleIs) {
     EXPECT_EQ(program.windows.frmVideo.Height(), hole.Height());
 }
 
+TEST_F(VideoStory, TheVideoWindowFollowsTheMainWindow) {
+    PlayTrack(1);
+    program.Wait(500);
+    const double left = program.windows.frmVideo.Left();
+    const double top = program.windows.frmVideo.Top();
+
+    Browser().Move(Browser().Left() + 600, Browser().Top() + 450, Browser().Width(), Browser().Height());
+    program.Wait(100);
+
+    EXPECT_EQ(program.windows.frmVideo.Left(), left + 600);
+    EXPECT_EQ(program.windows.frmVideo.Top(), top + 450);
+}
+
 TEST_F(VideoStory, TheHoleFollowsTheSizeOfTheWindow) {
     PlayTrack(1);
     program.Wait(500);
