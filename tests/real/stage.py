@@ -360,15 +360,21 @@ class Stage:
         return [self.run("xdotool", "getwindowname", window).strip() for window in answer.strip().split(", ") if window]
 
     def pixels(self, rect, size=(64, 48)):
-        """A piece of the screen as (red, green, blue), made as small as `size`."""
+        """Samples of a piece of the screen as (red, green, blue), `size` of them across and down."""
+        done = subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", "ppm:-"], env=self.environment,
+                              capture_output=True, stdin=subprocess.DEVNULL, check=False)
+        _, wide, high = done.stdout.split(maxsplit=3)[:3]
+        wide, high = int(wide), int(high)
+        data = done.stdout[-3 * wide * high:]
         x, y, width, height = rect
-        x, y = max(0, x), max(0, y)
-        done = subprocess.run(
-            ["import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage", "-sample",
-             f"{size[0]}x{size[1]}!", "-depth", "8", "rgb:-"],
-            env=self.environment, capture_output=True, stdin=subprocess.DEVNULL, check=False)
-        data = done.stdout
-        return [tuple(data[i:i + 3]) for i in range(0, len(data) - 2, 3)]
+        found = []
+        for row in range(size[1]):
+            for column in range(size[0]):
+                at_x, at_y = x + (2 * column + 1) * width // (2 * size[0]), y + (2 * row + 1) * height // (2 * size[1])
+                if 0 <= at_x < wide and 0 <= at_y < high:
+                    place = 3 * (at_y * wide + at_x)
+                    found.append(tuple(data[place:place + 3]))
+        return found
 
     def window_rect(self, window):
         values = dict(

@@ -1,0 +1,62 @@
+#include "real/sound/Samples.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace sound {
+
+double Rms(const std::vector<float>& samples) {
+    double sum = 0;
+    for (const float sample : samples) sum += static_cast<double>(sample) * sample;
+    return samples.empty() ? 0 : std::sqrt(sum / static_cast<double>(samples.size()));
+}
+
+// Goertzel's filter behind a Hann window, so that a tone between two bins is not lost and its neighbours are.
+double Amplitude(const std::vector<float>& samples, double hertz) {
+    const auto count = static_cast<double>(samples.size());
+    const double turn = 2 * std::numbers::pi * hertz / kRate;
+    const double twice_cosine = 2 * std::cos(turn);
+    double last = 0;
+    double before_last = 0;
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        const double window = 1 - std::cos(2 * std::numbers::pi * static_cast<double>(i) / count);
+        const double now = window * samples[i] + twice_cosine * last - before_last;
+        before_last = last;
+        last = now;
+    }
+    const double power = last * last + before_last * before_last - twice_cosine * last * before_last;
+    return samples.empty() ? 0 : 2 * std::sqrt(std::max(power, 0.0)) / count;
+}
+
+double Pitch(const std::vector<float>& samples, double from, double to) {
+    double best = from;
+    for (const double step : {1.0, 0.1}) {
+        const double begin = step == 1.0 ? from : best - 1;
+        const double end = step == 1.0 ? to : best + 1;
+        double loudest = -1;
+        for (double hertz = begin; hertz <= end; hertz += step) {
+            const double amplitude = Amplitude(samples, hertz);
+            if (amplitude <= loudest) continue;
+            loudest = amplitude;
+            best = hertz;
+        }
+    }
+    return best;
+}
+
+double LargestStep(const std::vector<float>& samples) {
+    double largest = 0;
+    for (std::size_t i = 1; i < samples.size(); ++i) {
+        largest = std::max(largest, std::abs(static_cast<double>(samples[i]) - samples[i - 1]));
+    }
+    return largest;
+}
+
+std::size_t FirstLouderThan(const std::vector<float>& samples, double level) {
+    const auto found =
+        std::find_if(samples.begin(), samples.end(), [level](float sample) { return std::abs(sample) > level; });
+    return static_cast<std::size_t>(found - samples.begin());
+}
+
+}  // namespace sound
