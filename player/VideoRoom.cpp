@@ -147,8 +147,12 @@ void VideoRoom::FollowMainWindow() {
 
 void VideoRoom::frmVideo_Activate() {
     theresize();
+    const bool was_detached = state_.resized;
     state_.resized = false;
     state_.counter = 0;
+    // It is attached again, so it follows the main window; behind it, it is seen through the hole only.
+    const bool is_attached = pane_.picVideo.Visible() && !IsMaximised();
+    if (was_detached && is_attached) window_.MakeHole();
 }
 
 void VideoRoom::frmVideo_Resize() {

@@ -57,6 +57,16 @@ TEST(VideoRoom, ASongTakesTheWindowAway) {
     EXPECT_EQ(house.window.TakeCalls(), (Texts{"close hole", "resize"}));
 }
 
+TEST(VideoRoom, AVideoAfterADoubleClickedSongIsSeenThroughItsHole) {
+    PlayerHouse house;
+    house.player.theresize();
+
+    house.player.PlaySong(house.AddSong("a.avi"));
+
+    EXPECT_FALSE(house.state.resized);
+    EXPECT_EQ(house.window.TakeCalls(), (Texts{"resize", "close hole", "refresh", "make hole"}));
+}
+
 TEST(VideoRoom, HeightAndWidthChangePlacesFromOneVideoToTheNext) {
     PlayerHouse house;
     house.AddTrack("v", house.AddSong("a.avi"));
