@@ -97,6 +97,16 @@ protected:
         program->dialogs.Typed = {Below(2) == 0 ? "Evening" : ""};
     }
 
+    /// What most hands do most of the time.
+    void UseIt() {
+        auto& tracks = Browser().library.lists.lstTracks;
+        if (Below(3) == 0) {
+            program->GoTo(Below(2) == 0 ? "one.example" : "two.example");
+        } else if (tracks.SetListIndex(Below(std::max(tracks.ListCount(), 1)))) {
+            program->DoubleClick(tracks);
+        }
+    }
+
     /// The cross of a window that is not the main one.
     void CloseAWindow() {
         for (controls::Form* window : program->windows.All()) {
@@ -115,6 +125,7 @@ protected:
         if (Below(4) == 0) program->Wait(Below(20) * 50);
         if (Below(4) == 0) program->LetPagesArrive();
         if (Below(8) == 0) CloseAWindow();
+        if (Below(6) == 0 && Browser().Enabled()) UseIt();
         if (Below(40) == 0) {
             Browser().Move(0, 0, 8000 + Below(20'000), 7000 + Below(15'000));
         }
@@ -132,6 +143,7 @@ protected:
         EXPECT_EQ(tabs.mnuTabTab.Count(), tabs.tabtab.Count());
         for (int i = 0; i < tabs.tabtab.Count(); ++i)
             EXPECT_EQ(tabs.tabtab(i).Visible(), tabs.Browser(i).Visible()) << "tab " << i;
+        EXPECT_GE(lists.lstTracks.Height(), 36 * controls::kTwipsPerPixel);
         EXPECT_GE(Browser().Width(), 9225);
         EXPECT_GE(Browser().Height(), 7590);
         EXPECT_TRUE(Browser().IsLoaded());
