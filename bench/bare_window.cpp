@@ -6,7 +6,9 @@
 namespace {
 
 class Amber final : public QWidget {
-    void paintEvent(QPaintEvent* /*event*/) override { QPainter(this).fillRect(rect(), QColor(0xe9, 0xa2, 0x4b)); }
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter(this).fillRect(rect(), QColor(0xe9, 0xa2, 0x4b));
+    }
 };
 
 }  // namespace

@@ -37,7 +37,9 @@ void FakeDesktop::OnPropertyChanged(controls::Control& control, controls::Proper
     }
 }
 
-void FakeDesktop::Restart(Watched& watched) { watched.due = now_ + watched.timer->Interval(); }
+void FakeDesktop::Restart(Watched& watched) {
+    watched.due = now_ + watched.timer->Interval();
+}
 
 bool FakeDesktop::RunNextDue(std::int64_t until) {
     std::size_t next = timers_.size();
@@ -66,7 +68,8 @@ void FakeDesktop::Advance(int milliseconds) {
 
 void FakeDesktop::EndHandler() {
     const auto work = at_handler_end_;
-    for (const auto& one : work) one();
+    for (const auto& one : work)
+        one();
 }
 
 void FakeDesktop::Yield() {
@@ -74,7 +77,8 @@ void FakeDesktop::Yield() {
     EndHandler();
     const auto events = std::move(pending_);
     pending_.clear();
-    for (const auto& event : events) event();
+    for (const auto& event : events)
+        event();
     while (RunNextDue(now_)) {
     }
 }
