@@ -107,6 +107,7 @@ void Program::GiveEnginesToPagesThatShow() {
 
 std::vector<std::string> Program::BoxTexts() const {
     std::vector<std::string> texts;
+    texts.reserve(dialogs.Boxes.size());
     for (const fakes::ShownBox& box : dialogs.Boxes)
         texts.push_back(box.text);
     return texts;
@@ -114,6 +115,7 @@ std::vector<std::string> Program::BoxTexts() const {
 
 std::vector<std::string> Program::RowsOf(const controls::ListBox& list) {
     std::vector<std::string> rows;
+    rows.reserve(static_cast<std::size_t>(list.ListCount()));
     for (int row = 0; row < list.ListCount(); ++row)
         rows.emplace_back(list.List(row));
     return rows;
