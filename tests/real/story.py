@@ -12,7 +12,6 @@ from stage import Eyes, PageServer, Recorder, level_of_tone, loudness, make_midi
 
 USER = "Ada"
 PASSWORD = "open sesame"
-SEARCH_BOX_HINT = "Type an address, a file or a search and press Enter"
 
 # (file below the music folder, artist and title in the lists, pitch left, pitch right, seconds)
 SONGS = {
@@ -382,7 +381,9 @@ class Story:
         colours = wait_for("the test picture's colours in the video window", lambda: self._bright_colours(rect))
         first = self.stage.pixels(rect)
         wait_for("the picture to move", lambda: self.stage.pixels(rect) != first)
-        return measured + [("video window", f"{rect[2]} x {rect[3]}"), ("pure colours seen", str(colours))]
+        share = sum(max(pixel) > 100 for pixel in first) / len(first)
+        check(share > 0.3, f"the picture fills {share:.0%} of its window of {rect[2]} x {rect[3]}")
+        return measured + [("share of the window", f"{share:.0%}"), ("video window", f"{rect[2]} x {rect[3]}"), ("pure colours seen", str(colours))]
 
     def _bright_colours(self, rect):
         """How many of the six pure colours the window shows; 0 when some are missing."""
