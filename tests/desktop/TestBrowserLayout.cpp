@@ -619,8 +619,8 @@ TEST_P(AnySize, ASplitterPulledAnywhereCoversNothing) {
         return;
     }
     Control& splitter = window.player.splitter.lblSlider;
-    const double lowest = window.player.transport.fraControls.Top() - 500;
-    for (double top = 400; top < lowest; top += 120) {
+    const int lowest = static_cast<int>(window.player.transport.fraControls.Top()) - 500;
+    for (int top = 400; top < lowest; top += 120) {
         SCOPED_TRACE(top);
         splitter.SetTop(top);
         window.library.lists.lstArtists.SetHeight(top - window.library.lists.lstArtists.Top());

@@ -29,12 +29,14 @@ protected:
 
     void FindPairs(controls::Container& container) {
         for (controls::Control* child : container.Children()) {
-            if (auto* inner = dynamic_cast<controls::Container*>(child)) FindPairs(*inner);
             for (controls::Control* other : container.Children()) {
                 if (base::LCase(other->Name()) == base::LCase(child->Name()) + "over") {
                     pairs.push_back({child, other});
                 }
             }
+        }
+        for (controls::Control* child : container.Children()) {
+            if (auto* inner = dynamic_cast<controls::Container*>(child)) FindPairs(*inner);
         }
     }
     static void MoveOver(controls::Control& control) { control.MouseMove.Raise(0, 0, 1, 1); }
