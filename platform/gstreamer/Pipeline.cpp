@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <mutex>
@@ -161,19 +162,28 @@ int Pipeline::Open(const std::string& native_path, std::int64_t parent, bool sil
     events_->Clear();
     gain_->Snap();
     SetState(GST_STATE_PAUSED);
-    return events_->WaitUntilReady(kReadyTimeout);
+    const int error = events_->WaitUntilReady(kReadyTimeout);
+    origin_ = error == kNoError ? std::max<std::int64_t>(QueryPosition(), 0) : 0;
+    return error;
 }
 
 bool Pipeline::Seek(std::int64_t position, std::int64_t stop, double rate) {
     events_->Clear();
     gain_->Snap();
     const auto flags = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
-    const bool sought = gst_element_seek(playbin_, rate, GST_FORMAT_TIME, flags, GST_SEEK_TYPE_SET, position,
-                                         stop < 0 ? GST_SEEK_TYPE_NONE : GST_SEEK_TYPE_SET, stop) != FALSE;
+    const bool sought =
+        gst_element_seek(playbin_, rate, GST_FORMAT_TIME, flags, GST_SEEK_TYPE_SET, origin_ + position,
+                         stop < 0 ? GST_SEEK_TYPE_NONE : GST_SEEK_TYPE_SET,
+                         stop < 0 ? stop : origin_ + stop) != FALSE;
     return sought && events_->WaitUntilReady(kReadyTimeout) == kNoError;
 }
 
 std::int64_t Pipeline::Position() const {
+    const std::int64_t position = QueryPosition();
+    return position < 0 ? position : std::max<std::int64_t>(position - origin_, 0);
+}
+
+std::int64_t Pipeline::QueryPosition() const {
     gint64 position = -1;
     return gst_element_query_position(playbin_, GST_FORMAT_TIME, &position) != FALSE ? position : -1;
 }
@@ -248,7 +258,9 @@ GstElement* Pipeline::MakePictureSink(std::int64_t parent) {
         return sink;
     }
     gst_video_overlay_set_window_handle(GST_VIDEO_OVERLAY(sink), static_cast<guintptr>(parent));
-    gst_video_overlay_handle_events(GST_VIDEO_OVERLAY(sink), FALSE);
+    // The sink scales to the window it draws in, so it has to hear of the window's sizes. It takes no mouse
+    // buttons.
+    gst_video_overlay_handle_events(GST_VIDEO_OVERLAY(sink), TRUE);
     return sink;
 }
 

@@ -76,6 +76,7 @@ public:
 private:
     void Close();
     void SetState(GstState state);
+    std::int64_t QueryPosition() const;
     GstElement* MakeSoundSink(bool silent);
     GstElement* MakeSoundBin(bool silent);
     GstElement* MakePictureSink(std::int64_t parent);
@@ -86,6 +87,7 @@ private:
     std::unique_ptr<EventQueue> events_;
     GstElement* playbin_ = nullptr;
     GstElement* picture_ = nullptr;  // owned by the playbin
+    std::int64_t origin_ = 0;        // where the file's own count of time begins
     bool silent_ = false;
 };
 

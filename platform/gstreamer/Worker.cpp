@@ -14,8 +14,6 @@ constexpr double kSlowest = 0.05;
 constexpr double kFastest = 8;
 // A player tells the speed of a song just after it has started it; waiting for that saves a jump.
 constexpr std::chrono::milliseconds kSpeedFollows{4};
-// The place is asked for more often while a song is starting.
-constexpr std::chrono::milliseconds kStarting{400};
 
 double RateOf(const Wish& wish) {
     return std::clamp(wish.speed / kNormalSpeed, kSlowest, kFastest);
@@ -96,7 +94,7 @@ private:
     // The sound server is gone, or the file cannot be read on: the song runs on without sound, or ends.
     void GoOnSilently(Lock& lock) {
         if (pipeline_.IsSilent()) return HasEnded();
-        const std::int64_t place = last_place_;
+        const std::int64_t place = LikelyPlace();
         lock.unlock();
         const int error = pipeline_.Open(share_.request.native_path, share_.request.parent, true);
         const bool goes_on = error == kNoError && pipeline_.Seek(place, stop_, rate_);
@@ -104,6 +102,15 @@ private:
         lock.lock();
         if (!goes_on) HasEnded();
         share_.place_wanted = true;
+    }
+
+    // A pipeline that broke no longer knows where it was.
+    std::int64_t LikelyPlace() const {
+        const Anchor& anchor = share_.anchor;
+        if (!anchor.running) return anchor.position;
+        const std::chrono::duration<double, std::nano> passed = Anchor::Clock::now() - anchor.at;
+        return std::min(anchor.position + static_cast<std::int64_t>(passed.count() * rate_),
+                        share_.facts.length);
     }
 
     void Measure(Lock& lock) {
@@ -117,6 +124,7 @@ private:
         const Wish wish = share_.wish;
         share_.place_wanted = false;
         lock.unlock();
+        if (playing_ && !wish.playing) SetPlaying(false);
         Move(wish);
         if (wish.playing != playing_) SetPlaying(wish.playing);
         if (wish.put != put_) pipeline_.PutPicture(wish.place);
@@ -150,7 +158,6 @@ private:
         if (playing) {
             pipeline_.Play();
             started_ = true;
-            started_at_ = Anchor::Clock::now();
         } else {
             pipeline_.Pause();
         }
@@ -182,7 +189,6 @@ private:
     int heard_left_ = Gain::kFull;
     int heard_right_ = Gain::kFull;
     std::int64_t last_place_ = 0;
-    Anchor::Clock::time_point started_at_;
 };
 
 }  // namespace

@@ -24,7 +24,8 @@ Child::Child(const std::vector<std::string>& words, int* output) {
     std::array<int, 2> pipe_ends{-1, -1};
     if (output != nullptr && pipe2(pipe_ends.data(), O_CLOEXEC) != 0) return;
     std::vector<char*> arguments;
-    for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+    for (const std::string& word : words)
+        arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
     pid_ = fork();
     if (pid_ == 0) {
@@ -44,7 +45,9 @@ Child::Child(const std::vector<std::string>& words, int* output) {
     *output = pipe_ends[0];
 }
 
-Child::~Child() { Kill(); }
+Child::~Child() {
+    Kill();
+}
 
 Child::Child(Child&& other) noexcept
     : pid_(std::exchange(other.pid_, -1)), exit_code_(std::exchange(other.exit_code_, -1)) {}

@@ -11,7 +11,8 @@ namespace sound {
 class Child final {
 public:
     Child() = default;
-    /// Starts `words[0]` with the rest as arguments; `output`, when given, becomes a descriptor to read its output from.
+    /// Starts `words[0]` with the rest as arguments; `output`, when given, becomes a descriptor to read its
+    /// output from.
     explicit Child(const std::vector<std::string>& words, int* output = nullptr);
     /// Ends it for good and collects it.
     ~Child();

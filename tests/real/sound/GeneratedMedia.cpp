@@ -32,12 +32,14 @@ const std::map<std::string, Words, std::less<>>& Codecs() {
     return codecs;
 }
 
-std::string KindOf(std::string_view name) { return std::string(name.substr(name.rfind('.') + 1)); }
+std::string KindOf(std::string_view name) {
+    return std::string(name.substr(name.rfind('.') + 1));
+}
 
 // One flute note of 880 hertz, four seconds long.
 constexpr std::string_view kFlute{
     "MThd\0\0\0\6\0\0\0\1\0\x60"
-    "MTrk\0\0\0\x13"
+    "MTrk\0\0\0\x14"
     "\0\xC0\x4A"
     "\0\x90\x51\x7F"
     "\x86\0\x80\x51\0"
@@ -67,9 +69,10 @@ std::string GeneratedMedia::Make(std::string_view name, const Tone& tone) {
     if (codecs->second.front() == "-c:v") {
         words.insert(words.end(), {"-f", "lavfi", "-i", "testsrc=size=160x120:rate=25:duration=" + seconds});
     }
-    const std::string wave = "aevalsrc=" + std::to_string(tone.amplitude) + "*sin(2*PI*t*" +
-                             std::to_string(tone.hertz) + "):s=44100:d=" + seconds;
-    words.insert(words.end(), {"-f", "lavfi", "-i", wave, "-ac", "2"});
+    const std::string wave =
+        std::to_string(tone.amplitude) + "*sin(2*PI*t*" + std::to_string(tone.hertz) + ")";
+    words.insert(words.end(),
+                 {"-f", "lavfi", "-i", "aevalsrc=" + wave + "|" + wave + ":c=stereo:s=44100:d=" + seconds});
     words.insert(words.end(), codecs->second.begin(), codecs->second.end());
     const std::string path = Path(name);
     words.push_back(path);
@@ -84,7 +87,7 @@ std::string GeneratedMedia::Write(std::string_view name, std::string_view bytes)
 
 const std::vector<std::string>& GeneratedMedia::Kinds() {
     static const std::vector<std::string> kinds{"mp3", "wma", "mpg", "mpeg", "wav", "wmv",
-                                                "mid", "mp4", "m4a", "mov", "avi", "vob"};
+                                                "mid", "mp4", "m4a", "mov",  "avi", "vob"};
     return kinds;
 }
 

@@ -20,8 +20,9 @@ public:
     GeneratedMedia(const GeneratedMedia&) = delete;
     GeneratedMedia& operator=(const GeneratedMedia&) = delete;
 
-    /// A file whose kind is the ending of its name: the same tone on both channels; a test picture of 25 frames a
-    /// second in a video; in "mid" a flute of 880 hertz. The native path; empty when it could not be made.
+    /// A file whose kind is the ending of its name: the same tone on both channels; a test picture of 25
+    /// frames a second in a video; in "mid" a flute of 880 hertz. The native path; empty when it could not be
+    /// made.
     std::string Make(std::string_view name, const Tone& tone = {});
     /// A file with these bytes.
     std::string Write(std::string_view name, std::string_view bytes);

@@ -25,8 +25,8 @@ std::string NewFolder() {
 PrivateSound::PrivateSound() : folder_(NewFolder()) {
     running_ = !folder_.empty() && StartServer();
     if (!running_) return;
-    recorder_ = Child({"parec", "--device=test.monitor", "--raw", "--format=s16le", "--rate=44100", "--channels=2",
-                       "--latency-msec=5"},
+    recorder_ = Child({"parec", "--device=test.monitor", "--raw", "--format=s16le", "--rate=44100",
+                       "--channels=2", "--latency-msec=5"},
                       &pipe_);
     reader_ = std::thread([this] { ReadOn(); });
     std::unique_lock lock(mutex_);
@@ -114,13 +114,15 @@ bool PrivateSound::WaitFor(const std::function<bool(const Samples&)>& heard, dou
 }
 
 bool PrivateSound::WaitForSound(double seconds) {
-    return WaitFor([](const Samples& heard) { return Rms(heard.left) > kAudible || Rms(heard.right) > kAudible; },
-                   seconds);
+    return WaitFor(
+        [](const Samples& heard) { return Rms(heard.left) > kAudible || Rms(heard.right) > kAudible; },
+        seconds);
 }
 
 bool PrivateSound::WaitForSilence(double seconds) {
-    return WaitFor([](const Samples& heard) { return Rms(heard.left) < kAudible && Rms(heard.right) < kAudible; },
-                   seconds);
+    return WaitFor(
+        [](const Samples& heard) { return Rms(heard.left) < kAudible && Rms(heard.right) < kAudible; },
+        seconds);
 }
 
 double PrivateSound::SecondsToSound(std::size_t from, double level) {
@@ -136,10 +138,16 @@ double PrivateSound::SecondsToSound(std::size_t from, double level) {
     return -1;
 }
 
-void PrivateSound::KillServer() { server_.Kill(); }
+void PrivateSound::KillServer() {
+    server_.Kill();
+}
 
-void PrivateSound::FreezeServer() { server_.Signal(SIGSTOP); }
+void PrivateSound::FreezeServer() {
+    server_.Signal(SIGSTOP);
+}
 
-void PrivateSound::ThawServer() { server_.Signal(SIGCONT); }
+void PrivateSound::ThawServer() {
+    server_.Signal(SIGCONT);
+}
 
 }  // namespace sound

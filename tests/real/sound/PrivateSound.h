@@ -1,7 +1,7 @@
 // A sound server of the test's own, without a sound card, whose output is recorded and measured.
 //
-// It lives in a folder of its own and is reached only through PULSE_SERVER, which is set for this process and its
-// children while the object lives. Everything it starts, it ends.
+// It lives in a folder of its own and is reached only through PULSE_SERVER, which is set for this process and
+// its children while the object lives. Everything it starts, it ends.
 #pragma once
 
 #include <condition_variable>

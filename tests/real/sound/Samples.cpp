@@ -8,7 +8,8 @@ namespace sound {
 
 double Rms(const std::vector<float>& samples) {
     double sum = 0;
-    for (const float sample : samples) sum += static_cast<double>(sample) * sample;
+    for (const float sample : samples)
+        sum += static_cast<double>(sample) * sample;
     return samples.empty() ? 0 : std::sqrt(sum / static_cast<double>(samples.size()));
 }
 
@@ -54,8 +55,8 @@ double LargestStep(const std::vector<float>& samples) {
 }
 
 std::size_t FirstLouderThan(const std::vector<float>& samples, double level) {
-    const auto found =
-        std::find_if(samples.begin(), samples.end(), [level](float sample) { return std::abs(sample) > level; });
+    const auto found = std::find_if(samples.begin(), samples.end(),
+                                    [level](float sample) { return std::abs(sample) > level; });
     return static_cast<std::size_t>(found - samples.begin());
 }
 
