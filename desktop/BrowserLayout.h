@@ -38,6 +38,8 @@ public:
     void Form_Resize();
     /// After the splitter moved: the search row under it, the tracks from there down to the controls.
     void PlaceBelowSplitter();
+    /// After picVideo came or went: its room in the favourites panel.
+    void PlaceFavouritesPanel();
 
 private:
     void PlaceFormGround();
@@ -54,7 +56,6 @@ private:
     void PlaceTracks();
     void PlaceTransport();
     void PlaceControlsGround();
-    void PlaceFavouritesPanel();
     void PlaceFavouritesButtons(double bottom);
     void PlaceVideoPane();
     void PlacePaneChains();

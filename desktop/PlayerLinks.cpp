@@ -78,6 +78,10 @@ void PlayerLinks::PlaceBelowSplitter() {
     desk_.rooms.layout->PlaceBelowSplitter();
 }
 
+void PlayerLinks::PlaceVideoPane() {
+    desk_.rooms.layout->PlaceFavouritesPanel();
+}
+
 void PlayerLinks::MakeHole() {
     desk_.rooms.hole->MakeHole();
 }

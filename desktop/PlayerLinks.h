@@ -46,6 +46,7 @@ public:
     void RefreshWindow() override;
     void Form_Resize() override;
     void PlaceBelowSplitter() override;
+    void PlaceVideoPane() override;
     void MakeHole() override;
     void CloseHole() override;
     void NoMouseOvers() override;

@@ -71,6 +71,8 @@ public:
     virtual void Form_Resize() = 0;
     /// The splitter was dragged: what stands below it follows.
     virtual void PlaceBelowSplitter() = 0;
+    /// picVideo came or went: the favourites panel gives or takes back its room.
+    virtual void PlaceVideoPane() = 0;
     virtual void MakeHole() = 0;
     virtual void CloseHole() = 0;
     virtual void NoMouseOvers() = 0;

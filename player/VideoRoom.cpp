@@ -116,6 +116,7 @@ void VideoRoom::SavePlace() {
 void VideoRoom::ClosePane() {
     window_.CloseHole();
     pane_.picVideo.SetVisible(false);
+    window_.PlaceVideoPane();
 }
 
 void VideoRoom::theresize() {

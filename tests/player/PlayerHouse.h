@@ -62,6 +62,7 @@ struct RecordingAddressRow final : player::AddressRow {
 };
 
 struct FakeMainWindow final : player::MainWindow {
+    int VideoPanePlacings = 0;
     double Left() const override { return 1500; }
     double Top() const override { return 900; }
     controls::WindowState State() const override { return Now; }
@@ -73,6 +74,7 @@ struct FakeMainWindow final : player::MainWindow {
     void EnableWindow(bool enabled) override { Calls.emplace_back(enabled ? "enable" : "disable"); }
     void RefreshWindow() override { Calls.emplace_back("refresh"); }
     void Form_Resize() override { Calls.emplace_back("resize"); }
+    void PlaceVideoPane() override { ++VideoPanePlacings; }
     void PlaceBelowSplitter() override { Calls.emplace_back("below splitter"); }
     void MakeHole() override { Calls.emplace_back("make hole"); }
     void CloseHole() override { Calls.emplace_back("close hole"); }

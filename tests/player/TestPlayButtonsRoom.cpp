@@ -181,6 +181,7 @@ TEST(PlayButtonsRoom, StopStopsBothThenClosesBothAndTellsTheMessenger) {
     EXPECT_EQ(house.message.Sent, Texts{"off|Music|{0} - {1} {2}||||"});
     EXPECT_FALSE(house.frmVideo.Visible());
     EXPECT_EQ(house.address.Focused, 1);
+    EXPECT_EQ(house.window.VideoPanePlacings, 1);
 }
 
 }  // namespace

@@ -200,6 +200,14 @@ TEST_F(SqliteDatabaseTest, APipeInItsPlaceIsRefusedWithoutWaiting) {
     EXPECT_EQ(Open(media_).result.error, DatabaseError::Damaged);
 }
 
+TEST_F(SqliteDatabaseTest, AFileThatEndsInsideAPageIsDamaged) {
+    bench_.MakeStore(media_);
+    const fs::path native = bench_.NativeOf(media_);
+    fs::resize_file(native, fs::file_size(native) - 1000);
+
+    EXPECT_EQ(Open(media_).result.error, DatabaseError::Damaged);
+}
+
 TEST_F(SqliteDatabaseTest, DamageInTheMiddleIsToldWhenTheTableIsRead) {
     bench_.MakeStore(media_);
     {
