@@ -4,6 +4,7 @@
 // has been painted: the pages as a module when the first page is wanted, the media engine on a thread of its
 // own.
 
+#include <QIcon>
 #include <QSocketNotifier>
 #include <cstdio>
 #include <filesystem>
@@ -63,6 +64,7 @@ int main(int argc, char** argv) {
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     qt::Loop loop;
     const qt::Application application(argv[0], loop);
+    QApplication::setWindowIcon(QIcon(QString::fromStdString(folder + "/images/brindlepost.png")));
     qt::Boxes boxes(loop);
 
     linux_os::LinuxInstanceLock instance(folder);
