@@ -36,10 +36,6 @@ void KeepMarkerWidth(controls::Label& marker, const controls::PictureBox& bar) {
 }
 
 PlayButtonControls::PlayButtonControls() {
-    for (controls::Image* picture : {&imgPlay, &imgPlayOver, &imgPause, &imgPauseOver})
-        picture->SetLook("round");
-    imgStop.SetLook("tool");
-    imgStopOver.SetLook("tool");
     imgPlay.Move(180, 180, 0, 0);
     imgPause.Move(180, 180, 0, 0);
     imgStop.Move(960, 300, 0, 0);
@@ -50,9 +46,6 @@ PlayButtonControls::PlayButtonControls() {
 }
 
 PlayModeControls::PlayModeControls() {
-    for (controls::Image* picture : {&imgRepeat, &imgRepeatOver, &imgNoRepeat, &imgNoRepeatOver}) {
-        picture->SetLook("tool");
-    }
     Pair(imgRepeat, imgRepeatOver, kSmallButton, "Repeat is on: repeat no more");
     Pair(imgNoRepeat, imgNoRepeatOver, kSmallButton, "Repeat this song");
     Hide(imgRepeat);
@@ -140,9 +133,6 @@ CueControls::CueControls() {
     lstCuedSongs.Move(0, 0, 4080, 6690);
     lstCuedSongs.SetAccessibleName("Up next");
     lstCuedSongs.SetHint("Cue a track or drop files here");
-    for (controls::Image* picture : {&imgCueSong, &imgCueSongOver, &imgUnCue, &imgUnCueOver}) {
-        picture->SetLook("tool");
-    }
     Pair(imgCueSong, imgCueSongOver, kSmallButton, "Cue the selected track");
     Pair(imgUnCue, imgUnCueOver, kSmallButton, "Take the track off the cue list");
     Hide(lstCuedSongsPath);
