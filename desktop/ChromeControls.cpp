@@ -6,7 +6,7 @@ ChromeControls::ChromeControls() {
     imgFormBG.SetLook("strip");
     imgBG.SetLook("ground");
     imgRowBG.SetLook("row");
-    fraMusicTab.SetLook("bare");
+    fraMusicTab.SetLook("ground");
     fraMusicTab.SetAccessibleName("Music Player");
     imgMusicTabBG.SetLook("panel");
     lblMusicBG.SetLook("bare");
