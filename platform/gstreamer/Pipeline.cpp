@@ -16,7 +16,12 @@
 namespace gstreamer {
 namespace {
 
-constexpr std::chrono::seconds kReadyTimeout{5};
+// A jump is made within this time or given up.
+constexpr std::chrono::milliseconds kReadyTimeout{5000};
+// A file that is not ready at its first try gets a second; together they stay below the 5 seconds of opening.
+constexpr std::array kPatience = {std::chrono::milliseconds(1500), std::chrono::milliseconds(3000)};
+constexpr std::chrono::milliseconds kGlance{25};
+constexpr int kIdleGlances = 4;
 // Of the playbin's flags: pictures and sound, nothing else.
 constexpr unsigned kPlayPicturesAndSound = 0x3;
 // A short way from a sample to the speaker, so that a song starts and a level changes at once (microseconds).
@@ -70,6 +75,19 @@ bool CanBeUsed(GstElement* sink) {
     gst_element_set_state(sink, GST_STATE_NULL);
     gst_object_unref(gst_object_ref_sink(sink));
     return false;
+}
+
+bool HasStartedTask(GstElement* element) {
+    bool started = false;
+    GST_OBJECT_LOCK(element);
+    for (const GList* item = element->pads; item != nullptr && !started; item = item->next) {
+        GstPad* const pad = GST_PAD(item->data);
+        GST_OBJECT_LOCK(pad);
+        started = GST_PAD_TASK(pad) != nullptr && gst_task_get_state(GST_PAD_TASK(pad)) == GST_TASK_STARTED;
+        GST_OBJECT_UNLOCK(pad);
+    }
+    GST_OBJECT_UNLOCK(element);
+    return started;
 }
 
 }  // namespace
@@ -145,13 +163,24 @@ void Pipeline::Close() {
 }
 
 int Pipeline::Open(const std::string& native_path, std::int64_t parent, bool silent) {
-    Close();
     if (const int error = CheckFile(native_path)) return error;
     StartGStreamer();
+    int error = kNotReady;
+    for (const auto patience : kPatience) {
+        if (!Build(native_path, parent, silent)) return kHardware;
+        error = Prepare(patience);
+        if (error != kNotReady) break;
+    }
+    origin_ = error == kNoError ? std::max<std::int64_t>(QueryPosition(), 0) : 0;
+    return error == kNotReady ? kInvalidFile : error;
+}
+
+bool Pipeline::Build(const std::string& native_path, std::int64_t parent, bool silent) {
+    Close();
     playbin_ = gst_element_factory_make("playbin3", nullptr);
-    gchar* const uri = gst_filename_to_uri(native_path.c_str(), nullptr);
-    if (playbin_ == nullptr || uri == nullptr) return g_free(uri), kHardware;
+    if (playbin_ == nullptr) return false;
     gst_object_ref_sink(playbin_);
+    gchar* const uri = gst_filename_to_uri(native_path.c_str(), nullptr);
     picture_ = MakePictureSink(parent);
     g_object_set(playbin_, "uri", uri, "flags", kPlayPicturesAndSound, "audio-sink", MakeSoundBin(silent),
                  "video-sink", picture_, nullptr);
@@ -159,12 +188,37 @@ int Pipeline::Open(const std::string& native_path, std::int64_t parent, bool sil
     GstBus* const bus = gst_element_get_bus(playbin_);
     gst_bus_set_sync_handler(bus, OnMessage, events_.get(), nullptr);
     gst_object_unref(bus);
+    return true;
+}
+
+// An error of a file can get lost between the threads of a playbin; then none of them works and nothing is
+// ready.
+int Pipeline::Prepare(std::chrono::milliseconds patience) {
     events_->Clear();
     gain_->Snap();
     SetState(GST_STATE_PAUSED);
-    const int error = events_->WaitUntilReady(kReadyTimeout);
-    origin_ = error == kNoError ? std::max<std::int64_t>(QueryPosition(), 0) : 0;
-    return error;
+    int idle = 0;
+    for (auto passed = kGlance; passed <= patience && idle < kIdleGlances; passed += kGlance) {
+        const int error = events_->WaitUntilReady(kGlance);
+        if (error != kNotReady) return error;
+        idle = HasWorkingThread() ? 0 : idle + 1;
+    }
+    return kNotReady;
+}
+
+bool Pipeline::HasWorkingThread() const {
+    GstIterator* const elements = gst_bin_iterate_recurse(GST_BIN(playbin_));
+    const auto stop_at_working = [](const GValue* item, GValue* found, gpointer) -> gboolean {
+        if (!HasStartedTask(GST_ELEMENT(g_value_get_object(item)))) return TRUE;
+        g_value_set_boolean(found, TRUE);
+        return FALSE;
+    };
+    GValue found = G_VALUE_INIT;
+    g_value_init(&found, G_TYPE_BOOLEAN);
+    // A list that changes while it is walked is the work of a thread.
+    const GstIteratorResult result = gst_iterator_fold(elements, stop_at_working, &found, nullptr);
+    gst_iterator_free(elements);
+    return result == GST_ITERATOR_RESYNC || g_value_get_boolean(&found) != FALSE;
 }
 
 bool Pipeline::Seek(std::int64_t position, std::int64_t stop, double rate) {

@@ -75,6 +75,9 @@ public:
 
 private:
     void Close();
+    bool Build(const std::string& native_path, std::int64_t parent, bool silent);
+    int Prepare(std::chrono::milliseconds patience);
+    bool HasWorkingThread() const;
     void SetState(GstState state);
     std::int64_t QueryPosition() const;
     GstElement* MakeSoundSink(bool silent);
