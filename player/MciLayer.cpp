@@ -87,7 +87,7 @@ std::int64_t MciLayer::MciLengthMs(std::string_view alias) {
 }
 
 std::string MciLayer::MciSeekAndPlay(std::string_view alias, std::int64_t position) {
-    const std::string result = Command(Join("seek ", alias, " to " + Text(position)));
+    std::string result = Command(Join("seek ", alias, " to " + Text(position)));
     Command(Join("Play ", alias));
     return result;
 }
@@ -129,7 +129,8 @@ std::string MciLayer::MciCloseAll() {
 std::string MciLayer::MciSetVolume(std::string_view alias, std::string_view channel, int percent) {
     if (percent < 0 || percent > 100) return std::string(kMciOutOfVolume);
     const std::string side = IsOneSide(channel) ? " " + std::string(channel) : std::string();
-    return Command(Join("setaudio ", alias, side + " Volume to " + Text(percent * kDeviceUnits)));
+    return Command(
+        Join("setaudio ", alias, side + " Volume to " + Text(std::int64_t{percent} * kDeviceUnits)));
 }
 
 std::int64_t MciLayer::MciGetVolume(std::string_view alias, std::string_view channel) {
