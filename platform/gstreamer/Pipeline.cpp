@@ -137,7 +137,7 @@ void StartGStreamer() {
 
 void LoadElements() {
     StartGStreamer();
-    for (const char* name : {"playbin3", "pulsesink", "scaletempo", "audioconvert", "audioresample",
+    for (const char* name : {"playbin", "pulsesink", "scaletempo", "audioconvert", "audioresample",
                              "filesrc", "mpegaudioparse", "avdec_mp3", "ximagesink"}) {
         GstElement* const element = gst_element_factory_make(name, nullptr);
         if (element == nullptr) continue;
@@ -177,7 +177,7 @@ int Pipeline::Open(const std::string& native_path, std::int64_t parent, bool sil
 
 bool Pipeline::Build(const std::string& native_path, std::int64_t parent, bool silent) {
     Close();
-    playbin_ = gst_element_factory_make("playbin3", nullptr);
+    playbin_ = gst_element_factory_make("playbin", nullptr);
     if (playbin_ == nullptr) return false;
     gst_object_ref_sink(playbin_);
     gchar* const uri = gst_filename_to_uri(native_path.c_str(), nullptr);
