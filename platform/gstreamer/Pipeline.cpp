@@ -137,8 +137,8 @@ void StartGStreamer() {
 
 void LoadElements() {
     StartGStreamer();
-    for (const char* name : {"playbin", "pulsesink", "scaletempo", "audioconvert", "audioresample",
-                             "filesrc", "mpegaudioparse", "avdec_mp3", "ximagesink"}) {
+    for (const char* name : {"playbin", "pulsesink", "scaletempo", "audioconvert", "audioresample", "filesrc",
+                             "mpegaudioparse", "avdec_mp3", "ximagesink"}) {
         GstElement* const element = gst_element_factory_make(name, nullptr);
         if (element == nullptr) continue;
         gst_object_ref_sink(element);
