@@ -1,5 +1,6 @@
 #include "platform/gstreamer/MciCommand.h"
 
+#include <algorithm>
 #include <charconv>
 #include <utility>
 #include <vector>
@@ -141,27 +142,27 @@ int ParseSetAudio(Words& words, Command& command) {
     return ParseNothing(words, command);
 }
 
+struct StatusItem {
+    std::string_view word;
+    Item item;
+};
+
+constexpr std::array kStatusItems = {
+    StatusItem{"volume", Item::Volume}, StatusItem{"mode", Item::Mode},
+    StatusItem{"length", Item::Length}, StatusItem{"position", Item::Position},
+    StatusItem{"speed", Item::Speed},   StatusItem{"time", Item::TimeFormat},
+};
+
 int ParseStatus(Words& words, Command& command) {
     if (words.Empty()) return kMissingParameter;
     command.channel = TakeChannel(words);
-    const std::string item = words.TakeLower();
-    if (item == "volume") {
-        command.item = Item::Volume;
-    } else if (command.channel != Channel::Both) {
-        return kUnrecognizedKeyword;
-    } else if (item == "mode") {
-        command.item = Item::Mode;
-    } else if (item == "length") {
-        command.item = Item::Length;
-    } else if (item == "position") {
-        command.item = Item::Position;
-    } else if (item == "speed") {
-        command.item = Item::Speed;
-    } else if (item == "time" && words.Skip("format")) {
-        command.item = Item::TimeFormat;
-    } else {
-        return kUnrecognizedKeyword;
-    }
+    const std::string word = words.TakeLower();
+    const auto* const found = std::find_if(kStatusItems.begin(), kStatusItems.end(),
+                                           [&word](const StatusItem& item) { return item.word == word; });
+    if (found == kStatusItems.end()) return kUnrecognizedKeyword;
+    command.item = found->item;
+    if (command.item != Item::Volume && command.channel != Channel::Both) return kUnrecognizedKeyword;
+    if (command.item == Item::TimeFormat && !words.Skip("format")) return kUnrecognizedKeyword;
     return ParseNothing(words, command);
 }
 

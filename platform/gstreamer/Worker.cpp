@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "platform/gstreamer/DeviceShare.h"
 #include "platform/gstreamer/MciErrors.h"
@@ -14,6 +15,7 @@ constexpr double kSlowest = 0.05;
 constexpr double kFastest = 8;
 // A player tells the speed of a song just after it has started it; waiting for that saves a jump.
 constexpr std::chrono::milliseconds kSpeedFollows{4};
+constexpr std::chrono::milliseconds kSettling{150};
 
 double RateOf(const Wish& wish) {
     return std::clamp(wish.speed / kNormalSpeed, kSlowest, kFastest);
@@ -29,7 +31,7 @@ public:
         if (!Open()) return;
         Lock lock(share_.mutex);
         while (!share_.closing) {
-            share_.changed.wait(lock, [this] { return IsNeeded(); });
+            Wait(lock);
             if (share_.closing) break;
             WaitForSpeed(lock);
             TakeEvents(lock);
@@ -56,6 +58,15 @@ private:
         heard_left_ = share_.gain->Left();
         heard_right_ = share_.gain->Right();
         return error == kNoError;
+    }
+
+    // The sound of a jump or a start comes a little later than was asked; so the place is looked at once
+    // more.
+    void Wait(Lock& lock) {
+        const auto is_needed = [this] { return IsNeeded(); };
+        if (!std::exchange(settling_, false) || share_.changed.wait_for(lock, kSettling, is_needed)) {
+            share_.changed.wait(lock, is_needed);
+        }
     }
 
     bool IsNeeded() const {
@@ -125,7 +136,7 @@ private:
         share_.place_wanted = false;
         lock.unlock();
         if (playing_ && !wish.playing) SetPlaying(false);
-        Move(wish);
+        settling_ = Move(wish) || wish.playing != playing_;
         if (wish.playing != playing_) SetPlaying(wish.playing);
         if (wish.put != put_) pipeline_.PutPicture(wish.place);
         put_ = wish.put;
@@ -134,10 +145,11 @@ private:
         Report(wish, place);
     }
 
-    void Move(const Wish& wish) {
+    /// True when there was a jump to make.
+    bool Move(const Wish& wish) {
         const bool jumps = wish.jump != jump_;
         const bool restarts = wish.playing && (RateOf(wish) != rate_ || wish.stop != stop_ || IsStale());
-        if (!jumps && !restarts) return;
+        if (!jumps && !restarts) return false;
         const std::int64_t position = jumps ? wish.jump_to : std::max<std::int64_t>(pipeline_.Position(), 0);
         rate_ = RateOf(wish);
         stop_ = wish.stop;
@@ -147,6 +159,7 @@ private:
         heard_right_ = share_.gain->Right();
         pipeline_.Seek(position, stop_, rate_);
         last_place_ = position;
+        return true;
     }
 
     // What was made ready before the first play has the levels of that time.
@@ -186,6 +199,7 @@ private:
     bool playing_ = false;
     bool started_ = false;
     bool ended_ = false;
+    bool settling_ = false;
     int heard_left_ = Gain::kFull;
     int heard_right_ = Gain::kFull;
     std::int64_t last_place_ = 0;

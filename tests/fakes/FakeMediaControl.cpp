@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/Number.h"
 #include "base/Text.h"
@@ -17,7 +18,11 @@ constexpr int kBadInteger = 270;
 constexpr int kMissingParameter = 273;
 constexpr int kFileNotFound = 275;
 constexpr int kOutOfRange = 282;
+constexpr int kCannotUseAll = 279;
 constexpr int kAliasInUse = 289;
+constexpr int kNameRequired = 292;
+constexpr int kBadTimeFormat = 293;
+constexpr int kInvalidFile = 296;
 
 std::vector<std::string> WordsOf(std::string_view command) {
     std::vector<std::string> words;
@@ -68,6 +73,12 @@ bool FakeMediaControl::ErrorString(int error, std::string& text, int length) con
         {kMissingParameter, "The specified command requires a parameter. Please supply one."},
         {kFileNotFound, "Cannot find the specified file. Make sure the path and filename are correct."},
         {kOutOfRange, "The specified parameter is out of range for the specified command."},
+        {kCannotUseAll, "Cannot use 'all' as the device name with the specified command."},
+        {kNameRequired,
+         "The specified command requires an alias, file, driver, or device name. Please supply one."},
+        {kBadTimeFormat, "The specified value for the time format is invalid."},
+        {kInvalidFile,
+         "The specified file cannot be played. The file may be corrupt, or not in the correct format."},
         {kAliasInUse, "The specified alias is already being used in this application. Use a unique alias."},
     };
     const auto found = kTexts.find(error);
@@ -82,6 +93,7 @@ int FakeMediaControl::Run(const Words& words, std::string& answer) {
     if (verb == "open") return Open(words);
     if (verb == "close") return Close(words);
     Device* const device = words.size() > 1 ? Find(words[1]) : nullptr;
+    if (verb == "status" && Lower(words, 1) == "all") return kCannotUseAll;
     if (device == nullptr) return kNotOpen;
     if (verb == "status") return Status(*device, words, answer);
     if (verb == "set") return Set(*device, words);
@@ -107,11 +119,13 @@ int FakeMediaControl::Run(const Words& words, std::string& answer) {
 int FakeMediaControl::Open(const Words& words) {
     const std::size_t type = fakes::Find(words, "type");
     const std::size_t alias = fakes::Find(words, "alias");
+    if (type == 1) return kNameRequired;
     if (type < 2 || alias + 1 >= words.size()) return kMissingParameter;
     std::string path = words[1];
     for (std::size_t i = 2; i < std::min(type, alias); ++i)
         path += " " + words[i];
     const auto file = files_.find(path);
+    if (file != files_.end() && file->second.milliseconds < 0) return kInvalidFile;
     if (file == files_.end() && !AnyFile) return kFileNotFound;
     if (Find(words[alias + 1]) != nullptr) return kAliasInUse;
     Device device;
@@ -144,13 +158,15 @@ int FakeMediaControl::Status(Device& device, const Words& words, std::string& an
 
 int FakeMediaControl::Set(Device& device, const Words& words) {
     if (Lower(words, 2) == "time" && Lower(words, 3) == "format") {
-        device.in_milliseconds = Lower(words, 4) != "frames";
+        const std::string format = Lower(words, 4);
+        if (format != "frames" && format != "ms" && format != "milliseconds") return kBadTimeFormat;
+        device.in_milliseconds = format != "frames";
         return 0;
     }
     if (Lower(words, 2) != "speed") return kUnrecognisedKeyword;
     const auto speed = base::ToNumber(words.size() > 3 ? words[3] : "");
     if (!speed) return kBadInteger;
-    if (*speed < 0) return kOutOfRange;
+    if (*speed < 1) return kOutOfRange;
     device.speed = static_cast<int>(*speed);
     return 0;
 }
@@ -167,17 +183,17 @@ int FakeMediaControl::SetAudio(Device& device, const Words& words) {
 }
 
 int FakeMediaControl::Play(Device& device, const Words& words) {
-    const auto length = static_cast<double>(device.media.milliseconds);
-    const auto place = [&](std::string_view keyword, double otherwise) {
+    double from = device.position_ms;
+    double to = static_cast<double>(device.media.milliseconds);
+    for (const auto& [keyword, place] : {std::pair{"from", &from}, std::pair{"to", &to}}) {
         const std::size_t at = fakes::Find(words, keyword);
-        return at + 1 < words.size() ? ToMs(device, base::Val(words[at + 1])) : otherwise;
-    };
-    const double from = place("from", device.position_ms);
-    const double to = place("to", length);
-    // A frame is rounded, so an end may lie behind the last one by less than a frame.
-    if (from < 0 || to < from || to > length + 1000.0 / device.media.frames_per_second) return kOutOfRange;
+        if (at == words.size()) continue;
+        if (const int error = ReadPlace(device, at + 1 < words.size() ? words[at + 1] : "", *place))
+            return error;
+    }
+    if (from > to) return kOutOfRange;
     device.position_ms = from;
-    device.end_ms = std::min(to, length);
+    device.end_ms = to;
     device.mode = "playing";
     return 0;
 }
@@ -185,10 +201,23 @@ int FakeMediaControl::Play(Device& device, const Words& words) {
 int FakeMediaControl::Seek(Device& device, const Words& words) {
     const std::size_t to = fakes::Find(words, "to");
     if (to + 1 >= words.size()) return kMissingParameter;
-    const double place = ToMs(device, base::Val(words[to + 1]));
-    if (place < 0 || place > static_cast<double>(device.media.milliseconds)) return kOutOfRange;
+    const std::string target = base::LCase(words[to + 1]);
+    double place = target == "end" ? static_cast<double>(device.media.milliseconds) : 0;
+    if (target != "start" && target != "end") {
+        if (const int error = ReadPlace(device, target, place)) return error;
+    }
     device.position_ms = place;
     device.mode = "stopped";
+    return 0;
+}
+
+int FakeMediaControl::ReadPlace(const Device& device, const std::string& word, double& milliseconds) {
+    const auto length = static_cast<double>(device.media.milliseconds);
+    const auto place = base::ToNumber(word);
+    if (!place) return word.empty() ? kMissingParameter : kBadInteger;
+    if (*place < 0 || *place > static_cast<double>(FromMs(device, length))) return kOutOfRange;
+    // The last frame may be a broken one.
+    milliseconds = std::min(ToMs(device, *place), length);
     return 0;
 }
 

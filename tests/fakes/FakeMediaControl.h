@@ -26,6 +26,8 @@ public:
 
     /// Makes a path playable. Paths that were not added are missing, unless AnyFile stands.
     void AddFile(std::string_view path, FakeMedia media = {});
+    /// A file that is there and cannot be played.
+    void AddBroken(std::string_view path) { AddFile(path, {.milliseconds = -1}); }
     /// What a path that was not added holds; nothing can be opened while AnyFile is false.
     bool AnyFile = false;
     FakeMedia AnyMedia;
@@ -77,6 +79,7 @@ private:
     int SetAudio(Device& device, const Words& words);
     int Play(Device& device, const Words& words);
     int Seek(Device& device, const Words& words);
+    static int ReadPlace(const Device& device, const std::string& word, double& milliseconds);
     Device* Find(std::string_view alias);
     const Device* Find(std::string_view alias) const;
     static double ToMs(const Device& device, double value);

@@ -117,7 +117,7 @@ TEST_F(MediaEngineTest, BadFilesGiveAnErrorAtOnce) {
     const std::string noise = media.Write("noise.mp3", std::string(20000, 'x'));
     const std::string cut = media.Write("cut.mp4", std::string("\0\0\0\x20"
                                                                "ftypisom\0\0\2\0isomiso2mp41\0\0\0\x40moov",
-                                                               40));
+                                                               36));
     const auto begin = Clock::now();
 
     EXPECT_EQ(Open(media.Path("missing.mp3")), 275);

@@ -24,6 +24,7 @@ Child::Child(const std::vector<std::string>& words, int* output) {
     std::array<int, 2> pipe_ends{-1, -1};
     if (output != nullptr && pipe2(pipe_ends.data(), O_CLOEXEC) != 0) return;
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (const std::string& word : words)
         arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);

@@ -80,7 +80,7 @@ std::string GeneratedMedia::Make(std::string_view name, const Tone& tone) {
 }
 
 std::string GeneratedMedia::Write(std::string_view name, std::string_view bytes) {
-    const std::string path = Path(name);
+    std::string path = Path(name);
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
 }

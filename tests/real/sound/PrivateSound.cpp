@@ -105,7 +105,7 @@ Samples PrivateSound::Record(double seconds) {
 }
 
 bool PrivateSound::WaitFor(const std::function<bool(const Samples&)>& heard, double seconds, double piece) {
-    for (double passed = 0; passed < seconds; passed += piece) {
+    for (int left = static_cast<int>(seconds / piece); left > 0; --left) {
         const Samples samples = Record(piece);
         if (samples.left.empty()) return false;
         if (heard(samples)) return true;
@@ -127,7 +127,7 @@ bool PrivateSound::WaitForSilence(double seconds) {
 
 double PrivateSound::SecondsToSound(std::size_t from, double level) {
     constexpr std::size_t kStep = kRate / 100;
-    constexpr std::size_t kLongest = 5 * kRate;
+    constexpr std::size_t kLongest = std::size_t{5} * kRate;
     std::unique_lock lock(mutex_);
     for (std::size_t begin = from; begin < from + kLongest; begin += kStep) {
         if (!WaitUntilHeard(lock, begin + kStep, 5)) return -1;

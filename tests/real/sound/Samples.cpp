@@ -34,9 +34,10 @@ double Pitch(const std::vector<float>& samples, double from, double to) {
     double best = from;
     for (const double step : {1.0, 0.1}) {
         const double begin = step == 1.0 ? from : best - 1;
-        const double end = step == 1.0 ? to : best + 1;
+        const int steps = static_cast<int>(((step == 1.0 ? to : best + 1) - begin) / step);
         double loudest = -1;
-        for (double hertz = begin; hertz <= end; hertz += step) {
+        for (int i = 0; i <= steps; ++i) {
+            const double hertz = begin + i * step;
             const double amplitude = Amplitude(samples, hertz);
             if (amplitude <= loudest) continue;
             loudest = amplitude;

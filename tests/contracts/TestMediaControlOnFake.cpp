@@ -1,0 +1,28 @@
+#include "contracts/MediaControlContract.h"
+#include "fakes/FakeMediaControl.h"
+
+namespace {
+
+class FakeBench final : public contracts::MediaControlBench {
+public:
+    FakeBench() {
+        media_.AddFile("song.wav", {.milliseconds = 2000});
+        media_.AddFile("film.avi", {.milliseconds = 2000, .frames_per_second = 25});
+        media_.AddBroken("broken.mp3");
+    }
+    ports::MediaControl& Media() override { return media_; }
+    std::string Song() override { return "song.wav"; }
+    std::string Film() override { return "film.avi"; }
+    std::string Broken() override { return "broken.mp3"; }
+    std::string Missing() override { return "missing.mp3"; }
+    void Pass(int milliseconds) override { media_.Advance(milliseconds); }
+
+private:
+    fakes::FakeMediaControl media_;
+};
+
+}  // namespace
+
+namespace contracts {
+INSTANTIATE_TYPED_TEST_SUITE_P(OnFake, MediaControlContract, FakeBench);
+}  // namespace contracts

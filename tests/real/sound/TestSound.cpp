@@ -1,0 +1,242 @@
+// What is heard: the engine on a sound server of its own, recorded and measured.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <thread>
+
+#include "platform/gstreamer/MediaEngine.h"
+#include "real/sound/GeneratedMedia.h"
+#include "real/sound/PrivateSound.h"
+
+namespace {
+
+using sound::Amplitude;
+using sound::Rms;
+using sound::Samples;
+using Clock = std::chrono::steady_clock;
+
+constexpr double kTone = 600;
+constexpr double kOtherTone = 1500;
+constexpr double kFull = 0.5;  // amplitude of the tones in the files
+
+class Sound : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(server_.IsRunning()); }
+
+    int Send(const std::string& command) { return engine_.SendString(command, nullptr, 0, 0); }
+    std::string Ask(const std::string& command) {
+        std::string reply(128, '\0');
+        EXPECT_EQ(engine_.SendString(command, &reply, 128, 0), 0) << command;
+        return reply.substr(0, reply.find('\0'));
+    }
+    int Place() { return std::stoi(Ask("status a position")); }
+    void Play(const std::string& path, const std::string& alias = "a") {
+        ASSERT_EQ(Send("open " + path + " type MPEGVideo Alias " + alias), 0) << path;
+        ASSERT_EQ(Send("play " + alias), 0);
+        ASSERT_TRUE(server_.WaitForSound());
+    }
+    std::string Song(double hertz = kTone, double seconds = 30) {
+        return files_.Make("song" + std::to_string(static_cast<int>(hertz)) + ".wav",
+                           {.hertz = hertz, .seconds = seconds, .amplitude = kFull});
+    }
+    // What is heard once the levels that were set last have reached the speaker.
+    Samples Settled() {
+        server_.Record(0.4);
+        return server_.Record(0.5);
+    }
+
+    sound::PrivateSound server_;
+    sound::GeneratedMedia files_;
+    gstreamer::MediaEngine engine_{[](std::string_view name) { return std::string(name); }};
+};
+
+TEST_F(Sound, ASongIsHeardAsItIs) {
+    Play(Song());
+
+    const Samples heard = Settled();
+
+    EXPECT_NEAR(Amplitude(heard.left, kTone), kFull, 0.01);
+    EXPECT_NEAR(Amplitude(heard.right, kTone), kFull, 0.01);
+    EXPECT_LT(Amplitude(heard.left, kOtherTone), 0.001);
+}
+
+TEST_F(Sound, EveryKindOfTheMediaListsIsHeard) {
+    for (const std::string& kind : sound::GeneratedMedia::Kinds()) {
+        const double hertz = kind == "mid" ? 880 : kTone;
+        const std::string path =
+            files_.Make("file." + kind, {.hertz = hertz, .seconds = 4, .amplitude = kFull});
+        Play(path);
+
+        const Samples heard = server_.Record(0.4);
+        Send("close a");
+
+        EXPECT_NEAR(sound::Pitch(heard.left, hertz - 100, hertz + 100), hertz, hertz * 0.01) << kind;
+        EXPECT_GT(Amplitude(heard.left, hertz), kind == "mid" ? 0.005 : 0.3) << kind;
+        EXPECT_TRUE(server_.WaitForSilence()) << kind;
+    }
+}
+
+TEST_F(Sound, LevelsAreAmplitudesAndEachChannelHasItsOwn) {
+    Play(Song());
+    struct Case {
+        const char* command;
+        double left;
+        double right;
+    };
+    for (const Case& now :
+         {Case{"setaudio a volume to 500", 0.5, 0.5}, Case{"setaudio a left volume to 1000", 1, 0.5},
+          Case{"setaudio a right volume to 0", 1, 0}, Case{"setaudio a left volume to 100", 0.1, 0},
+          Case{"setaudio a right volume to 770", 0.1, 0.77}, Case{"setaudio a volume to 0", 0, 0}}) {
+        Send(now.command);
+
+        const Samples heard = Settled();
+
+        EXPECT_NEAR(Amplitude(heard.left, kTone), now.left * kFull, 0.005) << now.command;
+        EXPECT_NEAR(Amplitude(heard.right, kTone), now.right * kFull, 0.005) << now.command;
+    }
+}
+
+TEST_F(Sound, AChangeOfLevelDoesNotClick) {
+    const double steepest = 2 * 3.1416 * 100 / sound::kRate * kFull;
+    Play(Song(100));
+    const Samples before = Settled();
+    Send("setaudio a volume to 0");
+    const Samples down = server_.Record(0.4);
+    Send("setaudio a volume to 1000");
+    const Samples up = server_.Record(0.4);
+
+    EXPECT_LT(sound::LargestStep(before.left), steepest * 1.05);
+    EXPECT_LT(sound::LargestStep(down.left), steepest * 1.6);
+    EXPECT_LT(sound::LargestStep(up.left), steepest * 1.6);
+    EXPECT_LT(Rms({down.left.end() - 2000, down.left.end()}), 0.001);
+    EXPECT_GT(Rms({up.left.end() - 2000, up.left.end()}), 0.3);
+}
+
+TEST_F(Sound, ASongOpenedAtNoLevelIsNotHeardAtItsStart) {
+    ASSERT_EQ(Send("open " + Song() + " type MPEGVideo Alias a"), 0);
+    Send("setaudio a volume to 0");
+    Send("play a");
+
+    const Samples heard = server_.Record(1);
+
+    EXPECT_EQ(sound::FirstLouderThan(heard.left, 0.0005), heard.left.size());
+    EXPECT_GT(Place(), 300);
+}
+
+TEST_F(Sound, PauseIsSilentAndHoldsThePlace) {
+    Play(Song());
+
+    Send("pause a");
+    EXPECT_TRUE(server_.WaitForSilence(2));
+    const int place = Place();
+    EXPECT_LT(Rms(server_.Record(0.5).left), 0.001);
+    EXPECT_EQ(Place(), place);
+    Send("resume a");
+
+    EXPECT_TRUE(server_.WaitForSound(2));
+    EXPECT_NEAR(Place(), place + 100, 250);
+}
+
+TEST_F(Sound, StopAndCloseAreSilent) {
+    Play(Song());
+    Send("stop a");
+    const bool stopped = server_.WaitForSilence(2);
+    Send("play a");
+    const bool again = server_.WaitForSound(2);
+    Send("close a");
+
+    EXPECT_TRUE(stopped);
+    EXPECT_TRUE(again);
+    EXPECT_TRUE(server_.WaitForSilence(2));
+}
+
+TEST_F(Sound, SpeedKeepsThePitch) {
+    Play(Song());
+    for (const int speed : {500, 1030, 2000}) {
+        Send("set a speed " + std::to_string(speed));
+        server_.Record(0.5);
+        const int from = Place();
+        const auto begin = Clock::now();
+        const Samples heard = server_.Record(1);
+        const double played = (Place() - from) / 1000.0;
+        const double seconds = std::chrono::duration<double>(Clock::now() - begin).count();
+
+        EXPECT_NEAR(sound::Pitch(heard.left, 500, 700), kTone, kTone * 0.01) << speed;
+        EXPECT_NEAR(Rms(heard.left), kFull * 0.707, 0.03) << speed;
+        EXPECT_NEAR(played, seconds * speed / 1000, 0.15) << speed;
+    }
+}
+
+TEST_F(Sound, ASeekIsHeard) {
+    const std::string path = files_.Path("two.wav");
+    const std::string first = Song(kTone, 3);
+    const std::string second = Song(kOtherTone, 3);
+    sound::Child joined({"ffmpeg", "-loglevel", "error", "-i", first, "-i", second, "-filter_complex",
+                         "[0:a][1:a]concat=n=2:v=0:a=1", path});
+    ASSERT_EQ(joined.Wait(20), 0);
+    Play(path);
+
+    Send("seek a to 4000");
+    Send("play a");
+
+    EXPECT_TRUE(
+        server_.WaitFor([](const Samples& heard) { return Amplitude(heard.left, kOtherTone) > 0.4; }, 2));
+    EXPECT_GE(Place(), 4000);
+    EXPECT_LT(Place(), 5500);
+}
+
+TEST_F(Sound, BothAliasesAreHeardTogetherAtTheirOwnLevels) {
+    Play(Song(kTone), "a");
+    Play(Song(kOtherTone), "b");
+    Send("setaudio b volume to 300");
+
+    const Samples heard = Settled();
+    Send("close a");
+    const Samples alone = Settled();
+
+    EXPECT_NEAR(Amplitude(heard.left, kTone), kFull, 0.01);
+    EXPECT_NEAR(Amplitude(heard.left, kOtherTone), 0.3 * kFull, 0.01);
+    EXPECT_LT(Amplitude(alone.left, kTone), 0.001);
+    EXPECT_NEAR(Amplitude(alone.left, kOtherTone), 0.3 * kFull, 0.01);
+}
+
+TEST_F(Sound, ASongGoesOnInRealTimeWhenItsServerDies) {
+    Play(Song());
+    server_.Record(0.5);
+    server_.KillServer();
+    const auto begin = Clock::now();
+    const int place = Place();
+
+    while (Clock::now() - begin < std::chrono::seconds(4) && Place() < place + 3000) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    const double seconds = std::chrono::duration<double>(Clock::now() - begin).count();
+
+    EXPECT_EQ(Ask("status a mode"), "playing");
+    EXPECT_NEAR(seconds, 3, 0.6);
+}
+
+TEST_F(Sound, AFrozenServerHoldsUpNoCommand) {
+    Play(Song());
+    server_.FreezeServer();
+    double slowest = 0;
+
+    for (const char* command : {"status a position", "pause a", "resume a", "seek a to 5000", "play a",
+                                "setaudio a volume to 500", "set a speed 500", "stop a", "close a"}) {
+        const auto begin = Clock::now();
+        EXPECT_EQ(Send(command), 0) << command;
+        slowest = std::max(slowest, std::chrono::duration<double>(Clock::now() - begin).count());
+    }
+    const auto begin = Clock::now();
+    const int opened = Send("open " + Song() + " type MPEGVideo Alias a");
+    const double opening = std::chrono::duration<double>(Clock::now() - begin).count();
+    server_.ThawServer();
+
+    EXPECT_LT(slowest, 0.1);
+    EXPECT_TRUE(opened == 0 || opened == 276) << opened;
+    EXPECT_LT(opening, 5.5);
+}
+
+}  // namespace
