@@ -1,0 +1,139 @@
+// Whatever is done in whatever order, lstMaybe stands row for row beside lstTracks.
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "library/LibraryPane.h"
+
+namespace {
+
+using testing_library::LibraryPane;
+using testing_library::PlayListRow;
+using testing_library::Song;
+
+constexpr int kSteps = 400;
+
+class TrackAlignmentTest : public testing::TestWithParam<unsigned>, protected LibraryPane {
+protected:
+    TrackAlignmentTest() : random_(GetParam()) {
+        std::vector<std::vector<std::string>> songs;
+        for (int i = 1; i <= 40; ++i) {
+            // A title of its own tells every song apart.
+            const std::string id = std::to_string(i);
+            songs.push_back(
+                Song(id, "Artist " + std::to_string(i % 6), "Title " + id, std::to_string(i % 4)));
+            texts_[id] = "Artist " + std::to_string(i % 6) + " - Title " + id;
+        }
+        SeedSongs(songs);
+        SeedPlayLists({PlayListRow("1", "Road"), PlayListRow("2", "Sunday")});
+        Neighbours.OnHistory = [this] { ShowSomeHistory(); };
+        ListsRoom.Command1();
+    }
+
+    int Below(int count) { return std::uniform_int_distribution<int>(0, count - 1)(random_); }
+
+    void ShowSomeHistory() {
+        ListsRoom.BeginView();
+        for (int i = Below(20); i > 0; --i) {
+            const std::string id = std::to_string(1 + Below(40));
+            const std::string& text = texts_.at(id);
+            const std::size_t end = text.find(" - ");
+            ListsRoom.AddSong(id, text.substr(0, end), text.substr(end + 3));
+        }
+        ListsRoom.EndView();
+    }
+
+    void ChooseRow(controls::ListBox& list) {
+        if (list.ListCount() > 0) list.SetListIndex(Below(list.ListCount()));
+    }
+
+    void DropFromOutside() {
+        const std::string path = "C:\\Outside\\" + std::to_string(Below(1000)) + ".mp3";
+        texts_[path] = "Outside " + path;
+        ListsRoom.AddOutsideTrack(texts_.at(path), path);
+    }
+
+    void AddSelectedToPlayList() {
+        ChooseRow(Lists.lstTracks);
+        PlayLists.imgAddSongOver.Click.Raise();
+        ChooseRow(PlayLists.lstAddToPlaylist);
+        PlayLists.imgOkOver.Click.Raise();
+    }
+
+    void RemoveSelected() {
+        Dialogs.Answers = {Below(2) == 0 ? ports::BoxAnswer::Yes : ports::BoxAnswer::No};
+        ChooseRow(Lists.lstTracks);
+        PlayLists.imgRemoveSongOver.Click.Raise();
+        Dialogs.Answers.clear();
+    }
+
+    void TypeSearch() {
+        constexpr std::string_view kTexts[] = {"", "artist 3", "TITLE1", "nothing like it", "9"};
+        Search.txtSearch.SetText(kTexts[Below(5)]);
+        Desktop.Advance(200);
+    }
+
+    void Interrupt() {
+        Desktop.Post([this] {
+            if (Below(2) == 0) {
+                DropFromOutside();
+            } else {
+                ChooseRow(Lists.lstArtists);
+            }
+        });
+        ListsRoom.OpenPlayList(Below(2) == 0 ? "Road" : "Sunday");
+    }
+
+    std::string Step() {
+        switch (Below(9)) {
+            case 0:
+                return ChooseRow(Lists.lstPlayLists), "a playlist";
+            case 1:
+                return ChooseRow(Lists.lstArtists), "an artist";
+            case 2:
+                return DropFromOutside(), "a drop";
+            case 3:
+                return AddSelectedToPlayList(), "a song into a playlist";
+            case 4:
+                return RemoveSelected(), "a removal";
+            case 5:
+                return TypeSearch(), "a search";
+            case 6:
+                return Interrupt(), "a playlist, interrupted";
+            case 7:
+                return ListsRoom.Command1(), "a reload";
+            default:
+                return ListsRoom.DisplayPlayLists(), "the playlists";
+        }
+    }
+
+    std::map<std::string, std::string, std::less<>> texts_;  // the row that each entry stands for
+
+private:
+    std::mt19937 random_;
+};
+
+TEST_P(TrackAlignmentTest, EveryRowStandsBesideItsOwnEntryAfterEveryStep) {
+    int rows_seen = 0;
+    for (int step = 0; step < kSteps; ++step) {
+        const std::string done = Step();
+
+        ASSERT_EQ(Lists.lstTracks.ListCount(), Lists.lstMaybe.ListCount()) << done << ", step " << step;
+        for (int row = 0; row < Lists.lstTracks.ListCount(); ++row) {
+            const auto entry = texts_.find(Lists.lstMaybe.List(row));
+            ASSERT_NE(entry, texts_.end()) << done << ", step " << step;
+            ASSERT_EQ(Lists.lstTracks.List(row), entry->second) << done << ", step " << step;
+            ++rows_seen;
+        }
+    }
+
+    EXPECT_GT(rows_seen, kSteps);
+}
+
+INSTANTIATE_TEST_SUITE_P(ManySequences, TrackAlignmentTest, testing::Range(1U, 21U));
+
+}  // namespace
