@@ -156,10 +156,7 @@ void SettingsRoom::RestoreSearchField(std::string_view field) {
 }
 
 std::int32_t SettingsRoom::Today() const {
-    const ports::Date today = clock_.Today();
-    const std::string stamp =
-        base::Padded(today.year, 4) + base::Padded(today.month, 2) + base::Padded(today.day, 2);
-    return static_cast<std::int32_t>(base::Val(stamp));
+    return static_cast<std::int32_t>(base::Val(ports::DateStamp(clock_.Today())));
 }
 
 // 0 means never, and counts from today on.

@@ -33,6 +33,11 @@ void Fill(Control& control, const Control& container) {
     control.Move(0, 0, container.Width(), container.Height());
 }
 
+void Centre(Control& control, const Control& container) {
+    control.Move((container.Width() - control.Width()) / 2, (container.Height() - control.Height()) / 2,
+                 control.Width(), control.Height());
+}
+
 void SameRect(Control& control, const Control& model) {
     control.Move(model.Left(), model.Top(), model.Width(), model.Height());
 }
@@ -318,14 +323,15 @@ void BrowserLayout::PlaceCueColumn() {
 void BrowserLayout::PlaceAddToPlaylist() {
     auto& panel = window_.library.playlists;
     SameRect(panel.fraAddToPlaylist, window_.chrome.fraMusicTab);
-    Control& centre = panel.fraPlayListCenter;
-    centre.Move((panel.fraAddToPlaylist.Width() - centre.Width()) / 2,
-                (panel.fraAddToPlaylist.Height() - centre.Height()) / 2, centre.Width(), centre.Height());
+    Centre(panel.fraPlayListCenter, panel.fraAddToPlaylist);
     Fill(panel.imgBG2, panel.fraAddToPlaylist);
 }
 
 void BrowserLayout::PlaceTaskPanel() {
-    SameRect(window_.library.task.fraTask, CurrentBrowser());
+    auto& task = window_.library.task;
+    SameRect(task.fraTask, CurrentBrowser());
+    Centre(task.fraTaskCenter, task.fraTask);
+    Fill(task.imgTaskBG, task.fraTask);
     SameRect(window_.web.tabs.BrowserBG, CurrentBrowser());
 }
 

@@ -21,6 +21,7 @@
 #include "desktop/ViewRoom.h"
 #include "desktop/Windows.h"
 #include "library/AddMediaRoom.h"
+#include "library/CleanUpRoom.h"
 #include "library/LibraryListsRoom.h"
 #include "library/OpenedMediaRoom.h"
 #include "library/PlayListRoom.h"
@@ -79,6 +80,7 @@ struct Rooms {
     std::optional<library::LibraryListsRoom> lists;
     std::optional<library::PlayListRoom> playlists;
     std::optional<library::SearchRoom> search;
+    std::optional<library::CleanUpRoom> clean_up;
     std::optional<library::AddMediaRoom> add_media;
     std::optional<library::OpenedMediaRoom> opened;
     std::optional<webdata::HistoryRoom> history;

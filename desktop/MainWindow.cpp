@@ -94,6 +94,11 @@ void MainWindow::BuildLibrary() {
                             desk_.ports.dialogs, library_links_);
     rooms.search.emplace(groups.search, SearchMenuOf(window.menus), groups.sources, *rooms.lists,
                          library_links_);
+    rooms.clean_up.emplace(
+        groups.task, window.menus.mnuCleanUp,
+        library::CleanUpSources{groups.sources.datSong, desk_.windows.history.datHistory},
+        desk_.state.options.DaysStampAge, *rooms.lists,
+        library::CleanUpPorts{desk_.ports.files, desk_.ports.dialogs, desk_.ports.events, desk_.ports.clock});
     BuildMediaDialog();
 }
 

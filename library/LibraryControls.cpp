@@ -87,21 +87,29 @@ OpenedMediaControls::OpenedMediaControls() {
 }
 
 TaskControls::TaskControls() {
-    fraTask.Add(lblTask, lblFound, lblFoundNo, lblDuplicatesRemoved, lblDuplicatesNoRemoved, lblStatus);
+    fraTask.Add(imgTaskBG, fraTaskCenter);
+    fraTaskCenter.Add(lblTask, lblFound, lblFoundNo, lblDuplicatesRemoved, lblDuplicatesNoRemoved, pbTask,
+                      lblStatus);
     Hide(fraTask, lstTracksToAdd, lstartist, lsttitle, lstCleanup, lstcleanupremove);
 
-    PlacePixels(lblTask, 32, 32, 480, 20);
-    PlacePixels(lblFound, 32, 72, 200, 16);
-    PlacePixels(lblFoundNo, 240, 72, 120, 16);
-    PlacePixels(lblDuplicatesRemoved, 32, 96, 200, 16);
-    PlacePixels(lblDuplicatesNoRemoved, 240, 96, 120, 16);
-    PlacePixels(lblStatus, 32, 136, 480, 16);
+    PlacePixels(fraTaskCenter, 0, 0, 448, 192);
+    PlacePixels(lblTask, 24, 20, 400, 20);
+    PlacePixels(lblFound, 24, 56, 200, 20);
+    PlacePixels(lblFoundNo, 304, 56, 120, 20);
+    PlacePixels(lblDuplicatesRemoved, 24, 80, 200, 20);
+    PlacePixels(lblDuplicatesNoRemoved, 304, 80, 120, 20);
+    PlacePixels(pbTask, 24, 120, 400, 12);
+    PlacePixels(lblStatus, 24, 148, 400, 20);
 
-    fraTask.SetLook("panel");
+    imgTaskBG.SetLook("ground");
+    fraTaskCenter.SetLook("panel");
     lblTask.SetLook("heading");
-    lblFoundNo.SetLook("accent");
-    lblDuplicatesNoRemoved.SetLook("accent");
+    for (controls::Label* counter : {&lblFoundNo, &lblDuplicatesNoRemoved}) {
+        counter->SetLook("accent");
+        counter->SetAlign(controls::Alignment::Right);
+    }
     lblStatus.SetLook("muted");
+    pbTask.SetAccessibleName("Progress of the task");
 }
 
 }  // namespace library

@@ -80,16 +80,20 @@ struct OpenedMediaControls {
     controls::Label Label6{"Label6"};
 };
 
-/// The progress panel of the long library tasks, and their hidden lists.
+/// The progress panel of the long library tasks, and their hidden lists. The panel's inside is placed here
+/// once, in a fraTaskCenter of a fixed size; the window centres it.
 struct TaskControls {
     TaskControls();
 
     controls::Frame fraTask{"fraTask"};
+    controls::Image imgTaskBG{"imgTaskBG"};
+    controls::Frame fraTaskCenter{"fraTaskCenter"};
     controls::Label lblTask{"lblTask"};
     controls::Label lblFound{"lblFound"};
     controls::Label lblFoundNo{"lblFoundNo"};
     controls::Label lblDuplicatesRemoved{"lblDuplicatesRemoved"};
     controls::Label lblDuplicatesNoRemoved{"lblDuplicatesNoRemoved"};
+    controls::ProgressBar pbTask{"pbTask"};
     controls::Label lblStatus{"lblStatus"};
     controls::ListBox lstTracksToAdd{"lstTracksToAdd"};
     controls::ListBox lstartist{"lstartist"};

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+
+#include "base/Number.h"
 
 namespace ports {
 
@@ -10,6 +13,11 @@ struct Date {
     int month = 0;  ///< 1 to 12
     int day = 0;    ///< 1 to 31
 };
+
+/// Eight digits yyyymmdd, as dates are stored.
+inline std::string DateStamp(const Date& date) {
+    return base::Padded(date.year, 4) + base::Padded(date.month, 2) + base::Padded(date.day, 2);
+}
 
 class Clock {
 public:

@@ -450,7 +450,11 @@ TEST_F(BrowserLayoutTest, TheTaskPanelAndTheBackdropTakeTheRectangleOfTheBrowser
 
     Resize(15000, 9000);
 
-    EXPECT_EQ(RectOf(window.library.task.fraTask), RectOf(window.web.tabs.Browser(1)));
+    const auto& task = window.library.task;
+    EXPECT_EQ(RectOf(task.fraTask), RectOf(window.web.tabs.Browser(1)));
+    EXPECT_EQ(RectOf(task.imgTaskBG), (Rect{0, 0, task.fraTask.Width(), task.fraTask.Height()}));
+    EXPECT_EQ(task.fraTaskCenter.Left(), (task.fraTask.Width() - task.fraTaskCenter.Width()) / 2);
+    EXPECT_EQ(task.fraTaskCenter.Top(), (task.fraTask.Height() - task.fraTaskCenter.Height()) / 2);
     EXPECT_EQ(RectOf(window.web.tabs.BrowserBG), RectOf(window.web.tabs.Browser(1)));
 }
 
