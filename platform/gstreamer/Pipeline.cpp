@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <chrono>
 #include <mutex>
+#include <string_view>
 #include <utility>
 
 #include "platform/gstreamer/MciErrors.h"
@@ -28,6 +29,7 @@ constexpr unsigned kPlayPicturesAndSound = 0x3;
 constexpr std::int64_t kSoundBuffer = 100'000;
 constexpr std::int64_t kSoundLatency = 10'000;
 constexpr double kUsualFrameRate = 25;
+constexpr const char* kScalingSink = "xvimagesink";
 
 void SetInt(GstElement* element, const char* property, std::int64_t value) {
     g_object_set(element, property, static_cast<gint64>(value), nullptr);
@@ -75,6 +77,11 @@ bool CanBeUsed(GstElement* sink) {
     gst_element_set_state(sink, GST_STATE_NULL);
     gst_object_unref(gst_object_ref_sink(sink));
     return false;
+}
+
+// The other sink leaves the size to what comes before it, so a picture that stands still keeps its old one.
+bool ScalesItself(GstElement* picture) {
+    return std::string_view(GST_OBJECT_NAME(gst_element_get_factory(picture))) == kScalingSink;
 }
 
 bool HasStartedTask(GstElement* element) {
@@ -160,6 +167,7 @@ void Pipeline::Close() {
     gst_element_set_state(playbin_, GST_STATE_NULL);
     gst_object_unref(playbin_);
     playbin_ = picture_ = nullptr;
+    window_.reset();
 }
 
 int Pipeline::Open(const std::string& native_path, std::int64_t parent, bool silent) {
@@ -172,6 +180,7 @@ int Pipeline::Open(const std::string& native_path, std::int64_t parent, bool sil
         if (error != kNotReady) break;
     }
     origin_ = error == kNoError ? std::max<std::int64_t>(QueryPosition(), 0) : 0;
+    if (error == kNoError && Facts().is_video) ShowPicture();
     return error == kNotReady ? kInvalidFile : error;
 }
 
@@ -253,10 +262,17 @@ MediaFacts Pipeline::Facts() const {
     return facts;
 }
 
-void Pipeline::PutPicture(const std::array<int, 4>& place) {
-    if (!GST_IS_VIDEO_OVERLAY(picture_) || place[2] <= 0 || place[3] <= 0) return;
-    gst_video_overlay_set_render_rectangle(GST_VIDEO_OVERLAY(picture_), place[0], place[1], place[2],
-                                           place[3]);
+bool Pipeline::PutPicture(const std::array<int, 4>& place) {
+    if (window_ == nullptr || place[2] <= 0 || place[3] <= 0) return false;
+    window_->Put(place);
+    gst_video_overlay_expose(GST_VIDEO_OVERLAY(picture_));
+    return !ScalesItself(picture_);
+}
+
+// The first picture was drawn when nothing could be seen yet.
+void Pipeline::ShowPicture() {
+    if (window_ == nullptr) return;
+    window_->Show();
     gst_video_overlay_expose(GST_VIDEO_OVERLAY(picture_));
 }
 
@@ -301,19 +317,21 @@ GstElement* Pipeline::MakeSoundBin(bool silent) {
 }
 
 GstElement* Pipeline::MakePictureSink(std::int64_t parent) {
-    GstElement* sink = parent == 0 ? nullptr : gst_element_factory_make("xvimagesink", nullptr);
-    if (parent != 0 && !CanBeUsed(sink)) {
+    window_ = parent == 0 ? nullptr : PictureWindow::In(parent);
+    GstElement* sink = window_ == nullptr ? nullptr : gst_element_factory_make(kScalingSink, nullptr);
+    if (window_ != nullptr && !CanBeUsed(sink)) {
         sink = gst_element_factory_make("ximagesink", nullptr);
         if (!CanBeUsed(sink)) sink = nullptr;
     }
     if (sink == nullptr) {
+        window_.reset();
         sink = gst_element_factory_make("fakesink", nullptr);
         g_object_set(sink, "sync", TRUE, nullptr);
         return sink;
     }
-    gst_video_overlay_set_window_handle(GST_VIDEO_OVERLAY(sink), static_cast<guintptr>(parent));
-    // The sink scales to the window it draws in, so it has to hear of the window's sizes. It takes no mouse
-    // buttons.
+    g_object_set(sink, "force-aspect-ratio", TRUE, nullptr);
+    gst_video_overlay_set_window_handle(GST_VIDEO_OVERLAY(sink), window_->Handle());
+    // The sink draws again what was covered, and hears of the window's sizes.
     gst_video_overlay_handle_events(GST_VIDEO_OVERLAY(sink), TRUE);
     return sink;
 }

@@ -19,6 +19,7 @@
 #include <utility>
 
 #include "platform/gstreamer/Gain.h"
+#include "platform/gstreamer/PictureWindow.h"
 
 namespace gstreamer {
 
@@ -69,7 +70,9 @@ public:
     std::int64_t Position() const;
     /// A length of 0 is one that is not known.
     MediaFacts Facts() const;
-    void PutPicture(const std::array<int, 4>& place);
+    /// Puts the picture into a place of the window, in pixels; it keeps its proportions there, with black
+    /// beside it. True when it is seen in its new size only after the next jump, as while it stands still.
+    bool PutPicture(const std::array<int, 4>& place);
     PipelineEvent TakeEvent() { return events_->Take(); }
     bool IsSilent() const { return silent_; }
 
@@ -83,6 +86,7 @@ private:
     GstElement* MakeSoundSink(bool silent);
     GstElement* MakeSoundBin(bool silent);
     GstElement* MakePictureSink(std::int64_t parent);
+    void ShowPicture();
     static GstPadProbeReturn OnSamples(GstPad* pad, GstPadProbeInfo* info, void* gain);
     static GstBusSyncReply OnMessage(GstBus* bus, GstMessage* message, void* events);
 
@@ -90,7 +94,8 @@ private:
     std::unique_ptr<EventQueue> events_;
     GstElement* playbin_ = nullptr;
     GstElement* picture_ = nullptr;  // owned by the playbin
-    std::int64_t origin_ = 0;        // where the file's own count of time begins
+    std::unique_ptr<PictureWindow> window_;
+    std::int64_t origin_ = 0;  // where the file's own count of time begins
     bool silent_ = false;
 };
 

@@ -138,11 +138,16 @@ private:
         if (playing_ && !wish.playing) SetPlaying(false);
         settling_ = Move(wish) || wish.playing != playing_;
         if (wish.playing != playing_) SetPlaying(wish.playing);
-        if (wish.put != put_) pipeline_.PutPicture(wish.place);
-        put_ = wish.put;
+        if (wish.put != put_) PutPicture(wish);
         const std::int64_t place = Place(wish);
         lock.lock();
         Report(wish, place);
+    }
+
+    void PutPicture(const Wish& wish) {
+        put_ = wish.put;
+        if (!pipeline_.PutPicture(wish.place) || wish.playing || ended_) return;
+        pipeline_.Seek(std::max<std::int64_t>(pipeline_.Position(), 0), stop_, rate_);
     }
 
     /// True when there was a jump to make.
