@@ -5,7 +5,7 @@ import time
 import traceback
 
 import stage
-from story import Story
+from tour import Tour
 
 
 # Up to here each step needs the one before; afterwards one that fails is told and the next one is tried.
@@ -41,7 +41,7 @@ def walk(scene, story):
 def main():
     build = stage.become_unprivileged(sys.argv[1])
     with stage.Stage(build) as scene:
-        story = Story(scene)
+        story = Tour(scene)
         story.make_media()
         try:
             failures = walk(scene, story)

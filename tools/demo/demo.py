@@ -6,13 +6,14 @@ code is 0 only when every step went as it should.
 
 import html
 import pathlib
+import shutil
 import sys
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent.parent / "tests" / "real"))
 
 import stage  # noqa: E402
-from story import Story  # noqa: E402
+from tour import Tour  # noqa: E402
 
 # Up to here each step needs the one before; afterwards one that fails is told and the next one is tried.
 ESSENTIAL = 9
@@ -35,6 +36,7 @@ main { padding: 32px; }
 audio { width: 100%; max-width: 560px; margin-top: 22px; }
 section { display: grid; grid-template-columns: minmax(0, 1.7fr) minmax(260px, 1fr); gap: 28px; padding: 26px 0;
           border-bottom: 1px solid #2b2420; align-items: start; }
+section img + img { margin-top: 12px; }
 section img { width: 100%; display: block; border: 1px solid #3a312a; border-radius: 8px; background: #000; }
 h2 { margin: 0 0 10px; font-size: 18px; font-weight: 600; }
 h2 i { font-style: normal; color: #e9a04b; margin-right: 10px; }
@@ -54,18 +56,18 @@ class Summary:
         self.folder = pathlib.Path(folder)
         self.steps = []
 
-    def add(self, heading, picture, measured, seconds, error=None):
-        self.steps.append((heading, picture, measured, seconds, error))
+    def add(self, heading, picture, measured, seconds, error=None, drawing=None):
+        self.steps.append((heading, picture, measured, seconds, error, drawing))
 
     def fact(self, what):
-        for _, _, measured, _, _ in self.steps:
+        for _, _, measured, *_ in self.steps:
             for name, value in measured:
                 if name == what:
                     return value
         return "-"
 
     def write(self, sound_seconds):
-        good = sum(error is None for *_, error in self.steps)
+        good = sum(error is None for *_, error, _ in self.steps)
         facts = [
             (f"{good} of {len(self.steps)}", "steps as they should be"),
             (self.fact("start to login window"), "start to login window"),
@@ -79,17 +81,18 @@ class Summary:
         (self.folder / "index.html").write_text(
             f'<!doctype html><html lang="en"><head><meta charset="utf-8"><title>Brindlepost, played by itself</title>'
             f'<meta name="viewport" content="width=device-width"><style>{STYLE}</style></head><body><header><div>'
-            f"<h1><span>Brindlepost</span>, played by itself</h1><p>From an empty machine to a song and a page, with real "
+            f"<h1><span>Brindlepost</span>, played by itself</h1><p>From an empty machine to a song and a page, and on through the library and the player, with real "
             f"mouse and keyboard events on the real program. Each picture shows the screen at the end of its step.</p>"
             f'<div class="facts">{tiles}</div>{audio}</div></header><main>{sections}</main></body></html>\n')
 
     @staticmethod
-    def _section(number, heading, picture, measured, seconds, error):
+    def _section(number, heading, picture, measured, seconds, error, drawing):
         rows = "".join(f"<tr><td>{html.escape(what)}</td><td>{html.escape(value)}</td></tr>"
                        for what, value in [*measured, ("step took", f"{seconds:.1f} s")])
         trouble = f"<pre>{html.escape(error)}</pre>" if error else ""
+        course = f'<img src="{drawing}" alt="Levels over time">' if drawing else ""
         return (f'<section class="{"failed" if error else ""}"><a href="{picture}"><img src="{picture}" loading="lazy" '
-                f'alt="{html.escape(heading)}"></a><div><h2><i>{number:02d}</i>{html.escape(heading)}</h2>'
+                f'alt="{html.escape(heading)}">{course}</a><div><h2><i>{number:02d}</i>{html.escape(heading)}</h2>'
                 f'<span class="state">{"failed" if error else "as it should be"}</span><table>{rows}</table>{trouble}'
                 f"</div></section>")
 
@@ -110,6 +113,7 @@ def play(scene, story, summary):
 
         # A box and the counting splash are gone at the end of their step, so they are taken while they stand.
         story.on_box = story.on_splash = picture_now
+        story.drawing = None
         begin = time.monotonic()
         print(f"{number:2d} {heading} ...", end=" ", flush=True)
         measured, error = [], None
@@ -118,7 +122,8 @@ def play(scene, story, summary):
         except Exception as trouble:
             error = f"{type(trouble).__name__}: {trouble}"
         picture_now()
-        summary.add(heading, picture, measured, time.monotonic() - begin, error)
+        drawing = pathlib.Path(shutil.copy(story.drawing, summary.folder)).name if story.drawing else None
+        summary.add(heading, picture, measured, time.monotonic() - begin, error, drawing)
         print(error or "; ".join(f"{what}: {value}" for what, value in measured) or "ok", flush=True)
         if error and (number <= ESSENTIAL or story.program.poll() is not None):
             break
@@ -129,7 +134,7 @@ def main():
     build = stage.become_unprivileged(sys.argv[1])
     summary = Summary(output)
     with stage.Stage(build) as scene:
-        story = Story(scene)
+        story = Tour(scene)
         print("Making songs and pages ...", flush=True)
         story.make_media()
         try:
@@ -141,7 +146,7 @@ def main():
     summary.write(seconds)
     scene.remove()
     wanted = len(story.steps())
-    return 0 if len(summary.steps) == wanted and not any(error for *_, error in summary.steps) else 1
+    return 0 if len(summary.steps) == wanted and not any(error for *_, error, _ in summary.steps) else 1
 
 
 if __name__ == "__main__":
