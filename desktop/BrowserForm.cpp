@@ -24,7 +24,8 @@ void BrowserForm::FillMusicPane() {
     controls::Frame& pane = chrome.fraMusicTab;
     pane.Add(chrome.imgMusicTabBG, chrome.lblMusicBG);
     pane.Add(library.lists.lblPlayLists, library.lists.lstPlayLists, library.lists.lblArtists,
-             library.lists.lstArtists, library.search.fraSearch, library.lists.lstTracks);
+             library.lists.lstArtists, library.search.fraSearch, library.lists.lstTracks,
+             library.lists.lblTrackCount);
     pane.Add(library.playlists.imgAddSong, library.playlists.imgAddSongOver, library.playlists.imgRemoveSong,
              library.playlists.imgRemoveSongOver);
     player.PutInto(pane, *this);

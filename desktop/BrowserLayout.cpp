@@ -24,6 +24,7 @@ constexpr double kControlsHeight = Px(80);
 constexpr double kWideCueColumn = Px(272);
 constexpr double kNarrowCueColumn = Px(102);
 constexpr double kCueButton = Px(86);
+constexpr double kTrackCountWidth = Px(112);
 constexpr double kVolumeWidth = Px(130);
 constexpr double kTimeWidth = Px(110);
 constexpr double kTitleLeft = Px(108);
@@ -189,11 +190,21 @@ void BrowserLayout::PlaceSearchRow() {
     PlaceTwins(right - Px(34), top, Px(34), kRowHeight, playlists.imgRemoveSong, playlists.imgRemoveSongOver);
     PlaceTwins(playlists.imgRemoveSong.Left() - kGap - Px(58), top, Px(58), kRowHeight, mode.imgRepeat,
                mode.imgRepeatOver, mode.imgNoRepeat, mode.imgNoRepeatOver);
-    search.fraSearch.Move(kGap, top, mode.imgRepeat.Left() - 2 * kGap, kRowHeight);
+    search.fraSearch.Move(kGap, top, PlaceTrackCount(top) - kGap, kRowHeight);
     const double button = search.fraSearch.Width() < Px(260) ? 0 : Px(112);
     search.cmdAddToLibrary.SetVisible(button > 0);
     search.cmdAddToLibrary.Move(search.fraSearch.Width() - button, 0, button, kRowHeight);
     search.txtSearch.Move(0, 0, search.fraSearch.Width() - (button > 0 ? button + kGap : 0), kRowHeight);
+}
+
+// Where the search ends, a gap before the count; the search needs the place of the count in a narrow pane.
+double BrowserLayout::PlaceTrackCount(double top) {
+    Control& count = window_.library.lists.lblTrackCount;
+    const double right = window_.player.transport.imgRepeat.Left() - kGap;
+    const bool fits = right - kTrackCountWidth - 2 * kGap >= Px(320);
+    count.SetVisible(fits);
+    count.Move(right - kTrackCountWidth, top, kTrackCountWidth, kRowHeight);
+    return fits ? count.Left() - kGap : right;
 }
 
 void BrowserLayout::PlaceTracks() {

@@ -53,6 +53,7 @@ private:
     void PlaceLibraryLists();
     void KeepSplitterAboveTracks();
     void PlaceSearchRow();
+    double PlaceTrackCount(double top);
     void PlaceTracks();
     void PlaceTransport();
     void PlaceControlsGround();

@@ -59,7 +59,7 @@ void WebDataLinks::BeginView() {
 }
 
 void WebDataLinks::AddSong(std::string_view song_id, std::string_view artist, std::string_view title) {
-    desk_.rooms.lists->AddSong(song_id, artist, title);
+    desk_.rooms.lists->AddPlayedSong(song_id, artist, title);
 }
 
 void WebDataLinks::EndView() {

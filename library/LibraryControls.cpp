@@ -28,7 +28,9 @@ LibraryListControls::LibraryListControls() {
     lstPlayLists.SetAccessibleName("Playlists");
     lstArtists.SetAccessibleName("Artists");
     lstTracks.SetAccessibleName("Tracks");
-    lstTracks.SetHint("No tracks here yet");
+    lblTrackCount.SetLook("muted");
+    lblTrackCount.SetAlign(controls::Alignment::Right);
+    lblTrackCount.SetAccessibleName("Tracks shown");
     Hide(lstMaybe, lstMusicTest, lstTop20);
 }
 

@@ -26,6 +26,7 @@ struct LibraryListControls {
     controls::Label lblArtists{"lblArtists", "ARTISTS"};
     controls::ListBox lstArtists{"lstArtists"};
     controls::ListBox lstTracks{"lstTracks"};
+    controls::Label lblTrackCount{"lblTrackCount"};
     controls::ListBox lstMaybe{"lstMaybe"};
     controls::ListBox lstMusicTest{"lstMusicTest", controls::Sorted::Yes};
     controls::ListBox lstTop20{"lstTop20", controls::Sorted::Yes};

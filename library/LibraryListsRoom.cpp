@@ -18,6 +18,20 @@ constexpr int kTopRows = 20;
 constexpr int kCountDigits = 5;
 constexpr std::string_view kCountGap = "         ";
 
+// What an empty track list says, by the view that was asked for.
+constexpr std::string_view kEmptyLibrary = "Your library is empty - add media to fill it";
+constexpr std::string_view kNothingHere = "No tracks here yet";
+constexpr std::string_view kNothingPlayed = "No played tracks to show";
+constexpr std::string_view kNothingFound = "No tracks match the search";
+
+/// "1,234 tracks"
+std::string CountOfTracks(int count) {
+    std::string digits = base::ToText(count);
+    for (std::size_t end = digits.size(); end > 3; end -= 3)
+        digits.insert(end - 3, ",");
+    return digits.append(count == 1 ? " track" : " tracks");
+}
+
 std::string Special(std::string_view name) {
     return std::string(kIndent).append(name);
 }
@@ -107,6 +121,7 @@ void LibraryListsRoom::DisplayTracks(std::string_view playlist, std::string_view
     const std::string_view name = base::Trim(playlist);
     if (name == kLast20 || name == kTop20) {
         NarrowView(name, base::Trim(artist));
+        TellCount(kNothingPlayed);
         return;
     }
     ClearTracks();
@@ -115,6 +130,7 @@ void LibraryListsRoom::DisplayTracks(std::string_view playlist, std::string_view
     } else {
         DisplayPlayListTracks(name, base::Trim(artist));
     }
+    TellCount(kNothingHere);
 }
 
 void LibraryListsRoom::DisplayLibraryTracks(std::string_view artist) {
@@ -164,6 +180,7 @@ void LibraryListsRoom::OpenPlayList(std::string_view name) {
     }
     controls_.lstArtists.AddItem(Special(kAllArtists));
     NoDuplicateArtists();
+    TellCount(kNothingHere);
     outlets_.listener.OnTracksRefilled();
 }
 
@@ -186,6 +203,7 @@ void LibraryListsRoom::RefillIfEmpty() {
 void LibraryListsRoom::AddOutsideTrack(std::string_view text, std::string_view path) {
     controls_.lstTracks.AddItem(text);
     controls_.lstMaybe.AddItem(path);
+    TellCount(kNothingHere);
     outlets_.listener.OnTracksRefilled();
 }
 
@@ -200,6 +218,17 @@ void LibraryListsRoom::BeginView() {
 void LibraryListsRoom::AddSong(std::string_view song_id, std::string_view artist, std::string_view title) {
     AddTrack(song_id, artist, title);
     AddArtist(artist);
+}
+
+void LibraryListsRoom::AddPlayedSong(std::string_view song_id, std::string_view artist,
+                                     std::string_view title) {
+    AddTrack(song_id, base::Trim(artist), base::Trim(title));
+    AddArtist(artist);
+}
+
+void LibraryListsRoom::EndView() {
+    NoDuplicateArtists();
+    TellCount(kNothingFound);
 }
 
 std::string LibraryListsRoom::SelectedEntry() {
@@ -266,6 +295,7 @@ void LibraryListsRoom::AddArtist(std::string_view artist) {
 void LibraryListsRoom::ShowLast20() {
     ClearTracks();
     outlets_.history.PopulateHistory("Music");
+    TellCount(kNothingPlayed);
 }
 
 void LibraryListsRoom::ShowTop20() {
@@ -273,6 +303,7 @@ void LibraryListsRoom::ShowTop20() {
     TopViewShown = true;
     FillTop20Keys();
     ShowTop20Tracks();
+    TellCount(kNothingPlayed);
 }
 
 void LibraryListsRoom::FillTop20Keys() {
@@ -337,6 +368,14 @@ void LibraryListsRoom::KeepArtist(std::string_view artist) {
         controls_.lstTracks.RemoveItem(row);
         controls_.lstMaybe.RemoveItem(row);
     }
+}
+
+void LibraryListsRoom::TellCount(std::string_view hint) {
+    const int count = controls_.lstTracks.ListCount();
+    controls_.lblTrackCount.SetCaption(CountOfTracks(count));
+    if (count > 0) return;
+    const bool is_library_empty = OpenRows(sources_.datSong, store::kAllSongs).RecordCount() == 0;
+    controls_.lstTracks.SetHint(is_library_empty ? kEmptyLibrary : hint);
 }
 
 }  // namespace library

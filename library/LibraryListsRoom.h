@@ -56,12 +56,15 @@ public:
     // TrackView
     void BeginView() override;
     void AddSong(std::string_view song_id, std::string_view artist, std::string_view title) override;
-    void EndView() override { NoDuplicateArtists(); }
+    void EndView() override;
+    /// A song that was played, with the blanks around its texts shown in the artists alone.
+    void AddPlayedSong(std::string_view song_id, std::string_view artist, std::string_view title);
 
     // LibraryDesk
     std::string SelectedTrack() const override { return std::string(controls_.lstTracks.Text()); }
     std::string SelectedEntry() override;
     std::string SelectedPlayList() const override;
+    void FocusTracks() override { controls_.lstTracks.SetFocus(); }
 
     /// Rows of tblPlayList and of tblSong met by the last walk over them.
     int DatabasePlayListID = 0;
@@ -86,6 +89,7 @@ private:
     void ShowTop20Tracks();
     void KeepArtist(std::string_view artist);
     void NarrowView(std::string_view view, std::string_view artist);
+    void TellCount(std::string_view hint);
 
     LibraryListControls& controls_;
     MediaSources& sources_;

@@ -41,6 +41,8 @@ public:
     virtual std::string SelectedEntry() = 0;
     /// The selected playlist row, trimmed; empty when none is selected.
     virtual std::string SelectedPlayList() const = 0;
+    /// The keyboard goes to the tracks.
+    virtual void FocusTracks() = 0;
 };
 
 /// The steps of the reload that lie outside the lists.

@@ -36,6 +36,9 @@ void PlayListRoom::ClaimPanel() {
     const auto hide_overs = [this](int, int, double, double) { mouse_overs_.NoMouseOvers(); };
     claims_.Claim(controls_.imgBG2.MouseMove, hide_overs);
     claims_.Claim(controls_.fraPlayListCenter.MouseMove, hide_overs);
+    claims_.Claim(controls_.fraPlayListCenter.KeyDown,
+                  [this](int key_code, int) { fraPlayListCenter_KeyDown(key_code); });
+    claims_.Claim(controls_.lstAddToPlaylist.DblClick, [this] { imgOkOver_Click(); });
     claims_.Claim(controls_.lstAddToPlaylist.MouseMove, hide_overs);
     claims_.Claim(controls_.lstAddToPlaylist.KeyDown,
                   [this](int key_code, int) { lstAddToPlaylist_KeyDown(key_code); });
@@ -75,14 +78,21 @@ void PlayListRoom::imgOkOver_Click() {
     const std::string name(controls_.lstAddToPlaylist.Text());
     if (base::Trim(name).empty() || base::Trim(controls_.txtSongToAdd.Text()).empty()) return;
     addsong(controls_.lblAddPlayListSongID.Caption(), name);
-    controls_.fraAddToPlaylist.SetVisible(false);
+    HidePanel();
 }
 
-void PlayListRoom::imgCancelOver_Click() {
+void PlayListRoom::HidePanel() {
     controls_.fraAddToPlaylist.SetVisible(false);
+    desk_.FocusTracks();
 }
 
 void PlayListRoom::lstAddToPlaylist_KeyDown(int key_code) {
+    if (key_code == controls::kKeyDelete) imgDeletePlayListOver_Click();
+    fraPlayListCenter_KeyDown(key_code);
+}
+
+// Keys that nothing in the panel has an answer to.
+void PlayListRoom::fraPlayListCenter_KeyDown(int key_code) {
     if (key_code == controls::kKeyEnter) imgOkOver_Click();
     if (key_code == controls::kKeyEscape) imgCancelOver_Click();
 }

@@ -34,14 +34,16 @@ private:
     void imgAddSongOver_Click();
     void imgRemoveSongOver_Click();
     void imgOkOver_Click();
-    void imgCancelOver_Click();
+    void imgCancelOver_Click() { HidePanel(); }
     void imgDeletePlayListOver_Click();
     void lstAddToPlaylist_KeyDown(int key_code);
+    void fraPlayListCenter_KeyDown(int key_code);
     void mnuNewPlayList_Click() { AddingPlayList(); }
     void mnuRemoveSong_Click() { imgRemoveSongOver_Click(); }
 
     void ClaimButtons();
     void ClaimPanel();
+    void HidePanel();
     void ClaimTwin(controls::Image& plain, controls::Image& over);
     bool IsConfirmed(std::string_view question, std::string_view title);
     void RemoveFromPlayList(const std::string& playlist, const std::string& song_id);

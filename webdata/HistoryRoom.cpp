@@ -120,8 +120,8 @@ void HistoryRoom::ShowSong(std::string_view path) {
     store::RecordSet& songs = dat_song_.Recordset();
     for (songs.MoveFirst(); !songs.Eof(); songs.MoveNext()) {
         if (songs.Text(store::tblSong::FilePath) != path) continue;
-        played_.AddSong(songs.Text(store::tblSong::SongID), base::Trim(songs.Text(store::tblSong::artist)),
-                        base::Trim(songs.Text(store::tblSong::title)));
+        played_.AddSong(songs.Text(store::tblSong::SongID), songs.Text(store::tblSong::artist),
+                        songs.Text(store::tblSong::title));
         return;
     }
 }

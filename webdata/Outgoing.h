@@ -44,7 +44,7 @@ public:
     virtual ~PlayedSongsView() = default;
     /// Empties the tracks and the artists, down to the row that stands for all artists.
     virtual void BeginView() = 0;
-    /// A track behind the last one.
+    /// A track behind the last one; its row shows artist and title without blanks around them.
     virtual void AddSong(std::string_view song_id, std::string_view artist, std::string_view title) = 0;
     /// Lists the artists of the tracks, sorted, each once.
     virtual void EndView() = 0;

@@ -169,7 +169,10 @@ void TextMirror::Apply(Property property) {
     switch (property) {
         case Property::Text: {
             const QString text = ToQt(text_.Text());
-            if (edit_->text() != text) edit_->setText(text);
+            if (edit_->text() == text) break;
+            edit_->setText(text);
+            // A text that nobody types here is read from its beginning.
+            if (!edit_->hasFocus()) edit_->setCursorPosition(0);
             break;
         }
         case Property::Refresh:

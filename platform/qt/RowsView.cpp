@@ -17,6 +17,10 @@ namespace qt {
 namespace {
 
 constexpr int kIndent = 9;
+/// How far from its old place the row at the top is looked for after a fill.
+constexpr int kNearby = 64;
+/// Bytes of a row that type-ahead compares at most.
+constexpr std::size_t kLongestTyped = 400;
 
 }  // namespace
 
@@ -45,14 +49,41 @@ RowsView::RowsView(const controls::ListBox& list, QWidget* parent)
 }
 
 void RowsView::SyncRows() {
+    const int chosen = currentIndex().row();
+    const int top = WhereTheTopIsNow();
+    const int pixels = verticalOffset() - top_row_ * skin::kRowHeight;
     rows_->Sync();
     updateGeometries();
+    verticalScrollBar()->setValue(top >= 0 ? top * skin::kRowHeight + pixels : 0);
+    if (chosen >= 0 && list_.ListIndex() < 0) gone_row_ = list_.List(chosen) == next_text_ ? chosen : -1;
+    RememberTop();
     viewport()->update();
+}
+
+void RowsView::RememberTop() {
+    top_row_ = verticalOffset() / skin::kRowHeight;
+    for (int i = 0; i < 2; ++i)
+        top_texts_.at(static_cast<std::size_t>(i)) = list_.List(top_row_ + i);
+}
+
+/// Where the row at the top went, or the one below it when that row is gone; -1 when neither is near.
+int RowsView::WhereTheTopIsNow() const {
+    if (top_row_ == 0) return 0;
+    for (const std::string& text : top_texts_) {
+        for (int away = 0; away <= kNearby; ++away) {
+            for (const int row : {top_row_ - away, top_row_ + away}) {
+                if (row >= 0 && row < list_.ListCount() && list_.List(row) == text) return row;
+            }
+        }
+    }
+    return -1;
 }
 
 void RowsView::ShowChosen(int row, bool reveal) {
     const QModelIndex index = row >= 0 ? rows_->index(row) : QModelIndex();
     if (index.isValid()) {
+        gone_row_ = -1;
+        next_text_ = list_.List(row + 1);
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
         // A view that was not laid out yet does not know what is in view.
         if (reveal && isVisible()) scrollTo(index, EnsureVisible);
@@ -125,7 +156,16 @@ void RowsView::updateGeometries() {
 }
 
 void RowsView::scrollContentsBy(int /*dx*/, int /*dy*/) {
+    RememberTop();
     viewport()->update();
+}
+
+QRect RowsView::TextRect(const QRect& row_rect) const {
+    return row_rect.adjusted(kIndent, 0, -kIndent / 2, 0);
+}
+
+bool RowsView::IsCutOff(int row) const {
+    return fontMetrics().horizontalAdvance(ToQt(list_.List(row))) > TextRect(RowRect(row)).width();
 }
 
 void RowsView::DrawRow(QPainter& painter, int row, const QRect& rect) const {
@@ -139,7 +179,7 @@ void RowsView::DrawRow(QPainter& painter, int row, const QRect& rect) const {
     }
     const QColor ink = chosen ? QColor(skin::kKnob) : QColor(skin::kText);
     painter.setPen(isEnabled() ? ink : QColor(skin::kDisabled));
-    const QRect place = rect.adjusted(kIndent, 0, -kIndent / 2, 0);
+    const QRect place = TextRect(rect);
     // Only the beginning of a very long row can be seen.
     const QString text = ToQt(list_.List(row)).left(1000);
     painter.drawText(place, Qt::AlignVCenter | Qt::TextSingleLine,
@@ -149,7 +189,10 @@ void RowsView::DrawRow(QPainter& painter, int row, const QRect& rect) const {
 void RowsView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     QPainterPath inside;
-    inside.addRoundedRect(viewport()->rect(), skin::kCorner - 1, skin::kCorner - 1);
+    // The ring of the focus is drawn one pixel into the rows.
+    const int ring = hasFocus() ? 1 : 0;
+    inside.addRoundedRect(viewport()->rect().adjusted(ring, ring, -ring, -ring), skin::kCorner - 1,
+                          skin::kCorner - 1);
     painter.setClipPath(inside);
     const int count = std::min(rows_->rowCount(), list_.ListCount());
     const int first = std::max(0, (event->rect().top() + verticalOffset()) / skin::kRowHeight);
@@ -201,9 +244,10 @@ int RowsView::RowForKey(int key) const {
     const int page = std::max(1, viewport()->height() / skin::kRowHeight - 1);
     switch (key) {
         case Qt::Key_Up:
-            return row < 0 ? last : row - 1;
+            if (row < 0) return gone_row_ < 0 ? last : std::clamp(gone_row_ - 1, 0, std::max(0, last));
+            return row - 1;
         case Qt::Key_Down:
-            return row + 1;
+            return row < 0 && gone_row_ >= 0 ? std::min(gone_row_, last) : row + 1;
         case Qt::Key_PageUp:
             return std::max(0, row - page);
         case Qt::Key_PageDown:
@@ -232,21 +276,38 @@ void RowsView::keyPressEvent(QKeyEvent* event) {
     event->ignore();
 }
 
+// One letter again and again goes through the rows that begin with it.
 void RowsView::keyboardSearch(const QString& search) {
-    QAbstractItemView::keyboardSearch(search);
-    // The base class moves Qt's own mark only.
-    const int row = currentIndex().row();
+    const bool goes_on =
+        since_typed_.isValid() && since_typed_.elapsed() < QApplication::keyboardInputInterval();
+    if (!goes_on && search.trimmed().isEmpty()) return;
+    typed_ = goes_on ? typed_ + search : search;
+    since_typed_.start();
+    const bool is_one_letter = typed_.count(typed_[0]) == typed_.size();
+    const int from = std::max(0, list_.ListIndex() + (is_one_letter ? 1 : 0));
+    const int row = RowThatBegins(is_one_letter ? typed_.left(1) : typed_, from);
     if (row >= 0 && row != list_.ListIndex() && OnPick) OnPick(row);
+}
+
+/// Blanks in front of a row do not count, nor does the bracket of the rows that stand for a view.
+int RowsView::RowThatBegins(const QString& typed, int from) const {
+    const int count = rows_->rowCount();
+    for (int step = 0; step < count; ++step) {
+        const int row = (from + step) % count;
+        std::string_view text = base::Trim(list_.List(row)).substr(0, kLongestTyped);
+        if (text.starts_with('[') && !typed.startsWith(QLatin1Char('['))) text.remove_prefix(1);
+        if (ToQt(text).startsWith(typed, Qt::CaseInsensitive)) return row;
+    }
+    return -1;
 }
 
 bool RowsView::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const int row = RowAt(help->pos().y());
-        const QString text = row >= 0 ? ToQt(list_.List(row)) : QString();
-        const bool cut = fontMetrics().horizontalAdvance(text.trimmed()) > viewport()->width() - 2 * kIndent;
-        if (cut) {
-            QToolTip::showText(help->globalPos(), text.trimmed(), viewport(), RowRect(row));
+        if (row >= 0 && IsCutOff(row)) {
+            const QString text = ToQt(list_.List(row)).trimmed().left(1000);
+            QToolTip::showText(help->globalPos(), text, viewport(), RowRect(row));
         } else {
             QToolTip::showText(help->globalPos(), toolTip(), viewport());
         }

@@ -1,11 +1,18 @@
 // A list of rows of one height that asks for the text of the rows it draws and for no other, so that a
 // million rows cost what a screenful costs. It chooses nothing by itself: what the person picks is told
 // through the callbacks, and the row shown as chosen is what it is told.
+//
+// A list that is filled anew with much the same rows keeps its place: the row at the top is looked for near
+// where it was. Any other fill begins at the top. Where the choice went with its row, the arrow keys go on
+// from there.
 #pragma once
 
 #include <QAbstractListModel>
+#include <QElapsedTimer>
 #include <QListView>
+#include <array>
 #include <functional>
+#include <string>
 
 #include "controls/Lists.h"
 
@@ -67,6 +74,11 @@ private:
     int RowForKey(int key) const;
     void DrawRow(QPainter& painter, int row, const QRect& rect) const;
     QRect RowRect(int row) const;
+    QRect TextRect(const QRect& row_rect) const;
+    bool IsCutOff(int row) const;
+    void RememberTop();
+    int WhereTheTopIsNow() const;
+    int RowThatBegins(const QString& typed, int from) const;
 
     const controls::ListBox& list_;
     RowsModel* rows_;
@@ -74,6 +86,12 @@ private:
     bool may_drag_ = false;
     bool reveal_when_shown_ = false;
     QPoint pressed_at_;
+    std::array<std::string, 2> top_texts_;  // of the two rows at the top, as they were last shown
+    int top_row_ = 0;
+    std::string next_text_;  // of the row below the chosen one
+    int gone_row_ = -1;      // where the choice was when its row went
+    QString typed_;          // letters typed shortly after one another
+    QElapsedTimer since_typed_;
 };
 
 }  // namespace qt

@@ -434,6 +434,23 @@ TEST_F(BrowserLayoutTest, EveryBrightTwinLiesOverItsPicture) {
     }
 }
 
+TEST_F(BrowserLayoutTest, TheCountOfTracksStandsBetweenTheSearchAndTheModes) {
+    Resize(18000, 9000);
+
+    const auto& count = window.library.lists.lblTrackCount;
+    EXPECT_TRUE(count.Visible());
+    EXPECT_GT(count.Left(), window.library.search.fraSearch.Right());
+    EXPECT_LT(count.Right(), window.player.transport.imgRepeat.Left());
+    EXPECT_EQ(count.Top(), window.library.search.fraSearch.Top());
+}
+
+TEST_F(BrowserLayoutTest, ANarrowPaneGivesThePlaceOfTheCountToTheSearch) {
+    Resize(9225, 7590);
+
+    EXPECT_FALSE(window.library.lists.lblTrackCount.Visible());
+    EXPECT_EQ(window.library.search.fraSearch.Right() + 120, window.player.transport.imgRepeat.Left());
+}
+
 TEST_F(BrowserLayoutTest, ThePanelThatAddsToAPlaylistLiesOverThePaneWithItsCentreInTheMiddle) {
     Resize(15000, 9000);
 

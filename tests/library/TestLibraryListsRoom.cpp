@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "library/LibraryPane.h"
 
@@ -287,6 +290,17 @@ TEST_F(LibraryListsRoomTest, AnArtistOfTheLast20NarrowsThatView) {
     EXPECT_EQ(Lists.lstArtists.Text(), "Owl");
 }
 
+TEST_F(LibraryListsRoomTest, APlayedSongIsTrimmedInItsRowAndNotAmongTheArtists) {
+    ListsRoom.BeginView();
+    ListsRoom.AddPlayedSong("9", " Owl ", " One ");
+
+    ListsRoom.EndView();
+
+    EXPECT_EQ(RowsOf(Lists.lstTracks), Rows{"Owl - One"});
+    EXPECT_EQ(RowsOf(Lists.lstMaybe), Rows{"9"});
+    EXPECT_EQ(RowsOf(Lists.lstArtists), (Rows{"  [All Artists]", " Owl "}));
+}
+
 TEST_F(LibraryListsRoomTest, Top20ShowsTheMostPlayedFirst) {
     SeedSongs({Song("1", "A", "Once", "1"), Song("2", "B", "Never", "0"), Song("3", "C", "Often", "12"),
                Song("4", "D", "Unplayed"), Song("5", "E", "Twice", "2")});
@@ -444,6 +458,71 @@ TEST_F(LibraryListsRoomTest, TheMouseOverAListHidesTheBrightPictures) {
     }
 
     EXPECT_EQ(Neighbours.OversHidden, 3);
+}
+
+TEST_F(LibraryListsRoomTest, TheNumberOfTracksInViewIsTold) {
+    SeedThreeSongs();
+    SeedTwoPlayLists();
+    const auto told = [this](auto&& show) {
+        show();
+        return Lists.lblTrackCount.Caption();
+    };
+
+    EXPECT_EQ(told([this] { ListsRoom.Command1(); }), "3 tracks");
+    EXPECT_EQ(told([this] { ListsRoom.OpenPlayList("Sunday"); }), "1 track");
+    EXPECT_EQ(told([this] { ListsRoom.DisplayTracks("", "Lark And Moor"); }), "2 tracks");
+    EXPECT_EQ(told([this] { SelectPlayList("  [Top 20]"); }), "0 tracks");
+    EXPECT_EQ(told([this] { SelectPlayList("  [Last 20]"); }), "0 tracks");
+    EXPECT_EQ(told([this] { ListsRoom.AddOutsideTrack("Owl - Song", "C:\\Owl.mp3"); }), "1 track");
+    EXPECT_EQ(told([this] { SearchingRoom.RunLibrarySearch("Title", "l"); }), "2 tracks");
+}
+
+TEST_F(LibraryListsRoomTest, TheNumberOfTracksIsGroupedByThousands) {
+    std::vector<std::vector<std::string>> songs;
+    for (int i = 1; i <= 1234; ++i)
+        songs.push_back(Song(std::to_string(i), "A", "T"));
+    SeedSongs(songs);
+
+    ListsRoom.Command1();
+
+    EXPECT_EQ(Lists.lblTrackCount.Caption(), "1,234 tracks");
+}
+
+TEST_F(LibraryListsRoomTest, ANarrowedViewTellsWhatIsLeftOfIt) {
+    SeedSongs({Song("1", "A", "Once", "1"), Song("3", "C", "Often", "12")});
+    ListsRoom.DisplayPlayLists();
+    SelectPlayList("  [Top 20]");
+
+    ListsRoom.DisplayTracks("[Top 20]", "C");
+
+    EXPECT_EQ(Lists.lblTrackCount.Caption(), "1 track");
+}
+
+TEST_F(LibraryListsRoomTest, AnEmptyLibrarySaysSoInEveryView) {
+    for (const auto& show : std::vector<std::function<void()>>{
+             [this] { ListsRoom.Command1(); }, [this] { SelectPlayList("  [Top 20]"); },
+             [this] { SearchingRoom.RunLibrarySearch("Broad", "owl"); }}) {
+        show();
+
+        EXPECT_EQ(Lists.lstTracks.Hint(), "Your library is empty - add media to fill it");
+    }
+}
+
+TEST_F(LibraryListsRoomTest, AnEmptyViewOfAFilledLibrarySaysWhy) {
+    SeedThreeSongs();
+    SeedPlayLists({PlayListRow("1", "Empty")});
+    ListsRoom.Command1();
+    const std::vector<std::pair<std::function<void()>, std::string>> views{
+        {[this] { SelectPlayList("  [Top 20]"); }, "No played tracks to show"},
+        {[this] { SelectPlayList("Empty"); }, "No tracks here yet"},
+        {[this] { SelectPlayList("  [Last 20]"); }, "No played tracks to show"},
+        {[this] { SearchingRoom.RunLibrarySearch("Broad", "owl"); }, "No tracks match the search"}};
+    for (const auto& [show, hint] : views) {
+        show();
+
+        EXPECT_EQ(Lists.lstTracks.Hint(), hint);
+        EXPECT_EQ(Lists.lstTracks.ListCount(), 0);
+    }
 }
 
 }  // namespace

@@ -138,6 +138,77 @@ TEST_F(PlayListRoomTest, EnterAndEscapeEndThePanel) {
     EXPECT_FALSE(PlayLists.fraAddToPlaylist.Visible());
 }
 
+TEST_F(PlayListRoomTest, EnterAndEscapeWorkEverywhereInThePanel) {
+    OpenPanelFor(1);
+    PlayLists.lstAddToPlaylist.SelectText("Sunday");
+    PlayLists.fraPlayListCenter.KeyDown.Raise(controls::kKeyEnter, 0);
+    OpenPanelFor(1);
+
+    PlayLists.fraPlayListCenter.KeyDown.Raise(controls::kKeyEscape, 0);
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 7U);
+    EXPECT_FALSE(PlayLists.fraAddToPlaylist.Visible());
+}
+
+TEST_F(PlayListRoomTest, ADoubleClickOnAPlayListAddsTheSong) {
+    OpenPanelFor(1);
+    PlayLists.lstAddToPlaylist.SelectText("Sunday");
+
+    PlayLists.lstAddToPlaylist.DblClick.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "Sunday", "2", "Ac-dc", "Nightjar"));
+    EXPECT_FALSE(PlayLists.fraAddToPlaylist.Visible());
+}
+
+TEST_F(PlayListRoomTest, TheDeleteKeyInThePanelDeletesThePlayList) {
+    OpenPanelFor(1);
+    PlayLists.lstAddToPlaylist.SelectText("Sunday");
+    Dialogs.Answers = {BoxAnswer::Yes};
+
+    PlayLists.lstAddToPlaylist.KeyDown.Raise(controls::kKeyDelete, 0);
+
+    ExpectQuestion("Are you sure you want to delete the playlist Sunday?", "Delete Playlist");
+    EXPECT_EQ(RowsOf(PlayLists.lstAddToPlaylist), Rows{"Road"});
+}
+
+TEST_F(PlayListRoomTest, AnEntryOfEightCharactersIsAPathAndAShorterOneASong) {
+    ListsRoom.AddOutsideTrack("Short path", "C:\\a.mp3");
+    ListsRoom.AddSong("1234567", "Lark", "Long key");
+    OpenPanelFor(4);
+    EXPECT_TRUE(PlayLists.fraAddToPlaylist.Visible());
+    PlayLists.imgCancelOver.Click.Raise();
+
+    OpenPanelFor(3);
+
+    EXPECT_EQ(Dialogs.Boxes.size(), 1U);
+    EXPECT_FALSE(PlayLists.fraAddToPlaylist.Visible());
+}
+
+TEST_F(PlayListRoomTest, ASongThatLeftTheLibraryWhileThePanelStoodIsNotAdded) {
+    OpenPanelFor(1);
+    PlayLists.lstAddToPlaylist.SelectText("Sunday");
+    Sources.datSong.Open(store::kAllSongs);
+    Sources.datSong.Recordset().MoveNext();
+    Sources.datSong.Recordset().Delete();
+
+    PlayLists.imgOkOver.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+    EXPECT_FALSE(PlayLists.fraAddToPlaylist.Visible());
+}
+
+TEST_F(PlayListRoomTest, TheFirstSongOfAnEmptyTableOfPlayListsGetsTheKeyOne) {
+    Sources.datPlayList.Open(store::kAllPlayListRows);
+    store::RecordSet& rows = Sources.datPlayList.Recordset();
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
+        rows.Delete();
+
+    PlayListsRoom.addsong("1", " Evening ");
+
+    EXPECT_EQ(Stores.Rows("tblPlayList"),
+              (std::vector<std::vector<std::string>>{PlayListRow("1", "Evening", "1", "Lark", "Brindle")}));
+}
+
 TEST_F(PlayListRoomTest, ASongMayStandInAPlayListManyTimes) {
     PlayListsRoom.addsong("1", "Sunday");
     PlayListsRoom.addsong("1", "Sunday");
@@ -196,6 +267,68 @@ TEST_F(PlayListRoomTest, NoLeavesThePlayListAlone) {
 
     EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
     EXPECT_TRUE(Neighbours.Calls.empty());
+}
+
+TEST_F(PlayListRoomTest, TheLast20IsTakenForAPlayListThatHasNoRows) {
+    Neighbours.OnHistory = [this] { ListsRoom.AddSong("3", "Lark", "Largo"); };
+    Lists.lstPlayLists.SelectText("  [Last 20]");
+    Lists.lstTracks.SetListIndex(0);
+    Neighbours.Calls.clear();
+    Dialogs.Answers = {BoxAnswer::Yes};
+
+    PlayLists.imgRemoveSongOver.Click.Raise();
+
+    ExpectQuestion("Are you sure you want to delete this song from the play list?",
+                   "Delete song from Play list");
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+    EXPECT_EQ(Stores.Rows("tblSong").size(), 3U);
+    EXPECT_EQ(Neighbours.Calls.front(), "stage Media Library");
+}
+
+TEST_F(PlayListRoomTest, OpeningThePanelTakesTheChoiceOfAPlayListAwaySoThatRemoveMeansTheLibrary) {
+    Lists.lstPlayLists.SelectText("Road");
+    OpenPanelFor(0);
+    PlayLists.imgCancelOver.Click.Raise();
+
+    PlayLists.imgRemoveSongOver.Click.Raise();
+
+    ExpectQuestion("Are you sure you want to delete this file from the media library?",
+                   "Delete from Media Library");
+}
+
+TEST_F(PlayListRoomTest, OfTwoSongsWithOneKeyTheFirstGoes) {
+    Sources.datSong.Open(store::kAllSongs);
+    store::RecordSet& rows = Sources.datSong.Recordset();
+    rows.AddNew();
+    rows.Set(store::tblSong::SongID, "1");
+    rows.Set(store::tblSong::artist, "Second");
+    rows.Update();
+    Lists.lstTracks.SetListIndex(0);
+    Dialogs.Answers = {BoxAnswer::Yes};
+
+    PlayLists.imgRemoveSongOver.Click.Raise();
+
+    ASSERT_EQ(Stores.Rows("tblSong").size(), 3U);
+    EXPECT_EQ(Stores.Rows("tblSong").back()[1], "Second");
+}
+
+TEST_F(PlayListRoomTest, ARemovalThatCannotBeStoredIsToldAndKeptForLater) {
+    using ports::DatabaseError;
+    for (const DatabaseError error :
+         {DatabaseError::DiskFull, DatabaseError::Locked, DatabaseError::ReadOnly}) {
+        const std::size_t troubles = Stores.Trouble.Troubles.size();
+        Stores.Database.FailApply(fakes::SeededStores::kMediaPath, error);
+        Lists.lstTracks.SetListIndex(0);
+        Dialogs.Answers = {BoxAnswer::Yes};
+
+        PlayLists.imgRemoveSongOver.Click.Raise();
+        Desktop.EndHandler();
+
+        EXPECT_EQ(Stores.Trouble.Troubles.size(), troubles + 1);
+        Stores.Database.FailApply(fakes::SeededStores::kMediaPath, DatabaseError::None);
+        Desktop.EndHandler();
+    }
+    EXPECT_TRUE(Stores.Rows("tblSong").empty());
 }
 
 TEST_F(PlayListRoomTest, TheMenuRemovesAsTheButtonDoes) {
@@ -320,6 +453,80 @@ TEST_F(PlayListRoomTest, ABuiltInViewsNameIsTaken) {
 
     EXPECT_EQ(Dialogs.Inputs.size(), 2U);
     EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+}
+
+TEST_F(PlayListRoomTest, NoBuiltInViewGivesItsNameAway) {
+    for (const auto* name : {"[All Media]", "  [Last 20]", " [Top 20] "}) {
+        Dialogs.Inputs.clear();
+        Dialogs.Typed = {name, ""};
+
+        mnuNewPlayList.Click.Raise();
+
+        EXPECT_EQ(Dialogs.Inputs.size(), 2U) << name;
+    }
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+}
+
+TEST_F(PlayListRoomTest, ANameIsTakenWhateverBlanksStandAroundIt) {
+    Dialogs.Typed = {"  Road ", ""};
+
+    mnuNewPlayList.Click.Raise();
+
+    EXPECT_EQ(Dialogs.Inputs.size(), 2U);
+}
+
+TEST_F(PlayListRoomTest, ANameThatDiffersInCaseIsFree) {
+    Dialogs.Typed = {"road"};
+
+    mnuNewPlayList.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "road"));
+}
+
+TEST_F(PlayListRoomTest, ANameOfTenThousandCharactersIsAPlayListLikeAnyOther) {
+    const std::string name = std::string(9'998, 'x') + "\"'";
+    Dialogs.Typed = {name};
+    mnuNewPlayList.Click.Raise();
+    ASSERT_TRUE(Lists.lstPlayLists.SelectText(name));
+    PlayListsRoom.addsong("1", name);
+    ListsRoom.OpenPlayList(name);
+    EXPECT_EQ(RowsOf(Lists.lstTracks), Rows{"Lark - Brindle"});
+    OpenPanelFor(0);
+    PlayLists.lstAddToPlaylist.SelectText(name);
+    Dialogs.Answers = {BoxAnswer::Yes};
+
+    PlayLists.imgDeletePlayListOver.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+}
+
+TEST_F(PlayListRoomTest, ANewPlayListThatCannotBeStoredStaysInViewAndIsToldOnce) {
+    Stores.Database.FailApply(fakes::SeededStores::kMediaPath, ports::DatabaseError::DiskFull);
+    Dialogs.Typed = {"Evening"};
+
+    mnuNewPlayList.Click.Raise();
+    Desktop.EndHandler();
+
+    EXPECT_EQ(Stores.Trouble.Troubles.size(), 1U);
+    EXPECT_TRUE(Lists.lstPlayLists.SelectText("Evening"));
+    Stores.Database.FailApply(fakes::SeededStores::kMediaPath, ports::DatabaseError::None);
+    EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "Evening"));
+}
+
+TEST_F(PlayListRoomTest, APlayListIsDeletedWhateverBlanksItsRowsCarry) {
+    Sources.datPlayList.Open(store::kAllPlayListRows);
+    store::RecordSet& rows = Sources.datPlayList.Recordset();
+    rows.AddNew();
+    rows.Set(store::tblPlayList::PlayListID, "7");
+    rows.Set(store::tblPlayList::Name, "  Road ");
+    rows.Update();
+    OpenPanelFor(0);
+    PlayLists.lstAddToPlaylist.SelectText("Road");
+    Dialogs.Answers = {BoxAnswer::Yes};
+
+    PlayLists.imgDeletePlayListOver.Click.Raise();
+
+    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 2U);
 }
 
 TEST_F(PlayListRoomTest, DeletingAPlayListTakesAllItsRows) {

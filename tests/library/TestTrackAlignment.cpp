@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "fakes/FakeFiles.h"
+#include "library/CleanUpRoom.h"
 #include "library/LibraryPane.h"
 
 namespace {
@@ -27,8 +29,11 @@ protected:
             songs.push_back(
                 Song(id, "Artist " + std::to_string(i % 6), "Title " + id, std::to_string(i % 4)));
             texts_[id] = "Artist " + std::to_string(i % 6) + " - Title " + id;
+            if (i % 9 != 0) files_.AddFile(songs.back()[3]);
         }
+        songs.push_back(songs[10]);
         SeedSongs(songs);
+        Stores.Bind(datHistory_, "tblHistory");
         SeedPlayLists({PlayListRow("1", "Road"), PlayListRow("2", "Sunday")});
         Neighbours.OnHistory = [this] { ShowSomeHistory(); };
         ListsRoom.Command1();
@@ -42,7 +47,7 @@ protected:
             const std::string id = std::to_string(1 + Below(40));
             const std::string& text = texts_.at(id);
             const std::size_t end = text.find(" - ");
-            ListsRoom.AddSong(id, text.substr(0, end), text.substr(end + 3));
+            ListsRoom.AddPlayedSong(id, " " + text.substr(0, end), text.substr(end + 3) + "  ");
         }
         ListsRoom.EndView();
     }
@@ -64,10 +69,44 @@ protected:
         PlayLists.imgOkOver.Click.Raise();
     }
 
-    void RemoveSelected() {
+    void AnswerAnything() {
         Dialogs.Answers = {Below(2) == 0 ? ports::BoxAnswer::Yes : ports::BoxAnswer::No};
+    }
+
+    void RemoveSelected() {
+        AnswerAnything();
         ChooseRow(Lists.lstTracks);
         PlayLists.imgRemoveSongOver.Click.Raise();
+    }
+
+    void MakePlayList() {
+        Dialogs.Typed = {"List " + std::to_string(Below(6)), ""};
+        PlayListsRoom.AddingPlayList();
+    }
+
+    void DeletePlayList() {
+        AnswerAnything();
+        ListsRoom.DisplayPlayLists();
+        if (PlayLists.lstAddToPlaylist.ListCount() > 2) ChooseRow(PlayLists.lstAddToPlaylist);
+        PlayLists.imgDeletePlayListOver.Click.Raise();
+    }
+
+    void PlaySome() {
+        Sources.datSong.Open(store::kAllSongs);
+        store::RecordSet& rows = Sources.datSong.Recordset();
+        for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+            if (Below(4) != 0) continue;
+            rows.Edit();
+            rows.Set(store::tblSong::PlayCount, std::to_string(Below(3)));
+            rows.Update();
+        }
+        Lists.lstPlayLists.SelectText("  [Top 20]");
+    }
+
+    void CleanUp() {
+        Dialogs.Answers = {ports::BoxAnswer::Yes};
+        if (Below(2) == 0) InterruptWithAStep();
+        mnuCleanUp_.Click.Raise();
         Dialogs.Answers.clear();
     }
 
@@ -77,19 +116,22 @@ protected:
         Desktop.Advance(200);
     }
 
-    void Interrupt() {
+    void InterruptWithAStep() {
         Desktop.Post([this] {
-            if (Below(2) == 0) {
-                DropFromOutside();
-            } else {
-                ChooseRow(Lists.lstArtists);
-            }
+            if (interrupted_) return;
+            interrupted_ = true;
+            Step();
+            interrupted_ = false;
         });
+    }
+
+    void OpenInterrupted() {
+        InterruptWithAStep();
         ListsRoom.OpenPlayList(Below(2) == 0 ? "Road" : "Sunday");
     }
 
     std::string Step() {
-        switch (Below(9)) {
+        switch (Below(15)) {
             case 0:
                 return ChooseRow(Lists.lstPlayLists), "a playlist";
             case 1:
@@ -103,14 +145,35 @@ protected:
             case 5:
                 return TypeSearch(), "a search";
             case 6:
-                return Interrupt(), "a playlist, interrupted";
+                return OpenInterrupted(), "a playlist, interrupted";
             case 7:
                 return ListsRoom.Command1(), "a reload";
+            case 8:
+                return MakePlayList(), "a new playlist";
+            case 9:
+                return DeletePlayList(), "a playlist deleted";
+            case 10:
+                return PlaySome(), "the top 20";
+            case 11:
+                return Below(10) == 0 ? CleanUp() : (void)Lists.lstPlayLists.SelectText("  [Last 20]"),
+                       "a clean-up or the last 20";
+            case 12:
+                return PlayListsRoom.addsong(std::to_string(1 + Below(45)), "Road"), "a song into Road";
+            case 13:
+                return ListsRoom.RefillIfEmpty(), "a refill";
             default:
                 return ListsRoom.DisplayPlayLists(), "the playlists";
         }
     }
 
+    fakes::FakeFiles files_;
+    store::DataSource datHistory_{"datHistory"};
+    library::TaskControls task_;
+    controls::Menu mnuCleanUp_{"mnuCleanUp"};
+    std::int32_t age_ = 0;
+    library::CleanUpRoom cleaning_room_{task_, mnuCleanUp_, {Sources.datSong, datHistory_},
+                                        age_,  ListsRoom,   {files_, Dialogs, Desktop, Desktop}};
+    bool interrupted_ = false;
     std::map<std::string, std::string, std::less<>> texts_;  // the row that each entry stands for
 
 private:

@@ -150,6 +150,96 @@ TEST_F(HistoryRoom, TheHighestNumberIsCarriedAgain) {
                                        {"32767", "Web", "http://two.example/"}}));
 }
 
+TEST_F(HistoryRoom, SongsBehindTheHighestNumberKeepTheirOrder) {
+    for (int i = 1; i <= 3; ++i)
+        SeedSong(i, "C:\\" + base::ToText(i) + ".mp3");
+    stores.Seed("tblHistory", {{"32767", "Music", "C:\\1.mp3"}});
+    Play("C:\\2.mp3");
+    Play("C:\\2.mp3");
+    Play("C:\\3.mp3");
+
+    room.PopulateHistory("Music");
+
+    EXPECT_EQ(played.Songs, (Texts{"3|Artist3 - Title", "2|Artist2 - Title", "1|Artist1 - Title"}));
+}
+
+TEST_F(HistoryRoom, ANumberOutOfRangeIsFollowedByTheHighest) {
+    stores.Seed("tblHistory", {{"40000", "Web", "http://old.example/"}});
+
+    room.AddSiteToHistory("Web", "http://one.example/");
+
+    EXPECT_EQ(Log().back(), (Row{"32767", "Web", "http://one.example/"}));
+}
+
+TEST_F(HistoryRoom, RowsBehindTheHighestNumberAreDeletedToo) {
+    stores.Seed("tblHistory", {{"32767", "Web", "http://old.example/"}});
+    room.AddSiteToHistory("Web", "http://one.example/");
+    boxes.Answers = {ports::BoxAnswer::Yes};
+
+    mnuHistory.Click.Raise();
+
+    EXPECT_EQ(stores.Rows("tblHistory").size(), 10U);
+    room.AddSiteToHistory("Web", "http://one.example/");
+    EXPECT_EQ(stores.Rows("tblHistory").back(), (Row{"11", "Web", "http://one.example/"}));
+}
+
+TEST_F(HistoryRoom, AnEmptyTableBeginsAtOne) {
+    controls.datHistory.Open(store::kAllHistory);
+    store::RecordSet& rows = controls.datHistory.Recordset();
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
+        rows.Delete();
+
+    Play("C:\\a.mp3");
+
+    EXPECT_EQ(stores.Rows("tblHistory"), (std::vector<Row>{{"1", "Music", "C:\\a.mp3"}}));
+}
+
+TEST_F(HistoryRoom, EachKindIsStoredAsItWasGivenAndBlanksStay) {
+    address.Text = "typed";
+    const std::string long_text(10'000, 'x');
+
+    room.AddSiteToHistory("MSN", " hello ");
+    room.AddSiteToHistory("File", "C:\\a.txt");
+    room.AddSiteToHistory("Search", "two\r\nlines");
+    room.AddSiteToHistory("Web", long_text);
+
+    EXPECT_EQ(Log(), (std::vector<Row>{{"21", "MSN", " hello "},
+                                       {"22", "File", "C:\\a.txt"},
+                                       {"23", "Search", "two\r\nlines"},
+                                       {"24", "Web", long_text}}));
+}
+
+TEST_F(HistoryRoom, CaseIsIgnoredInEveryAlphabet) {
+    room.AddSiteToHistory("Web", "http://\u00c9t\u00c9.example/");
+
+    room.AddSiteToHistory("Web", "http://\u00e9t\u00e9.example/");
+
+    EXPECT_EQ(Log().size(), 1U);
+}
+
+TEST_F(HistoryRoom, APlayedPathMayEqualAnAddress) {
+    room.AddSiteToHistory("Web", "C:\\a.mp3");
+
+    Play("C:\\a.mp3");
+
+    EXPECT_EQ(Log().back(), (Row{"22", "Music", "C:\\a.mp3"}));
+}
+
+TEST_F(HistoryRoom, ARowThatCannotBeStoredIsToldOnceAndStoredLater) {
+    for (const auto error :
+         {ports::DatabaseError::DiskFull, ports::DatabaseError::Locked, ports::DatabaseError::ReadOnly}) {
+        const std::size_t troubles = stores.Trouble.Troubles.size();
+        stores.Database.FailApply(fakes::SeededStores::kHistoryPath, error);
+        Play("C:\\" + base::ToText(static_cast<int>(error)) + ".mp3");
+        desktop.EndHandler();
+        EXPECT_EQ(stores.Trouble.Troubles.size(), troubles + 1);
+        stores.Database.FailApply(fakes::SeededStores::kHistoryPath, ports::DatabaseError::None);
+        desktop.EndHandler();
+    }
+
+    EXPECT_EQ(Log().size(), 3U);
+}
+
 TEST_F(HistoryRoom, AStoreThatCannotBeReadIsPassedOver) {
     stores.Database.FailOpen(fakes::SeededStores::kHistoryPath, ports::DatabaseError::Damaged);
 
@@ -219,13 +309,37 @@ TEST_F(HistoryRoom, TheLastPlayedSongsShowNewestFirst) {
     EXPECT_EQ(played.Log, (Texts{"begin", "end"}));
 }
 
-TEST_F(HistoryRoom, ArtistAndTitleAreTrimmed) {
-    stores.Seed("tblSong", {{"7", " Owls ", " Night ", "C:\\a.mp3", "0"}});
+TEST_F(HistoryRoom, OfTwoSongsWithOnePathTheFirstIsShown) {
+    SeedSong(7, "C:\\a.mp3");
+    SeedSong(8, "C:\\a.mp3");
     Play("C:\\a.mp3");
 
     room.PopulateHistory("Music");
 
-    EXPECT_EQ(played.Songs, Texts{"7|Owls - Night"});
+    EXPECT_EQ(played.Songs, Texts{"7|Artist7 - Title"});
+}
+
+TEST_F(HistoryRoom, TheMusicViewLeavesTheAddressRowAlone) {
+    room.AddSiteToHistory("Web", "http://one.example/");
+    address.Text = "typed";
+    address.List = {"old"};
+    page.Shown = true;
+    address.Type = "Web";
+
+    room.PopulateHistory("Music");
+
+    EXPECT_EQ(address.Text, "typed");
+    EXPECT_EQ(address.List, Texts{"old"});
+    EXPECT_EQ(address.Typed, "");
+}
+
+TEST_F(HistoryRoom, AnEmptyLogShowsNoSongs) {
+    SeedSong(1, "C:\\a.mp3");
+
+    room.PopulateHistory("Music");
+
+    EXPECT_TRUE(played.Songs.empty());
+    EXPECT_EQ(played.Log, (Texts{"begin", "end"}));
 }
 
 TEST_F(HistoryRoom, TwentySongsAreShownAtMost) {

@@ -285,6 +285,17 @@ TEST(TextMirror, TypingChangesTheTextAndTellsOfIt) {
     EXPECT_EQ(changes, 3);
 }
 
+TEST(TextMirror, ALongTextIsShownFromItsBeginning) {
+    controls::TextBox text("txtA");
+    bench::PlaceAt(text, 0, 0, 100, 24);
+    bench::Desk desk(text);
+
+    text.SetText(std::string(500, 'x'));
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find<QLineEdit>(text)->cursorPosition(), 0);
+}
+
 TEST(TextMirror, WhatAChangeHandlerMakesOfTheTextIsShown) {
     controls::TextBox text("txtA");
     controls::EventClaims claims;
