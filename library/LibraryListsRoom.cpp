@@ -14,6 +14,8 @@ namespace {
 constexpr std::string_view kIndent = "  ";
 constexpr std::string_view kSeparator = " - ";
 constexpr std::size_t kMostPlayLists = 100;
+/// A library of more songs takes longer to list than a person waits without a word.
+constexpr std::size_t kLongWalk = 200'000;
 constexpr int kTopRows = 20;
 constexpr int kCountDigits = 5;
 constexpr std::string_view kCountGap = "         ";
@@ -109,6 +111,7 @@ void LibraryListsRoom::DisplayArtists(std::string_view playlist) {
 
     store::RecordSet rows = whole_library ? OpenRows(sources_.datSong, store::kAllSongs)
                                           : OpenRows(sources_.datPlayList, store::kAllPlayListRows);
+    if (rows.RecordCount() > kLongWalk) loop_.ShowHourglass();
     const store::Field artist = whole_library ? store::tblSong::artist : store::tblPlayList::artist;
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         if (whole_library || base::Trim(rows.Text(store::tblPlayList::Name)) == name)
@@ -136,6 +139,7 @@ void LibraryListsRoom::DisplayTracks(std::string_view playlist, std::string_view
 void LibraryListsRoom::DisplayLibraryTracks(std::string_view artist) {
     const bool everyone = IsEveryone(artist);
     store::RecordSet rows = OpenRows(sources_.datSong, store::kAllSongs);
+    if (rows.RecordCount() > kLongWalk) loop_.ShowHourglass();
     DatabaseTrackID = 0;
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         ++DatabaseTrackID;

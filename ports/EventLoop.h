@@ -11,6 +11,9 @@ public:
     /// Runs the events that are pending, then returns. Costs next to nothing when called again within a few
     /// milliseconds, so it may be called once per row. What hangs on the end of a handler runs first.
     virtual void Yield() = 0;
+    /// The handler that runs now will take longer than a fifth of a second without a yield: shows the person
+    /// so until it ends. A handler that yields need not say so. Nothing where there is no pointer.
+    virtual void ShowHourglass() {}
     /// `work` runs before every yield and after every handler, for as long as the loop lives: the place to
     /// write what the handler changed. It must not raise events.
     virtual void AtHandlerEnd(std::function<void()> work) = 0;

@@ -9,6 +9,7 @@ namespace qt {
 namespace {
 
 constexpr std::chrono::milliseconds kYieldPause{4};
+constexpr std::chrono::milliseconds kLongHandler{200};
 
 /// Qt keeps references to these for as long as it lives.
 struct Arguments {
@@ -36,23 +37,57 @@ void Loop::EndHandler() {
     if (update_) update_();
 }
 
-void Loop::EndEvent() {
-    if (--depth_ == 0) EndHandler();
+void Loop::BeginEvent() {
+    if (depth_++ == 0) handler_begin_ = std::chrono::steady_clock::now();
 }
 
-Loop::Nested::Nested(Loop& loop) : loop_(loop), outer_depth_(loop.depth_) {
+void Loop::EndEvent() {
+    if (--depth_ > 0) return;
+    EndHandler();
+    HidePointer();
+}
+
+void Loop::ShowPointer(Qt::CursorShape shape) {
+    if (pointer_) return;
+    pointer_ = shape;
+    QApplication::setOverrideCursor(shape);
+}
+
+void Loop::HidePointer() {
+    if (!pointer_) return;
+    pointer_.reset();
+    QApplication::restoreOverrideCursor();
+}
+
+Loop::Nested::Nested(Loop& loop, Pointer pointer)
+    : loop_(loop),
+      outer_depth_(loop.depth_),
+      outer_begin_(loop.handler_begin_),
+      outer_pointer_(loop.pointer_),
+      hidden_(pointer == Pointer::Common) {
     loop_.EndHandler();
     loop_.depth_ = 0;
+    if (hidden_) loop_.HidePointer();
+    loop_.pointer_.reset();
 }
 
 Loop::Nested::~Nested() {
     loop_.depth_ = outer_depth_;
+    // What a person takes for an answer is no work of the handler's.
+    loop_.handler_begin_ = hidden_ ? std::chrono::steady_clock::now() : outer_begin_;
+    if (hidden_ && outer_pointer_) {
+        loop_.ShowPointer(*outer_pointer_);
+    } else {
+        loop_.pointer_ = outer_pointer_;
+    }
 }
 
 void Loop::Yield() {
-    if (std::chrono::steady_clock::now() - last_yield_ < kYieldPause) return;
+    const auto now = std::chrono::steady_clock::now();
+    if (now - last_yield_ < kYieldPause) return;
+    if (depth_ > 0 && now - handler_begin_ > kLongHandler) ShowPointer(Qt::BusyCursor);
     {
-        const Nested nested(*this);
+        const Nested nested(*this, Nested::Pointer::Kept);
         QCoreApplication::processEvents();
     }
     last_yield_ = std::chrono::steady_clock::now();

@@ -3,11 +3,16 @@
 // Order at the end of a handler: first the work that hangs on handlers (it writes what the handler changed),
 // then the screen catches up with the controls. Both happen when the outermost event that Qt delivers has
 // been handled, and at the start of every yield and every box, whose inner events count as outermost again.
+//
+// A handler that still yields after a fifth of a second has the hourglass beside the pointer from then on;
+// one that said it would be long has the hourglass in its place. Both last until that handler ends, and a box
+// that it opens has the common pointer.
 #pragma once
 
 #include <QApplication>
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "ports/EventLoop.h"
@@ -22,6 +27,7 @@ public:
 
     // ports::EventLoop
     void Yield() override;
+    void ShowHourglass() override { ShowPointer(Qt::WaitCursor); }
     void AtHandlerEnd(std::function<void()> work) override { work_.push_back(std::move(work)); }
     bool IsEnding() const override { return ending_; }
 
@@ -32,10 +38,12 @@ public:
     int Run();
     void Quit(int exit_code = 0);
 
-    /// Around everything that runs events inside a handler.
+    /// Around everything that runs events inside a handler. A person who is asked something sees the common
+    /// pointer meanwhile.
     class Nested {
     public:
-        explicit Nested(Loop& loop);
+        enum class Pointer { Common, Kept };
+        explicit Nested(Loop& loop, Pointer pointer = Pointer::Common);
         ~Nested();
         Nested(const Nested&) = delete;
         Nested& operator=(const Nested&) = delete;
@@ -43,17 +51,24 @@ public:
     private:
         Loop& loop_;
         int outer_depth_;
+        std::chrono::steady_clock::time_point outer_begin_;
+        std::optional<Qt::CursorShape> outer_pointer_;
+        bool hidden_;
     };
 
 private:
     friend class Application;
-    void BeginEvent() { ++depth_; }
+    void BeginEvent();
     void EndEvent();
     void EndHandler();
+    void ShowPointer(Qt::CursorShape shape);
+    void HidePointer();
 
     std::vector<std::function<void()>> work_;
     std::function<void()> update_;
     std::chrono::steady_clock::time_point last_yield_{};
+    std::chrono::steady_clock::time_point handler_begin_{};
+    std::optional<Qt::CursorShape> pointer_;  // that the running handler shows
     int depth_ = 0;
     int exit_code_ = 0;
     bool in_end_ = false;

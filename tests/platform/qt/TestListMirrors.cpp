@@ -287,8 +287,11 @@ TEST(TextMirror, TypingChangesTheTextAndTellsOfIt) {
 
 TEST(TextMirror, ALongTextIsShownFromItsBeginning) {
     controls::TextBox text("txtA");
+    controls::TextBox other("txtB");
     bench::PlaceAt(text, 0, 0, 100, 24);
-    bench::Desk desk(text);
+    bench::Desk desk(text, other);
+    other.SetFocus();
+    desk.screen.CatchUp();
 
     text.SetText(std::string(500, 'x'));
     desk.screen.CatchUp();

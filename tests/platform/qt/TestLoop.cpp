@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QCursor>
+#include <QGuiApplication>
 #include <QTimer>
 #include <chrono>
+#include <functional>
+#include <optional>
 #include <vector>
 
 #include "platform/qt/QtBench.h"
@@ -103,6 +107,72 @@ TEST(Loop, AQuitBeforeTheRunIsNotLost) {
     loop.Quit(5);
 
     EXPECT_EQ(loop.Run(), 5);
+}
+
+void RunInAHandler(const std::function<void()>& work) {
+    Sleeper handler(work);
+    QEvent event(QEvent::User);
+    QCoreApplication::sendEvent(&handler, &event);
+}
+
+/// The pointer that the program forces on its windows, if any.
+std::optional<Qt::CursorShape> ForcedPointer() {
+    const QCursor* cursor = QGuiApplication::overrideCursor();
+    return cursor != nullptr ? std::optional(cursor->shape()) : std::nullopt;
+}
+
+void YieldFor(std::chrono::milliseconds time) {
+    const auto end = std::chrono::steady_clock::now() + time;
+    while (std::chrono::steady_clock::now() < end)
+        bench::TheLoop().Yield();
+}
+
+TEST(LoopPointer, AHandlerThatYieldsForLongHasTheHourglassUntilItEnds) {
+    std::optional<Qt::CursorShape> soon;
+    std::optional<Qt::CursorShape> later;
+
+    RunInAHandler([&] {
+        YieldFor(std::chrono::milliseconds(20));
+        soon = ForcedPointer();
+        YieldFor(std::chrono::milliseconds(230));
+        later = ForcedPointer();
+    });
+
+    EXPECT_EQ(soon, std::nullopt);
+    EXPECT_EQ(later, Qt::BusyCursor);
+    EXPECT_EQ(ForcedPointer(), std::nullopt);
+}
+
+TEST(LoopPointer, EventsOfAYieldDoNotTakeTheHourglassAway) {
+    std::optional<Qt::CursorShape> after;
+
+    RunInAHandler([&] {
+        bench::TheLoop().ShowHourglass();
+        QTimer::singleShot(0, [] { bench::TheLoop().ShowHourglass(); });
+        YieldFor(std::chrono::milliseconds(20));
+        after = ForcedPointer();
+    });
+
+    EXPECT_EQ(after, Qt::WaitCursor);
+    EXPECT_EQ(ForcedPointer(), std::nullopt);
+}
+
+TEST(LoopPointer, ABoxHasTheCommonPointer) {
+    std::optional<Qt::CursorShape> inside = Qt::WaitCursor;
+    std::optional<Qt::CursorShape> after;
+
+    RunInAHandler([&] {
+        bench::TheLoop().ShowHourglass();
+        {
+            const qt::Loop::Nested box(bench::TheLoop());
+            inside = ForcedPointer();
+        }
+        after = ForcedPointer();
+    });
+
+    EXPECT_EQ(inside, std::nullopt);
+    EXPECT_EQ(after, Qt::WaitCursor);
+    EXPECT_EQ(ForcedPointer(), std::nullopt);
 }
 
 }  // namespace

@@ -154,9 +154,17 @@ TEST_F(RowsKeysTest, TheArrowsGoOnWhereAChosenRowWent) {
     view_.OnPick(4);
 
     Refill(4);
+
     EXPECT_EQ(Press(Qt::Key_Down), "Row 5");
-    Refill(5);
-    EXPECT_EQ(Press(Qt::Key_Up), "Row 4");
+}
+
+TEST_F(RowsKeysTest, TheArrowUpFindsTheRowAboveTheOneThatWent) {
+    Fill(10);
+    view_.OnPick(4);
+
+    Refill(4);
+
+    EXPECT_EQ(Press(Qt::Key_Up), "Row 3");
 }
 
 TEST_F(RowsKeysTest, BehindTheLastRowTheArrowsFindTheNewLastOne) {
