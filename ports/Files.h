@@ -9,7 +9,10 @@
 // for one. Links are followed. Nothing throws; every failure is in the result.
 #pragma once
 
+#include <compare>
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,11 +36,24 @@ enum class FileResult {
     Failed,  ///< anything else, such as a folder where a file is wanted
 };
 
-/// What stands in a folder: names without their path, in the order of a sorted list.
+/// Tells folders apart: the same for every path that leads to a folder, another for every other folder.
+struct FolderIdentity {
+    std::uint64_t Volume = 0;
+    std::uint64_t Number = 0;
+
+    auto operator<=>(const FolderIdentity&) const = default;
+};
+
+/// What stands in a folder: names without their path, in the order of a sorted list. Files that the person
+/// may not read are left out.
 struct FolderListing {
     std::vector<std::string> Files;
     std::vector<std::string> SubFolders;
+    FolderIdentity Identity;
 };
+
+/// Asked again and again, every few milliseconds at most, while something long goes on; false gives it up.
+using MayGoOn = std::function<bool()>;
 
 struct Drive {
     char Letter = 'C';
@@ -60,9 +76,10 @@ public:
         return bits && (*bits & kFolder) != 0;
     }
 
-    /// Nothing when the folder cannot be read. A link that leads back to this folder or to one above it is
-    /// left out.
-    virtual std::optional<FolderListing> ListFolder(std::string_view path) const = 0;
+    /// Nothing when the folder cannot be read, or `may_go_on` gave it up. A link that leads back to this
+    /// folder or to one above it is left out.
+    virtual std::optional<FolderListing> ListFolder(std::string_view path,
+                                                    const MayGoOn& may_go_on = {}) const = 0;
     std::string BuildPath(std::string_view folder, std::string_view name) const {
         return base::BuildPath(folder, name);
     }

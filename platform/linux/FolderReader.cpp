@@ -4,14 +4,13 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <memory>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 #include "base/DrivePath.h"
-#include "base/Text.h"
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/NameSorter.h"
 
 namespace linux_os {
 namespace {
@@ -69,27 +68,61 @@ EntryKind KindOf(int folder, const dirent& entry, const std::string& native_path
     }
 }
 
-void Sort(std::vector<std::string>& names) {
-    std::sort(names.begin(), names.end(), [](const std::string& left, const std::string& right) {
-        return base::CompareForSort(left, right) < 0;
-    });
+bool MayBeRead(int folder, const char* name) {
+    return ::faccessat(folder, name, R_OK, AT_EACCESS) == 0;
+}
+
+// The names of a folder, sorted into files and sub folders as they are read.
+class Listing {
+public:
+    explicit Listing(const ports::MayGoOn& may_go_on) : pace_(may_go_on) {}
+
+    bool Read(DIR* folder, const std::string& native_path) {
+        while (const dirent* const entry = ::readdir(folder)) {
+            const std::string_view name = entry->d_name;
+            if (name == "." || name == "..") continue;
+            if (!pace_.Step()) return false;
+            Take(::dirfd(folder), *entry, native_path);
+        }
+        return true;
+    }
+    std::optional<ports::FolderListing> Sorted() {
+        std::optional<std::vector<std::string>> files = files_.Sorted(pace_);
+        std::optional<std::vector<std::string>> sub_folders = sub_folders_.Sorted(pace_);
+        if (!files || !sub_folders) return std::nullopt;
+        return ports::FolderListing{std::move(*files), std::move(*sub_folders), {}};
+    }
+
+private:
+    void Take(int folder, const dirent& entry, const std::string& native_path) {
+        const EntryKind kind = KindOf(folder, entry, native_path);
+        if (kind == EntryKind::Folder) sub_folders_.Add(base::NameToText(entry.d_name));
+        if (kind == EntryKind::File && MayBeRead(folder, entry.d_name)) {
+            files_.Add(base::NameToText(entry.d_name));
+        }
+    }
+
+    Pace pace_;
+    NameSorter files_;
+    NameSorter sub_folders_;
+};
+
+ports::FolderIdentity IdentityOf(DIR* folder) {
+    struct stat status {};
+    if (::fstat(::dirfd(folder), &status) != 0) return {};
+    return {status.st_dev, status.st_ino};
 }
 
 }  // namespace
 
-std::optional<ports::FolderListing> ReadFolder(const std::string& native_path) {
+std::optional<ports::FolderListing> ReadFolder(const std::string& native_path,
+                                               const ports::MayGoOn& may_go_on) {
     const OpenFolder folder = Open(native_path);
     if (folder == nullptr) return std::nullopt;
-    ports::FolderListing listing;
-    while (const dirent* const entry = ::readdir(folder.get())) {
-        const std::string_view name = entry->d_name;
-        if (name == "." || name == "..") continue;
-        const EntryKind kind = KindOf(::dirfd(folder.get()), *entry, native_path);
-        if (kind == EntryKind::File) listing.Files.push_back(base::NameToText(name));
-        if (kind == EntryKind::Folder) listing.SubFolders.push_back(base::NameToText(name));
-    }
-    Sort(listing.Files);
-    Sort(listing.SubFolders);
+    Listing names(may_go_on);
+    if (!names.Read(folder.get(), native_path)) return std::nullopt;
+    std::optional<ports::FolderListing> listing = names.Sorted();
+    if (listing) listing->Identity = IdentityOf(folder.get());
     return listing;
 }
 

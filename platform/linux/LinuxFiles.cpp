@@ -87,10 +87,11 @@ std::optional<int> LinuxFiles::GetAttributes(std::string_view path) const {
            (LastName(native).starts_with('.') ? ports::kHidden : 0);
 }
 
-std::optional<ports::FolderListing> LinuxFiles::ListFolder(std::string_view path) const {
+std::optional<ports::FolderListing> LinuxFiles::ListFolder(std::string_view path,
+                                                           const ports::MayGoOn& may_go_on) const {
     const std::string native = ToNative(path);
     if (native.empty()) return std::nullopt;
-    return ReadFolder(native);
+    return ReadFolder(native, may_go_on);
 }
 
 std::vector<ports::Drive> LinuxFiles::Drives() const {

@@ -19,7 +19,8 @@ public:
     explicit LinuxFiles(std::string program, const std::string& mount_table = "/proc/self/mountinfo");
 
     std::optional<int> GetAttributes(std::string_view path) const override;
-    std::optional<ports::FolderListing> ListFolder(std::string_view path) const override;
+    std::optional<ports::FolderListing> ListFolder(std::string_view path,
+                                                   const ports::MayGoOn& may_go_on = {}) const override;
     std::vector<ports::Drive> Drives() const override;
     ports::FileResult MakeFolder(std::string_view path) override;
     ports::FileResult DeleteFile(std::string_view path) override;

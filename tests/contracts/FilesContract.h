@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
@@ -137,6 +138,56 @@ TEST_P(FilesContract, WhatCannotBeReadHasNoListing) {
     EXPECT_FALSE(files_.ListFolder(In("a.mp3")).has_value());
     EXPECT_FALSE(files_.ListFolder(In("gone")).has_value());
     EXPECT_TRUE(files_.IsFolder(In("closed")));
+}
+
+TEST_P(FilesContract, AFolderIsTheSameHoweverItsPathIsWritten) {
+    SeedFolder("music");
+    SeedFolder("videos");
+
+    const auto music = files_.ListFolder(In("music"));
+    const auto again = files_.ListFolder(base::Replace(In("music"), "\\", "/") + "/");
+    const auto videos = files_.ListFolder(In("videos"));
+
+    ASSERT_TRUE(music && again && videos);
+    EXPECT_EQ(music->Identity, again->Identity);
+    EXPECT_NE(music->Identity, videos->Identity);
+    EXPECT_NE(music->Identity, ports::FolderIdentity());
+}
+
+TEST_P(FilesContract, ALongFolderIsReadWithQuestionsAndWhole) {
+    constexpr std::size_t kMany = 5000;
+    for (std::size_t i = 0; i < kMany; ++i)
+        Seed(std::to_string(i * 7919 % kMany) + ".mp3", "");
+    int questions = 0;
+
+    const auto listing = files_.ListFolder(bench_->Folder(), [&questions] { return ++questions > 0; });
+
+    ASSERT_TRUE(listing.has_value());
+    EXPECT_EQ(listing->Files.size(), kMany);
+    EXPECT_TRUE(std::is_sorted(listing->Files.begin(), listing->Files.end()));
+    EXPECT_GE(questions, 5);
+}
+
+TEST_P(FilesContract, ALongFolderIsGivenUpWhenTheAnswerIsNo) {
+    for (int i = 0; i < 2000; ++i)
+        Seed(std::to_string(i) + ".mp3", "");
+    int questions = 0;
+
+    const auto listing = files_.ListFolder(bench_->Folder(), [&questions] { return ++questions < 2; });
+
+    EXPECT_FALSE(listing.has_value());
+    EXPECT_EQ(questions, 2);
+}
+
+TEST_P(FilesContract, AFileThatCannotBeReadIsNotListed) {
+    Seed("closed.mp3");
+    Seed("open.mp3");
+    bench_->MakeUnreadable(In("closed.mp3"));
+
+    const auto listing = files_.ListFolder(bench_->Folder());
+
+    ASSERT_TRUE(listing.has_value());
+    EXPECT_EQ(listing->Files, (std::vector<std::string>{"open.mp3"}));
 }
 
 TEST_P(FilesContract, AFileThatCannotBeReadStillExists) {

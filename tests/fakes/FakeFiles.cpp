@@ -7,6 +7,8 @@
 namespace fakes {
 namespace {
 
+constexpr std::size_t kNamesBetweenQuestions = 512;
+
 std::string ParentOf(const std::string& key) {
     const std::size_t slash = key.rfind('/');
     return slash == 0 || slash == std::string::npos ? "/" : key.substr(0, slash);
@@ -28,7 +30,13 @@ FakeFiles::FakeFiles(std::string_view application_folder) : application_folder_(
 void FakeFiles::AddFile(std::string_view path, std::string_view text) {
     const std::string key = Key(path);
     AddFolders(ParentOf(key));
-    nodes_[key] = {false, true, std::string(text)};
+    nodes_[key] = {false, true, std::string(text), {}};
+}
+
+void FakeFiles::AddLink(std::string_view path, std::string_view folder) {
+    const std::string key = Key(path);
+    AddFolders(ParentOf(key));
+    nodes_[key] = {true, true, {}, Key(folder)};
 }
 
 void FakeFiles::AddFolder(std::string_view path) {
@@ -70,8 +78,27 @@ std::string FakeFiles::Key(std::string_view path) const {
     return key;
 }
 
+std::string FakeFiles::Resolved(std::string key) const {
+    for (std::size_t end = key.find('/', 1);; end = key.find('/', end + 1)) {
+        const auto found = nodes_.find(key.substr(0, end));
+        if (found != nodes_.end() && !found->second.leads_to.empty()) {
+            return Resolved(found->second.leads_to + (end == std::string::npos ? "" : key.substr(end)));
+        }
+        if (end == std::string::npos) return key;
+    }
+}
+
+// The folder that the link leads to is `folder` itself or stands on the way down to it.
+bool FakeFiles::LeadsBack(const std::string& link, const std::string& folder) const {
+    const std::string target = Resolved(link);
+    for (std::size_t end = folder.find('/', 1);; end = folder.find('/', end + 1)) {
+        if (target == "/" || Resolved(folder.substr(0, end)) == target) return true;
+        if (end == std::string::npos) return false;
+    }
+}
+
 const FakeFiles::Node* FakeFiles::Find(std::string_view path) const {
-    const auto found = nodes_.find(Key(path));
+    const auto found = nodes_.find(Resolved(Key(path)));
     if (found == nodes_.end()) return nullptr;
     const bool names_a_folder = !path.empty() && (path.back() == '\\' || path.back() == '/');
     return names_a_folder && !found->second.is_folder ? nullptr : &found->second;
@@ -88,18 +115,24 @@ std::optional<int> FakeFiles::GetAttributes(std::string_view path) const {
     return (node->is_folder ? ports::kFolder : 0) | (hidden ? ports::kHidden : 0);
 }
 
-std::optional<ports::FolderListing> FakeFiles::ListFolder(std::string_view path) const {
+std::optional<ports::FolderListing> FakeFiles::ListFolder(std::string_view path,
+                                                          const ports::MayGoOn& may_go_on) const {
     const Node* const folder = Find(path);
     if (folder == nullptr || !folder->is_folder || !folder->readable) return std::nullopt;
     ports::FolderListing listing;
-    const std::string key = Key(path);
+    const std::string way = Key(path);
+    const std::string key = Resolved(way);
     for (const auto& [name, node] : nodes_) {
         if (name == "/" || ParentOf(name) != key) continue;
+        if (!node.leads_to.empty() && LeadsBack(name, way)) continue;
+        if (!node.is_folder && !node.readable) continue;
         auto& names = node.is_folder ? listing.SubFolders : listing.Files;
         names.push_back(base::NameToText(std::string_view(name).substr(name.rfind('/') + 1)));
+        if (names.size() % kNamesBetweenQuestions == 0 && may_go_on && !may_go_on()) return std::nullopt;
     }
     Sort(listing.Files);
     Sort(listing.SubFolders);
+    listing.Identity = {1, std::hash<std::string>()(key)};
     return listing;
 }
 
@@ -142,7 +175,7 @@ ports::FileResult FakeFiles::WriteText(std::string_view path, std::string_view b
     if (key.empty() || parent == nodes_.end() || !parent->second.is_folder) return ports::FileResult::Missing;
     const auto there = nodes_.find(key);
     if (there != nodes_.end() && there->second.is_folder) return ports::FileResult::Failed;
-    nodes_[key] = {false, true, std::string(bytes)};
+    nodes_[key] = {false, true, std::string(bytes), {}};
     return ports::FileResult::Done;
 }
 

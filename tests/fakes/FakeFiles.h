@@ -18,6 +18,8 @@ public:
     void AddFile(std::string_view path, std::string_view text = {});
     /// A folder, with those it stands in.
     void AddFolder(std::string_view path);
+    /// A second way to a folder that is there.
+    void AddLink(std::string_view path, std::string_view folder);
     void AddDrive(char letter, std::string_view label);
     /// The drive goes, and what is on it can no longer be reached by its letter.
     void RemoveDrive(char letter);
@@ -32,7 +34,8 @@ public:
 
     // ports::Files
     std::optional<int> GetAttributes(std::string_view path) const override;
-    std::optional<ports::FolderListing> ListFolder(std::string_view path) const override;
+    std::optional<ports::FolderListing> ListFolder(std::string_view path,
+                                                   const ports::MayGoOn& may_go_on = {}) const override;
     std::vector<ports::Drive> Drives() const override;
     ports::FileResult MakeFolder(std::string_view path) override;
     ports::FileResult DeleteFile(std::string_view path) override;
@@ -50,9 +53,13 @@ private:
         bool is_folder = false;
         bool readable = true;
         std::string text;
+        std::string leads_to;  // of a link: the folder's native path
     };
 
     std::string Key(std::string_view path) const;
+    /// Without links on the way.
+    std::string Resolved(std::string key) const;
+    bool LeadsBack(const std::string& link, const std::string& folder) const;
     const Node* Find(std::string_view path) const;
     Node* Find(std::string_view path);
     void AddFolders(const std::string& key);

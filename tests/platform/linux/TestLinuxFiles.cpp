@@ -123,6 +123,29 @@ TEST_F(LinuxFilesTest, TwoFoldersLinkedToEachOtherAreWalkedOnce) {
     EXPECT_TRUE(beyond->SubFolders.empty());
 }
 
+TEST_F(LinuxFilesTest, AFolderIsTheSameThroughALink) {
+    folder_.Make("a");
+    folder_.Make("b");
+    folder_.Link("a", "to a");
+
+    EXPECT_EQ(files_.ListFolder(In("to a"))->Identity, files_.ListFolder(In("a"))->Identity);
+    EXPECT_NE(files_.ListFolder(In("b"))->Identity, files_.ListFolder(In("a"))->Identity);
+}
+
+TEST_F(LinuxFilesTest, AFileThatMayNotBeReadIsNotListedByItsLinkEither) {
+    folder_.Write("open.mp3");
+    folder_.Write("closed.mp3");
+    folder_.Link("open.mp3", "to open.mp3");
+    folder_.Link("closed.mp3", "to closed.mp3");
+    ASSERT_EQ(::chmod((folder_ / "closed.mp3").c_str(), 0), 0);
+    const Unprivileged rights(folder_);
+
+    const auto listing = files_.ListFolder(In(""));
+
+    ASSERT_TRUE(listing.has_value());
+    EXPECT_EQ(listing->Files, (Names{"open.mp3", "to open.mp3"}));
+}
+
 TEST_F(LinuxFilesTest, APathLongerThanTheSystemTakesIsMissing) {
     std::string path = In("");
     for (int depth = 0; depth < 60; ++depth)

@@ -1,0 +1,44 @@
+// Puts any number of names in order without ever taking long over one step.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ports/Files.h"
+
+namespace linux_os {
+
+/// Asks `may_go_on` at every so many steps of something long.
+class Pace {
+public:
+    explicit Pace(const ports::MayGoOn& may_go_on) : may_go_on_(may_go_on) {}
+    /// False when it is to be given up.
+    bool Step() { return ++steps_ % kStepsBetween != 0 || !may_go_on_ || may_go_on_(); }
+
+private:
+    static constexpr std::size_t kStepsBetween = 512;
+
+    const ports::MayGoOn& may_go_on_;
+    std::size_t steps_ = 0;
+};
+
+/// Sorts the names in runs as they come, and puts the runs together at the end.
+class NameSorter {
+public:
+    void Add(std::string name);
+    /// All names in the order of a sorted list; nothing when `pace` gave it up. Once, at the end.
+    std::optional<std::vector<std::string>> Sorted(Pace& pace);
+
+private:
+    using Run = std::vector<std::string>;
+
+    static constexpr std::size_t kLongestRun = 2048;
+
+    std::optional<std::vector<std::string>> Merged(Pace& pace);
+
+    std::vector<Run> runs_;
+};
+
+}  // namespace linux_os
