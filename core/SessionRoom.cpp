@@ -87,6 +87,8 @@ void SessionRoom::mnuLogout_Click() {
         for (int i = 1; i < neighbours_.tabs.TabCount(); ++i)
             neighbours_.tabs.CloseTab(i);
     }
+    // What it still adds for the person who leaves ends here; at its end it would show the main window.
+    windows_.frmAddMedia.UnloadWindow();
     // From here on closing the login window ends the program.
     session_.LoggedIn = false;
     neighbours_.login_window.ShowLogin();

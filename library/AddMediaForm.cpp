@@ -37,10 +37,10 @@ AddMediaForm::AddMediaForm(const ports::Files& files) : Drive1("Drive1", files),
 
 void AddMediaForm::Compose() {
     frmAddMedia.Add(imgBG, lblDrive, Drive1, lblFolder, Dir1, lblPattern, lstPattern, cmdGetFiles, lblFiles,
-                    lblTotalFilesLabel, lblTotalFiles, lstFiles, fraControls, fraSearch);
+                    lblTotalFilesLabel, lblTotalFiles, lstFiles, lblNotice, fraControls, fraSearch);
     frmAddMedia.Add(Label1, Label2, lblEntryCount, lstAddTrack, tmrSearch);
     fraControls.Add(imgAdd, imgAddOver, imgAddAll, imgAddAllOver, imgBack, imgBackOver);
-    fraSearch.Add(lblSearch, lblDirectory, lblProgress, cmdCancel);
+    fraSearch.Add(lblSearch, lblDirectory, lblProgress, pbProgress, cmdCancel);
 }
 
 void AddMediaForm::Describe() {
@@ -53,6 +53,7 @@ void AddMediaForm::Describe() {
     lblTotalFilesLabel.SetAlign(controls::Alignment::Right);
     lblTotalFiles.SetLook("accent");
     lblTotalFiles.SetAlign(controls::Alignment::Right);
+    lblNotice.SetLook("warning");
     lblProgress.SetLook("muted");
     cmdGetFiles.SetLook("accent");
     cmdCancel.SetCancel(true);
@@ -64,6 +65,8 @@ void AddMediaForm::Describe() {
     lstFiles.SetHint("Choose a folder and press Get Files");
     fraControls.SetAccessibleName("Add the files found");
     fraSearch.SetAccessibleName("Progress");
+    lblDirectory.SetAccessibleName("Folder being searched");
+    pbProgress.SetAccessibleName("Files added");
     lblTotalFiles.SetAccessibleName("Number of files found");
     cmdGetFiles.SetToolTipText("Search the folder for media files");
     cmdCancel.SetToolTipText("Stop now and keep what is there");

@@ -32,6 +32,7 @@ struct AddMediaForm {
     controls::Label lblTotalFilesLabel{"lblTotalFilesLabel", "Total files:"};
     controls::Label lblTotalFiles{"lblTotalFiles", "0"};
     controls::ListBox lstFiles{"lstFiles"};
+    controls::Label lblNotice{"lblNotice"};  ///< what went wrong in the last search
 
     controls::Frame fraControls{"fraControls"};
     controls::Image imgAdd{"imgAdd", "addone"};
@@ -45,6 +46,7 @@ struct AddMediaForm {
     controls::Label lblSearch{"lblSearch"};        ///< what is going on
     controls::Label lblDirectory{"lblDirectory"};  ///< the folder being searched
     controls::Label lblProgress{"lblProgress"};    ///< how many files are added
+    controls::ProgressBar pbProgress{"pbProgress"};
     controls::CommandButton cmdCancel{"cmdCancel", "Cancel"};
 
     // Hidden: the artist and title in work, the last key, the words of a name.

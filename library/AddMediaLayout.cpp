@@ -17,6 +17,7 @@ constexpr double kThreeRows = 76;
 constexpr double kButton = 32;
 constexpr double kAddButton = 120;
 constexpr double kBackButton = 96;
+constexpr double kNotice = 20;
 constexpr double kPanelWidth = 320;
 constexpr double kPanelHeight = 120;
 
@@ -59,6 +60,7 @@ void PlacePanel(AddMediaForm& form, double left, double top, double width, doubl
     Place(form.lblSearch, kMargin, kMargin, inner, kHeading);
     Place(form.lblDirectory, kMargin, 40, inner, 20);
     Place(form.lblProgress, kMargin, 40, inner, 20);
+    Place(form.pbProgress, kMargin, kPanelHeight - kMargin - 18, inner - kBackButton - kMargin, kGap);
     Place(form.cmdCancel, kPanelWidth - kMargin - kBackButton, kPanelHeight - kMargin - 28, kBackButton, 28);
 }
 
@@ -69,11 +71,13 @@ void PlaceFilesColumn(AddMediaForm& form, double width, double height) {
     const double count_left = left + column - kCount;
     const double list_top = kMargin + kHeading + kGap;
     const double buttons = height - kMargin - kButton;
-    const double list_height = buttons - kGap - list_top;
+    const double notice = buttons - kGap - kNotice;
+    const double list_height = notice - kGap - list_top;
     Place(form.lblFiles, left, kMargin, 160, kHeading);
     Place(form.lblTotalFilesLabel, count_left - kGap - 96, kMargin, 96, kHeading);
     Place(form.lblTotalFiles, count_left, kMargin, kCount, kHeading);
     Place(form.lstFiles, left, list_top, column, list_height);
+    Place(form.lblNotice, left, notice, column, kNotice);
     PlaceButtons(form, left, buttons, column);
     PlacePanel(form, left, list_top, column, list_height);
 }

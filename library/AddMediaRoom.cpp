@@ -1,5 +1,6 @@
 #include "library/AddMediaRoom.h"
 
+#include "base/DrivePath.h"
 #include "base/Number.h"
 #include "base/Text.h"
 #include "library/AddMediaLayout.h"
@@ -13,6 +14,11 @@ namespace {
 constexpr std::string_view kNoneFound = "None Found";
 constexpr int kTicksBeforeSearch = 5;
 constexpr std::size_t kRowsBetweenProgress = 100;
+
+// A path as it stands in a list of paths.
+std::string OnOneLine(std::string_view path) {
+    return base::Replace(base::WithoutStandIns(path), "\n", " ");
+}
 
 }  // namespace
 
@@ -35,6 +41,7 @@ AddMediaRoom::AddMediaRoom(AddMediaForm& form, MainWindow& main_window, store::S
 
 void AddMediaRoom::ClaimWindow() {
     claims_.Claim(form_.frmAddMedia.Load, [this] { Form_Load(); });
+    claims_.Claim(form_.frmAddMedia.Activate, [this] { Form_Activate(); });
     claims_.Claim(form_.frmAddMedia.Resize, [this] { Form_Resize(); });
     claims_.Claim(form_.frmAddMedia.Unload, [this](bool&) { Form_Unload(); });
     claims_.Claim(form_.frmAddMedia.KeyDown, [this](int key_code, int) { Form_KeyDown(key_code); });
@@ -78,8 +85,12 @@ void AddMediaRoom::Form_Load() {
     const std::string media_store = app_path_ + std::string(store::kMediaStore);
     form_.datFolder.SetDatabaseName(stores_, media_store);
     form_.datAdd.SetDatabaseName(stores_, media_store);
-    form_.Drive1.ReadDrives();
     form_.Dir1.SetPath(base::Left(form_.Dir1.Path(), 3));
+}
+
+// A volume may have been mounted or taken away since the dialog was last looked at.
+void AddMediaRoom::Form_Activate() {
+    form_.Drive1.ReadDrives();
 }
 
 void AddMediaRoom::Form_Resize() {
@@ -93,7 +104,12 @@ void AddMediaRoom::Form_Unload() {
 }
 
 void AddMediaRoom::Drive1_Change() {
-    form_.Dir1.SetPath(form_.Drive1.Drive() + "\\");
+    const std::string drive = form_.Drive1.Drive();
+    form_.lblNotice.SetCaption("");
+    if (form_.Dir1.SetPath(drive + "\\")) return;
+    form_.Drive1.ReadDrives();
+    form_.Drive1.SetDrive(form_.Dir1.Path());
+    form_.lblNotice.SetCaption("The drive " + drive + " can not be read.");
 }
 
 void AddMediaRoom::Form_KeyDown(int key_code) {
@@ -114,24 +130,36 @@ void AddMediaRoom::tmrSearch_Tick() {
     ++ticks_;
     if (ticks_ < kTicksBeforeSearch) return;
     form_.tmrSearch.SetEnabled(false);
-    walk_.Search(form_.Dir1.Path());
+    const std::string folder = form_.Dir1.Path();
+    walk_.Search(folder);
     if (loop_.IsEnding()) return;
-    ShowResult();
+    ShowResult(folder);
     EndTask();
 }
 
-void AddMediaRoom::ShowResult() {
+void AddMediaRoom::ShowResult(const std::string& folder) {
     form_.lblTotalFiles.SetCaption(base::ToText(form_.lstFiles.ListCount()));
     if (form_.lstFiles.ListCount() == 0) form_.lstFiles.AddItem(kNoneFound);
+    form_.lblNotice.SetCaption(NoticeOfSearch(folder));
+}
+
+std::string AddMediaRoom::NoticeOfSearch(const std::string& folder) const {
+    if (walk_.WasCancelled()) return "The search was stopped. There may be more files.";
+    if (!files_.IsFolder(folder)) return "The folder is not there any more.";
+    const int unreadable = walk_.UnreadableFolders();
+    if (unreadable == 0) return {};
+    return base::ToText(unreadable) + (unreadable == 1 ? " folder" : " folders") + " could not be read.";
 }
 
 void AddMediaRoom::BeginTask(Task task, std::string_view heading) {
     task_ = task;
     stopped_ = false;
     form_.lblSearch.SetCaption(heading);
+    form_.lblNotice.SetCaption("");
     form_.lblProgress.SetCaption("");
     form_.lblDirectory.SetVisible(task == Task::Searching);
     form_.lblProgress.SetVisible(task == Task::Adding);
+    form_.pbProgress.SetVisible(task == Task::Adding);
     form_.fraSearch.SetVisible(true);
     form_.fraSearch.BringToFront();
 }
@@ -228,7 +256,7 @@ void AddMediaRoom::addfile(std::string_view path, std::string_view artist, std::
     store::RecordSet& songs = form_.datAdd.Recordset();
     if (!AddNewWithKey(songs, store::tblSong::SongID, form_.lblEntryCount)) return;
     if (!FitsLibrary(path, *name)) {
-        rejected.append(path).append("\r\n");
+        rejected.append(OnOneLine(path)).append("\r\n");
         songs.CancelUpdate();
         return;
     }
@@ -241,6 +269,7 @@ void AddMediaRoom::addfile(std::string_view path, std::string_view artist, std::
 void AddMediaRoom::ShowProgress(std::size_t added, std::size_t total) {
     form_.lblProgress.SetCaption(base::ToText(static_cast<std::int64_t>(added)) + " of " +
                                  base::ToText(static_cast<std::int64_t>(total)) + " files");
+    form_.pbProgress.SetValue(static_cast<int>(added * 100 / total));
 }
 
 void AddMediaRoom::TellRejected(const std::string& rejected) {

@@ -37,6 +37,7 @@ private:
     enum class Task { None, Searching, Adding };
 
     void Form_Load();
+    void Form_Activate();
     void Form_Resize();
     void Form_Unload();
     void Form_KeyDown(int key_code);
@@ -56,7 +57,8 @@ private:
     void EndTask();
     void StopTask();
     bool IsStopped() const { return stopped_ || loop_.IsEnding(); }
-    void ShowResult();
+    void ShowResult(const std::string& folder);
+    std::string NoticeOfSearch(const std::string& folder) const;
     std::vector<std::string> FilesFound() const;
     std::string ChosenPath();
     void AddFiles(const std::vector<std::string>& paths);

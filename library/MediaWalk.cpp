@@ -1,5 +1,9 @@
 #include "library/MediaWalk.h"
 
+#include <cstdint>
+#include <optional>
+#include <utility>
+
 #include "base/Number.h"
 #include "library/Naming.h"
 
@@ -17,42 +21,59 @@ MediaWalk::MediaWalk(WalkControls controls, MainWindow& main_window, ports::File
 
 void MediaWalk::Search(std::string_view start_folder) {
     cancelled_ = false;
+    unreadable_folders_ = 0;
+    levels_.clear();
     const std::string folder(start_folder);
-    const ports::FolderListing listing = Visit(folder);
-    if (MaySearchSubFolders()) SearchSubFolders<2>(folder, listing);
-}
-
-void MediaWalk::GetFiles(std::string_view folder) {
-    if (const auto listing = files_.ListFolder(folder)) AddFiles(folder, *listing);
+    const std::vector<std::string> sub_folders = Visit(folder, 1);
+    if (!IsCancelled() && MaySearchSubFolders()) SearchSubFolders<2>(folder, sub_folders);
 }
 
 template <int kLevel>
-void MediaWalk::SearchSubFolders(const std::string& folder, const ports::FolderListing& listing) {
-    for (const std::string& name : listing.SubFolders) {
+void MediaWalk::SearchSubFolders(const std::string& folder, const std::vector<std::string>& names) {
+    for (const std::string& name : names) {
         if (IsCancelled()) return;
         const std::string sub_folder = files_.BuildPath(folder, name);
-        const ports::FolderListing inside = Visit(sub_folder);
+        const std::vector<std::string> inside = Visit(sub_folder, kLevel);
         if constexpr (kLevel < kLevels) SearchSubFolders<kLevel + 1>(sub_folder, inside);
         if (!IsCancelled()) loop_.Yield();
     }
 }
 
-ports::FolderListing MediaWalk::Visit(const std::string& folder) {
-    ports::FolderListing listing = files_.ListFolder(folder).value_or(ports::FolderListing{});
-    if (listing.Files.size() + listing.SubFolders.size() >= 1) {
-        controls_.lblDirectory.SetCaption(folder);
-        AddFiles(folder, listing);
+// The sub folders that are still to be searched.
+std::vector<std::string> MediaWalk::Visit(const std::string& folder, int level) {
+    std::optional<ports::FolderListing> listing =
+        files_.ListFolder(folder, [this] { return YieldAndGoOn(); });
+    if (!listing) {
+        if (!IsCancelled()) ++unreadable_folders_;
+        return {};
     }
-    return listing;
+    const auto [met, is_new] = levels_.try_emplace(listing->Identity, level);
+    if (!is_new && met->second <= level) return {};
+    met->second = level;
+    if (listing->Files.size() + listing->SubFolders.size() < 1) return {};
+    controls_.lblDirectory.SetCaption(folder);
+    if (is_new) GetFiles(folder, listing->Files);
+    return std::move(listing->SubFolders);
 }
 
-void MediaWalk::AddFiles(std::string_view folder, const ports::FolderListing& listing) {
-    for (const std::string& name : listing.Files) {
-        if (!IsWanted(name)) continue;
-        controls_.lstFiles.AddItem(files_.BuildPath(folder, name));
-        const auto total = static_cast<std::int64_t>(base::Val(controls_.lblTotalFiles.Caption())) + 1;
-        controls_.lblTotalFiles.SetCaption(base::ToText(total));
+void MediaWalk::GetFiles(std::string_view folder, const std::vector<std::string>& names) {
+    constexpr std::size_t kFilesBetweenYields = 256;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (IsWanted(names[i])) AddFile(folder, names[i]);
+        if ((i + 1) % kFilesBetweenYields == 0 && !YieldAndGoOn()) return;
     }
+}
+
+void MediaWalk::AddFile(std::string_view folder, std::string_view name) {
+    controls_.lstFiles.AddItem(files_.BuildPath(folder, name));
+    const auto total = static_cast<std::int64_t>(base::Val(controls_.lblTotalFiles.Caption())) + 1;
+    controls_.lblTotalFiles.SetCaption(base::ToText(total));
+}
+
+bool MediaWalk::YieldAndGoOn() {
+    if (IsCancelled()) return false;
+    loop_.Yield();
+    return !IsCancelled();
 }
 
 bool MediaWalk::IsWanted(std::string_view file) const {

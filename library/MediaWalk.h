@@ -2,11 +2,17 @@
 //
 // It goes fifteen levels deep: the start folder, and fourteen levels under it. Every level is a routine of
 // its own that calls the next one, so nothing can take it deeper. It runs on the user-interface thread and
-// yields after each sub folder; whatever happens meanwhile may cancel it.
+// yields after each sub folder, and every now and then within a long one; whatever happens meanwhile may
+// cancel it.
+//
+// A folder that links lead to on several ways gives its files once, so that a web of links has an end. It is
+// searched again only when it is met on a level nearer to the start, from where the walk reaches deeper.
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "controls/Lists.h"
 #include "controls/Simple.h"
@@ -38,23 +44,29 @@ public:
     void Search(std::string_view start_folder);
     /// Ends the walk at its next step.
     void Cancel() { cancelled_ = true; }
-    /// Adds the matching files of one folder to lstFiles. A folder that cannot be read has none.
-    void GetFiles(std::string_view folder);
+    /// The last search was cancelled.
+    bool WasCancelled() const { return cancelled_; }
+    /// Folders of the last search that could not be read.
+    int UnreadableFolders() const { return unreadable_folders_; }
 
 private:
     template <int kLevel>
-    void SearchSubFolders(const std::string& folder, const ports::FolderListing& listing);
-    ports::FolderListing Visit(const std::string& folder);
-    void AddFiles(std::string_view folder, const ports::FolderListing& listing);
+    void SearchSubFolders(const std::string& folder, const std::vector<std::string>& names);
+    std::vector<std::string> Visit(const std::string& folder, int level);
+    void GetFiles(std::string_view folder, const std::vector<std::string>& names);
+    void AddFile(std::string_view folder, std::string_view name);
     bool IsWanted(std::string_view file) const;
     bool MaySearchSubFolders();
     bool IsCancelled() const { return cancelled_ || loop_.IsEnding(); }
+    bool YieldAndGoOn();
 
     WalkControls controls_;
     MainWindow& main_window_;
     ports::Files& files_;
     ports::Dialogs& dialogs_;
     ports::EventLoop& loop_;
+    std::map<ports::FolderIdentity, int> levels_;  // the level each folder was met on
+    int unreadable_folders_ = 0;
     bool cancelled_ = false;
 };
 

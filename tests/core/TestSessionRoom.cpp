@@ -134,6 +134,16 @@ TEST_F(SessionRoom, LogOutGoesBackToTheLogin) {
     EXPECT_TRUE(near.Log.empty());
 }
 
+TEST_F(SessionRoom, LogOutTakesTheAddDialogAway) {
+    LogIn();
+    w.frmAddMedia.Show();
+
+    w.mnuLogout.Click.Raise();
+
+    EXPECT_FALSE(w.frmAddMedia.IsLoaded());
+    EXPECT_EQ(near.Log, (std::vector<std::string>{"Unload frmAddMedia"}));
+}
+
 TEST_F(SessionRoom, LogOutAsksAboutOpenTabsAndClosesThemAll) {
     LogIn();
     near.TabsVisible = {false, true, false, true};

@@ -34,6 +34,8 @@ struct AddMediaDialog {
         Form.cmdGetFiles.Click.Raise();
         Desktop.Advance(kFiveTicks);
     }
+    void ClickAdd() { Form.imgAddOver.Click.Raise(); }
+    void ClickAddAll() { Form.imgAddAllOver.Click.Raise(); }
     /// The songs as the file holds them, with blanks around nothing: key, artist, title, path, play count.
     std::vector<fakes::SeededStores::Row> Songs() { return Stores.Rows("tblSong"); }
 

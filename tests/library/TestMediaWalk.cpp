@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/DrivePath.h"
 #include "library/AddMediaDialog.h"
 
 namespace {
@@ -140,7 +141,7 @@ TEST_F(MediaWalkTest, ThePatternSaysWhichKindsAreCollected) {
     for (const auto& [row, names] : cases) {
         lstPattern.SetListIndex(row);
         lstFiles.Clear();
-        Walk.GetFiles("C:\\Music");
+        Walk.Search("C:\\Music");
 
         Rows paths;
         for (const std::string& name : names)
@@ -154,7 +155,7 @@ TEST_F(MediaWalkTest, TheCountGrowsByOneForEachFile) {
     Files.AddFile("C:\\Music\\b.mp3");
     lblTotalFiles.SetCaption("5");
 
-    Walk.GetFiles("C:\\Music");
+    Walk.Search("C:\\Music");
 
     EXPECT_EQ(lblTotalFiles.Caption(), "7");
 }
@@ -212,6 +213,94 @@ TEST_F(MediaWalkTest, TheEndOfTheProgramEndsTheWalk) {
     Walk.Search("C:\\Music");
 
     EXPECT_EQ(RowsOf(lstFiles), (Rows{"C:\\Music\\A\\a.mp3"}));
+}
+
+TEST_F(MediaWalkTest, ALongFolderYieldsOnTheWay) {
+    for (int i = 0; i < 2000; ++i)
+        Files.AddFile("C:\\Music\\" + std::to_string(i) + ".mp3");
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(lstFiles.ListCount(), 2000);
+    EXPECT_EQ(lblTotalFiles.Caption(), "2000");
+    EXPECT_GE(Desktop.Yields, 2000 / 512 + 2000 / 256);
+}
+
+TEST_F(MediaWalkTest, ACancelInALongStartFolderAsksNothing) {
+    Main.SubFolders = false;
+    for (int i = 0; i < 2000; ++i)
+        Files.AddFile("C:\\Music\\" + std::to_string(i) + ".mp3");
+    Desktop.Post([this] { Walk.Cancel(); });
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_TRUE(Dialogs.Boxes.empty());
+    EXPECT_TRUE(Walk.WasCancelled());
+    EXPECT_EQ(Walk.UnreadableFolders(), 0);
+}
+
+TEST_F(MediaWalkTest, TheQuestionComesEvenWhenThereIsNoSubFolder) {
+    Main.SubFolders = false;
+    Files.AddFile("C:\\Music\\a.mp3");
+    Dialogs.Answers = {ports::BoxAnswer::Yes};
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(Dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(lstFiles.ListCount(), 1);
+}
+
+TEST_F(MediaWalkTest, LinksToAFolderGiveItsFilesOnce) {
+    Files.AddFile("C:\\Music\\Album\\a.mp3");
+    Files.AddFile("C:\\Elsewhere\\b.mp3");
+    Files.AddLink("C:\\Music\\Best of", "C:\\Music\\Album");
+    Files.AddLink("C:\\Music\\More", "C:\\Elsewhere");
+    Files.AddLink("C:\\Music\\Still more", "C:\\Elsewhere");
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(RowsOf(lstFiles), (Rows{"C:\\Music\\Album\\a.mp3", "C:\\Music\\More\\b.mp3"}));
+}
+
+TEST_F(MediaWalkTest, AWebOfLinksHasAnEnd) {
+    constexpr int kFolders = 9;
+    const auto folder = [](int number) { return "C:\\Music\\" + std::to_string(number); };
+    for (int from = 0; from < kFolders; ++from) {
+        Files.AddFile(folder(from) + "\\song.mp3");
+        for (int to = 0; to < kFolders; ++to)
+            Files.AddLink(folder(from) + "\\to " + std::to_string(to), folder(to));
+    }
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(lstFiles.ListCount(), kFolders);
+    EXPECT_LT(Desktop.Yields, kFolders * kFolders * library::MediaWalk::kLevels);
+}
+
+TEST_F(MediaWalkTest, AFolderThatALinkShowedFarFromTheStartIsSearchedWholeFromNearer) {
+    Files.AddFile(FolderAtLevel(14) + "\\deep.mp3");
+    Files.AddFile("C:\\1\\Near\\Below\\Bottom\\song.mp3");
+    Files.AddFile("C:\\1\\Near\\near.mp3");
+    Files.AddLink(FolderAtLevel(14) + "\\link", "C:\\1\\Near");
+
+    Walk.Search("C:\\1");
+
+    EXPECT_EQ(RowsOf(lstFiles),
+              (Rows{FolderAtLevel(14) + "\\deep.mp3", FolderAtLevel(14) + "\\link\\near.mp3",
+                    "C:\\1\\Near\\Below\\Bottom\\song.mp3"}));
+}
+
+TEST_F(MediaWalkTest, OddNamesAreFoundWhateverTheirBytesAre) {
+    for (const std::string_view name : {"line\nbreak.mp3", "\"quoted\".mp3", "it's.mp3", "back\\slash.mp3",
+                                        "Bj\xF6rk.mp3", "tab\t.wma", " .mid", "\xEF\x80\x8A.wav"}) {
+        Files.AddFile("C:\\Music\\" + base::NameToText(name));
+    }
+
+    Walk.Search("C:\\Music");
+
+    EXPECT_EQ(lstFiles.ListCount(), 8);
+    for (const std::string& path : RowsOf(lstFiles))
+        EXPECT_TRUE(Files.FileExists(path)) << path;
 }
 
 }  // namespace

@@ -67,6 +67,46 @@ TEST_F(LibraryStory, MediaIsFoundInAFolderAndBelowItAndAdded) {
     EXPECT_EQ(songs[1][3], "C:\\Music\\Deep\\Moon - Fall.mp3");
 }
 
+TEST_F(LibraryStory, LoggingOutEndsAnAddingAndKeepsWhatIsAdded) {
+    for (int i = 0; i < 9; ++i)
+        computer.AddSong("C:\\Music\\" + std::to_string(i) + ".mp3");
+    Program program(computer);
+    program.dialogs.Answers = {ports::BoxAnswer::Yes};
+    program.StartAndLogIn("Ann", "rose");
+    auto& dialog = program.windows.add_media;
+    ASSERT_TRUE(dialog.Dir1.SetPath("C:\\Music"));
+    program.Click(dialog.cmdGetFiles);
+    program.Wait(500);
+    program.desktop.Post([&program] { program.Browser().menus.mnuLogout.Click.Raise(); });
+
+    program.Click(dialog.imgAddAllOver);
+
+    EXPECT_EQ(computer.database.Rows(scenario::kMediaPath, "tblSong").size(), 1U);
+    EXPECT_TRUE(program.windows.login.frmLogin.Visible());
+    EXPECT_FALSE(program.Browser().Visible());
+    EXPECT_FALSE(dialog.frmAddMedia.Visible());
+}
+
+TEST_F(LibraryStory, TheProgramEndsInTheMiddleOfAnAddingAndKeepsWhatIsAdded) {
+    for (int i = 0; i < 9; ++i)
+        computer.AddSong("C:\\Music\\" + std::to_string(i) + ".mp3");
+    Program program(computer);
+    program.dialogs.Answers = {ports::BoxAnswer::Yes};
+    program.StartAndLogIn("Ann", "rose");
+    auto& dialog = program.windows.add_media;
+    ASSERT_TRUE(dialog.Dir1.SetPath("C:\\Music"));
+    program.Click(dialog.cmdGetFiles);
+    program.Wait(500);
+    program.desktop.Post([&program] { program.Browser().menus.mnuExit.Click.Raise(); });
+
+    program.Click(dialog.imgAddAllOver);
+
+    EXPECT_EQ(computer.database.Rows(scenario::kMediaPath, "tblSong").size(), 1U);
+    EXPECT_TRUE(program.ended);
+    EXPECT_FALSE(program.Browser().Visible());
+    EXPECT_FALSE(dialog.frmAddMedia.IsLoaded());
+}
+
 TEST_F(LibraryStory, TheButtonBesideTheSearchBoxOpensTheDialogAgain) {
     computer.AddToLibrary(1, "Sun", "Rise");
     Program program(computer);
