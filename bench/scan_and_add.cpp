@@ -41,7 +41,10 @@ public:
     EventWatch(const EventWatch&) = delete;
     EventWatch& operator=(const EventWatch&) = delete;
 
-    double LongestWait() const { return longest_; }
+    /// That of the event that still waits counts.
+    double LongestWait() const {
+        return is_waiting_ ? std::max(longest_, MillisecondsSince(sent_)) : longest_;
+    }
     void Forget() { longest_ = 0; }
 
 protected:
