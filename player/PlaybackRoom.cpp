@@ -44,6 +44,10 @@ void PlaybackRoom::EndOfSongCode() {
     PlaySong(ChooseNextSong());
 }
 
+void PlaybackRoom::PassOverSong() {
+    if (!IsEveryTrackMissing()) EndOfSongCode();
+}
+
 void PlaybackRoom::GetSongInfo(std::int64_t song_id) {
     if (const auto path = parts_.songs.PathOf(song_id)) PlaySong(*path);
 }
@@ -62,17 +66,20 @@ bool PlaybackRoom::IsEveryTrackMissing() {
     controls_.lblNoFile.SetVisible(true);
     ++state_.MissingTrackCount;
     if (state_.MissingTrackCount < parts_.order.Count()) return false;
+    // With nothing open the ticks would go on looking for the next song.
+    if (state_.FramesPerSecond < 0) state_.PlayerStopped = true;
     neighbours_.dialogs.MsgBox(kEveryTrackMissing);
     return true;
 }
 
 void PlaybackRoom::StartSong(const std::string& filename) {
+    const std::int32_t missing_before = state_.MissingTrackCount;
     NoteStart(filename);
     CountThePlay(filename);
     if (!BeginPlaying()) return;
     PrepareVideoWindow(filename);
     roles_.video.ShowOrHideWindow();
-    OpenOnFreeAlias(filename);
+    if (!OpenOnFreeAlias(filename)) state_.MissingTrackCount = missing_before;
     MeasureSong();
     ShowTitle(filename);
     SendNowPlaying();
@@ -128,17 +135,19 @@ void PlaybackRoom::PrepareVideoWindow(const std::string& filename) {
     }
 }
 
-void PlaybackRoom::OpenOnFreeAlias(const std::string& filename) {
+/// False when the song could not be opened.
+bool PlaybackRoom::OpenOnFreeAlias(const std::string& filename) {
     const bool a_playing = mci_.MciStatusMode("a") == "playing";
     const bool b_playing = mci_.MciStatusMode("b") == "playing";
     const AliasRow& row = ChooseAlias(a_playing, b_playing, state_.CurrentAlias);
     mci_.MciClose(row.alias);
-    mci_.MciOpen(roles_.video.ParentHandle(), row.alias, filename, kDeviceType);
+    const std::string opened = mci_.MciOpen(roles_.video.ParentHandle(), row.alias, filename, kDeviceType);
     if (row.silent) mci_.MciSetVolume(row.alias, "all", 0);
     mci_.MciPlay(row.alias, "", "");
     StartFadeOf(row);
     state_.CurrentAlias = row.alias;
     controls_.lblFileNowPlaying.SetCaption(filename);
+    return opened == kMciSuccess;
 }
 
 void PlaybackRoom::StartFadeOf(const AliasRow& row) {

@@ -61,6 +61,7 @@ public:
     /// tried as the play order has rows; a box then says so.
     void PlaySong(std::string_view filename) override;
     void EndOfSongCode() override;
+    void PassOverSong() override;
     void GetSongInfo(std::int64_t song_id) override;
     /// Plays the entry before the current one in the play order.
     void PreviousTrack();
@@ -81,7 +82,7 @@ private:
     void CountThePlay(const std::string& filename);
     bool BeginPlaying();
     void PrepareVideoWindow(const std::string& filename);
-    void OpenOnFreeAlias(const std::string& filename);
+    bool OpenOnFreeAlias(const std::string& filename);
     void StartFadeOf(const AliasRow& row);
     void MeasureSong();
     void ShowTitle(const std::string& filename);

@@ -11,7 +11,7 @@ struct PlaybackState {
     std::string CurrentAlias;
     /// Set by Stop and by closing the music tab; the position tick does nothing meanwhile.
     bool PlayerStopped = true;
-    /// Tracks in a row that were missing or no media; wide enough for any list.
+    /// Tracks in a row that were missing, no media or not to be opened; wide enough for any list.
     std::int32_t MissingTrackCount = 0;
     /// Of the current song; 0 or -1 when it could not be opened.
     std::int16_t FramesPerSecond = 0;

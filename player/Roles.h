@@ -13,6 +13,8 @@ public:
     virtual void PlaySong(std::string_view filename) = 0;
     /// Chooses and starts the next song.
     virtual void EndOfSongCode() = 0;
+    /// Goes on behind a song that could not be opened; it counts as a missing one.
+    virtual void PassOverSong() = 0;
     /// Plays the song with that number; nothing when there is none.
     virtual void GetSongInfo(std::int64_t song_id) = 0;
 };

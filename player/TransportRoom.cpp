@@ -79,7 +79,16 @@ bool TransportRoom::IsAtStartFade() const {
     return controls_.lblProgress.Right() > lblStartFade_.Left();
 }
 
+/// The song that was started last could not be opened.
+bool TransportRoom::HasNoSong() {
+    return state_.FramesPerSecond < 0 && mci_.MciStatusMode(state_.CurrentAlias) == kMciModeError;
+}
+
 bool TransportRoom::EndSongWhenDue() {
+    if (HasNoSong()) {
+        roles_.player.PassOverSong();
+        return true;
+    }
     if (IsAtStartFade()) {
         roles_.panning.SetPanningRunning(false);
     } else if (mci_.MciPercentPlayed(state_.CurrentAlias) != 100) {

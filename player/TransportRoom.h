@@ -3,7 +3,8 @@
 // on the bar.
 //
 // A song ends when the right edge of lblProgress is past lblStartFade, which starts a crossfade, or when the
-// percent played rounds to 100. While PlayerStopped stands a tick asks the device nothing.
+// percent played rounds to 100; one that could not be opened ends at the first tick. While PlayerStopped
+// stands a tick asks the device nothing.
 #pragma once
 
 #include <string>
@@ -44,6 +45,7 @@ private:
     void MoveMarker();
     void ShowRunningTime();
     bool IsAtStartFade() const;
+    bool HasNoSong();
     bool EndSongWhenDue();
     void ShowEmptyTimeWithoutTotal();
     bool HasSong() const { return !lblTrack_.Caption().empty(); }

@@ -162,6 +162,15 @@ struct PlayerHouse {
         return path;
     }
 
+    /// A file that exists and cannot be opened.
+    std::string AddBrokenSong(std::string_view name) {
+        std::string path = "C:\\m\\" + std::string(name);
+        files.AddFile(path);
+        library.Existing.insert(path);
+        device.AddBroken(files.GetShortPathName(path));
+        return path;
+    }
+
     /// A row of the visible tracks.
     void AddTrack(std::string_view text, std::string_view entry) {
         lstTracks.AddItem(text);

@@ -198,6 +198,49 @@ TEST(PlaybackRoom, LeavesTheDisplayWhenASongCannotBeOpened) {
     EXPECT_DOUBLE_EQ(house.controls.transport.picSongProgress.ScaleWidth(), 61);
 }
 
+TEST(PlaybackRoom, MovesOnFromASongThatCannotBeOpened) {
+    PlayerHouse house;
+    house.AddTrack("broken", house.AddBrokenSong("broken.mp3"));
+    house.AddTrack("good", house.AddSong("good.mp3"));
+    house.DoubleClickTrack(0);
+    const bool stood_there = house.NowPlaying() == "C:\\m\\broken.mp3";
+
+    house.RunFor(50);
+
+    EXPECT_TRUE(stood_there);
+    EXPECT_EQ(house.PlayingOn("a"), "C:\\m\\good.mp3");
+    EXPECT_EQ(house.state.MissingTrackCount, 0);
+    EXPECT_FALSE(house.controls.transport.lblNoFile.Visible());
+}
+
+TEST(PlaybackRoom, SaysOnceThatNoSongOfAListCanBeOpened) {
+    PlayerHouse house;
+    house.AddTrack("one", house.AddBrokenSong("one.mp3"));
+    house.AddTrack("two", house.AddBrokenSong("two.mp3"));
+    house.AddTrack("three", "C:\\m\\missing.mp3");
+    house.DoubleClickTrack(0);
+
+    house.RunFor(2000);
+
+    ASSERT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(house.dialogs.Boxes[0].text, "Every track in this playlist is missing!");
+    EXPECT_TRUE(house.state.PlayerStopped);
+    EXPECT_TRUE(house.controls.transport.lblNoFile.Visible());
+}
+
+TEST(PlaybackRoom, RepeatsASongThatCannotBeOpenedNoMoreThanTheListIsLong) {
+    PlayerHouse house;
+    house.AddTrack("broken", house.AddBrokenSong("broken.mp3"));
+    house.AddTrack("good", house.AddSong("good.mp3"));
+    house.controls.transport.imgRepeat.SetVisible(true);
+    house.DoubleClickTrack(0);
+
+    house.RunFor(1000);
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_TRUE(house.state.PlayerStopped);
+}
+
 TEST(PlaybackRoom, RepeatsTheSongWhileACueWaits) {
     PlayerHouse house;
     const auto song = house.AddSong("a.mp3");
