@@ -1,0 +1,56 @@
+#include "real/damage/LivePlayer.h"
+
+#include <thread>
+
+namespace damage {
+
+using Clock = std::chrono::steady_clock;
+
+LivePlayer::LivePlayer() : now_(Clock::now()) {
+    controls.PutInto(frmBrowser, frmBrowser);
+    desktop.Adopt(frmBrowser);
+    desktop.Adopt(frmVideo);
+    stores.Bind(datSong, "tblSong");
+    menu.mnuFadeOff.Click.Raise();
+    menu.mnuPanOff.SetChecked(true);
+    // The next song starts at the end of the one before.
+    state.FadeSeconds = 0;
+}
+
+void LivePlayer::AddTrack(std::string_view native_path) {
+    const std::string path = files.FromNative(native_path);
+    lstTracks.AddItem(library::FileNameOf(path));
+    lstMaybe.AddItem(path);
+    ListMaybeChanged = true;
+}
+
+void LivePlayer::DoubleClickTrack(int row) {
+    lstTracks.SetListIndex(row);
+    lstTracks.DblClick.Raise();
+}
+
+void LivePlayer::CatchUp() {
+    const auto passed = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - now_);
+    now_ += passed;
+    desktop.Advance(static_cast<int>(passed.count()));
+}
+
+bool LivePlayer::RunUntil(const std::function<bool()>& done, double seconds) {
+    const auto until = Clock::now() + std::chrono::duration<double>(seconds);
+    while (!done()) {
+        if (Clock::now() > until) return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        CatchUp();
+    }
+    return true;
+}
+
+std::string LivePlayer::NowPlaying() const {
+    return files.ToNative(controls.transport.lblFileNowPlaying.Caption());
+}
+
+bool LivePlayer::IsPlaying() {
+    return mci.MciStatusMode(state.CurrentAlias) == "playing";
+}
+
+}  // namespace damage

@@ -1,0 +1,118 @@
+// Plays damaged files of one kind, each followed by a good song, and tells what came of each:
+//
+//     damage_player KIND NUMBER...
+//
+// A line "begin" stands before each damage, so that one that ends the process is known by name. "ok" is a
+// damage after which the next song started; how it got there is behind it.
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+
+#include "real/damage/Damages.h"
+#include "real/damage/LivePlayer.h"
+#include "real/sound/GeneratedMedia.h"
+#include "real/sound/PrivateSound.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using damage::LivePlayer;
+
+/// Nothing may take longer: neither a command nor the way to the next song.
+constexpr double kBound = 6;
+/// The good songs, damaged or following.
+constexpr double kSongSeconds = 0.8;
+/// A damaged file that still plays after this long has become a long one; the person goes on to the next.
+constexpr double kPatience = 3;
+
+std::string ContentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string MakePicture(const sound::GeneratedMedia& files, const std::string& name) {
+    std::string path = files.Path(name);
+    sound::Child draw({"ffmpeg", "-y", "-loglevel", "error", "-f", "lavfi", "-i", "testsrc=size=160x120",
+                       "-frames:v", "1", path});
+    return draw.Wait(20) == 0 ? path : std::string();
+}
+
+std::string MakeMedia(sound::GeneratedMedia& files, const std::string& name) {
+    if (name.ends_with(".jpeg")) return MakePicture(files, name);
+    return files.Make(name, {.seconds = kSongSeconds});
+}
+
+class Bench {
+public:
+    explicit Bench(std::string kind)
+        : kind_(std::move(kind)),
+          original_(ContentOf(MakeMedia(files_, "good." + kind_))),
+          other_(ContentOf(MakeMedia(files_, kind_ == "avi" ? "other.mp3" : "other.avi"))),
+          next_(MakeMedia(files_, "next.wav")) {}
+
+    bool IsReady() const {
+        return server_.IsRunning() && !original_.empty() && !other_.empty() && !next_.empty();
+    }
+
+    /// True when the next song started.
+    bool Try(int number) {
+        const std::string path =
+            files_.Write("damaged" + std::to_string(number) + "." + kind_,
+                         number < 0 ? original_ : damage::Damaged(original_, other_, number));
+        LivePlayer player;
+        player.AddTrack(path);
+        player.AddTrack(next_);
+        const auto begin = Clock::now();
+        player.DoubleClickTrack(0);
+        const double start = SecondsSince(begin);
+        if (start > kBound) return Tell("FAILED", start, "starting took too long");
+        const auto next_plays = [&] {
+            return player.NowPlaying() == next_ && player.IsPlaying() && player.Place() > 0;
+        };
+        if (player.RunUntil(next_plays, kPatience)) return Tell("ok", SecondsSince(begin), "by itself");
+        const bool plays = player.NowPlaying() == path && player.IsPlaying();
+        if (!plays) return Tell("FAILED", SecondsSince(begin), "stands still");
+        player.Next();
+        if (!player.RunUntil(next_plays, kBound))
+            return Tell("FAILED", SecondsSince(begin), "next did not start");
+        return Tell("ok", SecondsSince(begin), "by hand");
+    }
+
+private:
+    static double SecondsSince(Clock::time_point then) {
+        return std::chrono::duration<double>(Clock::now() - then).count();
+    }
+    static bool Tell(const char* outcome, double seconds, const char* how) {
+        std::printf("%s %.2f %s\n", outcome, seconds, how);
+        std::fflush(stdout);
+        return outcome[0] == 'o';
+    }
+
+    sound::PrivateSound server_;
+    sound::GeneratedMedia files_;
+    std::string kind_;
+    std::string original_;
+    std::string other_;
+    std::string next_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 2) return EXIT_FAILURE;
+    Bench bench(argv[1]);
+    if (!bench.IsReady()) return EXIT_FAILURE;
+    bool all_well = true;
+    for (int i = 2; i < argc; ++i) {
+        const int number = std::atoi(argv[i]);
+        const std::string name = number < 0 ? "no damage" : std::string(damage::NameOf(number));
+        std::printf("begin %s %d %s\n", argv[1], number, name.c_str());
+        std::fflush(stdout);
+        all_well = bench.Try(number) && all_well;
+    }
+    return all_well ? EXIT_SUCCESS : 3;
+}
