@@ -61,7 +61,9 @@ int Device::Play(const Command& command) {
         if (const int error = ReadPlace(*command.to, to)) return error;
     }
     if (from > to) return kOutOfRange;
-    const std::int64_t stop = to >= length ? -1 : to;
+    // The length as it is told is rounded; played to there, nothing of the end is cut.
+    const bool to_end = to >= length || (command.to && *command.to >= FromNanoseconds(length));
+    const std::int64_t stop = to_end ? -1 : to;
     const bool same_place = !command.from && stop == share_->wish.stop;
     share_->wish.stop = stop;
     if (!same_place && (from != Position() || stop >= 0)) JumpTo(from);
@@ -188,8 +190,9 @@ std::int64_t Device::Position() {
         if (share.place_wanted) share.changed.notify_all();
     }
     const std::int64_t end = share.wish.stop < 0 ? share.facts.length : share.wish.stop;
-    position =
-        std::clamp<std::int64_t>(std::max(position, share.last_told), 0, std::max<std::int64_t>(end, 0));
+    position = std::max<std::int64_t>({position, share.last_told, 0});
+    // A file that did not tell its length ends when it ends.
+    if (end > 0) position = std::min(position, end);
     share.last_told = position;
     return position;
 }

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "platform/gstreamer/MciErrors.h"
+#include "platform/gstreamer/MidiFile.h"
 
 namespace gstreamer {
 namespace {
@@ -62,6 +63,14 @@ double FrameRateOf(GstElement* picture) {
     return numerator > 0 && denominator > 0 ? static_cast<double>(numerator) / denominator : kUsualFrameRate;
 }
 
+/// Something has come in.
+bool HasFormat(GstElement* element) {
+    GstPad* const pad = gst_element_get_static_pad(element, "sink");
+    const bool has_format = gst_pad_has_current_caps(pad) != FALSE;
+    gst_object_unref(pad);
+    return has_format;
+}
+
 int RateOf(GstPad* pad) {
     GstCaps* const caps = gst_pad_get_current_caps(pad);
     if (caps == nullptr) return 0;
@@ -95,6 +104,18 @@ bool HasStartedTask(GstElement* element) {
     }
     GST_OBJECT_UNLOCK(element);
     return started;
+}
+
+// The parser of MIDI files takes part only where it is sure to come out of it again.
+void RefuseMidi(GstElement* playbin) {
+    const auto refuse = +[](GstElement*, GstElement* element, gpointer) {
+        const GstElementFactory* const factory = gst_element_get_factory(element);
+        if (factory == nullptr || g_strcmp0(GST_OBJECT_NAME(factory), "midiparse") != 0) return;
+        GstPad* const pad = gst_element_get_static_pad(element, "sink");
+        gst_pad_set_activate_function(pad, [](GstPad*, GstObject*) -> gboolean { return FALSE; });
+        gst_object_unref(pad);
+    };
+    g_signal_connect(playbin, "element-setup", G_CALLBACK(refuse), nullptr);
 }
 
 }  // namespace
@@ -166,7 +187,7 @@ void Pipeline::Close() {
     if (playbin_ == nullptr) return;
     gst_element_set_state(playbin_, GST_STATE_NULL);
     gst_object_unref(playbin_);
-    playbin_ = picture_ = nullptr;
+    playbin_ = picture_ = sound_ = nullptr;
     window_.reset();
 }
 
@@ -180,6 +201,7 @@ int Pipeline::Open(const std::string& native_path, std::int64_t parent, bool sil
         if (error != kNotReady) break;
     }
     origin_ = error == kNoError ? std::max<std::int64_t>(QueryPosition(), 0) : 0;
+    if (error == kNoError && IsStill()) error = kInvalidFile;
     if (error == kNoError && Facts().is_video) ShowPicture();
     return error == kNotReady ? kInvalidFile : error;
 }
@@ -191,9 +213,11 @@ bool Pipeline::Build(const std::string& native_path, std::int64_t parent, bool s
     gst_object_ref_sink(playbin_);
     gchar* const uri = gst_filename_to_uri(native_path.c_str(), nullptr);
     picture_ = MakePictureSink(parent);
-    g_object_set(playbin_, "uri", uri, "flags", kPlayPicturesAndSound, "audio-sink", MakeSoundBin(silent),
-                 "video-sink", picture_, nullptr);
+    sound_ = MakeSoundBin(silent);
+    g_object_set(playbin_, "uri", uri, "flags", kPlayPicturesAndSound, "audio-sink", sound_, "video-sink",
+                 picture_, nullptr);
     g_free(uri);
+    if (!IsWholeMidiFile(native_path)) RefuseMidi(playbin_);
     GstBus* const bus = gst_element_get_bus(playbin_);
     gst_bus_set_sync_handler(bus, OnMessage, events_.get(), nullptr);
     gst_object_unref(bus);
@@ -230,6 +254,10 @@ bool Pipeline::HasWorkingThread() const {
     return result == GST_ITERATOR_RESYNC || g_value_get_boolean(&found) != FALSE;
 }
 
+bool Pipeline::IsStill() const {
+    return !HasFormat(sound_) && Facts().length <= 0;
+}
+
 bool Pipeline::Seek(std::int64_t position, std::int64_t stop, double rate) {
     events_->Clear();
     gain_->Snap();
@@ -254,10 +282,9 @@ std::int64_t Pipeline::QueryPosition() const {
 MediaFacts Pipeline::Facts() const {
     MediaFacts facts;
     gint64 length = 0;
-    if (gst_element_query_duration(playbin_, GST_FORMAT_TIME, &length) != FALSE) facts.length = length;
-    GstPad* const pad = gst_element_get_static_pad(picture_, "sink");
-    facts.is_video = gst_pad_has_current_caps(pad) != FALSE;
-    gst_object_unref(pad);
+    if (gst_element_query_duration(playbin_, GST_FORMAT_TIME, &length) != FALSE)
+        facts.length = std::max<std::int64_t>(length, 0);
+    facts.is_video = HasFormat(picture_);
     if (facts.is_video) facts.frames_per_second = FrameRateOf(picture_);
     return facts;
 }

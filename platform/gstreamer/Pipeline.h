@@ -81,6 +81,8 @@ private:
     bool Build(const std::string& native_path, std::int64_t parent, bool silent);
     int Prepare(std::chrono::milliseconds patience);
     bool HasWorkingThread() const;
+    /// Neither sound nor a length: a photograph, or nothing that can be played.
+    bool IsStill() const;
     void SetState(GstState state);
     std::int64_t QueryPosition() const;
     GstElement* MakeSoundSink(bool silent);
@@ -93,7 +95,8 @@ private:
     std::shared_ptr<Gain> gain_;
     std::unique_ptr<EventQueue> events_;
     GstElement* playbin_ = nullptr;
-    GstElement* picture_ = nullptr;  // owned by the playbin
+    GstElement* picture_ = nullptr;  // owned by the playbin, as the next
+    GstElement* sound_ = nullptr;
     std::unique_ptr<PictureWindow> window_;
     std::int64_t origin_ = 0;  // where the file's own count of time begins
     bool silent_ = false;

@@ -95,11 +95,19 @@ private:
 
     void HasEnded() {
         if (share_.wish.jump != jump_) return;
+        if (stop_ < 0) LearnLength();
         share_.mode = Mode::Stopped;
         share_.wish.playing = false;
         share_.anchor = {.position = stop_ < 0 ? share_.facts.length : stop_, .at = {}, .running = false};
         share_.last_told = share_.anchor.position;
         ended_ = true;
+    }
+
+    // A file that did not tell its length ends where it got to, one frame behind its start at least.
+    void LearnLength() {
+        std::int64_t& length = share_.facts.length;
+        if (length <= 0) length = LikelyPlace();
+        length = std::max(length, static_cast<std::int64_t>(1e9 / share_.facts.frames_per_second));
     }
 
     // The sound server is gone, or the file cannot be read on: the song runs on without sound, or ends.
@@ -120,8 +128,8 @@ private:
         const Anchor& anchor = share_.anchor;
         if (!anchor.running) return anchor.position;
         const std::chrono::duration<double, std::nano> passed = Anchor::Clock::now() - anchor.at;
-        return std::min(anchor.position + static_cast<std::int64_t>(passed.count() * rate_),
-                        share_.facts.length);
+        const std::int64_t place = anchor.position + static_cast<std::int64_t>(passed.count() * rate_);
+        return share_.facts.length > 0 ? std::min(place, share_.facts.length) : place;
     }
 
     void Measure(Lock& lock) {
@@ -163,6 +171,8 @@ private:
         heard_left_ = share_.gain->Left();
         heard_right_ = share_.gain->Right();
         pipeline_.Seek(position, stop_, rate_);
+        // A jump that meets the start of playing can leave the pipeline paused.
+        if (playing_) pipeline_.Play();
         last_place_ = position;
         return true;
     }

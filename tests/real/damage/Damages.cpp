@@ -134,12 +134,12 @@ constexpr std::array<Damage, kDamages> kTable{{
 }  // namespace
 
 std::string_view NameOf(int number) {
-    return kTable.at(static_cast<std::size_t>(number)).name;
+    return kTable.at(static_cast<std::size_t>(number % kDamages)).name;
 }
 
 std::string Damaged(std::string bytes, const std::string& other, int number) {
     const auto seed = static_cast<std::uint32_t>(number * 7919 + static_cast<int>(bytes.size() % 100'003));
-    return kTable.at(static_cast<std::size_t>(number))
+    return kTable.at(static_cast<std::size_t>(number % kDamages))
         .apply({.bytes = std::move(bytes), .other = other, .places = std::mt19937(seed)});
 }
 

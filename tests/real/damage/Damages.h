@@ -11,7 +11,7 @@ namespace damage {
 
 inline constexpr int kDamages = 40;
 
-/// `number` is 0 to kDamages - 1.
+/// `number` is 0 to kDamages - 1; beyond, the same damages come again at other places.
 std::string_view NameOf(int number);
 
 /// The bytes of a good file after a damage; `other` is a good file of another kind, for a head or a content

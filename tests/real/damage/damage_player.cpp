@@ -75,19 +75,26 @@ public:
         };
         if (player.RunUntil(next_plays, kPatience)) return Tell("ok", SecondsSince(begin), "by itself");
         const bool plays = player.NowPlaying() == path && player.IsPlaying();
-        if (!plays) return Tell("FAILED", SecondsSince(begin), "stands still");
+        if (!plays) return Tell("FAILED", SecondsSince(begin), "stands still" + StateOf(player));
+        const std::string state = StateOf(player);
         player.Next();
         if (!player.RunUntil(next_plays, kBound))
             return Tell("FAILED", SecondsSince(begin), "next did not start");
-        return Tell("ok", SecondsSince(begin), "by hand");
+        return Tell("ok", SecondsSince(begin), "by hand" + state);
     }
 
 private:
     static double SecondsSince(Clock::time_point then) {
         return std::chrono::duration<double>(Clock::now() - then).count();
     }
-    static bool Tell(const char* outcome, double seconds, const char* how) {
-        std::printf("%s %.2f %s\n", outcome, seconds, how);
+    static std::string StateOf(LivePlayer& player) {
+        return ", mode " + player.mci.MciStatusMode(player.state.CurrentAlias) + ", place " +
+               std::to_string(player.mci.MciPosition(player.state.CurrentAlias)) + ", length " +
+               std::to_string(player.mci.MciLengthFrames(player.state.CurrentAlias)) + ", " +
+               std::to_string(player.state.FramesPerSecond) + " frames a second";
+    }
+    static bool Tell(const char* outcome, double seconds, const std::string& how) {
+        std::printf("%s %.2f %s\n", outcome, seconds, how.c_str());
         std::fflush(stdout);
         return outcome[0] == 'o';
     }
