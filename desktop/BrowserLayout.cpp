@@ -334,6 +334,7 @@ void BrowserLayout::PlaceCueColumn() {
 void BrowserLayout::PlaceAddToPlaylist() {
     auto& panel = window_.library.playlists;
     SameRect(panel.fraAddToPlaylist, window_.chrome.fraMusicTab);
+    panel.SizeCenter(panel.fraAddToPlaylist.Width(), panel.fraAddToPlaylist.Height());
     Centre(panel.fraPlayListCenter, panel.fraAddToPlaylist);
     Fill(panel.imgBG2, panel.fraAddToPlaylist);
 }
@@ -341,6 +342,7 @@ void BrowserLayout::PlaceAddToPlaylist() {
 void BrowserLayout::PlaceTaskPanel() {
     auto& task = window_.library.task;
     SameRect(task.fraTask, CurrentBrowser());
+    task.SizeCenter(task.fraTask.Width());
     Centre(task.fraTaskCenter, task.fraTask);
     Fill(task.imgTaskBG, task.fraTask);
     SameRect(window_.web.tabs.BrowserBG, CurrentBrowser());

@@ -1,5 +1,7 @@
 #include "library/LibraryControls.h"
 
+#include <algorithm>
+
 namespace library {
 namespace {
 
@@ -7,6 +9,12 @@ constexpr double kPixel = controls::kTwipsPerPixel;
 
 void PlacePixels(controls::Control& control, int left, int top, int width, int height) {
     control.Move(left * kPixel, top * kPixel, width * kPixel, height * kPixel);
+}
+
+/// Whole pixels of a panel that its inside may take, at most `wanted`: a panel shows a margin around it.
+int Inside(double panel, int wanted) {
+    constexpr int kMargin = 8;
+    return std::min(wanted, static_cast<int>(panel / kPixel) - 2 * kMargin);
 }
 
 template <class... Hidden>
@@ -17,7 +25,6 @@ void Hide(Hidden&... controls) {
 void PlaceTwin(controls::Image& plain, controls::Image& over, int left, int top, int width, int height) {
     PlacePixels(plain, left, top, width, height);
     PlacePixels(over, left, top, width, height);
-    over.SetVisible(false);
 }
 
 }  // namespace
@@ -41,17 +48,7 @@ PlayListControls::PlayListControls() {
     fraPlayListCenter.Add(imgOk, imgOkOver, imgCancel, imgCancelOver, imgDeletePlayList,
                           imgDeletePlayListOver);
     Hide(fraAddToPlaylist, lblAddPlayListSongID, lblEntryCount2, imgAddSongOver, imgRemoveSongOver);
-
-    PlacePixels(fraPlayListCenter, 0, 0, 448, 400);
-    PlacePixels(lblAddToPlaylist, 16, 16, 416, 16);
-    PlacePixels(lblSongToAdd, 16, 48, 416, 16);
-    PlacePixels(txtSongToAdd, 16, 68, 288, 28);
-    PlacePixels(imgAddToPlaylist, 312, 68, 120, 28);
-    PlacePixels(lblChoosePlaylist, 16, 112, 416, 16);
-    PlacePixels(lstAddToPlaylist, 16, 132, 416, 208);
-    PlaceTwin(imgDeletePlayList, imgDeletePlayListOver, 16, 356, 120, 28);
-    PlaceTwin(imgOk, imgOkOver, 242, 356, 86, 28);
-    PlaceTwin(imgCancel, imgCancelOver, 336, 356, 96, 28);
+    Hide(imgOkOver, imgCancelOver, imgDeletePlayListOver);
 
     imgBG2.SetLook("ground");
     fraPlayListCenter.SetLook("panel");
@@ -78,6 +75,24 @@ PlayListControls::PlayListControls() {
     }
 }
 
+void PlayListControls::SizeCenter(double panel_width, double panel_height) {
+    const int width = Inside(panel_width, 448);
+    const int height = Inside(panel_height, 400);
+    const int inner = width - 32;
+    const int buttons = height - 44;
+    fraPlayListCenter.SetWidth(width * kPixel);
+    fraPlayListCenter.SetHeight(height * kPixel);
+    PlacePixels(lblAddToPlaylist, 16, 16, inner, 16);
+    PlacePixels(lblSongToAdd, 16, 48, inner, 16);
+    PlacePixels(txtSongToAdd, 16, 68, inner - 128, 28);
+    PlacePixels(imgAddToPlaylist, 16 + inner - 120, 68, 120, 28);
+    PlacePixels(lblChoosePlaylist, 16, 112, inner, 16);
+    PlacePixels(lstAddToPlaylist, 16, 132, inner, buttons - 148);
+    PlaceTwin(imgDeletePlayList, imgDeletePlayListOver, 16, buttons, 120, 28);
+    PlaceTwin(imgOk, imgOkOver, width - 206, buttons, 86, 28);
+    PlaceTwin(imgCancel, imgCancelOver, width - 112, buttons, 96, 28);
+}
+
 SearchControls::SearchControls() {
     fraSearch.Add(txtSearch, cmdAddToLibrary, tmrSearch);
     txtSearch.SetAccessibleName("Search tracks");
@@ -94,15 +109,6 @@ TaskControls::TaskControls() {
                       lblStatus);
     Hide(fraTask, lstTracksToAdd, lstartist, lsttitle, lstCleanup, lstcleanupremove);
 
-    PlacePixels(fraTaskCenter, 0, 0, 448, 192);
-    PlacePixels(lblTask, 24, 20, 400, 20);
-    PlacePixels(lblFound, 24, 56, 200, 20);
-    PlacePixels(lblFoundNo, 304, 56, 120, 20);
-    PlacePixels(lblDuplicatesRemoved, 24, 80, 200, 20);
-    PlacePixels(lblDuplicatesNoRemoved, 304, 80, 120, 20);
-    PlacePixels(pbTask, 24, 120, 400, 12);
-    PlacePixels(lblStatus, 24, 148, 400, 20);
-
     imgTaskBG.SetLook("ground");
     fraTaskCenter.SetLook("panel");
     lblTask.SetLook("heading");
@@ -112,6 +118,20 @@ TaskControls::TaskControls() {
     }
     lblStatus.SetLook("muted");
     pbTask.SetAccessibleName("Progress of the task");
+}
+
+void TaskControls::SizeCenter(double panel_width) {
+    const int width = Inside(panel_width, 448);
+    const int inner = width - 48;
+    fraTaskCenter.SetWidth(width * kPixel);
+    fraTaskCenter.SetHeight(192 * kPixel);
+    PlacePixels(lblTask, 24, 20, inner, 20);
+    PlacePixels(lblFound, 24, 56, inner - 120, 20);
+    PlacePixels(lblFoundNo, 24 + inner - 120, 56, 120, 20);
+    PlacePixels(lblDuplicatesRemoved, 24, 80, inner - 120, 20);
+    PlacePixels(lblDuplicatesNoRemoved, 24 + inner - 120, 80, 120, 20);
+    PlacePixels(pbTask, 24, 120, inner, 12);
+    PlacePixels(lblStatus, 24, 148, inner, 20);
 }
 
 }  // namespace library

@@ -33,10 +33,12 @@ struct LibraryListControls {
 };
 
 /// What adds songs to playlists and takes them out: the buttons of the pane, and the panel that asks for the
-/// playlist. The panel's inside is placed here once, in a fraPlayListCenter of a fixed size; the window
-/// centres it.
+/// playlist.
 struct PlayListControls {
     PlayListControls();
+    /// Sizes the panel's inside for a panel of that size, in twips, and places what is in it; the window
+    /// centres it.
+    void SizeCenter(double panel_width, double panel_height);
 
     controls::Image imgAddSong{"imgAddSong", "addsong"};
     controls::Image imgAddSongOver{"imgAddSongOver", "addsongover"};
@@ -81,10 +83,12 @@ struct OpenedMediaControls {
     controls::Label Label6{"Label6"};
 };
 
-/// The progress panel of the long library tasks, and their hidden lists. The panel's inside is placed here
-/// once, in a fraTaskCenter of a fixed size; the window centres it.
+/// The progress panel of the long library tasks, and their hidden lists.
 struct TaskControls {
     TaskControls();
+    /// Sizes the panel's inside for a panel of that width, in twips, and places what is in it; the window
+    /// centres it.
+    void SizeCenter(double panel_width);
 
     controls::Frame fraTask{"fraTask"};
     controls::Image imgTaskBG{"imgTaskBG"};

@@ -461,6 +461,23 @@ TEST_F(BrowserLayoutTest, ThePanelThatAddsToAPlaylistLiesOverThePaneWithItsCentr
     EXPECT_EQ(panel.fraPlayListCenter.Top(), (Pane().Height() - panel.fraPlayListCenter.Height()) / 2);
 }
 
+TEST_F(BrowserLayoutTest, InTheSmallestWindowThePanelsFitWithAllThatIsInThem) {
+    Resize(9225, 7590);
+
+    auto& library = window.library;
+    for (controls::Frame* centre : {&library.playlists.fraPlayListCenter, &library.task.fraTaskCenter}) {
+        EXPECT_GE(centre->Left(), 0) << centre->Name();
+        EXPECT_GE(centre->Top(), 0) << centre->Name();
+        for (const Control* inner : centre->Children()) {
+            EXPECT_GE(inner->Left(), 0) << inner->Name();
+            EXPECT_LE(inner->Right(), centre->Width()) << inner->Name();
+            EXPECT_LE(inner->Bottom(), centre->Height()) << inner->Name();
+        }
+    }
+    EXPECT_GT(library.playlists.lstAddToPlaylist.Height(), 4 * 24 * 15);
+    EXPECT_LT(library.playlists.imgDeletePlayList.Right(), library.playlists.imgOk.Left());
+}
+
 TEST_F(BrowserLayoutTest, TheTaskPanelAndTheBackdropTakeTheRectangleOfTheBrowserInFront) {
     window.web.tabs.Browser.Load(1);
     tabs.currentbrowser = 1;
