@@ -111,7 +111,8 @@ TaskControls::TaskControls() {
 
     imgTaskBG.SetLook("ground");
     fraTaskCenter.SetLook("panel");
-    lblTask.SetLook("heading");
+    lblFound.SetLook("muted");
+    lblDuplicatesRemoved.SetLook("muted");
     for (controls::Label* counter : {&lblFoundNo, &lblDuplicatesNoRemoved}) {
         counter->SetLook("accent");
         counter->SetAlign(controls::Alignment::Right);

@@ -70,14 +70,20 @@ ListMirror::ListMirror(Stage& stage, controls::ListBox& list, QWidget* container
     view_->OnDrag = [this] { DragOut(); };
 }
 
+// Nobody sees the rows of a hidden list; some are filled row by row over many yields, and reading a sorted
+// one puts it in order each time.
 void ListMirror::Apply(Property property) {
     switch (property) {
         case Property::Items:
-            view_->SyncRows();
-            view_->ShowChosen(list_.ListIndex(), false);
+            is_behind_ = !list_.Visible();
+            if (!is_behind_) ShowRows();
             break;
         case Property::ListIndex:
-            view_->ShowChosen(list_.ListIndex(), true);
+            if (list_.Visible()) view_->ShowChosen(list_.ListIndex(), true);
+            break;
+        case Property::Visible:
+            if (list_.Visible() && is_behind_) ShowRows();
+            WidgetMirror::Apply(property);
             break;
         case Property::Refresh:
             view_->viewport()->update();
@@ -85,6 +91,12 @@ void ListMirror::Apply(Property property) {
         default:
             WidgetMirror::Apply(property);
     }
+}
+
+void ListMirror::ShowRows() {
+    is_behind_ = false;
+    view_->SyncRows();
+    view_->ShowChosen(list_.ListIndex(), false);
 }
 
 bool ListMirror::PressEnter() {

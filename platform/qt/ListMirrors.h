@@ -21,8 +21,10 @@ private:
     bool PressEnter() override;
     int ScrolledUp() const override { return view_->Offset(); }
     void DragOut();
+    void ShowRows();
     controls::ListBox& list_;
     RowsView* view_;
+    bool is_behind_ = false;  // rows changed while the list was hidden
 };
 
 class ComboMirror final : public WidgetMirror {

@@ -175,6 +175,36 @@ TEST_F(ListMirrorTest, AMillionRowsAddedTouchTheScreenOnce) {
     EXPECT_EQ(desk.Find<QListView>(list_)->model()->rowCount(), 1'000'004);
 }
 
+TEST_F(ListMirrorTest, AHiddenListIsShownAsItIsWhenItComesIntoView) {
+    list_.SetVisible(false);
+    bench::Desk desk(list_);
+    list_.AddItem("Elm");
+    list_.SetListIndex(4);
+    desk.screen.CatchUp();
+
+    list_.SetVisible(true);
+    desk.screen.CatchUp();
+
+    const auto* view = desk.Find<QListView>(list_);
+    EXPECT_EQ(view->model()->rowCount(), 5);
+    EXPECT_EQ(view->currentIndex().row(), 4);
+}
+
+TEST(HiddenList, RowsThatComeOneByOneCostTheScreenNothing) {
+    controls::ListBox list("lstHidden", controls::Sorted::Yes);
+    list.SetVisible(false);
+    bench::Desk desk(list);
+    const auto start = std::chrono::steady_clock::now();
+
+    for (int i = 0; i < 100'000; ++i) {
+        list.AddItem("Row " + std::to_string(i * 7919 % 100'000));
+        if (i % 100 == 0) desk.screen.CatchUp();
+    }
+
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    EXPECT_EQ(list.ListCount(), 100'000);
+}
+
 TEST_F(ListMirrorTest, ADropIsToldByItsPlaceAmongTheRows) {
     for (int i = 0; i < 100; ++i)
         list_.AddItem("Row");
