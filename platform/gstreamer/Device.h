@@ -24,7 +24,6 @@ struct DeviceShare;
 struct OpenRequest {
     std::string native_path;
     std::int64_t parent = 0;
-    int usual_speed = 1000;  ///< a speed that is likely to be told right after the first play
 };
 
 class Device final {

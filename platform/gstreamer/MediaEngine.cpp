@@ -79,8 +79,7 @@ int MediaEngine::Open(const Command& command) {
     const std::string path = resolve_(command.target);
     if (path.empty()) return kFileNotFound;
     auto device = std::make_unique<Device>();
-    const int error =
-        device->Open({.native_path = path, .parent = command.parent, .usual_speed = usual_speed_});
+    const int error = device->Open({.native_path = path, .parent = command.parent});
     closing_.push_back(device->Share());
     if (error == kNoError) devices_[command.alias] = std::move(device);
     return error;
@@ -115,7 +114,6 @@ int MediaEngine::RunOnDevice(Device& device, const Command& command, std::string
         case Verb::Seek:
             return device.Seek(command);
         case Verb::SetSpeed:
-            usual_speed_ = static_cast<int>(std::clamp<std::int64_t>(command.value, 1, 100'000));
             return device.SetSpeed(command.value);
         case Verb::SetAudio:
             return device.SetLevel(command.channel, command.value);

@@ -48,7 +48,6 @@ private:
     Resolver resolve_;
     std::map<std::string, std::unique_ptr<Device>> devices_;
     std::vector<std::weak_ptr<DeviceShare>> closing_;
-    int usual_speed_ = 1000;
 };
 
 }  // namespace gstreamer

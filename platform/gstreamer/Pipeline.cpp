@@ -14,6 +14,7 @@
 
 #include "platform/gstreamer/MciErrors.h"
 #include "platform/gstreamer/MidiFile.h"
+#include "platform/gstreamer/Playout.h"
 
 namespace gstreamer {
 namespace {
@@ -26,8 +27,9 @@ constexpr std::chrono::milliseconds kGlance{25};
 constexpr int kIdleGlances = 4;
 // Of the playbin's flags: pictures and sound, nothing else.
 constexpr unsigned kPlayPicturesAndSound = 0x3;
-// A short way from a sample to the speaker, so that a song starts and a level changes at once (microseconds).
-constexpr std::int64_t kSoundBuffer = 100'000;
+// What the sound server has in store, in microseconds: a busy machine holds a thread up for a tenth of a
+// second and more. A level is heard later by as much.
+constexpr std::int64_t kSoundBuffer = 200'000;
 constexpr std::int64_t kSoundLatency = 10'000;
 constexpr double kUsualFrameRate = 25;
 constexpr const char* kScalingSink = "xvimagesink";
@@ -187,7 +189,7 @@ void Pipeline::Close() {
     if (playbin_ == nullptr) return;
     gst_element_set_state(playbin_, GST_STATE_NULL);
     gst_object_unref(playbin_);
-    playbin_ = picture_ = sound_ = nullptr;
+    playbin_ = picture_ = sound_ = speaker_ = nullptr;
     window_.reset();
 }
 
@@ -269,6 +271,13 @@ bool Pipeline::Seek(std::int64_t position, std::int64_t stop, double rate) {
     return sought && events_->WaitUntilReady(kReadyTimeout) == kNoError;
 }
 
+std::chrono::milliseconds Pipeline::FadeOut() {
+    constexpr std::chrono::milliseconds kRamp(static_cast<int>(1000 * Gain::kRampSeconds));
+    gain_->SetLeft(0);
+    gain_->SetRight(0);
+    return Gain::kDelay + kRamp;
+}
+
 std::int64_t Pipeline::Position() const {
     const std::int64_t position = QueryPosition();
     return position < 0 ? position : std::max<std::int64_t>(position - origin_, 0);
@@ -327,7 +336,7 @@ GstElement* Pipeline::MakeSoundBin(bool silent) {
     GstElement* const convert = gst_element_factory_make("audioconvert", nullptr);
     GstElement* const resample = gst_element_factory_make("audioresample", nullptr);
     GstElement* const stereo = gst_element_factory_make("capsfilter", nullptr);
-    GstElement* const sink = MakeSoundSink(silent);
+    GstElement* const sink = speaker_ = MakeSoundSink(silent);
     GstCaps* const caps = gst_caps_from_string(
         "audio/x-raw,format=F32LE,layout=interleaved,channels=2,channel-mask=(bitmask)3");
     g_object_set(stereo, "caps", caps, nullptr);
@@ -335,7 +344,7 @@ GstElement* Pipeline::MakeSoundBin(bool silent) {
     gst_bin_add_many(GST_BIN(bin), tempo, convert, resample, stereo, sink, nullptr);
     gst_element_link_many(tempo, convert, resample, stereo, sink, nullptr);
     GstPad* const levels = gst_element_get_static_pad(stereo, "src");
-    gst_pad_add_probe(levels, GST_PAD_PROBE_TYPE_BUFFER, OnSamples, gain_.get(), nullptr);
+    gst_pad_add_probe(levels, GST_PAD_PROBE_TYPE_BUFFER, OnSamples, this, nullptr);
     gst_object_unref(levels);
     GstPad* const entry = gst_element_get_static_pad(tempo, "sink");
     gst_element_add_pad(bin, gst_ghost_pad_new("sink", entry));
@@ -363,15 +372,17 @@ GstElement* Pipeline::MakePictureSink(std::int64_t parent) {
     return sink;
 }
 
-GstPadProbeReturn Pipeline::OnSamples(GstPad* pad, GstPadProbeInfo* info, void* gain) {
-    auto& levels = *static_cast<Gain*>(gain);
+GstPadProbeReturn Pipeline::OnSamples(GstPad* pad, GstPadProbeInfo* info, void* pipeline) {
+    const auto& self = *static_cast<const Pipeline*>(pipeline);
+    Gain& levels = *self.gain_;
     const int rate = RateOf(pad);
     if (levels.IsIdle() || rate <= 0) return GST_PAD_PROBE_OK;
     GstBuffer* const buffer = gst_buffer_make_writable(GST_PAD_PROBE_INFO_BUFFER(info));
     GST_PAD_PROBE_INFO_DATA(info) = buffer;
     GstMapInfo map;
     if (gst_buffer_map(buffer, &map, GST_MAP_READWRITE) == FALSE) return GST_PAD_PROBE_OK;
-    levels.Apply(reinterpret_cast<float*>(map.data), map.size / (2 * sizeof(float)), rate);
+    levels.Apply(reinterpret_cast<float*>(map.data), map.size / (2 * sizeof(float)), rate,
+                 HeardAt(pad, buffer, self.speaker_));
     gst_buffer_unmap(buffer, &map);
     return GST_PAD_PROBE_OK;
 }

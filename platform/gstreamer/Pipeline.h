@@ -73,6 +73,8 @@ public:
     /// Puts the picture into a place of the window, in pixels; it keeps its proportions there, with black
     /// beside it. True when it is seen in its new size only after the next jump, as while it stands still.
     bool PutPicture(const std::array<int, 4>& place);
+    /// Lowers the sound to nothing. What was to be heard before this call is heard within the time returned.
+    std::chrono::milliseconds FadeOut();
     PipelineEvent TakeEvent() { return events_->Take(); }
     bool IsSilent() const { return silent_; }
 
@@ -89,7 +91,7 @@ private:
     GstElement* MakeSoundBin(bool silent);
     GstElement* MakePictureSink(std::int64_t parent);
     void ShowPicture();
-    static GstPadProbeReturn OnSamples(GstPad* pad, GstPadProbeInfo* info, void* gain);
+    static GstPadProbeReturn OnSamples(GstPad* pad, GstPadProbeInfo* info, void* pipeline);
     static GstBusSyncReply OnMessage(GstBus* bus, GstMessage* message, void* events);
 
     std::shared_ptr<Gain> gain_;
@@ -97,6 +99,7 @@ private:
     GstElement* playbin_ = nullptr;
     GstElement* picture_ = nullptr;  // owned by the playbin, as the next
     GstElement* sound_ = nullptr;
+    GstElement* speaker_ = nullptr;
     std::unique_ptr<PictureWindow> window_;
     std::int64_t origin_ = 0;  // where the file's own count of time begins
     bool silent_ = false;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <thread>
 #include <utility>
 
 #include "platform/gstreamer/DeviceShare.h"
@@ -13,8 +14,10 @@ constexpr double kNormalSpeed = 1000;
 // The speeds that sound can be stretched to and still be recognised.
 constexpr double kSlowest = 0.05;
 constexpr double kFastest = 8;
-// A player tells the speed of a song just after it has started it; waiting for that saves a jump.
+// A player tells the speed of a song just after it has started it, and then that the sound is off; waiting
+// for that saves a jump.
 constexpr std::chrono::milliseconds kSpeedFollows{4};
+constexpr std::chrono::milliseconds kLevelFollows{1};
 constexpr std::chrono::milliseconds kSettling{150};
 
 double RateOf(const Wish& wish) {
@@ -37,9 +40,15 @@ public:
             TakeEvents(lock);
             Fulfil(lock);
         }
+        const bool is_heard = playing_ && share_.wish.playing && !ended_;
+        lock.unlock();
+        if (is_heard) EndSoftly();
     }
 
 private:
+    // A song that is closed while it is heard is heard for as long as it was told to, and does not click.
+    void EndSoftly() { std::this_thread::sleep_for(pipeline_.FadeOut()); }
+
     static void Wake(const std::weak_ptr<DeviceShare>& weak) {
         const auto share = weak.lock();
         if (!share) return;
@@ -77,10 +86,10 @@ private:
     }
 
     void WaitForSpeed(Lock& lock) {
-        const bool is_first = share_.wish.playing && !started_;
-        if (!is_first || share_.wish.speed_told || share_.request.usual_speed == kNormalSpeed) return;
+        if (!share_.wish.playing || started_) return;
         share_.changed.wait_for(lock, kSpeedFollows,
                                 [this] { return share_.wish.speed_told || share_.closing; });
+        share_.changed.wait_for(lock, kLevelFollows, [this] { return share_.closing; });
     }
 
     void TakeEvents(Lock& lock) {

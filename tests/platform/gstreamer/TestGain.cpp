@@ -8,44 +8,49 @@
 
 namespace {
 
+using gstreamer::Gain;
+
 constexpr int kRate = 48000;
 constexpr std::size_t kRampFrames = 240;  // five milliseconds
+constexpr Gain::Clock::time_point kStart{std::chrono::seconds(1000)};
+// What is set at the start is heard from here on.
+constexpr auto kHeard = kStart + Gain::kDelay;
 
 std::vector<float> Ones(std::size_t frames) {
     return std::vector<float>(2 * frames, 1.0F);
 }
 
 TEST(Gain, FullLevelChangesNothing) {
-    gstreamer::Gain gain;
+    Gain gain;
     std::vector<float> samples = Ones(10);
 
-    gain.Apply(samples.data(), 10, kRate);
+    gain.Apply(samples.data(), 10, kRate, kHeard);
 
     EXPECT_EQ(samples, Ones(10));
     EXPECT_TRUE(gain.IsIdle());
 }
 
 TEST(Gain, EachChannelHasItsOwnLevel) {
-    gstreamer::Gain gain;
-    gain.SetLeft(250);
-    gain.SetRight(500);
+    Gain gain;
+    gain.SetLeft(250, kStart);
+    gain.SetRight(500, kStart);
     gain.Snap();
     std::vector<float> samples = Ones(2);
 
-    gain.Apply(samples.data(), 2, kRate);
+    gain.Apply(samples.data(), 2, kRate, kHeard);
 
     EXPECT_FALSE(gain.IsIdle());
     EXPECT_EQ(samples, (std::vector<float>{0.25F, 0.5F, 0.25F, 0.5F}));
 }
 
 TEST(Gain, ANewLevelIsReachedInAnEvenRamp) {
-    gstreamer::Gain gain;
+    Gain gain;
     std::vector<float> before = Ones(1);
-    gain.Apply(before.data(), 1, kRate);
-    gain.SetLeft(0);
+    gain.Apply(before.data(), 1, kRate, kHeard);
+    gain.SetLeft(0, kStart);
     std::vector<float> samples = Ones(2 * kRampFrames);
 
-    gain.Apply(samples.data(), 2 * kRampFrames, kRate);
+    gain.Apply(samples.data(), 2 * kRampFrames, kRate, kHeard);
 
     float largest = 1 - samples[0];
     for (std::size_t i = 2; i < samples.size(); i += 2)
@@ -57,31 +62,102 @@ TEST(Gain, ANewLevelIsReachedInAnEvenRamp) {
 }
 
 TEST(Gain, ARampGoesOnFromBufferToBuffer) {
-    gstreamer::Gain gain;
+    Gain gain;
     std::vector<float> first = Ones(1);
-    gain.Apply(first.data(), 1, kRate);
-    gain.SetLeft(0);
-    gain.SetRight(0);
+    gain.Apply(first.data(), 1, kRate, kHeard);
+    gain.SetLeft(0, kStart);
+    gain.SetRight(0, kStart);
     std::vector<float> half = Ones(kRampFrames / 2);
-    gain.Apply(half.data(), kRampFrames / 2, kRate);
+    gain.Apply(half.data(), kRampFrames / 2, kRate, kHeard);
     std::vector<float> rest = Ones(kRampFrames);
 
-    gain.Apply(rest.data(), kRampFrames, kRate);
+    gain.Apply(rest.data(), kRampFrames, kRate, kHeard);
 
     EXPECT_NEAR(half.back(), 0.5, 0.01);
     EXPECT_NEAR(rest.front(), 0.5, 0.01);
     EXPECT_EQ(rest.back(), 0);
 }
 
+TEST(Gain, ALevelIsHeardAFixedTimeAfterItWasSet) {
+    Gain gain;
+    std::vector<float> before = Ones(1);
+    gain.Apply(before.data(), 1, kRate, kStart);
+    gain.SetLeft(0, kStart);
+    std::vector<float> samples = Ones(4 * kRampFrames);
+
+    gain.Apply(samples.data(), 4 * kRampFrames, kRate, kHeard - std::chrono::milliseconds(10));
+
+    EXPECT_EQ(samples[2 * (2 * kRampFrames - 1)], 1);
+    EXPECT_NEAR(samples[2 * (2 * kRampFrames + kRampFrames / 2)], 0.5, 0.01);
+    EXPECT_EQ(samples[2 * (3 * kRampFrames + 1)], 0);
+}
+
+TEST(Gain, LevelsKeepTheirRhythmInOnePieceOfSamples) {
+    Gain gain;
+    std::vector<float> before = Ones(1);
+    gain.Apply(before.data(), 1, kRate, kStart);
+    for (int step = 1; step <= 4; ++step)
+        gain.SetRight(1000 - 100 * step, kStart + step * std::chrono::milliseconds(10));
+    std::vector<float> samples = Ones(10 * kRampFrames);
+
+    gain.Apply(samples.data(), 10 * kRampFrames, kRate, kHeard);
+
+    for (std::size_t step = 1; step <= 4; ++step) {
+        const std::size_t settled = 2 * kRampFrames * step + kRampFrames + 2;
+        EXPECT_NEAR(samples[2 * settled + 1], 1 - 0.1 * static_cast<double>(step), 1e-4) << step;
+        EXPECT_EQ(samples[2 * settled], 1);
+    }
+}
+
+TEST(Gain, ALevelThatIsNotDueYetChangesNothing) {
+    Gain gain;
+    gain.SetLeft(1000, kStart);
+    std::vector<float> before = Ones(1);
+    gain.Apply(before.data(), 1, kRate, kStart);
+    gain.SetLeft(300, kStart);
+    std::vector<float> samples = Ones(10);
+
+    gain.Apply(samples.data(), 10, kRate, kHeard - std::chrono::milliseconds(50));
+
+    EXPECT_EQ(samples, Ones(10));
+    EXPECT_FALSE(gain.IsIdle());
+}
+
+TEST(Gain, AfterAJumpTheNewestLevelsHoldAtOnce) {
+    Gain gain;
+    std::vector<float> before = Ones(1);
+    gain.Apply(before.data(), 1, kRate, kStart);
+    gain.SetLeft(100, kStart);
+    gain.SetLeft(250, kStart);
+    gain.Snap();
+    std::vector<float> samples = Ones(2);
+
+    gain.Apply(samples.data(), 2, kRate, kStart);
+
+    EXPECT_EQ(samples, (std::vector<float>{0.25F, 1, 0.25F, 1}));
+}
+
+TEST(Gain, LevelsSetAfterAJumpKeepTheirTime) {
+    Gain gain;
+    gain.SetLeft(0, kStart);
+    gain.Snap();
+    gain.SetLeft(1000, kStart);
+    std::vector<float> samples = Ones(2);
+
+    gain.Apply(samples.data(), 2, kRate, kStart);
+
+    EXPECT_EQ(samples, (std::vector<float>{0, 1, 0, 1}));
+}
+
 TEST(Gain, BackAtFullItIsIdleAgain) {
-    gstreamer::Gain gain;
-    gain.SetLeft(100);
+    Gain gain;
+    gain.SetLeft(100, kStart);
     gain.Snap();
     std::vector<float> samples = Ones(2 * kRampFrames);
-    gain.Apply(samples.data(), 2 * kRampFrames, kRate);
-    gain.SetLeft(1000);
+    gain.Apply(samples.data(), 2 * kRampFrames, kRate, kHeard);
+    gain.SetLeft(1000, kStart);
 
-    gain.Apply(samples.data(), 2 * kRampFrames, kRate);
+    gain.Apply(samples.data(), 2 * kRampFrames, kRate, kHeard);
 
     EXPECT_TRUE(gain.IsIdle());
 }

@@ -36,6 +36,13 @@ std::string KindOf(std::string_view name) {
     return std::string(name.substr(name.rfind('.') + 1));
 }
 
+std::string Channel(const Tone& tone, bool heard) {
+    if (!heard) return "0";
+    const std::string wave =
+        tone.wave.empty() ? "sin(2*PI*t*" + std::to_string(tone.hertz) + ")" : "(" + tone.wave + ")";
+    return std::to_string(tone.amplitude) + "*" + wave;
+}
+
 // One flute note of 880 hertz, four seconds long.
 constexpr std::string_view kFlute{
     "MThd\0\0\0\6\0\0\0\1\0\x60"
@@ -69,10 +76,9 @@ std::string GeneratedMedia::Make(std::string_view name, const Tone& tone) {
     if (codecs->second.front() == "-c:v") {
         words.insert(words.end(), {"-f", "lavfi", "-i", "testsrc=size=160x120:rate=25:duration=" + seconds});
     }
-    const std::string wave =
-        std::to_string(tone.amplitude) + "*sin(2*PI*t*" + std::to_string(tone.hertz) + ")";
-    words.insert(words.end(),
-                 {"-f", "lavfi", "-i", "aevalsrc=" + wave + "|" + wave + ":c=stereo:s=44100:d=" + seconds});
+    words.insert(words.end(), {"-f", "lavfi", "-i",
+                               "aevalsrc=" + Channel(tone, tone.left) + "|" + Channel(tone, tone.right) +
+                                   ":c=stereo:s=44100:d=" + seconds});
     words.insert(words.end(), codecs->second.begin(), codecs->second.end());
     const std::string path = Path(name);
     words.push_back(path);

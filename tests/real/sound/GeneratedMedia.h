@@ -11,6 +11,9 @@ struct Tone {
     double hertz = 440;
     double seconds = 5;
     double amplitude = 0.5;
+    std::string wave{};  ///< when given, heard in place of the tone: an expression in t, of amplitude 1
+    bool left = true;    ///< it is heard on the left channel
+    bool right = true;
 };
 
 class GeneratedMedia final {

@@ -97,10 +97,15 @@ std::size_t PrivateSound::Heard() {
 }
 
 Samples PrivateSound::Record(double seconds) {
+    const std::size_t begin = Heard();
+    return Between(begin, begin + static_cast<std::size_t>(seconds * kRate));
+}
+
+Samples PrivateSound::Between(std::size_t begin, std::size_t end) {
     std::unique_lock lock(mutex_);
-    const std::size_t begin = heard_.size() / 2;
-    const std::size_t end = begin + static_cast<std::size_t>(seconds * kRate);
-    WaitUntilHeard(lock, end, seconds + 5);
+    const std::size_t now = heard_.size() / 2;
+    const double ahead = end > now ? static_cast<double>(end - now) / kRate : 0;
+    WaitUntilHeard(lock, end, ahead + 5);
     return Cut(begin, end);
 }
 

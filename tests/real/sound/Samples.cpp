@@ -55,6 +55,28 @@ double LargestStep(const std::vector<float>& samples) {
     return largest;
 }
 
+double LongestGap(const std::vector<float>& samples, double level) {
+    std::size_t longest = 0;
+    std::size_t run = 0;
+    for (const float sample : samples) {
+        run = std::abs(sample) > level ? 0 : run + 1;
+        longest = std::max(longest, run);
+    }
+    return static_cast<double>(longest) / kRate;
+}
+
+std::vector<float> Piece(const std::vector<float>& samples, std::size_t begin, std::size_t count) {
+    const std::size_t first = std::min(begin, samples.size());
+    const std::size_t last = std::min(first + count, samples.size());
+    return {samples.begin() + static_cast<std::ptrdiff_t>(first),
+            samples.begin() + static_cast<std::ptrdiff_t>(last)};
+}
+
+double Decibels(double amplitude, double other) {
+    constexpr double kNothing = 1e-5;
+    return 20 * std::log10(std::max(amplitude, kNothing) / std::max(other, kNothing));
+}
+
 std::size_t FirstLouderThan(const std::vector<float>& samples, double level) {
     const auto found = std::find_if(samples.begin(), samples.end(),
                                     [level](float sample) { return std::abs(sample) > level; });

@@ -24,6 +24,12 @@ double Amplitude(const std::vector<float>& samples, double hertz);
 double Pitch(const std::vector<float>& samples, double from, double to);
 /// The largest step between neighbours.
 double LargestStep(const std::vector<float>& samples);
+/// The longest run of samples no louder than `level`, in seconds.
+double LongestGap(const std::vector<float>& samples, double level);
+/// A piece, cut where the samples end.
+std::vector<float> Piece(const std::vector<float>& samples, std::size_t begin, std::size_t count);
+/// How much louder the first is than the second, in decibels; a large number when one of them is silent.
+double Decibels(double amplitude, double other);
 /// Place of the first sample louder than `level`; the size when there is none.
 std::size_t FirstLouderThan(const std::vector<float>& samples, double level);
 

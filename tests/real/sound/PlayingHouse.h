@@ -1,0 +1,113 @@
+// The player's own rooms over the real engine, their timers running on the real clock.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <thread>
+
+#include "platform/linux/LinuxFiles.h"
+#include "player/PlayerHouse.h"
+#include "real/sound/GeneratedMedia.h"
+#include "real/sound/PrivateSound.h"
+#include "real/sound/TimedMedia.h"
+
+namespace sound {
+
+/// Quick fade and no panning, as at the start; no song is known to the library.
+class PlayingHouse final {
+public:
+    explicit PlayingHouse(PrivateSound& server)
+        : media(server, [this](std::string_view name) { return files.ToNative(name); }) {
+        controls.PutInto(frmBrowser, frmBrowser);
+        desktop.Adopt(frmBrowser);
+        desktop.Adopt(frmVideo);
+        stores.Bind(datSong, "tblSong");
+        menu.mnuQuickFade.SetChecked(true);
+        menu.mnuPanOff.SetChecked(true);
+        controls.levels.imgVol.SetLeft(player::kFullVolumeLeft);
+        player.RestoreBars();
+    }
+
+    /// Plays a file by its native path.
+    void Play(const std::string& native_path) {
+        const std::string path = files.FromNative(native_path);
+        library.Existing.insert(path);
+        player.PlaySong(path);
+    }
+    /// The rows of the play order, by native paths.
+    void SetOrder(const std::vector<std::string>& native_paths) {
+        for (const std::string& native_path : native_paths) {
+            const std::string path = files.FromNative(native_path);
+            library.Existing.insert(path);
+            lstTracks.AddItem(path);
+            lstMaybe.AddItem(path);
+        }
+        ListMaybeChanged = true;
+    }
+    void DoubleClickTrack(int row) {
+        lstTracks.SetListIndex(row);
+        lstTracks.DblClick.Raise();
+    }
+
+    /// Lets the timers run in real time until `done` says yes; false when it did not within `seconds`.
+    bool RunUntil(const std::function<bool()>& done, double seconds) {
+        using Clock = std::chrono::steady_clock;
+        const auto until = Clock::now() + std::chrono::duration<double>(seconds);
+        while (!done()) {
+            if (Clock::now() > until) return false;
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            Tick();
+        }
+        return true;
+    }
+    /// Brings the timers up to the real time.
+    void Tick() {
+        media.Now();
+        const auto passed = std::chrono::steady_clock::now() - begin_;
+        const auto now = std::chrono::duration_cast<std::chrono::milliseconds>(passed).count();
+        desktop.Advance(static_cast<int>(now - desktop.Milliseconds()));
+    }
+    bool IsFading() const { return controls.levels.tmrFade.Enabled(); }
+    const std::string& NowPlaying() const { return controls.transport.lblFileNowPlaying.Caption(); }
+
+    linux_os::LinuxFiles files{"/nowhere/Brindlepost"};
+    TimedMedia media;
+    fakes::FakeDesktop desktop;
+    fakes::FakeDialogs dialogs;
+    fakes::SeededStores stores{desktop};
+    player_tests::FakeLibrary library;
+    player_tests::RecordingHistory history;
+    player_tests::RecordingMessage message;
+    player_tests::RecordingAddressRow address;
+    player_tests::FakeMainWindow window;
+    player_tests::FakeChance chance;
+    player_tests::NoWindows no_windows;
+    store::DataSource datSong{"datSong"};
+    controls::Form frmBrowser{"frmBrowser", "Brindlepost"};
+    player::PlayerControls controls;
+    player_tests::PlayerMenuEntries menu;
+    player::VideoForm frmVideo;
+    player::SpeakerTestForm frmSpeakerTest;
+    controls::ListBox lstTracks{"lstTracks"};
+    controls::ListBox lstMaybe{"lstMaybe"};
+    controls::ListBox lstArtists{"lstArtists"};
+    controls::ListBox lstPlayLists{"lstPlayLists"};
+    bool ListMaybeChanged = false;
+    player::PlayerState state;
+    player::MciLayer mci{media, no_windows, files};
+    player::Player player{{controls,
+                           menu.References(),
+                           frmVideo,
+                           frmSpeakerTest,
+                           {lstTracks, lstMaybe, ListMaybeChanged},
+                           {lstArtists, lstPlayLists, lstTracks}},
+                          state,
+                          {library, library, history, message, address, window},
+                          {mci, datSong, dialogs, desktop, chance}};
+
+private:
+    std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
+};
+
+}  // namespace sound
