@@ -201,7 +201,7 @@ protected:
             LevelCurve(house_.media.Told(), "a", side, begin, end, 1).Match(heard, kOut, kFull);
         EXPECT_LT(match.worst, kDecibel) << match.delay_ms << " ms later";
         EXPECT_LT(match.residue, 0.01);
-        EXPECT_GT(match.windows, 100);
+        EXPECT_GT(match.windows, 60);
     }
 
     PlayingHouse house_{server_};
