@@ -1,6 +1,7 @@
 // The player's own rooms over the real engine, their timers running on the real clock.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <functional>
 #include <string>
@@ -61,12 +62,15 @@ public:
         }
         return true;
     }
-    /// Brings the timers up to the real time.
+    /// Lets the timers run for the time that has passed; one that was held up does not catch up.
     void Tick() {
+        using std::chrono::milliseconds;
         media.Now();
-        const auto passed = std::chrono::steady_clock::now() - begin_;
-        const auto now = std::chrono::duration_cast<std::chrono::milliseconds>(passed).count();
-        desktop.Advance(static_cast<int>(now - desktop.Milliseconds()));
+        const auto now = std::chrono::steady_clock::now();
+        const auto passed = std::chrono::duration_cast<milliseconds>(now - last_tick_);
+        if (passed.count() == 0) return;
+        desktop.Advance(static_cast<int>(std::min(passed, milliseconds(kLongestStep)).count()));
+        last_tick_ = passed > milliseconds(kLongestStep) ? now : last_tick_ + passed;
     }
     bool IsFading() const { return controls.levels.tmrFade.Enabled(); }
     const std::string& NowPlaying() const { return controls.transport.lblFileNowPlaying.Caption(); }
@@ -107,7 +111,9 @@ public:
                           {mci, datSong, dialogs, desktop, chance}};
 
 private:
-    std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
+    static constexpr int kLongestStep = 10;
+
+    std::chrono::steady_clock::time_point last_tick_ = std::chrono::steady_clock::now();
 };
 
 }  // namespace sound
