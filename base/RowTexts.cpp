@@ -4,6 +4,9 @@
 #include <cassert>
 #include <cstring>
 
+#include "base/ListOrder.h"
+#include "base/Text.h"
+
 namespace base {
 namespace {
 
@@ -29,29 +32,40 @@ std::string_view RowTexts::At(std::size_t row) const {
     return Text(rows_[row]);
 }
 
-RowTexts::Reference RowTexts::Store(std::string_view text) {
-    const std::size_t bytes = StoredBytes(text);
-    if (block_used_ + bytes > block_size_) {
-        block_size_ = std::max(bytes, std::clamp(block_size_ * 2, kFirstBlock, kLargestBlock));
-        blocks_.push_back(std::make_unique<char[]>(block_size_));
-        block_used_ = 0;
+void RowTexts::OpenBlock(std::size_t bytes) {
+    used_before_ += block_used_;
+    block_used_ = 0;
+    while (open_blocks_ < blocks_.size()) {
+        if (blocks_[open_blocks_++].size >= bytes) return;
     }
-    char* const place = blocks_.back().get() + block_used_;
-    const auto length = static_cast<std::uint32_t>(text.size());
+    const std::size_t last = blocks_.empty() ? 0 : blocks_.back().size;
+    const std::size_t size = std::max(bytes, std::clamp(last * 2, kFirstBlock, kLargestBlock));
+    blocks_.push_back({std::make_unique_for_overwrite<char[]>(size), size});
+    open_blocks_ = blocks_.size();
+}
+
+RowTexts::Reference RowTexts::Store(std::initializer_list<std::string_view> parts) {
+    std::uint32_t length = 0;
+    for (const std::string_view part : parts)
+        length += static_cast<std::uint32_t>(part.size());
+    const std::size_t bytes = sizeof length + length;
+    if (open_blocks_ == 0 || block_used_ + bytes > blocks_[open_blocks_ - 1].size) OpenBlock(bytes);
+    char* const place = blocks_[open_blocks_ - 1].bytes.get() + block_used_;
     std::memcpy(place, &length, sizeof length);
-    if (!text.empty()) std::memcpy(place + sizeof length, text.data(), text.size());
+    char* end = place + sizeof length;
+    for (const std::string_view part : parts)
+        end = std::copy(part.begin(), part.end(), end);
     block_used_ += bytes;
-    live_bytes_ += bytes;
     return place;
 }
 
-void RowTexts::PushBack(std::string_view text) {
-    rows_.push_back(Store(text));
+void RowTexts::PushBack(std::initializer_list<std::string_view> parts) {
+    rows_.push_back(Store(parts));
 }
 
 void RowTexts::Insert(std::size_t row, std::string_view text) {
     assert(row <= rows_.size());
-    const Reference reference = Store(text);
+    const Reference reference = Store({text});
     rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(row), reference);
 }
 
@@ -59,40 +73,41 @@ void RowTexts::Erase(std::size_t row) {
     assert(row < rows_.size());
     const std::size_t bytes = StoredBytes(At(row));
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
-    live_bytes_ -= bytes;
     dead_bytes_ += bytes;
-    if (dead_bytes_ > kWorthTidying && dead_bytes_ > live_bytes_) TidyUp();
+    if (dead_bytes_ > kWorthTidying && 2 * dead_bytes_ > used_before_ + block_used_) TidyUp();
 }
 
 void RowTexts::Clear() {
     rows_.clear();
-    rows_.shrink_to_fit();
-    blocks_.clear();
-    block_size_ = block_used_ = live_bytes_ = dead_bytes_ = 0;
+    open_blocks_ = block_used_ = used_before_ = dead_bytes_ = 0;
 }
 
-void RowTexts::Sort(const std::function<bool(std::string_view, std::string_view)>& less) {
-    std::stable_sort(rows_.begin(), rows_.end(),
-                     [&less](Reference left, Reference right) { return less(Text(left), Text(right)); });
+void RowTexts::Sort() {
+    std::vector<std::string_view> texts;
+    texts.reserve(rows_.size());
+    for (const Reference row : rows_)
+        texts.push_back(Text(row));
+    SortForList(texts);
+    std::transform(texts.begin(), texts.end(), rows_.begin(),
+                   [](std::string_view text) { return text.data() - sizeof(std::uint32_t); });
 }
 
-std::size_t RowTexts::LowerBound(std::string_view text,
-                                 const std::function<bool(std::string_view, std::string_view)>& less) const {
-    const auto found =
-        std::lower_bound(rows_.begin(), rows_.end(), text,
-                         [&less](Reference row, std::string_view wanted) { return less(Text(row), wanted); });
+std::size_t RowTexts::LowerBound(std::string_view text) const {
+    const auto found = std::lower_bound(
+        rows_.begin(), rows_.end(), text,
+        [](Reference row, std::string_view wanted) { return CompareForSort(Text(row), wanted) < 0; });
     return static_cast<std::size_t>(found - rows_.begin());
 }
 
 void RowTexts::TidyUp() {
     const std::vector<Reference> old_rows = std::move(rows_);
-    const std::vector<std::unique_ptr<char[]>> old_blocks = std::move(blocks_);
+    const std::vector<Block> old_blocks = std::move(blocks_);
     rows_.clear();
     blocks_.clear();
-    block_size_ = block_used_ = live_bytes_ = dead_bytes_ = 0;
+    Clear();
     rows_.reserve(old_rows.size());
     for (const Reference row : old_rows)
-        rows_.push_back(Store(Text(row)));
+        rows_.push_back(Store({Text(row)}));
 }
 
 }  // namespace base

@@ -1,12 +1,12 @@
 // A long list of short texts, kept close together: 8 bytes a row besides its characters.
 //
 // A view of a row stays valid until that row or the whole list goes, or Insert, Erase or PushBack tidies up;
-// so take a copy before changing the list.
+// so take a copy before changing the list. A cleared list keeps its room for the next rows.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -19,29 +19,36 @@ public:
     bool Empty() const { return rows_.empty(); }
     /// The text of a row; the row must exist.
     std::string_view At(std::size_t row) const;
-    void PushBack(std::string_view text);
+    void PushBack(std::string_view text) { PushBack({text}); }
+    /// The parts joined as one text.
+    void PushBack(std::initializer_list<std::string_view> parts);
     /// Before `row`; at the end when `row` is the size.
     void Insert(std::size_t row, std::string_view text);
     void Erase(std::size_t row);
     void Clear();
-    /// Stable order by `less`.
-    void Sort(const std::function<bool(std::string_view, std::string_view)>& less);
-    /// First row that is not less than `text` in a list sorted by `less`.
-    std::size_t LowerBound(std::string_view text,
-                           const std::function<bool(std::string_view, std::string_view)>& less) const;
+    /// In the order of a sorted list (CompareForSort).
+    void Sort();
+    /// The first row of a sorted list that does not stand before `text`.
+    std::size_t LowerBound(std::string_view text) const;
 
 private:
     using Reference = const char*;  // to a 4-byte length and the characters behind it
 
-    Reference Store(std::string_view text);
+    struct Block {
+        std::unique_ptr<char[]> bytes;
+        std::size_t size = 0;
+    };
+
+    Reference Store(std::initializer_list<std::string_view> parts);
+    void OpenBlock(std::size_t bytes);
     static std::string_view Text(Reference reference);
     void TidyUp();
 
     std::vector<Reference> rows_;
-    std::vector<std::unique_ptr<char[]>> blocks_;
-    std::size_t block_size_ = 0;
+    std::vector<Block> blocks_;
+    std::size_t open_blocks_ = 0;  // the last of them takes rows, those behind wait
     std::size_t block_used_ = 0;
-    std::size_t live_bytes_ = 0;
+    std::size_t used_before_ = 0;  // bytes of the blocks before it
     std::size_t dead_bytes_ = 0;
 };
 

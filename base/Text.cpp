@@ -122,18 +122,32 @@ char32_t Upper(char32_t code) {
     return code < 0x80 ? UpperAscii(code) : Mapped(kUpperRuns, code);
 }
 
+// Puts the ASCII characters that `text` has from `at` on behind `out`, mapped; returns where they end.
 template <class Map>
-std::string MapCase(std::string_view text, Map map) {
+std::size_t AppendAscii(std::string& out, std::string_view text, std::size_t at, Map map) {
+    std::size_t end = at;
+    while (end < text.size() && IsAscii(ByteAt(text, end)))
+        ++end;
+    const std::size_t place = out.size();
+    out.resize(place + (end - at));
+    std::transform(text.data() + at, text.data() + end, out.data() + place, [map](char character) {
+        return static_cast<char>(map(static_cast<unsigned char>(character)));
+    });
+    return end;
+}
+
+template <class Map, class MapAscii>
+std::string MapCase(std::string_view text, Map map, MapAscii map_ascii) {
     std::string out;
     out.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
+    for (std::size_t at = AppendAscii(out, text, 0, map_ascii); at < text.size();) {
         const Decoded one = Decode(text, at);
         if (one.code < kFirstBeyondUnicode) {
             AppendCode(out, map(one.code));
         } else {
             out += text[at];
         }
-        at += one.bytes;
+        at = AppendAscii(out, text, at + one.bytes, map_ascii);
     }
     return out;
 }
@@ -220,11 +234,11 @@ std::string_view Trim(std::string_view text) {
 }
 
 std::string LCase(std::string_view text) {
-    return MapCase(text, Lower);
+    return MapCase(text, Lower, LowerAscii);
 }
 
 std::string UCase(std::string_view text) {
-    return MapCase(text, Upper);
+    return MapCase(text, Upper, UpperAscii);
 }
 
 std::string Replace(std::string_view text, std::string_view from, std::string_view to) {
@@ -269,6 +283,19 @@ int CompareForSort(std::string_view left, std::string_view right) {
     if (left_at < left.size()) return 1;
     if (right_at < right.size()) return -1;
     return tie;
+}
+
+// UTF-8 compares as its code points do; a stray byte stands behind every code point.
+void AppendSortKey(std::string& out, std::string_view text) {
+    for (std::size_t at = AppendAscii(out, text, 0, LowerAscii); at < text.size();) {
+        const Decoded one = Decode(text, at);
+        if (one.code < kFirstBeyondUnicode) {
+            AppendCode(out, Lower(one.code));
+        } else {
+            out += {'\xff', text[at]};
+        }
+        at = AppendAscii(out, text, at + one.bytes, LowerAscii);
+    }
 }
 
 bool EqualIgnoringCase(std::string_view left, std::string_view right) {

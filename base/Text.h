@@ -47,6 +47,9 @@ std::vector<std::string> Split(std::string_view text, std::string_view separator
 /// Order of a sorted list: lower-cased text first, ties by code point. Negative, zero, positive.
 int CompareForSort(std::string_view left, std::string_view right);
 
+/// Puts a text's sort key behind `out`: bytes that compare as the text does in a sorted list, but for ties.
+void AppendSortKey(std::string& out, std::string_view text);
+
 /// True when both are the same but for upper and lower case.
 bool EqualIgnoringCase(std::string_view left, std::string_view right);
 

@@ -1,18 +1,9 @@
 #include "controls/Lists.h"
 
-#include "base/Text.h"
-
 namespace controls {
-namespace {
 
-bool SortsBefore(std::string_view left, std::string_view right) {
-    return base::CompareForSort(left, right) < 0;
-}
-
-}  // namespace
-
-void ListBox::AddItem(std::string_view text) {
-    rows_.PushBack(text);
+void ListBox::AddItem(std::initializer_list<std::string_view> parts) {
+    rows_.PushBack(parts);
     if (sorted_ == Sorted::Yes) out_of_order_ = true;
     Report(Property::Items);
 }
@@ -75,12 +66,12 @@ void ListBox::PutInOrder() const {
     if (!out_of_order_) return;
     out_of_order_ = false;
     if (list_index_ < 0) {
-        rows_.Sort(SortsBefore);
+        rows_.Sort();
         return;
     }
     const std::string selected(rows_.At(static_cast<std::size_t>(list_index_)));
-    rows_.Sort(SortsBefore);
-    list_index_ = static_cast<int>(rows_.LowerBound(selected, SortsBefore));
+    rows_.Sort();
+    list_index_ = static_cast<int>(rows_.LowerBound(selected));
 }
 
 void ComboBox::AddItem(std::string_view text) {

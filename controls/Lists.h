@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -22,7 +23,9 @@ public:
         : ListBox(Kind::ListBox, name, sorted) {}
 
     /// Adds a row at the end, or in its place in a sorted list. No Click.
-    void AddItem(std::string_view text);
+    void AddItem(std::string_view text) { AddItem({text}); }
+    /// The parts joined as one row.
+    void AddItem(std::initializer_list<std::string_view> parts);
     /// Removes a row; a row that is not there changes nothing and gives false. The selection stays on its
     /// row; when the selected row goes, ListIndex becomes -1, without a Click.
     bool RemoveItem(int row);

@@ -1,21 +1,57 @@
 #include "library/DistinctTexts.h"
 
+#include <functional>
+
 namespace library {
+namespace {
+
+constexpr std::size_t kFirstPlaces = 64;
+
+std::uint32_t Tag(std::uint64_t hash) {
+    return static_cast<std::uint32_t>(hash >> 32U);
+}
+
+}  // namespace
 
 bool DistinctTexts::IsNew(std::string_view text) {
-    if (!texts_.empty() && text == last_) return false;
-    const auto known = texts_.find(text);
-    if (known != texts_.end()) {
-        last_ = *known;
-        return false;
+    if (!texts_.Empty() && text == last_) return false;
+    if (2 * (texts_.Size() + 1) > places_.size()) Grow();
+    const std::uint64_t hash = std::hash<std::string_view>{}(text);
+    Place& place = PlaceOf(text, hash);
+    const bool is_new = place.text == 0;
+    if (is_new) {
+        texts_.PushBack(text);
+        place = {static_cast<std::uint32_t>(texts_.Size()), Tag(hash)};
     }
-    last_ = *texts_.emplace(text).first;
-    return true;
+    last_ = texts_.At(place.text - 1);
+    return is_new;
+}
+
+// The place of the text, or the free one that it would take.
+DistinctTexts::Place& DistinctTexts::PlaceOf(std::string_view text, std::uint64_t hash) {
+    const std::size_t mask = places_.size() - 1;
+    std::size_t at = hash & mask;
+    while (places_[at].text != 0 &&
+           (places_[at].hash != Tag(hash) || texts_.At(places_[at].text - 1) != text)) {
+        at = (at + 1) & mask;
+    }
+    return places_[at];
+}
+
+void DistinctTexts::Grow() {
+    places_.assign(places_.empty() ? kFirstPlaces : 2 * places_.size(), Place());
+    const std::size_t mask = places_.size() - 1;
+    for (std::size_t text = 0; text < texts_.Size(); ++text) {
+        const std::uint64_t hash = std::hash<std::string_view>{}(texts_.At(text));
+        std::size_t at = hash & mask;
+        while (places_[at].text != 0)
+            at = (at + 1) & mask;
+        places_[at] = {static_cast<std::uint32_t>(text + 1), Tag(hash)};
+    }
 }
 
 void DistinctTexts::Clear() {
-    last_ = {};
-    texts_ = {};
+    *this = {};
 }
 
 }  // namespace library

@@ -2,10 +2,11 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
-#include <string>
+#include <cstdint>
 #include <string_view>
-#include <unordered_set>
+#include <vector>
+
+#include "base/RowTexts.h"
 
 namespace library {
 
@@ -13,17 +14,24 @@ class DistinctTexts {
 public:
     /// True for the first of equal texts (compared byte for byte).
     bool IsNew(std::string_view text);
-    std::size_t Size() const { return texts_.size(); }
+    std::size_t Size() const { return texts_.Size(); }
+    /// Forgets the texts and gives their room back.
     void Clear();
 
 private:
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+    // Where a text stands in texts_, counted from 1 so that 0 is a free place, and a part of its hash that
+    // spares most comparisons.
+    struct Place {
+        std::uint32_t text = 0;
+        std::uint32_t hash = 0;
     };
 
-    std::unordered_set<std::string, Hash, std::equal_to<>> texts_;
-    std::string_view last_;  // into texts_: rows of one artist mostly stand together
+    Place& PlaceOf(std::string_view text, std::uint64_t hash);
+    void Grow();
+
+    base::RowTexts texts_;
+    std::vector<Place> places_;  // their number is a power of two
+    std::string_view last_;      // into texts_: rows of one artist mostly stand together
 };
 
 }  // namespace library

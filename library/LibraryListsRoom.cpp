@@ -6,6 +6,8 @@
 #include "base/Number.h"
 #include "base/Text.h"
 #include "library/TableRows.h"
+#include "library/TopKeys.h"
+#include "store/FirstRows.h"
 #include "store/Tables.h"
 
 namespace library {
@@ -16,9 +18,7 @@ constexpr std::string_view kSeparator = " - ";
 constexpr std::size_t kMostPlayLists = 100;
 /// A library of more songs takes longer to list than a person waits without a word.
 constexpr std::size_t kLongWalk = 200'000;
-constexpr int kTopRows = 20;
-constexpr int kCountDigits = 5;
-constexpr std::string_view kCountGap = "         ";
+constexpr std::size_t kTopRows = 20;
 
 // What an empty track list says, by the view that was asked for.
 constexpr std::string_view kEmptyLibrary = "Your library is empty - add media to fill it";
@@ -285,8 +285,7 @@ void LibraryListsRoom::ClearTracks() {
 }
 
 void LibraryListsRoom::AddTrack(std::string_view song_id, std::string_view artist, std::string_view title) {
-    row_.assign(artist).append(kSeparator).append(title);
-    controls_.lstTracks.AddItem(row_);
+    controls_.lstTracks.AddItem({artist, kSeparator, title});
     controls_.lstMaybe.AddItem(song_id);
 }
 
@@ -310,45 +309,26 @@ void LibraryListsRoom::ShowTop20() {
     TellCount(kNothingPlayed);
 }
 
+// Only the keys that can be shown go into the list: sorting those of a whole library would take long.
 void LibraryListsRoom::FillTop20Keys() {
-    controls_.lstTop20.Clear();
+    TopKeys top(kTopRows);
     store::RecordSet rows = OpenRows(sources_.datSong, store::kAllSongs);
-    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-        const std::string_view play_count = rows.Text(store::tblSong::PlayCount);
-        if (play_count.empty()) continue;
-        const auto count = static_cast<std::int64_t>(base::Val(play_count));
-        if (count <= 0) continue;
-        row_ = base::Padded(count, kCountDigits);
-        row_.append(kCountGap).append(rows.Text(store::tblSong::SongID));
-        controls_.lstTop20.AddItem(row_);
-    }
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
+        top.Offer(rows.Text(store::tblSong::PlayCount), rows.Text(store::tblSong::SongID));
+    controls_.lstTop20.Clear();
+    for (const std::string& key : top.Keys())
+        controls_.lstTop20.AddItem(key);
 }
 
 void LibraryListsRoom::ShowTop20Tracks() {
-    struct Place {
-        std::string song_id;
-        std::string artist;
-        std::string title;
-        bool found = false;
-    };
-    std::vector<Place> places;
-    for (int row = controls_.lstTop20.ListCount() - 1; row >= 0 && places.size() < kTopRows; --row) {
-        const std::string_view key = controls_.lstTop20.List(row);
-        const std::size_t gap = key.find(kCountGap);
-        places.push_back({std::string(key.substr(gap + kCountGap.size())), {}, {}, false});
-    }
+    std::vector<std::string> song_ids;
+    for (int row = controls_.lstTop20.ListCount() - 1; row >= 0; --row)
+        song_ids.emplace_back(TopKeys::SongIdOf(controls_.lstTop20.List(row)));
     store::RecordSet rows = OpenRows(sources_.datSong, store::kAllSongs);
-    for (rows.MoveFirst(); !rows.Eof() && !places.empty(); rows.MoveNext()) {
-        const std::string_view song_id = rows.Text(store::tblSong::SongID);
-        for (Place& place : places) {
-            if (place.found || place.song_id != song_id) continue;
-            place.artist = rows.Text(store::tblSong::artist);
-            place.title = rows.Text(store::tblSong::title);
-            place.found = true;
-        }
-    }
-    for (const Place& place : places) {
-        if (place.found) AddTrack(place.song_id, place.artist, place.title);
+    for (const auto& song : store::FirstRowsWith(rows, store::tblSong::SongID, song_ids)) {
+        if (!song || !rows.MoveTo(*song)) continue;
+        AddTrack(rows.Text(store::tblSong::SongID), rows.Text(store::tblSong::artist),
+                 rows.Text(store::tblSong::title));
     }
 }
 

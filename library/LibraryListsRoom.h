@@ -98,7 +98,6 @@ private:
     ports::EventLoop& loop_;
     LibraryListOutlets outlets_;
     DistinctTexts seen_artists_;
-    std::string row_;            // one row's text, its room kept from row to row
     std::uint64_t filling_ = 0;  // counts the fills of the track list
     bool narrowing_ = false;
     controls::EventClaims claims_;

@@ -121,6 +121,25 @@ std::size_t RecordSet::RecordCount() const {
     return table_ == nullptr ? 0 : table_->Count();
 }
 
+Bookmark RecordSet::CurrentBookmark() const {
+    assert(HasCurrentRow());
+    return RowAt(position_);
+}
+
+bool RecordSet::MoveTo(Bookmark bookmark) {
+    assert(order_.empty());
+    if (table_ == nullptr || !table_->IsThere(bookmark)) return false;
+    return StandOn(bookmark);
+}
+
+Bookmark RecordSet::EndOfBookmarks() const {
+    return table_ == nullptr ? 0 : table_->End();
+}
+
+std::uint64_t RecordSet::Rewrites(Field field) const {
+    return table_ == nullptr ? 0 : table_->Rewrites(static_cast<std::size_t>(field.column));
+}
+
 std::string_view RecordSet::Text(Field field) const {
     if (table_ == nullptr) return {};
     assert(Has(*table_, field));

@@ -18,6 +18,10 @@ namespace store {
 
 class Table;
 
+/// Where a row stands in its table: counted from 0 in table order, gaps of deleted rows included. A row keeps
+/// its bookmark, and no other row ever gets it.
+using Bookmark = std::uint32_t;
+
 class RecordSet {
 public:
     /// To the first, the last, the next, the previous row. False when there is no such row; the record set is
@@ -30,6 +34,16 @@ public:
     bool Bof() const;
     /// Rows of the query.
     std::size_t RecordCount() const;
+
+    /// The bookmark of the current row; there must be one.
+    Bookmark CurrentBookmark() const;
+    /// To the row of a bookmark, in a record set in table order. False when that row is gone.
+    bool MoveTo(Bookmark bookmark);
+    /// One more than the highest bookmark so far; 0 without a table.
+    Bookmark EndOfBookmarks() const;
+    /// Counts the times that a row which was there before got another text in this field: what was made of
+    /// the field's texts holds as long as this number stays.
+    std::uint64_t Rewrites(Field field) const;
 
     /// The value of the current row's field, or what Set gave it since Edit; between AddNew and Update, of
     /// the new row, where a field that was not set is empty. Empty when there is no current row (also right

@@ -11,7 +11,8 @@ constexpr std::size_t kWorthTidying = 4U << 20U;
 
 }  // namespace
 
-Table::Table(const ports::TableLayout& layout) : layout_(layout), storage_(layout.fields.size()) {}
+Table::Table(const ports::TableLayout& layout)
+    : layout_(layout), storage_(layout.fields.size()), rewrites_(layout.fields.size()) {}
 
 void Table::Load(std::int64_t file_row, std::span<const std::string_view> values) {
     places_.push_back(storage_.Add(values));
@@ -26,6 +27,8 @@ void Table::Clear() {
     states_.clear();
     file_rows_.clear();
     journal_.clear();
+    for (std::uint64_t& rewrites : rewrites_)
+        ++rewrites;
     count_ = 0;
 }
 
@@ -58,6 +61,9 @@ void Table::Mark(RowNumber row, State state) {
 
 void Table::Replace(RowNumber row, std::span<const std::string_view> values) {
     assert(IsThere(row));
+    for (std::size_t column = 0; column < values.size(); ++column) {
+        if (values[column] != Value(row, column)) ++rewrites_[column];
+    }
     places_[row] = storage_.Replace(places_[row], values);
     if (states_[row] == State::Kept) Mark(row, State::Changed);
     TidyUp();

@@ -54,6 +54,9 @@ public:
     /// Removes a row that is there.
     void Remove(RowNumber row);
 
+    /// How often a row got another text in this column, Clear counted too.
+    std::uint64_t Rewrites(std::size_t column) const { return rewrites_[column]; }
+
     /// Rows that the journal names.
     std::span<const RowNumber> Journal() const { return journal_; }
     /// What became of a row of the journal; false when the file has nothing to learn of it (added and removed
@@ -82,6 +85,7 @@ private:
     std::vector<State> states_;
     std::vector<std::int64_t> file_rows_;
     std::vector<RowNumber> journal_;
+    std::vector<std::uint64_t> rewrites_;
     std::size_t count_ = 0;
 };
 

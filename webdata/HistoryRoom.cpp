@@ -6,6 +6,7 @@
 
 #include "base/Number.h"
 #include "base/Text.h"
+#include "store/FirstRows.h"
 #include "store/Tables.h"
 
 namespace webdata {
@@ -13,7 +14,7 @@ namespace {
 
 /// Rows up to this number survive the deletion of the history.
 constexpr int kLastReservedRow = 10;
-constexpr int kLongestPlayedView = 20;
+constexpr std::size_t kLongestPlayedView = 20;
 constexpr std::int64_t kLastNumber = std::numeric_limits<std::int16_t>::max();
 
 std::int64_t NumberOf(const store::RecordSet& row) {
@@ -106,24 +107,23 @@ void HistoryRoom::ShowLastPlayed() {
     played_.BeginView();
     controls_.datHistory.Open(store::kAllHistory);
     dat_song_.Open(store::kAllSongs);
-    store::RecordSet& rows = controls_.datHistory.Recordset();
-    int count = 0;
-    for (rows.MoveLast(); !rows.Bof() && count < kLongestPlayedView; rows.MovePrevious()) {
-        if (rows.Text(store::tblHistory::HistoryType) != kMusicHistory) continue;
-        ++count;
-        ShowSong(rows.Text(store::tblHistory::HistoryText));
+    store::RecordSet& songs = dat_song_.Recordset();
+    for (const auto& song : store::FirstRowsWith(songs, store::tblSong::FilePath, LastPlayedPaths())) {
+        if (!song || !songs.MoveTo(*song)) continue;
+        played_.AddSong(songs.Text(store::tblSong::SongID), songs.Text(store::tblSong::artist),
+                        songs.Text(store::tblSong::title));
     }
     played_.EndView();
 }
 
-void HistoryRoom::ShowSong(std::string_view path) {
-    store::RecordSet& songs = dat_song_.Recordset();
-    for (songs.MoveFirst(); !songs.Eof(); songs.MoveNext()) {
-        if (songs.Text(store::tblSong::FilePath) != path) continue;
-        played_.AddSong(songs.Text(store::tblSong::SongID), songs.Text(store::tblSong::artist),
-                        songs.Text(store::tblSong::title));
-        return;
+std::vector<std::string> HistoryRoom::LastPlayedPaths() {
+    store::RecordSet& rows = controls_.datHistory.Recordset();
+    std::vector<std::string> paths;
+    for (rows.MoveLast(); !rows.Bof() && paths.size() < kLongestPlayedView; rows.MovePrevious()) {
+        if (rows.Text(store::tblHistory::HistoryType) != kMusicHistory) continue;
+        paths.emplace_back(rows.Text(store::tblHistory::HistoryText));
     }
+    return paths;
 }
 
 void HistoryRoom::mnuHistory_Click() {

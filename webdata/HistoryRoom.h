@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "controls/Event.h"
 #include "controls/Menu.h"
@@ -50,7 +51,7 @@ private:
     void Append(std::string_view kind, std::string_view text);
     void ShowKind(std::string_view kind);
     void ShowLastPlayed();
-    void ShowSong(std::string_view path);
+    std::vector<std::string> LastPlayedPaths();
     void DeleteAll();
 
     HistoryControls& controls_;

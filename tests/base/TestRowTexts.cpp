@@ -9,10 +9,6 @@
 namespace base {
 namespace {
 
-bool Less(std::string_view left, std::string_view right) {
-    return left < right;
-}
-
 std::vector<std::string> All(const RowTexts& rows) {
     std::vector<std::string> all;
     for (std::size_t row = 0; row < rows.Size(); ++row)
@@ -84,26 +80,35 @@ TEST(RowTexts, TidyingUpKeepsTheRowsThatAreLeft) {
     }
 }
 
-TEST(RowTexts, SortingKeepsTheOrderOfEqualRows) {
+TEST(RowTexts, PartsBecomeOneRow) {
     RowTexts rows;
-    for (const char* text : {"b1", "a1", "b2", "a2"})
-        rows.PushBack(text);
 
-    rows.Sort([](std::string_view left, std::string_view right) { return left[0] < right[0]; });
+    rows.PushBack({"artist", " - ", "title"});
+    rows.PushBack({"", ""});
 
-    EXPECT_EQ(All(rows), (std::vector<std::string>{"a1", "a2", "b1", "b2"}));
+    EXPECT_EQ(All(rows), (std::vector<std::string>{"artist - title", ""}));
 }
 
-TEST(RowTexts, LowerBoundIsTheFirstRowThatIsNotLess) {
+TEST(RowTexts, SortsLikeASortedList) {
     RowTexts rows;
-    for (const char* text : {"a", "c", "c", "e"})
+    for (const char* text : {"b", "A", "C", "a", "B"})
         rows.PushBack(text);
 
-    EXPECT_EQ(rows.LowerBound("a", Less), 0U);
-    EXPECT_EQ(rows.LowerBound("b", Less), 1U);
-    EXPECT_EQ(rows.LowerBound("c", Less), 1U);
-    EXPECT_EQ(rows.LowerBound("f", Less), 4U);
-    EXPECT_EQ(RowTexts().LowerBound("a", Less), 0U);
+    rows.Sort();
+
+    EXPECT_EQ(All(rows), (std::vector<std::string>{"A", "a", "B", "b", "C"}));
+}
+
+TEST(RowTexts, LowerBoundIsTheFirstRowThatDoesNotStandBefore) {
+    RowTexts rows;
+    for (const char* text : {"a", "C", "c", "e"})
+        rows.PushBack(text);
+
+    EXPECT_EQ(rows.LowerBound("a"), 0U);
+    EXPECT_EQ(rows.LowerBound("B"), 1U);
+    EXPECT_EQ(rows.LowerBound("c"), 2U);
+    EXPECT_EQ(rows.LowerBound("f"), 4U);
+    EXPECT_EQ(RowTexts().LowerBound("a"), 0U);
 }
 
 TEST(RowTexts, ClearingMakesRoomForNewRows) {
@@ -114,6 +119,20 @@ TEST(RowTexts, ClearingMakesRoomForNewRows) {
     rows.PushBack("b");
 
     EXPECT_EQ(All(rows), (std::vector<std::string>{"b"}));
+}
+
+TEST(RowTexts, AClearedListTakesRowsOfOtherLengths) {
+    RowTexts rows;
+    const std::string longer(5000, 'x');
+    for (int round = 0; round < 3; ++round) {
+        rows.Clear();
+        for (int i = 0; i < 300; ++i)
+            rows.PushBack(i % 2 == round % 2 ? std::to_string(i) : longer);
+    }
+
+    ASSERT_EQ(rows.Size(), 300U);
+    for (std::size_t i = 0; i < rows.Size(); ++i)
+        EXPECT_EQ(rows.At(i), i % 2 == 0 ? std::to_string(i) : longer);
 }
 
 }  // namespace

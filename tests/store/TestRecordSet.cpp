@@ -322,4 +322,57 @@ TEST_F(RecordSetOfThreeSongs, PlayListRowsKeepTheirOwnCopies) {
     EXPECT_EQ(play_lists->Recordset().Text(store::tblPlayList::artist), "Ann");
 }
 
+TEST_F(RecordSetOfThreeSongs, ABookmarkLeadsBackToItsRow) {
+    Records().MoveNext();
+    const store::Bookmark second = Records().CurrentBookmark();
+    AddSong(Records(), "4", "Four");
+    Records().MoveFirst();
+    Records().Delete();
+
+    const bool moved = Records().MoveTo(second);
+
+    EXPECT_TRUE(moved);
+    EXPECT_EQ(Records().Text(tblSong::title), "Two");
+    EXPECT_EQ(Records().EndOfBookmarks(), 4U);
+}
+
+TEST_F(RecordSetOfThreeSongs, TheBookmarkOfADeletedRowLeadsNowhere) {
+    Records().MoveNext();
+    const store::Bookmark second = Records().CurrentBookmark();
+    Records().Delete();
+    Records().MoveLast();
+
+    const bool moved = Records().MoveTo(second);
+
+    EXPECT_FALSE(moved);
+    EXPECT_EQ(Records().Text(tblSong::title), "Three");
+    EXPECT_FALSE(Records().MoveTo(99));
+}
+
+TEST_F(RecordSetOfThreeSongs, OnlyAnotherTextInAnOldRowIsARewriteOfItsField) {
+    const std::uint64_t titles = Records().Rewrites(tblSong::title);
+    AddSong(Records(), "4", "Four");
+    Records().Edit();
+    Records().Set(tblSong::PlayCount, "8");
+    Records().Set(tblSong::title, "One");
+    Records().Update();
+    Records().MoveLast();
+    Records().Delete();
+    EXPECT_EQ(Records().Rewrites(tblSong::title), titles);
+
+    OtherRecords().Edit();
+    OtherRecords().Set(tblSong::title, "Another");
+    OtherRecords().Update();
+
+    EXPECT_NE(Records().Rewrites(tblSong::title), titles);
+}
+
+TEST(RecordSet, WithoutATableHasNoBookmarks) {
+    store::RecordSet records;
+
+    EXPECT_EQ(records.EndOfBookmarks(), 0U);
+    EXPECT_FALSE(records.MoveTo(0));
+    EXPECT_EQ(records.Rewrites(tblSong::title), 0U);
+}
+
 }  // namespace
