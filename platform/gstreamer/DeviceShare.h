@@ -53,6 +53,8 @@ struct DeviceShare {
     bool closing = false;
     bool event = false;         ///< the pipeline has something to tell
     bool place_wanted = false;  ///< the anchor is old
+    bool looking = false;       ///< a thread asks for a sound server
+    bool server_found = false;  ///< it got an answer
 
     std::int64_t jump_done = 0;  ///< serial of the last jump that the pipeline has made
     Anchor anchor;

@@ -178,6 +178,15 @@ void LoadElements() {
     }
 }
 
+bool CanReachSoundServer() {
+    GstElement* const sink = gst_element_factory_make("pulsesink", nullptr);
+    if (!CanBeUsed(sink)) return false;
+    gst_object_ref_sink(sink);
+    gst_element_set_state(sink, GST_STATE_NULL);
+    gst_object_unref(sink);
+    return true;
+}
+
 Pipeline::Pipeline(std::shared_ptr<Gain> gain, std::function<void()> wake)
     : gain_(std::move(gain)), events_(std::make_unique<EventQueue>(std::move(wake))) {}
 

@@ -2,7 +2,7 @@
 //
 // Every call may take its time, and with a broken disk or sound server may never return; so only a worker
 // thread makes them. Times are nanoseconds of the media. With no sound server the sound runs into nothing, in
-// real time.
+// real time; who runs the pipeline may open it again once a server can be reached.
 #pragma once
 
 #include <gst/gst.h>
@@ -110,5 +110,8 @@ void StartGStreamer();
 
 /// Loads what the first song needs, so that it starts at once. May take a second.
 void LoadElements();
+
+/// Asks for a sound server; waits for the answer of one that is slow.
+bool CanReachSoundServer();
 
 }  // namespace gstreamer

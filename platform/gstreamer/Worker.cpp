@@ -19,6 +19,11 @@ constexpr double kFastest = 8;
 constexpr std::chrono::milliseconds kSpeedFollows{4};
 constexpr std::chrono::milliseconds kLevelFollows{1};
 constexpr std::chrono::milliseconds kSettling{150};
+// How often a song without a sound server looks for one: often while it may be a restart, then seldom.
+constexpr std::chrono::milliseconds kServerGlance{300};
+constexpr std::chrono::milliseconds kSeldomGlance{3000};
+constexpr int kGlancesOfARestart = 100;
+constexpr std::chrono::seconds kSoonAgain{2};
 
 double RateOf(const Wish& wish) {
     return std::clamp(wish.speed / kNormalSpeed, kSlowest, kFastest);
@@ -28,7 +33,9 @@ double RateOf(const Wish& wish) {
 class Worker final {
 public:
     explicit Worker(const std::shared_ptr<DeviceShare>& share)
-        : share_(*share), pipeline_(share->gain, [weak = std::weak_ptr(share)] { Wake(weak); }) {}
+        : weak_share_(share),
+          share_(*share),
+          pipeline_(share->gain, [weak = std::weak_ptr(share)] { Wake(weak); }) {}
 
     void Run() {
         if (!Open()) return;
@@ -38,7 +45,9 @@ public:
             if (share_.closing) break;
             WaitForSpeed(lock);
             TakeEvents(lock);
+            GoOnAloud(lock);
             Fulfil(lock);
+            LookForServer();
         }
         const bool is_heard = playing_ && share_.wish.playing && !ended_;
         lock.unlock();
@@ -73,16 +82,20 @@ private:
     // more.
     void Wait(Lock& lock) {
         const auto is_needed = [this] { return IsNeeded(); };
-        if (!std::exchange(settling_, false) || share_.changed.wait_for(lock, kSettling, is_needed)) {
+        if (std::exchange(settling_, false) && !share_.changed.wait_for(lock, kSettling, is_needed)) return;
+        if (pipeline_.IsSilent() && !ended_) {
+            share_.changed.wait_for(lock, glances_ < kGlancesOfARestart ? kServerGlance : kSeldomGlance,
+                                    is_needed);
+        } else {
             share_.changed.wait(lock, is_needed);
         }
     }
 
     bool IsNeeded() const {
         const Wish& wish = share_.wish;
-        return share_.closing || share_.event || share_.place_wanted || wish.jump != jump_ ||
-               wish.stop != stop_ || (wish.playing && RateOf(wish) != rate_) || wish.playing != playing_ ||
-               wish.put != put_;
+        return share_.closing || share_.event || share_.place_wanted ||
+               (share_.server_found && wish.playing) || wish.jump != jump_ || wish.stop != stop_ ||
+               (wish.playing && RateOf(wish) != rate_) || wish.playing != playing_ || wish.put != put_;
     }
 
     void WaitForSpeed(Lock& lock) {
@@ -97,7 +110,7 @@ private:
         for (PipelineEvent event = pipeline_.TakeEvent(); event != PipelineEvent::None;
              event = pipeline_.TakeEvent()) {
             if (event == PipelineEvent::Ended) HasEnded();
-            if (event == PipelineEvent::Broken) GoOnSilently(lock);
+            if (event == PipelineEvent::Broken) GoOn(lock);
             if (event == PipelineEvent::LengthChanged) Measure(lock);
         }
     }
@@ -119,17 +132,58 @@ private:
         length = std::max(length, static_cast<std::int64_t>(1e9 / share_.facts.frames_per_second));
     }
 
-    // The sound server is gone, or the file cannot be read on: the song runs on without sound, or ends.
-    void GoOnSilently(Lock& lock) {
+    // The sound server is gone, or the file cannot be read on: the song runs on, without sound where there is
+    // no server or it broke the song a moment ago, or ends.
+    void GoOn(Lock& lock) {
         if (pipeline_.IsSilent()) return HasEnded();
         const std::int64_t place = LikelyPlace();
+        const auto now = Anchor::Clock::now();
+        const bool again = now - std::exchange(broken_at_, now) < kSoonAgain;
         lock.unlock();
-        const int error = pipeline_.Open(share_.request.native_path, share_.request.parent, true);
+        const int error = pipeline_.Open(share_.request.native_path, share_.request.parent, again);
         const bool goes_on = error == kNoError && pipeline_.Seek(place, stop_, rate_);
         if (goes_on && playing_) pipeline_.Play();
         lock.lock();
         if (!goes_on) HasEnded();
+        put_ = 0;
         share_.place_wanted = true;
+    }
+
+    // A server that does not answer holds up the thread that asks it, and nothing else.
+    void LookForServer() {
+        if (!pipeline_.IsSilent() || ended_ || share_.looking || share_.server_found) return;
+        if (Anchor::Clock::now() < next_glance_) return;
+        ++glances_;
+        next_glance_ = Anchor::Clock::now() + kServerGlance / 2;
+        share_.looking = true;
+        std::thread([weak = weak_share_] { Look(weak); }).detach();
+    }
+
+    static void Look(const std::weak_ptr<DeviceShare>& weak) {
+        const bool found = CanReachSoundServer();
+        const auto share = weak.lock();
+        if (!share) return;
+        const std::lock_guard lock(share->mutex);
+        share->looking = false;
+        share->server_found = found;
+        if (found) share->changed.notify_all();
+    }
+
+    // Opens the file once more, with sound. One that is gone by now plays on as it was opened. A song that
+    // does not play waits with that: a sink that is open before it is needed starts late by the time between.
+    void GoOnAloud(Lock& lock) {
+        if (!share_.wish.playing || !std::exchange(share_.server_found, false)) return;
+        if (!pipeline_.IsSilent() || ended_) return;
+        lock.unlock();
+        const std::int64_t place = std::max<std::int64_t>(pipeline_.Position(), 0);
+        const int error = pipeline_.Open(share_.request.native_path, share_.request.parent, false);
+        const bool is_as_it_was = error == kFileNotFound || error == kFileRead;
+        const bool goes_on = is_as_it_was || (error == kNoError && pipeline_.Seek(place, stop_, rate_));
+        if (goes_on && playing_ && !is_as_it_was) pipeline_.Play();
+        lock.lock();
+        put_ = 0;
+        settling_ = true;
+        if (!goes_on) HasEnded();
     }
 
     // A pipeline that broke no longer knows where it was.
@@ -214,6 +268,7 @@ private:
         share_.anchor = {.position = place, .at = Anchor::Clock::now(), .running = playing_};
     }
 
+    std::weak_ptr<DeviceShare> weak_share_;
     DeviceShare& share_;
     Pipeline pipeline_;
     std::int64_t jump_ = 0;
@@ -227,6 +282,9 @@ private:
     int heard_left_ = Gain::kFull;
     int heard_right_ = Gain::kFull;
     std::int64_t last_place_ = 0;
+    int glances_ = 0;
+    Anchor::Clock::time_point next_glance_;
+    Anchor::Clock::time_point broken_at_;
 };
 
 }  // namespace

@@ -23,21 +23,28 @@ std::string NewFolder() {
 }  // namespace
 
 PrivateSound::PrivateSound() : folder_(NewFolder()) {
-    running_ = !folder_.empty() && StartServer();
-    if (!running_) return;
+    running_ = !folder_.empty() && StartServer() && StartRecorder();
+}
+
+bool PrivateSound::StartRecorder() {
+    ended_ = false;
     recorder_ = Child({"parec", "--device=test.monitor", "--raw", "--format=s16le", "--rate=44100",
                        "--channels=2", "--latency-msec=5"},
                       &pipe_);
     reader_ = std::thread([this] { ReadOn(); });
     std::unique_lock lock(mutex_);
-    running_ = WaitUntilHeard(lock, 1, kServerStart);
+    return WaitUntilHeard(lock, heard_.size() / 2 + 1, kServerStart);
+}
+
+void PrivateSound::EndRecorder() {
+    recorder_.Kill();
+    if (reader_.joinable()) reader_.join();
+    if (pipe_ >= 0) close(pipe_);
 }
 
 PrivateSound::~PrivateSound() {
     server_.Signal(SIGCONT);
-    recorder_.Kill();
-    if (reader_.joinable()) reader_.join();
-    if (pipe_ >= 0) close(pipe_);
+    EndRecorder();
     server_.Kill();
     unsetenv("PULSE_SERVER");
     std::error_code ignored;
@@ -145,6 +152,12 @@ double PrivateSound::SecondsToSound(std::size_t from, double level) {
 
 void PrivateSound::KillServer() {
     server_.Kill();
+}
+
+bool PrivateSound::RestartServer() {
+    server_.Kill();
+    EndRecorder();
+    return StartServer() && StartRecorder();
 }
 
 void PrivateSound::FreezeServer() {

@@ -41,12 +41,17 @@ public:
 
     /// The server ends at once, as in a crash.
     void KillServer();
+    /// Starts it again; what is heard from then on follows what was heard before. False when it does not
+    /// start.
+    bool RestartServer();
     /// The server stops answering, and goes on again.
     void FreezeServer();
     void ThawServer();
 
 private:
     bool StartServer();
+    bool StartRecorder();
+    void EndRecorder();
     void ReadOn();
     Samples Cut(std::size_t begin, std::size_t end) const;
     bool WaitUntilHeard(std::unique_lock<std::mutex>& lock, std::size_t count, double seconds);

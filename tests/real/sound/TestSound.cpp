@@ -218,8 +218,54 @@ TEST_F(Sound, ASongGoesOnInRealTimeWhenItsServerDies) {
     EXPECT_NEAR(seconds, 3, 0.6);
 }
 
-TEST_F(Sound, AFrozenServerHoldsUpNoCommand) {
+TEST_F(Sound, ASongIsHeardAgainAtItsPlaceOnceItsServerIsBack) {
     Play(Song());
+    server_.KillServer();
+    const int place = Place();
+    const auto killed = Clock::now();
+    while (Place() < place + 1500)
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+
+    ASSERT_TRUE(server_.RestartServer());
+    const bool heard = server_.WaitForSound(1.5);
+    const double passed = std::chrono::duration<double>(Clock::now() - killed).count();
+
+    EXPECT_TRUE(heard);
+    EXPECT_EQ(Ask("status a mode"), "playing");
+    EXPECT_NEAR(Place(), place + 1000 * passed, 500);
+    EXPECT_NEAR(Amplitude(Settled().left, kTone), kFull, 0.01);
+}
+
+TEST_F(Sound, APausedSongIsHeardAgainWhenItGoesOnAfterARestart) {
+    Play(Song());
+    Send("setaudio a left volume to 500");
+    Send("pause a");
+    const int place = Place();
+    server_.KillServer();
+
+    ASSERT_TRUE(server_.RestartServer());
+    Send("resume a");
+
+    EXPECT_TRUE(server_.WaitForSound(1.5));
+    EXPECT_NEAR(Place(), place + 750, 750);
+    const Samples heard = Settled();
+    EXPECT_GT(Amplitude(heard.right, kTone), 0.8 * kFull);
+    EXPECT_NEAR(Amplitude(heard.left, kTone), Amplitude(heard.right, kTone) / 2, 0.01);
+}
+
+TEST_F(Sound, ASongThatStartedWithoutAServerIsHeardOnceThereIsOne) {
+    server_.KillServer();
+    ASSERT_EQ(Send("open " + Song() + " type MPEGVideo Alias a"), 0);
+    ASSERT_EQ(Send("play a"), 0);
+
+    ASSERT_TRUE(server_.RestartServer());
+
+    EXPECT_TRUE(server_.WaitForSound(1.5));
+}
+
+TEST_F(Sound, AFrozenServerHoldsUpNoCommand) {
+    const std::string song = Song();
+    Play(song);
     server_.FreezeServer();
     double slowest = 0;
 
@@ -230,7 +276,7 @@ TEST_F(Sound, AFrozenServerHoldsUpNoCommand) {
         slowest = std::max(slowest, std::chrono::duration<double>(Clock::now() - begin).count());
     }
     const auto begin = Clock::now();
-    const int opened = Send("open " + Song() + " type MPEGVideo Alias a");
+    const int opened = Send("open " + song + " type MPEGVideo Alias a");
     const double opening = std::chrono::duration<double>(Clock::now() - begin).count();
     server_.ThawServer();
 
