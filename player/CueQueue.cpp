@@ -15,6 +15,8 @@ CueQueue::CueQueue(CueControls& controls, const controls::Label& lblQuote, CueSt
     : controls_(controls), lblQuote_(lblQuote), state_(state) {}
 
 void CueQueue::Add(std::string_view text, std::string_view entry) {
+    // The last row may have gone without a word about the flag.
+    if (IsEmpty()) state_.CueHeadIsPath = false;
     controls_.lstCuedSongs.AddItem(text);
     controls_.lstCuedSongsPath.AddItem(entry);
     state_.CueHeadIsId = true;
@@ -29,14 +31,19 @@ std::string CueQueue::TakePath() {
 }
 
 std::string CueQueue::TakeEntry() {
-    return TakeRow(0);
-}
-
-std::string CueQueue::TakeRow(int row) {
-    std::string entry = SelectEntry(row);
-    RemoveRow(row);
+    std::string entry = SelectEntry(0);
+    RemoveRow(0);
     state_.CueHeadIsId = !IsEmpty();
     return entry;
+}
+
+std::string CueQueue::SelectEntryOfRow() {
+    return SelectEntry(controls_.lstCuedSongs.ListIndex());
+}
+
+void CueQueue::RemoveSelectedRow() {
+    RemoveRow(controls_.lstCuedSongs.ListIndex());
+    state_.CueHeadIsId = !IsEmpty();
 }
 
 void CueQueue::Uncue() {

@@ -15,8 +15,10 @@ class CueQueue final {
 public:
     CueQueue(CueControls& controls, const controls::Label& lblQuote, CueState& state);
 
-    bool IsPathAtHead() const { return state_.CueHeadIsPath; }
-    bool IsIdAtHead() const { return state_.CueHeadIsId; }
+    /// How the head is to be played; both are false while there is none, whatever the flags say.
+    bool IsPathAtHead() const { return !IsEmpty() && state_.CueHeadIsPath; }
+    bool IsIdAtHead() const { return !IsEmpty() && state_.CueHeadIsId; }
+    int Count() const { return controls_.lstCuedSongsPath.ListCount(); }
 
     /// Adds a song with the text to show and its entry, a number or a path.
     void Add(std::string_view text, std::string_view entry);
@@ -25,15 +27,17 @@ public:
     std::string TakePath();
     /// Takes the head off: its entry. What remains counts as numbers.
     std::string TakeEntry();
-    /// Takes a row off, by its place; what remains counts as numbers.
-    std::string TakeRow(int row);
+    /// Selects the entry of the selected row, and gives it.
+    std::string SelectEntryOfRow();
+    /// Removes the selected row, if there is one; what remains counts as numbers.
+    void RemoveSelectedRow();
     /// Removes the selected row, or else the head, and looks at the new head.
     void Uncue();
 
 private:
     std::string SelectEntry(int row);
     void RemoveRow(int row);
-    bool IsEmpty() const { return controls_.lstCuedSongsPath.ListCount() == 0; }
+    bool IsEmpty() const { return Count() == 0; }
     bool IsHeadShort() const;
 
     CueControls& controls_;

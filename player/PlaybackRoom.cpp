@@ -11,8 +11,6 @@ namespace {
 
 constexpr double kTitleStart = 100;
 constexpr std::size_t kShortestCuedPath = 9;
-/// Music and video alike.
-constexpr std::string_view kDeviceType = "MPEGVideo";
 constexpr std::string_view kMessageFormat = "{0} - {1} {2}";
 constexpr std::string_view kMessageCategory = "Music";
 constexpr std::string_view kEveryTrackMissing = "Every track in this playlist is missing!";
@@ -32,9 +30,11 @@ PlaybackRoom::PlaybackRoom(TitleControls& controls, controls::PictureBox& picSon
 
 void PlaybackRoom::PlaySong(std::string_view filename) {
     std::string path(filename);
+    // This one, then whatever is cued and every row of the order: after that each has had its turn.
+    int turns = 1 + parts_.cue.Count() + parts_.order.Count();
     // A loop, because a list may hold more missing tracks than the stack has room for.
     while (!CanPlay(path)) {
-        if (IsEveryTrackMissing()) return;
+        if (IsEveryTrackMissing(--turns)) return;
         path = ChooseNextSong();
     }
     StartSong(path);
@@ -45,7 +45,8 @@ void PlaybackRoom::EndOfSongCode() {
 }
 
 void PlaybackRoom::PassOverSong() {
-    if (!IsEveryTrackMissing()) EndOfSongCode();
+    const int turns_left = parts_.order.Count() - state_.MissingTrackCount - 1;
+    if (!IsEveryTrackMissing(turns_left)) EndOfSongCode();
 }
 
 void PlaybackRoom::GetSongInfo(std::int64_t song_id) {
@@ -62,10 +63,12 @@ bool PlaybackRoom::CanPlay(const std::string& filename) {
     return neighbours_.kinds.IsMediaFile(filename) && neighbours_.kinds.FileExists(filename);
 }
 
-bool PlaybackRoom::IsEveryTrackMissing() {
+/// As many missing tracks in a row as the order has rows. A count that is beyond that already, from tracks
+/// that were missing before, goes on until the turns are over.
+bool PlaybackRoom::IsEveryTrackMissing(int turns_left) {
     controls_.lblNoFile.SetVisible(true);
     ++state_.MissingTrackCount;
-    if (state_.MissingTrackCount < parts_.order.Count()) return false;
+    if (state_.MissingTrackCount != parts_.order.Count() && turns_left > 0) return false;
     // With nothing open the ticks would go on looking for the next song.
     if (state_.FramesPerSecond < 0) state_.PlayerStopped = true;
     neighbours_.dialogs.MsgBox(kEveryTrackMissing);
@@ -76,8 +79,10 @@ void PlaybackRoom::StartSong(const std::string& filename) {
     const std::int32_t missing_before = state_.MissingTrackCount;
     NoteStart(filename);
     CountThePlay(filename);
-    if (!BeginPlaying()) return;
+    BeginPlaying();
+    if (neighbours_.loop.IsEnding()) return;
     PrepareVideoWindow(filename);
+    if (neighbours_.loop.IsEnding()) return;
     roles_.video.ShowOrHideWindow();
     if (!OpenOnFreeAlias(filename)) state_.MissingTrackCount = missing_before;
     MeasureSong();
@@ -117,12 +122,10 @@ void PlaybackRoom::CountThePlay(const std::string& filename) {
     if (!neighbours_.window.IsLoading()) parts_.songs.AddPlayCount(filename);
 }
 
-/// False when the program was asked to end meanwhile.
-bool PlaybackRoom::BeginPlaying() {
+void PlaybackRoom::BeginPlaying() {
     state_.VideoPlaying = false;
     state_.PlayerStopped = false;
     neighbours_.loop.Yield();
-    return !neighbours_.loop.IsEnding();
 }
 
 void PlaybackRoom::PrepareVideoWindow(const std::string& filename) {
@@ -141,7 +144,7 @@ bool PlaybackRoom::OpenOnFreeAlias(const std::string& filename) {
     const bool b_playing = mci_.MciStatusMode("b") == "playing";
     const AliasRow& row = ChooseAlias(a_playing, b_playing, state_.CurrentAlias);
     mci_.MciClose(row.alias);
-    const std::string opened = mci_.MciOpen(roles_.video.ParentHandle(), row.alias, filename, kDeviceType);
+    const std::string opened = mci_.MciOpen(roles_.video.ParentHandle(), row.alias, filename, kMpegVideo);
     if (row.silent) mci_.MciSetVolume(row.alias, "all", 0);
     mci_.MciPlay(row.alias, "", "");
     StartFadeOf(row);

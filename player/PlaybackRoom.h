@@ -5,7 +5,7 @@
 // silent; the step it happened in changes nothing and the next step runs.
 //
 // PlaySong yields. Timers and events may run meanwhile and may start another song; the outer one then goes on
-// and crosses over to its own.
+// and crosses over to its own. When the program was asked to end meanwhile, nothing is opened any more.
 #pragma once
 
 #include <string>
@@ -58,7 +58,8 @@ public:
                  PlayerState& state, PlaybackParts parts, PlaybackRoles roles, PlaybackNeighbours neighbours);
 
     /// Plays a file, or, when it is missing or no media, whatever comes next, until one plays or as many were
-    /// tried as the play order has rows; a box then says so.
+    /// missing in a row as the play order has rows; a box then says so. A call ends in any case: at the
+    /// latest when everything that is cued and in order had its turn.
     void PlaySong(std::string_view filename) override;
     void EndOfSongCode() override;
     void PassOverSong() override;
@@ -72,7 +73,7 @@ public:
 
 private:
     bool CanPlay(const std::string& filename);
-    bool IsEveryTrackMissing();
+    bool IsEveryTrackMissing(int turns_left);
     void StartSong(const std::string& filename);
     std::string ChooseNextSong();
     std::string PathOfEntry(const std::string& entry);
@@ -80,7 +81,7 @@ private:
 
     void NoteStart(const std::string& filename);
     void CountThePlay(const std::string& filename);
-    bool BeginPlaying();
+    void BeginPlaying();
     void PrepareVideoWindow(const std::string& filename);
     bool OpenOnFreeAlias(const std::string& filename);
     void StartFadeOf(const AliasRow& row);

@@ -49,19 +49,19 @@ void QueueRoom::imgUnCueOver_Click() {
     address_.FocusAddress();
 }
 
-/// A row that holds a path is no number: the gesture fails and changes nothing.
+/// A row that holds a path is no number: the gesture fails and changes nothing. The row goes after the song
+/// was started; a missing file may have sent the player to the head of the list, which then went before it.
 void QueueRoom::lstCuedSongs_DblClick() {
     if (controls_.lstCuedSongs.Text().empty()) return;
-    const int row = controls_.lstCuedSongs.ListIndex();
-    controls_.lstCuedSongsPath.SetListIndex(row);
-    const auto number = base::ToNumber(controls_.lstCuedSongsPath.Text());
+    const std::string entry = cue_.SelectEntryOfRow();
+    const auto number = base::ToNumber(entry);
     if (!number) return;
-    const std::string entry = cue_.TakeRow(row);
     if (*number < kFirstPathValue) {
         player_.GetSongInfo(base::RoundHalfEven(*number));
     } else {
         player_.PlaySong(entry);
     }
+    cue_.RemoveSelectedRow();
 }
 
 }  // namespace player

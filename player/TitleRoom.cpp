@@ -55,8 +55,11 @@ void TitleRoom::trackscrollclick() {
     }
 }
 
+/// The tool tips name the song in full, wherever the title is on its way.
 void TitleRoom::lblTrack_Change() {
     const std::string& title = controls_.lblTrack.Caption();
+    controls_.lblTrack.SetToolTipText(title);
+    controls_.picTrackTitle.SetToolTipText(title);
     const std::size_t length = base::Len(title);
     controls_.lblTrack.SetWidth(static_cast<double>(length) * kCharacterWidth +
                                 static_cast<double>(title.size() - length) * kFurtherByteWidth);

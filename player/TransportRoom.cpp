@@ -1,5 +1,7 @@
 #include "player/TransportRoom.h"
 
+#include <algorithm>
+
 #include "base/Number.h"
 #include "base/Text.h"
 #include "player/Whole.h"
@@ -9,6 +11,7 @@ namespace player {
 namespace {
 
 constexpr std::string_view kEmptyTime = "0:00/0:00";
+constexpr double kWheelSeconds = 5;  ///< a notch
 
 }  // namespace
 
@@ -34,6 +37,7 @@ TransportRoom::TransportRoom(ProgressControls& controls, PanelControls& panel,
     claims_.Claim(bar.MouseDown, [this](int, int, double x, double) { picSongProgress_MouseDown(x); });
     claims_.Claim(bar.MouseMove, hide_highlights);
     claims_.Claim(bar.MouseUp, [this](int, int, double, double) { address_.FocusAddress(); });
+    claims_.Claim(bar.MouseWheel, [this](int notches) { picSongProgress_MouseWheel(notches); });
     claims_.Claim(marker.MouseDown, [this](int, int, double x, double) { lblProgress_MouseDown(x); });
     claims_.Claim(marker.MouseMove, [this](int, int, double x, double) { lblProgress_MouseMove(x); });
     claims_.Claim(marker.MouseUp, [this](int, int, double, double) { lblProgress_MouseUp(); });
@@ -63,14 +67,14 @@ void TransportRoom::tmrPlay_Tick() {
 
 void TransportRoom::MoveMarker() {
     const auto position = static_cast<double>(mci_.MciPosition(state_.CurrentAlias));
-    if (state_.FramesPerSecond <= 0) return;
+    if (position < 0 || state_.FramesPerSecond <= 0) return;
     controls_.lblProgress.SetVisible(true);
     controls_.lblProgress.SetLeft(position / state_.FramesPerSecond - controls_.lblProgress.Width() / 2);
 }
 
 void TransportRoom::ShowRunningTime() {
     const auto position = static_cast<double>(mci_.MciPosition(state_.CurrentAlias));
-    if (state_.FramesPerSecond <= 0) return;
+    if (position < 0 || state_.FramesPerSecond <= 0) return;
     const std::int64_t seconds = base::RoundHalfEven(position / state_.FramesPerSecond);
     controls_.lblRunningTime.SetCaption(base::MinutesAndSeconds(seconds) + "/" + state_.TotalTimeText);
 }
@@ -107,6 +111,13 @@ void TransportRoom::picSongProgress_MouseDown(double x) {
     if (state_.FadeDragging || !HasSong()) return;
     const auto rate = static_cast<double>(mci_.MciFramesPerSecond(state_.CurrentAlias));
     mci_.MciSeekAndPlay(state_.CurrentAlias, WholeInt(x * rate));
+}
+
+void TransportRoom::picSongProgress_MouseWheel(int notches) {
+    const auto position = static_cast<double>(mci_.MciPosition(state_.CurrentAlias));
+    if (position < 0 || state_.FramesPerSecond <= 0) return;
+    const double seconds = position / state_.FramesPerSecond + notches * kWheelSeconds;
+    picSongProgress_MouseDown(std::clamp(seconds, 0.0, controls_.picSongProgress.ScaleWidth()));
 }
 
 void TransportRoom::lblProgress_MouseDown(double x) {

@@ -38,6 +38,7 @@ public:
 private:
     void tmrPlay_Tick();
     void picSongProgress_MouseDown(double x);
+    void picSongProgress_MouseWheel(int notches);
     void lblProgress_MouseDown(double x);
     void lblProgress_MouseMove(double x);
     void lblProgress_MouseUp();

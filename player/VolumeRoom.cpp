@@ -9,6 +9,8 @@ namespace player {
 namespace {
 
 constexpr double kMenuStep = 300;  ///< about 16.8 percent
+constexpr int kWheelPercent = 5;   ///< a notch
+constexpr int kFullPercent = 100;
 
 int PercentOf(double left) {
     return WholeInt(left / kUnitsPerPercent);
@@ -19,6 +21,7 @@ int PercentOf(double left) {
 VolumeRoom::VolumeRoom(VolumeControls& controls, VolumeMenu menu, MciLayer& mci, PlayerState& state,
                        AddressRow& address, MainWindow& window)
     : controls_(controls), menu_(menu), mci_(mci), state_(state), address_(address), window_(window) {
+    claims_.Claim(controls_.picVolume.MouseWheel, [this](int notches) { picVolume_MouseWheel(notches); });
     claims_.Claim(controls_.lblVol.MouseDown, [this](int, int, double x, double) { lblVol_MouseDown(x); });
     claims_.Claim(controls_.lblVol.MouseMove, [this](int, int, double, double) { window_.NoMouseOvers(); });
     claims_.Claim(controls_.lblFullVol.MouseDown,
@@ -39,6 +42,15 @@ void VolumeRoom::volchanged() {
     state_.MusicVolume = PercentOf(imgVol.Left());
     controls_.lblMute.SetVisible(false);
     menu_.mnuMusicMute.SetChecked(false);
+}
+
+/// Unlike the menu's steps, a notch never asks for a level beyond the bar: the device follows to the very
+/// end.
+void VolumeRoom::picVolume_MouseWheel(int notches) {
+    const int level =
+        std::clamp(PercentOf(controls_.imgVol.Left()) + notches * kWheelPercent, 0, kFullPercent);
+    controls_.imgVol.SetLeft(level * kUnitsPerPercent);
+    volchanged();
 }
 
 void VolumeRoom::lblVol_MouseDown(double x) {

@@ -19,6 +19,7 @@ public:
     bool IsMuted() const override { return menu_.mnuMusicMute.Checked(); }
 
 private:
+    void picVolume_MouseWheel(int notches);
     void lblVol_MouseDown(double x);
     void imgVol_MouseDown(double x);
     void lblMute_Click();

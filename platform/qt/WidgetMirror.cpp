@@ -49,6 +49,12 @@ QString WordsOf(const QString& name) {
     return words;
 }
 
+/// The text as it stands: names of files and pages may look like markup, which a tool tip would carry out.
+QString PlainToolTip(const QString& text) {
+    if (!Qt::mightBeRichText(text)) return text;
+    return QLatin1String("<span>") + text.toHtmlEscaped() + QLatin1String("</span>");
+}
+
 }  // namespace
 
 void WidgetMirror::SetWidget(QWidget* widget, QWidget* surface) {
@@ -101,7 +107,7 @@ void WidgetMirror::Apply(Property property) {
             break;
         case Property::ToolTip:
         case Property::Caption: {
-            widget_->setToolTip(ToQt(control.ToolTipText()));
+            widget_->setToolTip(PlainToolTip(ToQt(control.ToolTipText())));
             QString name = ToQt(control.AccessibleName());
             if (name.isEmpty()) name = SpokenName();
             if (name.isEmpty()) name = ToQt(control.ToolTipText());
@@ -167,6 +173,18 @@ bool WidgetMirror::MouseReleased(const QMouseEvent& event) {
     return IsPassive();
 }
 
+bool WidgetMirror::WheelTurned(const QWheelEvent& event) {
+    controls::Control* listener = &Mirrored();
+    while (listener != nullptr && !listener->MouseWheel.IsClaimed())
+        listener = listener->Parent();
+    if (listener == nullptr) return false;
+    wheel_rest_ += event.angleDelta().y();
+    const int notches = wheel_rest_ / QWheelEvent::DefaultDeltasPerStep;
+    wheel_rest_ %= QWheelEvent::DefaultDeltasPerStep;
+    if (notches != 0) listener->MouseWheel.Raise(notches);
+    return true;
+}
+
 bool WidgetMirror::PressWindowButton(int key_code) {
     auto* form = dynamic_cast<controls::Container*>(&Outermost(Mirrored()));
     controls::CommandButton* button = form != nullptr ? FindButton(*form, key_code) : nullptr;
@@ -225,6 +243,8 @@ bool WidgetMirror::eventFilter(QObject* watched, QEvent* event) {
             return watched == surface_ && MouseMoved(static_cast<QMouseEvent&>(*event));
         case QEvent::MouseButtonRelease:
             return watched == surface_ && MouseReleased(static_cast<QMouseEvent&>(*event));
+        case QEvent::Wheel:
+            return watched == surface_ && WheelTurned(static_cast<QWheelEvent&>(*event));
         case QEvent::KeyPress:
             // Qt offers the same press to the containers next.
             if (QApplication::focusWidget() != nullptr && watched != QApplication::focusWidget())

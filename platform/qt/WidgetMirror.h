@@ -3,6 +3,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWheelEvent>
 
 #include "platform/qt/Mirror.h"
 
@@ -42,6 +43,7 @@ private:
     bool MouseDoubled(const QMouseEvent& event);
     bool MouseMoved(const QMouseEvent& event);
     bool MouseReleased(const QMouseEvent& event);
+    bool WheelTurned(const QWheelEvent& event);
     bool KeyPressed(const QKeyEvent& event);
     bool PressWindowButton(int key_code);
     bool Dropped(QEvent& event);
@@ -51,6 +53,7 @@ private:
     QPointer<QWidget> widget_;
     QWidget* surface_ = nullptr;
     bool pressed_ = false;
+    int wheel_rest_ = 0;  // eighths of a degree that do not make a notch yet
 };
 
 }  // namespace qt

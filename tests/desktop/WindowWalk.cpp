@@ -76,6 +76,7 @@ Names ClaimedEvents(const Control& control) {
     Note(control.MouseDown, "MouseDown", claimed);
     Note(control.MouseMove, "MouseMove", claimed);
     Note(control.MouseUp, "MouseUp", claimed);
+    Note(control.MouseWheel, "MouseWheel", claimed);
     Note(control.OLEDragDrop, "OLEDragDrop", claimed);
     Note(control.GotFocus, "GotFocus", claimed);
     return claimed;

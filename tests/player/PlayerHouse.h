@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -50,8 +51,10 @@ struct RecordingMessage final : player::NowPlayingMessage {
             line += "|" + std::string(part);
         }
         Sent.push_back(line);
+        if (WhenSent) WhenSent();
     }
     std::vector<std::string> Sent;
+    std::function<void()> WhenSent;  ///< a look at how things stand at that moment
 };
 
 struct RecordingAddressRow final : player::AddressRow {
@@ -169,6 +172,15 @@ struct PlayerHouse {
         library.Existing.insert(path);
         device.AddBroken(files.GetShortPathName(path));
         return path;
+    }
+
+    /// The path of a file that is not there any more.
+    static std::string Gone(std::string_view name) { return "C:\\m\\" + std::string(name); }
+
+    /// A row of the cue list, as a drop or a command puts it there; whoever cues sets the flags.
+    void Cue(std::string_view text, std::string_view entry) {
+        controls.queue.lstCuedSongs.AddItem(text);
+        controls.queue.lstCuedSongsPath.AddItem(entry);
     }
 
     /// A row of the visible tracks.

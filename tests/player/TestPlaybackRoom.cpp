@@ -127,6 +127,139 @@ TEST(PlaybackRoom, CutsTheOlderSongOffWhenAThirdStartsDuringACrossfade) {
     EXPECT_FALSE(house.state.FadeToB);
 }
 
+struct AliasCase {
+    const char* what;
+    bool a_plays;
+    bool b_plays;
+    const char* current;
+    Texts first_orders;
+    bool fades;
+    bool to_b;
+};
+
+TEST(PlaybackRoom, EachStateOfTheTwoDevicesHasItsCommandsAndItsFade) {
+    const std::vector<AliasCase> cases = {
+        {"none", false, false, "b", {"Close a", "open", "play a from 0 to 30000"}, false, false},
+        {"b",
+         false,
+         true,
+         "b",
+         {"Close a", "open", "setaudio a Volume to 0", "play a from 0 to 30000"},
+         true,
+         false},
+        {"a",
+         true,
+         false,
+         "a",
+         {"Close b", "open", "setaudio b Volume to 0", "play b from 0 to 30000"},
+         true,
+         true},
+        {"both, a current", true, true, "a", {"Close b", "open", "play b from 0 to 30000"}, true, true},
+        {"both, b current", true, true, "b", {"Close a", "open", "play a from 0 to 30000"}, true, false},
+    };
+    for (const AliasCase& one : cases) {
+        PlayerHouse house;
+        const auto song = house.AddSong("new.mp3");
+        const auto old_word = house.files.GetShortPathName(house.AddSong("old.mp3"));
+        for (const auto& [alias, plays] : {std::pair{"a", one.a_plays}, std::pair{"b", one.b_plays}}) {
+            if (!plays) continue;
+            house.mci.MciOpen(0, alias, "C:\\m\\old.mp3", "MPEGVideo");
+            house.mci.MciPlay(alias, "", "");
+        }
+        house.state.CurrentAlias = one.current;
+        house.state.FadeToB = !one.to_b;
+        house.TakeCommands();
+
+        house.player.PlaySong(song);
+
+        Texts orders = Orders(house.TakeCommands());
+        ASSERT_GE(orders.size(), one.first_orders.size()) << one.what;
+        orders.resize(one.first_orders.size());
+        orders[1] = orders[1].substr(0, 4);
+        EXPECT_EQ(orders, one.first_orders) << one.what;
+        EXPECT_EQ(house.controls.levels.tmrFade.Enabled(), one.fades) << one.what;
+        EXPECT_EQ(house.state.FadeToB, one.fades ? one.to_b : !one.to_b) << one.what;
+        EXPECT_EQ(house.PlayingOn(house.state.CurrentAlias), song) << one.what;
+    }
+}
+
+TEST(PlaybackRoom, ClosesTheNewAliasEvenWhenItIsPaused) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.mp3"));
+    house.menu.mnuPause.Click.Raise();
+    const auto second = house.AddSong("b.mp3");
+    house.TakeCommands();
+
+    house.player.PlaySong(second);
+
+    EXPECT_EQ(Orders(house.TakeCommands()).front(), "Close a");
+    EXPECT_EQ(house.PlayingOn("a"), second);
+    EXPECT_FALSE(house.controls.levels.tmrFade.Enabled());
+}
+
+TEST(PlaybackRoom, HistoryAndCountComeBeforeTheYieldAndTheDeviceAfterIt) {
+    PlayerHouse house;
+    const auto song = house.AddSong("a.mp3", 30000, 7);
+    bool seen = false;
+    house.desktop.Post([&] {
+        seen = true;
+        EXPECT_EQ(house.history.Rows, Texts{"Music:" + song});
+        EXPECT_EQ(house.stores.Rows("tblSong").at(0).at(4), "1");
+        EXPECT_FALSE(house.state.PlayerStopped);
+        EXPECT_TRUE(house.TakeCommands().empty());
+        EXPECT_TRUE(house.window.TakeCalls().empty());
+        EXPECT_EQ(house.state.CurrentAlias, "");
+    });
+
+    house.player.PlaySong(song);
+
+    EXPECT_TRUE(seen);
+}
+
+TEST(PlaybackRoom, TellsTheMessengerBetweenTheTitleAndTheSpeed) {
+    PlayerHouse house;
+    Texts before;
+    house.message.WhenSent = [&] {
+        before = Orders(house.TakeCommands());
+        EXPECT_EQ(house.controls.transport.lblTrack.Caption(), "Owls - Fly");
+        EXPECT_EQ(house.state.TotalTimeText, "0:30");
+    };
+
+    house.player.PlaySong(house.AddSong("Owls - Fly.mp3"));
+
+    ASSERT_EQ(before.size(), 3U);
+    EXPECT_EQ(before.back(), "play a from 0 to 30000");
+    EXPECT_EQ(Orders(house.TakeCommands()), (Texts{"set a speed 1030", "put a window at 0 0 320 240"}));
+}
+
+TEST(PlaybackRoom, AsksForEachLengthInTheOrderOfItsSteps) {
+    PlayerHouse house;
+
+    house.player.PlaySong(house.AddSong("a.mp3"));
+
+    const Texts commands = house.TakeCommands();
+    const Texts expected = {"set a time format frames", "status a length",  "play a from 0 to 30000",
+                            "set a time format ms",     "status a length",  "set a time format frames",
+                            "set a time format frames", "status a length",  "set a time format frames",
+                            "status a length",          "set a speed 1030", "put a window at 0 0 320 240"};
+    ASSERT_EQ(commands.size(), 4 + expected.size());
+    EXPECT_EQ(Texts(commands.begin() + 4, commands.end()), expected);
+}
+
+TEST(PlaybackRoom, ASongThatStartsDuringTheYieldIsCrossedOverToTheOuterOne) {
+    PlayerHouse house;
+    const auto inner = house.AddSong("inner.mp3");
+    const auto outer = house.AddSong("outer.mp3");
+    house.desktop.Post([&] { house.player.PlaySong(inner); });
+
+    house.player.PlaySong(outer);
+
+    EXPECT_EQ(house.PlayingOn("a"), inner);
+    EXPECT_EQ(house.PlayingOn("b"), outer);
+    EXPECT_EQ(house.state.CurrentAlias, "b");
+    EXPECT_TRUE(house.state.FadeToB);
+}
+
 TEST(PlaybackRoom, SaysOnceThatEveryTrackOfAListOfTwoIsMissing) {
     PlayerHouse house;
     house.AddTrack("one", "C:\\m\\gone1.mp3");
@@ -160,17 +293,123 @@ TEST(PlaybackRoom, EndsWithTheMissingBoxOnAnEmptyPlayOrder) {
     house.player.EndOfSongCode();
 
     EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_TRUE(house.controls.transport.lblNoFile.Visible());
     EXPECT_FALSE(house.IsOpen("a"));
+}
+
+TEST(PlaybackRoom, AMissingFileOutsideAListOfOneCountsAsTheWholeList) {
+    PlayerHouse house;
+    const auto song = house.AddSong("a.mp3");
+    house.AddTrack("a", song);
+    house.DoubleClickTrack(0);
+
+    house.player.PlaySong(PlayerHouse::Gone("other.mp3"));
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(house.PlayingOn("a"), song) << "what plays goes on";
+    EXPECT_EQ(house.state.MissingTrackCount, 1);
+}
+
+TEST(PlaybackRoom, ACountBeyondTheListsLengthMovesOnToTheList) {
+    PlayerHouse house;
+    const auto song = house.AddSong("a.mp3");
+    house.AddTrack("a", song);
+    house.DoubleClickTrack(0);
+    house.player.PlaySong(PlayerHouse::Gone("one.mp3"));
+    house.dialogs.Boxes.clear();
+
+    house.player.PlaySong(PlayerHouse::Gone("two.mp3"));
+
+    EXPECT_TRUE(house.dialogs.Boxes.empty());
+    EXPECT_EQ(house.PlayingOn("b"), song) << "the list began anew";
+    EXPECT_EQ(house.state.MissingTrackCount, 0);
+}
+
+TEST(PlaybackRoom, ACountBeyondTheListsLengthStillEndsInTheBoxWhenAllAreMissing) {
+    PlayerHouse house;
+    house.AddTrack("one", PlayerHouse::Gone("1.mp3"));
+    house.AddTrack("two", PlayerHouse::Gone("2.mp3"));
+    house.DoubleClickTrack(0);
+    house.Cue("three", PlayerHouse::Gone("3.mp3"));
+    house.state.CueHeadIsPath = true;
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 2U);
+    EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
+    EXPECT_FALSE(house.IsOpen("a"));
+}
+
+TEST(PlaybackRoom, ADoubleClickCountsMissingTracksAnew) {
+    PlayerHouse house;
+    for (const char* name : {"1.mp3", "2.mp3", "3.mp3"})
+        house.AddTrack(name, PlayerHouse::Gone(name));
+    house.DoubleClickTrack(0);
+    ASSERT_EQ(house.state.MissingTrackCount, 3);
+
+    house.DoubleClickTrack(1);
+
+    EXPECT_EQ(house.state.MissingTrackCount, 3);
+    EXPECT_EQ(house.dialogs.Boxes.size(), 2U);
+    EXPECT_EQ(house.controls.queue.lstNowPlaying.ListIndex(), 0) << "from the second row on, three tries";
+}
+
+TEST(PlaybackRoom, RepeatOfAFileThatIsGoneTriesItOnceForEachRow) {
+    PlayerHouse house;
+    const auto song = house.AddSong("a.mp3");
+    house.AddTrack("a", song);
+    house.AddTrack("b", house.AddSong("b.mp3"));
+    house.DoubleClickTrack(0);
+    house.menu.mnuRepeat.Click.Raise();
+    house.library.Existing.erase(song);
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(house.state.MissingTrackCount, 2);
+    EXPECT_EQ(house.controls.queue.lstNowPlaying.ListIndex(), 0) << "the order did not move";
 }
 
 TEST(PlaybackRoom, GetsThroughAVeryLongListOfMissingTracks) {
     PlayerHouse house;
-    for (int i = 0; i < 60000; ++i)
-        house.AddTrack("gone", "C:\\m\\gone.mp3");
+    for (int i = 0; i < 100'000; ++i)
+        house.AddTrack("gone", PlayerHouse::Gone("gone.mp3"));
 
     house.DoubleClickTrack(0);
 
     EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(house.state.MissingTrackCount, 100'000);
+    EXPECT_EQ(house.controls.queue.lstNowPlaying.ListIndex(), 99'999);
+}
+
+TEST(PlaybackRoom, PlaysTheOneTrackBehindAVeryLongRowOfMissingOnes) {
+    PlayerHouse house;
+    for (int i = 0; i < 99'999; ++i)
+        house.AddTrack("gone", PlayerHouse::Gone("gone.mp3"));
+    const auto song = house.AddSong("here.mp3");
+    house.AddTrack("here", song);
+
+    house.DoubleClickTrack(0);
+
+    EXPECT_EQ(house.PlayingOn("a"), song);
+    EXPECT_EQ(house.state.MissingTrackCount, 0);
+    EXPECT_TRUE(house.dialogs.Boxes.empty());
+}
+
+TEST(PlaybackRoom, WalksAVeryLongRowOfMissingCues) {
+    PlayerHouse house;
+    house.AddTrack("here", house.AddSong("here.mp3"));
+    house.AddTrack("gone", PlayerHouse::Gone("gone.mp3"));
+    house.DoubleClickTrack(0);
+    house.state.MissingTrackCount = 10;
+    for (int i = 0; i < 2'000; ++i)
+        house.Cue("gone", PlayerHouse::Gone("gone.mp3"));
+    house.state.CueHeadIsPath = true;
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\here.mp3") << "round from the missing second row";
 }
 
 TEST(PlaybackRoom, TakesAFileOfAnotherKindAsMissing) {
@@ -295,17 +534,23 @@ TEST(PlaybackRoom, PlaysAnEntryOfLessThanEightCharactersByItsNumber) {
     EXPECT_EQ(house.history.Rows.size(), 2U);
 }
 
-TEST(PlaybackRoom, ShufflesOverTheWholeOrder) {
+TEST(PlaybackRoom, ShufflesOverTheWholeOrderWithBothEndsHalfAsLikely) {
+    const std::vector<std::pair<double, int>> picks = {
+        {0.0, 0},  {0.124, 0}, {0.125, 0}, {0.126, 1}, {0.374, 1}, {0.375, 2}, {0.5, 2},
+        {0.62, 2}, {0.625, 2}, {0.626, 3}, {0.874, 3}, {0.875, 4}, {0.999, 4},
+    };
     PlayerHouse house;
-    for (const char* name : {"1.mp3", "2.mp3", "3.mp3"})
+    for (const char* name : {"0.mp3", "1.mp3", "2.mp3", "3.mp3", "4.mp3"})
         house.AddTrack(name, house.AddSong(name));
     house.DoubleClickTrack(0);
     house.menu.mnuShuffle.Click.Raise();
-    house.chance.Value = 0.999;
 
-    house.player.EndOfSongCode();
+    for (const auto& [chance, row] : picks) {
+        house.chance.Value = chance;
+        house.player.EndOfSongCode();
 
-    EXPECT_EQ(house.NowPlaying(), "C:\\m\\3.mp3");
+        EXPECT_EQ(house.controls.queue.lstNowPlaying.ListIndex(), row) << chance;
+    }
 }
 
 TEST(PlaybackRoom, MayShuffleToTheSongThatJustPlayed) {
@@ -411,6 +656,96 @@ TEST(PlaybackRoom, MovesOnFromAMissingCue) {
     EXPECT_TRUE(house.dialogs.Boxes.empty());
 }
 
+TEST(PlaybackRoom, TakesAnEntryOfEightCharactersOnTheNumberBranchForANumber) {
+    PlayerHouse house;
+    house.AddSong("a.mp3");
+    house.library.Existing.insert("C:\\b.mp3");
+    house.AddTrack("next", "C:\\m\\a.mp3");
+    house.DoubleClickTrack(0);
+    house.Cue("short path", "C:\\b.mp3");
+    house.state.CueHeadIsId = true;
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
+    EXPECT_NE(house.NowPlaying(), "C:\\b.mp3") << "fewer than nine characters are a number here";
+}
+
+TEST(PlaybackRoom, TakesAnEntryOfNineCharactersOnTheNumberBranchForAPath) {
+    PlayerHouse house;
+    const std::string path = "C:\\bb.mp3";
+    house.library.Existing.insert(path);
+    house.Cue("path", path);
+    house.state.CueHeadIsId = true;
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.NowPlaying(), path);
+}
+
+TEST(PlaybackRoom, ThePathBranchGoesBeforeTheNumberBranch) {
+    PlayerHouse house;
+    house.AddSong("twelve.mp3", 30000, 12);
+    const auto path = house.AddSong("path.mp3");
+    house.Cue("path", path);
+    house.Cue("number", "12");
+    house.state.CueHeadIsPath = true;
+    house.state.CueHeadIsId = true;
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.NowPlaying(), path);
+    EXPECT_FALSE(house.state.CueHeadIsPath);
+    EXPECT_TRUE(house.state.CueHeadIsId) << "the new head is short";
+}
+
+TEST(PlaybackRoom, TheNumberBranchLeavesTheFlagOfThePathAlone) {
+    PlayerHouse house;
+    house.AddSong("twelve.mp3", 30000, 12);
+    house.Cue("number", "12");
+    house.Cue("path", house.AddSong("path.mp3"));
+    house.state.CueHeadIsId = true;
+
+    house.player.EndOfSongCode();
+
+    EXPECT_TRUE(house.state.CueHeadIsId) << "rows remain, of whatever kind";
+    EXPECT_FALSE(house.state.CueHeadIsPath);
+}
+
+TEST(PlaybackRoom, AFlagWithoutACuedRowIsNoCue) {
+    PlayerHouse house;
+    house.AddTrack("1", house.AddSong("1.mp3"));
+    house.AddTrack("2", house.AddSong("2.mp3"));
+    house.DoubleClickTrack(0);
+    house.state.CueHeadIsPath = true;
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\2.mp3");
+    EXPECT_FALSE(house.controls.transport.lblNoFile.Visible());
+}
+
+TEST(PlaybackRoom, PlaysTheFirstOfTwoSongsWithOneNumber) {
+    PlayerHouse house;
+    const auto first = house.AddSong("first.mp3", 30000, 5);
+    house.AddSong("second.mp3", 30000, 5);
+
+    house.player.GetSongInfo(5);
+
+    EXPECT_EQ(house.PlayingOn("a"), first);
+}
+
+TEST(PlaybackRoom, CountsThePlayOfTheFirstOfTwoRowsWithOnePath) {
+    PlayerHouse house;
+    const auto song = house.AddSong("twice.mp3", 30000, 5);
+    house.AddSong("twice.mp3", 30000, 6);
+
+    house.player.PlaySong(song);
+
+    EXPECT_EQ(house.stores.Rows("tblSong").at(0).at(4), "1");
+    EXPECT_EQ(house.stores.Rows("tblSong").at(1).at(4), "0");
+}
+
 TEST(PlaybackRoom, PlaysNothingForANumberThatNoSongHas) {
     PlayerHouse house;
 
@@ -440,6 +775,49 @@ TEST(PlaybackRoom, RerunsTheCheckedFadeForASongShorterThanTheFade) {
     EXPECT_DOUBLE_EQ(house.controls.levels.lblStartFade.Left(), -6);
 }
 
+struct ShortSongCase {
+    std::vector<controls::Menu player_tests::PlayerMenuEntries::*> checked;
+    int seconds;
+    int interval;
+};
+
+TEST(PlaybackRoom, AShortSongRunsTheFirstCheckedFadeOnly) {
+    using Menu = player_tests::PlayerMenuEntries;
+    const std::vector<ShortSongCase> cases = {
+        {{&Menu::mnuQuickFade}, 5, 60},
+        {{&Menu::mnuMediumFade}, 10, 220},
+        {{&Menu::mnuLongFade}, 20, 500},
+        {{&Menu::mnuFadeOff}, 30, 1},
+        {{&Menu::mnuMediumFade, &Menu::mnuLongFade}, 10, 220},
+        {{&Menu::mnuQuickFade, &Menu::mnuFadeOff}, 5, 60},
+        {{}, 30, 60},
+    };
+    for (const ShortSongCase& one : cases) {
+        PlayerHouse house;
+        house.menu.mnuQuickFade.SetChecked(false);
+        for (const auto entry : one.checked)
+            (house.menu.*entry).SetChecked(true);
+        house.state.FadeSeconds = 30;
+
+        house.player.PlaySong(house.AddSong("short.mp3", 4000));
+
+        EXPECT_EQ(house.state.FadeSeconds, one.seconds);
+        EXPECT_EQ(house.controls.levels.tmrFade.Interval(), one.interval);
+        EXPECT_DOUBLE_EQ(house.controls.levels.lblStartFade.Left(), 4.0 - one.seconds);
+    }
+}
+
+TEST(PlaybackRoom, ASongJustAsLongAsTheFadeRunsNoMenuEntry) {
+    PlayerHouse house;
+    house.menu.mnuMediumFade.Click.Raise();
+    house.state.FadeSeconds = 12;
+
+    house.player.PlaySong(house.AddSong("twelve.mp3", 12000));
+
+    EXPECT_EQ(house.state.FadeSeconds, 12);
+    EXPECT_DOUBLE_EQ(house.controls.levels.lblStartFade.Left(), 0);
+}
+
 TEST(PlaybackRoom, PlacesTheMarkerByFadeSecondsThoughTheFadeIsOff) {
     PlayerHouse house;
     house.menu.mnuFadeOff.Click.Raise();
@@ -466,6 +844,59 @@ TEST(PlaybackRoom, StartsNothingOnceTheProgramIsEnding) {
     house.player.PlaySong(song);
 
     EXPECT_FALSE(house.IsOpen("a"));
+}
+
+TEST(PlaybackRoom, OpensNothingWhenTheProgramEndsWhileAVideoIsPrepared) {
+    PlayerHouse house;
+    const auto film = house.AddSong("film.avi");
+    house.desktop.Post([&] { house.desktop.Post([&] { house.desktop.Ending = true; }); });
+
+    house.player.PlaySong(film);
+
+    EXPECT_TRUE(house.state.VideoPlaying) << "the end came at the second yield";
+    EXPECT_TRUE(house.TakeCommands().empty());
+}
+
+TEST(PlaybackRoom, RoundsTheLengthToTheEvenSecond) {
+    const std::vector<std::pair<int, const char*>> cases = {
+        {59499, "0:59"}, {59500, "1:00"},   {60500, "1:00"},   {61500, "1:02"},
+        {9000, "0:09"},  {600000, "10:00"}, {3600000, "60:00"}};
+    for (const auto& [length, text] : cases) {
+        PlayerHouse house;
+
+        house.player.PlaySong(house.AddSong("a.mp3", length));
+
+        EXPECT_EQ(house.state.TotalTimeText, text) << length;
+    }
+}
+
+TEST(PlaybackRoom, NamesAFileWithoutADashUnknown) {
+    PlayerHouse house;
+
+    house.player.PlaySong(house.AddSong("humming.mp3"));
+
+    EXPECT_EQ(house.controls.transport.lblTrack.Caption(), "Unknown - humming");
+    EXPECT_EQ(house.state.NowArtist, "Unknown");
+    EXPECT_EQ(house.state.NowTitle, "humming");
+}
+
+TEST(PlaybackRoom, KeepsTheBlanksOfArtistAndTitleForTheMessenger) {
+    PlayerHouse house;
+
+    house.player.PlaySong(house.AddSong(" Owls -  Fly .mp3"));
+
+    EXPECT_EQ(house.controls.transport.lblTrack.Caption(), "Owls - Fly");
+    EXPECT_EQ(house.state.NowArtist, " Owls ");
+    EXPECT_EQ(house.state.NowTitle, " Fly ");
+}
+
+TEST(PlaybackRoom, AppliesTheMarkersSpeedToANewSong) {
+    PlayerHouse house;
+    house.controls.levels.lblSongSpeed.SetLeft(47.5);
+
+    house.player.PlaySong(house.AddSong("a.mp3"));
+
+    EXPECT_EQ(house.device.Speed("a"), 500) << "50.5 rounds to the even 50";
 }
 
 TEST(PlaybackRoom, PlaysThePreviousTrack) {
