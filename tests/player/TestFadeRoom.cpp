@@ -68,6 +68,86 @@ TEST(FadeRoom, RaisesTheIncomingSongToMusicVolumeOnly) {
     EXPECT_FALSE(house.IsRunning());
 }
 
+struct RampCase {
+    controls::Menu player_tests::PlayerMenuEntries::*entry;
+    int tick_ms;
+    int ramp_ms;  ///< of the fifty ticks
+};
+
+TEST(FadeRoom, EachLengthRampsInFiftyTicksOfItsOwn) {
+    using Menu = player_tests::PlayerMenuEntries;
+    for (const RampCase& one :
+         {RampCase{&Menu::mnuQuickFade, 60, 3000}, RampCase{&Menu::mnuMediumFade, 220, 11000},
+          RampCase{&Menu::mnuLongFade, 500, 25000}, RampCase{&Menu::mnuFadeOff, 1, 50}}) {
+        RunningRamp house;
+        (house.menu.*one.entry).Click.Raise();
+
+        house.desktop.Advance(one.ramp_ms - one.tick_ms);
+        const std::pair before{house.LevelOf("a"), house.LevelOf("b")};
+        house.desktop.Advance(one.tick_ms);
+        const std::pair after{house.LevelOf("a"), house.LevelOf("b")};
+
+        EXPECT_EQ(before, (std::pair{2, 98})) << one.tick_ms;
+        EXPECT_EQ(after, (std::pair{-1, 100})) << one.tick_ms;
+        EXPECT_TRUE(house.IsRunning()) << one.tick_ms;
+        house.desktop.Advance(one.tick_ms);
+        EXPECT_FALSE(house.IsRunning()) << one.tick_ms;
+    }
+}
+
+TEST(FadeRoom, ALevelOfThreeIsLoweredAndOneOfTwoClosed) {
+    RunningRamp house;
+    house.mci.MciSetVolume("a", "all", 3);
+    house.TakeCommands();
+
+    house.desktop.Advance(60);
+    const Texts first = Orders(house.TakeCommands());
+    house.mci.MciSetVolume("a", "all", 2);
+    house.TakeCommands();
+    house.desktop.Advance(60);
+
+    EXPECT_EQ(first, (Texts{"setaudio a Volume to 10", "setaudio b Volume to 20"}));
+    EXPECT_EQ(Orders(house.TakeCommands()), (Texts{"Close a", "setaudio b Volume to 40"}));
+}
+
+TEST(FadeRoom, WithNoVolumeTheFirstTickEndsTheRamp) {
+    RunningRamp house;
+    house.state.MusicVolume = 0;
+
+    house.desktop.Advance(60);
+
+    EXPECT_EQ(Orders(house.TakeCommands()), (Texts{"setaudio a Volume to 980", "Close a"}));
+    EXPECT_FALSE(house.IsRunning());
+    EXPECT_TRUE(house.controls.levels.tmrPanning.Enabled());
+}
+
+TEST(FadeRoom, AnIncomingSongAtNinetyNineIsRefusedTheNextStepAndStaysThere) {
+    RunningRamp house;
+    house.mci.MciSetVolume("b", "all", 99);
+    house.TakeCommands();
+
+    house.desktop.Advance(60);
+
+    EXPECT_EQ(house.TakeCommands(), (Texts{"status a Volume", "status a Volume", "setaudio a Volume to 980",
+                                           "status b Volume", "status b Volume"}));
+    EXPECT_EQ(house.LevelOf("b"), 99);
+    EXPECT_TRUE(house.IsRunning());
+}
+
+TEST(FadeRoom, AVolumeChangeDuringTheRampMovesTheIncomingSongOnly) {
+    RunningRamp house;
+    house.desktop.Advance(600);
+
+    PlayerHouse::Press(house.controls.levels.lblVol, 50 * 17.85);
+    house.TakeCommands();
+    house.desktop.Advance(60);
+
+    EXPECT_EQ(Orders(house.TakeCommands()), (Texts{"setaudio a Volume to 780", "Close a"}))
+        << "the incoming song has its level, so the outgoing one goes at once";
+    EXPECT_EQ(house.LevelOf("b"), 50);
+    EXPECT_FALSE(house.IsRunning());
+}
+
 TEST(FadeRoom, AFadeToAGoesTheOtherWay) {
     RunningRamp house;
     house.desktop.Advance(51 * 60);
@@ -156,12 +236,57 @@ struct MarkerAt40 : PlayerHouse {
 };
 
 TEST(FadeRoom, TheMarkerTellsItsTime) {
-    MarkerAt40 house;
-    house.marker.SetLeft(93.4);
+    const std::vector<std::pair<double, const char*>> cases = {
+        {93.4, "1:33"}, {0, "0:00"},     {9.5, "0:10"}, {10.5, "0:10"},
+        {59.5, "1:00"}, {119.6, "2:00"}, {-6, "0:-06"}, {3600, "60:00"}};
+    for (const auto& [left, time] : cases) {
+        MarkerAt40 house;
+        house.marker.SetLeft(left);
 
+        PlayerHouse::MoveTo(house.marker, 1);
+
+        EXPECT_EQ(house.marker.ToolTipText(), std::string("Cross fade at: ") + time);
+    }
+}
+
+TEST(FadeRoom, TheMarkerTellsNothingNewWhileItIsDragged) {
+    MarkerAt40 house;
     PlayerHouse::MoveTo(house.marker, 1);
 
-    EXPECT_EQ(house.marker.ToolTipText(), "Cross fade at: 1:33");
+    PlayerHouse::Press(house.marker, 1);
+    PlayerHouse::MoveTo(house.marker, 20);
+
+    EXPECT_EQ(house.marker.ToolTipText(), "Cross fade at: 0:40");
+    EXPECT_DOUBLE_EQ(house.marker.Left(), 60);
+}
+
+TEST(FadeRoom, ADragDoesNotSeekWhileAPressOnTheBarDoes) {
+    MarkerAt40 house;
+    house.player.PlaySong(house.AddSong("a.mp3", 100000));
+    PlayerHouse::Press(house.marker, 2);
+    house.TakeCommands();
+
+    PlayerHouse::Press(house.controls.transport.picSongProgress, 50);
+    const bool sought_while_dragging = !house.TakeCommands().empty();
+    PlayerHouse::Release(house.marker);
+    PlayerHouse::Press(house.controls.transport.picSongProgress, 50);
+
+    EXPECT_FALSE(sought_while_dragging);
+    EXPECT_EQ(Orders(house.TakeCommands()), (Texts{"seek a to 50000", "Play a"}));
+}
+
+TEST(FadeRoom, ReleaseRoundsTheSecondsToTheEvenNeighbour) {
+    MarkerAt40 house;
+    house.marker.SetLeft(94.5);
+
+    PlayerHouse::Release(house.marker);
+    const int down = house.state.FadeSeconds;
+    house.marker.SetLeft(92.5);
+    PlayerHouse::Release(house.marker);
+
+    EXPECT_EQ(down, 6);
+    EXPECT_EQ(house.state.FadeSeconds, 8);
+    EXPECT_TRUE(house.window.TakeCalls().empty()) << "the left button pops nothing up";
 }
 
 TEST(FadeRoom, ADragCreepsByTheRatio) {

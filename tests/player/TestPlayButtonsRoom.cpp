@@ -78,6 +78,116 @@ TEST(PlayButtonsRoom, DoubleClickOnNothingLeavesTheButtonsWhileBothPlay) {
     EXPECT_EQ(Buttons(house), before);
 }
 
+/// Puts an alias into a mode: "playing", "paused", "stopped", or closed for "ERROR".
+void PutInto(PlayerHouse& house, std::string_view alias, std::string_view mode) {
+    if (mode == "ERROR") return;
+    house.mci.MciOpen(0, alias, house.AddSong("any.mp3"), "MPEGVideo");
+    if (mode == "stopped") return;
+    house.mci.MciPlay(alias, "", "");
+    if (mode == "paused") house.mci.MciPause(alias);
+}
+
+TEST(PlayButtonsRoom, DoubleClickOnNothingShowsPlayUnlessBothPlay) {
+    for (const char* a : {"playing", "paused", "stopped", "ERROR"}) {
+        for (const char* b : {"playing", "paused", "stopped", "ERROR"}) {
+            PlayerHouse house;
+            PutInto(house, "a", a);
+            PutInto(house, "b", b);
+            house.controls.transport.imgPause.SetVisible(true);
+
+            house.lstTracks.DblClick.Raise();
+
+            const bool both_play = std::string_view(a) == "playing" && std::string_view(b) == "playing";
+            EXPECT_EQ(house.controls.transport.imgPause.Visible(), both_play) << a << " " << b;
+        }
+    }
+}
+
+TEST(PlayButtonsRoom, PlayActsOnTheModesOfBothAliases) {
+    struct Case {
+        const char* a;
+        const char* b;
+        const char* current;
+        Texts orders;
+    };
+    const std::vector<Case> cases = {
+        {"paused", "ERROR", "a", {"Resume a", "Close b"}},
+        {"paused", "paused", "a", {"Resume a", "Close b"}},
+        {"paused", "paused", "b", {"Close a", "Resume b"}},
+        {"ERROR", "paused", "b", {"Close a", "Resume b"}},
+        {"playing", "paused", "b", {"Close a", "Resume b"}},
+        {"paused", "playing", "", {"Close a", "Resume b"}},
+        {"playing", "ERROR", "a", {}},
+        {"ERROR", "playing", "b", {}},
+        {"stopped", "playing", "b", {}},
+    };
+    for (const Case& one : cases) {
+        PlayerHouse house;
+        PutInto(house, "a", one.a);
+        PutInto(house, "b", one.b);
+        house.state.CurrentAlias = one.current;
+        house.TakeCommands();
+
+        house.controls.transport.imgPlayOver.Click.Raise();
+
+        EXPECT_EQ(Orders(house.TakeCommands()), one.orders) << one.a << " " << one.b << " " << one.current;
+        EXPECT_EQ(Buttons(house), kPausePair);
+        EXPECT_EQ(house.address.Focused, 1);
+    }
+}
+
+TEST(PlayButtonsRoom, PlayWithNothingToPlayShowsThePlayPairAgain) {
+    PlayerHouse house;
+
+    house.controls.transport.imgPlayOver.Click.Raise();
+
+    EXPECT_EQ(Buttons(house), kPlayPair);
+    EXPECT_EQ(house.address.Focused, 1);
+}
+
+TEST(PlayButtonsRoom, DoubleClickShowsPauseThoughTheSongIsGone) {
+    PlayerHouse house;
+    house.AddTrack("gone", "77");
+
+    house.DoubleClickTrack(0);
+
+    EXPECT_EQ(Buttons(house), kPausePair);
+    EXPECT_FALSE(house.IsOpen("a"));
+}
+
+TEST(PlayButtonsRoom, DoubleClickTakesTheRowsAsTheyAreOnceTheListWasRefilled) {
+    PlayerHouse house;
+    house.AddTrack("1", house.AddSong("1.mp3"));
+    house.DoubleClickTrack(0);
+    house.lstTracks.Clear();
+    house.lstMaybe.Clear();
+    house.AddTrack("2", house.AddSong("2.mp3"));
+    house.AddTrack("3", house.AddSong("3.mp3"));
+
+    house.DoubleClickTrack(1);
+
+    const auto& order = house.controls.queue.lstNowPlaying;
+    ASSERT_EQ(order.ListCount(), 2);
+    EXPECT_EQ(order.List(0), "C:\\m\\2.mp3");
+    EXPECT_EQ(order.List(1), "C:\\m\\3.mp3");
+    EXPECT_EQ(order.ListIndex(), 1);
+}
+
+TEST(PlayButtonsRoom, APausedFadeIsNeverTakenUpAgain) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("1.mp3", 600000));
+    house.player.PlaySong(house.AddSong("2.mp3", 600000));
+    house.desktop.Advance(600);
+    house.menu.mnuPause.Click.Raise();
+    house.menu.mnuPlay.Click.Raise();
+
+    house.desktop.Advance(10'000);
+
+    EXPECT_EQ(house.LevelOf("b"), 20);
+    EXPECT_FALSE(house.IsOpen("a"));
+    EXPECT_FALSE(house.controls.levels.tmrFade.Enabled());
+}
+
 TEST(PlayButtonsRoom, DoubleClickCountsForTheVideoWindow) {
     PlayerHouse house;
 

@@ -6,11 +6,6 @@ namespace {
 
 using player_tests::PlayerHouse;
 
-void Cue(PlayerHouse& house, std::string_view text, std::string_view entry) {
-    house.controls.queue.lstCuedSongs.AddItem(text);
-    house.controls.queue.lstCuedSongsPath.AddItem(entry);
-}
-
 TEST(QueueRoom, CuesTheSelectedTrack) {
     PlayerHouse house;
     house.AddTrack("one", "1");
@@ -38,8 +33,8 @@ TEST(QueueRoom, CuesNothingWithoutASelectedTrack) {
 
 TEST(QueueRoom, UncuesTheSelectedRow) {
     PlayerHouse house;
-    Cue(house, "one", "1");
-    Cue(house, "two", "2");
+    house.Cue("one", "1");
+    house.Cue("two", "2");
     house.controls.queue.lstCuedSongs.SetListIndex(1);
 
     house.controls.queue.imgUnCueOver.Click.Raise();
@@ -52,8 +47,8 @@ TEST(QueueRoom, UncuesTheSelectedRow) {
 
 TEST(QueueRoom, UncuesTheHeadWithoutASelectedRow) {
     PlayerHouse house;
-    Cue(house, "one", "1");
-    Cue(house, "two", "C:\\m\\two.mp3");
+    house.Cue("one", "1");
+    house.Cue("two", "C:\\m\\two.mp3");
     house.state.CueHeadIsId = true;
 
     house.menu.mnuRemoveCueList.Click.Raise();
@@ -65,7 +60,7 @@ TEST(QueueRoom, UncuesTheHeadWithoutASelectedRow) {
 
 TEST(QueueRoom, UncueingTheLastRowClearsBothFlags) {
     PlayerHouse house;
-    Cue(house, "one", "1");
+    house.Cue("one", "1");
     house.state.CueHeadIsId = true;
     house.state.CueHeadIsPath = true;
 
@@ -77,8 +72,8 @@ TEST(QueueRoom, UncueingTheLastRowClearsBothFlags) {
 
 TEST(QueueRoom, UncueTakesASevenCharacterHeadForAPath) {
     PlayerHouse house;
-    Cue(house, "one", "1");
-    Cue(house, "seven", "1234567");
+    house.Cue("one", "1");
+    house.Cue("seven", "1234567");
 
     house.menu.mnuRemoveCueList.Click.Raise();
 
@@ -88,8 +83,8 @@ TEST(QueueRoom, UncueTakesASevenCharacterHeadForAPath) {
 TEST(QueueRoom, DoubleClickPlaysASmallNumberFromTheTable) {
     PlayerHouse house;
     const auto song = house.AddSong("seven.mp3", 30000, 7);
-    Cue(house, "other", "3");
-    Cue(house, "seven", "7");
+    house.Cue("other", "3");
+    house.Cue("seven", "7");
     house.controls.queue.lstCuedSongs.SetListIndex(1);
 
     house.controls.queue.lstCuedSongs.DblClick.Raise();
@@ -103,7 +98,7 @@ TEST(QueueRoom, DoubleClickPlaysASmallNumberFromTheTable) {
 TEST(QueueRoom, DoubleClickTakesANumberFromEightOnForAFileName) {
     PlayerHouse house;
     house.AddSong("eight.mp3", 30000, 8);
-    Cue(house, "eight", "8");
+    house.Cue("eight", "8");
     house.controls.queue.lstCuedSongs.SetListIndex(0);
 
     house.controls.queue.lstCuedSongs.DblClick.Raise();
@@ -113,9 +108,146 @@ TEST(QueueRoom, DoubleClickTakesANumberFromEightOnForAFileName) {
     EXPECT_FALSE(house.state.CueHeadIsId);
 }
 
+TEST(QueueRoom, DoubleClickOnANumberFromEightOnPlaysItWhenItIsTheHead) {
+    PlayerHouse house;
+    const auto song = house.AddSong("twelve.mp3", 30000, 12);
+    house.AddTrack("twelve", "12");
+    house.AddTrack("other", house.AddSong("other.mp3"));
+    house.DoubleClickTrack(1);
+    house.lstTracks.SetListIndex(0);
+    house.menu.mnuCueSong.Click.Raise();
+    house.controls.queue.lstCuedSongs.SetListIndex(0);
+
+    house.controls.queue.lstCuedSongs.DblClick.Raise();
+
+    EXPECT_EQ(house.NowPlaying(), song) << "no file has that name, so the head of the list is next";
+    EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
+    EXPECT_EQ(house.controls.queue.lstCuedSongsPath.ListCount(), 0);
+    EXPECT_FALSE(house.state.CueHeadIsId);
+}
+
+TEST(QueueRoom, DoubleClickOnALaterNumberFromEightOnPlaysTheHeadAndBothGo) {
+    PlayerHouse house;
+    const auto head = house.AddSong("head.mp3", 30000, 3);
+    house.AddSong("twelve.mp3", 30000, 12);
+    house.AddTrack("playing", house.AddSong("playing.mp3"));
+    house.AddTrack("another", house.AddSong("another.mp3"));
+    house.DoubleClickTrack(0);
+    house.Cue("head", "3");
+    house.Cue("between", "4");
+    house.Cue("twelve", "12");
+    house.state.CueHeadIsId = true;
+    house.controls.queue.lstCuedSongs.SetListIndex(2);
+
+    house.controls.queue.lstCuedSongs.DblClick.Raise();
+
+    EXPECT_EQ(house.NowPlaying(), head);
+    ASSERT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 1);
+    EXPECT_EQ(house.controls.queue.lstCuedSongs.List(0), "between");
+    EXPECT_EQ(house.controls.queue.lstCuedSongsPath.List(0), "4");
+    EXPECT_TRUE(house.state.CueHeadIsId);
+}
+
+TEST(QueueRoom, TheDoubleClickedRowStaysUntilItsSongWasStarted) {
+    PlayerHouse house;
+    house.AddSong("seven.mp3", 30000, 7);
+    house.Cue("seven", "7");
+    house.controls.queue.lstCuedSongs.SetListIndex(0);
+    int rows_meanwhile = 0;
+    house.desktop.Post([&] { rows_meanwhile = house.controls.queue.lstCuedSongs.ListCount(); });
+
+    house.controls.queue.lstCuedSongs.DblClick.Raise();
+
+    EXPECT_EQ(rows_meanwhile, 1);
+    EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
+}
+
+TEST(QueueRoom, DoubleClickTakesTheValueAndNotTheLength) {
+    struct Case {
+        const char* entry;
+        bool by_number;
+    };
+    for (const Case& one : {Case{"0000007", true}, Case{"-3", true}, Case{"7.4", true}, Case{"8", false},
+                            Case{"0000008", false}, Case{"1234567", false}}) {
+        PlayerHouse house;
+        house.Cue("row", one.entry);
+        house.controls.queue.lstCuedSongs.SetListIndex(0);
+
+        house.controls.queue.lstCuedSongs.DblClick.Raise();
+
+        // No song has these numbers: by its number nothing is played, as a file it is missing.
+        EXPECT_EQ(house.controls.transport.lblNoFile.Visible(), !one.by_number) << one.entry;
+        EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0) << one.entry;
+    }
+}
+
+TEST(QueueRoom, DoubleClickOnNoRowChangesNothing) {
+    PlayerHouse house;
+    house.Cue("seven", "7");
+
+    house.controls.queue.lstCuedSongs.DblClick.Raise();
+
+    EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 1);
+}
+
+TEST(QueueRoom, UncueOnAnEmptyListOnlyGivesTheFocusBack) {
+    PlayerHouse house;
+
+    house.menu.mnuRemoveCueList.Click.Raise();
+
+    EXPECT_EQ(house.address.Focused, 1);
+    EXPECT_FALSE(house.state.CueHeadIsId);
+}
+
+TEST(QueueRoom, UncueLooksAtTheNewHeadsLength) {
+    struct Case {
+        const char* head;
+        bool id_before;
+        bool path;
+        bool id;
+    };
+    for (const Case& one : {Case{"123456", false, false, true}, Case{"1234567", false, true, false},
+                            Case{"1234567", true, true, true}, Case{"C:\\m\\a.mp3", false, true, false}}) {
+        PlayerHouse house;
+        house.Cue("goes", "1");
+        house.Cue("head", one.head);
+        house.state.CueHeadIsId = one.id_before;
+
+        house.controls.queue.imgUnCueOver.Click.Raise();
+
+        EXPECT_EQ(house.state.CueHeadIsPath, one.path) << one.head;
+        EXPECT_EQ(house.state.CueHeadIsId, one.id) << one.head;
+    }
+}
+
+TEST(QueueRoom, TheFirstCuedNumberIsNoPathWhateverWentBefore) {
+    PlayerHouse house;
+    house.AddTrack("one", "1");
+    house.lstTracks.SetListIndex(0);
+    house.state.CueHeadIsPath = true;
+
+    house.menu.mnuCueSong.Click.Raise();
+
+    EXPECT_FALSE(house.state.CueHeadIsPath);
+    EXPECT_TRUE(house.state.CueHeadIsId);
+}
+
+TEST(QueueRoom, ACuedNumberBehindAPathLeavesThePathFirst) {
+    PlayerHouse house;
+    house.Cue("path", house.AddSong("path.mp3"));
+    house.state.CueHeadIsPath = true;
+    house.AddTrack("one", "1");
+    house.lstTracks.SetListIndex(0);
+
+    house.menu.mnuCueSong.Click.Raise();
+
+    EXPECT_TRUE(house.state.CueHeadIsPath);
+    EXPECT_TRUE(house.state.CueHeadIsId);
+}
+
 TEST(QueueRoom, DoubleClickOnAPathChangesNothing) {
     PlayerHouse house;
-    Cue(house, "path", house.AddSong("path.mp3"));
+    house.Cue("path", house.AddSong("path.mp3"));
     house.controls.queue.lstCuedSongs.SetListIndex(0);
 
     house.controls.queue.lstCuedSongs.DblClick.Raise();
