@@ -129,6 +129,8 @@ void PlaybackRoom::BeginPlaying() {
 }
 
 void PlaybackRoom::PrepareVideoWindow(const std::string& filename) {
+    // During the yield a video may have started, which this song now follows.
+    state_.VideoPlaying = false;
     if (neighbours_.kinds.IsVideoFile(filename)) {
         roles_.video.PrepareVideo();
     } else if (state_.VisualisationOn) {

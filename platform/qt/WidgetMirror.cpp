@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QTextDocument>
 #include <QUrl>
 
 #include "controls/Simple.h"

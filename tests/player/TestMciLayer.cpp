@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "fakes/FakeFiles.h"
 #include "fakes/FakeMediaControl.h"
 #include "player/MciLayer.h"
@@ -42,6 +44,23 @@ public:
     std::vector<int> Lengths;
     std::vector<std::int64_t> Callbacks;
     mutable int AskedLength = 0;
+};
+
+// A device that knows its length in milliseconds and in frames, whatever the one has to do with the other.
+class TwoLengths final : public ports::MediaControl {
+public:
+    TwoLengths(const char* milliseconds, const char* frames) : milliseconds_(milliseconds), frames_(frames) {}
+    int SendString(std::string_view command, std::string* reply, int return_length, std::int64_t) override {
+        if (return_length == 0) in_milliseconds_ = command == "set a time format ms";
+        if (return_length > 0) *reply = in_milliseconds_ ? milliseconds_ : frames_;
+        return 0;
+    }
+    bool ErrorString(int, std::string&, int) const override { return false; }
+
+private:
+    const char* milliseconds_;
+    const char* frames_;
+    bool in_milliseconds_ = false;
 };
 
 class MciLayerTest : public testing::Test {
@@ -362,6 +381,83 @@ TEST_F(MciLayerTest, SpeedIsSentUncheckedInTenthsOfAPercent) {
     EXPECT_EQ(device.NewCommands(), (Transcript{"set a speed 1030", "set a speed -170"}));
     EXPECT_EQ(refused, kOutOfRange);
     EXPECT_EQ(device.Speed("a"), 1030);
+}
+
+TEST_F(MciLayerTest, EveryWrapperSendsItsCommandsWithTheLengthOfTheReplyThatItWants) {
+    OpenFilm();
+    int width = 8;
+    int height = 6;
+    struct Case {
+        const char* wrapper;
+        std::function<void()> call;
+        Transcript sent;
+    };
+    const Transcript frames = {"set a time format frames|0", "status a length|128"};
+    const Transcript ms = {"set a time format ms|0", "status a length|128", "set a time format frames|0"};
+    const auto both = [](Transcript first, const Transcript& second) {
+        first.insert(first.end(), second.begin(), second.end());
+        return first;
+    };
+    const std::vector<Case> cases = {
+        {"MciOpen",
+         [&] { mci.MciOpen(9, "b", "C:\\song.mp3", "MPEGVideo"); },
+         {"open C:\\song.mp3 type MPEGVideo Alias b parent 9 Style 1073741824|0"}},
+        {"MciPlay", [&] { mci.MciPlay("a", "", ""); }, both(frames, {"play a from 0 to 250|0"})},
+        {"MciPlay to", [&] { mci.MciPlay("a", "", "7"); }, {"play a from 0 to 7|0"}},
+        {"MciPlay from", [&] { mci.MciPlay("a", "3", ""); }, both(frames, {"play a from 3 to 250|0"})},
+        {"MciPause", [&] { mci.MciPause("a"); }, {"Pause a|0"}},
+        {"MciStop", [&] { mci.MciStop("a"); }, {"Stop a|0"}},
+        {"MciResume", [&] { mci.MciResume("a"); }, {"Resume a|0"}},
+        {"MciStatusMode", [&] { mci.MciStatusMode("a"); }, {"status a mode|128"}},
+        {"MciLengthFrames", [&] { mci.MciLengthFrames("a"); }, frames},
+        {"MciLengthMs", [&] { mci.MciLengthMs("a"); }, ms},
+        {"MciSeekAndPlay", [&] { mci.MciSeekAndPlay("a", 25); }, {"seek a to 25|0", "Play a|0"}},
+        {"MciPosition", [&] { mci.MciPosition("a"); }, {"status a position|128"}},
+        {"MciPutWindow",
+         [&] { mci.MciPutWindow(77, "a", 1, 2, width, height); },
+         {"put a window at 1 2 8 6|0"}},
+        {"MciPercentPlayed", [&] { mci.MciPercentPlayed("a"); }, both(frames, {"status a position|128"})},
+        {"MciFramesPerSecond", [&] { mci.MciFramesPerSecond("a"); }, both(ms, frames)},
+        {"MciSetVolume", [&] { mci.MciSetVolume("a", "all", 7); }, {"setaudio a Volume to 70|0"}},
+        {"MciSetVolume left", [&] { mci.MciSetVolume("a", "left", 0); }, {"setaudio a left Volume to 0|0"}},
+        {"MciSetVolume RIGHT",
+         [&] { mci.MciSetVolume("a", "RIGHT", 1); },
+         {"setaudio a RIGHT Volume to 10|0"}},
+        {"MciGetVolume", [&] { mci.MciGetVolume("a", "all"); }, {"status a Volume|128"}},
+        {"MciGetVolume Right", [&] { mci.MciGetVolume("a", "Right"); }, {"status a Right Volume|128"}},
+        {"MciSetSpeed", [&] { mci.MciSetSpeed("a", 103); }, {"set a speed 1030|0"}},
+        {"MciClose", [&] { mci.MciClose("a"); }, {"Close a|0"}},
+        {"MciCloseAll", [&] { mci.MciCloseAll(); }, {"Close All|0"}},
+    };
+    for (const Case& one : cases) {
+        device.Calls.clear();
+
+        one.call();
+
+        EXPECT_EQ(device.Calls, one.sent) << one.wrapper;
+    }
+}
+
+TEST_F(MciLayerTest, OpenSendsTheShortNameOfAPathThatIsTooLong) {
+    const std::string path = "C:\\" + std::string(300, 'x') + ".mp3";
+    files.AddFile(path);
+    const std::string short_path = files.GetShortPathName(path);
+
+    mci.MciOpen(0, "a", path, "MPEGVideo");
+
+    ASSERT_LE(short_path.size(), 255U);
+    EXPECT_EQ(device.NewCommands(),
+              Transcript{"open " + short_path + " type MPEGVideo Alias a parent 0 Style 1073741824"});
+}
+
+TEST_F(MciLayerReplies, FramesPerSecondRoundToTheEvenNumber) {
+    for (const auto& [frames, rate] :
+         {std::pair{"47952", 24}, std::pair{"49000", 24}, std::pair{"49001", 25}, std::pair{"51000", 26}}) {
+        TwoLengths two_lengths("2000000", frames);
+        player::MciLayer layer(two_lengths, windows, files);
+
+        EXPECT_EQ(layer.MciFramesPerSecond("a"), rate) << frames << " frames in 2,000 seconds";
+    }
 }
 
 TEST_F(MciLayerReplies, CommandsWithoutReplyPassTheTextZeroAndNoLength) {

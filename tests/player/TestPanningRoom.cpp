@@ -32,19 +32,114 @@ TEST(PanningRoom, AChoiceRestartsTheSweepAtTheRight) {
     EXPECT_FALSE(house.menu.mnuPanOff.Checked());
 }
 
-TEST(PanningRoom, EachChoiceHasItsInterval) {
+struct Choice {
+    controls::Menu player_tests::PlayerMenuEntries::*entry;
+    int interval;
+    bool runs;
+    Texts sent;
+};
+
+TEST(PanningRoom, EachOfTheFiveChoicesHasItsIntervalAndItsCommands) {
+    using Menu = player_tests::PlayerMenuEntries;
+    const Texts begins = {"setaudio a Volume to 500", "setaudio a left Volume to 0",
+                          "setaudio a right Volume to 1000"};
+    const std::vector<Choice> choices = {{&Menu::mnuPanInstant, 50, true, begins},
+                                         {&Menu::mnuPanQuick, 10, true, begins},
+                                         {&Menu::mnuPanMedium, 50, true, begins},
+                                         {&Menu::mnuPanLong, 100, true, begins},
+                                         {&Menu::mnuPanOff, 100, false, {"setaudio a Volume to 500"}}};
     Playing house;
-    const std::vector<std::pair<controls::Menu*, int>> choices = {{&house.menu.mnuPanInstant, 50},
-                                                                  {&house.menu.mnuPanQuick, 10},
-                                                                  {&house.menu.mnuPanMedium, 50},
-                                                                  {&house.menu.mnuPanLong, 100}};
+    house.controls.levels.imgVol.SetLeft(50 * 17.85);
 
-    for (const auto& [entry, interval] : choices) {
-        entry->Click.Raise();
+    for (const Choice& choice : choices) {
+        (house.menu.*choice.entry).Click.Raise();
 
-        EXPECT_EQ(house.controls.levels.tmrPanning.Interval(), interval) << entry->Name();
-        EXPECT_TRUE(entry->Checked());
+        const auto& menu = house.menu;
+        EXPECT_EQ(house.TakeCommands(), choice.sent) << choice.interval;
+        EXPECT_EQ(house.controls.levels.tmrPanning.Interval(), choice.interval);
+        EXPECT_EQ(house.controls.levels.tmrPanning.Enabled(), choice.runs);
+        EXPECT_TRUE((menu.*choice.entry).Checked());
+        EXPECT_EQ(menu.mnuPanInstant.Checked() + menu.mnuPanQuick.Checked() + menu.mnuPanMedium.Checked() +
+                      menu.mnuPanLong.Checked() + menu.mnuPanOff.Checked(),
+                  1);
     }
+}
+
+TEST(PanningRoom, ASweepTakesNinetyNineTicksOfItsInterval) {
+    using Menu = player_tests::PlayerMenuEntries;
+    for (const auto& [entry, sweep_ms] :
+         {std::pair{&Menu::mnuPanQuick, 990}, std::pair{&Menu::mnuPanMedium, 4950},
+          std::pair{&Menu::mnuPanLong, 9900}}) {
+        Playing house;
+        (house.menu.*entry).Click.Raise();
+
+        house.desktop.Advance(sweep_ms);
+        const auto at_the_end = house.Levels();
+        house.desktop.Advance(sweep_ms);
+
+        EXPECT_EQ(at_the_end, std::make_pair(99, 1)) << sweep_ms;
+        EXPECT_EQ(house.Levels(), std::make_pair(1, 99)) << sweep_ms;
+    }
+}
+
+TEST(PanningRoom, ASweepPlaysAtFullLevelWhateverTheSliderShows) {
+    Playing house;
+    house.controls.levels.imgVol.SetLeft(10 * 17.85);
+    house.menu.mnuPanQuick.Click.Raise();
+    house.TakeCommands();
+
+    house.desktop.Advance(10);
+
+    EXPECT_EQ(house.TakeCommands(),
+              (Texts{"setaudio a left Volume to 10", "setaudio a right Volume to 990"}));
+}
+
+TEST(PanningRoom, ANewChoiceKeepsTheDirection) {
+    Playing house;
+    house.menu.mnuPanQuick.Click.Raise();
+    house.desktop.Advance(990);
+    house.menu.mnuPanQuick.Click.Raise();
+
+    house.desktop.Advance(10);
+
+    EXPECT_EQ(house.Levels(), std::make_pair(99, 1)) << "the sweep went back, and does so still";
+}
+
+TEST(PanningRoom, TheCountStandsStillDuringACrossfadeSinceTheTimerIsOff) {
+    PlayerHouse house;
+    house.AddTrack("1", house.AddSong("1.mp3", 20000));
+    house.AddTrack("2", house.AddSong("2.mp3", 600000));
+    house.DoubleClickTrack(0);
+    house.menu.mnuPanLong.Click.Raise();
+    house.device.SetFrame("a", 12000);
+    house.RunFor(1000);
+    house.device.SetFrame("a", 16000);
+    house.RunFor(50);
+    ASSERT_EQ(house.state.CurrentAlias, "b");
+    ASSERT_FALSE(house.controls.levels.tmrPanning.Enabled());
+
+    house.RunFor(51 * 60);
+    ASSERT_TRUE(house.controls.levels.tmrPanning.Enabled());
+    house.RunFor(100);
+
+    EXPECT_EQ(house.LevelOf("b"), 11) << "ten ticks before the crossfade, one behind it";
+    EXPECT_EQ(house.RightLevelOf("b"), 89);
+}
+
+TEST(PanningRoom, CountsOnWhileTheSoundIsOffAndThenStartsTheOtherWay) {
+    Playing house;
+    house.menu.mnuPanQuick.Click.Raise();
+    house.menu.mnuMusicMute.Click.Raise();
+    house.desktop.Advance(1500);
+    house.menu.mnuMusicMute.Click.Raise();
+    house.TakeCommands();
+
+    house.desktop.Advance(10);
+    const Texts beyond = house.TakeCommands();
+    house.desktop.Advance(10);
+
+    EXPECT_TRUE(beyond.empty()) << "151 and -51 percent are refused";
+    EXPECT_EQ(house.Levels(), std::make_pair(99, 1));
 }
 
 TEST(PanningRoom, ASweepGoesUpIn99TicksAndThenBack) {

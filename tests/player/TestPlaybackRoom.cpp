@@ -260,6 +260,19 @@ TEST(PlaybackRoom, ASongThatStartsDuringTheYieldIsCrossedOverToTheOuterOne) {
     EXPECT_TRUE(house.state.FadeToB);
 }
 
+TEST(PlaybackRoom, AVideoThatStartsDuringTheYieldOfASongLeavesNoVideoBehind) {
+    PlayerHouse house;
+    const auto film = house.AddSong("Owls - Film.avi");
+    const auto song = house.AddSong("Owls - Song.mp3");
+    house.desktop.Post([&] { house.player.PlaySong(film); });
+
+    house.player.PlaySong(song);
+
+    EXPECT_FALSE(house.state.VideoPlaying);
+    EXPECT_EQ(house.controls.transport.lblTrack.Caption(), "Owls - Song");
+    EXPECT_FALSE(house.frmVideo.Visible());
+}
+
 TEST(PlaybackRoom, SaysOnceThatEveryTrackOfAListOfTwoIsMissing) {
     PlayerHouse house;
     house.AddTrack("one", "C:\\m\\gone1.mp3");

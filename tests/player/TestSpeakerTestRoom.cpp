@@ -54,6 +54,52 @@ TEST(SpeakerTestRoom, ClosingItStartsTheFadeTimerThoughNoFadeRan) {
     EXPECT_EQ(house.TakeCommands(), Texts{"setaudio a Volume to 1000"});
 }
 
+TEST(SpeakerTestRoom, ItEndsARunningCrossfadeAsItStands) {
+    PlayerHouse house;
+    house.controls.transport.tmrPlay.SetEnabled(false);
+    house.player.PlaySong(house.AddSong("a.mp3", 600000));
+    house.player.PlaySong(house.AddSong("b.mp3", 600000));
+    house.desktop.Advance(600);
+
+    house.menu.mnuSoundTest.Click.Raise();
+    house.desktop.Advance(600);
+
+    EXPECT_EQ(house.LevelOf("a"), 80);
+    EXPECT_EQ(house.LevelOf("b"), 100) << "the end of the panning puts the level";
+    EXPECT_FALSE(house.controls.levels.tmrFade.Enabled());
+}
+
+TEST(SpeakerTestRoom, ClosingItDuringACrossfadeEndsTheOutgoingSongAtTheNextTick) {
+    PlayerHouse house;
+    house.controls.transport.tmrPlay.SetEnabled(false);
+    house.player.PlaySong(house.AddSong("a.mp3", 600000));
+    house.player.PlaySong(house.AddSong("b.mp3", 600000));
+    house.desktop.Advance(600);
+    house.menu.mnuSoundTest.Click.Raise();
+    house.frmSpeakerTest.UnloadWindow();
+
+    house.desktop.Advance(60);
+
+    EXPECT_FALSE(house.IsOpen("a"));
+    EXPECT_EQ(house.LevelOf("b"), 100);
+    EXPECT_FALSE(house.controls.levels.tmrFade.Enabled());
+    EXPECT_TRUE(house.controls.levels.tmrPanning.Enabled());
+}
+
+TEST(SpeakerTestRoom, WithNoSongEverythingFailsInSilence) {
+    PlayerHouse house;
+
+    house.menu.mnuSoundTest.Click.Raise();
+    house.frmSpeakerTest.cmdLeft.Click.Raise();
+    house.frmSpeakerTest.UnloadWindow();
+    house.desktop.Advance(1000);
+
+    EXPECT_TRUE(house.dialogs.Boxes.empty());
+    EXPECT_FALSE(house.IsOpen("a"));
+    EXPECT_FALSE(house.IsOpen("b"));
+    EXPECT_EQ(house.frmSpeakerTest.lblTrack.Caption(), "");
+}
+
 TEST(SpeakerTestRoom, TheRestartedTimerEndsTheCurrentSongWhenItStandsForTheOutgoingOne) {
     Testing house;
     house.state.FadeToB = true;

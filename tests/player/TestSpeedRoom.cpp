@@ -54,6 +54,54 @@ TEST(SpeedRoom, DecreaseAtTheLeftEndGoesOnAtTheDeviceOnly) {
     EXPECT_DOUBLE_EQ(house.marker.Left(), 0);
 }
 
+TEST(SpeedRoom, TheSpeedBeyondTheEndIsTheOneThatIsKept) {
+    Playing house;
+    house.marker.SetLeft(190);
+
+    house.menu.mnuIncreaseSpeed.Click.Raise();
+    house.player.RestoreBars();
+
+    EXPECT_EQ(house.state.SongSpeed, 210);
+    EXPECT_DOUBLE_EQ(house.marker.Left(), 210) << "and a resize puts the marker there";
+}
+
+TEST(SpeedRoom, EachMenuEntrySendsTheMarkerAndItsCentre) {
+    struct Case {
+        controls::Menu player_tests::PlayerMenuEntries::*entry;
+        double from;
+        const char* sent;
+        double left;
+        int kept;
+    };
+    using Menu = player_tests::PlayerMenuEntries;
+    for (const Case& one : {Case{&Menu::mnuIncreaseSpeed, 100, "set a speed 1230", 120, 120},
+                            Case{&Menu::mnuIncreaseSpeed, 170, "set a speed 1930", 190, 190},
+                            Case{&Menu::mnuIncreaseSpeed, 171, "set a speed 1940", 190, 191},
+                            Case{&Menu::mnuDecreaseSpeed, 100, "set a speed 830", 80, 80},
+                            Case{&Menu::mnuDecreaseSpeed, 20, "set a speed 30", 0, 0},
+                            Case{&Menu::mnuDecreaseSpeed, 0, "set a speed -170", 0, -20},
+                            Case{&Menu::mnuNormalSpeed, 12, "set a speed 1030", 100, 100}}) {
+        Playing house;
+        house.marker.SetLeft(one.from);
+
+        (house.menu.*one.entry).Click.Raise();
+
+        EXPECT_EQ(house.TakeCommands(), Texts{one.sent}) << one.from;
+        EXPECT_DOUBLE_EQ(house.marker.Left(), one.left) << one.from;
+        EXPECT_EQ(house.state.SongSpeed, one.kept) << one.from;
+    }
+}
+
+TEST(SpeedRoom, OnlyTheCurrentSongOfACrossfadeHearsIt) {
+    Playing house;
+    house.player.PlaySong(house.AddSong("b.mp3"));
+    house.TakeCommands();
+
+    house.menu.mnuNormalSpeed.Click.Raise();
+
+    EXPECT_EQ(house.TakeCommands(), Texts{"set b speed 1030"});
+}
+
 TEST(SpeedRoom, ADragCreepsByTheRatioAndTellsTheDeviceEachTime) {
     Playing house;
     house.marker.SetLeft(100);

@@ -72,6 +72,42 @@ TEST(SplitterRoom, StopsAtTheTopWithoutSharing) {
     EXPECT_EQ(house.lstArtists.Height(), 2500);
 }
 
+TEST(SplitterRoom, TheFirstRuleThatHoldsIsTheOnlyOne) {
+    struct Case {
+        double tracks, artists, slider;
+        double tracks_after, artists_after, slider_after;
+    };
+    for (const Case& one : {Case{539, 299, 300, 540, 299, 300}, Case{540, 299, 300, 540, 300, 300},
+                            Case{540, 300, 300, 540, 300, 400}, Case{540, 300, 400, 540, 300, 400},
+                            Case{540, 300, 401, 7739, -99, 401}}) {
+        Lists house;
+        house.lstTracks.SetHeight(one.tracks);
+        house.lstArtists.SetHeight(one.artists);
+        house.slider.SetTop(one.slider);
+
+        house.player.MoveSlider();
+
+        // A list is never less than nothing high.
+        const double artists = std::max(0.0, one.artists_after);
+        EXPECT_EQ(house.lstArtists.Height(), artists) << one.slider;
+        EXPECT_EQ(house.lstTracks.Height(), one.artists_after < 0 ? 8000 - 360 : one.tracks_after);
+        EXPECT_EQ(house.slider.Top(), one.slider_after) << one.slider;
+    }
+}
+
+TEST(SplitterRoom, StepsBackAtTheEdgeItselfAndNotBeforeIt) {
+    for (const auto& [top, after] : {std::pair{7519.0, 7519.0}, std::pair{7520.0, 7380.0}}) {
+        Lists house;
+        house.slider.SetTop(top);
+
+        house.player.MoveSlider();
+
+        EXPECT_EQ(house.slider.Top(), after) << top;
+        EXPECT_EQ(house.lstArtists.Height(), after - 500) << top;
+        EXPECT_EQ(house.lstTracks.Height(), 8000 - (after - 500 + 360)) << top;
+    }
+}
+
 TEST(SplitterRoom, StepsBackFromTheControls) {
     Lists house;
     house.slider.SetTop(7520);

@@ -53,6 +53,46 @@ TEST(TitleRoom, ThenDropsOutOfTheBoxAndComesInFromTheRight) {
     EXPECT_EQ(house.label.Top(), 0);
 }
 
+TEST(TitleRoom, EachPlaceHasItsStep) {
+    struct Case {
+        double left, top, width;
+        double left_after, top_after;
+    };
+    for (const Case& one :
+         {Case{1800, 0, 1000, 1760, 0}, Case{1799, 0, 1000, 1759, 0}, Case{100, 0, 2700, 60, 0},
+          Case{100, 0, 2699, 100, 40}, Case{101, 0, 1000, 61, 0}, Case{100, 0, 1000, 100, 40},
+          Case{100, 360, 1000, 100, 400}, Case{100, 361, 1000, 3000, 0}, Case{-300, 0, 1000, -300, 40},
+          Case{3000, 0, 0, 2960, 0}}) {
+        Title house;
+        house.label.Move(one.left, one.top, one.width, 345);
+
+        house.Ticks(1);
+
+        EXPECT_EQ(house.label.Left(), one.left_after) << one.left << " " << one.top << " " << one.width;
+        EXPECT_EQ(house.label.Top(), one.top_after) << one.left << " " << one.top << " " << one.width;
+    }
+}
+
+TEST(TitleRoom, ANewSongBeginsAtTheLeftOnTheLineItWasOn) {
+    Title house;
+    house.label.Move(-700, 80, 1000, 345);
+
+    house.player.PlaySong(house.AddSong("a.mp3"));
+
+    EXPECT_EQ(house.label.Left(), 100);
+    EXPECT_EQ(house.label.Top(), 80);
+}
+
+TEST(TitleRoom, TheToolTipsNameTheSongInFull) {
+    Title house;
+
+    house.player.PlaySong(house.AddSong("The Owls of the Far North - A Night That Would Not End.mp3"));
+
+    const std::string name = "The Owls of the Far North - A Night That Would Not End";
+    EXPECT_EQ(house.label.ToolTipText(), name);
+    EXPECT_EQ(house.controls.transport.picTrackTitle.ToolTipText(), name);
+}
+
 TEST(TitleRoom, AClickStopsTheTitleAtItsRestingPlace) {
     Title house;
     house.label.SetTop(200);

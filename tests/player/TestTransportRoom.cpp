@@ -82,6 +82,80 @@ TEST(TransportRoom, EqualEdgesDoNotEndTheSong) {
     EXPECT_FALSE(house.IsOpen("b"));
 }
 
+TEST(TransportRoom, TheTickBehindEqualEdgesEndsTheSong) {
+    Playing house;
+    house.GoTo(94);
+
+    house.GoTo(94.05);
+
+    EXPECT_TRUE(house.IsOpen("b"));
+}
+
+TEST(TransportRoom, ATickThatEndsASongDoesNothingElse) {
+    Playing house;
+    const double left = house.controls.transport.lblTrack.Left();
+
+    house.GoTo(94.1);
+
+    EXPECT_EQ(house.controls.transport.lblTrack.Left(), left);
+    EXPECT_EQ(house.controls.transport.lblTrack.Top(), 0) << "the title made no step";
+}
+
+TEST(TransportRoom, TheNumberOfFramesASecondMayBeMissing) {
+    for (const int frames_per_second : {0, -1}) {
+        Playing house;
+        house.GoTo(10);
+        const double left = house.marker.Left();
+        house.state.FramesPerSecond = static_cast<std::int16_t>(frames_per_second);
+
+        house.GoTo(20);
+
+        EXPECT_EQ(house.marker.Left(), left) << frames_per_second;
+        EXPECT_EQ(house.time.Caption(), "0:10/1:40") << frames_per_second;
+        EXPECT_EQ(house.PlayingOn("a"), "C:\\m\\a.mp3") << "the percent test still asks the device";
+    }
+}
+
+TEST(TransportRoom, ASongThatWasCutOffLeavesTheDisplayAsItWas) {
+    Playing house;
+    house.GoTo(10);
+    house.mci.MciClose("a");
+
+    house.controls.transport.tmrPlay.Tick.Raise();
+
+    EXPECT_DOUBLE_EQ(house.marker.Left(), 9);
+    EXPECT_EQ(house.time.Caption(), "0:10/1:40");
+    EXPECT_FALSE(house.IsOpen("b"));
+}
+
+TEST(TransportRoom, TheTimeIsRoundedToTheEvenSecond) {
+    const std::vector<std::pair<double, const char*>> cases = {{0.5, "0:00/1:40"},
+                                                               {1.5, "0:02/1:40"},
+                                                               {59.4, "0:59/1:40"},
+                                                               {59.5, "1:00/1:40"},
+                                                               {61.2, "1:01/1:40"}};
+    for (const auto& [seconds, text] : cases) {
+        Playing house;
+
+        house.GoTo(seconds);
+
+        EXPECT_EQ(house.time.Caption(), text) << seconds;
+    }
+}
+
+TEST(TransportRoom, TheLastHalfPercentRoundsToTheEvenHundred) {
+    for (const auto& [seconds, ends] :
+         {std::pair{99.4, false}, std::pair{99.5, true}, std::pair{99.9, true}}) {
+        Playing house;
+        house.marker.SetWidth(0.1);
+        house.start_fade.SetLeft(200);
+
+        house.GoTo(seconds);
+
+        EXPECT_EQ(house.IsOpen("b"), ends) << seconds;
+    }
+}
+
 TEST(TransportRoom, AtHundredPercentTheNextSongStartsAndPanningGoesOn) {
     Playing house;
     house.controls.levels.tmrPanning.SetEnabled(true);
@@ -176,6 +250,66 @@ TEST(TransportRoom, APressOnTheBarSeeksToItsSecond) {
 
     EXPECT_EQ(Orders(house.TakeCommands()), (Texts{"seek a to 33300", "Play a"}));
     EXPECT_EQ(house.device.Frame("a"), 33300);
+}
+
+TEST(TransportRoom, APressOnTheBarOfAVideoSeeksToItsPicture) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("film.avi", 100000));
+    house.TakeCommands();
+
+    PlayerHouse::Press(house.controls.transport.picSongProgress, 1.1);
+
+    EXPECT_EQ(Orders(house.TakeCommands()), (Texts{"seek a to 28", "Play a"}))
+        << "27.5 rounds to the even 28";
+}
+
+TEST(TransportRoom, APressAsksForTheFramesASecondFirst) {
+    Playing house;
+
+    PlayerHouse::Press(house.bar, 5);
+
+    EXPECT_EQ(house.TakeCommands(),
+              (Texts{"set a time format ms", "status a length", "set a time format frames",
+                     "set a time format frames", "status a length", "seek a to 5000", "Play a"}));
+}
+
+TEST(TransportRoom, ANotchOfTheWheelIsFiveSeconds) {
+    Playing house;
+    house.device.SetFrame("a", 30000);
+
+    house.bar.MouseWheel.Raise(1);
+    const auto forward = house.device.Frame("a");
+    house.bar.MouseWheel.Raise(-3);
+
+    EXPECT_EQ(forward, 35000);
+    EXPECT_EQ(house.device.Frame("a"), 20000);
+    EXPECT_EQ(house.PlayingOn("a"), "C:\\m\\a.mp3");
+}
+
+TEST(TransportRoom, TheWheelStaysInTheSong) {
+    Playing house;
+    house.device.SetFrame("a", 3000);
+
+    house.bar.MouseWheel.Raise(-1);
+    const auto start = house.device.Frame("a");
+    house.bar.MouseWheel.Raise(50);
+
+    EXPECT_EQ(start, 0);
+    EXPECT_EQ(house.device.Frame("a"), 100000);
+}
+
+TEST(TransportRoom, TheWheelDoesNothingWithoutASongOrDuringADragOfTheFadeMarker) {
+    Playing house;
+    house.state.FadeDragging = true;
+    house.bar.MouseWheel.Raise(1);
+    house.state.FadeDragging = false;
+    house.menu.mnuStop.Click.Raise();
+    house.TakeCommands();
+
+    house.bar.MouseWheel.Raise(1);
+
+    EXPECT_TRUE(Orders(house.TakeCommands()).empty());
+    EXPECT_FALSE(house.IsOpen("a"));
 }
 
 TEST(TransportRoom, APressOnTheBarDoesNothingWhileTheFadeMarkerIsDraggedOrNothingPlays) {

@@ -87,6 +87,99 @@ TEST(VolumeRoom, AStepIsThreeHundredUnitsAndStaysOnTheBar) {
     EXPECT_EQ(house.state.MusicVolume, 17);
 }
 
+TEST(VolumeRoom, ALevelIsRoundedToTheEvenPercent) {
+    const std::vector<std::pair<double, int>> cases = {{0, 0},      {8.9, 0},    {8.925, 0}, {62.475, 4},
+                                                       {44.625, 2}, {892.5, 50}, {1776, 99}, {1785, 100},
+                                                       {1793, 100}, {-8.925, 0}};
+    for (const auto& [left, percent] : cases) {
+        Playing house;
+
+        PlayerHouse::Press(house.controls.levels.lblVol, left);
+
+        EXPECT_EQ(house.TakeCommands(), Texts{"setaudio a Volume to " + base::ToText(percent * 10)}) << left;
+        EXPECT_EQ(house.state.MusicVolume, percent) << left;
+    }
+}
+
+TEST(VolumeRoom, ALevelBelowTheBarIsRefusedToo) {
+    Playing house;
+
+    PlayerHouse::Press(house.controls.levels.lblVol, -40);
+
+    EXPECT_TRUE(house.TakeCommands().empty());
+    EXPECT_EQ(house.Left(), 0);
+    EXPECT_EQ(house.state.MusicVolume, 0);
+    EXPECT_EQ(house.LevelOf("a"), 100) << "the device catches up at the next change";
+}
+
+TEST(VolumeRoom, AMenuStepBeyondTheEndLeavesTheDeviceWhereItWas) {
+    Playing house;
+    PlayerHouse::Press(house.controls.levels.lblVol, 90 * 17.85);
+    house.TakeCommands();
+
+    house.menu.mnuIncreaseVolume.Click.Raise();
+
+    EXPECT_TRUE(house.TakeCommands().empty());
+    EXPECT_EQ(house.LevelOf("a"), 90);
+    EXPECT_EQ(house.state.MusicVolume, 100);
+}
+
+TEST(VolumeRoom, ANotchOfTheWheelIsFivePercent) {
+    Playing house;
+    PlayerHouse::Press(house.controls.levels.lblVol, 50 * 17.85);
+    house.TakeCommands();
+
+    house.controls.levels.picVolume.MouseWheel.Raise(1);
+    house.controls.levels.picVolume.MouseWheel.Raise(-3);
+
+    EXPECT_EQ(house.TakeCommands(), (Texts{"setaudio a Volume to 550", "setaudio a Volume to 400"}));
+    EXPECT_EQ(house.state.MusicVolume, 40);
+}
+
+TEST(VolumeRoom, TheWheelTakesTheDeviceToBothEndsOfTheBar) {
+    Playing house;
+    PlayerHouse::Press(house.controls.levels.lblVol, 98 * 17.85);
+    house.TakeCommands();
+
+    house.controls.levels.picVolume.MouseWheel.Raise(1);
+    house.controls.levels.picVolume.MouseWheel.Raise(-40);
+
+    EXPECT_EQ(house.TakeCommands(), (Texts{"setaudio a Volume to 1000", "setaudio a Volume to 0"}));
+    EXPECT_EQ(house.Left(), 0);
+}
+
+TEST(VolumeRoom, TheWheelEndsMute) {
+    Playing house;
+    PlayerHouse::Press(house.controls.levels.lblVol, 50 * 17.85);
+    house.menu.mnuMusicMute.Click.Raise();
+    house.TakeCommands();
+
+    house.controls.levels.picVolume.MouseWheel.Raise(1);
+
+    EXPECT_EQ(house.TakeCommands(), Texts{"setaudio a Volume to 550"});
+    EXPECT_FALSE(house.menu.mnuMusicMute.Checked());
+    EXPECT_FALSE(house.controls.levels.lblMute.Visible());
+}
+
+TEST(VolumeRoom, UnmuteSendsTheUnitsWheneverTheyAreAPercent) {
+    const std::vector<std::pair<double, Texts>> cases = {
+        {0, {"setaudio a Volume to 0", "setaudio a Volume to 0"}},
+        {53.55, {"setaudio a Volume to 540", "setaudio a Volume to 30"}},
+        {100, {"setaudio a Volume to 1000", "setaudio a Volume to 60"}},
+        {100.6, {"setaudio a Volume to 60"}},
+        {1785, {"setaudio a Volume to 1000"}}};
+    for (const auto& [left, sent] : cases) {
+        Playing house;
+        house.controls.levels.imgVol.SetLeft(left);
+        house.menu.mnuMusicMute.Click.Raise();
+        house.TakeCommands();
+
+        house.menu.mnuMusicMute.Click.Raise();
+
+        EXPECT_EQ(house.TakeCommands(), sent) << left;
+    }
+}
+
 TEST(VolumeRoom, UsesBUnlessTheCurrentAliasIsA) {
     PlayerHouse house;
 

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QTest>
 #include <QUrl>
+#include <QWheelEvent>
 
 #include "controls/Lists.h"
 #include "controls/Simple.h"
@@ -24,6 +25,13 @@ struct MouseEventText {
 
 void SendMouse(QWidget* widget, QEvent::Type type, QPoint at, Qt::MouseButton button) {
     QMouseEvent event(type, at, widget->mapToGlobal(at), button, button, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+void TurnWheel(QWidget* widget, int eighths_of_a_degree) {
+    const QPointF at(1, 1);
+    QWheelEvent event(at, widget->mapToGlobal(at), QPoint(), QPoint(0, eighths_of_a_degree), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(widget, &event);
 }
 
@@ -116,6 +124,60 @@ TEST_F(WidgetMirrorTest, AMoveWithoutAButtonIsToldToTheControlUnderThePointerOnl
 
     EXPECT_EQ(moves, "0/75;");
     EXPECT_EQ(frame_moves, 0);
+}
+
+/// A bar with a knob on it; the bar listens.
+struct BarAndKnob {
+    BarAndKnob() {
+        bench::PlaceAt(bar, 0, 0, 200, 20);
+        bench::PlaceAt(knob, 5, 0, 10, 20);
+        bar.Add(knob);
+        claims.Claim(bar.MouseWheel, [this](int notches) { turned.push_back(notches); });
+    }
+    controls::PictureBox bar{"picBar"};
+    controls::Label knob{"lblKnob"};
+    std::vector<int> turned;
+    controls::EventClaims claims;
+};
+
+TEST_F(WidgetMirrorTest, ANotchOfTheWheelIsToldUpAndDown) {
+    BarAndKnob parts;
+    const bench::Desk desk(parts.bar);
+
+    TurnWheel(desk.Find(parts.bar), 120);
+    TurnWheel(desk.Find(parts.bar), -360);
+
+    EXPECT_EQ(parts.turned, (std::vector<int>{1, -3}));
+}
+
+TEST_F(WidgetMirrorTest, TheWheelOverAControlIsToldToTheContainerThatListens) {
+    BarAndKnob parts;
+    const bench::Desk desk(parts.bar);
+
+    TurnWheel(desk.Find(parts.knob), 120);
+
+    EXPECT_EQ(parts.turned, std::vector<int>{1});
+}
+
+TEST_F(WidgetMirrorTest, AFineWheelIsGatheredIntoNotches) {
+    BarAndKnob parts;
+    const bench::Desk desk(parts.bar);
+
+    for (int i = 0; i < 9; ++i)
+        TurnWheel(desk.Find(parts.bar), 30);
+    for (int i = 0; i < 5; ++i)
+        TurnWheel(desk.Find(parts.bar), -30);
+
+    EXPECT_EQ(parts.turned, (std::vector<int>{1, 1, -1})) << "270 up, of which 30 are left; then 150 down";
+}
+
+TEST_F(WidgetMirrorTest, AToolTipIsNoMarkup) {
+    bench::Desk desk(label_);
+
+    label_.SetToolTipText("<img src=x>Rock & Roll");
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find(label_)->toolTip(), "<span>&lt;img src=x&gt;Rock &amp; Roll</span>");
 }
 
 TEST_F(WidgetMirrorTest, ADisabledControlIsDeafAndSoIsOneInADisabledWindow) {
