@@ -63,8 +63,8 @@ bool PlaybackRoom::CanPlay(const std::string& filename) {
     return neighbours_.kinds.IsMediaFile(filename) && neighbours_.kinds.FileExists(filename);
 }
 
-/// As many missing tracks in a row as the order has rows. A count that is beyond that already, from tracks
-/// that were missing before, goes on until the turns are over.
+/// As many missing tracks in a row as the order has rows. Where the count is beyond that already, from tracks
+/// that were missing before, the turns that are left decide.
 bool PlaybackRoom::IsEveryTrackMissing(int turns_left) {
     controls_.lblNoFile.SetVisible(true);
     ++state_.MissingTrackCount;

@@ -353,6 +353,18 @@ TEST(PlaybackRoom, ACountBeyondTheListsLengthStillEndsInTheBoxWhenAllAreMissing)
     EXPECT_FALSE(house.IsOpen("a"));
 }
 
+TEST(PlaybackRoom, ACountBeyondTheListsLengthEndsAtTheFirstFileThatCannotBeOpened) {
+    PlayerHouse house;
+    house.AddTrack("broken", house.AddBrokenSong("broken.mp3"));
+    house.DoubleClickTrack(0);
+    house.state.MissingTrackCount = 7;
+
+    house.RunFor(1000);
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U) << "and not one a tick";
+    EXPECT_TRUE(house.state.PlayerStopped);
+}
+
 TEST(PlaybackRoom, ADoubleClickCountsMissingTracksAnew) {
     PlayerHouse house;
     for (const char* name : {"1.mp3", "2.mp3", "3.mp3"})

@@ -59,11 +59,7 @@ protected:
         paths_.push_back(house.AddSong("Short - Film.avi", 40));
         for (const char* name : {"gone1.mp3", "gone2.mp3"})
             paths_.push_back(PlayerHouse::Gone(name));
-        // There, and no media inside.
-        const std::string broken = "C:\\m\\broken.mp3";
-        house.files.AddFile(broken);
-        house.library.Existing.insert(broken);
-        paths_.push_back(broken);
+        paths_.push_back(house.AddBrokenSong("broken.mp3"));
         RebuildTracks();
     }
 
@@ -211,7 +207,8 @@ protected:
         const auto& queue = house.controls.queue;
         EXPECT_EQ(queue.lstCuedSongs.ListCount(), queue.lstCuedSongsPath.ListCount());
         EXPECT_TRUE(state.CurrentAlias.empty() || state.CurrentAlias == "a" || state.CurrentAlias == "b");
-        if (state.PlayerStopped) {
+        // Behind the box for a list of broken files the song before them may still fade out.
+        if (state.PlayerStopped && state.FramesPerSecond >= 0) {
             EXPECT_FALSE(house.IsOpen("a"));
             EXPECT_FALSE(house.IsOpen("b"));
         }
