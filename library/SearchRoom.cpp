@@ -8,6 +8,7 @@ namespace library {
 namespace {
 
 constexpr int kTicksBeforeSearch = 20;
+constexpr std::size_t kRowsATick = 65'536;
 
 }  // namespace
 
@@ -32,23 +33,46 @@ void SearchRoom::txtSearch_Change() {
 
 void SearchRoom::tmrSearch_Tick() {
     ++ticks_;
-    if (ticks_ < kTicksBeforeSearch) return;
+    const std::string_view checked = SearchField();
+    const std::string_view field = checked.empty() ? "Broad" : checked;
+    if (ticks_ < kTicksBeforeSearch) {
+        PrepareSome(field);
+        return;
+    }
     controls_.tmrSearch.SetEnabled(false);
-    const std::string_view field = SearchField();
-    RunLibrarySearch(field.empty() ? "Broad" : field, controls_.txtSearch.Text());
+    RunLibrarySearch(field, controls_.txtSearch.Text());
+}
+
+// The pause before a search is time enough to clean a large library, a part at each tick.
+void SearchRoom::PrepareSome(std::string_view field) {
+    if (controls_.txtSearch.Text().empty()) return;
+    store::RecordSet songs = OpenRows(sources_.datSong, store::kAllSongs);
+    cleaned_.Prepare(*SearchFieldNamed(field), songs, kRowsATick);
 }
 
 void SearchRoom::RunLibrarySearch(std::string_view field, std::string_view text) {
-    std::optional<SearchText> search = SearchText::For(field, text);
-    if (!search) return;
+    const library::SearchField* const searched = SearchFieldNamed(field);
+    if (searched == nullptr) return;
+    std::string wanted;
+    AppendCleaned(wanted, text, *searched);
     view_.BeginView();
-    store::RecordSet rows = OpenRows(sources_.datSong, store::kAllSongs);
-    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-        if (!search->Matches(rows)) continue;
-        view_.AddSong(rows.Text(store::tblSong::SongID), rows.Text(store::tblSong::artist),
-                      rows.Text(store::tblSong::title));
+    store::RecordSet songs = OpenRows(sources_.datSong, store::kAllSongs);
+    if (wanted.empty()) {
+        cleaned_.Forget();
+        for (songs.MoveFirst(); !songs.Eof(); songs.MoveNext())
+            AddSong(songs);
+    } else {
+        cleaned_.Prepare(*searched, songs, songs.EndOfBookmarks());
+        for (const store::Bookmark row : cleaned_.RowsWith(wanted)) {
+            if (songs.MoveTo(row)) AddSong(songs);
+        }
     }
     view_.EndView();
+}
+
+void SearchRoom::AddSong(const store::RecordSet& song) {
+    view_.AddSong(song.Text(store::tblSong::SongID), song.Text(store::tblSong::artist),
+                  song.Text(store::tblSong::title));
 }
 
 void SearchRoom::SetSearchField(std::string_view field) {

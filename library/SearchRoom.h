@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "controls/Event.h"
+#include "library/CleanedSongs.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryOutlets.h"
 
@@ -31,6 +32,8 @@ private:
     void mnuSearchTitle_Click() { SetSearchField("Title"); }
     void mnuSearchFilename_Click() { SetSearchField("Filename"); }
     void mnuSearchBroad_Click() { SetSearchField("Broad"); }
+    void PrepareSome(std::string_view field);
+    void AddSong(const store::RecordSet& song);
     void ShowHint();
 
     SearchControls& controls_;
@@ -38,6 +41,7 @@ private:
     MediaSources& sources_;
     TrackView& view_;
     MouseOvers& mouse_overs_;
+    CleanedSongs cleaned_;
     int ticks_ = 0;
     controls::EventClaims claims_;
 };

@@ -1,13 +1,6 @@
-// One search of the library: a cleaned text that is looked for in the cleaned field of every song.
-//
-// Cleaning makes lower case and drops blanks and "-"; for file names also ' & + ( ) * !. A row is not cleaned
-// to be searched: the scan skips what cleaning would drop. Only a row with letters beyond ASCII that matter
-// to the text is cleaned into a buffer first.
+// What a search of the library compares: cleaned text, never raw text.
 #pragma once
 
-#include <array>
-#include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,41 +10,19 @@
 
 namespace library {
 
-class SearchText {
-public:
-    /// A search by "Artist", "Title", "Broad" (artist and title joined) or "Filename"; nothing for any other
-    /// field.
-    static std::optional<SearchText> For(std::string_view field, std::string_view text);
-
-    /// Whether the song that `rows` stands on contains the text.
-    bool Matches(const store::RecordSet& rows);
-    /// Whether two texts, joined, contain it.
-    bool IsIn(std::string_view front, std::string_view back);
-
-private:
-    enum class Answer { No, Yes, CleanFirst };
-    enum class Mark : unsigned char { None, FirstOfText, NeedsCleaning };
-
-    SearchText(store::Field first, std::optional<store::Field> second, std::string_view dropped,
-               std::string_view text);
-
-    void AppendCleaned(std::string_view text);
-    void SetMarks();
-    Answer Scan(std::string_view text, std::string_view rest) const;
-    Answer ScanEach(std::string_view text, std::string_view rest) const;
-    Answer ScanBlock(std::string_view text, std::size_t start, std::string_view rest) const;
-    Answer LookAt(std::string_view text, std::size_t place, std::string_view rest) const;
-    bool ContinuesIn(std::string_view text, std::string_view rest) const;
-    bool NeedsCleaning(std::string_view text) const;
-
-    store::Field first_;
-    std::optional<store::Field> second_;
-    std::array<char, 256> kept_{};  // a byte as the search sees it; 0 for a dropped one
-    std::array<Mark, 256> marks_{};
-    std::uint64_t first_in_each_ = 0;  // the first byte of the searched text, eight times
-    bool ascii_ = true;
-    std::string needle_;
-    std::string cleaned_;
+/// A field that can be searched: one of a song's texts or two of them joined, and what cleaning takes out.
+struct SearchField {
+    std::string_view name;
+    store::Field first;
+    std::optional<store::Field> second;
+    std::string_view dropped;
 };
+
+/// "Broad", "Artist", "Title" or "Filename"; null for any other name.
+const SearchField* SearchFieldNamed(std::string_view name);
+
+/// Puts a text as the search of that field sees it behind `out`: in lower case, without blanks and "-"; for
+/// file names also without ' & + ( ) * !.
+void AppendCleaned(std::string& out, std::string_view text, const SearchField& field);
 
 }  // namespace library

@@ -114,6 +114,37 @@ TEST_F(SearchRoomTest, AnUnknownFieldChangesNothing) {
     EXPECT_EQ(Lists.lstTracks.ListCount(), 4);
 }
 
+TEST_F(SearchRoomTest, ATextOfNothingButSignsThatDoNotCountShowsEverySong) {
+    SearchingRoom.RunLibrarySearch("Filename", " -'&+()*!");
+    EXPECT_EQ(Lists.lstMaybe.ListCount(), 4);
+
+    SearchingRoom.RunLibrarySearch("Artist", " - ");
+
+    EXPECT_EQ(Lists.lstMaybe.ListCount(), 4);
+}
+
+TEST_F(SearchRoomTest, ASongThatLeftTheLibraryIsNotFoundAgain) {
+    SearchingRoom.RunLibrarySearch("Artist", "acdc");
+    Sources.datSong.Open(store::kAllSongs);
+    Sources.datSong.Recordset().Delete();
+
+    SearchingRoom.RunLibrarySearch("Artist", "acdc");
+
+    EXPECT_EQ(RowsOf(Lists.lstMaybe), (Rows{"4"}));
+}
+
+TEST_F(SearchRoomTest, AKeyDuringTheSecondPauseRestartsTheCount) {
+    Search.txtSearch.SetText("moor");
+    Desktop.Advance(190);
+    Search.txtSearch.SetText("moo");
+    Desktop.Advance(199);
+    EXPECT_EQ(Neighbours.Refills, 0);
+
+    Desktop.Advance(1);
+
+    EXPECT_EQ(Neighbours.Refills, 1);
+}
+
 TEST_F(SearchRoomTest, EachMenuEntryChecksItselfAlone) {
     const std::vector<std::pair<controls::Menu*, std::string_view>> entries = {
         {&mnuSearchArtist, "Artist"},

@@ -1,0 +1,193 @@
+#include "library/CleanedSongs.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "base/Text.h"
+#include "fakes/SeededStores.h"
+
+namespace {
+
+using library::CleanedSongs;
+using library::SearchField;
+namespace tblSong = store::tblSong;
+using Rows = std::vector<store::Bookmark>;
+
+const SearchField& Field(std::string_view name) {
+    return *library::SearchFieldNamed(name);
+}
+
+class CleanedSongsTest : public testing::Test {
+protected:
+    CleanedSongsTest() : source_(stores_.OpenTable("tblSong")) {}
+
+    store::RecordSet& Songs() { return source_->Recordset(); }
+    void Add(std::string_view artist, std::string_view title, std::string_view path = "") {
+        Songs().AddNew();
+        Songs().Set(tblSong::artist, artist);
+        Songs().Set(tblSong::title, title);
+        Songs().Set(tblSong::FilePath, path);
+        Songs().Update();
+    }
+    Rows Search(std::string_view field, std::string_view cleaned_text) {
+        cleaned_.Prepare(Field(field), Songs(), Songs().EndOfBookmarks());
+        return cleaned_.RowsWith(cleaned_text);
+    }
+
+    CleanedSongs cleaned_;
+
+private:
+    fakes::SeededStores stores_;
+    std::unique_ptr<store::DataSource> source_;
+};
+
+TEST_F(CleanedSongsTest, ATextIsFoundAtEveryPlaceOfALongRow) {
+    for (std::size_t before = 0; before < 200; ++before)
+        Add("", std::string(before, 'x') + "X-y Z" + std::string(200 - before, 'z'));
+
+    EXPECT_EQ(Search("Title", "xyz").size(), 200U);
+}
+
+TEST_F(CleanedSongsTest, ATextDoesNotGoOnInTheNextRow) {
+    Add("", "Back In");
+    Add("", "Black");
+
+    EXPECT_EQ(Search("Title", "inb"), Rows{});
+    EXPECT_EQ(Search("Title", "b"), (Rows{0, 1}));
+}
+
+TEST_F(CleanedSongsTest, ABroadTextBeginsInTheArtistAndEndsInTheTitle) {
+    Add("Ac-dc", "Back In Black");
+    Add("Back In Black", "Ac-dc");
+
+    EXPECT_EQ(Search("Broad", "dcback"), Rows{0});
+}
+
+TEST_F(CleanedSongsTest, ARowIsFoundOnce) {
+    Add("", "la la la");
+
+    EXPECT_EQ(Search("Title", "la"), Rows{0});
+}
+
+TEST_F(CleanedSongsTest, SongsThatCameLaterAreFound) {
+    Add("", "One");
+    EXPECT_EQ(Search("Title", "two"), Rows{});
+
+    Add("", "Two");
+
+    EXPECT_EQ(Search("Title", "two"), Rows{1});
+}
+
+TEST_F(CleanedSongsTest, AnotherTextInAnOldRowIsSearched) {
+    Add("", "One");
+    EXPECT_EQ(Search("Title", "one"), Rows{0});
+
+    Songs().MoveFirst();
+    Songs().Edit();
+    Songs().Set(tblSong::title, "Two");
+    Songs().Update();
+
+    EXPECT_EQ(Search("Title", "one"), Rows{});
+    EXPECT_EQ(Search("Title", "two"), Rows{0});
+}
+
+TEST_F(CleanedSongsTest, PreparingGoesOnWhereItStopped) {
+    for (int i = 0; i < 20'000; ++i)
+        Add("", "Title " + std::to_string(i));
+
+    EXPECT_FALSE(cleaned_.Prepare(Field("Title"), Songs(), 9'000));
+    EXPECT_FALSE(cleaned_.Prepare(Field("Title"), Songs(), 9'000));
+    EXPECT_TRUE(cleaned_.Prepare(Field("Title"), Songs(), 9'000));
+
+    EXPECT_EQ(cleaned_.RowsWith("title19999"), Rows{19'999});
+    EXPECT_EQ(cleaned_.RowsWith("title8999"), Rows{8'999});
+    EXPECT_EQ(cleaned_.RowsWith("title").size(), 20'000U);
+}
+
+TEST_F(CleanedSongsTest, APartOfACharacterIsNotFound) {
+    Add("", "\u00e9");
+    Add("", "\xa9");
+
+    EXPECT_EQ(Search("Title", "\xa9"), Rows{1});
+}
+
+// Cleaning as it is told, one step after another.
+std::string PlainlyCleaned(std::string_view text, std::string_view dropped) {
+    std::string cleaned(base::Trim(base::LCase(text)));
+    for (const char character : dropped)
+        cleaned = base::Replace(cleaned, std::string(1, character), "");
+    return cleaned;
+}
+
+class RandomLibrary : public CleanedSongsTest, public testing::WithParamInterface<unsigned> {
+protected:
+    RandomLibrary() : random_(GetParam()) {}
+
+    std::size_t Below(std::size_t count) {
+        return std::uniform_int_distribution<std::size_t>(0, count - 1)(random_);
+    }
+    std::string RandomText(std::size_t longest) {
+        static constexpr std::array<std::string_view, 24> kPieces = {
+            "a",      "A",      "b",      "B",      "i",      "k",      "K",      " ",
+            "-",      "'",      "&",      "+",      "(",      "!",      "*",      "\"",
+            "\u00a3", "\u00e9", "\u00c9", "\u0130", "\u212a", "\u0416", "\u0436", "\xc3"};
+        std::string text;
+        for (std::size_t i = Below(longest + 1); i > 0; --i)
+            text += kPieces[Below(kPieces.size())];
+        return text;
+    }
+    void ChangeTheTable() {
+        if (Below(3) == 0 && Songs().MoveTo(static_cast<store::Bookmark>(Below(100)))) Songs().Delete();
+        if (Below(3) == 0) Add(RandomText(12), RandomText(12), RandomText(40));
+        if (Below(5) == 0 && Songs().MoveTo(static_cast<store::Bookmark>(Below(100)))) {
+            Songs().Edit();
+            Songs().Set(Below(2) == 0 ? tblSong::artist : tblSong::FilePath, RandomText(12));
+            Songs().Update();
+        }
+    }
+    Rows FoundByAPlainWalk(const SearchField& field, std::string_view wanted) {
+        Rows rows;
+        for (Songs().MoveFirst(); !Songs().Eof(); Songs().MoveNext()) {
+            std::string text(Songs().Text(field.first));
+            if (field.second) text += Songs().Text(*field.second);
+            if (base::Contains(PlainlyCleaned(text, field.dropped), wanted))
+                rows.push_back(Songs().CurrentBookmark());
+        }
+        return rows;
+    }
+
+private:
+    std::mt19937 random_;
+};
+
+TEST_P(RandomLibrary, IsSearchedAsByAPlainWalk) {
+    for (int song = 0; song < 100; ++song)
+        Add(RandomText(12), RandomText(12), RandomText(40));
+    std::size_t hits = 0;
+    for (int round = 0; round < 400; ++round) {
+        static constexpr std::array<std::string_view, 4> kNames = {"Broad", "Artist", "Title", "Filename"};
+        const SearchField& field = Field(kNames[Below(kNames.size())]);
+        const std::string wanted = PlainlyCleaned(RandomText(3), field.dropped);
+        if (wanted.empty()) continue;
+        ChangeTheTable();
+
+        cleaned_.Prepare(field, Songs(), Songs().EndOfBookmarks());
+        Rows found = cleaned_.RowsWith(wanted);
+        std::erase_if(found, [this](store::Bookmark row) { return !Songs().MoveTo(row); });
+
+        ASSERT_EQ(found, FoundByAPlainWalk(field, wanted)) << field.name << " '" << wanted << "'";
+        hits += found.size();
+    }
+
+    EXPECT_GT(hits, 500U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomLibrary, testing::Range(1U, 9U));
+
+}  // namespace
