@@ -124,7 +124,6 @@ void LibraryListsRoom::DisplayTracks(std::string_view playlist, std::string_view
     const std::string_view name = base::Trim(playlist);
     if (name == kLast20 || name == kTop20) {
         NarrowView(name, base::Trim(artist));
-        TellCount(kNothingPlayed);
         return;
     }
     ClearTracks();
@@ -226,7 +225,7 @@ void LibraryListsRoom::AddSong(std::string_view song_id, std::string_view artist
 
 void LibraryListsRoom::AddPlayedSong(std::string_view song_id, std::string_view artist,
                                      std::string_view title) {
-    AddTrack(song_id, base::Trim(artist), base::Trim(title));
+    if (IsWanted(artist)) AddTrack(song_id, base::Trim(artist), base::Trim(title));
     AddArtist(artist);
 }
 
@@ -327,31 +326,29 @@ void LibraryListsRoom::ShowTop20Tracks() {
     store::RecordSet rows = OpenRows(sources_.datSong, store::kAllSongs);
     for (const auto& song : store::FirstRowsWith(rows, store::tblSong::SongID, song_ids)) {
         if (!song || !rows.MoveTo(*song)) continue;
-        AddTrack(rows.Text(store::tblSong::SongID), rows.Text(store::tblSong::artist),
-                 rows.Text(store::tblSong::title));
+        const std::string_view artist = rows.Text(store::tblSong::artist);
+        if (!IsWanted(artist)) continue;
+        AddTrack(rows.Text(store::tblSong::SongID), artist, rows.Text(store::tblSong::title));
     }
 }
 
+// The view is filled anew, with the tracks of the artist alone among all its artists.
 void LibraryListsRoom::NarrowView(std::string_view view, std::string_view artist) {
     const std::string wanted(artist);
     narrowing_ = true;
+    only_artist_ = IsEveryone(wanted) ? std::string() : wanted;
     if (view == kTop20) {
         ShowTop20();
     } else {
         ShowLast20();
     }
-    if (!IsEveryone(wanted)) KeepArtist(wanted);
+    only_artist_.clear();
     controls_.lstArtists.SelectText(IsEveryone(wanted) ? Special(kAllArtists) : wanted);
     narrowing_ = false;
 }
 
-void LibraryListsRoom::KeepArtist(std::string_view artist) {
-    const std::string start = std::string(artist).append(kSeparator);
-    for (int row = controls_.lstTracks.ListCount() - 1; row >= 0; --row) {
-        if (base::StartsWith(controls_.lstTracks.List(row), start)) continue;
-        controls_.lstTracks.RemoveItem(row);
-        controls_.lstMaybe.RemoveItem(row);
-    }
+bool LibraryListsRoom::IsWanted(std::string_view artist) const {
+    return only_artist_.empty() || base::Trim(artist) == only_artist_;
 }
 
 void LibraryListsRoom::TellCount(std::string_view hint) {

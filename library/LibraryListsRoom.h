@@ -87,7 +87,7 @@ private:
     void ShowTop20();
     void FillTop20Keys();
     void ShowTop20Tracks();
-    void KeepArtist(std::string_view artist);
+    bool IsWanted(std::string_view artist) const;
     void NarrowView(std::string_view view, std::string_view artist);
     void TellCount(std::string_view hint);
 
@@ -100,6 +100,7 @@ private:
     DistinctTexts seen_artists_;
     std::uint64_t filling_ = 0;  // counts the fills of the track list
     bool narrowing_ = false;
+    std::string only_artist_;  // whose tracks alone a view of played songs shows; empty for everyone's
     controls::EventClaims claims_;
 };
 

@@ -275,9 +275,10 @@ TEST_F(LibraryListsRoomTest, AnArtistOfTheLast20NarrowsThatView) {
     ListsRoom.DisplayPlayLists();
     Neighbours.OnHistory = [this] {
         ListsRoom.BeginView();
-        ListsRoom.AddSong("9", "Owl", "One");
-        ListsRoom.AddSong("8", "Ac-dc", "Two");
-        ListsRoom.AddSong("9", "Owl", "One");
+        ListsRoom.AddPlayedSong("9", "Owl", "One");
+        ListsRoom.AddPlayedSong("8", "Ac-dc", "Two");
+        ListsRoom.AddPlayedSong("7", "Owl - And Friends", "Three");
+        ListsRoom.AddPlayedSong("9", "Owl", "One");
         ListsRoom.EndView();
     };
     SelectPlayList("  [Last 20]");
@@ -286,8 +287,25 @@ TEST_F(LibraryListsRoomTest, AnArtistOfTheLast20NarrowsThatView) {
 
     EXPECT_EQ(RowsOf(Lists.lstMaybe), (Rows{"9", "9"}));
     EXPECT_EQ(RowsOf(Lists.lstTracks), (Rows{"Owl - One", "Owl - One"}));
-    EXPECT_EQ(RowsOf(Lists.lstArtists), (Rows{"  [All Artists]", "Ac-dc", "Owl"}));
+    EXPECT_EQ(RowsOf(Lists.lstArtists), (Rows{"  [All Artists]", "Ac-dc", "Owl", "Owl - And Friends"}));
     EXPECT_EQ(Lists.lstArtists.Text(), "Owl");
+}
+
+TEST_F(LibraryListsRoomTest, AfterANarrowedViewTheNextOneIsWhole) {
+    ListsRoom.DisplayPlayLists();
+    Neighbours.OnHistory = [this] {
+        ListsRoom.BeginView();
+        ListsRoom.AddPlayedSong("9", "Owl", "One");
+        ListsRoom.AddPlayedSong("8", "Ac-dc", "Two");
+        ListsRoom.EndView();
+    };
+    SelectPlayList("  [Last 20]");
+    Lists.lstArtists.SelectText("Owl");
+
+    Lists.lstArtists.SetListIndex(0);
+
+    EXPECT_EQ(RowsOf(Lists.lstMaybe), (Rows{"9", "8"}));
+    EXPECT_EQ(Lists.lstArtists.Text(), "  [All Artists]");
 }
 
 TEST_F(LibraryListsRoomTest, APlayedSongIsTrimmedInItsRowAndNotAmongTheArtists) {

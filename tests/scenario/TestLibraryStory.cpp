@@ -171,4 +171,62 @@ TEST_F(LibraryStory, ASongGoesIntoANewPlaylistAndOutAgain) {
     EXPECT_EQ(rows.back()[2], "1");
 }
 
+TEST_F(LibraryStory, ACleanUpTellsTheAgeOfTheLastOneTakesMissingSongsOutAndStoresTheDay) {
+    computer.AddToLibrary(1, "Sun", "Rise");
+    const std::string gone = computer.AddToLibrary(2, "Moon", "Fall");
+    computer.AddToLibrary(3, "Sun", "Rise");
+    computer.files.Remove(gone);
+    Program program(computer);
+    program.StartAndLogIn("Ann", "rose");
+    program.dialogs.Boxes.clear();
+    program.dialogs.Answers = {ports::BoxAnswer::Yes};
+
+    program.Click(program.Browser().menus.mnuCleanUp);
+
+    ASSERT_EQ(program.dialogs.Boxes.size(), 1U);
+    EXPECT_NE(program.dialogs.Boxes[0].text.find("Your last duplicate clean up was: 0 days ago."),
+              std::string::npos);
+    const auto& task = program.Browser().library.task;
+    EXPECT_EQ(task.lblFoundNo.Caption(), "1");
+    EXPECT_EQ(task.lblDuplicatesNoRemoved.Caption(), "1");
+    EXPECT_FALSE(task.fraTask.Visible());
+    EXPECT_EQ(Tracks(program), (Texts{"Sun - Rise", "Sun - Rise"}));
+    EXPECT_EQ(computer.database.Rows(scenario::kMediaPath, "tblSong").size(), 2U);
+    const auto history = computer.database.Rows(scenario::kHistoryPath, "tblHistory");
+    EXPECT_EQ(history[4], (std::vector<std::string>{"5", "Settings", "20260309"}));
+}
+
+TEST_F(LibraryStory, TheWindowClosedInTheMiddleOfACleanUpEndsTheProgram) {
+    for (int i = 1; i <= 9; ++i)
+        computer.files.Remove(computer.AddToLibrary(i, "Sun", "Song " + std::to_string(i)));
+    Program program(computer);
+    program.StartAndLogIn("Ann", "rose");
+    program.dialogs.Answers = {ports::BoxAnswer::Yes};
+    program.desktop.Post([&program] {
+        program.Browser().UnloadWindow();
+        program.desktop.Ending = program.ended;
+    });
+
+    program.Click(program.Browser().menus.mnuCleanUp);
+
+    EXPECT_TRUE(program.ended);
+    EXPECT_EQ(computer.database.Rows(scenario::kMediaPath, "tblSong").size(), 8U);
+}
+
+TEST_F(LibraryStory, TheDeleteKeyTakesASongOutAndTheCountFollows) {
+    computer.AddToLibrary(1, "Sun", "Rise");
+    computer.AddToLibrary(2, "Moon", "Fall");
+    Program program(computer);
+    program.StartAndLogIn("Ann", "rose");
+    auto& lists = program.Browser().library.lists;
+    EXPECT_EQ(lists.lblTrackCount.Caption(), "2 tracks");
+    lists.lstTracks.SetListIndex(0);
+    program.dialogs.Answers = {ports::BoxAnswer::Yes};
+
+    lists.lstTracks.KeyDown.Raise(controls::kKeyDelete, 0);
+
+    EXPECT_EQ(lists.lblTrackCount.Caption(), "1 track");
+    EXPECT_EQ(Tracks(program), Texts{"Moon - Fall"});
+}
+
 }  // namespace
