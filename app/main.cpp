@@ -14,6 +14,7 @@
 #include "desktop/MainWindow.h"
 #include "platform/gstreamer/MediaEngine.h"
 #include "platform/linux/CommandText.h"
+#include "platform/linux/EndSignal.h"
 #include "platform/linux/LinuxFiles.h"
 #include "platform/linux/LinuxInstanceLock.h"
 #include "platform/linux/SystemClock.h"
@@ -73,6 +74,7 @@ int main(int argc, char** argv) {
         return kNoLock;
     }
 
+    const linux_os::EndSignal end_signal;
     linux_os::SystemClock clock;
     linux_os::RandomChance chance;
     sqlite::SqliteDatabase database(to_native);
@@ -93,6 +95,11 @@ int main(int argc, char** argv) {
         command, [&loop] { loop.Quit(); });
     QSocketNotifier hand_over(instance.FileDescriptor(), QSocketNotifier::Read);
     QObject::connect(&hand_over, &QSocketNotifier::activated, &hand_over, [&instance] { instance.Serve(); });
+    QSocketNotifier end(linux_os::EndSignal::FileDescriptor(), QSocketNotifier::Read);
+    QObject::connect(&end, &QSocketNotifier::activated, &end, [&end, &main_window] {
+        end.setEnabled(false);
+        main_window.End();
+    });
     main_window.Start();
     return loop.Run();
 }

@@ -39,6 +39,21 @@ void SessionRoom::Form_QueryUnload(bool& cancel) {
         cancel = true;
         return;
     }
+    Leave();
+}
+
+void SessionRoom::EndSession() {
+    if (session_.mainclose) return;
+    if (!session_.NothingBegun) {
+        closing_ = true;
+        session_.LoggingOut = false;
+        Leave();
+    }
+    // A store that cannot be written keeps nobody.
+    if (windows_.frmBrowser.IsLoaded()) windows_.frmBrowser.UnloadWindow();
+}
+
+void SessionRoom::Leave() {
     session_.mainclose = true;
     neighbours_.player.StopPlaying();
     neighbours_.player.SendNothingPlaying();

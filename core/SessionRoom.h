@@ -56,6 +56,8 @@ public:
     /// Stores the settings and, unless the person only logs out, unloads every window.
     void SaveSettings();
     void Form_QueryUnload(bool& cancel);
+    /// The system wants the program to end: as an exit, without the question.
+    void EndSession();
 
 private:
     void mnuExit_Click();
@@ -66,6 +68,7 @@ private:
 
     bool HasOpenTabs() const;
     bool Agrees(std::string_view text, std::string_view title);
+    void Leave();
     void UnloadWindows();
 
     SessionWindows windows_;

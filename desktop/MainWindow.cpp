@@ -184,6 +184,10 @@ void MainWindow::BuildSession(std::string_view command) {
         *rooms.stores, ports.files, ports.events, app_path, command);
 }
 
+void MainWindow::End() {
+    desk_.rooms.session->EndSession();
+}
+
 void MainWindow::frmBrowser_Unload() {
     desk_.rooms.stores->Close();
     ended_();

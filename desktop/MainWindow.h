@@ -29,6 +29,8 @@ public:
 
     /// Loads the main window, which starts everything else.
     void Start();
+    /// Ends the program as an exit does, asking nothing.
+    void End();
 
     /// For tests and the program's outer shell.
     const State& Known() const { return desk_.state; }

@@ -120,6 +120,42 @@ TEST_F(SessionRoom, AStoreThatCannotBeReadLeavesTheOtherWindowsAlone) {
     EXPECT_TRUE(w.frmBrowser.IsLoaded());
 }
 
+TEST_F(SessionRoom, AnEndByTheSystemSavesAndUnloadsWithoutTheQuestion) {
+    LogIn();
+    near.TabsVisible = {false, true};
+    w.txtRefresh.SetText("321");
+
+    session_room.EndSession();
+
+    EXPECT_TRUE(boxes.Boxes.empty());
+    EXPECT_EQ(Setting(3), "321");
+    EXPECT_TRUE(session.mainclose);
+    EXPECT_FALSE(w.frmBrowser.IsLoaded());
+    EXPECT_EQ(Count(near.Log, "Unload frmBrowser"), 1);
+    EXPECT_EQ(near.Log.front(), "StopPlaying");
+}
+
+TEST_F(SessionRoom, AnEndByTheSystemBeforeTheLoginUnloadsEverything) {
+    SeedUser("ann", "a");
+    StartProgram();
+
+    session_room.EndSession();
+
+    EXPECT_TRUE(boxes.Boxes.empty());
+    EXPECT_FALSE(w.frmBrowser.IsLoaded());
+    EXPECT_FALSE(login_form.frmLogin.IsLoaded());
+}
+
+TEST_F(SessionRoom, AnEndByTheSystemDuringAnEndChangesNothing) {
+    LogIn();
+    session_room.EndSession();
+    near.Log.clear();
+
+    session_room.EndSession();
+
+    EXPECT_TRUE(near.Log.empty());
+}
+
 TEST_F(SessionRoom, LogOutGoesBackToTheLogin) {
     LogIn();
 

@@ -256,6 +256,46 @@ def no_sound_server(person):
     person.end()
 
 
+def told_to_end_while_a_song_plays(person):
+    """As an exit: the settings are saved, the stores are closed, and the sound goes."""
+    person.add_user()
+    song = stage.make_tone(person.music / "Ending - Song.wav", 440, 30)
+    path = "C:" + str(song).replace("/", "\\")
+    subprocess.run(["sqlite3", str(person.store("dbMedia")),
+                    f"insert into tblSong values(1,'Ending','Song','{path}',0)"], check=True)
+    person.launch()
+    person.enter()
+    person.watch_the_splash()
+    person.choose_text("Tracks", "Ending - Song", times=2)
+    wait_for("the running time to move", lambda: (_played(person) or 0) >= 1, 10)
+    person.press("Repeat this song")
+    wait_for("repeat to be on", lambda: person.eyes.shows("Repeat is on: repeat no more"))
+    check_equal("repeat before the end", _repeat(person), ["False"])
+    begin = time.monotonic()
+    person.program.send_signal(signal.SIGTERM)
+    check_equal("exit code", person.program.wait(10), 0)
+    check(time.monotonic() - begin < 3, f"the end took {time.monotonic() - begin:.1f} s")
+    check_equal("repeat after the end", _repeat(person), ["True"])
+    left = sorted(p.name for p in person.application.iterdir() if p.name.endswith(("-wal", "-shm", "-journal")))
+    check_equal("files of open stores", left, [])
+    check_equal("streams at the sound server", person.stage.run("pactl", "list", "short", "sink-inputs"), "")
+
+
+def _repeat(person):
+    return person.rows_of("dbHistory", "select HistoryText from tblHistory where HistoryID = 1")
+
+
+def told_to_end_before_the_login(person):
+    person.add_user()
+    settings = "select * from tblHistory where HistoryID not in (5, 6, 20) order by HistoryID"  # no date, no mark
+    before = person.other_stores("dbHistory"), person.rows_of("dbHistory", settings)
+    person.launch()
+    person.stage.window("Brindlepost - Login$")
+    person.program.send_signal(signal.SIGTERM)
+    check_equal("exit code", person.program.wait(10), 0)
+    check_equal("the stores", (person.other_stores("dbHistory"), person.rows_of("dbHistory", settings)), before)
+
+
 def _played(person):
     from story import seconds_of
 
@@ -320,7 +360,8 @@ def eight_starts_at_once(person):
 CASES = [
     a_database_is_missing, a_folder_in_a_databases_place, a_damaged_database, a_cut_off_database,
     an_empty_file_for_a_database, a_database_of_another_kind, a_read_only_database, a_read_only_folder,
-    a_database_locked_by_another_program, a_full_disk, no_display, no_sound_server, killed_while_media_is_added,
+    a_database_locked_by_another_program, a_full_disk, no_display, no_sound_server,
+    told_to_end_while_a_song_plays, told_to_end_before_the_login, killed_while_media_is_added,
     eight_starts_at_once,
 ]
 
