@@ -81,6 +81,7 @@ public:
     void dontscrolltitle() { title_.dontscrolltitle(); }
     void MoveSlider() { splitter_.MoveSlider(); }
     void theresize() { video_.theresize(); }
+    void FollowMainWindow() { video_.FollowMainWindow(); }
     /// Scales of the bars and places of their markers, after the layout gave the bars another width.
     void RestoreBars();
     /// After the bright pictures were hidden.

@@ -40,10 +40,13 @@ VideoRoom::VideoRoom(VideoForm& frmVideo, VideoPaneControls& pane, VideoMenu men
 void VideoRoom::PrepareVideo() {
     frmVideo_.tmrVisual.SetEnabled(false);
     frmVideo_.picVid.SetBackColor(0x000000);
+    frmVideo_.imgAnim1.SetVisible(false);
+    frmVideo_.imgAnim2.SetVisible(false);
     state_.VideoPlaying = true;
     pane_.picVideo.SetVisible(true);
-    frmVideo_.SetLeft(state_.VideoLeft);
+    if (IsNormal()) frmVideo_.SetLeft(state_.VideoLeft);
     loop_.Yield();
+    if (loop_.IsEnding()) return;
     RestoreSize();
     if (IsMaximised()) {
         theresize();
@@ -55,7 +58,7 @@ void VideoRoom::PrepareVideo() {
 
 /// Height and width change places from one video to the next: they are kept as height and width, and read as
 /// width and height. The second number is read from as many characters at the end as the first has, comma or
-/// not.
+/// not. A window that is not in its normal state keeps its place and size.
 void VideoRoom::RestoreSize() {
     const std::string& size = state_.VideoSizeText;
     if (size == kMaximisedSize) {
@@ -63,13 +66,18 @@ void VideoRoom::RestoreSize() {
         return;
     }
     const std::size_t comma = base::InStr(size, ",");
-    if (comma == 0) return;
+    if (comma == 0 || !IsNormal()) return;
     frmVideo_.SetWidth(base::Val(base::Left(size, comma - 1)));
     frmVideo_.SetHeight(base::Val(base::Right(size, comma - 1)));
 }
 
 void VideoRoom::PrepareLightShow() {
     SetWindowCaption("Visualisations");
+    // A video ended the show, and Stop took its place away; it is still on, so the next song brings it back.
+    frmVideo_.tmrVisual.SetEnabled(true);
+    if (pane_.picVideo.Visible() || window_.IsFavouritesPanelClosed()) return;
+    pane_.picVideo.SetVisible(true);
+    window_.Form_Resize();
 }
 
 void VideoRoom::PrepareMusic() {
@@ -83,12 +91,17 @@ void VideoRoom::TakeWindowAway() {
 }
 
 void VideoRoom::ShowOrHideWindow() {
-    if (state_.VideoPlaying || state_.VisualisationOn) {
+    if (!state_.VideoPlaying && !state_.VisualisationOn) {
+        frmVideo_.SetState(controls::WindowState::Normal);
+        HideWindow();
+    } else if (!frmVideo_.Visible()) {
         frmVideo_.Show();
-        return;
+        // It comes to the screen where its hole is.
+        FollowMainWindow();
+    } else if (!state_.resized) {
+        // An attached window stays attached from song to song.
+        state_.counter = 0;
     }
-    frmVideo_.SetState(controls::WindowState::Normal);
-    HideWindow();
 }
 
 void VideoRoom::HideWindow() {
@@ -125,6 +138,8 @@ void VideoRoom::theresize() {
     state_.resized = true;
     window_.CloseHole();
     window_.RefreshWindow();
+    // Without the hole it is seen only in front.
+    frmVideo_.BringToFront();
 }
 
 void VideoRoom::cmdAttachVid_Click() {
@@ -139,8 +154,13 @@ void VideoRoom::cmdAttachVid_Click() {
     window_.MakeHole();
 }
 
+/// The hole goes with a main window that is minimised, so the window does as well.
 void VideoRoom::FollowMainWindow() {
-    if (state_.resized || frmVideo_.State() != controls::WindowState::Normal) return;
+    if (state_.resized || IsMaximised()) return;
+    const bool is_away = window_.State() == controls::WindowState::Minimised;
+    if (frmVideo_.Visible())
+        frmVideo_.SetState(is_away ? controls::WindowState::Minimised : controls::WindowState::Normal);
+    if (!IsNormal()) return;
     const auto& hole = pane_.picVideo;
     frmVideo_.Move(window_.Left() + hole.Left() + kHoleOffsetLeft,
                    window_.Top() + hole.Top() + kHoleOffsetTop, hole.Width(), hole.Height());
@@ -190,11 +210,12 @@ void VideoRoom::lblVideoCaption_MouseDown() {
     state_.resized = true;
     window_.CloseHole();
     CaptionDragging_ = true;
+    frmVideo_.BringToFront();
 }
 
-/// The pressed place is not taken off: the window runs ahead of the pointer.
+/// The pressed place is not taken off: the window's corner runs after the pointer. A maximised one stays.
 void VideoRoom::lblVideoCaption_MouseMove(double x, double y) {
-    if (!CaptionDragging_) return;
+    if (!CaptionDragging_ || !IsNormal()) return;
     frmVideo_.Move(frmVideo_.Left() + x, frmVideo_.Top() + y, frmVideo_.Width(), frmVideo_.Height());
 }
 

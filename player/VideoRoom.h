@@ -1,7 +1,8 @@
 // The video window: over the hole of the main window, floating, or maximised.
 //
 // It is attached until theresize was called twice since the last reset, or its caption was dragged; showing
-// it attaches it again. While it is attached and normal it follows the main window.
+// it when it was hidden, or going to it from another window, attaches it again. While it is attached it
+// follows the main window, minimised or not, and the screen keeps it right below; a maximised one covers it.
 #pragma once
 
 #include <string>
@@ -52,6 +53,7 @@ private:
     void mnuFullScreen_Click();
     void RestoreSize();
     void TakeWindowAway();
+    bool IsNormal() const { return frmVideo_.State() == controls::WindowState::Normal; }
     bool IsMaximised() const { return frmVideo_.State() == controls::WindowState::Maximised; }
 
     VideoForm& frmVideo_;

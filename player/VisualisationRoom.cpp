@@ -47,6 +47,7 @@ VisualisationRoom::VisualisationRoom(VideoForm& frmVideo, VisualMenu menu, contr
     claims_.Claim(menu_.mnuMood.Click, [this] { mnuMood_Click(); });
     claims_.Claim(menu_.mnuAnim.Click, [this] { mnuAnim_Click(); });
     claims_.Claim(menu_.mnuNone.Click, [this] { mnuNone_Click(); });
+    claims_.Claim(frmVideo_.Load, [this] { frmVideo_Load(); });
     claims_.Claim(frmVideo_.tmrVisual.Tick, [this] { tmrVisual_Tick(); });
 }
 
@@ -110,6 +111,10 @@ void VisualisationRoom::UnTickVisual() {
     menu_.mnuParty.SetChecked(false);
     menu_.mnuMood.SetChecked(false);
     menu_.mnuNone.SetChecked(false);
+}
+
+void VisualisationRoom::frmVideo_Load() {
+    MoodRed_ = MoodGreen_ = MoodBlue_ = 1;
 }
 
 void VisualisationRoom::tmrVisual_Tick() {

@@ -22,6 +22,7 @@ private:
     void mnuMood_Click();
     void mnuAnim_Click();
     void mnuNone_Click();
+    void frmVideo_Load();
     void tmrVisual_Tick();
 
     void SortVisualisations();

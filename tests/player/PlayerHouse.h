@@ -190,6 +190,12 @@ struct PlayerHouse {
         ListMaybeChanged = true;
     }
 
+    /// The video window away from its hole.
+    void Float(double left, double top, double width, double height) {
+        state.resized = true;
+        frmVideo.Move(left, top, width, height);
+    }
+
     void DoubleClickTrack(int row) {
         lstTracks.SetListIndex(row);
         lstTracks.DblClick.Raise();

@@ -11,7 +11,7 @@ TEST(VideoRoom, AVideoShowsItsWindowAndItsPlace) {
     PlayerHouse house;
     house.frmVideo.tmrVisual.SetEnabled(true);
     house.frmVideo.picVid.SetBackColor(0x123456);
-    house.state.VideoLeft = 4500;
+    house.frmVideo.imgAnim1.SetVisible(true);
 
     house.player.PlaySong(house.AddSong("Owls - Fly.avi"));
 
@@ -20,16 +20,40 @@ TEST(VideoRoom, AVideoShowsItsWindowAndItsPlace) {
     EXPECT_TRUE(house.controls.video.picVideo.Visible());
     EXPECT_FALSE(house.frmVideo.tmrVisual.Enabled());
     EXPECT_EQ(house.frmVideo.picVid.BackColor(), 0x000000U);
-    EXPECT_EQ(house.frmVideo.Left(), 4500);
+    EXPECT_FALSE(house.frmVideo.imgAnim1.Visible());
     EXPECT_EQ(house.frmVideo.Caption(), "Owls - Fly [Video]");
     EXPECT_EQ(house.frmVideo.lblVideoCaption.Caption(), "Owls - Fly [Video]");
     EXPECT_EQ(house.window.TakeCalls(), Texts{"resize"});
 }
 
-TEST(VideoRoom, TheFirstVideoKeepsTheWindowsSize) {
+TEST(VideoRoom, AWindowThatComesToTheScreenStandsBehindItsHoleAtOnce) {
     PlayerHouse house;
 
     house.player.PlaySong(house.AddSong("a.avi"));
+
+    EXPECT_EQ(house.frmVideo.Left(), 1500 + 300 + 25);
+    EXPECT_EQ(house.frmVideo.Width(), 2400);
+}
+
+TEST(VideoRoom, AFloatingWindowGoesToTheKeptLeftWithTheNextVideo) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.Float(6000, 7000, 4800, 3600);
+    house.state.VideoLeft = 4500;
+
+    house.player.PlaySong(house.AddSong("b.avi"));
+
+    EXPECT_EQ(house.frmVideo.Left(), 4500);
+    EXPECT_EQ(house.frmVideo.Top(), 7000);
+}
+
+TEST(VideoRoom, TheFirstVideoOfARunKeepsTheWindowsSize) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.Float(6000, 7000, 4800, 3600);
+    ASSERT_TRUE(house.state.VideoSizeText.empty());
+
+    house.player.PlaySong(house.AddSong("b.avi"));
 
     EXPECT_EQ(house.frmVideo.Width(), 4800);
     EXPECT_EQ(house.frmVideo.Height(), 3600);
@@ -71,21 +95,55 @@ TEST(VideoRoom, HeightAndWidthChangePlacesFromOneVideoToTheNext) {
     PlayerHouse house;
     house.AddTrack("v", house.AddSong("a.avi"));
     house.DoubleClickTrack(0);
+    house.Float(3000, 200, 6000, 4500);
+
+    house.player.EndOfSongCode();
+    const std::string first_text = house.state.VideoSizeText;
+    const double first_width = house.frmVideo.Width();
+    const double first_height = house.frmVideo.Height();
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.state.VideoLeft, 3000);
+    EXPECT_EQ(first_text, "4500,6000");
+    EXPECT_EQ(first_width, 4500);
+    EXPECT_EQ(first_height, 6000);
+    EXPECT_EQ(house.state.VideoSizeText, "6000,4500");
+    EXPECT_EQ(house.frmVideo.Width(), 6000);
+    EXPECT_EQ(house.frmVideo.Height(), 4500);
+    EXPECT_TRUE(house.state.resized) << "it floats on";
+}
+
+TEST(VideoRoom, TheKeptSizeIsToldAsPlainNumbers) {
+    PlayerHouse house;
+    house.AddTrack("v", house.AddSong("a.avi"));
+    house.DoubleClickTrack(0);
+    house.Float(1234.5, 0, 3000.25, 2000.5);
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.state.VideoLeft, 1234) << "halves to the even neighbour";
+    EXPECT_EQ(house.state.VideoSizeText, "2000.5,3000.25");
+}
+
+TEST(VideoRoom, ASongsEndKeepsNothingOfTheWindow) {
+    PlayerHouse house;
+    house.AddTrack("s", house.AddSong("a.mp3"));
+    house.DoubleClickTrack(0);
     house.frmVideo.Move(3000, 200, 6000, 4500);
 
     house.player.EndOfSongCode();
 
-    EXPECT_EQ(house.state.VideoLeft, 3000);
-    EXPECT_EQ(house.state.VideoSizeText, "4500,6000");
-    EXPECT_EQ(house.frmVideo.Width(), 4500);
-    EXPECT_EQ(house.frmVideo.Height(), 6000);
+    EXPECT_EQ(house.state.VideoLeft, 0);
+    EXPECT_EQ(house.state.VideoSizeText, "");
 }
 
 TEST(VideoRoom, ReadsTheHeightFromAsManyCharactersAsTheWidthHas) {
     PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.Float(0, 0, 4800, 3600);
     house.state.VideoSizeText = "10005,750";
 
-    house.player.PlaySong(house.AddSong("a.avi"));
+    house.player.PlaySong(house.AddSong("b.avi"));
 
     EXPECT_EQ(house.frmVideo.Width(), 10005);
     EXPECT_EQ(house.frmVideo.Height(), 5);
@@ -105,6 +163,59 @@ TEST(VideoRoom, AMaximisedVideoMaximisesTheNextOne) {
     EXPECT_EQ(house.frmVideo.State(), controls::WindowState::Maximised);
     const Texts calls = house.window.TakeCalls();
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "favourites"), 0);
+}
+
+TEST(VideoRoom, AVideoUnderAMaximisedWindowCountsOneResize) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.frmVideo.cmdMax.Click.Raise();
+    const double width = house.frmVideo.Width();
+    house.state.VideoSizeText = "3000,2000";
+    house.state.VideoLeft = 700;
+    const double left = house.frmVideo.Left();
+
+    house.player.PlaySong(house.AddSong("b.avi"));
+
+    EXPECT_EQ(house.frmVideo.State(), controls::WindowState::Maximised);
+    EXPECT_EQ(house.frmVideo.Width(), width) << "a maximised window keeps its size";
+    EXPECT_EQ(house.frmVideo.Left(), left);
+}
+
+TEST(VideoRoom, SongAfterAMaximisedVideoMakesTheWindowNormal) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.frmVideo.cmdMax.Click.Raise();
+
+    house.player.PlaySong(house.AddSong("b.mp3"));
+
+    EXPECT_EQ(house.frmVideo.State(), controls::WindowState::Normal);
+    EXPECT_FALSE(house.frmVideo.Visible());
+    EXPECT_EQ(house.frmVideo.cmdMax.Caption(), "v") << "only its own click changes the sign";
+}
+
+TEST(VideoRoom, AVideoDoubleClickedAfterAnotherStaysInItsHole) {
+    PlayerHouse house;
+    house.AddTrack("v", house.AddSong("a.avi"));
+    house.DoubleClickTrack(0);
+
+    house.DoubleClickTrack(0);
+    house.DoubleClickTrack(0);
+
+    EXPECT_FALSE(house.state.resized);
+    EXPECT_EQ(house.state.counter, 1);
+}
+
+TEST(VideoRoom, AProgramThatEndsMeanwhilePlaysNothing) {
+    PlayerHouse house;
+    const std::string path = house.AddSong("a.avi");
+    // The first yield comes before the video's preparation, the second in it.
+    house.desktop.Post([&] { house.desktop.Post([&] { house.desktop.Ending = true; }); });
+
+    house.player.PlaySong(path);
+
+    EXPECT_EQ(house.desktop.Yields, 2);
+    EXPECT_FALSE(house.frmVideo.Visible());
+    EXPECT_FALSE(house.IsOpen("a"));
 }
 
 TEST(VideoRoom, TheSecondCallOfTheresizeDetaches) {
@@ -151,6 +262,47 @@ TEST(VideoRoom, MaximiseAndBackAttachesAgain) {
     EXPECT_EQ(house.window.TakeCalls(), Texts{"make hole"});
 }
 
+TEST(VideoRoom, AnyOtherSignOfTheButtonMakesTheWindowNormal) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.frmVideo.cmdMax.SetCaption("v");
+    house.state.resized = true;
+    house.window.TakeCalls();
+
+    house.frmVideo.cmdMax.Click.Raise();
+
+    EXPECT_EQ(house.frmVideo.State(), controls::WindowState::Normal);
+    EXPECT_EQ(house.frmVideo.cmdMax.Caption(), "^");
+    EXPECT_FALSE(house.state.resized);
+    EXPECT_EQ(house.window.TakeCalls(), Texts{"make hole"});
+}
+
+TEST(VideoRoom, AttachBringsAFloatingWindowBack) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.Float(6000, 7000, 4800, 3600);
+    house.window.TakeCalls();
+
+    house.controls.video.cmdAttachVid.Click.Raise();
+    house.desktop.Advance(50);
+
+    EXPECT_EQ(house.window.TakeCalls(), Texts{"make hole"});
+    EXPECT_FALSE(house.state.resized);
+    EXPECT_EQ(house.state.counter, 1);
+    EXPECT_EQ(house.frmVideo.Left(), 1500 + 300 + 25);
+    EXPECT_EQ(house.frmVideo.Width(), 2400);
+}
+
+TEST(VideoRoom, AttachMakesAMaximisedWindowNormal) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.frmVideo.cmdMax.Click.Raise();
+
+    house.controls.video.cmdAttachVid.Click.Raise();
+
+    EXPECT_EQ(house.frmVideo.State(), controls::WindowState::Normal);
+}
+
 TEST(VideoRoom, AttachWithoutAVideoWindowClosesTheHole) {
     PlayerHouse house;
     house.controls.video.picVideo.SetVisible(true);
@@ -180,6 +332,69 @@ TEST(VideoRoom, ADragOfTheCaptionDetachesAndRunsAhead) {
     EXPECT_EQ(house.window.TakeCalls(), Texts{"close hole"});
 }
 
+TEST(VideoRoom, AMaximisedWindowCannotBeDraggedAway) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.frmVideo.cmdMax.Click.Raise();
+    const double left = house.frmVideo.Left();
+
+    PlayerHouse::Press(house.frmVideo.lblVideoCaption, 50, 60);
+    PlayerHouse::MoveTo(house.frmVideo.lblVideoCaption, 500, 60);
+
+    EXPECT_TRUE(house.state.resized);
+    EXPECT_EQ(house.frmVideo.Left(), left);
+}
+
+TEST(VideoRoom, GoingToAFloatingWindowAttachesItAgain) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.Float(6000, 7000, 4800, 3600);
+    house.state.counter = 0;
+    house.window.TakeCalls();
+
+    house.frmVideo.Activate.Raise();
+
+    EXPECT_FALSE(house.state.resized);
+    EXPECT_EQ(house.state.counter, 0);
+    EXPECT_EQ(house.window.TakeCalls(), Texts{"make hole"});
+}
+
+TEST(VideoRoom, AnAttachedWindowIsMinimisedWithTheMainWindow) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+
+    house.window.Now = controls::WindowState::Minimised;
+    house.desktop.Advance(50);
+    const auto away = house.frmVideo.State();
+    house.window.Now = controls::WindowState::Normal;
+    house.desktop.Advance(50);
+
+    EXPECT_EQ(away, controls::WindowState::Minimised);
+    EXPECT_EQ(house.frmVideo.State(), controls::WindowState::Normal);
+}
+
+TEST(VideoRoom, AFloatingWindowStaysWhenTheMainWindowIsMinimised) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.Float(6000, 7000, 4800, 3600);
+
+    house.window.Now = controls::WindowState::Minimised;
+    house.desktop.Advance(50);
+
+    EXPECT_EQ(house.frmVideo.State(), controls::WindowState::Normal);
+    EXPECT_EQ(house.frmVideo.Left(), 6000);
+}
+
+TEST(VideoRoom, AMaximisedWindowStaysMaximisedAtTheTick) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.frmVideo.cmdMax.Click.Raise();
+
+    house.desktop.Advance(50);
+
+    EXPECT_EQ(house.frmVideo.State(), controls::WindowState::Maximised);
+}
+
 TEST(VideoRoom, AnAttachedWindowFollowsTheMainWindow) {
     PlayerHouse house;
     house.player.PlaySong(house.AddSong("a.avi"));
@@ -195,10 +410,11 @@ TEST(VideoRoom, AnAttachedWindowFollowsTheMainWindow) {
 TEST(VideoRoom, ADetachedWindowStaysWhereItIs) {
     PlayerHouse house;
     house.player.PlaySong(house.AddSong("a.avi"));
-    house.state.resized = true;
+    house.Float(6000, 7000, 4800, 3600);
 
     house.desktop.Advance(50);
 
+    EXPECT_EQ(house.frmVideo.Left(), 6000);
     EXPECT_EQ(house.frmVideo.Width(), 4800);
 }
 

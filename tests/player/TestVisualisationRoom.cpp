@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "player/PlayerHouse.h"
 
 namespace {
@@ -60,14 +62,18 @@ TEST(VisualisationRoom, StrobeGoesBlueWhiteBlack) {
 TEST(VisualisationRoom, TheAnimationShowsItsPicturesInTurn) {
     PlayerHouse house;
     house.menu.mnuAnim.Click.Raise();
+    std::string shown;
 
-    Colours(house, 7);
-    const bool first = house.frmVideo.imgAnim1.Visible() && !house.frmVideo.imgAnim2.Visible();
-    Colours(house, 1);
+    for (int tick = 1; tick <= 24; ++tick) {
+        Colours(house, 1);
+        shown += house.frmVideo.imgAnim1.Visible() ? '1' : '-';
+        shown += house.frmVideo.imgAnim2.Visible() ? '2' : '-';
+        shown += ' ';
+    }
 
-    EXPECT_TRUE(first);
-    EXPECT_FALSE(house.frmVideo.imgAnim1.Visible());
-    EXPECT_TRUE(house.frmVideo.imgAnim2.Visible());
+    // Seven ticks of the first, eight of the second, and one that only begins anew.
+    EXPECT_EQ(shown, "1- 1- 1- 1- 1- 1- 1- -2 -2 -2 -2 -2 -2 -2 -2 -2 1- 1- 1- 1- 1- 1- 1- -2 ");
+    EXPECT_EQ(house.frmVideo.tmrVisual.Interval(), 50);
 }
 
 TEST(VisualisationRoom, PartyPicksByChance) {
@@ -81,6 +87,49 @@ TEST(VisualisationRoom, PartyPicksByChance) {
     }
 
     EXPECT_EQ(picked, (std::vector<controls::Colour>{0x00FF00, 0xFF0000, 0xFFFF00, 0x0000FF, 0x000000}));
+}
+
+TEST(VisualisationRoom, TheFirstAndTheLastColourOfAPartyAreHalfAsLikely) {
+    PlayerHouse house;
+    house.menu.mnuParty.Click.Raise();
+    std::map<controls::Colour, int> odds;
+
+    for (int step = 0; step < 800; ++step) {
+        house.chance.Value = (step + 0.5) / 800;
+        ++odds[Colours(house, 1).front()];
+        // The eighth tick of a round picks nothing.
+        if (step % 7 == 6) Colours(house, 1);
+    }
+
+    EXPECT_EQ(odds,
+              (std::map<controls::Colour, int>{
+                  {0x00FF00, 100}, {0xFF0000, 200}, {0xFFFF00, 200}, {0x0000FF, 200}, {0x000000, 100}}));
+}
+
+TEST(VisualisationRoom, AHalfOfTheOddsGoesToTheEvenNeighbour) {
+    PlayerHouse house;
+    house.menu.mnuParty.Click.Raise();
+    std::vector<controls::Colour> picked;
+
+    for (const double chance : {0.125, 0.375, 0.625, 0.875}) {
+        house.chance.Value = chance;
+        picked.push_back(Colours(house, 1).front());
+    }
+
+    EXPECT_EQ(picked, (std::vector<controls::Colour>{0x00FF00, 0xFFFF00, 0xFFFF00, 0x000000}));
+}
+
+TEST(VisualisationRoom, ThePartyRestsAtEveryEighthTick) {
+    PlayerHouse house;
+    house.menu.mnuParty.Click.Raise();
+    Colours(house, 7);
+    house.chance.Value = 0.99;
+    house.frmVideo.picVid.SetBackColor(0x123456);
+
+    const auto colours = Colours(house, 2);
+
+    EXPECT_EQ(colours, (std::vector<controls::Colour>{0x123456, 0x000000}));
+    EXPECT_EQ(house.frmVideo.tmrVisual.Interval(), 50);
 }
 
 TEST(VisualisationRoom, PartyTurnsIntoMoodOnceWhileFirstLoadStands) {
@@ -112,6 +161,70 @@ TEST(VisualisationRoom, MoodWalksTheColourAtTenMilliseconds) {
     EXPECT_EQ(colours[1509], colours[1508]) << "the walk begins anew";
 }
 
+TEST(VisualisationRoom, MoodBeginsAtItsFirstColourWhenTheWindowIsLoaded) {
+    PlayerHouse house;
+    house.menu.mnuMood.Click.Raise();
+    Colours(house, 100);
+    house.frmVideo.UnloadWindow();
+
+    house.frmVideo.Show();
+    const auto colour = Colours(house, 1).front();
+
+    EXPECT_EQ(colour, 0x020101U);
+}
+
+TEST(VisualisationRoom, AComponentThatWouldBeNegativeIsNought) {
+    PlayerHouse house;
+    house.menu.mnuMood.Click.Raise();
+    Colours(house, 900);
+    house.frmVideo.Load.Raise();
+
+    const auto colours = Colours(house, 2);
+
+    EXPECT_EQ(colours, (std::vector<controls::Colour>{0x000101, 0x000101}));
+}
+
+TEST(VisualisationRoom, AStopOrAVideoOnlyInterruptsAShow) {
+    PlayerHouse house;
+    house.menu.mnuParty.Click.Raise();
+    house.player.PlaySong(house.AddSong("a.mp3"));
+    house.player.StopCurrentSong();
+    ASSERT_FALSE(house.frmVideo.Visible());
+    house.player.PlaySong(house.AddSong("b.avi"));
+    ASSERT_FALSE(house.frmVideo.tmrVisual.Enabled());
+
+    house.player.StopCurrentSong();
+    house.player.PlaySong(house.AddSong("c.mp3"));
+
+    EXPECT_TRUE(house.frmVideo.Visible());
+    EXPECT_TRUE(house.frmVideo.tmrVisual.Enabled());
+    EXPECT_TRUE(house.controls.video.picVideo.Visible());
+    EXPECT_TRUE(house.player.IsVideoAttached());
+}
+
+TEST(VisualisationRoom, AShowBehindAClosedPanelLeavesThePlaceToTheMainWindow) {
+    PlayerHouse house;
+    house.menu.mnuParty.Click.Raise();
+    house.controls.video.picVideo.SetVisible(false);
+    house.window.FavouritesClosed = true;
+
+    house.player.PlaySong(house.AddSong("a.mp3"));
+
+    EXPECT_FALSE(house.controls.video.picVideo.Visible());
+}
+
+TEST(VisualisationRoom, AShowStartedOverAVideoKeepsTheVideo) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.Float(6000, 7000, 4800, 3600);
+
+    house.menu.mnuStrobe.Click.Raise();
+
+    EXPECT_EQ(house.PlayingOn("a"), "C:\\m\\a.avi");
+    EXPECT_FALSE(house.state.resized) << "every show begins in the hole";
+    EXPECT_TRUE(house.frmVideo.Visible());
+}
+
 TEST(VisualisationRoom, NoneEndsTheShow) {
     PlayerHouse house;
     house.menu.mnuParty.Click.Raise();
@@ -123,6 +236,7 @@ TEST(VisualisationRoom, NoneEndsTheShow) {
     EXPECT_FALSE(house.frmVideo.Visible());
     EXPECT_FALSE(house.frmVideo.tmrVisual.Enabled());
     EXPECT_FALSE(house.menu.mnuParty.Checked());
+    EXPECT_FALSE(house.menu.mnuNone.Checked());
     EXPECT_EQ(house.window.TakeCalls(), (Texts{"close hole", "resize"}));
 }
 
