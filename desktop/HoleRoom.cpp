@@ -54,8 +54,6 @@ void HoleRoom::MakeHole() {
     const int bottom = top + Pixels(picVideo_.Height());
     ShapeWindow("RectAngle", {{left + kLeftOfControls, top + kAboveHole, right + kLeftOfControls,
                                bottom + kAboveControls, kCorner, kCorner}});
-    // The video window shows through the hole only from behind.
-    window_.BringToFront();
 }
 
 void HoleRoom::CloseHole() {

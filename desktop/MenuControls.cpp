@@ -25,6 +25,7 @@ void BuildMenuTree(MenuControls& menus, controls::Form& window) {
     menus.mnuExit.SetEnabled(false);
     menus.mnuPanOff.SetChecked(true);
     menus.mnuQuickFade.SetChecked(true);
+    menus.mnuStrobe.SetToolTipText("Warning: flashing light, which can cause seizures in some people");
     window.SetMenuBar(std::move(bar));
 }
 

@@ -84,6 +84,8 @@ void PlayerLinks::PlaceVideoPane() {
 
 void PlayerLinks::MakeHole() {
     desk_.rooms.hole->MakeHole();
+    // What shows through it goes there at once.
+    desk_.rooms.player->FollowMainWindow();
 }
 
 void PlayerLinks::CloseHole() {

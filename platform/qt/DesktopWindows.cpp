@@ -80,10 +80,9 @@ bool WindowRegions::CombineRgn(ports::RegionHandle result, ports::RegionHandle f
     return true;
 }
 
-bool WindowRegions::SetWindowRgn(ports::RegionHandle region, bool redraw) {
+bool WindowRegions::SetWindowRgn(ports::RegionHandle region, bool /*redraw*/) {
     const auto found = regions_.find(region);
-    QWidget* window = screen_.WindowOf(form_);
-    if (found == regions_.end() || window == nullptr) return false;
+    if (found == regions_.end() || screen_.WindowOf(form_) == nullptr) return false;
     // The outer corner is the frame's; the mask begins at the menu bar.
     const QRect client = ClientRect(form_);
     const QPoint outer(ToPixels(form_.Left()), ToPixels(form_.Top()));
@@ -91,12 +90,8 @@ bool WindowRegions::SetWindowRgn(ports::RegionHandle region, bool redraw) {
         found->second.translated(outer - client.topLeft()) & QRect(QPoint(0, 0), client.size());
     regions_.erase(found);
     // A whole window has no mask, so that it stays whole when it grows.
-    if (inside == QRegion(QRect(QPoint(0, 0), client.size()))) {
-        window->clearMask();
-    } else {
-        window->setMask(inside);
-    }
-    if (redraw) window->update();
+    const bool is_whole = inside == QRegion(QRect(QPoint(0, 0), client.size()));
+    screen_.ShapeMainWindow(is_whole ? QRegion() : inside);
     return true;
 }
 

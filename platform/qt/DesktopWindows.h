@@ -15,8 +15,9 @@ public:
     bool GetWindowRect(std::int64_t handle, ports::WindowRect& rect) const override;
 };
 
-/// Regions of the main window, and its shape. A region that was given to the window is used up, as is a
-/// hole's once its maker forgets it; handles count up and are never used twice.
+/// Regions of the main window, and its shape, which the screen takes at the end of the handler. A region that
+/// was given to the window is used up, as is a hole's once its maker forgets it; handles count up and are
+/// never used twice.
 class WindowRegions final : public ports::Regions {
 public:
     WindowRegions(Screen& screen, controls::Form& main_form) : screen_(screen), form_(main_form) {}

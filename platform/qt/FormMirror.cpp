@@ -10,6 +10,7 @@
 #include "platform/qt/Geometry.h"
 #include "platform/qt/MenuMirror.h"
 #include "platform/qt/Skin.h"
+#include "platform/qt/Stacking.h"
 #include "platform/qt/SurfaceMirrors.h"
 #include "platform/qt/TabOrder.h"
 
@@ -210,20 +211,44 @@ void FormMirror::ShowWindow() {
     was_shown_ = true;
     QWidget* main_window = stage_.MainWindow();
     if (form_.StaysInFront() && main_window != nullptr) LieOver(*main_window);
-    // A window without a frame that may lie behind shows a picture through a hole of the main window, from
-    // behind; the keyboard stays where it is.
-    const bool is_picture = form_.Border() == BorderStyle::None && !form_.StaysInFront();
+    // The keyboard stays where it is when a picture comes.
     const bool is_beneath = stage_.IsBeneath(form_);
-    window_->setAttribute(Qt::WA_ShowWithoutActivating, is_picture || is_beneath);
+    window_->setAttribute(Qt::WA_ShowWithoutActivating, IsPicture() || is_beneath);
     ShowState();
+    const bool main_has_keyboard = main_window != nullptr && main_window->isActiveWindow();
     window_->show();
-    if (is_picture && main_window != nullptr) {
-        main_window->raise();
+    if (IsPicture()) {
+        if (main_has_keyboard) main_window->activateWindow();
+        StackPicture();
         return;
     }
     window_->raise();
     if (!is_beneath) window_->activateWindow();
     if (stage_.MainWindow() == window_) stage_.OnMainWindowShown(*window_);
+}
+
+// A picture that comes to the front floats: it stays over the main window and leaves the keyboard there.
+void FormMirror::ComeToFront() {
+    QWidget* main_window = stage_.MainWindow();
+    window_->raise();
+    if (!IsPicture()) {
+        if (!stage_.IsBeneath(form_)) window_->activateWindow();
+    } else if (window_->isVisible() && main_window != nullptr) {
+        KeepAbove(*window_, *main_window);
+    }
+}
+
+bool FormMirror::IsPicture() const {
+    return form_.Border() == BorderStyle::None && !form_.StaysInFront();
+}
+
+bool FormMirror::IsAtHole() const {
+    return IsRealised() && IsPicture() && window_->isVisible() && form_.State() == WindowState::Normal;
+}
+
+void FormMirror::StackPicture() {
+    if (form_.State() == WindowState::Maximised) window_->raise();
+    stage_.StackPictures();
 }
 
 void FormMirror::LieOver(QWidget& main_window) {
@@ -255,6 +280,7 @@ void FormMirror::Apply(Property property) {
         case Property::Window:
             FillMenuBar();
             ShowState();
+            if (IsPicture() && window_->isVisible()) StackPicture();
             break;
         case Property::Popup:
             if (form_.WantedPopup() != nullptr) {
@@ -263,8 +289,7 @@ void FormMirror::Apply(Property property) {
             break;
         case Property::ZOrder:
         case Property::Focus:
-            window_->raise();
-            if (!stage_.IsBeneath(form_)) window_->activateWindow();
+            ComeToFront();
             break;
         case Property::Refresh:
         case Property::Colour:
@@ -300,6 +325,10 @@ void FormMirror::OnCloseBox() {
 }
 
 void FormMirror::OnKeyboardCame() {
+    // Who points at the picture in the hole means the window around it.
+    QWidget* main_window = stage_.MainWindow();
+    if (IsAtHole() && main_window != nullptr && !main_window->mask().isEmpty()) main_window->raise();
+    stage_.StackPictures();
     stage_.OnActivated(form_);
 }
 

@@ -23,6 +23,10 @@ public:
     void Realise();
     /// Keeps the window over the main window, if it is on the screen.
     void LieOver(QWidget& main_window);
+    /// A window without a frame that may lie behind: it shows a picture.
+    bool IsPicture() const;
+    /// It is to be seen through the hole of the main window, if that has one, from right below.
+    bool IsAtHole() const;
     bool IsRealised() const { return Widget() != nullptr; }
     QWidget* Inside() const override { return content_; }
     controls::Form& Window() const { return form_; }
@@ -35,6 +39,8 @@ private:
     void FillMenuBar();
     void ShowWindow();
     void ShowState();
+    void StackPicture();
+    void ComeToFront();
     void Centre();
     void FocusFirst();
     void PutOnScreen();

@@ -29,12 +29,14 @@ MenuMirror::MenuMirror(Stage& stage, controls::Menu& menu)
     Apply(Property::Checked);
     Apply(Property::Enabled);
     Apply(Property::Visible);
+    Apply(Property::ToolTip);
     if (!menu.Entries().empty()) Entries();
 }
 
 QMenu* MenuMirror::Entries() {
     if (entries_ == nullptr) {
         entries_ = std::make_unique<QMenu>();
+        entries_->setToolTipsVisible(true);
         action_->setMenu(entries_.get());
         Fill();
     }
@@ -70,6 +72,10 @@ void MenuMirror::Apply(Property property) {
             break;
         case Property::Visible:
             action_->setVisible(menu_.Visible());
+            break;
+        case Property::ToolTip:
+            action_->setToolTip(ToQt(menu_.ToolTipText()));
+            action_->setWhatsThis(ToQt(menu_.ToolTipText()));
             break;
         case Property::Items:
             if (entries_ != nullptr) {

@@ -1,5 +1,7 @@
 #include "platform/qt/Screen.h"
 
+#include <QCursor>
+#include <QMouseEvent>
 #include <algorithm>
 
 #include "controls/Lists.h"
@@ -10,6 +12,7 @@
 #include "platform/qt/ListMirrors.h"
 #include "platform/qt/MenuMirror.h"
 #include "platform/qt/SimpleMirrors.h"
+#include "platform/qt/Stacking.h"
 #include "platform/qt/SurfaceMirrors.h"
 
 namespace qt {
@@ -24,6 +27,16 @@ std::size_t PlaceInContainer(const controls::Control& control) {
     if (control.Parent() == nullptr) return 0;
     const auto& siblings = control.Parent()->Children();
     return static_cast<std::size_t>(std::find(siblings.begin(), siblings.end(), &control) - siblings.begin());
+}
+
+// An activation hides what the pointer had brought up; the press that follows is meant for that.
+void PointAgain(const QWidget& window) {
+    const QPoint at = QCursor::pos();
+    QWidget* pointed = QApplication::widgetAt(at);
+    if (pointed == nullptr || pointed->window() != &window) return;
+    QMouseEvent move(QEvent::MouseMove, pointed->mapFromGlobal(at), at, Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(pointed, &move);
 }
 
 template <class MirrorType, class ControlType>
@@ -152,7 +165,27 @@ void Screen::CatchUp() {
             mirror->CatchUp();
         CatchUpLate(changed);
     }
+    ApplyShape();
     catching_up_ = false;
+}
+
+void Screen::ShapeMainWindow(QRegion shape) {
+    shape_ = std::move(shape);
+}
+
+void Screen::ApplyShape() {
+    const auto shape = std::exchange(shape_, std::nullopt);
+    if (!shape || forms_.empty()) return;
+    QWidget* window = WindowOf(forms_.front()->Window());
+    if (window->mask() != *shape) {
+        if (shape->isEmpty()) {
+            window->clearMask();
+        } else {
+            window->setMask(*shape);
+        }
+        window->update();
+    }
+    StackPictures();
 }
 
 void Screen::CatchUpLate(const std::vector<Mirror*>& changed) {
@@ -204,7 +237,6 @@ void Screen::RealiseNext() {
     idle_.stop();
 }
 
-// Coming back from another program is no activation; going from window to window of this one is.
 void Screen::OnMainWindowShown(QWidget& main_window) {
     for (FormMirror* form : forms_) {
         if (form->Window().StaysInFront()) form->LieOver(main_window);
@@ -218,10 +250,32 @@ bool Screen::IsBeneath(const controls::Form& form) const {
     });
 }
 
+// Other windows come between when the person works in them.
+void Screen::StackPictures() {
+    QWidget* main_window = MainWindow();
+    if (main_window == nullptr || main_window->mask().isEmpty()) return;
+    for (FormMirror* form : forms_) {
+        if (form->IsAtHole()) PutBelow(*form->Widget(), *main_window);
+    }
+}
+
+// The display tells of the keyboard only after the press that brought it; then a drag that has begun would
+// end with the activation.
+void Screen::OnPressed(controls::Control& window) {
+    const auto pressed = std::find_if(forms_.begin(), forms_.end(), [&window](const FormMirror* form) {
+        return &form->Window() == &window;
+    });
+    if (pressed != forms_.end() && (*pressed)->IsPicture()) OnActivated((*pressed)->Window());
+}
+
+// Coming back from another program is no activation; going from window to window of this one is.
 void Screen::OnActivated(controls::Form& form) {
     const bool another = active_ != nullptr && active_ != &form;
     active_ = &form;
-    if (another) form.Activate.Raise();
+    if (!another) return;
+    form.Activate.Raise();
+    CatchUp();
+    if (QWidget* window = WidgetOf(form)) PointAgain(*window);
 }
 
 }  // namespace qt

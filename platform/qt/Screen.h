@@ -4,9 +4,11 @@
 // screen by itself. The adopted windows, their menus and the loop must outlive the screen.
 #pragma once
 
+#include <QRegion>
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -42,6 +44,9 @@ public:
     QWidget* WindowOf(const controls::Form& form);
     /// The widget of a control; null if it has none.
     QWidget* WidgetOf(const controls::Control& control) const;
+    /// Gives the main window a shape, in pixels of its widget, at the end of the handler; an empty one makes
+    /// it whole. Of several only the last counts, so a hole that is closed and cut anew does not flicker.
+    void ShapeMainWindow(QRegion shape);
     /// Brings all widgets up to date with their controls. It happens by itself at the end of every handler.
     void CatchUp();
     /// Makes page engines from now on, and those asked for before. It happens by itself a moment after the
@@ -62,12 +67,15 @@ private:
     QWidget* MainWindow() const override;
     void OnMainWindowShown(QWidget& main_window) override;
     bool IsBeneath(const controls::Form& form) const override;
+    void StackPictures() override;
     void OnFirstPaint() override;
+    void OnPressed(controls::Control& window) override;
     void OnActivated(controls::Form& form) override;
 
     std::unique_ptr<Mirror> MakeMirror(controls::Control& control, QWidget* container);
     void RealiseNext();
     void CatchUpLate(const std::vector<Mirror*>& changed);
+    void ApplyShape();
 
     Loop& loop_;
     ScreenOptions options_;
@@ -78,6 +86,7 @@ private:
     std::vector<Mirror*> changed_;
     std::uint64_t changes_ = 0;
     controls::Form* active_ = nullptr;
+    std::optional<QRegion> shape_;
     QTimer idle_;
     QTimer release_;
     bool painted_ = false;

@@ -42,7 +42,12 @@ public:
     /// True for the main window while a window that stays in front of it is to be seen; that one has the
     /// keyboard.
     virtual bool IsBeneath(const controls::Form& form) const = 0;
+    /// A picture window came to be seen or changed its state: one that shows through the hole of the main
+    /// window lies right below it from now on.
+    virtual void StackPictures() = 0;
     virtual void OnFirstPaint() = 0;
+    /// The person presses in a window. A picture window is activated by that, before the press is told.
+    virtual void OnPressed(controls::Control& window) = 0;
     /// The window manager has put the keyboard into the window.
     virtual void OnActivated(controls::Form& form) = 0;
 };

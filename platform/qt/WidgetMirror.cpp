@@ -144,6 +144,7 @@ QPointF WidgetMirror::Point(const QPointF& in_surface) const {
 
 bool WidgetMirror::MousePressed(const QMouseEvent& event) {
     pressed_ = event.button() == Qt::LeftButton;
+    stage_.OnPressed(Outermost(Mirrored()));
     const QPointF at = Point(event.position());
     Mirrored().MouseDown.Raise(ButtonNumber(event.button()), ShiftState(event.modifiers()), at.x(), at.y());
     return IsPassive();

@@ -40,6 +40,7 @@ TEST(WindowRegions, AHoleIsCutWhereItWasMeant) {
 
     ASSERT_TRUE(regions.CombineRgn(whole, whole, hole, RegionCombine::Difference));
     ASSERT_TRUE(regions.SetWindowRgn(whole, true));
+    desk.screen.CatchUp();
 
     // The border of 2 and the title of 24 pixels are outside of the widget.
     const QRegion mask = desk.screen.WindowOf(desk.form)->mask();
@@ -53,14 +54,31 @@ TEST(WindowRegions, AnEmptyHoleMakesTheWindowWholeAgain) {
     bench::Desk desk;
     qt::WindowRegions regions(desk.screen, desk.form);
     ASSERT_TRUE(regions.SetWindowRgn(regions.CreateEllipticRgn(0, 0, 100, 100), true));
+    desk.screen.CatchUp();
     ASSERT_FALSE(desk.screen.WindowOf(desk.form)->mask().isEmpty());
     const int whole = regions.CreateRectRgn(0, 0, 404, 326);
     const int nothing = regions.CreateRectRgn(0, 0, 0, 0);
 
     ASSERT_TRUE(regions.CombineRgn(whole, whole, nothing, RegionCombine::Difference));
     ASSERT_TRUE(regions.SetWindowRgn(whole, true));
+    desk.screen.CatchUp();
 
     EXPECT_TRUE(desk.screen.WindowOf(desk.form)->mask().isEmpty());
+}
+
+TEST(WindowRegions, AHoleThatIsClosedAndCutAnewInOneHandlerIsNeverClosedOnTheScreen) {
+    bench::Desk desk;
+    qt::WindowRegions regions(desk.screen, desk.form);
+    const QRegion before(10, 10, 100, 100);
+    desk.screen.WindowOf(desk.form)->setMask(before);
+
+    ASSERT_TRUE(regions.SetWindowRgn(regions.CreateRectRgn(0, 0, 404, 326), true));
+    const QRegion between = desk.screen.WindowOf(desk.form)->mask();
+    ASSERT_TRUE(regions.SetWindowRgn(regions.CreateRectRgn(2, 24, 52, 74), true));
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(between, before);
+    EXPECT_EQ(desk.screen.WindowOf(desk.form)->mask(), QRegion(0, 0, 50, 50));
 }
 
 TEST(WindowRegions, ARoundedHoleLeavesTheCorners) {
@@ -71,6 +89,7 @@ TEST(WindowRegions, ARoundedHoleLeavesTheCorners) {
 
     ASSERT_TRUE(regions.CombineRgn(whole, whole, hole, RegionCombine::Difference));
     ASSERT_TRUE(regions.SetWindowRgn(whole, false));
+    desk.screen.CatchUp();
 
     const QRegion mask = desk.screen.WindowOf(desk.form)->mask();
     EXPECT_TRUE(mask.contains(QPoint(51, 51)));

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <QHelpEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
+#include <QToolTip>
 
 #include "controls/Menu.h"
 #include "platform/qt/QtBench.h"
@@ -34,6 +36,21 @@ protected:
     controls::EventClaims claims_;
     QMenu* menu_ = nullptr;
 };
+
+TEST_F(MenuMirrorTest, AnEntrysToolTipShowsOverIt) {
+    bench::Desk desk;
+    open_.SetToolTipText("Be careful");
+    Show(desk);
+    menu_->popup(QPoint(50, 50));
+
+    QHelpEvent pointing(QEvent::ToolTip, menu_->actionGeometry(menu_->actions().at(0)).center(),
+                        menu_->mapToGlobal(menu_->actionGeometry(menu_->actions().at(0)).center()));
+    QCoreApplication::sendEvent(menu_, &pointing);
+
+    EXPECT_EQ(QToolTip::text(), "Be careful");
+    menu_->close();
+    QToolTip::hideText();
+}
 
 TEST_F(MenuMirrorTest, TheTreeIsShownInOrder) {
     bench::Desk desk;

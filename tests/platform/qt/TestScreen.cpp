@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QCursor>
 #include <QListView>
 #include <QTest>
 
@@ -45,6 +46,51 @@ TEST(Screen, HiddenWindowsAreMadeOnceTheFirstHasBeenPainted) {
 
     EXPECT_TRUE(bench::WaitFor([&] { return video.Handle() != 0; }));
     EXPECT_FALSE(desk.screen.WindowOf(hidden)->isVisible());
+}
+
+TEST(Screen, APictureWindowIsActivatedBeforeThePressInItIsTold) {
+    controls::Label caption("lblVideoCaption", "Film");
+    bench::PlaceAt(caption, 0, 0, 100, 20);
+    controls::Form picture("frmVideo", "Video", controls::BorderStyle::None);
+    picture.SetContentSize(3000, 3000);
+    picture.Add(caption);
+    bench::Desk desk;
+    desk.screen.Adopt(picture);
+    picture.Show();
+    desk.screen.CatchUp();
+    desk.screen.WindowOf(desk.form)->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(desk.screen.WindowOf(desk.form)));
+    std::string told;
+    controls::EventClaims claims;
+    claims.Claim(picture.Activate, [&told] { told += "activated "; });
+    claims.Claim(caption.MouseDown, [&told](int, int, double, double) { told += "pressed "; });
+
+    QTest::mousePress(desk.Find(caption), Qt::LeftButton);
+
+    EXPECT_EQ(told, "activated pressed ");
+}
+
+TEST(Screen, WhatThePointerBroughtUpComesBackAfterAnActivationHidIt) {
+    controls::Image plain("imgPlay");
+    bench::PlaceAt(plain, 0, 0, 100, 100);
+    bench::Desk desk(plain);
+    controls::Form other("frmOther", "Other");
+    other.SetContentSize(3000, 3000);
+    desk.screen.Adopt(other);
+    other.Show();
+    desk.screen.CatchUp();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(desk.screen.WindowOf(other)));
+    other.Hide();
+    desk.screen.CatchUp();
+    QCursor::setPos(desk.Find(plain)->mapToGlobal(QPoint(50, 50)));
+    std::string told;
+    controls::EventClaims claims;
+    claims.Claim(desk.form.Activate, [&told] { told += "activated "; });
+    claims.Claim(plain.MouseMove, [&told](int, int, double, double) { told += "pointed "; });
+
+    desk.screen.WindowOf(desk.form)->activateWindow();
+
+    EXPECT_TRUE(bench::WaitFor([&] { return told.ends_with("activated pointed "); })) << told;
 }
 
 TEST(Screen, TheFirstPaintIsToldOnce) {
