@@ -325,9 +325,7 @@ void FormMirror::OnCloseBox() {
 }
 
 void FormMirror::OnKeyboardCame() {
-    // Who points at the picture in the hole means the window around it.
-    QWidget* main_window = stage_.MainWindow();
-    if (IsAtHole() && main_window != nullptr && !main_window->mask().isEmpty()) main_window->raise();
+    // Who points at the picture in the hole means the window around it as well.
     stage_.StackPictures();
     stage_.OnActivated(form_);
 }

@@ -2,7 +2,7 @@
 
 #include <xcb/xcb.h>
 
-#include <QGuiApplication>
+#include <QApplication>
 
 namespace qt {
 namespace {
@@ -18,23 +18,18 @@ xcb_window_t IdOf(const QWidget& window) {
 
 }  // namespace
 
-// Windows with a frame are no siblings, so the display itself would refuse; the request is sent to the window
-// manager in the form that such a refusal calls for.
+// Window managers put a window above all others or below all, whatever neighbour one names. What is raised
+// last lies on top.
 void PutBelow(QWidget& lower, QWidget& upper) {
-    xcb_connection_t* const display = Display();
-    if (display == nullptr) return;
-    xcb_delete_property(display, IdOf(lower), XCB_ATOM_WM_TRANSIENT_FOR);
-    xcb_configure_request_event_t request{};
-    request.response_type = XCB_CONFIGURE_REQUEST;
-    request.stack_mode = XCB_STACK_MODE_BELOW;
-    request.parent = xcb_setup_roots_iterator(xcb_get_setup(display)).data->root;
-    request.window = IdOf(lower);
-    request.sibling = IdOf(upper);
-    request.value_mask = XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE;
-    xcb_send_event(display, 0, request.parent,
-                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                   reinterpret_cast<const char*>(&request));
-    xcb_flush(display);
+    if (xcb_connection_t* const display = Display()) {
+        xcb_delete_property(display, IdOf(lower), XCB_ATOM_WM_TRANSIENT_FOR);
+    }
+    if (QApplication::activeWindow() == nullptr) {
+        lower.lower();
+        return;
+    }
+    lower.raise();
+    upper.raise();
 }
 
 void KeepAbove(QWidget& upper, QWidget& lower) {

@@ -5,9 +5,8 @@
 
 namespace qt {
 
-/// Asks the window manager to put `lower` right below `upper`, with nothing between; neither is raised above
-/// other programs' windows and the keyboard stays where it is. Nothing happens on a display that knows no
-/// such request.
+/// Asks the window manager to put `lower` right below `upper`. While the person works in another program
+/// nothing is raised over that: `lower` goes below everything, and the next call puts it right.
 void PutBelow(QWidget& lower, QWidget& upper);
 
 /// Asks the window manager to keep `upper` over `lower`, whichever is worked in, until PutBelow asks for the

@@ -187,4 +187,9 @@ TEST_F(MenuControlsTest, LogOutAndExitStartDisabled) {
     EXPECT_EQ(disabled, (std::set<std::string>{"mnuExit", "mnuLogout"}));
 }
 
+TEST_F(MenuControlsTest, TheStrobeLightWarnsOfFlashingLight) {
+    EXPECT_EQ(menus.mnuStrobe.ToolTipText(),
+              "Warning: flashing light, which can cause seizures in some people");
+}
+
 }  // namespace
