@@ -15,6 +15,7 @@
 #include "library/LibraryControls.h"
 #include "library/LibraryListsRoom.h"
 #include "library/SearchRoom.h"
+#include "library/TrackMatchRoom.h"
 #include "webdata/HistoryRoom.h"
 
 namespace {
@@ -25,6 +26,7 @@ namespace tblSong = store::tblSong;
 constexpr int kSongsOfAnArtist = 50;
 constexpr int kSongsOfAFolder = 12;
 constexpr int kHistoryRows = 32'000;
+constexpr int kLines = 1'000;
 
 /// Names as they are in a library: words of syllables, the same for the same number.
 std::string Words(int number, int words) {
@@ -50,6 +52,7 @@ struct Neighbours final : library::ReloadSteps,
                           library::MusicHistory,
                           library::LibraryListener,
                           library::MouseOvers,
+                          library::PlayListBeingBuilt,
                           webdata::AddressRow,
                           webdata::FrontPage,
                           webdata::PlayedSongsView {
@@ -61,6 +64,7 @@ struct Neighbours final : library::ReloadSteps,
     void OnPlayListsListed() override {}
     void OnRemoveKey() override {}
     void NoMouseOvers() override {}
+    void AddMatchedSong(std::string_view, std::string_view, std::string_view) override {}
 
     std::string Address() const override { return "typed"; }
     void SetAddress(std::string_view) override {}
@@ -134,6 +138,22 @@ struct Program {
         }
     }
 
+    /// Lines of a playlist file; every tenth names a song that is not there.
+    void FillTrackImport() {
+        lblFoundNo.SetCaption("0");
+        for (controls::ListBox* list : {&Import.lstTracksToAdd, &Import.lstartist, &Import.lsttitle})
+            list->Clear();
+        store::RecordSet& rows = Sources.datSong.Recordset();
+        Sources.datSong.Open(store::kAllSongs);
+        for (int line = 0; line < kLines; ++line) {
+            const bool is_there = line % 10 != 0;
+            rows.MoveTo(static_cast<store::Bookmark>(std::int64_t{line} * Songs / kLines));
+            Import.lstTracksToAdd.AddItem("a line");
+            Import.lstartist.AddItem(is_there ? rows.Text(tblSong::artist) : "Nobody");
+            Import.lsttitle.AddItem({rows.Text(tblSong::title), " (feat. Somebody)"});
+        }
+    }
+
     int Songs;
     bench::BenchStore Store{"library"};
     Neighbours Around;
@@ -143,6 +163,9 @@ struct Program {
     library::LibraryListControls Lists;
     library::PlayListControls PlayLists;
     library::SearchControls Search;
+    library::TrackImportControls Import;
+    controls::Label lblFoundNo{"lblFoundNo", "0"};
+    controls::Label lblDuplicatesNoRemoved{"lblDuplicatesNoRemoved", "0"};
     controls::ListBox lstOpenWith{"lstOpenWith"};
     controls::Menu mnuSearchBroad{"mnuSearchBroad"};
     controls::Menu mnuSearchTitle{"mnuSearchTitle"};
@@ -159,6 +182,8 @@ struct Program {
                                    Sources,
                                    ListsRoom,
                                    Around};
+    library::TrackMatchRoom MatchRoom{
+        Import, {lblFoundNo, lblDuplicatesNoRemoved}, Sources, Around, Store.Loop()};
     webdata::HistoryRoom HistoryRoom{History, {mnuHistory}, Sources.datSong, SaveHistory,
                                      Around,  Around,       Around,          Boxes};
 };
@@ -218,6 +243,17 @@ void SearchTitle(benchmark::State& state) {
 void SearchFilename(benchmark::State& state) {
     Search(state, "Filename", "zopel & mar");
 }
+void SearchTrackThousandLines(benchmark::State& state) {
+    Program& program = ProgramOf(state);
+    program.FillTrackImport();
+    while (state.KeepRunning()) {
+        program.MatchRoom.BeginMatching();
+        for (int line = 0; line < program.Import.lstTracksToAdd.ListCount(); ++line)
+            program.MatchRoom.SearchTrack(line);
+    }
+    state.counters["hits"] =
+        base::Val(program.lblFoundNo.Caption()) / static_cast<double>(state.iterations());
+}
 void Top20(benchmark::State& state) {
     Program& program = ProgramOf(state);
     while (state.KeepRunning())
@@ -262,7 +298,7 @@ void BareScan(benchmark::State& state) {
 
 using Job = void (*)(benchmark::State&);
 
-constexpr std::array<std::pair<const char*, Job>, 13> kJobs = {{
+constexpr std::array<std::pair<const char*, Job>, 14> kJobs = {{
     {"Command1", Command1},
     {"SearchNothing", SearchNothing},
     {"SearchFew", SearchFew},
@@ -271,6 +307,7 @@ constexpr std::array<std::pair<const char*, Job>, 13> kJobs = {{
     {"SearchArtist", SearchArtist},
     {"SearchTitle", SearchTitle},
     {"SearchFilename", SearchFilename},
+    {"SearchTrackThousandLines", SearchTrackThousandLines},
     {"Top20", Top20},
     {"Last20", Last20},
     {"AddSiteToHistory", AddSiteToHistory},

@@ -40,8 +40,8 @@ void BrowserForm::FillPanels() {
 void BrowserForm::AddHidden() {
     Add(library.lists.lstMaybe, library.lists.lstMusicTest, library.lists.lstTop20,
         library.playlists.lblEntryCount2, library.opened.Label5, library.opened.Label6,
-        library.task.lstTracksToAdd, library.task.lstartist, library.task.lsttitle, library.task.lstCleanup,
-        library.task.lstcleanupremove);
+        library.track_import.lstTracksToAdd, library.track_import.lstartist, library.track_import.lsttitle,
+        library.task.lstCleanup, library.task.lstcleanupremove);
 }
 
 }  // namespace desktop

@@ -20,6 +20,7 @@ struct LibraryGroups {
     library::SearchControls search;
     library::OpenedMediaControls opened;
     library::TaskControls task;
+    library::TrackImportControls track_import;
 };
 
 struct BrowserForm : controls::Form {

@@ -26,6 +26,7 @@
 #include "library/OpenedMediaRoom.h"
 #include "library/PlayListRoom.h"
 #include "library/SearchRoom.h"
+#include "library/TrackMatchRoom.h"
 #include "player/Player.h"
 #include "ports/Clock.h"
 #include "ports/Database.h"
@@ -81,6 +82,7 @@ struct Rooms {
     std::optional<library::PlayListRoom> playlists;
     std::optional<library::SearchRoom> search;
     std::optional<library::CleanUpRoom> clean_up;
+    std::optional<library::TrackMatchRoom> track_match;
     std::optional<library::AddMediaRoom> add_media;
     std::optional<library::OpenedMediaRoom> opened;
     std::optional<webdata::HistoryRoom> history;

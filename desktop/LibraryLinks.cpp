@@ -33,6 +33,12 @@ void LibraryLinks::NoMouseOvers() {
     desk_.rooms.skin->NoMouseOvers();
 }
 
+// The panel shows the name of the playlist that is being built.
+void LibraryLinks::AddMatchedSong(std::string_view song_id, std::string_view artist, std::string_view title) {
+    desk_.rooms.playlists->AddRow(desk_.windows.frmBrowser.library.task.lblStatus.Caption(), song_id, artist,
+                                  title);
+}
+
 void LibraryLinks::ShowMainWindow() {
     desk_.windows.frmBrowser.Show();
 }

@@ -9,6 +9,7 @@ class LibraryLinks final : public library::ReloadSteps,
                            public library::MusicHistory,
                            public library::LibraryListener,
                            public library::MouseOvers,
+                           public library::PlayListBeingBuilt,
                            public library::MainWindow {
 public:
     explicit LibraryLinks(Desk& desk) : desk_(desk) {}
@@ -28,6 +29,9 @@ public:
 
     // library::MouseOvers
     void NoMouseOvers() override;
+
+    // library::PlayListBeingBuilt
+    void AddMatchedSong(std::string_view song_id, std::string_view artist, std::string_view title) override;
 
     // library::MainWindow
     void ShowMainWindow() override;

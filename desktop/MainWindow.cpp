@@ -99,6 +99,10 @@ void MainWindow::BuildLibrary() {
         library::CleanUpSources{groups.sources.datSong, desk_.windows.history.datHistory},
         desk_.state.options.DaysStampAge, *rooms.lists,
         library::CleanUpPorts{desk_.ports.files, desk_.ports.dialogs, desk_.ports.events, desk_.ports.clock});
+    rooms.track_match.emplace(
+        groups.track_import,
+        library::TrackCounters{groups.task.lblFoundNo, groups.task.lblDuplicatesNoRemoved}, groups.sources,
+        library_links_, desk_.ports.events);
     BuildMediaDialog();
 }
 

@@ -15,27 +15,38 @@ std::uint32_t Tag(std::uint64_t hash) {
 
 bool DistinctTexts::IsNew(std::string_view text) {
     if (!texts_.Empty() && text == last_) return false;
+    const std::size_t known = texts_.Size();
+    last_ = texts_.At(NumberOf(text));
+    return texts_.Size() > known;
+}
+
+std::uint32_t DistinctTexts::NumberOf(std::string_view text) {
     if (2 * (texts_.Size() + 1) > places_.size()) Grow();
     const std::uint64_t hash = std::hash<std::string_view>{}(text);
-    Place& place = PlaceOf(text, hash);
-    const bool is_new = place.text == 0;
-    if (is_new) {
+    Place& place = places_[PlaceOf(text, hash)];
+    if (place.text == 0) {
         texts_.PushBack(text);
         place = {static_cast<std::uint32_t>(texts_.Size()), Tag(hash)};
     }
-    last_ = texts_.At(place.text - 1);
-    return is_new;
+    return place.text - 1;
+}
+
+std::optional<std::uint32_t> DistinctTexts::Find(std::string_view text) const {
+    if (places_.empty()) return std::nullopt;
+    const Place& place = places_[PlaceOf(text, std::hash<std::string_view>{}(text))];
+    if (place.text == 0) return std::nullopt;
+    return place.text - 1;
 }
 
 // The place of the text, or the free one that it would take.
-DistinctTexts::Place& DistinctTexts::PlaceOf(std::string_view text, std::uint64_t hash) {
+std::size_t DistinctTexts::PlaceOf(std::string_view text, std::uint64_t hash) const {
     const std::size_t mask = places_.size() - 1;
     std::size_t at = hash & mask;
     while (places_[at].text != 0 &&
            (places_[at].hash != Tag(hash) || texts_.At(places_[at].text - 1) != text)) {
         at = (at + 1) & mask;
     }
-    return places_[at];
+    return at;
 }
 
 void DistinctTexts::Grow() {

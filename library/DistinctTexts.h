@@ -1,8 +1,9 @@
-// A set of texts that answers one question: seen before? Room is taken once per different text.
+// A set of texts, numbered from 0 in the order in which they came. Room is taken once per different text.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -14,6 +15,10 @@ class DistinctTexts {
 public:
     /// True for the first of equal texts (compared byte for byte).
     bool IsNew(std::string_view text);
+    /// The number of a text, which is put into the set if it is not there.
+    std::uint32_t NumberOf(std::string_view text);
+    /// The number of a text that is there.
+    std::optional<std::uint32_t> Find(std::string_view text) const;
     std::size_t Size() const { return texts_.Size(); }
     /// Forgets the texts and gives their room back.
     void Clear();
@@ -26,7 +31,7 @@ private:
         std::uint32_t hash = 0;
     };
 
-    Place& PlaceOf(std::string_view text, std::uint64_t hash);
+    std::size_t PlaceOf(std::string_view text, std::uint64_t hash) const;
     void Grow();
 
     base::RowTexts texts_;

@@ -103,11 +103,15 @@ OpenedMediaControls::OpenedMediaControls() {
     Hide(Label5, Label6);
 }
 
+TrackImportControls::TrackImportControls() {
+    Hide(lstTracksToAdd, lstartist, lsttitle);
+}
+
 TaskControls::TaskControls() {
     fraTask.Add(imgTaskBG, fraTaskCenter);
     fraTaskCenter.Add(lblTask, lblFound, lblFoundNo, lblDuplicatesRemoved, lblDuplicatesNoRemoved, pbTask,
                       lblStatus);
-    Hide(fraTask, lstTracksToAdd, lstartist, lsttitle, lstCleanup, lstcleanupremove);
+    Hide(fraTask, lstCleanup, lstcleanupremove);
 
     imgTaskBG.SetLook("ground");
     fraTaskCenter.SetLook("panel");

@@ -100,11 +100,17 @@ struct TaskControls {
     controls::Label lblDuplicatesNoRemoved{"lblDuplicatesNoRemoved"};
     controls::ProgressBar pbTask{"pbTask"};
     controls::Label lblStatus{"lblStatus"};
+    controls::ListBox lstCleanup{"lstCleanup", controls::Sorted::Yes};
+    controls::ListBox lstcleanupremove{"lstcleanupremove"};
+};
+
+/// The lines of a playlist file, with the artist and the title of each; hidden lists that run in step.
+struct TrackImportControls {
+    TrackImportControls();
+
     controls::ListBox lstTracksToAdd{"lstTracksToAdd"};
     controls::ListBox lstartist{"lstartist"};
     controls::ListBox lsttitle{"lsttitle"};
-    controls::ListBox lstCleanup{"lstCleanup", controls::Sorted::Yes};
-    controls::ListBox lstcleanupremove{"lstcleanupremove"};
 };
 
 /// The menu entries of the playlists.

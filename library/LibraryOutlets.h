@@ -81,6 +81,15 @@ public:
     virtual void NoMouseOvers() = 0;
 };
 
+/// The playlist that is being built from a file.
+class PlayListBeingBuilt {
+public:
+    virtual ~PlayListBeingBuilt() = default;
+    /// A song of the library behind its last one.
+    virtual void AddMatchedSong(std::string_view song_id, std::string_view artist,
+                                std::string_view title) = 0;
+};
+
 /// Stores one file as a song.
 class SongStore {
 public:

@@ -104,13 +104,18 @@ void PlayListRoom::addsong(std::string_view song_id, std::string_view playlist_n
     while (!songs.Eof() && base::Trim(songs.Text(store::tblSong::SongID)) != wanted)
         songs.MoveNext();
     if (songs.Eof() || wanted.empty()) return;
+    AddRow(playlist_name, songs.Text(store::tblSong::SongID), songs.Text(store::tblSong::artist),
+           songs.Text(store::tblSong::title));
+}
 
+void PlayListRoom::AddRow(std::string_view playlist_name, std::string_view song_id, std::string_view artist,
+                          std::string_view title) {
     store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRows);
     if (!AddNewWithKey(rows, store::tblPlayList::PlayListID, controls_.lblEntryCount2)) return;
     rows.Set(store::tblPlayList::Name, base::Trim(playlist_name));
-    rows.Set(store::tblPlayList::SongID, songs.Text(store::tblSong::SongID));
-    rows.Set(store::tblPlayList::artist, songs.Text(store::tblSong::artist));
-    rows.Set(store::tblPlayList::title, songs.Text(store::tblSong::title));
+    rows.Set(store::tblPlayList::SongID, song_id);
+    rows.Set(store::tblPlayList::artist, artist);
+    rows.Set(store::tblPlayList::title, title);
     rows.Update();
 }
 

@@ -19,6 +19,9 @@ public:
     /// Adds a song of the library to a playlist, as often as it is called; a SongID that is not there adds
     /// nothing.
     void addsong(std::string_view song_id, std::string_view playlist_name);
+    /// As addsong, for a caller that knows the song's row.
+    void AddRow(std::string_view playlist_name, std::string_view song_id, std::string_view artist,
+                std::string_view title);
     /// Asks, and takes the song out of the library. Its playlist rows and its file stay.
     void DeleteTrackAllMedia(std::string_view song_id);
     /// Asks for a free name and makes a playlist without songs.

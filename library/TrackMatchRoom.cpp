@@ -1,0 +1,61 @@
+#include "library/TrackMatchRoom.h"
+
+#include <cstdint>
+
+#include "base/Number.h"
+#include "library/TableRows.h"
+#include "library/TrackNames.h"
+#include "store/Tables.h"
+
+namespace library {
+namespace {
+
+void AddOne(controls::Label& counter) {
+    counter.SetCaption(base::ToText(static_cast<std::int64_t>(base::Val(counter.Caption())) + 1));
+}
+
+}  // namespace
+
+TrackMatchRoom::TrackMatchRoom(TrackImportControls& controls, TrackCounters counters, MediaSources& sources,
+                               PlayListBeingBuilt& playlist, ports::EventLoop& loop)
+    : controls_(controls), counters_(counters), sources_(sources), playlist_(playlist), loop_(loop) {}
+
+void TrackMatchRoom::SearchTrack(int index) {
+    if (index < 0 || index >= controls_.lstTracksToAdd.ListCount()) return;
+    const std::string artist(controls_.lstartist.List(index));
+    const std::string title(controls_.lsttitle.List(index));
+    store::RecordSet songs = OpenRows(sources_.datSong, store::kAllSongs);
+    const auto match = index_.FirstMatch(songs, CorrectedName(artist), CorrectedName(title));
+    // The row that a walk would end on.
+    if (match) {
+        songs.MoveTo(*match);
+    } else {
+        songs.MoveLast();
+    }
+    CorrectSearchCriteria(artist, title, songs.Text(store::tblSong::artist),
+                          songs.Text(store::tblSong::title));
+    if (match) {
+        playlist_.AddMatchedSong(songs.Text(store::tblSong::SongID), songs.Text(store::tblSong::artist),
+                                 songs.Text(store::tblSong::title));
+        AddOne(counters_.found);
+    } else {
+        missing_text_.append(artist).append(" - ").append(title).append("\r\n");
+        AddOne(counters_.missing);
+    }
+    loop_.Yield();
+}
+
+void TrackMatchRoom::CorrectSearchCriteria(std::string_view search_artist, std::string_view search_title,
+                                           std::string_view row_artist, std::string_view row_title) {
+    SearchArtist = CorrectedName(search_artist);
+    RowArtist = CorrectedName(row_artist);
+    SearchTitle = CorrectedName(search_title);
+    RowTitle = CorrectedName(row_title);
+}
+
+void TrackMatchRoom::BeginMatching() {
+    missing_text_.clear();
+    index_ = {};
+}
+
+}  // namespace library
