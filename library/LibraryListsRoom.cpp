@@ -21,7 +21,7 @@ constexpr std::size_t kLongWalk = 200'000;
 constexpr std::size_t kTopRows = 20;
 
 // What an empty track list says, by the view that was asked for.
-constexpr std::string_view kEmptyLibrary = "Your library is empty - add media to fill it";
+constexpr std::string_view kEmptyLibrary = "Your library is empty";
 constexpr std::string_view kNothingHere = "No tracks here yet";
 constexpr std::string_view kNothingPlayed = "No played tracks to show";
 constexpr std::string_view kNothingFound = "No tracks match the search";
