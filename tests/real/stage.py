@@ -457,6 +457,10 @@ class Eyes:
         return self._atspi.StateType.SELECTED
 
     @property
+    def focused(self):
+        return self._atspi.StateType.FOCUSED
+
+    @property
     def _gone(self):
         """What a node that went away while it was looked at answers with."""
         from gi.repository import GLib
