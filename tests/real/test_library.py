@@ -270,7 +270,9 @@ def the_program_ends_in_the_middle_of_a_search(person):
     person.stage.window("Search sub folders\\?")
     person.stage.key("alt+y")
     wait_for("the search", person.is_searching)
-    person.stage.run("xdotool", "windowquit", person.main_window("Brindlepost - Music Player"))
+    person.stage.run("xdotool", "windowactivate", person.main_window("Brindlepost - Music Player"))
+    wait_for("the main window in front", lambda: person.stage.front_window() == "Brindlepost - Music Player")
+    person.stage.key("alt+F4")
     check_equal("exit code", person.wait_for_end(15), "0")
     check_equal("the rows", person.songs(), before)
 
