@@ -122,9 +122,10 @@ std::string BuildPath(std::string_view folder, std::string_view name) {
 }
 
 std::string NameToText(std::string_view native_name) {
-    std::string out;
-    out.reserve(native_name.size());
-    for (std::size_t at = 0; at < native_name.size();) {
+    const auto is_odd = [](char character) { return Byte(character) >= 0x80 || character == '\\'; };
+    const auto odd = std::find_if(native_name.begin(), native_name.end(), is_odd);
+    std::string out(native_name.begin(), odd);
+    for (std::size_t at = out.size(); at < native_name.size();) {
         const std::string_view character = Left(native_name.substr(at, 4), 1);
         const bool plain = character.size() == 1 ? Byte(character[0]) < 0x80 && character[0] != '\\'
                                                  : StandInAt(native_name, at) == 0;

@@ -185,6 +185,18 @@ int Sign(char32_t left, char32_t right) {
     return left < right ? -1 : (left > right ? 1 : 0);
 }
 
+// Where the characters at the front that both texts share end. No character begins with a continuation byte
+// and none goes on with another, so a place in front of one that is none is the end of a character in both.
+std::size_t EndOfSameCharacters(std::string_view left, std::string_view right) {
+    const std::size_t length = std::min(left.size(), right.size());
+    std::size_t at = 0;
+    while (at < length && left[at] == right[at])
+        ++at;
+    while (at > 0 && (IsContinuation(left, at) || IsContinuation(right, at)))
+        --at;
+    return at;
+}
+
 }  // namespace
 
 std::size_t Len(std::string_view text) {
@@ -268,8 +280,8 @@ std::vector<std::string> Split(std::string_view text, std::string_view separator
 
 int CompareForSort(std::string_view left, std::string_view right) {
     int tie = 0;
-    std::size_t left_at = 0;
-    std::size_t right_at = 0;
+    std::size_t left_at = EndOfSameCharacters(left, right);
+    std::size_t right_at = left_at;
     while (left_at < left.size() && right_at < right.size()) {
         const Decoded one = Decode(left, left_at);
         const Decoded other = Decode(right, right_at);

@@ -13,13 +13,16 @@ namespace {
 constexpr std::size_t kMostWords = 51;
 constexpr std::string_view kNameSeparator = " - ";
 
+// Three bytes of ASCII are three letters; only other ends have to be counted from the front.
 std::string Kind(std::string_view path) {
-    return base::LCase(base::Right(path, 3));
+    const std::string_view end = path.substr(path.size() - std::min<std::size_t>(path.size(), 3));
+    const bool is_ascii = std::all_of(end.begin(), end.end(), [](char c) { return (c & 0x80) == 0; });
+    return base::LCase(is_ascii ? end : base::Right(path, 3));
 }
 
 template <std::size_t kCount>
-bool IsAmong(const std::array<std::string_view, kCount>& kinds, std::string_view path) {
-    return std::find(kinds.begin(), kinds.end(), Kind(path)) != kinds.end();
+bool IsAmong(const std::array<std::string_view, kCount>& kinds, std::string_view kind) {
+    return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
 }
 
 // How many characters at the front of a word become capitals.
@@ -61,23 +64,24 @@ bool IsPlayListFile(std::string_view path) {
 }
 
 bool IsMediaFile(std::string_view path) {
-    return IsAmong(kMediaKinds, path);
+    return IsAmong(kMediaKinds, Kind(path));
 }
 
 bool IsVideoFile(std::string_view path) {
-    return IsAmong(kVideoKinds, path);
+    return IsAmong(kVideoKinds, Kind(path));
 }
 
 bool IsScanAudioFile(std::string_view path) {
-    return IsAmong(kScanAudioKinds, path);
+    return IsAmong(kScanAudioKinds, Kind(path));
 }
 
 bool IsScanVideoFile(std::string_view path) {
-    return IsAmong(kScanVideoKinds, path);
+    return IsAmong(kScanVideoKinds, Kind(path));
 }
 
 bool IsScanFile(std::string_view path) {
-    return IsScanAudioFile(path) || IsScanVideoFile(path);
+    const std::string kind = Kind(path);
+    return IsAmong(kScanAudioKinds, kind) || IsAmong(kScanVideoKinds, kind);
 }
 
 bool FileExists(const ports::Files& files, std::string_view path) {

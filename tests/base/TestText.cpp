@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -177,6 +178,34 @@ TEST(Text, ASortedListKnowsNoCaseUntilTheTie) {
     EXPECT_LT(CompareForSort("\xC3\xA9", "\xC3\x89z"), 0);
     EXPECT_LT(CompareForSort("z", "\xC3\xA9"), 0);
     EXPECT_LT(CompareForSort(kNote, "\xFF"), 0);
+}
+
+TEST(Text, TheOrderIsThatOfTheCharactersWhereverTwoTextsPart) {
+    constexpr std::string_view kBytes = "aA\xC3\xA9\x89\xE3\x81\x80\xFF";
+    std::mt19937 chance(11);
+    const auto draw = [&](std::size_t length) {
+        std::string text;
+        for (std::size_t i = 0; i < length; ++i)
+            text += kBytes[chance() % kBytes.size()];
+        return text;
+    };
+    for (int round = 0; round < 20'000; ++round) {
+        const std::string front = draw(chance() % 4);
+        const std::string left = front + draw(chance() % 4);
+        const std::string right = front + draw(chance() % 4);
+        std::string left_key;
+        std::string right_key;
+        AppendSortKey(left_key, left);
+        AppendSortKey(right_key, right);
+
+        const int order = CompareForSort(left, right);
+
+        EXPECT_EQ(order, -CompareForSort(right, left));
+        EXPECT_EQ(order == 0, left == right);
+        if (left_key != right_key) {
+            EXPECT_EQ(order < 0, left_key < right_key);
+        }
+    }
 }
 
 TEST(Text, EqualTextsAreNeighboursInASortedList) {
