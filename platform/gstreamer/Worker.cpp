@@ -12,7 +12,7 @@ using Lock = std::unique_lock<std::mutex>;
 
 constexpr double kNormalSpeed = 1000;
 // The speeds that sound can be stretched to and still be recognised.
-constexpr double kSlowest = 0.05;
+constexpr double kSlowest = 0.03;
 constexpr double kFastest = 8;
 // A player tells the speed of a song just after it has started it, and then that the sound is off; waiting
 // for that saves a jump.

@@ -36,11 +36,10 @@ std::string KindOf(std::string_view name) {
     return std::string(name.substr(name.rfind('.') + 1));
 }
 
-std::string Channel(const Tone& tone, bool heard) {
+std::string Channel(const Tone& tone, const std::string& wave, bool heard) {
     if (!heard) return "0";
-    const std::string wave =
-        tone.wave.empty() ? "sin(2*PI*t*" + std::to_string(tone.hertz) + ")" : "(" + tone.wave + ")";
-    return std::to_string(tone.amplitude) + "*" + wave;
+    const std::string sine = "sin(2*PI*t*" + std::to_string(tone.hertz) + ")";
+    return std::to_string(tone.amplitude) + "*(" + (wave.empty() ? sine : wave) + ")";
 }
 
 // One flute note of 880 hertz, four seconds long.
@@ -76,9 +75,11 @@ std::string GeneratedMedia::Make(std::string_view name, const Tone& tone) {
     if (codecs->second.front() == "-c:v") {
         words.insert(words.end(), {"-f", "lavfi", "-i", "testsrc=size=160x120:rate=25:duration=" + seconds});
     }
-    words.insert(words.end(), {"-f", "lavfi", "-i",
-                               "aevalsrc=" + Channel(tone, tone.left) + "|" + Channel(tone, tone.right) +
-                                   ":c=stereo:s=44100:d=" + seconds});
+    const std::string left = Channel(tone, tone.wave, tone.left);
+    const std::string right =
+        Channel(tone, tone.right_wave.empty() ? tone.wave : tone.right_wave, tone.right);
+    words.insert(words.end(),
+                 {"-f", "lavfi", "-i", "aevalsrc=" + left + "|" + right + ":c=stereo:s=44100:d=" + seconds});
     words.insert(words.end(), codecs->second.begin(), codecs->second.end());
     const std::string path = Path(name);
     words.push_back(path);

@@ -11,8 +11,9 @@ struct Tone {
     double hertz = 440;
     double seconds = 5;
     double amplitude = 0.5;
-    std::string wave{};  ///< when given, heard in place of the tone: an expression in t, of amplitude 1
-    bool left = true;    ///< it is heard on the left channel
+    std::string wave{};        ///< when given, heard in place of the tone: an expression in t, of amplitude 1
+    std::string right_wave{};  ///< when given, heard on the right channel only, in place of the other
+    bool left = true;          ///< it is heard on the left channel
     bool right = true;
 };
 

@@ -1,0 +1,209 @@
+// Where in a song the sound is: pause, seeking, the end, one song after another. The songs rise in
+// pitch, so that a recording tells the place.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "platform/gstreamer/MediaEngine.h"
+#include "real/sound/GeneratedMedia.h"
+#include "real/sound/PrivateSound.h"
+#include "real/sound/TimedMedia.h"
+
+namespace {
+
+using sound::kRate;
+using sound::Pitch;
+using sound::Samples;
+
+constexpr double kLowest = 500;  // of a rising song
+constexpr double kRise = 200;    // hertz a second
+constexpr double kSeconds = 8;   // of a rising song
+constexpr double kAudible = 0.02;
+constexpr std::size_t kGlance = kRate / 20;
+
+/// A sine that rises by kRise hertz a second.
+std::string RisingWave() {
+    return "sin(2*PI*(" + std::to_string(kLowest) + "*t+" + std::to_string(kRise / 2) + "*t*t))";
+}
+
+/// The place in a rising song that is heard at the middle of a glance, in seconds.
+double PlaceOf(const std::vector<float>& glance) {
+    return (Pitch(glance, kLowest - 100, kLowest + kRise * kSeconds + 100) - kLowest) / kRise;
+}
+
+struct Silence {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+Silence LongestSilence(const std::vector<float>& samples) {
+    constexpr double kNothing = 0.0005;
+    Silence longest;
+    Silence now;
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        if (std::abs(samples[i]) > kNothing) now.begin = i + 1;
+        now.end = i + 1;
+        if (now.end - now.begin > longest.end - longest.begin) longest = now;
+    }
+    return longest;
+}
+
+class Places : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(server_.IsRunning()); }
+
+    int Send(const std::string& command) { return media_.SendString(command, nullptr, 0, 0); }
+    std::string Ask(const std::string& command) {
+        std::string reply(128, '\0');
+        EXPECT_EQ(media_.SendString(command, &reply, 128, 0), 0) << command;
+        return reply.substr(0, reply.find('\0'));
+    }
+    double ToldSeconds() { return std::stod(Ask("status a position")) / 1000; }
+    void Open(const std::string& path) {
+        ASSERT_EQ(Send("open " + path + " type MPEGVideo Alias a"), 0) << path;
+        Send("set a time format ms");
+    }
+    /// Seconds of the song at the first sound after `from`; negative when nothing is heard.
+    double FirstPlaceHeard(std::size_t from) {
+        const double seconds = server_.SecondsToSound(from, kAudible);
+        if (seconds < 0) return -1;
+        const auto first = from + static_cast<std::size_t>(seconds * kRate);
+        const std::size_t glance = first + kRate / 50;  // behind the ramp and what a codec smears
+        const double later = static_cast<double>(glance + kGlance / 2 - first) / kRate;
+        return PlaceOf(server_.Between(glance, glance + kGlance).left) - later;
+    }
+    /// The place heard minus the place told at the same moment, in seconds.
+    double HeardAheadOfTold() {
+        // Asks all the time, as the player does.
+        for (int i = 0; i < 20; ++i) {
+            ToldSeconds();
+            server_.Record(0.02);
+            media_.Now();
+        }
+        const double told = ToldSeconds();
+        const std::size_t now = media_.Now();
+        return PlaceOf(server_.Between(now - kGlance / 2, now + kGlance / 2).left) - told;
+    }
+
+    sound::PrivateSound server_;
+    sound::GeneratedMedia files_;
+    sound::TimedMedia media_{server_, [](std::string_view name) { return std::string(name); }};
+};
+
+TEST_F(Places, APauseGoesOnWithTheSampleItStoppedAt) {
+    Open(files_.Make("song.wav", {.seconds = kSeconds, .wave = RisingWave()}));
+    Send("play a");
+    ASSERT_TRUE(server_.WaitForSound());
+    server_.Record(0.6);
+    const std::size_t begin = server_.Heard() - kRate / 4;
+
+    Send("pause a");
+    ASSERT_TRUE(server_.WaitForSilence(2));
+    const double told = ToldSeconds();
+    server_.Record(0.3);
+    EXPECT_EQ(ToldSeconds(), told);
+    Send("resume a");
+    ASSERT_TRUE(server_.WaitForSound(2));
+
+    const std::vector<float> heard = server_.Between(begin, server_.Heard() + kRate / 4).left;
+    const Silence silence = LongestSilence(heard);
+    const double half = kGlance / 2.0 / kRate;
+    const double stopped_at = PlaceOf(sound::Piece(heard, silence.begin - kGlance, kGlance)) + half;
+    const double went_on_at = PlaceOf(sound::Piece(heard, silence.end, kGlance)) - half;
+    EXPECT_GT(silence.end - silence.begin, kRate / 3);
+    EXPECT_NEAR(went_on_at, stopped_at, 0.001) << "a frame of sound is a millisecond";
+    EXPECT_NEAR(told, stopped_at, 0.05);
+}
+
+TEST_F(Places, SeekingLandsWithin50MillisecondsInEveryKind) {
+    for (const std::string& kind : sound::GeneratedMedia::Kinds()) {
+        if (kind == "mid") continue;
+        SCOPED_TRACE(kind);
+        Open(files_.Make("song." + kind, {.seconds = kSeconds, .wave = RisingWave()}));
+        for (const double place : {5.0, 1.73}) {
+            Send("pause a");
+            ASSERT_TRUE(server_.WaitForSilence());
+            const std::size_t now = server_.Heard();
+            Send("seek a to " + std::to_string(static_cast<int>(place * 1000)));
+            Send("play a");
+
+            EXPECT_NEAR(FirstPlaceHeard(now), place, 0.05);
+            EXPECT_NEAR(HeardAheadOfTold(), 0, 0.05);
+        }
+        Send("close a");
+        ASSERT_TRUE(server_.WaitForSilence());
+    }
+}
+
+TEST_F(Places, TheLastSoundOfASongIsHeardWhole) {
+    constexpr double kLast = 0.08;
+    constexpr double kHigh = 1500;
+    for (const char* kind : {"wav", "mp3", "m4a"}) {
+        SCOPED_TRACE(kind);
+        Open(files_.Make("song." + std::string(kind),
+                         {.seconds = 1.2, .wave = "if(lt(t\\,1.12)\\,sin(2*PI*t*600)\\,sin(2*PI*t*1500))"}));
+        const std::size_t begin = server_.Heard();
+        Send("play a");
+        ASSERT_TRUE(server_.WaitForSound());
+        ASSERT_TRUE(server_.WaitForSilence(4));
+
+        const Samples heard = server_.Between(begin, server_.Heard());
+
+        std::size_t high = 0;
+        constexpr std::size_t kPiece = kRate / 200;
+        for (std::size_t i = 0; i + kPiece <= heard.left.size(); i += kPiece) {
+            if (sound::Amplitude(sound::Piece(heard.left, i, kPiece), kHigh) > 0.3) high += kPiece;
+        }
+        EXPECT_NEAR(static_cast<double>(high) / kRate, kLast, 0.02);
+        Send("close a");
+    }
+}
+
+std::size_t EntriesOf(const char* folder) {
+    const std::filesystem::directory_iterator entries(folder);
+    return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
+}
+
+TEST_F(Places, SongsOneAfterAnotherAreAllHeardAndLeaveNothingBehind) {
+    constexpr int kSongs = 6;
+    std::vector<std::string> songs;
+    for (int i = 0; i < kSongs; ++i)
+        songs.push_back(
+            files_.Make("song" + std::to_string(i) + ".mp3", {.hertz = 400.0 + 100 * i, .seconds = 2}));
+    std::size_t threads = 0;
+    std::size_t handles = 0;
+    for (int i = 0; i < kSongs; ++i) {
+        SCOPED_TRACE(i);
+        Open(songs[static_cast<std::size_t>(i)]);
+        const std::size_t begin = server_.Heard();
+        Send("play a");
+        const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(4);
+        while (Ask("status a mode") == "playing" && std::chrono::steady_clock::now() < until)
+            server_.Record(0.02);
+        EXPECT_EQ(Ask("status a mode"), "stopped");
+        server_.Record(0.05);
+        const Samples heard = server_.Between(begin, server_.Heard());
+        Send("close a");
+        EXPECT_NEAR(Pitch(heard.left, 300, 1200), 400 + 100 * i, 2);
+        const std::size_t first = sound::FirstLouderThan(heard.left, kAudible);
+        const std::size_t last =
+            heard.left.size() - sound::FirstLouderThan({heard.left.rbegin(), heard.left.rend()}, kAudible);
+        EXPECT_NEAR(static_cast<double>(last - first) / kRate, 2, 0.03);
+        EXPECT_LT(sound::LongestGap(sound::Piece(heard.left, first, last - first), kAudible), 0.005);
+        if (i > 1) continue;
+        threads = EntriesOf("/proc/self/task");
+        handles = EntriesOf("/proc/self/fd");
+    }
+
+    const auto is_flat = [&](const Samples&) {
+        return EntriesOf("/proc/self/task") <= threads && EntriesOf("/proc/self/fd") <= handles;
+    };
+    EXPECT_TRUE(server_.WaitFor(is_flat, 2));
+}
+
+}  // namespace
