@@ -31,6 +31,9 @@ constexpr unsigned kPlayPicturesAndSound = 0x3;
 // second and more. A level is heard later by as much.
 constexpr std::int64_t kSoundBuffer = 200'000;
 constexpr std::int64_t kSoundLatency = 10'000;
+// Stretched sound is off its times by some 50 milliseconds, in nanoseconds here; a sink that minds it skips
+// so much a second after each start.
+constexpr std::int64_t kTimesMayBeOff = 200'000'000;
 constexpr double kUsualFrameRate = 25;
 constexpr const char* kScalingSink = "xvimagesink";
 
@@ -331,6 +334,7 @@ GstElement* Pipeline::MakeSoundSink(bool silent) {
     if (sink != nullptr) {
         SetInt(sink, "buffer-time", kSoundBuffer);
         SetInt(sink, "latency-time", kSoundLatency);
+        SetInt(sink, "alignment-threshold", kTimesMayBeOff);
     }
     silent_ = !CanBeUsed(sink);
     if (!silent_) return sink;
