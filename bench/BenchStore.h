@@ -14,7 +14,6 @@
 #include "platform/sqlite/SqliteDatabase.h"
 #include "ports/EventLoop.h"
 #include "store/DataSource.h"
-#include "store/Key.h"
 #include "store/Layouts.h"
 #include "store/Stores.h"
 
@@ -38,7 +37,7 @@ class EndInTrouble final : public store::StoreTrouble {
     void OnStoreTrouble(std::string_view, ports::DatabaseError, std::string_view) override { std::abort(); }
 };
 
-/// The media store and the history store, empty at first.
+/// The four stores, without a row at first.
 class BenchStore {
 public:
     explicit BenchStore(const std::string& name) : folder_(MakeFolder(name)) {
@@ -71,8 +70,11 @@ public:
     }
 
 private:
+    // Two stores may stand beside each other: a number tells their folders apart.
     static std::filesystem::path MakeFolder(const std::string& name) {
-        const std::filesystem::path folder = std::filesystem::temp_directory_path() / ("brindlepost-" + name);
+        static int stores = 0;
+        const std::filesystem::path folder =
+            std::filesystem::temp_directory_path() / ("brindlepost-" + name + base::ToText(++stores));
         std::filesystem::remove_all(folder);
         std::filesystem::create_directories(folder);
         return folder;

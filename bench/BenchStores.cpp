@@ -2,70 +2,32 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
+#include "BenchStore.h"
 #include "base/Number.h"
-#include "platform/sqlite/MakeStore.h"
-#include "platform/sqlite/SqliteDatabase.h"
-#include "ports/EventLoop.h"
 #include "store/DataSource.h"
 #include "store/Key.h"
-#include "store/Layouts.h"
-#include "store/Stores.h"
 
 namespace {
 
-namespace fs = std::filesystem;
 namespace tblSong = store::tblSong;
 
 constexpr int kManySongs = 1'000'000;
-constexpr std::string_view kPath = "C:\\bench\\dbMedia.mdb";
 
-class HandlerEnds final : public ports::EventLoop {
-public:
-    void Yield() override { End(); }
-    void AtHandlerEnd(std::function<void()> work) override { work_.push_back(std::move(work)); }
-    bool IsEnding() const override { return false; }
-    void End() {
-        for (const auto& work : work_)
-            work();
-    }
-
-private:
-    std::vector<std::function<void()>> work_;
-};
-
-class EndInTrouble final : public store::StoreTrouble {
-    void OnStoreTrouble(std::string_view, ports::DatabaseError, std::string_view) override { std::abort(); }
-};
-
-/// A media store in a folder of its own, opened by a program of its own.
+/// A media store, opened by a program of its own.
 class Library {
 public:
-    explicit Library(int songs) : folder_(fs::temp_directory_path() / "brindlepost-bench") {
-        fs::remove_all(folder_);
-        fs::create_directories(folder_);
-        const auto made = sqlite::MakeStore(File(), store::kStoreLayouts[0], {});
-        if (!made.Ok()) std::abort();
+    explicit Library(int songs) {
         Start();
         AddSongs(songs);
         EndHandler();
     }
-    ~Library() {
-        stores_.reset();
-        fs::remove_all(folder_);
-    }
-    Library(const Library&) = delete;
-    Library& operator=(const Library&) = delete;
 
     void Start() {
-        stores_.reset();
-        stores_ = std::make_unique<store::Stores>(database_, loop_, trouble_);
-        source_.SetDatabaseName(*stores_, kPath);
+        store_.Start();
+        store_.Bind(source_, store::kMediaStore);
         if (!source_.Open(store::kAllSongs)) std::abort();
     }
     void AddSongs(int songs) {
@@ -78,18 +40,12 @@ public:
             Songs().Update();
         }
     }
-    void EndHandler() { loop_.End(); }
+    void EndHandler() { store_.EndHandler(); }
     store::DataSource& Source() { return source_; }
     store::RecordSet& Songs() { return source_.Recordset(); }
 
 private:
-    std::string File() const { return (folder_ / "dbMedia.mdb").string(); }
-
-    fs::path folder_;
-    sqlite::SqliteDatabase database_{[this](std::string_view) { return File(); }};
-    HandlerEnds loop_;
-    EndInTrouble trouble_;
-    std::unique_ptr<store::Stores> stores_;
+    bench::BenchStore store_{"stores"};
     store::DataSource source_{"datSong"};
     std::string caption_;
 };

@@ -1,6 +1,6 @@
 """Measures the whole program on a stage of its own: start to login painted, processor use, memory.
 
-    python3 bench/program.py BUILD [start|processor|memory]...
+    python3 bench/program.py BUILD [start|running|library]...
 
 Every figure is the median of several runs, beside a bare window of the toolkit and a bare player of the same media
 engine that are measured in the same run.
@@ -139,6 +139,38 @@ def measure_running(stage, build):
     print(f"processor, bare player of the same engine: median {statistics.median(bare):.2f} % of one core")
 
 
+def seed_million_songs(application):
+    text = """
+        with recursive n(i) as (select 1 union all select i + 1 from n where i < 1000000)
+        insert into tblSong
+        select i, 'Artist Number ' || (i / 50), 'A Title of Usual Length ' || i,
+               'C:\\home\\person\\Music\\Artist Number ' || (i / 50) || '\\An Album of Theirs\\' || i ||
+               ' - A Title of Usual Length.mp3', 0 from n"""
+    subprocess.run(["sqlite3", str(application / "dbMedia.mdb"), text], check=True)
+
+
+def memory_with_library(stage, name, songs):
+    application = stage.make_application(name)
+    subprocess.run(["sqlite3", str(application / "dbLogin.mdb"),
+                    "insert into tblLogin values('ada','secret',' ',' ',' ',' ',' ',' ','True','True')"], check=True)
+    if songs:
+        seed_million_songs(application)
+    process = stage.launch(application)
+    stages.wait_for("the splash", lambda: "Brindlepost" in stage.stacking(), 30)
+    stages.wait_for("the splash to go", lambda: "Brindlepost" not in stage.stacking(), 60)
+    time.sleep(3)
+    resident, _ = memory_mib(process.pid)
+    process.terminate()
+    process.wait()
+    return resident
+
+
+def measure_library(stage):
+    empty = memory_with_library(stage, "empty", songs=False)
+    full = memory_with_library(stage, "full", songs=True)
+    print(f"memory, 1,000,000 songs all shown: {full:.0f} MiB resident, {full - empty:.0f} MiB above the empty state")
+
+
 def main():
     build = stages.become_unprivileged(sys.argv[1])
     wanted = sys.argv[2:] or ["start", "running"]
@@ -148,6 +180,8 @@ def main():
             measure_start(stage, build)
         if "running" in wanted:
             measure_running(stage, build)
+        if "library" in wanted:
+            measure_library(stage)
 
 
 if __name__ == "__main__":
