@@ -51,8 +51,11 @@ PrivateDisplay& PrivateDisplay::Get() {
 
 PrivateDisplay::PrivateDisplay() {
     int pipe = -1;
-    server_ = std::make_unique<sound::Child>(
-        Words{"Xvfb", "-displayfd", "1", "-screen", "0", "800x600x24", "-nolisten", "tcp", "-ac"}, &pipe);
+    Words words{"Xvfb", "-displayfd", "1", "-screen", "0", "800x600x24", "-nolisten", "tcp", "-ac"};
+    // As bare as displays come: nothing that scales, shares or keeps pictures.
+    for (const char* extension : {"XVideo", "GLX", "Composite", "MIT-SHM"})
+        words.insert(words.end(), {"-extension", extension});
+    server_ = std::make_unique<sound::Child>(words, &pipe);
     const std::string number = ReadNumber(pipe);
     close(pipe);
     if (number.empty()) throw std::runtime_error("the display did not start");

@@ -73,6 +73,17 @@ TEST_F(MediaEngineTest, ThePlaceNeverGoesBackWhileASongPlays) {
     EXPECT_GT(steps, 50);
 }
 
+TEST_F(MediaEngineTest, AVideoRunsWithoutADisplay) {
+    setenv("DISPLAY", ":4711", 1);
+    const std::string path = media.Make("film.avi", {.seconds = 1});
+
+    ASSERT_EQ(Send("open \"" + path + "\" type MPEGVideo alias a parent 12345 style 1073741824"), 0);
+    Send("put a window at 0 0 100 100");
+    Send("play a");
+
+    EXPECT_TRUE(WaitForMode("stopped", 4));
+}
+
 TEST_F(MediaEngineTest, DoubleSpeedTakesHalfTheTime) {
     ASSERT_EQ(Open(media.Make("song.wav", {.seconds = 3})), 0);
     Send("set a speed 2000");

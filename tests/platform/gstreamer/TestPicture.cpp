@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -235,6 +236,53 @@ TEST_F(PictureTest, FollowsAFilmWhosePictureChangesItsSize) {
 
     ExpectPicture({400, 300}, {400, 300});
     ExpectPicture({400, 300}, {400, 150});
+}
+
+TEST_F(PictureTest, AFilmThatClaims16384By16384HoldsNobodyUp) {
+    const std::string path =
+        Encode("claims.avi", {"-f", "lavfi", "-i", "testsrc=size=320x240:rate=5:duration=2", "-pix_fmt",
+                              "yuvj420p", "-c:v", "mjpeg"});
+    // Height and width stand behind the mark, the length and the depth of every picture's header.
+    std::ifstream small(path, std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(small), std::istreambuf_iterator<char>()};
+    const std::string mark("\xFF\xC0\x00\x11\x08", 5);
+    int patched = 0;
+    for (auto at = bytes.find(mark); at != std::string::npos; at = bytes.find(mark, at + 1), ++patched)
+        bytes.replace(at + mark.size(), 4, std::string("\x40\0\x40\0", 4));
+    ASSERT_GT(patched, 5);
+    const std::string claims = media.Write("claims.avi", bytes);
+    const auto begin = std::chrono::steady_clock::now();
+
+    const int error = Open(claims);
+    if (error == 0) Send("play a");
+    Send("close a");
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+
+    EXPECT_LT(took.count(), 5.5);
+    ASSERT_EQ(Open(MakeFilm("film.mp4", {320, 240})), 0);
+    Send("play a");
+    ExpectPicture({400, 300}, {400, 300});
+}
+
+TEST_F(PictureTest, AFilmOfOnePictureEnds) {
+    const std::string path = Encode("one.avi", {"-f", "lavfi", "-i", "color=0xff0000:size=320x240:rate=25",
+                                                "-frames:v", "1", "-c:v", "mpeg4"});
+    if (Open(path) != 0) return;  // What is refused is passed over at once.
+    Send("play a");
+
+    std::string reply(32, '\0');
+    const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    while (engine.SendString("status a mode", &reply, 32, 0) == 0 && !reply.starts_with("stopped") &&
+           std::chrono::steady_clock::now() < until) {
+    }
+    EXPECT_TRUE(reply.starts_with("stopped")) << reply;
+}
+
+TEST_F(PictureTest, AFilmWithoutPicturesIsRefused) {
+    const std::string path = MakeFilm("film.mp4", {320, 240}, 1);
+    std::filesystem::resize_file(path, std::filesystem::file_size(path) / 3);
+
+    EXPECT_NE(Open(path), 0);
 }
 
 TEST_F(PictureTest, AWindowThatIsNoneOrGoesAwayHurtsNobody) {
