@@ -17,6 +17,9 @@ struct CaseRun {
 #include "base/CaseTable.inc"
 
 constexpr char32_t kFirstBeyondUnicode = 0x110000;
+/// From here on a character is two units of UTF-16.
+constexpr char32_t kFirstOfTwoUnits = 0x10000;
+constexpr char16_t kReplacement = 0xFFFD;
 constexpr std::size_t kNowhere = std::string_view::npos;
 
 struct Decoded {
@@ -342,6 +345,25 @@ bool IsUtf8(std::string_view text) {
         at += one.bytes;
     }
     return true;
+}
+
+std::u16string ToUtf16(std::string_view text) {
+    std::u16string wide;
+    wide.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const Decoded one = Decode(text, at);
+        at += one.bytes;
+        if (one.code >= kFirstBeyondUnicode) {
+            wide += kReplacement;
+        } else if (one.code < kFirstOfTwoUnits) {
+            wide += static_cast<char16_t>(one.code);
+        } else {
+            const char32_t offset = one.code - kFirstOfTwoUnits;
+            wide += static_cast<char16_t>(0xD800U + (offset >> 10U));
+            wide += static_cast<char16_t>(0xDC00U + (offset & 0x3FFU));
+        }
+    }
+    return wide;
 }
 
 }  // namespace base

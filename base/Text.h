@@ -60,4 +60,7 @@ bool Contains(std::string_view text, std::string_view part);
 /// True when every byte belongs to valid UTF-8.
 bool IsUtf8(std::string_view text);
 
+/// The same text in UTF-16. A byte that is no valid UTF-8 becomes U+FFFD.
+std::u16string ToUtf16(std::string_view text);
+
 }  // namespace base

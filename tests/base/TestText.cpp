@@ -257,5 +257,19 @@ TEST(Text, LowerAndUpperCaseLeadBackAndForthThroughTheLatinLetters) {
     }
 }
 
+TEST(Text, Utf16HasOneUnitForMostCharactersAndTwoForTheRest) {
+    EXPECT_EQ(ToUtf16(""), u"");
+    EXPECT_EQ(ToUtf16("a\\0"), u"a\\0");
+    EXPECT_EQ(ToUtf16(kCafe), u"caf\u00E9");
+    EXPECT_EQ(ToUtf16("\xEF\xBF\xBD"), u"\uFFFD");
+    EXPECT_EQ(ToUtf16(kNote), (std::u16string{0xD83C, 0xDFB5}));
+    EXPECT_EQ(ToUtf16("\xF4\x8F\xBF\xBF"), (std::u16string{0xDBFF, 0xDFFF}));
+}
+
+TEST(Text, StrayBytesBecomeTheReplacementInUtf16) {
+    EXPECT_EQ(ToUtf16(kStray), u"a\uFFFDb\uFFFD");
+    EXPECT_EQ(ToUtf16("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");
+}
+
 }  // namespace
 }  // namespace base
