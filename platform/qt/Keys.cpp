@@ -38,6 +38,7 @@ constexpr KeyPair kNamedKeys[] = {
     {Qt::Key_Back, 166},
     {Qt::Key_Forward, 167},
     {Qt::Key_Refresh, 168},
+    {Qt::Key_Reload, 168},
     {Qt::Key_Stop, 169},
     {Qt::Key_Search, 170},
     {Qt::Key_Favorites, 171},
@@ -57,6 +58,10 @@ constexpr KeyPair kNamedKeys[] = {
 
 constexpr int kNumberPadZero = 96;
 constexpr int kFirstFunctionKey = 112;
+constexpr int kBrowserBack = 166;
+constexpr int kBrowserRefresh = 168;
+constexpr int kBrowserHome = 172;
+constexpr int kMediaPlayPause = 179;
 
 }  // namespace
 
@@ -71,6 +76,11 @@ int KeyCode(int key, Qt::KeyboardModifiers modifiers) {
     if (key >= Qt::Key_A && key <= Qt::Key_Z) return key;
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return kFirstFunctionKey + (key - Qt::Key_F1);
     return 0;
+}
+
+bool IsMediaKey(int key_code) {
+    return (key_code >= kBrowserBack && key_code <= kBrowserRefresh) ||
+           (key_code >= kBrowserHome && key_code <= kMediaPlayPause);
 }
 
 int ShiftState(Qt::KeyboardModifiers modifiers) {

@@ -7,6 +7,9 @@ namespace qt {
 
 /// The virtual key code of a key; 0 for a key that has none.
 int KeyCode(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+/// A multimedia key of the keyboard, or one for going through pages; they mean the program wherever the focus
+/// is.
+bool IsMediaKey(int key_code);
 int ShiftState(Qt::KeyboardModifiers modifiers);
 int ButtonNumber(Qt::MouseButton button);
 /// The sum of the buttons held down.

@@ -95,9 +95,11 @@ void Loop::Yield() {
 
 int Loop::Run() {
     EndHandler();
-    if (ending_) return exit_code_;
-    const int code = QApplication::exec();
+    const int code = ending_ ? exit_code_ : QApplication::exec();
     ending_ = true;
+    // Late events may still be delivered while everything that the work belongs to is taken down.
+    work_.clear();
+    update_ = nullptr;
     return code;
 }
 

@@ -35,6 +35,7 @@ public:
     void SetScreenUpdate(std::function<void()> update) { update_ = std::move(update); }
 
     /// Runs until Quit; returns the exit code. A Quit before it returns at once.
+    /// From then on nothing runs at the end of a handler any more.
     int Run();
     void Quit(int exit_code = 0);
 

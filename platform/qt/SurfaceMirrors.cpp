@@ -1,9 +1,11 @@
 #include "platform/qt/SurfaceMirrors.h"
 
 #include <QChildEvent>
+#include <QKeyEvent>
 #include <QPainter>
 
 #include "platform/qt/Geometry.h"
+#include "platform/qt/Keys.h"
 #include "platform/qt/Looks.h"
 #include "platform/qt/Skin.h"
 
@@ -133,14 +135,24 @@ void BrowserMirror::WantPageWhenSeen() {
 }
 
 bool BrowserMirror::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == Widget()) {
-        if (event->type() == QEvent::Resize) FillWithChildren(*Widget());
-        if (event->type() == QEvent::ChildAdded) {
-            auto* page = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child());
-            if (page != nullptr) page->setGeometry(Widget()->rect());
-        }
-    }
+    QWidget* child = nullptr;
+    if (event->type() == QEvent::ChildAdded)
+        child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child());
+    if (child != nullptr) child->installEventFilter(this);
+    if (watched != Widget()) return TakeFromPage(*event);
+    if (event->type() == QEvent::Resize) FillWithChildren(*Widget());
+    if (child != nullptr) child->setGeometry(Widget()->rect());
     return WidgetMirror::eventFilter(watched, event);
+}
+
+/// A page never sees the multimedia keys: one that hangs or plays by itself could keep them.
+bool BrowserMirror::TakeFromPage(QEvent& event) {
+    if (event.type() != QEvent::KeyPress) return false;
+    const auto& press = static_cast<QKeyEvent&>(event);
+    const bool is_ours =
+        ShiftState(press.modifiers()) == 0 && IsMediaKey(KeyCode(press.key(), press.modifiers()));
+    if (is_ours) KeyPressed(press);
+    return is_ours;
 }
 
 }  // namespace qt

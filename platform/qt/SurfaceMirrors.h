@@ -39,6 +39,7 @@ private:
         return property == controls::Property::Value;
     }
     bool eventFilter(QObject* watched, QEvent* event) override;
+    bool TakeFromPage(QEvent& event);
     controls::WebBrowser& browser_;
 };
 

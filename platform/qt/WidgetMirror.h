@@ -35,6 +35,8 @@ protected:
     virtual void Place();
     /// How far the control's content is scrolled up, in pixels: a drop is told by its place in the content.
     virtual int ScrolledUp() const { return 0; }
+    /// Raises the key at the nearest container that listens; true when the key is used up.
+    bool KeyPressed(const QKeyEvent& event);
     /// Enter on the control itself; true when it did something.
     virtual bool PressEnter() { return false; }
 
@@ -44,7 +46,6 @@ private:
     bool MouseMoved(const QMouseEvent& event);
     bool MouseReleased(const QMouseEvent& event);
     bool WheelTurned(const QWheelEvent& event);
-    bool KeyPressed(const QKeyEvent& event);
     bool PressWindowButton(int key_code);
     bool Dropped(QEvent& event);
     void FocusCame(const QFocusEvent& event);

@@ -11,18 +11,26 @@ TEST(Keys, EveryNamedKeyHasItsVirtualCode) {
         int code;
     };
     const Case cases[] = {
-        {Qt::Key_Return, 13},     {Qt::Key_Enter, 13},       {Qt::Key_Escape, 27},
-        {Qt::Key_Delete, 46},     {Qt::Key_Space, 32},       {Qt::Key_Left, 37},
-        {Qt::Key_Down, 40},       {Qt::Key_A, 65},           {Qt::Key_Z, 90},
-        {Qt::Key_5, 53},          {Qt::Key_F1, 112},         {Qt::Key_F12, 123},
-        {Qt::Key_Back, 166},      {Qt::Key_Forward, 167},    {Qt::Key_Refresh, 168},
-        {Qt::Key_HomePage, 172},  {Qt::Key_VolumeMute, 173}, {Qt::Key_VolumeDown, 174},
-        {Qt::Key_VolumeUp, 175},  {Qt::Key_MediaNext, 176},  {Qt::Key_MediaPrevious, 177},
-        {Qt::Key_MediaStop, 178}, {Qt::Key_MediaPlay, 179},  {Qt::Key_MediaTogglePlayPause, 179},
+        {Qt::Key_Return, 13},      {Qt::Key_Enter, 13},       {Qt::Key_Escape, 27},
+        {Qt::Key_Delete, 46},      {Qt::Key_Space, 32},       {Qt::Key_Left, 37},
+        {Qt::Key_Down, 40},        {Qt::Key_A, 65},           {Qt::Key_Z, 90},
+        {Qt::Key_5, 53},           {Qt::Key_F1, 112},         {Qt::Key_F12, 123},
+        {Qt::Key_Back, 166},       {Qt::Key_Forward, 167},    {Qt::Key_Refresh, 168},
+        {Qt::Key_HomePage, 172},   {Qt::Key_VolumeMute, 173}, {Qt::Key_VolumeDown, 174},
+        {Qt::Key_VolumeUp, 175},   {Qt::Key_MediaNext, 176},  {Qt::Key_MediaPrevious, 177},
+        {Qt::Key_MediaStop, 178},  {Qt::Key_MediaPlay, 179},  {Qt::Key_MediaTogglePlayPause, 179},
+        {Qt::Key_MediaPause, 179}, {Qt::Key_Reload, 168},
     };
 
     for (const Case& one : cases)
         EXPECT_EQ(qt::KeyCode(one.key), one.code) << one.key;
+}
+
+TEST(Keys, MultimediaKeysMeanTheProgram) {
+    for (const int code : {166, 167, 168, 172, 173, 174, 175, 176, 177, 178, 179})
+        EXPECT_TRUE(qt::IsMediaKey(code)) << code;
+    for (const int code : {0, 13, 65, 116, 165, 169, 170, 171, 180, 181})
+        EXPECT_FALSE(qt::IsMediaKey(code)) << code;
 }
 
 TEST(Keys, ADigitOfTheNumberPadHasACodeOfItsOwn) {

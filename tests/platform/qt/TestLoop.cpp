@@ -109,6 +109,20 @@ TEST(Loop, AQuitBeforeTheRunIsNotLost) {
     EXPECT_EQ(loop.Run(), 5);
 }
 
+TEST(Loop, AfterTheRunNothingHangsOnHandlersAnyMore) {
+    qt::Loop loop;
+    int ends = 0;
+    loop.AtHandlerEnd([&ends] { ++ends; });
+    loop.Quit();
+    loop.Run();
+    const int ends_of_the_run = ends;
+
+    loop.Yield();
+
+    EXPECT_EQ(ends_of_the_run, 1);
+    EXPECT_EQ(ends, 1);
+}
+
 void RunInAHandler(const std::function<void()>& work) {
     Sleeper handler(work);
     QEvent event(QEvent::User);

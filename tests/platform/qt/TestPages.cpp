@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QKeyEvent>
+#include <QTest>
+
 #include "platform/qt/QtBench.h"
 
 namespace {
@@ -117,6 +120,35 @@ TEST_F(PagesTest, TheControlLetsGoOfItsEngineWhenTheScreenEnds) {
     }
 
     EXPECT_EQ(browser_.Engine(), nullptr);
+}
+
+/// What has the focus inside a page: it keeps every key that it gets.
+class GreedyWidget final : public QWidget {
+public:
+    explicit GreedyWidget(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::StrongFocus); }
+    std::vector<int> Keys;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { Keys.push_back(event->key()); }
+};
+
+TEST_F(PagesTest, MultimediaKeysReachTheWindowThoughAPageHasTheFocus) {
+    bench::Desk desk(options_, browser_);
+    std::vector<int> keys;
+    controls::EventClaims claims;
+    claims.Claim(desk.form.KeyDown, [&keys](int code, int /*shift*/) { keys.push_back(code); });
+    desk.screen.ReleasePages();
+    browser_.Navigate("http://example.org/");
+    GreedyWidget page(factory_->Widgets[0]);
+    page.show();
+    page.setFocus();
+
+    QTest::keyClick(&page, Qt::Key_MediaNext);
+    QTest::keyClick(&page, Qt::Key_A);
+    QTest::keyClick(&page, Qt::Key_MediaStop, Qt::AltModifier);
+
+    EXPECT_EQ(keys, std::vector<int>{176});
+    EXPECT_EQ(page.Keys, (std::vector<int>{Qt::Key_A, Qt::Key_Alt, Qt::Key_MediaStop}));
 }
 
 }  // namespace
