@@ -131,7 +131,8 @@ void AddressRoom::AddStartUpMedia() {
 void AddressRoom::EnterMessengerText(const std::string& text) {
     partners_.history.AddSiteToHistory("MSN", text);
     const std::string caption = partners_.player.TrackCaption();
-    if (base::InStr(text + "   ", caption) == 0) {
+    // A caption may begin or end in a blank that nobody types.
+    if (base::InStr("   " + text + "   ", caption) == 0) {
         partners_.messenger.SetCustomText(text);
         partners_.messenger.SendNowPlaying();
     } else if (base::Len(caption) <= base::Len(text)) {

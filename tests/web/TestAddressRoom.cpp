@@ -172,6 +172,15 @@ TEST_F(AddressRoom, ATrackLongerThanTheTextByItsBlanksLeavesTheCustomText) {
     EXPECT_EQ(LoggedOf({"Se"}), Calls{"SendNowPlaying"});
 }
 
+TEST_F(AddressRoom, ATrackThatBeginsInABlankIsFoundWithoutIt) {
+    ChooseMode("MSN");
+    near.Track = " - Nightjar";
+
+    Enter("- Nightjar at home");
+
+    EXPECT_EQ(LoggedOf({"Se"}), (Calls{"SetCustomText at home", "SendNowPlaying"}));
+}
+
 TEST_F(AddressRoom, FileModePlaysMediaAndEmptiesTheBoxBeforeTheHistory) {
     ChooseMode("File");
 
