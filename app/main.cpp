@@ -12,6 +12,9 @@
 #include <vector>
 
 #include "desktop/MainWindow.h"
+#include "platform/dbus/BusMessenger.h"
+#include "platform/dbus/BusScreenSaver.h"
+#include "platform/dbus/MprisBoard.h"
 #include "platform/gstreamer/MediaEngine.h"
 #include "platform/linux/CommandText.h"
 #include "platform/linux/EndSignal.h"
@@ -80,19 +83,27 @@ int main(int argc, char** argv) {
     sqlite::SqliteDatabase database(to_native);
     gstreamer::MediaEngine media(to_native);
     qt::DesktopWindows window_services;
+    dbus::SessionBus bus;
+    dbus::BusMessenger messenger(bus);
+    dbus::MprisBoard board(bus);
+    dbus::BusScreenSaver screen_saver(bus);
 
     desktop::Windows windows(files);
     const webengine::PageSettings pages{DownloadFolder(), to_native};
     qt::Screen screen(loop, {folder, [&files](const std::string& path) { return files.FromNative(path); },
                              [&folder, &pages] { return webengine::LoadPages(folder, pages); }});
-    screen.AfterFirstPaint = [&media] { media.WarmUp(); };
+    screen.AfterFirstPaint = [&media, &bus] {
+        media.WarmUp();
+        bus.Join();
+    };
     for (controls::Form* form : windows.All())
         screen.Adopt(*form);
     qt::WindowRegions regions(screen, windows.frmBrowser);
 
-    desktop::MainWindow main_window(
-        windows, {database, files, media, window_services, regions, boxes, loop, clock, chance, instance},
-        command, [&loop] { loop.Quit(); });
+    desktop::MainWindow main_window(windows,
+                                    {database, files, media, window_services, regions, boxes, loop, clock,
+                                     chance, instance, messenger, board, screen_saver},
+                                    command, [&loop] { loop.Quit(); });
     QSocketNotifier hand_over(instance.FileDescriptor(), QSocketNotifier::Read);
     QObject::connect(&hand_over, &QSocketNotifier::activated, &hand_over, [&instance] { instance.Serve(); });
     QSocketNotifier end(linux_os::EndSignal::FileDescriptor(), QSocketNotifier::Read);

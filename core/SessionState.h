@@ -30,6 +30,8 @@ struct LoginState {
 /// Options kept in the settings rows. They start as the shipped rows say, so a row that is gone leaves its
 /// option on.
 struct SessionOptions {
+    /// The rows have been read.
+    bool Loaded = false;
     bool Save_Settings = true;
     bool Open_Home_Pages = true;
     bool Allow_MSN_Name = true;

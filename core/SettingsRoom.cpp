@@ -87,7 +87,7 @@ void SettingsRoom::LoadSettings() {
     if (!TakeRows(rows)) return;
     for (const Row& row : rows)
         RestoreRow(row);
-    loaded_ = true;
+    options_.Loaded = true;
     OpenHomePages();
     events_.Yield();
     FillTypes();
@@ -260,7 +260,7 @@ void SettingsRoom::PlaceMusicTab() {
 
 bool SettingsRoom::StoreSettings() {
     if (!controls_.datHistory.Open(store::kAllHistory)) return false;
-    const bool all_rows = options_.Save_Settings && loaded_;
+    const bool all_rows = options_.Save_Settings && options_.Loaded;
     store::RecordSet& records = controls_.datHistory.Recordset();
     for (records.MoveFirst(); !records.Eof(); records.MoveNext()) {
         const int id = IdOf(records);

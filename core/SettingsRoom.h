@@ -106,7 +106,6 @@ private:
     ports::Clock& clock_;
     ports::EventLoop& events_;
     bool music_tab_in_front_ = true;
-    bool loaded_ = false;
 };
 
 }  // namespace core

@@ -17,6 +17,8 @@
 #include "core/StoreTroubleRoom.h"
 #include "desktop/BrowserLayout.h"
 #include "desktop/HoleRoom.h"
+#include "desktop/MSN.h"
+#include "desktop/RemoteRoom.h"
 #include "desktop/SkinRoom.h"
 #include "desktop/ViewRoom.h"
 #include "desktop/Windows.h"
@@ -27,6 +29,7 @@
 #include "library/PlayListRoom.h"
 #include "library/SearchRoom.h"
 #include "library/TrackMatchRoom.h"
+#include "player/MediaWatch.h"
 #include "player/Player.h"
 #include "ports/Clock.h"
 #include "ports/Database.h"
@@ -35,6 +38,9 @@
 #include "ports/Files.h"
 #include "ports/InstanceLock.h"
 #include "ports/MediaControl.h"
+#include "ports/Messenger.h"
+#include "ports/NowPlaying.h"
+#include "ports/ScreenSaver.h"
 #include "ports/Windows.h"
 #include "store/Stores.h"
 #include "web/WebRooms.h"
@@ -56,6 +62,9 @@ struct Ports {
     ports::Clock& clock;
     ports::Chance& chance;
     ports::InstanceLock& instance;
+    ports::Messenger& messenger;
+    ports::NowPlayingBoard& now_playing;
+    ports::ScreenSaver& screen_saver;
 };
 
 /// What the rooms know together.
@@ -76,8 +85,11 @@ struct Rooms {
     std::optional<store::Stores> stores;
     std::optional<HoleRoom> hole;
     std::optional<SkinRoom> skin;
+    std::optional<player::MediaWatch> media_watch;
     std::optional<player::MciLayer> mci;
+    std::optional<MSN> msn;
     std::optional<player::Player> player;
+    std::optional<RemoteRoom> remote;
     std::optional<library::LibraryListsRoom> lists;
     std::optional<library::PlayListRoom> playlists;
     std::optional<library::SearchRoom> search;

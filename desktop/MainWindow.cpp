@@ -31,6 +31,7 @@ MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, 
       web_links_(desk_),
       web_data_links_(desk_),
       core_links_(desk_),
+      remote_links_(desk_),
       web_menu_(WebMenuOf(windows.frmBrowser.menus)) {
     BuildGround();
     BuildPlayer();
@@ -58,7 +59,8 @@ void MainWindow::BuildGround() {
     rooms.stores.emplace(desk_.ports.database, desk_.ports.events, *rooms.trouble);
     rooms.hole.emplace(window, window.player.video.picVideo, desk_.ports.regions, desk_.ports.dialogs);
     rooms.skin.emplace(window.chrome, TwinsOf(window), [this] { desk_.rooms.player->SettlePictures(); });
-    rooms.mci.emplace(desk_.ports.media, desk_.ports.windows, desk_.ports.files);
+    rooms.media_watch.emplace(desk_.ports.media);
+    rooms.mci.emplace(*rooms.media_watch, desk_.ports.windows, desk_.ports.files);
     rooms.layout.emplace(window, desk_.state.web, player_links_);
     rooms.view.emplace(window, window.menus.mnuMusicJustTracks, window.library.lists,
                        [this] { desk_.rooms.layout->Form_Resize(); });
@@ -67,6 +69,7 @@ void MainWindow::BuildGround() {
 void MainWindow::BuildPlayer() {
     BrowserForm& window = desk_.windows.frmBrowser;
     auto& lists = window.library.lists;
+    desk_.rooms.msn.emplace(desk_.ports.messenger, desk_.state.options);
     desk_.windows.player_songs.SetDatabaseName(*desk_.rooms.stores, StorePath(store::kMediaStore));
     desk_.rooms.player.emplace(
         player::PlayerWindows{window.player,
@@ -80,6 +83,8 @@ void MainWindow::BuildPlayer() {
                                  player_links_},
         player::PlayerPorts{*desk_.rooms.mci, desk_.windows.player_songs, desk_.ports.dialogs,
                             desk_.ports.events, desk_.ports.chance});
+    desk_.rooms.remote.emplace(
+        remote_links_, RemotePorts{desk_.ports.now_playing, desk_.ports.screen_saver, desk_.ports.events});
 }
 
 void MainWindow::BuildLibrary() {
@@ -207,11 +212,7 @@ void MainWindow::cmdDummy_Click() {
 }
 
 void MainWindow::OnBringToFront() {
-    controls::Form& window = desk_.windows.frmBrowser;
-    if (window.State() == controls::WindowState::Minimised) window.SetState(controls::WindowState::Normal);
-    // While somebody logs in, the login stands in front.
-    controls::Form& login = desk_.windows.login.frmLogin;
-    (login.Visible() ? login : window).BringToFront();
+    desk_.windows.BringToFront();
 }
 
 void MainWindow::OnCommandText(std::string_view text) {

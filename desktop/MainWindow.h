@@ -13,6 +13,7 @@
 #include "desktop/Desk.h"
 #include "desktop/LibraryLinks.h"
 #include "desktop/PlayerLinks.h"
+#include "desktop/RemoteLinks.h"
 #include "desktop/WebDataLinks.h"
 #include "desktop/WebLinks.h"
 
@@ -60,6 +61,7 @@ private:
     WebLinks web_links_;
     WebDataLinks web_data_links_;
     CoreLinks core_links_;
+    RemoteLinks remote_links_;
     web::WebMenu web_menu_;
     controls::EventClaims claims_;
 };

@@ -28,10 +28,11 @@ void PlayerLinks::AddSiteToHistory(std::string_view kind, std::string_view text)
     desk_.rooms.history->AddSiteToHistory(kind, text);
 }
 
-void PlayerLinks::SendNowPlaying(std::string_view /*first*/, std::string_view /*second*/,
-                                 std::string_view /*third*/, std::string_view /*extra*/,
-                                 std::string_view /*format*/, bool /*enabled*/,
-                                 std::string_view /*category*/) {}
+void PlayerLinks::SendNowPlaying(std::string_view first, std::string_view second, std::string_view third,
+                                 std::string_view extra, std::string_view format, bool enabled,
+                                 std::string_view category) {
+    desk_.rooms.msn->SendNowPlaying(first, second, third, extra, format, enabled, category);
+}
 
 void PlayerLinks::FocusAddress() {
     Window().web.address.txtAddress.SetFocus();

@@ -27,7 +27,7 @@ public:
     // player::HistoryLog
     void AddSiteToHistory(std::string_view kind, std::string_view text) override;
 
-    // player::NowPlayingMessage: no messenger is told yet.
+    // player::NowPlayingMessage
     void SendNowPlaying(std::string_view first, std::string_view second, std::string_view third,
                         std::string_view extra, std::string_view format, bool enabled,
                         std::string_view category) override;

@@ -12,4 +12,11 @@ std::vector<controls::Form*> Windows::All() {
             &frmVideo,   &frmSpeakerTest,       &info.frmInfo,   &about.frmAbout};
 }
 
+void Windows::BringToFront() {
+    if (frmBrowser.State() == controls::WindowState::Minimised)
+        frmBrowser.SetState(controls::WindowState::Normal);
+    controls::Form& in_front = login.frmLogin.Visible() ? login.frmLogin : frmBrowser;
+    in_front.BringToFront();
+}
+
 }  // namespace desktop

@@ -38,6 +38,9 @@ struct Windows {
 
     /// Every window, the main window first.
     std::vector<controls::Form*> All();
+    /// Restores the main window if it is minimised and brings it to the front; while somebody logs in, the
+    /// login.
+    void BringToFront();
 };
 
 }  // namespace desktop

@@ -17,10 +17,10 @@ Program::Program(Computer& on, std::string_view command)
     : computer(on),
       instance(on.instances),
       windows(on.files),
-      main_window(
-          windows,
-          {on.database, on.files, on.media, places, regions, dialogs, desktop, desktop, chance, instance},
-          command, [this] { ended = true; }) {
+      main_window(windows,
+                  {on.database, on.files, on.media, places, regions, dialogs, desktop, desktop, chance,
+                   instance, messenger, board, screen_saver},
+                  command, [this] { ended = true; }) {
     for (controls::Form* form : windows.All())
         desktop.Adopt(*form);
 }

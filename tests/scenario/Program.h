@@ -9,6 +9,9 @@
 #include "desktop/MainWindow.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
+#include "fakes/FakeMessenger.h"
+#include "fakes/FakeNowPlayingBoard.h"
+#include "fakes/FakeScreenSaver.h"
 #include "fakes/RecordingRegions.h"
 #include "scenario/Computer.h"
 
@@ -60,6 +63,9 @@ public:
     MiddleChance chance;
     NoWindowPlaces places;
     fakes::FakeInstanceLock instance;
+    fakes::FakeMessenger messenger;
+    fakes::FakeNowPlayingBoard board;
+    fakes::FakeScreenSaver screen_saver;
     bool ended = false;
 
 private:

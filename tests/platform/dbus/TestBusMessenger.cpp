@@ -1,0 +1,81 @@
+#include "platform/dbus/BusMessenger.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "platform/dbus/BusBench.h"
+
+namespace {
+
+using bus_bench::MessengerPeer;
+
+const QString kClass = QStringLiteral("MsnMsgrUIManager");
+
+class BusMessengerTest : public testing::Test {
+protected:
+    BusMessengerTest() {
+        session.emplace(bus.Address());
+        session->Join();
+        messenger.emplace(*session);
+    }
+
+    bus_bench::PrivateBus bus;
+    std::optional<dbus::SessionBus> session;
+    std::optional<dbus::BusMessenger> messenger;
+    const ports::CopyData block{1351, 4, {'a', 0, 0, 0}};
+};
+
+TEST_F(BusMessengerTest, EveryNameThatBeginsWithTheClassIsTold) {
+    MessengerPeer one(bus, kClass + QStringLiteral(".Main"), kClass);
+    MessengerPeer two(bus, kClass + QStringLiteral("2.Other.Account"), kClass);
+    MessengerPeer other(bus, QStringLiteral("org.") + kClass, kClass);
+
+    messenger->SendToWindows("MsnMsgrUIManager", block);
+
+    EXPECT_TRUE(bus_bench::WaitFor([&] { return !one.Received().empty() && !two.Received().empty(); }));
+    EXPECT_EQ(one.Received(), std::vector{block});
+    EXPECT_EQ(two.Received(), std::vector{block});
+    EXPECT_TRUE(other.Received().empty());
+}
+
+TEST_F(BusMessengerTest, NoReplyIsWanted) {
+    MessengerPeer one(bus, kClass + QStringLiteral(".Main"), kClass);
+
+    messenger->SendToWindows("MsnMsgrUIManager", block);
+
+    EXPECT_TRUE(bus_bench::WaitFor([&] { return !one.Received().empty(); }));
+    EXPECT_FALSE(one.WasReplyWanted());
+}
+
+TEST_F(BusMessengerTest, TheLastWordsGoOutBeforeTheEnd) {
+    MessengerPeer one(bus, kClass + QStringLiteral(".Main"), kClass);
+
+    messenger->SendToWindows("MsnMsgrUIManager", block);
+    messenger.reset();
+    session.reset();
+
+    EXPECT_TRUE(bus_bench::WaitFor([&] { return one.Received().size() == 1; }));
+}
+
+TEST_F(BusMessengerTest, OnADeadBusNothingHappens) {
+    bus.Kill();
+
+    messenger->SendToWindows("MsnMsgrUIManager", block);
+    messenger.reset();
+    session.reset();
+}
+
+TEST(BusMessengerWithoutABus, NothingHappens) {
+    bus_bench::PrivateBus gone;
+    gone.Kill();
+    dbus::SessionBus session(gone.Address());
+    session.Join();
+    dbus::BusMessenger messenger(session);
+
+    messenger.SendToWindows("MsnMsgrUIManager", {1, 0, {}});
+
+    EXPECT_FALSE(session.IsJoined());
+}
+
+}  // namespace
