@@ -262,6 +262,10 @@ class Stage:
         self._processes.append(process)
         return process
 
+    def processes(self, program):
+        """Those of the stage's own processes that run a program."""
+        return [process for process in self._processes if pathlib.Path(process.args[0]).name == program]
+
     def _start_display(self, size):
         reading, writing = os.pipe()
         self.spawn(
