@@ -6,7 +6,6 @@ The whole program plays it in its hole and maximised; a command-line player of t
 The sink's own log says which pictures it drew and which it gave up.
 """
 
-import os
 import pathlib
 import re
 import subprocess
@@ -17,6 +16,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
 import stage as stages
+from program import processor_seconds
 from screening import Screening
 
 RATE = 30
@@ -34,11 +34,6 @@ def make_film(path):
          "lavfi", "-i", "sine=frequency=440:duration=90", "-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p",
          "-b:v", "4M", "-c:a", "aac", str(path)], check=True, stdin=subprocess.DEVNULL)
     return path
-
-
-def processor_seconds(pid):
-    fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
-    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
 
 def pictures(text):
