@@ -103,6 +103,11 @@ std::size_t PrivateSound::Heard() {
     return heard_.size() / 2;
 }
 
+void PrivateSound::Forget() {
+    const std::lock_guard lock(mutex_);
+    heard_ = {};
+}
+
 Samples PrivateSound::Record(double seconds) {
     const std::size_t begin = Heard();
     return Between(begin, begin + static_cast<std::size_t>(seconds * kRate));

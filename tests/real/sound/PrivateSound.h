@@ -34,6 +34,8 @@ public:
     bool WaitForSilence(double seconds = 10);
     /// How many samples have been heard so far.
     std::size_t Heard();
+    /// Gives the room of what was heard back and counts from nothing again.
+    void Forget();
     /// What was heard from one sample to another, waiting for it if need be; less when the server is gone.
     Samples Between(std::size_t begin, std::size_t end);
     /// Seconds from sample `from` to the first one louder than `level`; negative when there is none for 5 s.
