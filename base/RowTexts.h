@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string_view>
@@ -26,6 +27,8 @@ public:
     void Insert(std::size_t row, std::string_view text);
     void Erase(std::size_t row);
     void Clear();
+    /// Takes over all rows of another list.
+    void CopyFrom(const RowTexts& other);
     /// In the order of a sorted list (CompareForSort).
     void Sort();
     /// The first row of a sorted list that does not stand before `text`.
@@ -39,6 +42,16 @@ private:
         std::size_t size = 0;
     };
 
+    struct BlockMove {
+        Reference from;
+        std::size_t size;
+        char* to;
+        bool Holds(Reference reference) const {
+            return !std::less<>()(reference, from) && std::less<>()(reference, from + size);
+        }
+    };
+
+    std::vector<BlockMove> CopyBlocks(const RowTexts& other);
     Reference Store(std::initializer_list<std::string_view> parts);
     void OpenBlock(std::size_t bytes);
     static std::string_view Text(Reference reference);

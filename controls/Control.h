@@ -151,8 +151,7 @@ public:
     Event<int, int, double, double> MouseDown;  ///< button, shift, x, y in the control's scale
     Event<int, int, double, double> MouseMove;
     Event<int, int, double, double> MouseUp;
-    Event<int>
-        MouseWheel;  ///< notches, away from the person above 0; a container hears those of its controls
+    Event<int> MouseWheel;  ///< notches, up above 0; also those over what stands in the control
     Event<const DropData&, double, double> OLEDragDrop;  ///< data, x, y
     Event<> GotFocus;
 

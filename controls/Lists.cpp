@@ -29,6 +29,14 @@ void ListBox::Clear() {
     Report(Property::Items);
 }
 
+void ListBox::CopyRowsFrom(const ListBox& other) {
+    other.PutInOrder();
+    rows_.CopyFrom(other.rows_);
+    out_of_order_ = sorted_ == Sorted::Yes;
+    list_index_ = -1;
+    Report(Property::Items);
+}
+
 std::string_view ListBox::List(int row) const {
     if (row < 0 || row >= ListCount()) return {};
     PutInOrder();

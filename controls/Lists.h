@@ -30,6 +30,8 @@ public:
     /// row; when the selected row goes, ListIndex becomes -1, without a Click.
     bool RemoveItem(int row);
     void Clear();
+    /// Clears the list and adds every row of another one, in its order.
+    void CopyRowsFrom(const ListBox& other);
 
     int ListCount() const { return static_cast<int>(rows_.Size()); }
     /// Text of a row; empty for a row that is not there. The view holds until the list changes.

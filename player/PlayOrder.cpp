@@ -8,9 +8,7 @@ PlayOrder::PlayOrder(PlayOrderControls& controls, ports::Chance& chance)
     : controls_(controls), chance_(chance) {}
 
 void PlayOrder::CopyFrom(const controls::ListBox& entries) {
-    controls_.lstNowPlaying.Clear();
-    for (int row = 0; row < entries.ListCount(); ++row)
-        controls_.lstNowPlaying.AddItem(entries.List(row));
+    controls_.lstNowPlaying.CopyRowsFrom(entries);
 }
 
 std::string PlayOrder::Select(int row) {

@@ -89,6 +89,16 @@ bool RecordSet::MoveFirst() {
     return table_ != nullptr && StandOn(FirstFrom(0));
 }
 
+bool RecordSet::MoveToFirst(Field field, std::string_view text) {
+    if (table_ == nullptr) return false;
+    assert(Has(*table_, field));
+    if (order_.empty()) return StandOn(table_->FirstWith(static_cast<std::size_t>(field.column), text));
+    MoveFirst();
+    while (!Eof() && Text(field) != text)
+        MoveNext();
+    return !Eof();
+}
+
 bool RecordSet::MoveLast() {
     return table_ != nullptr && StandBefore(EndPosition());
 }

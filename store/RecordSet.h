@@ -29,6 +29,8 @@ public:
     bool MoveFirst();
     bool MoveLast();
     bool MoveNext();
+    /// To the first row whose field holds just this text; at Eof when there is none.
+    bool MoveToFirst(Field field, std::string_view text);
     bool MovePrevious();
     bool Eof() const;
     bool Bof() const;

@@ -32,6 +32,15 @@ void Table::Clear() {
     count_ = 0;
 }
 
+RowNumber Table::FirstWith(std::size_t column, std::string_view text) const {
+    // Nothing but the comparison: this walk may be a million rows long and stands between a click and its
+    // song.
+    for (RowNumber row = 0; row < End(); ++row) {
+        if (states_[row] <= State::Changed && Value(row, column) == text) return row;
+    }
+    return End();
+}
+
 RowNumber Table::EndOfLastBefore(RowNumber end) const {
     RowNumber found = std::min(end, End());
     RowNumber gap = found;

@@ -40,6 +40,8 @@ public:
     bool IsThere(RowNumber row) const { return row < End() && states_[row] <= State::Changed; }
     /// The first row at or behind `row`; End() when there is none.
     RowNumber FirstFrom(RowNumber row) const;
+    /// The first row whose value in a column is just this text; End() when there is none.
+    RowNumber FirstWith(std::size_t column, std::string_view text) const;
     /// One more than the last row before `end`; 0 when there is none.
     RowNumber EndOfLastBefore(RowNumber end) const;
     /// The value of a row that is there. The view holds until the table changes.

@@ -111,6 +111,44 @@ TEST(RowTexts, LowerBoundIsTheFirstRowThatDoesNotStandBefore) {
     EXPECT_EQ(RowTexts().LowerBound("a"), 0U);
 }
 
+TEST(RowTexts, ACopyIsWholeAndItsOwn) {
+    base::RowTexts original;
+    for (int i = 0; i < 30'000; ++i)
+        original.PushBack("row " + std::to_string(i) + std::string(static_cast<std::size_t>(i % 90), 'x'));
+    // Rows out of the order they came in, and gaps between them.
+    for (std::size_t row = 0; row < 5'000; ++row)
+        original.Erase(row * 2);
+    original.Insert(3, "between");
+    original.Sort();
+    base::RowTexts copy;
+    copy.PushBack("goes");
+
+    copy.CopyFrom(original);
+
+    ASSERT_EQ(copy.Size(), original.Size());
+    for (std::size_t row = 0; row < copy.Size(); ++row)
+        ASSERT_EQ(copy.At(row), original.At(row)) << row;
+    const std::string first(copy.At(0));
+    original.Clear();
+    original.PushBack(std::string(200, '?'));
+    copy.PushBack("new");
+    EXPECT_EQ(copy.At(0), first);
+    EXPECT_EQ(copy.At(copy.Size() - 1), "new");
+}
+
+TEST(RowTexts, ACopyOfNothingIsEmpty) {
+    const base::RowTexts nothing;
+    base::RowTexts copy;
+    copy.PushBack("goes");
+
+    copy.CopyFrom(nothing);
+    const bool was_empty = copy.Empty();
+    copy.PushBack("new");
+
+    EXPECT_TRUE(was_empty);
+    EXPECT_EQ(copy.At(0), "new");
+}
+
 TEST(RowTexts, ClearingMakesRoomForNewRows) {
     RowTexts rows;
     rows.PushBack("a");

@@ -165,6 +165,34 @@ TEST_F(ListBoxTest, ARowMayBeAddedFromTheListItself) {
     EXPECT_EQ(list_.List(1002), "one");
 }
 
+TEST_F(ListBoxTest, TheRowsOfAnotherListTakeThePlaceOfItsOwn) {
+    controls::ListBox other("lstOther", controls::Sorted::Yes);
+    for (const char* row : {"b", "c", "a"})
+        other.AddItem(row);
+    controls::ListBox list("lstOwn");
+    list.AddItem("goes");
+    list.SetListIndex(0);
+
+    list.CopyRowsFrom(other);
+
+    ASSERT_EQ(list.ListCount(), 3);
+    EXPECT_EQ(list.List(0), "a");
+    EXPECT_EQ(list.List(2), "c");
+    EXPECT_EQ(list.ListIndex(), -1);
+}
+
+TEST(SortedListBox, RowsTakenOverAreSortedToo) {
+    controls::ListBox other("lstOther");
+    for (const char* row : {"b", "c", "a"})
+        other.AddItem(row);
+    controls::ListBox sorted("lstSorted", controls::Sorted::Yes);
+
+    sorted.CopyRowsFrom(other);
+
+    EXPECT_EQ(sorted.List(0), "a");
+    EXPECT_EQ(sorted.List(2), "c");
+}
+
 TEST(SortedListBox, RowsStandInTheOrderOfASortedList) {
     ListBox list("lstArtists", Sorted::Yes);
 

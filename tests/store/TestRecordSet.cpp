@@ -104,6 +104,49 @@ TEST_F(RecordSetOfThreeSongs, WalksBackwardsToBof) {
     EXPECT_FALSE(Records().MovePrevious());
 }
 
+TEST_F(RecordSetOfThreeSongs, MovesToTheFirstRowWithAText) {
+    AddSong(Records(), "4", "Two");
+
+    const bool found = Records().MoveToFirst(tblSong::title, "Two");
+
+    EXPECT_TRUE(found);
+    EXPECT_EQ(Records().Text(tblSong::SongID), "2");
+}
+
+TEST_F(RecordSetOfThreeSongs, ATextThatNoRowHasLeadsToEof) {
+    const bool found = Records().MoveToFirst(tblSong::title, "Tw");
+
+    EXPECT_FALSE(found);
+    EXPECT_TRUE(Records().Eof());
+}
+
+TEST_F(RecordSetOfThreeSongs, ADeletedRowIsNoRowWithItsText) {
+    Records().MoveToFirst(tblSong::title, "Two");
+    Records().Delete();
+
+    EXPECT_FALSE(OtherRecords().MoveToFirst(tblSong::title, "Two"));
+    EXPECT_TRUE(OtherRecords().MoveToFirst(tblSong::title, "Three"));
+}
+
+TEST_F(RecordSetOfThreeSongs, InAnotherOrderTheFirstRowIsTheFirstOfThatOrder) {
+    AddSong(Records(), "4", "Same");
+    Records().MoveLast();
+    Records().Edit();
+    Records().Set(tblSong::artist, "Zoe");
+    Records().Update();
+    AddSong(Records(), "5", "Same");
+    Records().MoveLast();
+    Records().Edit();
+    Records().Set(tblSong::artist, "Ada");
+    Records().Update();
+    source_->Open(store::kSongsByArtist);
+
+    const bool found = Records().MoveToFirst(tblSong::title, "Same");
+
+    EXPECT_TRUE(found);
+    EXPECT_EQ(Records().Text(tblSong::SongID), "5");
+}
+
 TEST_F(RecordSetOfThreeSongs, MovesBackIntoTheRowsFromBothEnds) {
     Records().MoveLast();
     Records().MoveNext();
