@@ -41,6 +41,7 @@ struct FolderIdentity {
     std::uint64_t Volume = 0;
     std::uint64_t Number = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check takes the 0 inside of the default for a pointer
     auto operator<=>(const FolderIdentity&) const = default;
 };
 
