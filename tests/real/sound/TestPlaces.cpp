@@ -1,8 +1,9 @@
-// Where in a song the sound is: pause, seeking, the end, one song after another. The songs rise in
+// Where in a song the sound is: speed, pause, seeking, the end, one song after another. The songs rise in
 // pitch, so that a recording tells the place.
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <filesystem>
@@ -20,6 +21,7 @@ using sound::kRate;
 using sound::Pitch;
 using sound::Samples;
 
+constexpr double kTone = 600;
 constexpr double kLowest = 500;  // of a rising song
 constexpr double kRise = 200;    // hertz a second
 constexpr double kSeconds = 8;   // of a rising song
@@ -35,6 +37,8 @@ std::string RisingWave() {
 double PlaceOf(const std::vector<float>& glance) {
     return (Pitch(glance, kLowest - 100, kLowest + kRise * kSeconds + 100) - kLowest) / kRise;
 }
+
+constexpr std::array kSpeeds = {30, 300, 1030, 1500, 2000};
 
 struct Silence {
     std::size_t begin = 0;
@@ -68,6 +72,16 @@ protected:
         ASSERT_EQ(Send("open " + path + " type MPEGVideo Alias a"), 0) << path;
         Send("set a time format ms");
     }
+    /// Opens a song and plays from its second second, as the player does: the speed follows the start.
+    void PlayAtSpeed(const std::string& path, int speed) {
+        Send("close a");
+        ASSERT_TRUE(server_.WaitForSilence());
+        Open(path);
+        Send("play a from 1000");
+        Send("set a speed " + std::to_string(speed));
+        ASSERT_TRUE(server_.WaitForSound());
+        server_.Record(0.2);
+    }
     /// Seconds of the song at the first sound after `from`; negative when nothing is heard.
     double FirstPlaceHeard(std::size_t from) {
         const double seconds = server_.SecondsToSound(from, kAudible);
@@ -94,6 +108,49 @@ protected:
     sound::GeneratedMedia files_;
     sound::TimedMedia media_{server_, [](std::string_view name) { return std::string(name); }};
 };
+
+TEST_F(Places, EverySpeedKeepsThePitch) {
+    const std::string song = files_.Make("song.wav", {.hertz = kTone, .seconds = kSeconds});
+    for (const int speed : kSpeeds) {
+        SCOPED_TRACE(speed);
+        PlayAtSpeed(song, speed);
+
+        const Samples heard = server_.Record(0.6);
+
+        EXPECT_NEAR(Pitch(heard.left, 500, 700), kTone, kTone * 0.01);
+        EXPECT_NEAR(sound::Amplitude(heard.left, kTone), 0.5, 0.05);
+    }
+}
+
+TEST_F(Places, ASongLastsAsLongAsItsSpeedTells) {
+    constexpr double kApart = 1;
+    const std::string song = files_.Make("song.wav", {.seconds = kSeconds, .wave = RisingWave()});
+    for (const int speed : kSpeeds) {
+        SCOPED_TRACE(speed);
+        PlayAtSpeed(song, speed);
+
+        const Samples heard = server_.Record(kApart + 0.1);
+
+        const double rate = speed / 1000.0;
+        const double from = PlaceOf(sound::Piece(heard.left, 0, kGlance));
+        const double to = PlaceOf(sound::Piece(heard.left, kRate, kGlance));
+        EXPECT_NEAR((to - from) / kApart, rate, std::max(0.03 * rate, 0.03));
+    }
+}
+
+// The times of stretched sound are a little off; the sound server must not mind.
+TEST_F(Places, ASongAtTheUsualSpeedGoesOnEvenly) {
+    const std::string song = files_.Make("song.wav", {.seconds = kSeconds, .wave = RisingWave()});
+    PlayAtSpeed(song, 1030);
+
+    const Samples heard = server_.Record(2);
+
+    const double from = PlaceOf(sound::Piece(heard.left, 0, kGlance));
+    for (std::size_t at = kRate / 4; at + kGlance < heard.left.size(); at += kRate / 4) {
+        const double seconds = static_cast<double>(at) / kRate;
+        EXPECT_NEAR(PlaceOf(sound::Piece(heard.left, at, kGlance)), from + 1.03 * seconds, 0.03) << seconds;
+    }
+}
 
 TEST_F(Places, APauseGoesOnWithTheSampleItStoppedAt) {
     Open(files_.Make("song.wav", {.seconds = kSeconds, .wave = RisingWave()}));

@@ -152,23 +152,6 @@ TEST_F(Sound, StopAndCloseAreSilent) {
     EXPECT_TRUE(server_.WaitForSilence(2));
 }
 
-TEST_F(Sound, SpeedKeepsThePitch) {
-    Play(Song());
-    for (const int speed : {500, 1030, 2000}) {
-        Send("set a speed " + std::to_string(speed));
-        server_.Record(0.5);
-        const int from = Place();
-        const auto begin = Clock::now();
-        const Samples heard = server_.Record(1);
-        const double played = (Place() - from) / 1000.0;
-        const double seconds = std::chrono::duration<double>(Clock::now() - begin).count();
-
-        EXPECT_NEAR(sound::Pitch(heard.left, 500, 700), kTone, kTone * 0.01) << speed;
-        EXPECT_NEAR(Rms(heard.left), kFull * 0.707, 0.03) << speed;
-        EXPECT_NEAR(played, seconds * speed / 1000, 0.15) << speed;
-    }
-}
-
 TEST_F(Sound, ASeekIsHeard) {
     const std::string path = files_.Path("two.wav");
     const std::string first = Song(kTone, 3);
