@@ -183,6 +183,29 @@ class Tour(Story):
         return [level_of_tone(side, 440) > 0.2 for side in (left, right)] == [on_left, on_right] and all(
             on or loudness(side) < 0.01 for on, side in ((on_left, left), (on_right, right)))
 
+    # -- what the house outside is told --
+
+    def tell_the_house(self):
+        self.play_afresh("mp3")
+        told = wait_for("the player on the bus", self._metadata)
+        check("Morning Tone" in told and "Ada Larkspur" in told, f"the bus is told {told}")
+        players = self._players()
+        check_equal("players on the bus", len(players), 1)
+        return [("player", players[0]), ("title", "Morning Tone"), ("artist", "Ada Larkspur")]
+
+    def _players(self):
+        names = self.stage.run("gdbus", "call", "--session", "--dest", "org.freedesktop.DBus", "--object-path", "/",
+                               "--method", "org.freedesktop.DBus.ListNames")
+        return re.findall(r"org\.mpris\.MediaPlayer2\.[\w.]+", names)
+
+    def _metadata(self):
+        players = self._players()
+        if not players:
+            return None
+        return self.stage.run("gdbus", "call", "--session", "--dest", players[0], "--object-path",
+                              "/org/mpris/MediaPlayer2", "--method", "org.freedesktop.DBus.Properties.Get",
+                              "org.mpris.MediaPlayer2.Player", "Metadata") or None
+
     # -- pictures --
 
     def video_window(self):
@@ -257,6 +280,7 @@ class Tour(Story):
             ("One song crosses over to the next", self.cross_fade),
             ("The sound swings from side to side", self.pan),
             ("The speaker test", self.speaker_test),
+            ("Another program on the bus shows what plays", self.tell_the_house),
             ("A video in its hole", self.video_in_its_hole),
             ("The video floats", self.video_floats),
             ("The video fills the screen", self.video_fills_the_screen),
