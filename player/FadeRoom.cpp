@@ -61,7 +61,7 @@ void FadeRoom::PlaceMarkerForSong() {
 }
 
 void FadeRoom::RestoreMarker() {
-    KeepMarkerWidth(controls_.lblStartFade, picSongProgress_);
+    KeepMarkerWidth(controls_.lblStartFade, picSongProgress_, kSongMarkerWidth);
     PlaceMarker();
 }
 

@@ -31,8 +31,8 @@ void Pair(controls::Image& plain, controls::Image& bright, double size, std::str
 
 }  // namespace
 
-void KeepMarkerWidth(controls::Label& marker, const controls::PictureBox& bar) {
-    if (bar.Width() > 0) marker.SetWidth(kMarkerWidth * bar.ScaleWidth() / bar.Width());
+void KeepMarkerWidth(controls::Label& marker, const controls::PictureBox& bar, double width) {
+    if (bar.Width() > 0) marker.SetWidth(width * bar.ScaleWidth() / bar.Width());
 }
 
 PlayButtonControls::PlayButtonControls() {
@@ -73,7 +73,7 @@ ProgressControls::ProgressControls() {
     picSongProgress.Move(1650, 630, 8790, kBarHeight);
     picSongProgress.SetLook("progress");
     picSongProgress.SetAccessibleName("Position in the song");
-    lblProgress.Move(0, 0, kMarkerWidth, kBarHeight);
+    lblProgress.Move(0, 0, kSongMarkerWidth, kBarHeight);
     lblProgress.SetLook("marker");
     lblProgress.SetAccessibleName("Position");
 }
@@ -86,7 +86,7 @@ PanelControls::PanelControls() {
 }
 
 FadeControls::FadeControls() {
-    lblStartFade.Move(0, 0, kMarkerWidth, kBarHeight);
+    lblStartFade.Move(0, 0, kSongMarkerWidth, kBarHeight);
     lblStartFade.SetLook("fademarker");
     lblStartFade.SetAccessibleName("Start of the cross fade");
 }
@@ -114,7 +114,7 @@ SpeedControls::SpeedControls() {
     picSpeed.Move(2370, 1050, 2700, kBarHeight - 45);
     picSpeed.SetLook("track");
     Name(picSpeed, "Speed");
-    lblSongSpeed.Move(1350, 0, kMarkerWidth, kBarHeight - 45);
+    lblSongSpeed.Move(1350, 0, kSpeedMarkerWidth, kBarHeight - 45);
     lblSongSpeed.SetLook("marker");
     Name(lblSongSpeed, "Speed");
     lblSpeedLabel.Move(1650, 1035, 660, 270);

@@ -17,11 +17,14 @@ inline constexpr double kFullVolumeLeft = 1785;
 /// Units across the speed bar; its middle is the normal speed.
 inline constexpr double kSpeedBarScale = 200;
 
-/// Markers keep this width on the screen, whatever the scale of their bar.
-inline constexpr double kMarkerWidth = 120;
+/// The speed's marker keeps this width in twips, whatever the scale of its bar.
+inline constexpr double kSpeedMarkerWidth = 120;
+/// The song's two markers are a pixel wide: a song ends when they meet, and with the fades off they may not
+/// meet before 99.5 percent are played. The screen draws them wide enough for a hand.
+inline constexpr double kSongMarkerWidth = 15;
 
-/// Gives a marker its width again, in the units of the bar it stands on.
-void KeepMarkerWidth(controls::Label& marker, const controls::PictureBox& bar);
+/// Gives a marker its width in twips again, in the units of the bar it stands on.
+void KeepMarkerWidth(controls::Label& marker, const controls::PictureBox& bar, double width);
 
 /// Play, pause, stop: each a plain picture and its bright twin, which takes the click.
 struct PlayButtonControls {

@@ -32,7 +32,7 @@ void SpeedRoom::ApplySpeed() {
 
 void SpeedRoom::PlaceMarker() {
     controls_.picSpeed.SetScaleWidth(kSpeedBarScale);
-    KeepMarkerWidth(controls_.lblSongSpeed, controls_.picSpeed);
+    KeepMarkerWidth(controls_.lblSongSpeed, controls_.picSpeed, kSpeedMarkerWidth);
     controls_.lblSongSpeed.SetLeft(state_.SongSpeed);
 }
 

@@ -51,7 +51,7 @@ void TransportRoom::RestoreBarScale() {
         const auto frames = static_cast<double>(mci_.MciLengthFrames(state_.CurrentAlias));
         if (frames > 0) controls_.picSongProgress.SetScaleWidth(frames / state_.FramesPerSecond);
     }
-    KeepMarkerWidth(controls_.lblProgress, controls_.picSongProgress);
+    KeepMarkerWidth(controls_.lblProgress, controls_.picSongProgress, kSongMarkerWidth);
 }
 
 void TransportRoom::tmrPlay_Tick() {

@@ -21,6 +21,19 @@ int Rounded(double pixels) {
     return std::isfinite(pixels) ? static_cast<int>(std::floor(std::clamp(pixels, -kFar, kFar) + 0.5)) : 0;
 }
 
+// A marker on a scale may be a line; for eye and hand it is as wide as this, around its place and inside its
+// bar.
+constexpr int kGrip = 8;
+
+bool IsMarker(const controls::Control& control) {
+    return control.Look() == "marker" || control.Look() == "fademarker";
+}
+
+QRect GripAround(const QRect& line, const controls::Control& bar) {
+    const int right_most = std::max(0, PixelRect(bar).width() - kGrip);
+    return {std::clamp(line.center().x() - kGrip / 2, 0, right_most), line.y(), kGrip, line.height()};
+}
+
 struct FramePixels {
     int side = 0;
     int top = 0;
@@ -45,7 +58,9 @@ QRect PixelRect(const controls::Control& control) {
     const int right = Rounded(control.Right() / across);
     const int top = ToPixels(control.Top());
     const int bottom = ToPixels(control.Bottom());
-    return {left, top, right - left, bottom - top};
+    const QRect rect(left, top, right - left, bottom - top);
+    if (rect.width() >= kGrip || !IsMarker(control) || control.Parent() == nullptr) return rect;
+    return GripAround(rect, *control.Parent());
 }
 
 QPointF InScaleOf(const controls::Control& control, const QPointF& pixels) {

@@ -403,7 +403,19 @@ TEST(TransportRoom, AResizeRestoresScaleAndMarkers) {
 
     EXPECT_DOUBLE_EQ(house.bar.ScaleWidth(), 100);
     EXPECT_DOUBLE_EQ(house.start_fade.Left(), 95);
-    EXPECT_DOUBLE_EQ(house.marker.Width(), 1) << "120 twips";
+    EXPECT_DOUBLE_EQ(house.marker.Width(), 0.125) << "15 twips";
+}
+
+TEST(TransportRoom, WithTheFadeOffTheMarkersMeetInTheLastHalfPercent) {
+    Playing house;
+    house.bar.SetWidth(5000);
+    house.player.RestoreBars();
+    house.menu.mnuFadeOff.Click.Raise();
+
+    house.GoTo(99.4);
+
+    EXPECT_EQ(house.PlayingOn("a"), "C:\\m\\a.mp3") << "the last sound of a song is not cut off";
+    EXPECT_EQ(house.PlayingOn("b"), "");
 }
 
 }  // namespace

@@ -29,6 +29,22 @@ TEST(Geometry, ChildrenOfAScaledBoxArePlacedInItsUnitsAcrossAndInTwipsDown) {
     EXPECT_EQ(qt::PixelRect(marker), QRect(200, 2, 8, 10));
 }
 
+TEST(Geometry, AMarkerThatIsALineIsAsWideAsAGripAroundItsPlaceAndInsideItsBar) {
+    controls::PictureBox bar("picSongProgress");
+    controls::Label marker("lblProgress");
+    marker.SetLook("marker");
+    bar.Move(0, 0, 600 * 15, 20 * 15);
+    bar.Add(marker);
+    bar.SetScaleWidth(300);
+    marker.Move(100, 0, 0.5, 300);
+    const QRect amid = qt::PixelRect(marker);
+
+    marker.SetLeft(299.5);
+
+    EXPECT_EQ(amid, QRect(196, 0, 8, 20));
+    EXPECT_EQ(qt::PixelRect(marker), QRect(592, 0, 8, 20));
+}
+
 TEST(Geometry, APointInAScaledBoxIsToldInItsUnits) {
     controls::PictureBox bar("picSongProgress");
     bar.Move(0, 0, 600 * 15, 20 * 15);
