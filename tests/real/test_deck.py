@@ -37,7 +37,7 @@ def renderers():
     found = []
     for folder in pathlib.Path("/proc").glob("[0-9]*"):
         try:
-            words = (folder / "cmdline").read_bytes().split(b"\0")
+            words = (folder / "cmdline").read_bytes()
             if folder.stat().st_uid == os.getuid() and b"--type=renderer" in words:
                 found.append(int(folder.name))
         except OSError:
