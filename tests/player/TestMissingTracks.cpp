@@ -1,0 +1,242 @@
+// Tracks that are gone, of another kind, or not to be opened.
+#include <gtest/gtest.h>
+
+#include "player/PlayerHouse.h"
+
+namespace {
+
+using player_tests::PlayerHouse;
+
+TEST(MissingTracks, SaysOnceThatEveryTrackOfAListOfTwoIsMissing) {
+    PlayerHouse house;
+    house.AddTrack("one", "C:\\m\\gone1.mp3");
+    house.AddTrack("two", "C:\\m\\gone2.mp3");
+
+    house.DoubleClickTrack(0);
+
+    ASSERT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(house.dialogs.Boxes[0].text, "Every track in this playlist is missing!");
+    EXPECT_EQ(house.dialogs.Boxes[0].buttons, ports::BoxButtons::Ok);
+    EXPECT_TRUE(house.controls.transport.lblNoFile.Visible());
+    EXPECT_FALSE(house.IsOpen("a"));
+}
+
+TEST(MissingTracks, MovesOnFromAMissingTrackAtOnce) {
+    PlayerHouse house;
+    house.AddTrack("gone", "C:\\m\\gone.mp3");
+    house.AddTrack("here", house.AddSong("here.mp3"));
+
+    house.DoubleClickTrack(0);
+
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\here.mp3");
+    EXPECT_EQ(house.state.MissingTrackCount, 0);
+    EXPECT_FALSE(house.controls.transport.lblNoFile.Visible());
+    EXPECT_TRUE(house.dialogs.Boxes.empty());
+}
+
+TEST(MissingTracks, EndsWithTheMissingBoxOnAnEmptyPlayOrder) {
+    PlayerHouse house;
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_TRUE(house.controls.transport.lblNoFile.Visible());
+    EXPECT_FALSE(house.IsOpen("a"));
+}
+
+TEST(MissingTracks, AMissingFileOutsideAListOfOneCountsAsTheWholeList) {
+    PlayerHouse house;
+    const auto song = house.AddSong("a.mp3");
+    house.AddTrack("a", song);
+    house.DoubleClickTrack(0);
+
+    house.player.PlaySong(PlayerHouse::Gone("other.mp3"));
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(house.PlayingOn("a"), song) << "what plays goes on";
+    EXPECT_EQ(house.state.MissingTrackCount, 1);
+}
+
+TEST(MissingTracks, ACountBeyondTheListsLengthMovesOnToTheList) {
+    PlayerHouse house;
+    const auto song = house.AddSong("a.mp3");
+    house.AddTrack("a", song);
+    house.DoubleClickTrack(0);
+    house.player.PlaySong(PlayerHouse::Gone("one.mp3"));
+    house.dialogs.Boxes.clear();
+
+    house.player.PlaySong(PlayerHouse::Gone("two.mp3"));
+
+    EXPECT_TRUE(house.dialogs.Boxes.empty());
+    EXPECT_EQ(house.PlayingOn("b"), song) << "the list began anew";
+    EXPECT_EQ(house.state.MissingTrackCount, 0);
+}
+
+TEST(MissingTracks, ACountBeyondTheListsLengthStillEndsInTheBoxWhenAllAreMissing) {
+    PlayerHouse house;
+    house.AddTrack("one", PlayerHouse::Gone("1.mp3"));
+    house.AddTrack("two", PlayerHouse::Gone("2.mp3"));
+    house.DoubleClickTrack(0);
+    house.Cue("three", PlayerHouse::Gone("3.mp3"));
+    house.state.CueHeadIsPath = true;
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 2U);
+    EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
+    EXPECT_FALSE(house.IsOpen("a"));
+}
+
+TEST(MissingTracks, ACountBeyondTheListsLengthEndsAtTheFirstFileThatCannotBeOpened) {
+    PlayerHouse house;
+    house.AddTrack("broken", house.AddBrokenSong("broken.mp3"));
+    house.DoubleClickTrack(0);
+    house.state.MissingTrackCount = 7;
+
+    house.RunFor(1000);
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U) << "and not one a tick";
+    EXPECT_TRUE(house.state.PlayerStopped);
+}
+
+TEST(MissingTracks, ADoubleClickCountsMissingTracksAnew) {
+    PlayerHouse house;
+    for (const char* name : {"1.mp3", "2.mp3", "3.mp3"})
+        house.AddTrack(name, PlayerHouse::Gone(name));
+    house.DoubleClickTrack(0);
+    ASSERT_EQ(house.state.MissingTrackCount, 3);
+
+    house.DoubleClickTrack(1);
+
+    EXPECT_EQ(house.state.MissingTrackCount, 3);
+    EXPECT_EQ(house.dialogs.Boxes.size(), 2U);
+    EXPECT_EQ(house.controls.queue.lstNowPlaying.ListIndex(), 0) << "from the second row on, three tries";
+}
+
+TEST(MissingTracks, RepeatOfAFileThatIsGoneTriesItOnceForEachRow) {
+    PlayerHouse house;
+    const auto song = house.AddSong("a.mp3");
+    house.AddTrack("a", song);
+    house.AddTrack("b", house.AddSong("b.mp3"));
+    house.DoubleClickTrack(0);
+    house.menu.mnuRepeat.Click.Raise();
+    house.library.Existing.erase(song);
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(house.state.MissingTrackCount, 2);
+    EXPECT_EQ(house.controls.queue.lstNowPlaying.ListIndex(), 0) << "the order did not move";
+}
+
+TEST(MissingTracks, GetsThroughAVeryLongListOfMissingTracks) {
+    PlayerHouse house;
+    for (int i = 0; i < 100'000; ++i)
+        house.AddTrack("gone", PlayerHouse::Gone("gone.mp3"));
+
+    house.DoubleClickTrack(0);
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(house.state.MissingTrackCount, 100'000);
+    EXPECT_EQ(house.controls.queue.lstNowPlaying.ListIndex(), 99'999);
+}
+
+TEST(MissingTracks, PlaysTheOneTrackBehindAVeryLongRowOfMissingOnes) {
+    PlayerHouse house;
+    for (int i = 0; i < 99'999; ++i)
+        house.AddTrack("gone", PlayerHouse::Gone("gone.mp3"));
+    const auto song = house.AddSong("here.mp3");
+    house.AddTrack("here", song);
+
+    house.DoubleClickTrack(0);
+
+    EXPECT_EQ(house.PlayingOn("a"), song);
+    EXPECT_EQ(house.state.MissingTrackCount, 0);
+    EXPECT_TRUE(house.dialogs.Boxes.empty());
+}
+
+TEST(MissingTracks, WalksAVeryLongRowOfMissingCues) {
+    PlayerHouse house;
+    house.AddTrack("here", house.AddSong("here.mp3"));
+    house.AddTrack("gone", PlayerHouse::Gone("gone.mp3"));
+    house.DoubleClickTrack(0);
+    house.state.MissingTrackCount = 10;
+    for (int i = 0; i < 2'000; ++i)
+        house.Cue("gone", PlayerHouse::Gone("gone.mp3"));
+    house.state.CueHeadIsPath = true;
+
+    house.player.EndOfSongCode();
+
+    EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\here.mp3") << "round from the missing second row";
+}
+
+TEST(MissingTracks, TakesAFileOfAnotherKindAsMissing) {
+    PlayerHouse house;
+    const auto text = house.AddSong("notes.txt");
+
+    house.player.PlaySong(text);
+
+    EXPECT_TRUE(house.controls.transport.lblNoFile.Visible());
+    EXPECT_TRUE(house.history.Rows.empty());
+}
+
+TEST(MissingTracks, LeavesTheDisplayWhenASongCannotBeOpened) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("good.mp3", 61000));
+    const std::string broken = "C:\\m\\broken.mp3";
+    house.files.AddFile(broken);
+    house.library.Existing.insert(broken);
+
+    house.player.PlaySong(broken);
+
+    EXPECT_FALSE(house.IsOpen("b"));
+    EXPECT_EQ(house.state.FramesPerSecond, -1);
+    EXPECT_EQ(house.state.TotalTimeText, "1:01");
+    EXPECT_DOUBLE_EQ(house.controls.transport.picSongProgress.ScaleWidth(), 61);
+}
+
+TEST(MissingTracks, MovesOnFromASongThatCannotBeOpened) {
+    PlayerHouse house;
+    house.AddTrack("broken", house.AddBrokenSong("broken.mp3"));
+    house.AddTrack("good", house.AddSong("good.mp3"));
+    house.DoubleClickTrack(0);
+    const bool stood_there = house.NowPlaying() == "C:\\m\\broken.mp3";
+
+    house.RunFor(50);
+
+    EXPECT_TRUE(stood_there);
+    EXPECT_EQ(house.PlayingOn("a"), "C:\\m\\good.mp3");
+    EXPECT_EQ(house.state.MissingTrackCount, 0);
+    EXPECT_FALSE(house.controls.transport.lblNoFile.Visible());
+}
+
+TEST(MissingTracks, SaysOnceThatNoSongOfAListCanBeOpened) {
+    PlayerHouse house;
+    house.AddTrack("one", house.AddBrokenSong("one.mp3"));
+    house.AddTrack("two", house.AddBrokenSong("two.mp3"));
+    house.AddTrack("three", "C:\\m\\missing.mp3");
+    house.DoubleClickTrack(0);
+
+    house.RunFor(2000);
+
+    ASSERT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(house.dialogs.Boxes[0].text, "Every track in this playlist is missing!");
+    EXPECT_TRUE(house.state.PlayerStopped);
+    EXPECT_TRUE(house.controls.transport.lblNoFile.Visible());
+}
+
+TEST(MissingTracks, RepeatsASongThatCannotBeOpenedNoMoreThanTheListIsLong) {
+    PlayerHouse house;
+    house.AddTrack("broken", house.AddBrokenSong("broken.mp3"));
+    house.AddTrack("good", house.AddSong("good.mp3"));
+    house.controls.transport.imgRepeat.SetVisible(true);
+    house.DoubleClickTrack(0);
+
+    house.RunFor(1000);
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_TRUE(house.state.PlayerStopped);
+}
+
+}  // namespace
