@@ -137,14 +137,68 @@ struct PlayerMenuEntries {
     }
 };
 
-/// Songs at "C:\m\", half a minute long unless a test says otherwise; quick fade and no panning, as at the
-/// start.
-struct PlayerHouse {
-    PlayerHouse() {
+/// The player on a desk of its own, over the media, the files and the kinds of files that a test gives it;
+/// which outlive it.
+struct PlayerParts {
+    PlayerParts(ports::MediaControl& media, const ports::Files& files, player::FileKinds& kinds,
+                player::SongPaths& songs)
+        : mci(media, no_windows, files),
+          player({controls,
+                  menu.References(),
+                  frmVideo,
+                  frmSpeakerTest,
+                  {lstTracks, lstMaybe, ListMaybeChanged},
+                  {lstArtists, lstPlayLists, lstTracks}},
+                 state, {kinds, songs, history, message, address, window},
+                 {mci, datSong, dialogs, desktop, chance}) {
         controls.PutInto(frmBrowser, frmBrowser);
         desktop.Adopt(frmBrowser);
         desktop.Adopt(frmVideo);
         stores.Bind(datSong, "tblSong");
+    }
+
+    void DoubleClickTrack(int row) {
+        lstTracks.SetListIndex(row);
+        lstTracks.DblClick.Raise();
+    }
+    const std::string& NowPlaying() const { return controls.transport.lblFileNowPlaying.Caption(); }
+
+    fakes::FakeDesktop desktop;
+    fakes::FakeDialogs dialogs;
+    fakes::SeededStores stores{desktop};
+    RecordingHistory history;
+    RecordingMessage message;
+    RecordingAddressRow address;
+    FakeMainWindow window;
+    FakeChance chance;
+    NoWindows no_windows;
+    store::DataSource datSong{"datSong"};
+    controls::Form frmBrowser{"frmBrowser", "Brindlepost"};
+    player::PlayerControls controls;
+    PlayerMenuEntries menu;
+    player::VideoForm frmVideo;
+    player::SpeakerTestForm frmSpeakerTest;
+    controls::ListBox lstTracks{"lstTracks"};
+    controls::ListBox lstMaybe{"lstMaybe"};
+    controls::ListBox lstArtists{"lstArtists"};
+    controls::ListBox lstPlayLists{"lstPlayLists"};
+    bool ListMaybeChanged = false;
+    player::PlayerState state;
+    player::MciLayer mci;
+    player::Player player;
+};
+
+/// Files and a device that exist in memory only.
+struct FakeMedia {
+    fakes::FakeFiles files;
+    fakes::FakeMediaControl device;
+    FakeLibrary library;
+};
+
+/// Songs at "C:\m\", half a minute long unless a test says otherwise; quick fade and no panning, as at the
+/// start.
+struct PlayerHouse : FakeMedia, PlayerParts {
+    PlayerHouse() : PlayerParts(device, files, library, library) {
         menu.mnuQuickFade.SetChecked(true);
         menu.mnuPanOff.SetChecked(true);
         controls.video.picVideo.Move(300, 6000, 2400, 1800);
@@ -196,12 +250,6 @@ struct PlayerHouse {
         frmVideo.Move(left, top, width, height);
     }
 
-    void DoubleClickTrack(int row) {
-        lstTracks.SetListIndex(row);
-        lstTracks.DblClick.Raise();
-    }
-
-    const std::string& NowPlaying() const { return controls.transport.lblFileNowPlaying.Caption(); }
     /// The commands since the last call.
     std::vector<std::string> TakeCommands() { return device.NewCommands(); }
     bool IsOpen(std::string_view alias) const { return device.IsOpen(alias); }
@@ -229,41 +277,6 @@ struct PlayerHouse {
     static void Release(controls::Control& control, int button = controls::kLeftButton) {
         control.MouseUp.Raise(button, 0, 0, 0);
     }
-
-    fakes::FakeDesktop desktop;
-    fakes::FakeDialogs dialogs;
-    fakes::FakeFiles files;
-    fakes::FakeMediaControl device;
-    fakes::SeededStores stores{desktop};
-    FakeLibrary library;
-    RecordingHistory history;
-    RecordingMessage message;
-    RecordingAddressRow address;
-    FakeMainWindow window;
-    FakeChance chance;
-    NoWindows no_windows;
-    store::DataSource datSong{"datSong"};
-    controls::Form frmBrowser{"frmBrowser", "Brindlepost"};
-    player::PlayerControls controls;
-    PlayerMenuEntries menu;
-    player::VideoForm frmVideo;
-    player::SpeakerTestForm frmSpeakerTest;
-    controls::ListBox lstTracks{"lstTracks"};
-    controls::ListBox lstMaybe{"lstMaybe"};
-    controls::ListBox lstArtists{"lstArtists"};
-    controls::ListBox lstPlayLists{"lstPlayLists"};
-    bool ListMaybeChanged = false;
-    player::PlayerState state;
-    player::MciLayer mci{device, no_windows, files};
-    player::Player player{{controls,
-                           menu.References(),
-                           frmVideo,
-                           frmSpeakerTest,
-                           {lstTracks, lstMaybe, ListMaybeChanged},
-                           {lstArtists, lstPlayLists, lstTracks}},
-                          state,
-                          {library, library, history, message, address, window},
-                          {mci, datSong, dialogs, desktop, chance}};
 };
 
 /// The commands without the questions.

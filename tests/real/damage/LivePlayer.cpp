@@ -6,11 +6,7 @@ namespace damage {
 
 using Clock = std::chrono::steady_clock;
 
-LivePlayer::LivePlayer() : now_(Clock::now()) {
-    controls.PutInto(frmBrowser, frmBrowser);
-    desktop.Adopt(frmBrowser);
-    desktop.Adopt(frmVideo);
-    stores.Bind(datSong, "tblSong");
+LivePlayer::LivePlayer() : PlayerParts(engine, files, kinds, kinds), now_(Clock::now()) {
     menu.mnuFadeOff.Click.Raise();
     menu.mnuPanOff.SetChecked(true);
     // The next song starts at the end of the one before.
@@ -22,11 +18,6 @@ void LivePlayer::AddTrack(std::string_view native_path) {
     lstTracks.AddItem(library::FileNameOf(path));
     lstMaybe.AddItem(path);
     ListMaybeChanged = true;
-}
-
-void LivePlayer::DoubleClickTrack(int row) {
-    lstTracks.SetListIndex(row);
-    lstTracks.DblClick.Raise();
 }
 
 void LivePlayer::CatchUp() {
@@ -43,10 +34,6 @@ bool LivePlayer::RunUntil(const std::function<bool()>& done, double seconds) {
         CatchUp();
     }
     return true;
-}
-
-std::string LivePlayer::NowPlaying() const {
-    return files.ToNative(controls.transport.lblFileNowPlaying.Caption());
 }
 
 bool LivePlayer::IsPlaying() {

@@ -28,14 +28,19 @@ private:
     const ports::Files& files_;
 };
 
-class LivePlayer final {
+/// Real files and the real engine.
+struct RealMedia {
+    linux_os::LinuxFiles files{linux_os::RunningProgram()};
+    gstreamer::MediaEngine engine{[this](std::string_view path) { return files.ToNative(path); }};
+    KindsOfFiles kinds{files};
+};
+
+class LivePlayer final : public RealMedia, public player_tests::PlayerParts {
 public:
     LivePlayer();
 
     /// A row of the visible tracks, by native path.
     void AddTrack(std::string_view native_path);
-    /// As a person would, on that row.
-    void DoubleClickTrack(int row);
     /// Lets timers tick until `done` says so; false when `seconds` pass before.
     bool RunUntil(const std::function<bool()>& done, double seconds);
     /// What the next button of a keyboard does.
@@ -43,7 +48,7 @@ public:
     void Stop() { controls.transport.imgStopOver.Click.Raise(); }
 
     /// Native path of the current song.
-    std::string NowPlaying() const;
+    std::string NativePath() const { return files.ToNative(NowPlaying()); }
     /// The current song plays.
     bool IsPlaying();
     /// Milliseconds; -1 when nothing is open.
@@ -56,43 +61,6 @@ private:
     std::int64_t Frames() const { return state.FramesPerSecond > 0 ? state.FramesPerSecond : 1; }
     void CatchUp();
 
-public:
-    fakes::FakeDesktop desktop;
-    fakes::FakeDialogs dialogs;
-    linux_os::LinuxFiles files{linux_os::RunningProgram()};
-    gstreamer::MediaEngine engine{[this](std::string_view path) { return files.ToNative(path); }};
-    fakes::SeededStores stores{desktop};
-    KindsOfFiles kinds{files};
-    player_tests::RecordingHistory history;
-    player_tests::RecordingMessage message;
-    player_tests::RecordingAddressRow address;
-    player_tests::FakeMainWindow window;
-    player_tests::FakeChance chance;
-    player_tests::NoWindows no_windows;
-    store::DataSource datSong{"datSong"};
-    controls::Form frmBrowser{"frmBrowser", "Brindlepost"};
-    player::PlayerControls controls;
-    player_tests::PlayerMenuEntries menu;
-    player::VideoForm frmVideo;
-    player::SpeakerTestForm frmSpeakerTest;
-    controls::ListBox lstTracks{"lstTracks"};
-    controls::ListBox lstMaybe{"lstMaybe"};
-    controls::ListBox lstArtists{"lstArtists"};
-    controls::ListBox lstPlayLists{"lstPlayLists"};
-    bool ListMaybeChanged = false;
-    player::PlayerState state;
-    player::MciLayer mci{engine, no_windows, files};
-    player::Player player{{controls,
-                           menu.References(),
-                           frmVideo,
-                           frmSpeakerTest,
-                           {lstTracks, lstMaybe, ListMaybeChanged},
-                           {lstArtists, lstPlayLists, lstTracks}},
-                          state,
-                          {kinds, kinds, history, message, address, window},
-                          {mci, datSong, dialogs, desktop, chance}};
-
-private:
     std::chrono::steady_clock::time_point now_;
 };
 

@@ -71,10 +71,10 @@ public:
         const double start = SecondsSince(begin);
         if (start > kBound) return Tell("FAILED", start, "starting took too long");
         const auto next_plays = [&] {
-            return player.NowPlaying() == next_ && player.IsPlaying() && player.Place() > 0;
+            return player.NativePath() == next_ && player.IsPlaying() && player.Place() > 0;
         };
         if (player.RunUntil(next_plays, kPatience)) return Tell("ok", SecondsSince(begin), "by itself");
-        const bool plays = player.NowPlaying() == path && player.IsPlaying();
+        const bool plays = player.NativePath() == path && player.IsPlaying();
         if (!plays) return Tell("FAILED", SecondsSince(begin), "stands still" + StateOf(player));
         const std::string state = StateOf(player);
         player.Next();

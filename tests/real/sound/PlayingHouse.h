@@ -15,15 +15,21 @@
 
 namespace sound {
 
+/// Real files and the real engine, whose levels are noted with their moments.
+struct HeardMedia {
+    explicit HeardMedia(PrivateSound& server)
+        : media(server, [this](std::string_view name) { return files.ToNative(name); }) {}
+
+    linux_os::LinuxFiles files{"/nowhere/Brindlepost"};
+    TimedMedia media;
+    player_tests::FakeLibrary library;
+};
+
 /// Quick fade and no panning, as at the start; no song is known to the library.
-class PlayingHouse final {
+class PlayingHouse final : public HeardMedia, public player_tests::PlayerParts {
 public:
     explicit PlayingHouse(PrivateSound& server)
-        : media(server, [this](std::string_view name) { return files.ToNative(name); }) {
-        controls.PutInto(frmBrowser, frmBrowser);
-        desktop.Adopt(frmBrowser);
-        desktop.Adopt(frmVideo);
-        stores.Bind(datSong, "tblSong");
+        : HeardMedia(server), PlayerParts(media, files, library, library) {
         menu.mnuQuickFade.SetChecked(true);
         menu.mnuPanOff.SetChecked(true);
         controls.levels.imgVol.SetLeft(player::kFullVolumeLeft);
@@ -45,10 +51,6 @@ public:
             lstMaybe.AddItem(path);
         }
         ListMaybeChanged = true;
-    }
-    void DoubleClickTrack(int row) {
-        lstTracks.SetListIndex(row);
-        lstTracks.DblClick.Raise();
     }
 
     /// Lets the timers run in real time until `done` says yes; false when it did not within `seconds`.
@@ -73,42 +75,6 @@ public:
         last_tick_ = passed > milliseconds(kLongestStep) ? now : last_tick_ + passed;
     }
     bool IsFading() const { return controls.levels.tmrFade.Enabled(); }
-    const std::string& NowPlaying() const { return controls.transport.lblFileNowPlaying.Caption(); }
-
-    linux_os::LinuxFiles files{"/nowhere/Brindlepost"};
-    TimedMedia media;
-    fakes::FakeDesktop desktop;
-    fakes::FakeDialogs dialogs;
-    fakes::SeededStores stores{desktop};
-    player_tests::FakeLibrary library;
-    player_tests::RecordingHistory history;
-    player_tests::RecordingMessage message;
-    player_tests::RecordingAddressRow address;
-    player_tests::FakeMainWindow window;
-    player_tests::FakeChance chance;
-    player_tests::NoWindows no_windows;
-    store::DataSource datSong{"datSong"};
-    controls::Form frmBrowser{"frmBrowser", "Brindlepost"};
-    player::PlayerControls controls;
-    player_tests::PlayerMenuEntries menu;
-    player::VideoForm frmVideo;
-    player::SpeakerTestForm frmSpeakerTest;
-    controls::ListBox lstTracks{"lstTracks"};
-    controls::ListBox lstMaybe{"lstMaybe"};
-    controls::ListBox lstArtists{"lstArtists"};
-    controls::ListBox lstPlayLists{"lstPlayLists"};
-    bool ListMaybeChanged = false;
-    player::PlayerState state;
-    player::MciLayer mci{media, no_windows, files};
-    player::Player player{{controls,
-                           menu.References(),
-                           frmVideo,
-                           frmSpeakerTest,
-                           {lstTracks, lstMaybe, ListMaybeChanged},
-                           {lstArtists, lstPlayLists, lstTracks}},
-                          state,
-                          {library, library, history, message, address, window},
-                          {mci, datSong, dialogs, desktop, chance}};
 
 private:
     static constexpr int kLongestStep = 10;
