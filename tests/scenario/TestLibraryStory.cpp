@@ -14,6 +14,20 @@ protected:
 
     Texts Tracks(Program& program) { return Program::RowsOf(program.Browser().library.lists.lstTracks); }
 
+    void AddNineSongs() {
+        for (int i = 0; i < 9; ++i)
+            computer.AddSong("C:\\Music\\" + std::to_string(i) + ".mp3");
+    }
+    /// From the login to the files found, in the dialog that an empty library offers.
+    void SearchMusic(Program& program) {
+        program.dialogs.Answers = {ports::BoxAnswer::Yes};
+        program.StartAndLogIn("Ann", "rose");
+        auto& dialog = program.windows.add_media;
+        ASSERT_TRUE(dialog.Dir1.SetPath("C:\\Music"));
+        program.Click(dialog.cmdGetFiles);
+        program.Wait(500);
+    }
+
     Computer computer;
 };
 
@@ -68,15 +82,10 @@ TEST_F(LibraryStory, MediaIsFoundInAFolderAndBelowItAndAdded) {
 }
 
 TEST_F(LibraryStory, LoggingOutEndsAnAddingAndKeepsWhatIsAdded) {
-    for (int i = 0; i < 9; ++i)
-        computer.AddSong("C:\\Music\\" + std::to_string(i) + ".mp3");
+    AddNineSongs();
     Program program(computer);
-    program.dialogs.Answers = {ports::BoxAnswer::Yes};
-    program.StartAndLogIn("Ann", "rose");
+    SearchMusic(program);
     auto& dialog = program.windows.add_media;
-    ASSERT_TRUE(dialog.Dir1.SetPath("C:\\Music"));
-    program.Click(dialog.cmdGetFiles);
-    program.Wait(500);
     program.desktop.Post([&program] { program.Browser().menus.mnuLogout.Click.Raise(); });
 
     program.Click(dialog.imgAddAllOver);
@@ -88,15 +97,10 @@ TEST_F(LibraryStory, LoggingOutEndsAnAddingAndKeepsWhatIsAdded) {
 }
 
 TEST_F(LibraryStory, TheProgramEndsInTheMiddleOfAnAddingAndKeepsWhatIsAdded) {
-    for (int i = 0; i < 9; ++i)
-        computer.AddSong("C:\\Music\\" + std::to_string(i) + ".mp3");
+    AddNineSongs();
     Program program(computer);
-    program.dialogs.Answers = {ports::BoxAnswer::Yes};
-    program.StartAndLogIn("Ann", "rose");
+    SearchMusic(program);
     auto& dialog = program.windows.add_media;
-    ASSERT_TRUE(dialog.Dir1.SetPath("C:\\Music"));
-    program.Click(dialog.cmdGetFiles);
-    program.Wait(500);
     program.desktop.Post([&program] { program.Browser().menus.mnuExit.Click.Raise(); });
 
     program.Click(dialog.imgAddAllOver);
