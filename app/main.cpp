@@ -11,7 +11,6 @@
 #include <string>
 #include <vector>
 
-#include "desktop/MainWindow.h"
 #include "platform/dbus/BusMessenger.h"
 #include "platform/dbus/BusScreenSaver.h"
 #include "platform/dbus/MprisBoard.h"
@@ -28,6 +27,7 @@
 #include "platform/qt/Screen.h"
 #include "platform/sqlite/SqliteDatabase.h"
 #include "platform/webengine/PageModule.h"
+#include "window/MainWindow.h"
 
 namespace {
 
@@ -58,11 +58,11 @@ int main(int argc, char** argv) {
     qt::PrepareEnvironment();
     if (const std::string missing = qt::MissingDisplay(); !missing.empty()) return NoDisplay(missing);
 
-    const std::string program = linux_os::RunningProgram();
+    const std::string program = linux::RunningProgram();
     const std::string folder = FolderOf(program);
-    linux_os::LinuxFiles files(program);
+    linux::LinuxFiles files(program);
     const std::vector<std::string> arguments(argv + 1, argv + argc);
-    const std::string command = linux_os::CommandText(arguments, linux_os::WorkingFolder(), files);
+    const std::string command = linux::CommandText(arguments, linux::WorkingFolder(), files);
     const auto to_native = [&files](std::string_view path) { return files.ToNative(path); };
 
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
@@ -71,15 +71,15 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(QIcon(QString::fromStdString(folder + "/images/brindlepost.png")));
     qt::Boxes boxes(loop);
 
-    linux_os::LinuxInstanceLock instance(folder);
+    linux::LinuxInstanceLock instance(folder);
     if (instance.TryBecomeFirst() == ports::Instance::Failed) {
         boxes.MsgBox(instance.Failure(), ports::BoxButtons::Ok, "Brindlepost", ports::BoxIcon::Critical);
         return kNoLock;
     }
 
-    const linux_os::EndSignal end_signal;
-    linux_os::SystemClock clock;
-    linux_os::RandomChance chance;
+    const linux::EndSignal end_signal;
+    linux::SystemClock clock;
+    linux::RandomChance chance;
     sqlite::SqliteDatabase database(to_native);
     gstreamer::MediaEngine media(to_native);
     qt::DesktopWindows window_services;
@@ -88,7 +88,7 @@ int main(int argc, char** argv) {
     dbus::MprisBoard board(bus);
     dbus::BusScreenSaver screen_saver(bus);
 
-    desktop::Windows windows(files);
+    window::Windows windows(files);
     const webengine::PageSettings pages{DownloadFolder(), to_native};
     qt::Screen screen(loop, {folder, [&files](const std::string& path) { return files.FromNative(path); },
                              [&folder, &pages] { return webengine::LoadPages(folder, pages); }});
@@ -100,13 +100,13 @@ int main(int argc, char** argv) {
         screen.Adopt(*form);
     qt::WindowRegions regions(screen, windows.frmBrowser);
 
-    desktop::MainWindow main_window(windows,
-                                    {database, files, media, window_services, regions, boxes, loop, clock,
-                                     chance, instance, messenger, board, screen_saver},
-                                    command, [&loop] { loop.Quit(); });
+    window::MainWindow main_window(windows,
+                                   {database, files, media, window_services, regions, boxes, loop, clock,
+                                    chance, instance, messenger, board, screen_saver},
+                                   command, [&loop] { loop.Quit(); });
     QSocketNotifier hand_over(instance.FileDescriptor(), QSocketNotifier::Read);
     QObject::connect(&hand_over, &QSocketNotifier::activated, &hand_over, [&instance] { instance.Serve(); });
-    QSocketNotifier end(linux_os::EndSignal::FileDescriptor(), QSocketNotifier::Read);
+    QSocketNotifier end(linux::EndSignal::FileDescriptor(), QSocketNotifier::Read);
     QObject::connect(&end, &QSocketNotifier::activated, &end, [&end, &main_window] {
         end.setEnabled(false);
         main_window.End();

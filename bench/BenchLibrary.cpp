@@ -16,7 +16,7 @@
 #include "library/LibraryListsRoom.h"
 #include "library/SearchRoom.h"
 #include "library/TrackMatchRoom.h"
-#include "webdata/HistoryRoom.h"
+#include "places/HistoryRoom.h"
 
 namespace {
 
@@ -53,9 +53,9 @@ struct Neighbours final : library::ReloadSteps,
                           library::LibraryListener,
                           library::MouseOvers,
                           library::PlayListBeingBuilt,
-                          webdata::AddressRow,
-                          webdata::FrontPage,
-                          webdata::PlayedSongsView {
+                          places::AddressRow,
+                          places::FrontPage,
+                          places::PlayedSongsView {
     void ShowLoadingStage(std::string_view) override {}
     void LoadFavs() override {}
     void AddMediaFromCommand(std::string_view) override {}
@@ -85,7 +85,7 @@ struct Neighbours final : library::ReloadSteps,
     void EndView() override { View->EndView(); }
 
     library::TrackView* View = nullptr;
-    webdata::HistoryRoom* History = nullptr;
+    places::HistoryRoom* History = nullptr;
 };
 
 /// The library's rooms over a store of so many songs.
@@ -159,7 +159,7 @@ struct Program {
     Neighbours Around;
     fakes::FakeDialogs Boxes;
     library::MediaSources Sources;
-    webdata::HistoryControls History;
+    places::HistoryControls History;
     library::LibraryListControls Lists;
     library::PlayListControls PlayLists;
     library::SearchControls Search;
@@ -184,8 +184,8 @@ struct Program {
                                    Around};
     library::TrackMatchRoom MatchRoom{
         Import, {lblFoundNo, lblDuplicatesNoRemoved}, Sources, Around, Store.Loop()};
-    webdata::HistoryRoom HistoryRoom{History, {mnuHistory}, Sources.datSong, SaveHistory,
-                                     Around,  Around,       Around,          Boxes};
+    places::HistoryRoom HistoryRoom{History, {mnuHistory}, Sources.datSong, SaveHistory,
+                                    Around,  Around,       Around,          Boxes};
 };
 
 /// One program at a time: the jobs of one size stand together.

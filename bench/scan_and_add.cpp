@@ -143,7 +143,7 @@ private:
 
     qt::Loop loop_;
     qt::Application application_{"scan_and_add", loop_};
-    linux_os::LinuxFiles files_;
+    linux::LinuxFiles files_;
     std::string folder_;
     qt::Boxes boxes_{loop_};
     sqlite::SqliteDatabase database_{[this](std::string_view) { return StoreFile(); }};

@@ -13,7 +13,7 @@
 
 #include "base/Text.h"
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 constexpr std::string_view kFileScheme = "file://";
@@ -134,4 +134,4 @@ std::string WorkingFolder() {
     return ::getcwd(buffer.data(), buffer.size()) == nullptr ? "/" : buffer.data();
 }
 
-}  // namespace linux_os
+}  // namespace linux

@@ -7,7 +7,7 @@
 
 #include "ports/Files.h"
 
-namespace linux_os {
+namespace linux {
 
 /// Paths become drive paths, a relative one from the native `working_folder`; a file address ("file:///...")
 /// is the path it names. Addresses stay as they are: what has a scheme, begins with "www.", or names a host
@@ -18,4 +18,4 @@ std::string CommandText(const std::vector<std::string>& arguments, std::string_v
 /// The folder the process was started in, as a native path; the root when the system does not tell.
 std::string WorkingFolder();
 
-}  // namespace linux_os
+}  // namespace linux

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace linux_os {
+namespace linux {
 
 class Descriptor {
 public:
@@ -34,4 +34,4 @@ private:
     int number_ = -1;
 };
 
-}  // namespace linux_os
+}  // namespace linux

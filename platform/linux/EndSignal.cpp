@@ -7,7 +7,7 @@
 #include <array>
 #include <cerrno>
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 // A handler reaches nothing but what stands for the whole program. Both ends stay open to the end.
@@ -36,4 +36,4 @@ int EndSignal::FileDescriptor() {
     return pipe_ends[0];
 }
 
-}  // namespace linux_os
+}  // namespace linux

@@ -3,7 +3,7 @@
 // A second signal of the same kind is the system's again and ends the program at once.
 #pragma once
 
-namespace linux_os {
+namespace linux {
 
 class EndSignal final {
 public:
@@ -16,4 +16,4 @@ public:
     static int FileDescriptor();
 };
 
-}  // namespace linux_os
+}  // namespace linux

@@ -12,7 +12,7 @@
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/NameSorter.h"
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 enum class EntryKind { File, Folder, Neither };
@@ -126,4 +126,4 @@ std::optional<ports::FolderListing> ReadFolder(const std::string& native_path,
     return listing;
 }
 
-}  // namespace linux_os
+}  // namespace linux

@@ -6,7 +6,7 @@
 
 #include "ports/Files.h"
 
-namespace linux_os {
+namespace linux {
 
 /// The files and sub folders below a native path, sorted; nothing when the folder cannot be read or
 /// `may_go_on` gave it up. Pipes, sockets, devices, dangling links, files that may not be read, and links
@@ -14,4 +14,4 @@ namespace linux_os {
 std::optional<ports::FolderListing> ReadFolder(const std::string& native_path,
                                                const ports::MayGoOn& may_go_on = {});
 
-}  // namespace linux_os
+}  // namespace linux

@@ -15,7 +15,7 @@
 #include <thread>
 #include <utility>
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 using Moment = std::chrono::steady_clock::time_point;
@@ -218,4 +218,4 @@ bool Deliver(const SocketPlace& place, std::string_view text) {
     return ::recv(socket.Number(), &answer, 1, 0) == 1;
 }
 
-}  // namespace linux_os
+}  // namespace linux

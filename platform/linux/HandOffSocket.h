@@ -14,7 +14,7 @@
 #include "platform/linux/Descriptor.h"
 #include "ports/InstanceLock.h"
 
-namespace linux_os {
+namespace linux {
 
 /// Where the socket stands: a name in an open folder, so that the length of the folder's path does not
 /// matter.
@@ -65,4 +65,4 @@ bool IsSomeoneListening(const SocketPlace& place);
 /// minute for the answer. False when it was not taken.
 bool Deliver(const SocketPlace& place, std::string_view text);
 
-}  // namespace linux_os
+}  // namespace linux

@@ -12,7 +12,7 @@
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/FolderReader.h"
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 ports::FileResult ResultOf(int error) {
@@ -178,4 +178,4 @@ std::string LinuxFiles::ApplicationFileName() const {
     return base::NameToText(LastName(program_));
 }
 
-}  // namespace linux_os
+}  // namespace linux

@@ -8,7 +8,7 @@
 #include "platform/linux/MountedVolumes.h"
 #include "ports/Files.h"
 
-namespace linux_os {
+namespace linux {
 
 /// The native path of the running program's file; empty when the system does not tell.
 std::string RunningProgram();
@@ -39,4 +39,4 @@ private:
     mutable base::ShortPaths short_paths_;
 };
 
-}  // namespace linux_os
+}  // namespace linux

@@ -10,7 +10,7 @@
 
 #include "base/DrivePath.h"
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 std::string NameOfUser() {
@@ -83,4 +83,4 @@ void LinuxInstanceLock::Serve() {
     if (listener_ != nullptr) server_.Serve(*listener_);
 }
 
-}  // namespace linux_os
+}  // namespace linux

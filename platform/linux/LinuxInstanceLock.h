@@ -13,7 +13,7 @@
 #include "platform/linux/HandOffSocket.h"
 #include "ports/InstanceLock.h"
 
-namespace linux_os {
+namespace linux {
 
 class LinuxInstanceLock final : public ports::InstanceLock {
 public:
@@ -43,4 +43,4 @@ private:
     ports::HandOffListener* listener_ = nullptr;
 };
 
-}  // namespace linux_os
+}  // namespace linux

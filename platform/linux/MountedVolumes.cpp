@@ -8,7 +8,7 @@
 
 #include "base/Text.h"
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 constexpr std::size_t kMountPointField = 4;
@@ -81,4 +81,4 @@ bool MountedVolumes::HasChanged() const {
     return ::poll(&wanted, 1, 0) > 0 && (wanted.revents & (POLLPRI | POLLERR)) != 0;
 }
 
-}  // namespace linux_os
+}  // namespace linux

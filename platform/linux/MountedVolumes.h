@@ -9,7 +9,7 @@
 #include "base/DrivePath.h"
 #include "platform/linux/Descriptor.h"
 
-namespace linux_os {
+namespace linux {
 
 /// The volumes of a mount table in the form of /proc/self/mountinfo; lines that are none are passed over.
 std::vector<base::Volume> VolumesFrom(std::string_view mount_table);
@@ -27,4 +27,4 @@ private:
     std::vector<base::Volume> volumes_;
 };
 
-}  // namespace linux_os
+}  // namespace linux

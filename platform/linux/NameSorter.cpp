@@ -5,7 +5,7 @@
 
 #include "base/Text.h"
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 bool IsBefore(const std::string& left, const std::string& right) {
@@ -61,4 +61,4 @@ std::optional<std::vector<std::string>> NameSorter::Merged(Pace& pace) {
     return names;
 }
 
-}  // namespace linux_os
+}  // namespace linux

@@ -8,7 +8,7 @@
 
 #include "ports/Files.h"
 
-namespace linux_os {
+namespace linux {
 
 /// Asks `may_go_on` at every so many steps of something long.
 class Pace {
@@ -41,4 +41,4 @@ private:
     std::vector<Run> runs_;
 };
 
-}  // namespace linux_os
+}  // namespace linux

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <ctime>
 
-namespace linux_os {
+namespace linux {
 
 ports::Date SystemClock::Today() const {
     const std::time_t now = std::time(nullptr);
@@ -24,4 +24,4 @@ double RandomChance::Below1() {
     return static_cast<double>(numbers_() >> 11U) * 0x1.0p-53;
 }
 
-}  // namespace linux_os
+}  // namespace linux

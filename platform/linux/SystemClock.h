@@ -5,7 +5,7 @@
 
 #include "ports/Clock.h"
 
-namespace linux_os {
+namespace linux {
 
 class SystemClock final : public ports::Clock {
 public:
@@ -22,4 +22,4 @@ private:
     std::mt19937_64 numbers_;
 };
 
-}  // namespace linux_os
+}  // namespace linux

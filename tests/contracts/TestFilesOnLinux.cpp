@@ -22,7 +22,7 @@ public:
 private:
     linux_bench::PlayFolder folder_;
     linux_bench::Unprivileged rights_{folder_};
-    linux_os::LinuxFiles files_;
+    linux::LinuxFiles files_;
     std::vector<std::string> closed_;
 };
 

@@ -23,7 +23,7 @@ class LinuxBench final : public InstanceBench {
 public:
     ~LinuxBench() override { ::chmod(folder_.Path().c_str(), 0700); }
     std::unique_ptr<ports::InstanceLock> Start() override {
-        return std::make_unique<linux_os::LinuxInstanceLock>(folder_.Path());
+        return std::make_unique<linux::LinuxInstanceLock>(folder_.Path());
     }
     bool HandOver(ports::InstanceLock& second, ports::InstanceLock& first, const std::string& text) override {
         return ServeUntilDone(

@@ -59,7 +59,7 @@ struct NoWindow final : library::MainWindow {
 
 /// Searches the folder and adds all of it, again and again. Tells `told` when the first adding begins.
 [[noreturn]] void AddForEver(const std::string& folder, const std::string& store_file, int told) {
-    linux_os::LinuxFiles files(folder + "/program");
+    linux::LinuxFiles files(folder + "/program");
     fakes::FakeDialogs dialogs;
     ShortHandlers loop;
     EndInTrouble trouble;
@@ -92,7 +92,7 @@ protected:
     KilledAdding() {
         const auto made = sqlite::MakeStore(store_file_, store::kStoreLayouts[0], {});
         EXPECT_TRUE(made.Ok()) << made.text;
-        linux_os::LinuxFiles files(folder_ / "program");
+        linux::LinuxFiles files(folder_ / "program");
         for (int i = 0; i < kFiles; ++i) {
             const std::string name = "music/" + std::to_string(i % 40) + "/Person " + std::to_string(i % 7) +
                                      " - Song " + std::to_string(i);

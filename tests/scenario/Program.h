@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "desktop/MainWindow.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeMessenger.h"
@@ -14,6 +13,7 @@
 #include "fakes/FakeScreenSaver.h"
 #include "fakes/RecordingRegions.h"
 #include "scenario/Computer.h"
+#include "window/MainWindow.h"
 
 namespace scenario {
 
@@ -50,7 +50,7 @@ public:
     /// The page engine of a tab, null while it has none.
     fakes::FakeBrowserControl* PageOf(int tab);
 
-    desktop::BrowserForm& Browser() { return windows.frmBrowser; }
+    window::BrowserForm& Browser() { return windows.frmBrowser; }
     /// Texts of the boxes that were shown.
     std::vector<std::string> BoxTexts() const;
     /// The rows of a list.
@@ -74,8 +74,8 @@ private:
     std::vector<std::unique_ptr<fakes::FakeBrowserControl>> engines_;
 
 public:
-    desktop::Windows windows;
-    desktop::MainWindow main_window;
+    window::Windows windows;
+    window::MainWindow main_window;
 };
 
 }  // namespace scenario

@@ -150,7 +150,7 @@ protected:
         EXPECT_FALSE(program->ended);
     }
 
-    desktop::BrowserForm& Browser() { return program->Browser(); }
+    window::BrowserForm& Browser() { return program->Browser(); }
 
     Computer computer;
     std::optional<Program> program{std::in_place, computer};

@@ -28,7 +28,7 @@ protected:
         program = std::make_unique<Program>(computer);
         program->StartAndLogIn("Ann", "rose");
     }
-    desktop::BrowserForm& Browser() { return program->Browser(); }
+    window::BrowserForm& Browser() { return program->Browser(); }
 
     Computer computer;
     std::unique_ptr<Program> program;

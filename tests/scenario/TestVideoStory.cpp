@@ -24,7 +24,7 @@ protected:
         Browser().library.lists.lstTracks.SetListIndex(row);
         program.DoubleClick(Browser().library.lists.lstTracks);
     }
-    desktop::BrowserForm& Browser() { return program.Browser(); }
+    window::BrowserForm& Browser() { return program.Browser(); }
     /// The last hole that was cut, as the region's transcript tells it; an empty one is all noughts.
     std::string LastHole() {
         const Texts& calls = program.regions.Calls;

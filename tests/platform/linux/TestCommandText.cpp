@@ -8,7 +8,7 @@
 #include "platform/linux/Bench.h"
 #include "platform/linux/LinuxFiles.h"
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 class CommandTextTest : public testing::Test {
@@ -101,4 +101,4 @@ TEST_F(CommandTextTest, TheWorkingFolderIsANativePath) {
 }
 
 }  // namespace
-}  // namespace linux_os
+}  // namespace linux

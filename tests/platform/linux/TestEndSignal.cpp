@@ -8,7 +8,7 @@
 
 namespace {
 
-using linux_os::EndSignal;
+using linux::EndSignal;
 
 constexpr int kSurvived = 7;
 

@@ -11,7 +11,7 @@
 #include "platform/linux/Bench.h"
 #include "platform/linux/Descriptor.h"
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 using linux_bench::PlayFolder;
@@ -221,4 +221,4 @@ TEST_F(LinuxFilesTest, AMountedVolumeHasALetter) {
 }
 
 }  // namespace
-}  // namespace linux_os
+}  // namespace linux

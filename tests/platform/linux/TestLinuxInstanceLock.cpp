@@ -16,7 +16,7 @@
 
 #include "platform/linux/Bench.h"
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 using linux_bench::PlayFolder;
@@ -307,4 +307,4 @@ TEST(LinuxInstanceLock, ATextWaitsForAListener) {
 }
 
 }  // namespace
-}  // namespace linux_os
+}  // namespace linux

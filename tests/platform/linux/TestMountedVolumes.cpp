@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 TEST(MountedVolumes, OnlyWhatIsMountedForPeopleGetsALetter) {
@@ -68,4 +68,4 @@ TEST(MountedVolumes, AMissingTableHasNoVolumes) {
 }
 
 }  // namespace
-}  // namespace linux_os
+}  // namespace linux

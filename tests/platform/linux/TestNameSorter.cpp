@@ -9,7 +9,7 @@
 
 #include "base/Text.h"
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 using Names = std::vector<std::string>;
@@ -58,4 +58,4 @@ TEST(NameSorter, PuttingManyRunsTogetherCanBeGivenUp) {
 }
 
 }  // namespace
-}  // namespace linux_os
+}  // namespace linux

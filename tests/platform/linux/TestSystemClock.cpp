@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace linux_os {
+namespace linux {
 namespace {
 
 TEST(SystemClock, TodayIsADate) {
@@ -53,4 +53,4 @@ TEST(RandomChance, TwoStartsDiffer) {
 }
 
 }  // namespace
-}  // namespace linux_os
+}  // namespace linux

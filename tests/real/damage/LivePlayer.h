@@ -30,7 +30,7 @@ private:
 
 /// Real files and the real engine.
 struct RealMedia {
-    linux_os::LinuxFiles files{linux_os::RunningProgram()};
+    linux::LinuxFiles files{linux::RunningProgram()};
     gstreamer::MediaEngine engine{[this](std::string_view path) { return files.ToNative(path); }};
     KindsOfFiles kinds{files};
 };

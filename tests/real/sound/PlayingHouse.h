@@ -20,7 +20,7 @@ struct HeardMedia {
     explicit HeardMedia(PrivateSound& server)
         : media(server, [this](std::string_view name) { return files.ToNative(name); }) {}
 
-    linux_os::LinuxFiles files{"/nowhere/Brindlepost"};
+    linux::LinuxFiles files{"/nowhere/Brindlepost"};
     TimedMedia media;
     player_tests::FakeLibrary library;
 };

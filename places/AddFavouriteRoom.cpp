@@ -1,0 +1,176 @@
+#include "places/AddFavouriteRoom.h"
+
+#include "base/Text.h"
+#include "places/FavouritesRoom.h"
+#include "store/Key.h"
+#include "store/Tables.h"
+
+namespace places {
+namespace {
+
+/// The group whose favourites open at the start; it stays.
+constexpr std::string_view kHomePages = "Home Pages";
+constexpr std::string_view kBlank = " ";
+
+bool IsBlank(std::string_view text) {
+    return base::Trim(text).empty();
+}
+
+}  // namespace
+
+AddFavouriteRoom::AddFavouriteRoom(AddFavouriteForm& form, AddFavouriteTargets targets,
+                                   FavouritesLists& lists, FavouritesWindow& window, ports::Dialogs& dialogs,
+                                   ports::EventLoop& events)
+    : form_(form), targets_(targets), lists_(lists), window_(window), dialogs_(dialogs), events_(events) {
+    ClaimDialog();
+}
+
+void AddFavouriteRoom::ClaimDialog() {
+    const auto text_key = [this](int key_code, int) { Text_KeyDown(key_code); };
+    claims_.Claim(form_.frmAdd.Activate, [this] { Form_Activate(); });
+    claims_.Claim(form_.frmAdd.QueryUnload, [this](bool& cancel) { Form_QueryUnload(cancel); });
+    claims_.Claim(form_.lstGroup.KeyDown, [this](int key_code, int) { lstGroup_KeyDown(key_code); });
+    claims_.Claim(form_.cmdDelete.Click, [this] { cmdDelete_Click(); });
+    claims_.Claim(form_.cmdNew.Click, [this] { cmdNew_Click(); });
+    claims_.Claim(form_.txtURL.Change, [this] { txtURL_Change(); });
+    claims_.Claim(form_.txtURL.KeyDown, text_key);
+    claims_.Claim(form_.txtName.KeyDown, text_key);
+    claims_.Claim(form_.cmdCancel.Click, [this] { cmdCancel_Click(); });
+    claims_.Claim(form_.cmdAdd.Click, [this] { cmdAdd_Click(); });
+    claims_.Claim(form_.cmdCancel2.Click, [this] { cmdCancel_Click(); });
+    claims_.Claim(form_.cmdDelete2.Click, [this] { cmdDelete_Click(); });
+}
+
+void AddFavouriteRoom::SettleAtStart() {
+    Form_Activate();
+    cmdCancel_Click();
+}
+
+void AddFavouriteRoom::Form_Activate() {
+    form_.lstGroup.Clear();
+    events_.Yield();
+    lists_.populatefavs();
+}
+
+void AddFavouriteRoom::Form_QueryUnload(bool& cancel) {
+    if (targets_.mainclose || events_.IsEnding()) return;
+    cancel = true;
+    cmdCancel_Click();
+}
+
+void AddFavouriteRoom::ShowLayout(bool deleting) {
+    form_.frmAdd.Show();
+    form_.frmAdd.SetHeight(deleting ? kDeleteHeight : kAddHeight);
+    form_.cmdCancel2.SetVisible(deleting);
+    form_.cmdDelete2.SetVisible(deleting);
+    targets_.frmBrowser.SetEnabled(false);
+    form_.frmAdd.SetCaption(deleting ? "Delete Group" : "Add Favourite");
+}
+
+void AddFavouriteRoom::OpenToAdd(std::string_view name, std::string_view address) {
+    ShowLayout(false);
+    form_.txtName.SetText(name);
+    form_.txtURL.SetText(address);
+}
+
+void AddFavouriteRoom::OpenToDelete() {
+    ShowLayout(true);
+}
+
+void AddFavouriteRoom::OfferAddress(std::string_view address) {
+    form_.frmAdd.Show();
+    form_.txtURL.SetText(address);
+}
+
+void AddFavouriteRoom::txtURL_Change() {
+    const std::string& url = form_.txtURL.Text();
+    if (base::EndsWith(url, "///")) form_.txtURL.SetText(std::string(url, 0, url.size() - 1));
+}
+
+void AddFavouriteRoom::Text_KeyDown(int key_code) {
+    if (key_code == controls::kKeyEnter) cmdAdd_Click();
+    if (key_code == controls::kKeyEscape) cmdCancel_Click();
+}
+
+void AddFavouriteRoom::lstGroup_KeyDown(int key_code) {
+    if (key_code == controls::kKeyEscape) cmdCancel_Click();
+    if (key_code != controls::kKeyEnter) return;
+    if (form_.cmdDelete2.Visible()) {
+        cmdDelete_Click();
+    } else {
+        cmdAdd_Click();
+    }
+}
+
+void AddFavouriteRoom::AddRow(std::string_view group, std::string_view name, std::string_view address) {
+    store::RecordSet& rows = targets_.datFav.Recordset();
+    rows.AddNew();
+    rows.Set(store::tblFavs::ID, store::KeyAfter(targets_.lblEntryCount.Caption()));
+    rows.Update();
+    rows.MoveLast();
+    rows.Edit();
+    rows.Set(store::tblFavs::GroupName, group);
+    rows.Set(store::tblFavs::FriendName, name);
+    rows.Set(store::tblFavs::URL, address);
+    rows.Update();
+}
+
+void AddFavouriteRoom::cmdAdd_Click() {
+    if (IsBlank(form_.txtName.Text()) || IsBlank(form_.lstGroup.Text()) || IsBlank(form_.txtURL.Text())) {
+        dialogs_.MsgBox("Please select a group, name and URL");
+        return;
+    }
+    AddRow(form_.lstGroup.Text(), std::string(kFavouritePrefix).append(form_.txtName.Text()),
+           form_.txtURL.Text());
+    window_.Command1();
+    targets_.frmBrowser.Show();
+    lists_.lstFavs_Click();
+    targets_.frmBrowser.SetEnabled(true);
+    form_.frmAdd.Hide();
+    lists_.ClearFavourites();
+    lists_.populatefavs();
+}
+
+void AddFavouriteRoom::cmdNew_Click() {
+    const std::string group =
+        dialogs_.InputBox("What would you like to call the new group?", "New Group", "New_Group");
+    if (IsBlank(group)) return;
+    AddRow(group, kBlank, kBlank);
+    window_.Command1();
+    lists_.lstFavs_Click();
+    form_.lstGroup.AddItem(group);
+}
+
+void AddFavouriteRoom::cmdDelete_Click() {
+    const std::string group(form_.lstGroup.Text());
+    if (group.empty()) return;
+    if (group == kHomePages) {
+        dialogs_.MsgBox("You can not delete this favourites group.");
+        return;
+    }
+    if (dialogs_.MsgBox("Are you sure you want to delete this group of favourites?\r\n"
+                        "All the favourites in the group will also be lost.",
+                        ports::BoxButtons::YesNo, "Delete Group") != ports::BoxAnswer::Yes) {
+        return;
+    }
+    DeleteGroup(group);
+    form_.lstGroup.RemoveItem(form_.lstGroup.ListIndex());
+}
+
+// The record set stays the favourites': the new record source takes effect at no refresh.
+void AddFavouriteRoom::DeleteGroup(const std::string& group) {
+    targets_.datFav.SetRecordSource(store::kFavouritesToDelete);
+    store::RecordSet& rows = targets_.datFav.Recordset();
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        if (rows.Text(store::tblFavs::GroupName) == group) rows.Delete();
+    }
+}
+
+void AddFavouriteRoom::cmdCancel_Click() {
+    targets_.frmBrowser.Show();
+    targets_.frmBrowser.SetEnabled(true);
+    lists_.lstFavs_Click();
+    form_.frmAdd.Hide();
+}
+
+}  // namespace places

@@ -1,0 +1,66 @@
+// The dialog of the favourites. While it is open the main window is disabled, which stands in for a modal
+// dialog; it is hidden, never unloaded, until the program ends.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "controls/Event.h"
+#include "controls/Surfaces.h"
+#include "places/AddFavouriteForm.h"
+#include "places/Outgoing.h"
+#include "ports/Dialogs.h"
+#include "ports/EventLoop.h"
+#include "store/DataSource.h"
+
+namespace places {
+
+/// What the dialog reads and writes outside of itself.
+struct AddFavouriteTargets {
+    controls::Form& frmBrowser;
+    store::DataSource& datFav;
+    const controls::Label& lblEntryCount;
+    const bool& mainclose;  ///< the program ends: the window may unload
+};
+
+class AddFavouriteRoom final : public FavouritesDialog {
+public:
+    AddFavouriteRoom(AddFavouriteForm& form, AddFavouriteTargets targets, FavouritesLists& lists,
+                     FavouritesWindow& window, ports::Dialogs& dialogs, ports::EventLoop& events);
+
+    /// What opening and cancelling the dialog does, without showing it: the start's way to fill the panel.
+    void SettleAtStart();
+
+    // FavouritesDialog
+    void OpenToAdd(std::string_view name, std::string_view address) override;
+    void OpenToDelete() override;
+    void OfferAddress(std::string_view address) override;
+    void ClearGroups() override { form_.lstGroup.Clear(); }
+    void AddGroup(std::string_view name) override { form_.lstGroup.AddItem(name); }
+
+private:
+    void Form_Activate();
+    void Form_QueryUnload(bool& cancel);
+    void cmdAdd_Click();
+    void cmdNew_Click();
+    void cmdDelete_Click();
+    void cmdCancel_Click();
+    void txtURL_Change();
+    void Text_KeyDown(int key_code);
+    void lstGroup_KeyDown(int key_code);
+
+    void ClaimDialog();
+    void ShowLayout(bool deleting);
+    void AddRow(std::string_view group, std::string_view name, std::string_view address);
+    void DeleteGroup(const std::string& group);
+
+    AddFavouriteForm& form_;
+    AddFavouriteTargets targets_;
+    FavouritesLists& lists_;
+    FavouritesWindow& window_;
+    ports::Dialogs& dialogs_;
+    ports::EventLoop& events_;
+    controls::EventClaims claims_;
+};
+
+}  // namespace places

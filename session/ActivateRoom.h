@@ -1,0 +1,82 @@
+// The splash: checks that the stores are there, brings up the login, counts up to the main window.
+//
+// Order: the first stage caption loads the window; loading shows it, checks the four files and shows the
+// login. Nothing goes on from there until the login calls StartCounting; Timer1 then adds 1 a tick, and at
+// the first tick that stands at 100 or more the main window takes over. Stage captions add 10 each on the
+// way, from whichever side they come.
+//
+// Timer2 and the connection panel are the hook for a check of the connection. Nothing starts Timer2 but a
+// button of that panel, which only Timer2 shows, so a run never meets them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "controls/Event.h"
+#include "controls/Menu.h"
+#include "controls/Surfaces.h"
+#include "ports/Dialogs.h"
+#include "ports/EventLoop.h"
+#include "ports/Files.h"
+#include "session/ActivateForm.h"
+#include "session/Outgoing.h"
+#include "session/SessionState.h"
+
+namespace session {
+
+/// The main window as the splash hands over to it.
+struct RevealedWindow {
+    controls::Form& frmBrowser;
+    controls::Menu& mnuExit;
+    controls::Menu& mnuLogout;
+};
+
+class ActivateRoom final : public StageLabel, public Splash {
+public:
+    /// `app_path` is the application folder in drive form, without a backslash at its end.
+    ActivateRoom(ActivateForm& form, ConnectionState& connection, SessionState& session,
+                 RevealedWindow main_window, controls::Form& frmLogin, Tabs& tabs, ports::Files& files,
+                 ports::Dialogs& dialogs, ports::EventLoop& events, std::string_view app_path);
+
+    // StageLabel
+    void SetStage(std::string_view stage) override;
+
+    // Splash
+    void StartCounting() override;
+
+    /// Runs the rest of the start after a connection was found.
+    void DoLoading();
+    /// Takes a connection up again: looks at the probe page once more and goes on counting.
+    void ResumeConnection();
+
+private:
+    void Form_Load();
+    void Form_QueryUnload(bool& cancel);
+    void lblLoading_Change();
+    void Timer1_Tick();
+    void Timer2_Tick();
+    void cmdRetry_Click();
+    void cmdJustMusic_Click();
+    void cmdClose_Click();
+
+    bool AreStoresThere() const;
+    void RefuseMissingStores();
+    void LoadMediaLibraryStage();
+    void RevealMainWindow();
+
+    ActivateForm& form_;
+    ConnectionState& connection_;
+    SessionState& session_;
+    RevealedWindow main_window_;
+    controls::Form& frm_login_;
+    Tabs& tabs_;
+    ports::Files& files_;
+    ports::Dialogs& dialogs_;
+    ports::EventLoop& events_;
+    std::string app_path_;
+    int internet_probe_ticks_ = 0;
+    bool was_loaded_ = false;
+    controls::EventClaims claims_;
+};
+
+}  // namespace session

@@ -1,0 +1,116 @@
+#include "session/LoginForm.h"
+
+namespace session {
+namespace {
+
+constexpr double kPixel = controls::kTwipsPerPixel;
+constexpr double kWidth = 420;
+constexpr double kHeight = 300;
+
+void Place(controls::Control& control, double left, double top, double width, double height) {
+    control.Move(left * kPixel, top * kPixel, width * kPixel, height * kPixel);
+}
+
+void MakePassword(controls::TextBox& box, std::string_view name) {
+    box.SetPassword(true);
+    box.SetAccessibleName(name);
+}
+
+}  // namespace
+
+LoginForm::LoginForm() {
+    frmLogin.SetContentSize(kWidth * kPixel, kHeight * kPixel);
+    FillLoginPage();
+    FillNewPage();
+    FillSetupPage();
+}
+
+void LoginForm::FillLoginPage() {
+    frmLogin.Add(fraLogin, tmrLoad);
+    fraLogin.Add(lblProduct, lblWelcome, lblUser, cmbUser, lblPassword, txtPassword, chkRememberMe, chkAuto,
+                 cmdNew, cmdLogin);
+    Place(fraLogin, 0, 0, kWidth, kHeight);
+    Place(lblProduct, 32, 20, 356, 36);
+    Place(lblWelcome, 32, 60, 356, 20);
+    Place(lblUser, 32, 100, 104, 24);
+    Place(cmbUser, 144, 96, 244, 28);
+    Place(lblPassword, 32, 140, 104, 24);
+    Place(txtPassword, 144, 136, 244, 28);
+    Place(chkRememberMe, 144, 176, 244, 24);
+    Place(chkAuto, 144, 204, 244, 24);
+    Place(cmdNew, 32, 248, 112, 32);
+    Place(cmdLogin, 276, 248, 112, 32);
+
+    fraLogin.SetLook("page");
+    lblProduct.SetLook("title");
+    lblWelcome.SetLook("muted");
+    cmdLogin.SetLook("accent");
+    cmdLogin.SetDefault(true);
+    cmbUser.SetAccessibleName("User name");
+    MakePassword(txtPassword, "Password");
+}
+
+void LoginForm::FillNewPage() {
+    frmLogin.Add(fraNew);
+    fraNew.Add(lblNewHeading, lblNewLine, lblNewUser, txtNewUser, lblPass1, txtPass1, lblPass2, txtPass2,
+               cmdCancel, cmdNext);
+    Place(fraNew, 0, 0, kWidth, kHeight);
+    Place(lblNewHeading, 32, 20, 356, 36);
+    Place(lblNewLine, 32, 60, 356, 20);
+    Place(lblNewUser, 32, 100, 128, 24);
+    Place(txtNewUser, 168, 96, 220, 28);
+    Place(lblPass1, 32, 140, 128, 24);
+    Place(txtPass1, 168, 136, 220, 28);
+    Place(lblPass2, 32, 180, 128, 24);
+    Place(txtPass2, 168, 176, 220, 28);
+    Place(cmdCancel, 32, 248, 112, 32);
+    Place(cmdNext, 276, 248, 112, 32);
+
+    fraNew.SetLook("page");
+    lblNewHeading.SetLook("title");
+    lblNewLine.SetLook("muted");
+    cmdNext.SetLook("accent");
+    txtNewUser.SetAccessibleName("New user name");
+    MakePassword(txtPass1, "New password");
+    MakePassword(txtPass2, "Re-type new password");
+    fraNew.SetVisible(false);
+}
+
+void LoginForm::FillSetupPage() {
+    frmLogin.Add(fraSetup);
+    fraSetup.Add(lblSetupHeading, lblSetupLine, lblSetupE, lblSetupP, lblMySpace, txtMySpaceE, txtMySpaceP,
+                 lblHotmail, txtHotmailE, txtHotmailP, lblFacebook, txtFacebookE, txtFacebookP, cmdBack,
+                 cmdFinish);
+    Place(fraSetup, 0, 0, kWidth, kHeight);
+    Place(lblSetupHeading, 32, 20, 356, 36);
+    Place(lblSetupLine, 32, 60, 356, 20);
+    Place(lblSetupE, 120, 92, 150, 20);
+    Place(lblSetupP, 278, 92, 110, 20);
+    Place(lblMySpace, 32, 120, 80, 24);
+    Place(txtMySpaceE, 120, 116, 150, 28);
+    Place(txtMySpaceP, 278, 116, 110, 28);
+    Place(lblHotmail, 32, 156, 80, 24);
+    Place(txtHotmailE, 120, 152, 150, 28);
+    Place(txtHotmailP, 278, 152, 110, 28);
+    Place(lblFacebook, 32, 192, 80, 24);
+    Place(txtFacebookE, 120, 188, 150, 28);
+    Place(txtFacebookP, 278, 188, 110, 28);
+    Place(cmdBack, 32, 248, 112, 32);
+    Place(cmdFinish, 276, 248, 112, 32);
+
+    fraSetup.SetLook("page");
+    lblSetupHeading.SetLook("title");
+    lblSetupLine.SetLook("muted");
+    lblSetupE.SetLook("muted");
+    lblSetupP.SetLook("muted");
+    cmdFinish.SetLook("accent");
+    txtMySpaceE.SetAccessibleName("MySpace e-mail");
+    MakePassword(txtMySpaceP, "MySpace password");
+    txtHotmailE.SetAccessibleName("Hotmail e-mail");
+    MakePassword(txtHotmailP, "Hotmail password");
+    txtFacebookE.SetAccessibleName("Facebook e-mail");
+    MakePassword(txtFacebookP, "Facebook password");
+    fraSetup.SetVisible(false);
+}
+
+}  // namespace session

@@ -1,0 +1,252 @@
+#include "session/LoginRoom.h"
+
+#include "base/Number.h"
+#include "base/Text.h"
+#include "store/Tables.h"
+
+namespace session {
+namespace {
+
+constexpr int kMultipleUsersTick = 2;
+constexpr int kLoadUsersTick = 5;
+constexpr std::string_view kMultipleUsersRow = "14";
+
+std::string Trimmed(std::string_view text) {
+    return std::string(base::Trim(text));
+}
+
+}  // namespace
+
+LoginRoom::LoginRoom(LoginForm& form, LoginState& login, SessionState& session, controls::Form& frmBrowser,
+                     Splash& splash, OtherInstance& other_instance, store::Stores& stores,
+                     ports::Files& files, ports::Dialogs& dialogs, ports::EventLoop& events,
+                     std::string_view app_path)
+    : form_(form),
+      login_(login),
+      session_(session),
+      frm_browser_(frmBrowser),
+      splash_(splash),
+      other_instance_(other_instance),
+      stores_(stores),
+      files_(files),
+      dialogs_(dialogs),
+      events_(events),
+      app_path_(app_path) {
+    claims_.Claim(form_.frmLogin.Load, [this] { Form_Load(); });
+    claims_.Claim(form_.frmLogin.Activate, [this] { Form_Activate(); });
+    claims_.Claim(form_.frmLogin.QueryUnload, [this](bool& cancel) { Form_QueryUnload(cancel); });
+    claims_.Claim(form_.frmLogin.Unload, [this](bool&) { Form_Unload(); });
+    claims_.Claim(form_.cmbUser.Click, [this] { cmbUser_Click(); });
+    claims_.Claim(form_.txtPassword.KeyDown, [this](int key_code, int) { txtPassword_KeyDown(key_code); });
+    claims_.Claim(form_.cmdLogin.Click, [this] { cmdLogin_Click(); });
+    claims_.Claim(form_.tmrLoad.Tick, [this] { tmrLoad_Tick(); });
+}
+
+bool LoginRoom::HasFile(std::string_view file) const {
+    return files_.FileExists(std::string(app_path_).append(file));
+}
+
+void LoginRoom::Form_Load() {
+    if (other_instance_.IsRunning()) return;
+    first_login_ = true;
+    load_ticks_ = 0;
+    if (!HasFile(store::kLoginStore) || !HasFile(store::kHistoryStore)) {
+        form_.tmrLoad.SetEnabled(false);
+        session_.NothingBegun = true;
+        form_.frmLogin.UnloadWindow();
+        return;
+    }
+    form_.tmrLoad.SetEnabled(true);
+    events_.Yield();
+    form_.datLogin.SetDatabaseName(stores_, std::string(app_path_).append(store::kLoginStore));
+    form_.datHistory.SetDatabaseName(stores_, std::string(app_path_).append(store::kHistoryStore));
+}
+
+// A window cannot be hidden while it is being loaded to be shown, so a second run hides it here.
+void LoginRoom::Form_Activate() {
+    if (other_instance_.IsRunning()) form_.frmLogin.Hide();
+}
+
+// With somebody logged in the window only serves its wizard, and closing it puts that away.
+void LoginRoom::Form_QueryUnload(bool& cancel) {
+    if (!session_.LoggedIn || session_.mainclose) return;
+    cancel = true;
+    form_.cmdCancel.Click.Raise();
+    form_.frmLogin.Hide();
+}
+
+void LoginRoom::Form_Unload() {
+    form_.tmrLoad.SetEnabled(false);
+    if (!session_.LoggedIn && !session_.mainclose) frm_browser_.UnloadWindow();
+}
+
+void LoginRoom::tmrLoad_Tick() {
+    ++load_ticks_;
+    if (load_ticks_ == kMultipleUsersTick) ReadMultipleUsers();
+    if (load_ticks_ != kLoadUsersTick) return;
+    login_done_ = false;
+    LoadUsers();
+    skip_auto_login_ = false;
+    form_.tmrLoad.SetEnabled(false);
+}
+
+void LoginRoom::ReadMultipleUsers() {
+    if (!form_.datHistory.Open(store::kAllHistory)) return;
+    store::RecordSet& rows = form_.datHistory.Recordset();
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        if (rows.Text(store::tblHistory::HistoryID) != kMultipleUsersRow) continue;
+        login_.Allow_Multiple_Users = rows.Text(store::tblHistory::HistoryText) == base::FlagText(true);
+        if (login_.Allow_Multiple_Users) form_.frmLogin.Show();
+        return;
+    }
+}
+
+void LoginRoom::LoadUsers() {
+    if (!HasFile(store::kLoginStore)) {
+        form_.tmrLoad.SetEnabled(false);
+        return;
+    }
+    form_.datLogin.Open(store::kAllUsers);
+    form_.cmbUser.Clear();
+    form_.txtPassword.SetText("");
+    if (!skip_auto_login_) {
+        str_name_.clear();
+        str_pass_.clear();
+    }
+    bool auto_login = false;
+    store::RecordSet& rows = form_.datLogin.Recordset();
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        if (rows.Text(store::tblLogin::UserName).empty()) continue;
+        form_.cmbUser.AddItem(rows.Text(store::tblLogin::UserName));
+        if (!skip_auto_login_ && TakeRemembered()) auto_login = true;
+    }
+    form_.cmbUser.SetText(str_name_);
+    form_.txtPassword.SetText(str_pass_);
+    FocusFirstEmptyBox();
+    if (auto_login && !str_pass_.empty()) cmdLogin_Click();
+}
+
+bool LoginRoom::TakeRemembered() {
+    const store::RecordSet& row = form_.datLogin.Recordset();
+    if (row.Text(store::tblLogin::RememberMe) == base::FlagText(true)) {
+        form_.chkRememberMe.SetChecked(true);
+        str_name_ = row.Text(store::tblLogin::UserName);
+    }
+    if (row.Text(store::tblLogin::AutoLogin) != base::FlagText(true)) return false;
+    form_.chkAuto.SetChecked(true);
+    str_name_ = row.Text(store::tblLogin::UserName);
+    str_pass_ = row.Text(store::tblLogin::Password);
+    return true;
+}
+
+void LoginRoom::OfferUser(std::string_view name, std::string_view password) {
+    str_name_ = name;
+    str_pass_ = password;
+    skip_auto_login_ = true;
+    form_.datLogin.Refresh();
+    LoadUsers();
+}
+
+void LoginRoom::ShowLogin() {
+    form_.txtPassword.SetText("");
+    form_.frmLogin.Show();
+    FocusFirstEmptyBox();
+}
+
+void LoginRoom::FocusFirstEmptyBox() {
+    // A person who was quick stands in the wizard already.
+    if (!form_.fraLogin.Visible()) return;
+    if (form_.cmbUser.Text().empty()) {
+        form_.cmbUser.SetFocus();
+    } else {
+        form_.txtPassword.SetFocus();
+    }
+}
+
+void LoginRoom::cmbUser_Click() {
+    form_.txtPassword.SetText("");
+}
+
+// Enter may press the default button as well; whichever of the two comes second finds the window gone.
+void LoginRoom::txtPassword_KeyDown(int key_code) {
+    if (key_code == controls::kKeyEnter && form_.frmLogin.Visible()) cmdLogin_Click();
+}
+
+void LoginRoom::cmdLogin_Click() {
+    if (!first_login_) login_.NewLogin = true;
+    first_login_ = false;
+    // After a log out the answer of the login before must not stand for this one.
+    login_done_ = false;
+    str_name_ = form_.cmbUser.Text();
+    str_pass_ = form_.txtPassword.Text();
+    if (!HasEntries()) return;
+    form_.datLogin.Open(store::kAllUsers);
+    if (FindUser()) LogIn();
+    if (!login_done_) {
+        dialogs_.MsgBox("Your user name and password did not match, please check and re-type");
+        return;
+    }
+    RememberOnlyThisUser();
+}
+
+bool LoginRoom::HasEntries() {
+    if (str_name_.empty()) {
+        dialogs_.MsgBox("Please enter a user name");
+        return false;
+    }
+    if (str_pass_.empty()) {
+        dialogs_.MsgBox("Please enter a password");
+        return false;
+    }
+    return true;
+}
+
+bool LoginRoom::FindUser() {
+    store::RecordSet& rows = form_.datLogin.Recordset();
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        if (rows.Text(store::tblLogin::UserName) == str_name_ &&
+            rows.Text(store::tblLogin::Password) == str_pass_) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void LoginRoom::LogIn() {
+    store::RecordSet& row = form_.datLogin.Recordset();
+    row.Edit();
+    row.Set(store::tblLogin::RememberMe, base::FlagText(form_.chkRememberMe.Checked()));
+    row.Set(store::tblLogin::AutoLogin, base::FlagText(form_.chkAuto.Checked()));
+    row.Update();
+    login_.MySpaceE = Trimmed(row.Text(store::tblLogin::MySpaceE));
+    login_.MySpaceP = Trimmed(row.Text(store::tblLogin::MySpaceP));
+    login_.HotmailE = Trimmed(row.Text(store::tblLogin::HotmailE));
+    login_.HotmailP = Trimmed(row.Text(store::tblLogin::HotmailP));
+    login_.FaceBookE = Trimmed(row.Text(store::tblLogin::FaceBookE));
+    login_.FaceBookP = Trimmed(row.Text(store::tblLogin::FaceBookP));
+    DoLogin();
+}
+
+void LoginRoom::DoLogin() {
+    session_.LoggedIn = true;
+    frm_browser_.Hide();
+    login_done_ = true;
+    form_.frmLogin.Hide();
+    splash_.StartCounting();
+}
+
+void LoginRoom::RememberOnlyThisUser() {
+    const bool remembers = form_.chkRememberMe.Checked();
+    const bool logs_in_alone = form_.chkAuto.Checked();
+    if (!remembers && !logs_in_alone) return;
+    store::RecordSet& rows = form_.datLogin.Recordset();
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        if (rows.Text(store::tblLogin::UserName) == str_name_) continue;
+        rows.Edit();
+        if (remembers) rows.Set(store::tblLogin::RememberMe, base::FlagText(false));
+        if (logs_in_alone) rows.Set(store::tblLogin::AutoLogin, base::FlagText(false));
+        rows.Update();
+    }
+}
+
+}  // namespace session

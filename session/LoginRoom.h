@@ -1,0 +1,86 @@
+// The login: loads the stored users, lets one of them in, keeps his web logins for the rest of the session.
+//
+// Passwords are compared as texts, upper and lower case told apart. At most one user stays remembered: the
+// one that logged in last with the box ticked.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "controls/Event.h"
+#include "controls/Surfaces.h"
+#include "ports/Dialogs.h"
+#include "ports/EventLoop.h"
+#include "ports/Files.h"
+#include "session/LoginForm.h"
+#include "session/Outgoing.h"
+#include "session/SessionState.h"
+
+namespace session {
+
+/// The login page, as the wizard for new users hands over to it.
+class LoginPage {
+public:
+    virtual ~LoginPage() = default;
+    /// Reads the users again and stands filled in for this one.
+    virtual void OfferUser(std::string_view name, std::string_view password) = 0;
+};
+
+class LoginRoom final : public LoginPage, public LoginWindow {
+public:
+    /// `app_path` is the application folder in drive form, without a backslash at its end.
+    LoginRoom(LoginForm& form, LoginState& login, SessionState& session, controls::Form& frmBrowser,
+              Splash& splash, OtherInstance& other_instance, store::Stores& stores, ports::Files& files,
+              ports::Dialogs& dialogs, ports::EventLoop& events, std::string_view app_path);
+
+    void DoLogin();
+    void LoadUsers();
+
+    // LoginPage
+    void OfferUser(std::string_view name, std::string_view password) override;
+
+    // LoginWindow: the password of the person who left does not stay in its box.
+    void ShowLogin() override;
+
+private:
+    void Form_Load();
+    void Form_Activate();
+    void Form_QueryUnload(bool& cancel);
+    void Form_Unload();
+    void cmbUser_Click();
+    void txtPassword_KeyDown(int key_code);
+    void cmdLogin_Click();
+    void tmrLoad_Tick();
+
+    bool HasFile(std::string_view file) const;
+    void ReadMultipleUsers();
+    /// Takes what the current row of tblLogin remembers; true when the row logs in by itself.
+    bool TakeRemembered();
+    void FocusFirstEmptyBox();
+    bool HasEntries();
+    bool FindUser();
+    void LogIn();
+    void RememberOnlyThisUser();
+
+    LoginForm& form_;
+    LoginState& login_;
+    SessionState& session_;
+    controls::Form& frm_browser_;
+    Splash& splash_;
+    OtherInstance& other_instance_;
+    store::Stores& stores_;
+    ports::Files& files_;
+    ports::Dialogs& dialogs_;
+    ports::EventLoop& events_;
+    std::string app_path_;
+
+    std::string str_name_;
+    std::string str_pass_;
+    bool login_done_ = false;
+    bool skip_auto_login_ = false;  // the wizard filled name and password in
+    bool first_login_ = true;
+    int load_ticks_ = 0;
+    controls::EventClaims claims_;
+};
+
+}  // namespace session

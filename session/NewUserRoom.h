@@ -1,0 +1,46 @@
+// The wizard for new users: a page for name and password, a page for web logins.
+//
+// It is opened from the login page, and from the preferences while somebody is logged in; cancelling goes
+// back to where it came from.
+#pragma once
+
+#include "controls/Event.h"
+#include "controls/Surfaces.h"
+#include "ports/Dialogs.h"
+#include "session/LoginForm.h"
+#include "session/LoginRoom.h"
+#include "session/SessionState.h"
+
+namespace session {
+
+class NewUserRoom final {
+public:
+    NewUserRoom(LoginForm& form, LoginPage& login_page, const SessionState& session,
+                const controls::Form& frmBrowser, const controls::Form& frmInfo, ports::Dialogs& dialogs);
+
+    /// Shows the login window on the wizard's first page: the preferences' way in.
+    void OpenWizard();
+
+private:
+    void cmdNew_Click();
+    void cmdCancel_Click();
+    void cmdNext_Click();
+    void cmdBack_Click();
+    void cmdFinish_Click();
+
+    bool IsNameTaken();
+    bool IsNameAccepted();
+    void ShowPages(bool new_page, bool setup_page);
+    /// False when the store cannot be opened.
+    bool AddUser();
+
+    LoginForm& form_;
+    LoginPage& login_page_;
+    const SessionState& session_;
+    const controls::Form& frm_browser_;
+    const controls::Form& frm_info_;
+    ports::Dialogs& dialogs_;
+    controls::EventClaims claims_;
+};
+
+}  // namespace session

@@ -1,0 +1,86 @@
+// The end of a session: exit and log out; and the small events of the main window.
+//
+// Exit: the main window is asked to unload, asks the person if pages are open, stops the player, saves, and
+// unloads every window; its own unload is the last. Log out saves first and asks then, so a person who stays
+// has saved already.
+#pragma once
+
+#include <string_view>
+
+#include "controls/Event.h"
+#include "controls/Menu.h"
+#include "controls/Surfaces.h"
+#include "ports/Dialogs.h"
+#include "ports/EventLoop.h"
+#include "session/MediaKeys.h"
+#include "session/Outgoing.h"
+#include "session/SessionState.h"
+#include "session/SettingsRoom.h"
+
+namespace session {
+
+/// Every window of the program.
+struct SessionWindows {
+    controls::Form& frmBrowser;
+    controls::Form& frmActivate;
+    controls::Form& frmLogin;
+    controls::Form& frmAdd;
+    controls::Form& frmAbout;
+    controls::Form& frmAddMedia;
+    controls::Form& frmInfo;
+    controls::Form& frmSpeakerTest;
+    controls::Form& frmVideo;
+};
+
+struct SessionMenu {
+    controls::Menu& mnuExit;
+    controls::Menu& mnuLogout;
+};
+
+/// What the end of a session asks of others.
+struct SessionNeighbours {
+    Tabs& tabs;
+    AddressBar& address_bar;
+    SessionPlayer& player;
+    Skin& skin;
+    LoginWindow& login_window;
+    ClosingDialogs& dialogs;
+};
+
+class SessionRoom final {
+public:
+    SessionRoom(SessionWindows windows, SessionMenu menu, SessionState& session, LoginState& login,
+                SettingsRoom& settings, MediaKeys& keys, SessionNeighbours neighbours,
+                ports::Dialogs& dialogs, ports::EventLoop& events);
+
+    /// Stores the settings and, unless the person only logs out, unloads every window.
+    void SaveSettings();
+    void Form_QueryUnload(bool& cancel);
+    /// The system wants the program to end: as an exit, without the question.
+    void EndSession();
+
+private:
+    void mnuExit_Click();
+    void mnuLogout_Click();
+    void Form_Activate();
+    void Form_Click();
+    void Form_MouseMove();
+
+    bool HasOpenTabs() const;
+    bool Agrees(std::string_view text, std::string_view title);
+    void Leave();
+    void UnloadWindows();
+
+    SessionWindows windows_;
+    SessionState& session_;
+    LoginState& login_;
+    SettingsRoom& settings_;
+    MediaKeys& keys_;
+    SessionNeighbours neighbours_;
+    ports::Dialogs& dialogs_;
+    ports::EventLoop& events_;
+    bool closing_ = false;  // the question of the close is up, or the close is under way
+    controls::EventClaims claims_;
+};
+
+}  // namespace session

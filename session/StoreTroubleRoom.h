@@ -1,0 +1,38 @@
+// Tells the person when a store cannot be read or written: one box a trouble.
+//
+// The stores speak at the end of a handler, where no box may stand, so the boxes wait for a timer.
+#pragma once
+
+#include <deque>
+#include <string>
+#include <string_view>
+
+#include "controls/Event.h"
+#include "controls/Simple.h"
+#include "ports/Dialogs.h"
+#include "session/SessionState.h"
+#include "store/Stores.h"
+
+namespace session {
+
+struct StoreTroubleControls {
+    controls::Timer tmrTrouble{"tmrTrouble", 1};
+};
+
+class StoreTroubleRoom final : public store::StoreTrouble {
+public:
+    StoreTroubleRoom(StoreTroubleControls& controls, const SessionState& session, ports::Dialogs& dialogs);
+
+    void OnStoreTrouble(std::string_view file, ports::DatabaseError error, std::string_view message) override;
+
+private:
+    void tmrTrouble_Tick();
+
+    StoreTroubleControls& controls_;
+    const SessionState& session_;
+    ports::Dialogs& dialogs_;
+    std::deque<std::string> messages_;
+    controls::EventClaims claims_;
+};
+
+}  // namespace session

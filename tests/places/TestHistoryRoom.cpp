@@ -1,0 +1,424 @@
+#include "places/PlacesHarness.h"
+
+namespace {
+
+using places_test::Row;
+using places_test::Texts;
+
+class HistoryRoom : public ::testing::Test {
+protected:
+    HistoryRoom() {
+        stores.Bind(controls.datHistory, "tblHistory");
+        stores.Bind(songs, "tblSong");
+    }
+
+    /// Rows behind the twenty settings.
+    std::vector<Row> Log() {
+        std::vector<Row> rows = stores.Rows("tblHistory");
+        rows.erase(rows.begin(), rows.begin() + 20);
+        return rows;
+    }
+    void SeedSong(int id, const std::string& path) {
+        stores.Seed("tblSong", {{base::ToText(id), "Artist" + base::ToText(id), "Title", path, "0"}});
+    }
+    void Play(std::string_view path) { room.AddSiteToHistory("Music", path); }
+
+    fakes::FakeDesktop desktop;
+    fakes::FakeDialogs boxes;
+    fakes::SeededStores stores{desktop};
+    places::HistoryControls controls;
+    controls::Menu mnuHistory{"mnuHistory"};
+    store::DataSource songs{"datSong"};
+    bool Save_History = true;
+    places_test::RecordingAddressRow address;
+    places_test::FakeFrontPage page;
+    places_test::RecordingPlayedSongs played;
+    places::HistoryRoom room{controls, {mnuHistory}, songs, Save_History, address, page, played, boxes};
+};
+
+TEST_F(HistoryRoom, AVisitedAddressBecomesTheLastRow) {
+    room.AddSiteToHistory("Web", "http://one.example/");
+
+    EXPECT_EQ(Log(), (std::vector<Row>{{"21", "Web", "http://one.example/"}}));
+}
+
+TEST_F(HistoryRoom, NumbersGoOnFromTheLastRow) {
+    stores.Seed("tblHistory", {{"41", "Web", "http://old.example/"}});
+
+    room.AddSiteToHistory("Web", "http://new.example/");
+
+    EXPECT_EQ(Log().back(), (Row{"42", "Web", "http://new.example/"}));
+}
+
+TEST_F(HistoryRoom, WithHistoryOffASongIsLoggedAndAnAddressIsNot) {
+    Save_History = false;
+    address.Text = "typed";
+
+    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory("File", "C:\\a.txt");
+    Play("C:\\Music\\a.mp3");
+
+    EXPECT_EQ(Log(), (std::vector<Row>{{"21", "Music", "C:\\Music\\a.mp3"}}));
+}
+
+TEST_F(HistoryRoom, TheSameAddressTwiceLeavesTheCaseOfTheFirstVisit) {
+    room.AddSiteToHistory("Web", "http://One.example/");
+
+    room.AddSiteToHistory("Web", "HTTP://one.EXAMPLE/");
+
+    EXPECT_EQ(Log(), (std::vector<Row>{{"21", "Web", "http://One.example/"}}));
+}
+
+TEST_F(HistoryRoom, ARepeatedVisitDoesNotMoveTheOldRow) {
+    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory("Web", "http://two.example/");
+
+    room.AddSiteToHistory("Web", "http://one.example/");
+
+    EXPECT_EQ(Log(),
+              (std::vector<Row>{{"21", "Web", "http://one.example/"}, {"22", "Web", "http://two.example/"}}));
+}
+
+TEST_F(HistoryRoom, ATextOfAnotherKindCountsAsKnown) {
+    address.Text = "typed";
+    room.AddSiteToHistory("Web", "post");
+
+    room.AddSiteToHistory("Search", "post");
+
+    EXPECT_EQ(Log().size(), 1U);
+}
+
+TEST_F(HistoryRoom, ATextEqualToASettingIsNotLogged) {
+    room.AddSiteToHistory("Web", "broad");
+
+    EXPECT_TRUE(Log().empty());
+}
+
+TEST_F(HistoryRoom, ATypedTextNeedsAnAddressBoxThatIsNotBlank) {
+    address.Text = "   ";
+
+    for (const auto* kind : {"File", "Search", "MSN"})
+        room.AddSiteToHistory(kind, "typed");
+
+    EXPECT_TRUE(Log().empty());
+}
+
+TEST_F(HistoryRoom, AVisitedAddressIsLoggedWithAnEmptyAddressBox) {
+    address.Text = "";
+
+    room.AddSiteToHistory("Web", "http://one.example/");
+
+    EXPECT_EQ(Log().size(), 1U);
+}
+
+TEST_F(HistoryRoom, ATextOfBlanksIsNotLogged) {
+    address.Text = "typed";
+
+    room.AddSiteToHistory("Search", "   ");
+    room.AddSiteToHistory("Web", "");
+
+    EXPECT_TRUE(Log().empty());
+}
+
+TEST_F(HistoryRoom, ASongThatRepeatsTheLastOneAddsNoRowThoughPagesCameBetween) {
+    Play("C:\\Music\\a.mp3");
+    room.AddSiteToHistory("Web", "http://one.example/");
+
+    Play("c:\\music\\A.MP3");
+
+    EXPECT_EQ(Log().size(), 2U);
+}
+
+TEST_F(HistoryRoom, SongsThatTakeTurnsAddARowEach) {
+    Play("C:\\Music\\a.mp3");
+    Play("C:\\Music\\b.mp3");
+
+    Play("C:\\Music\\a.mp3");
+
+    ASSERT_EQ(Log().size(), 3U);
+    EXPECT_EQ(Log().back(), (Row{"23", "Music", "C:\\Music\\a.mp3"}));
+}
+
+TEST_F(HistoryRoom, TheHighestNumberIsCarriedAgain) {
+    stores.Seed("tblHistory", {{"32767", "Web", "http://old.example/"}});
+
+    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory("Web", "http://two.example/");
+
+    EXPECT_EQ(Log(), (std::vector<Row>{{"32767", "Web", "http://old.example/"},
+                                       {"32767", "Web", "http://one.example/"},
+                                       {"32767", "Web", "http://two.example/"}}));
+}
+
+TEST_F(HistoryRoom, SongsBehindTheHighestNumberKeepTheirOrder) {
+    for (int i = 1; i <= 3; ++i)
+        SeedSong(i, "C:\\" + base::ToText(i) + ".mp3");
+    stores.Seed("tblHistory", {{"32767", "Music", "C:\\1.mp3"}});
+    Play("C:\\2.mp3");
+    Play("C:\\2.mp3");
+    Play("C:\\3.mp3");
+
+    room.PopulateHistory("Music");
+
+    EXPECT_EQ(played.Songs, (Texts{"3|Artist3 - Title", "2|Artist2 - Title", "1|Artist1 - Title"}));
+}
+
+TEST_F(HistoryRoom, ANumberOutOfRangeIsFollowedByTheHighest) {
+    stores.Seed("tblHistory", {{"40000", "Web", "http://old.example/"}});
+
+    room.AddSiteToHistory("Web", "http://one.example/");
+
+    EXPECT_EQ(Log().back(), (Row{"32767", "Web", "http://one.example/"}));
+}
+
+TEST_F(HistoryRoom, RowsBehindTheHighestNumberAreDeletedToo) {
+    stores.Seed("tblHistory", {{"32767", "Web", "http://old.example/"}});
+    room.AddSiteToHistory("Web", "http://one.example/");
+    boxes.Answers = {ports::BoxAnswer::Yes};
+
+    mnuHistory.Click.Raise();
+
+    EXPECT_EQ(stores.Rows("tblHistory").size(), 10U);
+    room.AddSiteToHistory("Web", "http://one.example/");
+    EXPECT_EQ(stores.Rows("tblHistory").back(), (Row{"11", "Web", "http://one.example/"}));
+}
+
+TEST_F(HistoryRoom, AnEmptyTableBeginsAtOne) {
+    controls.datHistory.Open(store::kAllHistory);
+    store::RecordSet& rows = controls.datHistory.Recordset();
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
+        rows.Delete();
+
+    Play("C:\\a.mp3");
+
+    EXPECT_EQ(stores.Rows("tblHistory"), (std::vector<Row>{{"1", "Music", "C:\\a.mp3"}}));
+}
+
+TEST_F(HistoryRoom, EachKindIsStoredAsItWasGivenAndBlanksStay) {
+    address.Text = "typed";
+    const std::string long_text(10'000, 'x');
+
+    room.AddSiteToHistory("MSN", " hello ");
+    room.AddSiteToHistory("File", "C:\\a.txt");
+    room.AddSiteToHistory("Search", "two\r\nlines");
+    room.AddSiteToHistory("Web", long_text);
+
+    EXPECT_EQ(Log(), (std::vector<Row>{{"21", "MSN", " hello "},
+                                       {"22", "File", "C:\\a.txt"},
+                                       {"23", "Search", "two\r\nlines"},
+                                       {"24", "Web", long_text}}));
+}
+
+TEST_F(HistoryRoom, CaseIsIgnoredInEveryAlphabet) {
+    room.AddSiteToHistory("Web", "http://\u00c9t\u00c9.example/");
+
+    room.AddSiteToHistory("Web", "http://\u00e9t\u00e9.example/");
+
+    EXPECT_EQ(Log().size(), 1U);
+}
+
+TEST_F(HistoryRoom, APlayedPathMayEqualAnAddress) {
+    room.AddSiteToHistory("Web", "C:\\a.mp3");
+
+    Play("C:\\a.mp3");
+
+    EXPECT_EQ(Log().back(), (Row{"22", "Music", "C:\\a.mp3"}));
+}
+
+TEST_F(HistoryRoom, ARowThatCannotBeStoredIsToldOnceAndStoredLater) {
+    for (const auto error :
+         {ports::DatabaseError::DiskFull, ports::DatabaseError::Locked, ports::DatabaseError::ReadOnly}) {
+        const std::size_t troubles = stores.Trouble.Troubles.size();
+        stores.Database.FailApply(fakes::SeededStores::kHistoryPath, error);
+        Play("C:\\" + base::ToText(static_cast<int>(error)) + ".mp3");
+        desktop.EndHandler();
+        EXPECT_EQ(stores.Trouble.Troubles.size(), troubles + 1);
+        stores.Database.FailApply(fakes::SeededStores::kHistoryPath, ports::DatabaseError::None);
+        desktop.EndHandler();
+    }
+
+    EXPECT_EQ(Log().size(), 3U);
+}
+
+TEST_F(HistoryRoom, AStoreThatCannotBeReadIsPassedOver) {
+    stores.Database.FailOpen(fakes::SeededStores::kHistoryPath, ports::DatabaseError::Damaged);
+
+    room.AddSiteToHistory("Web", "http://one.example/");
+
+    EXPECT_EQ(stores.Trouble.Troubles.size(), 1U);
+    stores.Database.FailOpen(fakes::SeededStores::kHistoryPath, ports::DatabaseError::None);
+    EXPECT_TRUE(Log().empty());
+}
+
+TEST_F(HistoryRoom, TheAddressListShowsItsKindOldestFirst) {
+    stores.Seed("tblHistory", {{"21", "Web", "http://one.example/"},
+                               {"22", "Search", "owls"},
+                               {"23", "web", "http://small.example/"},
+                               {"24", "Web", "http://two.example/"}});
+    address.Text = "typed";
+    address.List = {"old"};
+
+    room.PopulateHistory("Web");
+
+    EXPECT_EQ(address.List, (Texts{"http://one.example/", "http://two.example/"}));
+    EXPECT_EQ(address.Text, "");
+}
+
+TEST_F(HistoryRoom, TheAddressListHasNoLimit) {
+    for (int i = 0; i < 300; ++i)
+        stores.Seed("tblHistory", {{base::ToText(21 + i), "Web", base::ToText(i)}});
+
+    room.PopulateHistory("Web");
+
+    EXPECT_EQ(address.List.size(), 300U);
+}
+
+TEST_F(HistoryRoom, TheAddressOfTheVisiblePageIsShownInWebMode) {
+    address.Type = "Web";
+    page.Shown = true;
+    page.Url = "http://one.example/";
+
+    room.PopulateHistory("Web");
+
+    EXPECT_EQ(address.Typed, "http://one.example/");
+}
+
+TEST_F(HistoryRoom, TheTypedTextStaysWithoutAVisiblePageOrInAnotherMode) {
+    address.Typed = "typed";
+    page.Url = "http://one.example/";
+    address.Type = "Web";
+    room.PopulateHistory("Web");
+    address.Type = "File";
+    page.Shown = true;
+
+    room.PopulateHistory("File");
+
+    EXPECT_EQ(address.Typed, "typed");
+}
+
+TEST_F(HistoryRoom, TheLastPlayedSongsShowNewestFirst) {
+    SeedSong(1, "C:\\a.mp3");
+    SeedSong(2, "C:\\b.mp3");
+    Play("C:\\a.mp3");
+    Play("C:\\b.mp3");
+    Play("C:\\a.mp3");
+
+    room.PopulateHistory("Music");
+
+    EXPECT_EQ(played.Songs, (Texts{"1|Artist1 - Title", "2|Artist2 - Title", "1|Artist1 - Title"}));
+    EXPECT_EQ(played.Log, (Texts{"begin", "end"}));
+}
+
+TEST_F(HistoryRoom, OfTwoSongsWithOnePathTheFirstIsShown) {
+    SeedSong(7, "C:\\a.mp3");
+    SeedSong(8, "C:\\a.mp3");
+    Play("C:\\a.mp3");
+
+    room.PopulateHistory("Music");
+
+    EXPECT_EQ(played.Songs, Texts{"7|Artist7 - Title"});
+}
+
+TEST_F(HistoryRoom, TheMusicViewLeavesTheAddressRowAlone) {
+    room.AddSiteToHistory("Web", "http://one.example/");
+    address.Text = "typed";
+    address.List = {"old"};
+    page.Shown = true;
+    address.Type = "Web";
+
+    room.PopulateHistory("Music");
+
+    EXPECT_EQ(address.Text, "typed");
+    EXPECT_EQ(address.List, Texts{"old"});
+    EXPECT_EQ(address.Typed, "");
+}
+
+TEST_F(HistoryRoom, AnEmptyLogShowsNoSongs) {
+    SeedSong(1, "C:\\a.mp3");
+
+    room.PopulateHistory("Music");
+
+    EXPECT_TRUE(played.Songs.empty());
+    EXPECT_EQ(played.Log, (Texts{"begin", "end"}));
+}
+
+TEST_F(HistoryRoom, TwentySongsAreShownAtMost) {
+    for (int i = 1; i <= 25; ++i)
+        SeedSong(i, "C:\\" + base::ToText(i) + ".mp3");
+    for (int i = 1; i <= 25; ++i)
+        Play("C:\\" + base::ToText(i) + ".mp3");
+
+    room.PopulateHistory("Music");
+
+    ASSERT_EQ(played.Songs.size(), 20U);
+    EXPECT_EQ(played.Songs.front(), "25|Artist25 - Title");
+    EXPECT_EQ(played.Songs.back(), "6|Artist6 - Title");
+}
+
+TEST_F(HistoryRoom, SongsThatLeftTheLibraryShortenTheView) {
+    for (int i = 1; i <= 22; ++i)
+        SeedSong(i, "C:\\" + base::ToText(i) + ".mp3");
+    for (int i = 1; i <= 25; ++i)
+        Play("C:\\" + base::ToText(i) + ".mp3");
+
+    room.PopulateHistory("Music");
+
+    ASSERT_EQ(played.Songs.size(), 17U);
+    EXPECT_EQ(played.Songs.front(), "22|Artist22 - Title");
+    EXPECT_EQ(played.Songs.back(), "6|Artist6 - Title");
+}
+
+TEST_F(HistoryRoom, ASongIsFoundByItsExactPathOnly) {
+    SeedSong(1, "C:\\A.mp3");
+    Play("C:\\a.mp3");
+
+    room.PopulateHistory("Music");
+
+    EXPECT_TRUE(played.Songs.empty());
+}
+
+TEST_F(HistoryRoom, DeletingAsksFirst) {
+    room.AddSiteToHistory("Web", "http://one.example/");
+    boxes.Answers = {ports::BoxAnswer::No};
+
+    mnuHistory.Click.Raise();
+
+    ASSERT_EQ(boxes.Boxes.size(), 1U);
+    EXPECT_EQ(boxes.Boxes[0].text, "Are you sure you want to delete all of your history?");
+    EXPECT_EQ(boxes.Boxes[0].title, "Delete History");
+    EXPECT_EQ(boxes.Boxes[0].buttons, ports::BoxButtons::YesNo);
+    EXPECT_EQ(boxes.Boxes[0].icon, ports::BoxIcon::None);
+    EXPECT_EQ(stores.Rows("tblHistory").size(), 21U);
+    EXPECT_EQ(address.Clears, 0);
+}
+
+TEST_F(HistoryRoom, DeletingKeepsTheFirstTenRows) {
+    Play("C:\\a.mp3");
+    room.AddSiteToHistory("Web", "http://one.example/");
+    address.Text = "typed";
+    address.List = {"http://one.example/"};
+    boxes.Answers = {ports::BoxAnswer::Yes};
+
+    mnuHistory.Click.Raise();
+
+    const std::vector<Row> rows = stores.Rows("tblHistory");
+    ASSERT_EQ(rows.size(), 10U);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        EXPECT_EQ(rows[i][0], base::ToText(static_cast<std::int64_t>(i) + 1));
+        EXPECT_EQ(rows[i][1], "Settings");
+    }
+    EXPECT_TRUE(address.List.empty());
+    EXPECT_EQ(address.Text, "typed");
+    EXPECT_TRUE(played.Log.empty());
+}
+
+TEST_F(HistoryRoom, AfterADeletionNumbersGoOnFromEleven) {
+    boxes.Answers = {ports::BoxAnswer::Yes};
+    mnuHistory.Click.Raise();
+
+    room.AddSiteToHistory("Web", "http://one.example/");
+
+    EXPECT_EQ(stores.Rows("tblHistory").back(), (Row{"11", "Web", "http://one.example/"}));
+}
+
+}  // namespace

@@ -1,0 +1,342 @@
+// Start-up, login and session on seeded stores, with neighbours that write one log of what they were asked.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/Number.h"
+#include "fakes/FakeDesktop.h"
+#include "fakes/FakeDialogs.h"
+#include "fakes/FakeFiles.h"
+#include "fakes/SeededStores.h"
+#include "session/ActivateForm.h"
+#include "session/ActivateRoom.h"
+#include "session/LoginForm.h"
+#include "session/LoginRoom.h"
+#include "session/MediaKeys.h"
+#include "session/NewUserRoom.h"
+#include "session/SessionRoom.h"
+#include "session/SettingsRoom.h"
+#include "session/StartUpRoom.h"
+
+namespace session_test {
+
+using Texts = std::vector<std::string>;
+using Row = fakes::FakeDatabase::Row;
+
+inline constexpr std::string_view kAppPath = "C:\\app";
+
+inline int Count(const Texts& log, std::string_view text) {
+    return static_cast<int>(std::count(log.begin(), log.end(), text));
+}
+/// Place of the first entry in a log, -1 when it is not there.
+inline int PlaceOf(const Texts& log, std::string_view text) {
+    const auto found = std::find(log.begin(), log.end(), text);
+    return found == log.end() ? -1 : static_cast<int>(found - log.begin());
+}
+
+/// Everything outside of start-up and session. One log, in the order of the calls.
+class Neighbours final : public session::MediaLists,
+                         public session::HistoryLists,
+                         public session::FavouritesStart,
+                         public session::Tabs,
+                         public session::AddressBar,
+                         public session::SessionPlayer,
+                         public session::Skin,
+                         public session::CommandMailbox,
+                         public session::OtherInstance,
+                         public session::ClosingDialogs,
+                         public session::MediaKeyActions {
+public:
+    // session::MediaLists
+    void Command1() override {
+        Log.emplace_back("Command1");
+        if (OnCommand1) OnCommand1();
+    }
+
+    // session::HistoryLists
+    void PopulateHistory(std::string_view kind) override { Note("PopulateHistory ", kind); }
+
+    // session::FavouritesStart
+    void TogglePanel() override { Log.emplace_back("TogglePanel"); }
+    void SettleFavourites() override {
+        Log.emplace_back("SettleFavourites");
+        if (OnSettle) OnSettle();
+    }
+
+    // session::Tabs
+    int TabCount() const override { return static_cast<int>(TabsVisible.size()); }
+    bool IsTabVisible(int index) const override { return TabsVisible[static_cast<std::size_t>(index)]; }
+    void CloseTab(int index) override {
+        TabsVisible[static_cast<std::size_t>(index)] = false;
+        Note("CloseTab ", base::ToText(index));
+    }
+    void BringTabToFront(int index) override { Note("BringTabToFront ", base::ToText(index)); }
+    void NameTab(int index, std::string_view caption) override {
+        Note("NameTab " + base::ToText(index) + " ", caption);
+    }
+    bool IsMusicTabVisible() const override { return MusicTabVisible; }
+    void OpenMusicTab() override { Log.emplace_back("OpenMusicTab"); }
+    void BringMusicTabToFront() override { Log.emplace_back("BringMusicTabToFront"); }
+    void CloseMusicTab() override { Log.emplace_back("CloseMusicTab"); }
+    void CorrectTabs() override { Log.emplace_back("CorrectTabs"); }
+    void NavigateBackdrop(std::string_view address) override { Note("NavigateBackdrop ", address); }
+
+    // session::AddressBar
+    std::string Address() const override { return Typed; }
+    void SetAddress(std::string_view address) override { Typed = address; }
+    bool IsAddressVisible() const override { return AddressVisible; }
+    void PressEnter() override {
+        Note("PressEnter ", Typed);
+        TabsVisible.push_back(true);
+        if (OnEnter) OnEnter();
+    }
+    void cmdGo() override { Note("cmdGo ", Typed); }
+    void FocusAddress() override { Log.emplace_back("FocusAddress"); }
+
+    // session::SessionPlayer
+    void SetPlayerDefaults() override { Log.emplace_back("SetPlayerDefaults"); }
+    void ClearVideoPicture() override { Log.emplace_back("ClearVideoPicture"); }
+    void SetSongSpeed(int speed) override { Note("SetSongSpeed ", base::ToText(speed)); }
+    void ChooseQuickFade() override { Log.emplace_back("ChooseQuickFade"); }
+    bool IsTitleScrolling() const override { return TitleScrolling; }
+    void SetTitleScrolling(bool scrolling) override { TitleScrolling = scrolling; }
+    void StopPlaying() override { Log.emplace_back("StopPlaying"); }
+    void CloseMedia() override { Log.emplace_back("CloseMedia"); }
+    void SendNothingPlaying() override { Log.emplace_back("SendNothingPlaying"); }
+
+    // session::Skin
+    void NoMouseOvers() override { Log.emplace_back("NoMouseOvers"); }
+
+    // session::CommandMailbox
+    void Prepare() override { Log.emplace_back("Prepare"); }
+    void Deliver(std::string_view command) override { Note("Deliver ", command); }
+
+    // session::OtherInstance
+    bool IsRunning() const override { return OtherRuns; }
+    void HandOver(std::string_view command) override { Note("HandOver ", command); }
+
+    // session::ClosingDialogs
+    void AllowPreferencesToUnload() override { Log.emplace_back("AllowPreferencesToUnload"); }
+
+    // session::MediaKeyActions
+    void ToggleMute() override { Log.emplace_back("ToggleMute"); }
+    void DecreaseVolume() override { Log.emplace_back("DecreaseVolume"); }
+    void IncreaseVolume() override { Log.emplace_back("IncreaseVolume"); }
+    void EndOfSongCode() override { Log.emplace_back("EndOfSongCode"); }
+    void PlayPreviousTrack() override { Log.emplace_back("PlayPreviousTrack"); }
+    void Stop() override { Log.emplace_back("Stop"); }
+    bool IsPlayShown() const override { return PlayShown; }
+    void Play() override { Log.emplace_back("Play"); }
+    void Pause() override { Log.emplace_back("Pause"); }
+    void GoBack() override { Log.emplace_back("GoBack"); }
+    void GoForward() override { Log.emplace_back("GoForward"); }
+    void RefreshPage() override { Log.emplace_back("RefreshPage"); }
+
+    void Note(std::string_view what, std::string_view with) { Log.push_back(std::string(what).append(with)); }
+
+    Texts Log;
+    std::vector<bool> TabsVisible{false};  // the template
+    std::string Typed;
+    bool MusicTabVisible = true;
+    bool AddressVisible = true;
+    bool TitleScrolling = false;
+    bool OtherRuns = false;
+    bool PlayShown = true;
+    std::function<void()> OnCommand1;
+    std::function<void()> OnSettle;
+    std::function<void()> OnEnter;
+};
+
+/// The windows of the other subsystems, the menu entries and the controls that core reaches.
+struct Windows {
+    controls::Form frmBrowser{"frmBrowser", "Brindlepost"};
+    controls::Form frmAdd{"frmAdd", ""};
+    controls::Form frmAbout{"frmAbout", ""};
+    controls::Form frmAddMedia{"frmAddMedia", ""};
+    controls::Form frmInfo{"frmInfo", ""};
+    controls::Form frmSpeakerTest{"frmSpeakerTest", ""};
+    controls::Form frmVideo{"frmVideo", ""};
+    controls::Menu mnuExit{"mnuExit"};
+    controls::Menu mnuLogout{"mnuLogout"};
+    controls::Menu mnuRepeat{"mnuRepeat"};
+    controls::Menu mnuShuffle{"mnuShuffle"};
+    controls::Menu mnuSearchBroad{"mnuSearchBroad"};
+    controls::Menu mnuSearchTitle{"mnuSearchTitle"};
+    controls::Menu mnuSearchArtist{"mnuSearchArtist"};
+    controls::Menu mnuSearchFilename{"mnuSearchFilename"};
+    controls::TextBox txtRefresh{"txtRefresh"};
+    controls::ComboBox cmbType{"cmbType", controls::ComboStyle::DropDownList};
+    controls::PictureBox picVideo{"picVideo"};
+    store::DataSource datSong{"datSong"};
+    store::DataSource datPlayList{"datPlayList"};
+    store::DataSource datFav{"datFav"};
+    store::DataSource datHistory{"datHistory"};
+};
+
+/// The preferences' boxes.
+struct Boxes {
+    controls::CheckBox chkSettings{"chkSettings", ""};
+    controls::CheckBox chkHomePages{"chkHomePages", ""};
+    controls::CheckBox chkMSN{"chkMSN", ""};
+    controls::CheckBox chkCustom{"chkCustom", ""};
+    controls::CheckBox chkSaveMSN{"chkSaveMSN", ""};
+    controls::CheckBox chkMultiLogin{"chkMultiLogin", ""};
+    controls::CheckBox chkAutoLogin{"chkAutoLogin", ""};
+    controls::CheckBox chkHistory{"chkHistory", ""};
+    controls::CheckBox chkGoogle{"chkGoogle", ""};
+    controls::CheckBox chkFile{"chkFile", ""};
+    controls::CheckBox chkSubFolders{"chkSubFolders", ""};
+    controls::CommandButton cmdNewUser{"cmdNewUser"};
+};
+
+/// The whole of start-up and session, joined as the program joins it. `Command` is the command line.
+class CoreTest : public ::testing::Test {
+protected:
+    explicit CoreTest(std::string_view command = {}) : Command(command) {
+        near.OnCommand1 = [this] { splash.SetStage("Media Library"); };
+        for (const auto* file : {"dbFavs.mdb", "dbMedia.mdb", "dbHistory.mdb", "dbLogin.mdb"}) {
+            files.AddFile(std::string(kAppPath) + "\\" + file);
+        }
+        w.mnuExit.SetEnabled(false);
+        w.mnuLogout.SetEnabled(false);
+        w.picVideo.Move(0, 0, 2400, 2790);
+        w.frmBrowser.Add(start_controls.tmrLoad);
+        desktop.Adopt(w.frmBrowser);
+        desktop.Adopt(activate.frmActivate);
+        desktop.Adopt(login_form.frmLogin);
+        claims.Claim(w.mnuRepeat.Click, [this] { w.mnuRepeat.SetChecked(!w.mnuRepeat.Checked()); });
+        for (controls::Form* form :
+             {&w.frmAdd, &w.frmAbout, &w.frmAddMedia, &w.frmInfo, &w.frmSpeakerTest, &w.frmVideo}) {
+            claims.Claim(form->Unload, [this, form](bool&) { near.Note("Unload ", form->Name()); });
+        }
+        claims.Claim(w.frmBrowser.Unload, [this](bool&) { near.Log.emplace_back("Unload frmBrowser"); });
+        claims.Claim(activate.frmActivate.Unload,
+                     [this](bool&) { near.Log.emplace_back("Unload frmActivate"); });
+    }
+
+    void SeedUser(std::string_view name, std::string_view password, std::string_view remember = "False",
+                  std::string_view auto_login = "False") {
+        stores.Seed("tblLogin", {{std::string(name), std::string(password), " ms", " mp", " he", " hp", " fe",
+                                  " fp", std::string(remember), std::string(auto_login)}});
+    }
+    void RemoveFile(std::string_view name) { files.Remove(std::string(kAppPath).append(name)); }
+    /// Text of a settings row.
+    std::string Setting(int id) {
+        for (const Row& row : stores.Rows("tblHistory")) {
+            if (row[0] == base::ToText(id)) return row[2];
+        }
+        return "no row";
+    }
+    /// Gives a settings row another text; before the table's first use.
+    void SetSetting(int id, std::string_view text) {
+        store::DataSource source("datSeed");
+        stores.Bind(source, "tblHistory");
+        source.Open("SELECT * from tblHistory");
+        store::RecordSet& rows = source.Recordset();
+        for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+            if (rows.Text(store::tblHistory::HistoryID) != base::ToText(id)) continue;
+            rows.Edit();
+            rows.Set(store::tblHistory::HistoryText, text);
+            rows.Update();
+        }
+    }
+    void BindSettings() {
+        stores.Bind(w.datHistory, "tblHistory");
+        stores.Bind(w.datFav, "tblFavs");
+    }
+    /// Brings the login up behind the splash and lets its timer fill it.
+    void OpenLogin() {
+        splash.SetStage("Media Library");
+        desktop.Advance(600);
+    }
+    void TypeLogin(std::string_view name, std::string_view password) {
+        login_form.cmbUser.SetText(name);
+        login_form.txtPassword.SetText(password);
+    }
+    /// From the main window's load to the login, standing filled in.
+    void StartProgram() {
+        w.frmBrowser.Show();
+        desktop.Advance(700);
+    }
+    std::string LastBox() const { return boxes.Boxes.empty() ? "no box" : boxes.Boxes.back().text; }
+
+    std::string Command;
+    fakes::FakeDesktop desktop;
+    fakes::FakeDialogs boxes;
+    fakes::FakeFiles files{kAppPath};
+    fakes::SeededStores stores{desktop};
+    Neighbours near;
+    Windows w;
+    Boxes checks;
+    session::ActivateForm activate;
+    session::LoginForm login_form;
+    session::StartUpControls start_controls;
+    session::SessionState session;
+    session::SessionOptions options;
+    session::ConnectionState connection;
+    session::LoginState login;
+    web::WebState web;
+    controls::EventClaims claims;
+
+    session::ActivateRoom splash{activate,
+                                 connection,
+                                 session,
+                                 {w.frmBrowser, w.mnuExit, w.mnuLogout},
+                                 login_form.frmLogin,
+                                 near,
+                                 files,
+                                 boxes,
+                                 desktop,
+                                 kAppPath};
+    session::LoginRoom login_room{login_form,    login, session, w.frmBrowser, splash,  near,
+                                  stores.Stores, files, boxes,   desktop,      kAppPath};
+    session::NewUserRoom wizard{login_form, login_room, session, w.frmBrowser, w.frmInfo, boxes};
+    session::SettingsRoom settings{
+        {w.mnuRepeat, w.mnuShuffle, w.mnuSearchBroad, w.mnuSearchTitle, w.mnuSearchArtist,
+         w.mnuSearchFilename, w.txtRefresh, w.cmbType, w.datHistory, w.datFav},
+        {checks.chkSettings, checks.chkHomePages, checks.chkMSN, checks.chkCustom, checks.chkSaveMSN,
+         checks.chkMultiLogin, checks.chkAutoLogin, checks.chkHistory, checks.chkGoogle, checks.chkFile,
+         checks.chkSubFolders, checks.cmdNewUser},
+        options,
+        session,
+        connection,
+        web,
+        splash,
+        near,
+        near,
+        near,
+        desktop,
+        desktop};
+    session::MediaKeys keys{near, near};
+    session::SessionRoom session_room{{w.frmBrowser, activate.frmActivate, login_form.frmLogin, w.frmAdd,
+                                       w.frmAbout, w.frmAddMedia, w.frmInfo, w.frmSpeakerTest, w.frmVideo},
+                                      {w.mnuExit, w.mnuLogout},
+                                      session,
+                                      login,
+                                      settings,
+                                      keys,
+                                      {near, near, near, near, login_room, near},
+                                      boxes,
+                                      desktop};
+    session::StartUpRoom start{start_controls,
+                               {w.frmBrowser, activate.frmActivate, login_form.frmLogin, w.mnuExit,
+                                w.mnuLogout, w.picVideo, w.datSong, w.datPlayList, w.datFav, w.datHistory},
+                               session,
+                               login,
+                               web,
+                               settings,
+                               {near, near, near, near, near, near, near, near, near, splash, splash},
+                               stores.Stores,
+                               files,
+                               desktop,
+                               kAppPath,
+                               Command};
+};
+
+}  // namespace session_test

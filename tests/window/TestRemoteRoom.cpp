@@ -1,0 +1,432 @@
+#include "window/RemoteRoom.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <optional>
+#include <vector>
+
+#include "fakes/FakeDesktop.h"
+#include "fakes/FakeNowPlayingBoard.h"
+#include "fakes/FakeScreenSaver.h"
+
+namespace {
+
+using ports::PlaybackStatus;
+using Calls = std::vector<std::string>;
+
+constexpr std::int64_t kSecond = 1'000'000;
+constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double kEndless = std::numeric_limits<double>::infinity();
+
+/// A player that notes what it is asked to do.
+struct RecordingPlayer final : window::RemotePlayer {
+    std::uint64_t Orders() const override { return OrderCount; }
+    std::int64_t Openings() const override { return OpeningCount; }
+    std::uint64_t Seeks() const override { return SeekCount; }
+    PlaybackStatus Status() override {
+        ++StatusQuestions;
+        return Now;
+    }
+    bool IsVideo() const override { return Video; }
+    std::string Artist() const override { return "Owls "; }
+    std::string Title() const override { return " Nightjar"; }
+    std::string Path() const override { return "/m/Owls - Nightjar.mp3"; }
+    double Length() override { return LengthSeconds; }
+    double Position() override { return PositionSeconds; }
+    int Speed() const override { return SpeedPercent; }
+    double Volume() const override { return Level; }
+    bool HasSelectedTrack() const override { return Selected; }
+    bool HasNext() const override { return NextThere; }
+    bool HasPrevious() const override { return PreviousThere; }
+    void Play() override { Did("play"); }
+    void Pause() override { Did("pause"); }
+    void Stop() override { Did("stop"); }
+    void Next() override { Did("next"); }
+    void Previous() override { Did("previous"); }
+    void SeekTo(double second) override { Did("seek " + std::to_string(second)); }
+    void SetSpeed(double percent) override { Did("speed " + std::to_string(percent)); }
+    void SetVolume(double level) override { Did("volume " + std::to_string(level)); }
+    void Raise() override { Did("raise"); }
+    void Quit() override { Did("quit"); }
+
+    void Did(std::string what) { Done.push_back(std::move(what)); }
+
+    std::uint64_t OrderCount = 0;
+    std::int64_t OpeningCount = 0;
+    std::uint64_t SeekCount = 0;
+    PlaybackStatus Now = PlaybackStatus::Stopped;
+    int StatusQuestions = 0;
+    bool Video = false;
+    double LengthSeconds = 180;
+    double PositionSeconds = 0;
+    int SpeedPercent = 103;
+    double Level = 1;
+    bool Selected = true;
+    bool NextThere = true;
+    bool PreviousThere = true;
+    Calls Done;
+};
+
+class RemoteRoomTest : public testing::Test {
+protected:
+    RemoteRoomTest() {
+        room.emplace(player, window::RemotePorts{board, screen_saver, desktop});
+        desktop.EndHandler();
+    }
+
+    /// A song is opened and plays from the start.
+    void StartSong() {
+        ++player.OpeningCount;
+        ChangeTo(PlaybackStatus::Playing);
+    }
+    void ChangeTo(PlaybackStatus status) {
+        ++player.OrderCount;
+        player.Now = status;
+        desktop.EndHandler();
+    }
+    ports::RemoteControl& Remote() { return *board.Listener; }
+
+    RecordingPlayer player;
+    fakes::FakeDesktop desktop;
+    fakes::FakeNowPlayingBoard board;
+    fakes::FakeScreenSaver screen_saver;
+    std::optional<window::RemoteRoom> room;
+};
+
+TEST_F(RemoteRoomTest, BeforeTheFirstSongNothingPlays) {
+    EXPECT_EQ(board.Shown.status, PlaybackStatus::Stopped);
+    EXPECT_EQ(board.Shown.track, 0);
+    EXPECT_EQ(board.Shown.title, "");
+    EXPECT_TRUE(board.Shown.can_play);
+    EXPECT_FALSE(board.Shown.can_pause);
+    EXPECT_FALSE(board.Shown.can_seek);
+    EXPECT_EQ(Remote().Position(), 0);
+}
+
+TEST_F(RemoteRoomTest, ASongIsShownWithAllThatIsKnown) {
+    StartSong();
+
+    EXPECT_EQ(board.Shown.status, PlaybackStatus::Playing);
+    EXPECT_EQ(board.Shown.track, 1);
+    EXPECT_EQ(board.Shown.title, "Nightjar");
+    EXPECT_EQ(board.Shown.artist, "Owls");
+    EXPECT_EQ(board.Shown.path, "/m/Owls - Nightjar.mp3");
+    EXPECT_EQ(board.Shown.length, 180 * kSecond);
+    EXPECT_DOUBLE_EQ(board.Shown.rate, 1.03);
+    EXPECT_TRUE(board.Shown.can_pause);
+    EXPECT_TRUE(board.Shown.can_seek);
+}
+
+TEST_F(RemoteRoomTest, TheSameSongAgainIsAnotherTrack) {
+    StartSong();
+    StartSong();
+
+    EXPECT_EQ(board.Shown.track, 2);
+    EXPECT_EQ(board.News.back().track, 2);
+}
+
+TEST_F(RemoteRoomTest, AHandlerThatChangedNothingIsNoNews) {
+    StartSong();
+    const std::size_t news = board.News.size();
+
+    for (int i = 0; i < 100; ++i)
+        desktop.EndHandler();
+
+    EXPECT_EQ(board.News.size(), news);
+}
+
+TEST_F(RemoteRoomTest, WhileNothingPlaysTheDeviceIsNotAsked) {
+    ChangeTo(PlaybackStatus::Stopped);
+    const int asked = player.StatusQuestions;
+
+    for (int i = 0; i < 100; ++i)
+        desktop.EndHandler();
+
+    EXPECT_EQ(player.StatusQuestions, asked);
+}
+
+TEST_F(RemoteRoomTest, ASongThatEndsByItselfIsShownOnce) {
+    StartSong();
+    const std::size_t news = board.News.size();
+
+    player.Now = PlaybackStatus::Stopped;
+    desktop.EndHandler();
+    desktop.EndHandler();
+
+    EXPECT_EQ(board.Shown.status, PlaybackStatus::Stopped);
+    EXPECT_EQ(board.Shown.track, 0);
+    EXPECT_EQ(board.News.size(), news + 1);
+}
+
+TEST_F(RemoteRoomTest, LevelAndChoicesAreShownWithoutAnOrder) {
+    player.Level = 0.25;
+    player.Selected = false;
+    player.NextThere = false;
+    player.PreviousThere = false;
+
+    desktop.EndHandler();
+
+    EXPECT_EQ(board.Shown.volume, 0.25);
+    EXPECT_FALSE(board.Shown.can_play);
+    EXPECT_FALSE(board.Shown.can_go_next);
+    EXPECT_FALSE(board.Shown.can_go_previous);
+}
+
+TEST_F(RemoteRoomTest, AJumpIsToldWithItsPlace) {
+    StartSong();
+    player.PositionSeconds = 12.5;
+    ++player.SeekCount;
+
+    desktop.EndHandler();
+
+    EXPECT_EQ(board.Jumps, std::vector<std::int64_t>{12'500'000});
+}
+
+TEST_F(RemoteRoomTest, PlayingOnIsNoJump) {
+    StartSong();
+    player.PositionSeconds = 60;
+    ChangeTo(PlaybackStatus::Paused);
+
+    EXPECT_TRUE(board.Jumps.empty());
+    EXPECT_EQ(Remote().Position(), 60 * kSecond);
+}
+
+TEST_F(RemoteRoomTest, PlayPressesPlay) {
+    Remote().OnPlay();
+
+    EXPECT_EQ(player.Done, Calls{"play"});
+}
+
+TEST_F(RemoteRoomTest, WithNothingToPlayPlayDoesNothing) {
+    player.Selected = false;
+    desktop.EndHandler();
+
+    Remote().OnPlay();
+    Remote().OnPlayPause();
+
+    EXPECT_TRUE(player.Done.empty());
+}
+
+TEST_F(RemoteRoomTest, PlayPauseGoesByWhatPlays) {
+    Remote().OnPlayPause();
+    StartSong();
+    Remote().OnPlayPause();
+    ChangeTo(PlaybackStatus::Paused);
+    Remote().OnPlayPause();
+
+    EXPECT_EQ(player.Done, (Calls{"play", "pause", "play"}));
+}
+
+TEST_F(RemoteRoomTest, PauseAndStopOnlyWhatIsToBePausedAndStopped) {
+    Remote().OnPause();
+    Remote().OnStop();
+    EXPECT_TRUE(player.Done.empty());
+    StartSong();
+
+    Remote().OnPause();
+    Remote().OnStop();
+
+    EXPECT_EQ(player.Done, (Calls{"pause", "stop"}));
+}
+
+TEST_F(RemoteRoomTest, NextAndPreviousOnlyWhereThereIsOne) {
+    Remote().OnNext();
+    Remote().OnPrevious();
+    EXPECT_EQ(player.Done, (Calls{"next", "previous"}));
+    player.Done.clear();
+    player.NextThere = player.PreviousThere = false;
+    desktop.EndHandler();
+
+    Remote().OnNext();
+    Remote().OnPrevious();
+
+    EXPECT_TRUE(player.Done.empty());
+}
+
+TEST_F(RemoteRoomTest, SeekGoesFromWhereTheSongStands) {
+    StartSong();
+    player.PositionSeconds = 30;
+
+    Remote().OnSeek(5 * kSecond);
+    Remote().OnSeek(-10 * kSecond);
+
+    EXPECT_EQ(player.Done, (Calls{"seek 35.000000", "seek 20.000000"}));
+}
+
+TEST_F(RemoteRoomTest, SeekBeforeTheStartGoesToTheStart) {
+    StartSong();
+    player.PositionSeconds = 3;
+
+    Remote().OnSeek(-4 * kSecond);
+    Remote().OnSeek(std::numeric_limits<std::int64_t>::min());
+
+    EXPECT_EQ(player.Done, (Calls{"seek 0.000000", "seek 0.000000"}));
+}
+
+TEST_F(RemoteRoomTest, SeekPastTheEndIsTheNextSong) {
+    StartSong();
+    player.PositionSeconds = 100;
+
+    Remote().OnSeek(80 * kSecond);
+    Remote().OnSeek(80 * kSecond + 1);
+    Remote().OnSeek(std::numeric_limits<std::int64_t>::max());
+
+    EXPECT_EQ(player.Done, (Calls{"seek 180.000000", "next", "next"}));
+}
+
+TEST_F(RemoteRoomTest, APositionOutsideTheSongIsLeftAlone) {
+    StartSong();
+
+    for (const std::int64_t place :
+         {std::int64_t{-1}, 180 * kSecond + 1, std::numeric_limits<std::int64_t>::max(),
+          std::numeric_limits<std::int64_t>::min()}) {
+        Remote().OnSetPosition(1, place);
+    }
+
+    EXPECT_TRUE(player.Done.empty());
+}
+
+TEST_F(RemoteRoomTest, APositionInTheSongIsSought) {
+    StartSong();
+
+    Remote().OnSetPosition(1, 0);
+    Remote().OnSetPosition(1, 90 * kSecond);
+
+    EXPECT_EQ(player.Done, (Calls{"seek 0.000000", "seek 90.000000"}));
+}
+
+TEST_F(RemoteRoomTest, APositionForAnotherTrackIsLeftAlone) {
+    StartSong();
+
+    Remote().OnSetPosition(0, kSecond);
+    Remote().OnSetPosition(2, kSecond);
+    Remote().OnSetPosition(-1, kSecond);
+
+    EXPECT_TRUE(player.Done.empty());
+}
+
+TEST_F(RemoteRoomTest, APausedSongStaysPausedAfterASeek) {
+    StartSong();
+    ChangeTo(PlaybackStatus::Paused);
+
+    Remote().OnSetPosition(1, 90 * kSecond);
+
+    EXPECT_EQ(player.Done, (Calls{"seek 90.000000", "pause"}));
+}
+
+TEST_F(RemoteRoomTest, NothingToSeekInIsNotSought) {
+    Remote().OnSeek(kSecond);
+    Remote().OnSetPosition(0, 0);
+    player.LengthSeconds = 0;
+    StartSong();
+
+    Remote().OnSeek(kSecond);
+    Remote().OnSetPosition(1, 0);
+
+    EXPECT_FALSE(board.Shown.can_seek);
+    EXPECT_TRUE(player.Done.empty());
+}
+
+TEST_F(RemoteRoomTest, ARateIsASpeedInPercentWithinItsRange) {
+    for (const double rate : {1.0, 0.5, 0.001, 17.0})
+        Remote().OnSetRate(rate);
+
+    EXPECT_EQ(player.Done,
+              (Calls{"speed 100.000000", "speed 50.000000", "speed 3.000000", "speed 200.000000"}));
+}
+
+TEST_F(RemoteRoomTest, ARateOfNothingPauses) {
+    StartSong();
+
+    Remote().OnSetRate(0);
+
+    EXPECT_EQ(player.Done, Calls{"pause"});
+}
+
+TEST_F(RemoteRoomTest, ARateThatIsNoneIsLeftAlone) {
+    StartSong();
+
+    for (const double rate : {-1.0, kNoNumber, kEndless, -kEndless})
+        Remote().OnSetRate(rate);
+
+    EXPECT_TRUE(player.Done.empty());
+}
+
+TEST_F(RemoteRoomTest, TheRateShownStaysInItsRange) {
+    player.SpeedPercent = 217;
+    StartSong();
+    EXPECT_DOUBLE_EQ(board.Shown.rate, 2.0);
+    player.SpeedPercent = -17;
+
+    ChangeTo(PlaybackStatus::Playing);
+
+    EXPECT_DOUBLE_EQ(board.Shown.rate, 0.03);
+}
+
+TEST_F(RemoteRoomTest, AVolumeIsTakenWithinItsRangeAndOtherwiseNot) {
+    for (const double volume : {0.5, -3.0, 7.0, kEndless, kNoNumber})
+        Remote().OnSetVolume(volume);
+
+    EXPECT_EQ(player.Done,
+              (Calls{"volume 0.500000", "volume 0.000000", "volume 1.000000", "volume 1.000000"}));
+}
+
+TEST_F(RemoteRoomTest, RaiseAndQuitArePassedOn) {
+    Remote().OnRaise();
+    Remote().OnQuit();
+
+    EXPECT_EQ(player.Done, (Calls{"raise", "quit"}));
+}
+
+TEST_F(RemoteRoomTest, TheScreenStaysOnWhileAVideoPlays) {
+    player.Video = true;
+    StartSong();
+    EXPECT_TRUE(screen_saver.Inhibited);
+    ChangeTo(PlaybackStatus::Paused);
+    EXPECT_FALSE(screen_saver.Inhibited);
+    ChangeTo(PlaybackStatus::Playing);
+    EXPECT_TRUE(screen_saver.Inhibited);
+
+    ChangeTo(PlaybackStatus::Stopped);
+
+    EXPECT_FALSE(screen_saver.Inhibited);
+}
+
+TEST_F(RemoteRoomTest, AVideoThatEndsByItselfLetsTheScreenGoDark) {
+    player.Video = true;
+    StartSong();
+    player.Now = PlaybackStatus::Stopped;
+
+    desktop.EndHandler();
+
+    EXPECT_FALSE(screen_saver.Inhibited);
+}
+
+TEST_F(RemoteRoomTest, ASongAfterAVideoLetsTheScreenGoDark) {
+    player.Video = true;
+    StartSong();
+    player.Video = false;
+
+    StartSong();
+
+    EXPECT_FALSE(screen_saver.Inhibited);
+}
+
+TEST_F(RemoteRoomTest, MusicAloneLetsTheScreenGoDark) {
+    StartSong();
+
+    EXPECT_EQ(screen_saver.Changes, 0);
+}
+
+TEST_F(RemoteRoomTest, TheEndOfTheRoomLeavesNobodyToAskAndNothingInhibited) {
+    player.Video = true;
+    StartSong();
+
+    room.reset();
+
+    EXPECT_EQ(board.Listener, nullptr);
+    EXPECT_FALSE(screen_saver.Inhibited);
+}
+
+}  // namespace

@@ -1,0 +1,58 @@
+#include <gtest/gtest.h>
+
+#include "window/ViewRoom.h"
+
+namespace {
+
+class ViewRoomTest : public testing::Test {
+protected:
+    controls::Form window{"frmBrowser", "Brindlepost"};
+    controls::Menu mnuMusicJustTracks{"mnuMusicJustTracks"};
+    library::LibraryListControls lists;
+    int resizes = 0;
+    bool artists_at_resize = true;
+    window::ViewRoom room{window, mnuMusicJustTracks, lists, [this] {
+                              ++resizes;
+                              artists_at_resize = lists.lstArtists.Visible();
+                          }};
+};
+
+TEST_F(ViewRoomTest, ANewSizeOfTheWindowLaysItOut) {
+    window.Move(0, 0, 12000, 9000);
+
+    EXPECT_EQ(resizes, 1);
+}
+
+TEST_F(ViewRoomTest, AWindowThatOnlyMovesIsNotLaidOutAgain) {
+    window.Move(500, 400, window.Width(), window.Height());
+
+    EXPECT_EQ(resizes, 0);
+}
+
+TEST_F(ViewRoomTest, JustTracksTicksItsEntryAndHidesTheOtherLists) {
+    mnuMusicJustTracks.Click.Raise();
+
+    EXPECT_TRUE(mnuMusicJustTracks.Checked());
+    EXPECT_FALSE(lists.lstArtists.Visible());
+    EXPECT_FALSE(lists.lstPlayLists.Visible());
+    EXPECT_TRUE(lists.lstTracks.Visible());
+}
+
+TEST_F(ViewRoomTest, JustTracksAgainBringsTheListsBack) {
+    mnuMusicJustTracks.Click.Raise();
+
+    mnuMusicJustTracks.Click.Raise();
+
+    EXPECT_FALSE(mnuMusicJustTracks.Checked());
+    EXPECT_TRUE(lists.lstArtists.Visible());
+    EXPECT_TRUE(lists.lstPlayLists.Visible());
+}
+
+TEST_F(ViewRoomTest, TheWindowIsLaidOutOnceTheListsAreHidden) {
+    mnuMusicJustTracks.Click.Raise();
+
+    EXPECT_EQ(resizes, 1);
+    EXPECT_FALSE(artists_at_resize);
+}
+
+}  // namespace

@@ -1,0 +1,42 @@
+// The main window: plain data, made of the groups of its rooms. It puts every control into its place in the
+// tree of containers, back to front; where the controls stand is the layout's.
+#pragma once
+
+#include "controls/Surfaces.h"
+#include "library/LibraryControls.h"
+#include "places/FavouritesControls.h"
+#include "player/PlayerControls.h"
+#include "web/WebRooms.h"
+#include "window/ChromeControls.h"
+#include "window/MenuControls.h"
+
+namespace window {
+
+/// What the library shows in the music pane, and its hidden lists.
+struct LibraryGroups {
+    library::MediaSources sources;
+    library::LibraryListControls lists;
+    library::PlayListControls playlists;
+    library::SearchControls search;
+    library::OpenedMediaControls opened;
+    library::TaskControls task;
+    library::TrackImportControls track_import;
+};
+
+struct BrowserForm : controls::Form {
+    BrowserForm();
+
+    MenuControls menus;
+    ChromeControls chrome;
+    web::WebGroups web;
+    LibraryGroups library;
+    player::PlayerControls player;
+    places::FavouritesControls favourites;
+
+private:
+    void FillMusicPane();
+    void FillPanels();
+    void AddHidden();
+};
+
+}  // namespace window

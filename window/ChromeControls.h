@@ -1,0 +1,22 @@
+// The grounds and panels that the main window's groups stand on, and the line with the maker's name.
+#pragma once
+
+#include "controls/Simple.h"
+#include "controls/Surfaces.h"
+
+namespace window {
+
+struct ChromeControls {
+    ChromeControls();
+
+    controls::Image imgFormBG{"imgFormBG"};      ///< the whole window: the strip under menu and tabs
+    controls::Image imgBG{"imgBG"};              ///< everything below the tab strip
+    controls::Image imgRowBG{"imgRowBG"};        ///< the address row
+    controls::Frame fraMusicTab{"fraMusicTab"};  ///< the music pane
+    controls::Image imgMusicTabBG{"imgMusicTabBG"};
+    controls::Label lblMusicBG{"lblMusicBG"};
+    controls::Label lblVolumeLabel{"lblVolumeLabel", "VOLUME"};
+    controls::Label lblCopyright{"lblCopyright", "\u00a9 Larkmoor"};
+};
+
+}  // namespace window

@@ -1,0 +1,203 @@
+#include "window/CoreLinks.h"
+
+namespace window {
+
+void CoreLinks::Command1() {
+    Room().lists->Command1();
+}
+
+void CoreLinks::PopulateHistory(std::string_view kind) {
+    Room().history->PopulateHistory(kind);
+}
+
+void CoreLinks::TogglePanel() {
+    Window().favourites.cmdFavs.Click.Raise();
+}
+
+void CoreLinks::SettleFavourites() {
+    Room().add_favourite->SettleAtStart();
+}
+
+int CoreLinks::TabCount() const {
+    return Window().web.tabs.tabtab.Count();
+}
+
+bool CoreLinks::IsTabVisible(int index) const {
+    return Window().web.tabs.tabtab(index).Visible();
+}
+
+void CoreLinks::CloseTab(int index) {
+    Room().web->tabs.CloseTab(index);
+}
+
+void CoreLinks::BringTabToFront(int index) {
+    Room().web->tabs.BringForward(index);
+}
+
+void CoreLinks::NameTab(int index, std::string_view caption) {
+    Window().web.tabs.tabLabel(index).SetCaption(caption);
+}
+
+bool CoreLinks::IsMusicTabVisible() const {
+    return Window().web.tabs.imgMusicTab.Visible();
+}
+
+void CoreLinks::OpenMusicTab() {
+    Room().web->tabs.OpenMusicTab();
+}
+
+void CoreLinks::BringMusicTabToFront() {
+    Room().web->tabs.BringMusicTabForward();
+}
+
+void CoreLinks::CloseMusicTab() {
+    Room().web->tabs.CloseMusicTab();
+}
+
+void CoreLinks::CorrectTabs() {
+    Room().web->tabs.CorrectTabs();
+}
+
+void CoreLinks::NavigateBackdrop(std::string_view address) {
+    Window().web.tabs.BrowserBG.Navigate(address);
+}
+
+std::string CoreLinks::Address() const {
+    return Room().web->box.Address();
+}
+
+void CoreLinks::SetAddress(std::string_view address) {
+    Room().web->box.SetAddress(address);
+}
+
+bool CoreLinks::IsAddressVisible() const {
+    return Window().web.address.cmbAddress.Visible();
+}
+
+void CoreLinks::PressEnter() {
+    Room().web->address.EnterAddress();
+}
+
+void CoreLinks::cmdGo() {
+    Room().web->address.cmdGo();
+}
+
+void CoreLinks::FocusAddress() {
+    Room().web->box.Focus();
+}
+
+void CoreLinks::SetPlayerDefaults() {
+    desk_.state.player.MusicVolume = 100;
+    Window().player.levels.lblMute.SetVisible(false);
+    Window().menus.mnuMusicMute.SetChecked(false);
+    Window().player.transport.lblProgress.SetVisible(false);
+}
+
+void CoreLinks::ClearVideoPicture() {
+    desk_.windows.frmVideo.picVid.SetBackColor(0x000000);
+}
+
+void CoreLinks::SetSongSpeed(int speed) {
+    desk_.state.player.SongSpeed = static_cast<std::int16_t>(speed);
+}
+
+void CoreLinks::ChooseQuickFade() {
+    Window().menus.mnuQuickFade.Click.Raise();
+}
+
+bool CoreLinks::IsTitleScrolling() const {
+    return desk_.state.player.ScrollTitle;
+}
+
+void CoreLinks::SetTitleScrolling(bool scrolling) {
+    desk_.state.player.ScrollTitle = scrolling;
+}
+
+void CoreLinks::StopPlaying() {
+    Room().player->StopCurrentSong();
+}
+
+void CoreLinks::CloseMedia() {
+    Room().mci->MciCloseAll();
+}
+
+void CoreLinks::SendNothingPlaying() {
+    Room().player->SendNothingPlaying();
+}
+
+void CoreLinks::NoMouseOvers() {
+    Room().skin->NoMouseOvers();
+}
+
+void CoreLinks::Prepare() {
+    Window().web.hand_off.cmdDummy.SetVisible(false);
+    Window().web.hand_off.Text1.SetText("");
+}
+
+void CoreLinks::Deliver(std::string_view command) {
+    Window().web.hand_off.cmdDummy.SetCaption(command);
+    Window().web.hand_off.cmdDummy.Click.Raise();
+}
+
+bool CoreLinks::IsRunning() const {
+    return desk_.ports.instance.TryBecomeFirst() == ports::Instance::Second;
+}
+
+void CoreLinks::HandOver(std::string_view command) {
+    desk_.ports.instance.HandOff(command);
+}
+
+void CoreLinks::AllowPreferencesToUnload() {
+    desk_.windows.info.unloadme = true;
+}
+
+void CoreLinks::ToggleMute() {
+    Window().menus.mnuMusicMute.Click.Raise();
+}
+
+void CoreLinks::DecreaseVolume() {
+    Window().menus.mnuDecreaseVolume.Click.Raise();
+}
+
+void CoreLinks::IncreaseVolume() {
+    Window().menus.mnuIncreaseVolume.Click.Raise();
+}
+
+void CoreLinks::EndOfSongCode() {
+    Room().player->EndOfSongCode();
+}
+
+void CoreLinks::PlayPreviousTrack() {
+    Room().player->PreviousTrack();
+}
+
+void CoreLinks::Stop() {
+    Room().player->StopCurrentSong();
+}
+
+bool CoreLinks::IsPlayShown() const {
+    const auto& buttons = Window().player.transport;
+    return buttons.imgPlay.Visible() || buttons.imgPlayOver.Visible();
+}
+
+void CoreLinks::Play() {
+    Window().player.transport.imgPlayOver.Click.Raise();
+}
+
+void CoreLinks::Pause() {
+    Window().player.transport.imgPauseOver.Click.Raise();
+}
+
+void CoreLinks::GoBack() {
+    Room().web->pages.ClickBack();
+}
+
+void CoreLinks::GoForward() {
+    Room().web->pages.ClickForward();
+}
+
+void CoreLinks::RefreshPage() {
+    Room().web->pages.ClickRefresh();
+}
+
+}  // namespace window

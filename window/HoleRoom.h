@@ -1,0 +1,43 @@
+// The hole in the main window through which the video window behind it shows.
+//
+// Coordinates are pixels counted from the window's outer corner, border, title and menu bar included.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "controls/Surfaces.h"
+#include "ports/Dialogs.h"
+#include "ports/Windows.h"
+
+namespace window {
+
+/// c1 to c6 of a shape: the box (left, top, right, bottom), then the corner sizes.
+struct ShapeCoordinates {
+    std::array<int, 6> c{};
+};
+
+class HoleRoom final {
+public:
+    HoleRoom(controls::Form& window, controls::PictureBox& picVideo, ports::Regions& regions,
+             ports::Dialogs& dialogs);
+
+    /// Cuts a hole out of the window's region. `shape_name` is "Elliptic", "RectAngle", "RoundRect" (corner
+    /// sizes c5, c6) or "Circle" (a rounded box with the corner sizes c3, c4). Any other name shows a box,
+    /// changes nothing and gives false.
+    bool ShapeWindow(std::string_view shape_name, const ShapeCoordinates& coordinates);
+    /// Lets the video window show through where picVideo stands.
+    void MakeHole();
+    /// Makes the window whole again.
+    void CloseHole();
+
+private:
+    ports::RegionHandle HoleRegion(std::string_view shape_name, const ShapeCoordinates& coordinates);
+
+    controls::Form& window_;
+    controls::PictureBox& picVideo_;
+    ports::Regions& regions_;
+    ports::Dialogs& dialogs_;
+};
+
+}  // namespace window

@@ -1,0 +1,227 @@
+#include "window/MainWindow.h"
+
+#include <utility>
+
+#include "window/MenuGroups.h"
+
+namespace window {
+namespace {
+
+BrightTwins TwinsOf(BrowserForm& window) {
+    auto& transport = window.player.transport;
+    auto& queue = window.player.queue;
+    auto& playlists = window.library.playlists;
+    auto& navigation = window.web.navigation;
+    auto& favourites = window.favourites;
+    return {&transport.imgStopOver,     &transport.imgPauseOver,          &queue.imgCueSongOver,
+            &playlists.imgAddSongOver,  &playlists.imgRemoveSongOver,     &queue.imgUnCueOver,
+            &transport.imgNoRepeatOver, &transport.imgRepeatOver,         &playlists.imgCancelOver,
+            &playlists.imgOkOver,       &playlists.imgDeletePlayListOver, &navigation.imgForwardOver,
+            &navigation.imgBackOver,    &favourites.imgdeleteover,        &favourites.imgAddOver,
+            &favourites.imgViewOver};
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, std::function<void()> ended)
+    : desk_{windows, ports, {}, {}},
+      ended_(std::move(ended)),
+      player_links_(desk_),
+      library_links_(desk_),
+      web_links_(desk_),
+      web_data_links_(desk_),
+      core_links_(desk_),
+      remote_links_(desk_),
+      web_menu_(WebMenuOf(windows.frmBrowser.menus)) {
+    BuildGround();
+    BuildPlayer();
+    BuildLibrary();
+    BuildWebData();
+    BuildWeb();
+    BuildSession(command);
+    claims_.Claim(windows.frmBrowser.Unload, [this](bool&) { frmBrowser_Unload(); });
+    claims_.Claim(windows.frmBrowser.web.hand_off.cmdDummy.Click, [this] { cmdDummy_Click(); });
+    ports.instance.SetListener(this);
+}
+
+MainWindow::~MainWindow() {
+    desk_.ports.instance.SetListener(nullptr);
+}
+
+void MainWindow::Start() {
+    desk_.windows.frmBrowser.LoadWindow();
+}
+
+void MainWindow::BuildGround() {
+    BrowserForm& window = desk_.windows.frmBrowser;
+    Rooms& rooms = desk_.rooms;
+    rooms.trouble.emplace(desk_.windows.trouble, desk_.state.session, desk_.ports.dialogs);
+    rooms.stores.emplace(desk_.ports.database, desk_.ports.events, *rooms.trouble);
+    rooms.hole.emplace(window, window.player.video.picVideo, desk_.ports.regions, desk_.ports.dialogs);
+    rooms.skin.emplace(window.chrome, TwinsOf(window), [this] { desk_.rooms.player->SettlePictures(); });
+    rooms.media_watch.emplace(desk_.ports.media);
+    rooms.mci.emplace(*rooms.media_watch, desk_.ports.windows, desk_.ports.files);
+    rooms.layout.emplace(window, desk_.state.web, player_links_);
+    rooms.view.emplace(window, window.menus.mnuMusicJustTracks, window.library.lists,
+                       [this] { desk_.rooms.layout->Form_Resize(); });
+}
+
+void MainWindow::BuildPlayer() {
+    BrowserForm& window = desk_.windows.frmBrowser;
+    auto& lists = window.library.lists;
+    desk_.rooms.msn.emplace(desk_.ports.messenger, desk_.state.options);
+    desk_.windows.player_songs.SetDatabaseName(*desk_.rooms.stores, StorePath(store::kMediaStore));
+    desk_.rooms.player.emplace(
+        player::PlayerWindows{window.player,
+                              PlayerMenuOf(window.menus),
+                              desk_.windows.frmVideo,
+                              desk_.windows.frmSpeakerTest,
+                              {lists.lstTracks, lists.lstMaybe, desk_.state.ListMaybeChanged},
+                              {lists.lstArtists, lists.lstPlayLists, lists.lstTracks}},
+        desk_.state.player,
+        player::PlayerNeighbours{player_links_, player_links_, player_links_, player_links_, player_links_,
+                                 player_links_},
+        player::PlayerPorts{*desk_.rooms.mci, desk_.windows.player_songs, desk_.ports.dialogs,
+                            desk_.ports.events, desk_.ports.chance});
+    desk_.rooms.remote.emplace(
+        remote_links_, RemotePorts{desk_.ports.now_playing, desk_.ports.screen_saver, desk_.ports.events});
+}
+
+void MainWindow::BuildLibrary() {
+    BrowserForm& window = desk_.windows.frmBrowser;
+    LibraryGroups& groups = window.library;
+    Rooms& rooms = desk_.rooms;
+    rooms.lists.emplace(
+        groups.lists, groups.sources, groups.playlists.lstAddToPlaylist, window.web.hand_off.lstOpenWith,
+        desk_.ports.events,
+        library::LibraryListOutlets{library_links_, library_links_, library_links_, library_links_});
+    rooms.playlists.emplace(groups.playlists, PlayListMenuOf(window.menus), groups.sources, *rooms.lists,
+                            desk_.ports.dialogs, library_links_);
+    rooms.search.emplace(groups.search, SearchMenuOf(window.menus), groups.sources, *rooms.lists,
+                         library_links_);
+    rooms.clean_up.emplace(
+        groups.task, window.menus.mnuCleanUp,
+        library::CleanUpSources{groups.sources.datSong, desk_.windows.history.datHistory},
+        desk_.state.options.DaysStampAge, *rooms.lists,
+        library::CleanUpPorts{desk_.ports.files, desk_.ports.dialogs, desk_.ports.events, desk_.ports.clock});
+    rooms.track_match.emplace(
+        groups.track_import,
+        library::TrackCounters{groups.task.lblFoundNo, groups.task.lblDuplicatesNoRemoved}, groups.sources,
+        library_links_, desk_.ports.events);
+    BuildMediaDialog();
+}
+
+void MainWindow::BuildMediaDialog() {
+    BrowserForm& window = desk_.windows.frmBrowser;
+    Rooms& rooms = desk_.rooms;
+    const Ports& ports = desk_.ports;
+    rooms.add_media.emplace(desk_.windows.add_media, library_links_, *rooms.stores, ports.files,
+                            ports.dialogs, ports.events, ports.files.ApplicationFolder());
+    rooms.opened.emplace(window.library.opened, window.menus.mnuAddToLibrary,
+                         window.library.search.cmdAddToLibrary, desk_.windows.add_media.frmAddMedia,
+                         *rooms.add_media, window.library.sources, ports.dialogs);
+}
+
+std::string MainWindow::StorePath(std::string_view file) const {
+    return desk_.ports.files.ApplicationFolder().append(file);
+}
+
+void MainWindow::BuildWebData() {
+    BrowserForm& window = desk_.windows.frmBrowser;
+    Rooms& rooms = desk_.rooms;
+    rooms.history.emplace(desk_.windows.history, places::HistoryMenu{window.menus.mnuHistory},
+                          window.library.sources.datSong, desk_.state.options.Save_History, web_data_links_,
+                          web_data_links_, web_data_links_, desk_.ports.dialogs);
+    // Dialog and panel use each other; the dialog reaches the panel through its own link.
+    rooms.add_favourite.emplace(
+        desk_.windows.add,
+        places::AddFavouriteTargets{window, window.favourites.datFav, window.favourites.lblEntryCount,
+                                    desk_.state.session.mainclose},
+        web_data_links_, web_data_links_, desk_.ports.dialogs, desk_.ports.events);
+    rooms.favourites.emplace(
+        window.favourites, FavouritesMenuOf(window.menus),
+        places::FavouritesNeighbours{web_data_links_, web_data_links_, web_data_links_, *rooms.add_favourite},
+        desk_.ports.dialogs);
+}
+
+void MainWindow::BuildWeb() {
+    BrowserForm& window = desk_.windows.frmBrowser;
+    desk_.rooms.web.emplace(
+        window.web, web_menu_, desk_.state.web,
+        web::WebPartners{web_links_, web_links_, web_links_, web_links_, web_links_, web_links_, web_links_,
+                         web_links_, web_links_, web_links_, desk_.ports.events, desk_.ports.dialogs});
+}
+
+void MainWindow::BuildSession(std::string_view command) {
+    Windows& windows = desk_.windows;
+    BrowserForm& window = windows.frmBrowser;
+    State& state = desk_.state;
+    Rooms& rooms = desk_.rooms;
+    const Ports& ports = desk_.ports;
+    const std::string app_path = ports.files.ApplicationFolder();
+    rooms.keys.emplace(core_links_, core_links_);
+    rooms.activate.emplace(windows.activate, state.connection, state.session,
+                           session::RevealedWindow{window, window.menus.mnuExit, window.menus.mnuLogout},
+                           windows.login.frmLogin, core_links_, ports.files, ports.dialogs, ports.events,
+                           app_path);
+    rooms.settings.emplace(SettingsControlsOf(window, windows.history.datHistory),
+                           OptionBoxesOf(windows.info), state.options, state.session, state.connection,
+                           state.web, *rooms.activate, core_links_, core_links_, core_links_, ports.clock,
+                           ports.events);
+    rooms.login.emplace(windows.login, state.login, state.session, window, *rooms.activate, core_links_,
+                        *rooms.stores, ports.files, ports.dialogs, ports.events, app_path);
+    rooms.new_user.emplace(windows.login, *rooms.login, state.session, window, windows.info.frmInfo,
+                           ports.dialogs);
+    rooms.session.emplace(
+        session::SessionWindows{window, windows.activate.frmActivate, windows.login.frmLogin,
+                                windows.add.frmAdd, windows.about.frmAbout, windows.add_media.frmAddMedia,
+                                windows.info.frmInfo, windows.frmSpeakerTest, windows.frmVideo},
+        session::SessionMenu{window.menus.mnuExit, window.menus.mnuLogout}, state.session, state.login,
+        *rooms.settings, *rooms.keys,
+        session::SessionNeighbours{core_links_, core_links_, core_links_, core_links_, *rooms.login,
+                                   core_links_},
+        ports.dialogs, ports.events);
+    rooms.start_up.emplace(
+        windows.start_up,
+        session::StartUpTargets{window, windows.activate.frmActivate, windows.login.frmLogin,
+                                window.menus.mnuExit, window.menus.mnuLogout, window.player.video.picVideo,
+                                window.library.sources.datSong, window.library.sources.datPlayList,
+                                window.favourites.datFav, windows.history.datHistory},
+        state.session, state.login, state.web, *rooms.settings,
+        session::StartUpNeighbours{core_links_, core_links_, core_links_, core_links_, core_links_,
+                                   core_links_, core_links_, core_links_, core_links_, *rooms.activate,
+                                   *rooms.activate},
+        *rooms.stores, ports.files, ports.events, app_path, command);
+}
+
+void MainWindow::End() {
+    desk_.rooms.session->EndSession();
+}
+
+void MainWindow::frmBrowser_Unload() {
+    desk_.rooms.stores->Close();
+    ended_();
+}
+
+// Commands are kept in Text1 and not carried out yet.
+void MainWindow::cmdDummy_Click() {
+    auto& mailbox = desk_.windows.frmBrowser.web.hand_off;
+    const std::string command = mailbox.cmdDummy.Caption();
+    const std::string log = mailbox.Text1.Text();
+    mailbox.Text1.SetText((log.empty() ? log : log + "\r\n") + "Excuted with command: " + command);
+    mailbox.cmdDummy.SetCaption("Ready for command");
+}
+
+void MainWindow::OnBringToFront() {
+    desk_.windows.BringToFront();
+}
+
+void MainWindow::OnCommandText(std::string_view text) {
+    desk_.windows.frmBrowser.web.hand_off.cmdDummy.SetCaption(text);
+}
+
+void MainWindow::OnTrigger() {
+    desk_.windows.frmBrowser.web.hand_off.cmdDummy.Click.Raise();
+}
+
+}  // namespace window

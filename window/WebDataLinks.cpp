@@ -1,0 +1,111 @@
+#include "window/WebDataLinks.h"
+
+namespace window {
+
+std::string WebDataLinks::Address() const {
+    return desk_.rooms.web->box.Address();
+}
+
+void WebDataLinks::SetAddress(std::string_view text) {
+    desk_.rooms.web->box.SetAddress(text);
+}
+
+void WebDataLinks::ClearList() {
+    desk_.rooms.web->box.ClearList();
+}
+
+void WebDataLinks::AddToList(std::string_view text) {
+    desk_.rooms.web->box.AddToList(text);
+}
+
+void WebDataLinks::SetTyped(std::string_view text) {
+    desk_.rooms.web->box.SetTyped(text);
+}
+
+std::string WebDataLinks::Mode() const {
+    return desk_.rooms.web->box.Mode();
+}
+
+void WebDataLinks::cmdGo() {
+    desk_.rooms.web->address.cmdGo();
+}
+
+void WebDataLinks::PressEnter() {
+    desk_.rooms.web->address.EnterAddress();
+}
+
+void WebDataLinks::FocusAddress() {
+    desk_.rooms.web->box.Focus();
+}
+
+const controls::WebBrowser& WebDataLinks::CurrentPage() const {
+    return Window().web.tabs.Browser(desk_.state.web.currentbrowser);
+}
+
+bool WebDataLinks::IsPageVisible() const {
+    return CurrentPage().Visible();
+}
+
+std::string WebDataLinks::LocationURL() const {
+    return CurrentPage().LocationURL();
+}
+
+std::string WebDataLinks::LocationName() const {
+    return CurrentPage().LocationName();
+}
+
+void WebDataLinks::BeginView() {
+    desk_.rooms.lists->BeginView();
+}
+
+void WebDataLinks::AddSong(std::string_view song_id, std::string_view artist, std::string_view title) {
+    desk_.rooms.lists->AddPlayedSong(song_id, artist, title);
+}
+
+void WebDataLinks::EndView() {
+    desk_.rooms.lists->EndView();
+}
+
+void WebDataLinks::Form_Resize() {
+    desk_.rooms.layout->Form_Resize();
+}
+
+void WebDataLinks::NoMouseOvers() {
+    desk_.rooms.skin->NoMouseOvers();
+}
+
+void WebDataLinks::KeyDown(int key_code, int shift) {
+    desk_.rooms.keys->KeyDown(key_code, shift);
+}
+
+bool WebDataLinks::IsVideoAttached() const {
+    return desk_.rooms.player->IsVideoAttached();
+}
+
+void WebDataLinks::ShowVideoPane() {
+    Window().player.video.picVideo.SetVisible(true);
+    desk_.rooms.hole->MakeHole();
+}
+
+void WebDataLinks::HideVideoPane() {
+    Window().player.video.picVideo.SetVisible(false);
+    desk_.rooms.hole->CloseHole();
+}
+
+void WebDataLinks::Command1() {
+    desk_.rooms.lists->Command1();
+}
+
+void WebDataLinks::populatefavs() {
+    desk_.rooms.favourites->populatefavs();
+}
+
+void WebDataLinks::lstFavs_Click() {
+    desk_.rooms.favourites->lstFavs_Click();
+}
+
+void WebDataLinks::ClearFavourites() {
+    desk_.rooms.favourites->ClearFavourites();
+}
+
+}  // namespace window
