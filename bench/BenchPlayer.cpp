@@ -6,7 +6,7 @@
 
 #include "BenchStore.h"
 #include "base/Number.h"
-#include "library/Naming.h"
+#include "store/Songs.h"
 #include "player/PlayOrder.h"
 #include "player/SongLookup.h"
 
@@ -74,7 +74,7 @@ void SongPathFromId(benchmark::State& state) {
     Songs& songs = TheSongs();
     const std::string id = base::ToText(state.range(0));
     while (state.KeepRunning())
-        benchmark::DoNotOptimize(library::SongPathFromId(songs.datSong, id));
+        benchmark::DoNotOptimize(store::SongPathFromId(songs.datSong, id));
 }
 BENCHMARK(SongPathFromId)->Apply(Places)->Unit(benchmark::kMillisecond);
 

@@ -1,6 +1,7 @@
 #include "library/AddMediaRoom.h"
 
 #include "base/DrivePath.h"
+#include "base/MediaKinds.h"
 #include "base/Number.h"
 #include "base/Text.h"
 #include "library/AddMediaLayout.h"
@@ -213,10 +214,10 @@ void AddMediaRoom::imgAddOver_Click() {
 // The selected file, or the one that the person names; empty when there is none to add.
 std::string AddMediaRoom::ChosenPath() {
     std::string path(form_.lstFiles.Text());
-    if (!path.empty()) return IsScanFile(path) ? path : std::string();
+    if (!path.empty()) return base::IsScanFile(path) ? path : std::string();
     path = files_.FromNative(dialogs_.InputBox("What is the path of the song you would like to add?",
                                                "Adding Media", base::Left(form_.Dir1.Path(), 3)));
-    return FileExists(files_, path) && IsScanFile(path) ? path : std::string();
+    return FileExists(files_, path) && base::IsScanFile(path) ? path : std::string();
 }
 
 void AddMediaRoom::AddFiles(const std::vector<std::string>& paths) {
@@ -235,7 +236,7 @@ void AddMediaRoom::AddFiles(const std::vector<std::string>& paths) {
 void AddMediaRoom::AddEach(const std::vector<std::string>& paths, std::string& rejected) {
     for (std::size_t i = 0; i < paths.size() && !IsStopped(); ++i) {
         if (i % kRowsBetweenProgress == 0) ShowProgress(i, paths.size());
-        if (!IsScanFile(paths[i])) continue;
+        if (!base::IsScanFile(paths[i])) continue;
         AddByName(paths[i], rejected);
         loop_.Yield();
     }

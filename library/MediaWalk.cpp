@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "base/MediaKinds.h"
 #include "base/Number.h"
 #include "library/Naming.h"
 
@@ -78,9 +79,9 @@ bool MediaWalk::YieldAndGoOn() {
 
 bool MediaWalk::IsWanted(std::string_view file) const {
     const std::string_view pattern = controls_.lstPattern.Text();
-    if (pattern == kAudioFormats) return IsScanAudioFile(file);
-    if (pattern == kVideoFormats) return IsScanVideoFile(file);
-    return IsScanFile(file);
+    if (pattern == kAudioFormats) return base::IsScanAudioFile(file);
+    if (pattern == kVideoFormats) return base::IsScanVideoFile(file);
+    return base::IsScanFile(file);
 }
 
 bool MediaWalk::MaySearchSubFolders() {

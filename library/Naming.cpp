@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/MediaKinds.h"
 #include "base/Number.h"
 #include "base/Text.h"
 #include "store/Tables.h"
@@ -12,18 +13,6 @@ namespace {
 
 constexpr std::size_t kMostWords = 51;
 constexpr std::string_view kNameSeparator = " - ";
-
-// Three bytes of ASCII are three letters; only other ends have to be counted from the front.
-std::string Kind(std::string_view path) {
-    const std::string_view end = path.substr(path.size() - std::min<std::size_t>(path.size(), 3));
-    const bool is_ascii = std::all_of(end.begin(), end.end(), [](char c) { return (c & 0x80) == 0; });
-    return base::LCase(is_ascii ? end : base::Right(path, 3));
-}
-
-template <std::size_t kCount>
-bool IsAmong(const std::array<std::string_view, kCount>& kinds, std::string_view kind) {
-    return std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
-}
 
 // How many characters at the front of a word become capitals.
 std::size_t CapitalsOf(std::string_view word) {
@@ -59,37 +48,8 @@ std::string TrimmedProperCase(std::string_view text) {
 
 }  // namespace
 
-bool IsPlayListFile(std::string_view path) {
-    return Kind(path) == "mpl";
-}
-
-bool IsMediaFile(std::string_view path) {
-    return IsAmong(kMediaKinds, Kind(path));
-}
-
-bool IsVideoFile(std::string_view path) {
-    return IsAmong(kVideoKinds, Kind(path));
-}
-
-bool IsScanAudioFile(std::string_view path) {
-    return IsAmong(kScanAudioKinds, Kind(path));
-}
-
-bool IsScanVideoFile(std::string_view path) {
-    return IsAmong(kScanVideoKinds, Kind(path));
-}
-
-bool IsScanFile(std::string_view path) {
-    const std::string kind = Kind(path);
-    return IsAmong(kScanAudioKinds, kind) || IsAmong(kScanVideoKinds, kind);
-}
-
 bool FileExists(const ports::Files& files, std::string_view path) {
     return files.FileExists(path);
-}
-
-std::string FileNameOf(std::string_view path) {
-    return std::string(path.substr(path.find_last_of("\\/") + 1));
 }
 
 std::string ExpandLongPath(std::string_view path, const ports::Files& files, ports::Dialogs& dialogs) {
@@ -117,16 +77,16 @@ std::string ProperCaseWords(std::string_view text) {
 }
 
 SongName SongNameFromPath(std::string_view path) {
-    const std::string name = base::WithoutStandIns(FileNameOf(path));
+    const std::string name = base::WithoutStandIns(base::FileNameOf(path));
     const std::size_t separator = name.find(kNameSeparator);
     if (separator == std::string::npos) return {"Unknown", WithoutExtension(name)};
     return {name.substr(0, separator), WithoutExtension(name.substr(separator + kNameSeparator.size()))};
 }
 
 std::optional<SongName> CleanSongName(std::string_view path, const SongName& raw) {
-    if (!IsScanFile(path)) return std::nullopt;
+    if (!base::IsScanFile(path)) return std::nullopt;
     SongName name = raw;
-    if (IsScanVideoFile(path)) name.title += " [video]";
+    if (base::IsScanVideoFile(path)) name.title += " [video]";
     name.artist = TrimmedProperCase(Cleaned(name.artist));
     name.title = TrimmedProperCase(Cleaned(name.title));
     return name;
@@ -142,17 +102,6 @@ bool FitsLibrary(std::string_view path, const SongName& name) {
 
 std::int64_t RandomIndex(std::int64_t count, ports::Chance& chance) {
     return base::RoundHalfEven(chance.Below1() * static_cast<double>(count));
-}
-
-std::string SongPathFromId(store::DataSource& datSong, std::string_view song_id) {
-    if (!datSong.Open(store::kAllSongs)) return {};
-    store::RecordSet& songs = datSong.Recordset();
-    for (songs.MoveFirst(); !songs.Eof(); songs.MoveNext()) {
-        if (base::Trim(songs.Text(store::tblSong::SongID)) == song_id) {
-            return std::string(songs.Text(store::tblSong::FilePath));
-        }
-    }
-    return {};
 }
 
 }  // namespace library

@@ -1,11 +1,6 @@
-// What every media path passes through: the kind of file it names, its file name, and how that becomes the
-// artist and the title of a song.
-//
-// A kind is decided by the last three letters of the path only, so that ".mpeg" counts by "peg", and so does
-// ".jpeg". The lists differ on purpose: more kinds can be played than are taken into the library.
+// How the path of a media file becomes the artist and the title of a song.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -14,29 +9,11 @@
 #include "ports/Clock.h"
 #include "ports/Dialogs.h"
 #include "ports/Files.h"
-#include "store/DataSource.h"
 
 namespace library {
 
-inline constexpr std::array<std::string_view, 12> kMediaKinds{"mp3", "wma", "mpg", "wav", "wmv", "mid",
-                                                              "mp4", "m4a", "mov", "avi", "vob", "peg"};
-inline constexpr std::array<std::string_view, 7> kVideoKinds{"mpg", "peg", "mov", "wmv", "avi", "vob", "mp4"};
-inline constexpr std::array<std::string_view, 4> kScanAudioKinds{"mp3", "wma", "wav", "mid"};
-inline constexpr std::array<std::string_view, 4> kScanVideoKinds{"mpg", "peg", "wmv", "avi"};
-
-bool IsPlayListFile(std::string_view path);
-bool IsMediaFile(std::string_view path);
-bool IsVideoFile(std::string_view path);
-/// Kinds that a scan takes into the library.
-bool IsScanAudioFile(std::string_view path);
-bool IsScanVideoFile(std::string_view path);
-bool IsScanFile(std::string_view path);
-
 /// The path's attributes can be read and it is no folder.
 bool FileExists(const ports::Files& files, std::string_view path);
-
-/// All behind the last separator; the whole text when there is none.
-std::string FileNameOf(std::string_view path);
 
 /// The long form of a path, name by name from the third character on. When a name is not found, a box shows
 /// the path and the path comes back as it was.
@@ -66,8 +43,5 @@ bool FitsLibrary(std::string_view path, const SongName& name);
 
 /// A random whole number from 0 to `count`, with `count` itself among them.
 std::int64_t RandomIndex(std::int64_t count, ports::Chance& chance);
-
-/// The file of the first song with this key; empty when there is none. Leaves `datSong` on that song.
-std::string SongPathFromId(store::DataSource& datSong, std::string_view song_id);
 
 }  // namespace library

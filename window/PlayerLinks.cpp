@@ -1,15 +1,16 @@
 #include "window/PlayerLinks.h"
 
-#include "library/Naming.h"
+#include "base/MediaKinds.h"
+#include "store/Songs.h"
 
 namespace window {
 
 bool PlayerLinks::IsMediaFile(std::string_view path) const {
-    return library::IsMediaFile(path);
+    return base::IsMediaFile(path);
 }
 
 bool PlayerLinks::IsVideoFile(std::string_view path) const {
-    return library::IsVideoFile(path);
+    return base::IsVideoFile(path);
 }
 
 bool PlayerLinks::FileExists(std::string_view path) const {
@@ -17,11 +18,11 @@ bool PlayerLinks::FileExists(std::string_view path) const {
 }
 
 std::string PlayerLinks::FileNameOf(std::string_view path) const {
-    return library::FileNameOf(path);
+    return base::FileNameOf(path);
 }
 
 std::string PlayerLinks::SongPathFromId(std::int64_t song_id) {
-    return library::SongPathFromId(Window().library.sources.datSong, std::to_string(song_id));
+    return store::SongPathFromId(Window().library.sources.datSong, std::to_string(song_id));
 }
 
 void PlayerLinks::AddSiteToHistory(std::string_view kind, std::string_view text) {

@@ -1,6 +1,6 @@
 #include "window/WebLinks.h"
 
-#include "library/Naming.h"
+#include "base/MediaKinds.h"
 
 namespace window {
 
@@ -163,15 +163,15 @@ void WebLinks::ClearStartedWithArguments() {
 }
 
 bool WebLinks::IsMediaFile(std::string_view path) const {
-    return library::IsMediaFile(path);
+    return base::IsMediaFile(path);
 }
 
 bool WebLinks::IsPlayListFile(std::string_view path) const {
-    return library::IsPlayListFile(path);
+    return base::IsPlayListFile(path);
 }
 
 std::string WebLinks::FileNameOf(std::string_view path) const {
-    return library::FileNameOf(path);
+    return base::FileNameOf(path);
 }
 
 std::string WebLinks::ToDriveForm(std::string_view typed) const {

@@ -8,7 +8,6 @@
 #include "base/Text.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeFiles.h"
-#include "fakes/SeededStores.h"
 
 namespace library {
 namespace {
@@ -22,58 +21,6 @@ private:
     double value_;
 };
 
-TEST(Naming, APlayListFileEndsInMplInAnyCase) {
-    EXPECT_TRUE(IsPlayListFile("C:\\lists\\Summer.MPL"));
-    EXPECT_TRUE(IsPlayListFile("mpl"));
-
-    EXPECT_FALSE(IsPlayListFile("C:\\lists\\Summer.mp3"));
-    EXPECT_FALSE(IsPlayListFile("\"C:\\lists\\Summer.mpl\""));
-    EXPECT_FALSE(IsPlayListFile("pl"));
-    EXPECT_FALSE(IsPlayListFile(""));
-}
-
-TEST(Naming, MediaFilesAreThoseThatCanBePlayed) {
-    for (const char* kind :
-         {"mp3", "wma", "mpg", "wav", "wmv", "mid", "mp4", "m4a", "mov", "avi", "vob", "peg"}) {
-        EXPECT_TRUE(IsMediaFile(std::string("C:\\a.") + kind)) << kind;
-        EXPECT_TRUE(IsMediaFile(std::string("C:\\a.") + base::UCase(kind))) << kind;
-    }
-    for (const char* kind : {"ogg", "mpl", "txt", "midi", "flac", ""}) {
-        EXPECT_FALSE(IsMediaFile(std::string("C:\\a.") + kind)) << kind;
-    }
-}
-
-TEST(Naming, VideoFilesAreThoseWithPictures) {
-    for (const char* kind : {"mpg", "peg", "mov", "wmv", "avi", "vob", "mp4"}) {
-        EXPECT_TRUE(IsVideoFile(std::string("C:\\a.") + kind)) << kind;
-    }
-    for (const char* kind : {"mp3", "wma", "wav", "mid", "m4a"}) {
-        EXPECT_FALSE(IsVideoFile(std::string("C:\\a.") + kind)) << kind;
-    }
-}
-
-TEST(Naming, AScanTakesFewerKindsThanCanBePlayed) {
-    for (const char* kind : {"mp3", "wma", "wav", "mid"}) {
-        EXPECT_TRUE(IsScanAudioFile(std::string("C:\\a.") + kind)) << kind;
-        EXPECT_FALSE(IsScanVideoFile(std::string("C:\\a.") + kind)) << kind;
-    }
-    for (const char* kind : {"mpg", "peg", "wmv", "avi"}) {
-        EXPECT_TRUE(IsScanVideoFile(std::string("C:\\a.") + kind)) << kind;
-        EXPECT_FALSE(IsScanAudioFile(std::string("C:\\a.") + kind)) << kind;
-    }
-    for (const char* kind : {"mp4", "m4a", "mov", "vob"}) {
-        EXPECT_FALSE(IsScanFile(std::string("C:\\a.") + kind)) << kind;
-    }
-}
-
-TEST(Naming, OnlyTheLastThreeLettersCount) {
-    EXPECT_TRUE(IsMediaFile("C:\\holiday.jpeg"));
-    EXPECT_TRUE(IsVideoFile("C:\\holiday.jpeg"));
-    EXPECT_TRUE(IsMediaFile("C:\\clip.mpeg"));
-    EXPECT_TRUE(IsMediaFile("C:\\nodotmp3"));
-    EXPECT_TRUE(IsScanFile("mpg"));
-}
-
 TEST(Naming, AFolderIsNoFile) {
     fakes::FakeFiles files;
     files.AddFile("C:\\music\\a.mp3");
@@ -84,16 +31,6 @@ TEST(Naming, AFolderIsNoFile) {
     EXPECT_FALSE(FileExists(files, "C:\\music"));
     EXPECT_FALSE(FileExists(files, "C:\\music\\b.mp3"));
     EXPECT_FALSE(FileExists(files, ""));
-}
-
-TEST(Naming, TheFileNameIsWhatStandsBehindTheLastSeparator) {
-    EXPECT_EQ(FileNameOf("C:\\music\\song.mp3"), "song.mp3");
-    EXPECT_EQ(FileNameOf("C:/music/song.mp3"), "song.mp3");
-    EXPECT_EQ(FileNameOf("C:\\music/new\\song.mp3"), "song.mp3");
-    EXPECT_EQ(FileNameOf("C:\\music\\new/song.mp3"), "song.mp3");
-    EXPECT_EQ(FileNameOf("song.mp3"), "song.mp3");
-    EXPECT_EQ(FileNameOf("C:\\music\\"), "");
-    EXPECT_EQ(FileNameOf(""), "");
 }
 
 TEST(Naming, AShortPathIsExpandedNameByName) {
@@ -278,26 +215,6 @@ TEST(Naming, ARandomIndexIsRoundedSoThatTheCountComesOutToo) {
     EXPECT_EQ(RandomIndex(5, middle), 2);  // 2.5 goes to the even neighbour
     EXPECT_EQ(RandomIndex(10, highest), 10);
     EXPECT_EQ(RandomIndex(0, highest), 0);
-}
-
-TEST(Naming, ASongKeyLeadsToThePathOfTheFirstRowThatHasIt) {
-    fakes::SeededStores stores;
-    stores.Seed("tblSong", {{"1", "A", "a", "C:\\a.mp3", "0"},
-                            {" 7 ", "B", "b", "C:\\b.mp3", "0"},
-                            {"7", "C", "c", "C:\\c.mp3", "0"}});
-    const auto datSong = stores.OpenTable("tblSong");
-    datSong->Recordset().MoveLast();
-
-    EXPECT_EQ(SongPathFromId(*datSong, "7"), "C:\\b.mp3");
-    EXPECT_EQ(SongPathFromId(*datSong, "1"), "C:\\a.mp3");
-    EXPECT_EQ(SongPathFromId(*datSong, "2"), "");
-    EXPECT_EQ(SongPathFromId(*datSong, ""), "");
-}
-
-TEST(Naming, AnUnboundSourceHasNoSongs) {
-    store::DataSource datSong("datSong");
-
-    EXPECT_EQ(SongPathFromId(datSong, "1"), "");
 }
 
 }  // namespace

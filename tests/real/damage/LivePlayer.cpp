@@ -15,7 +15,7 @@ LivePlayer::LivePlayer() : PlayerParts(engine, files, kinds, kinds), now_(Clock:
 
 void LivePlayer::AddTrack(std::string_view native_path) {
     const std::string path = files.FromNative(native_path);
-    lstTracks.AddItem(library::FileNameOf(path));
+    lstTracks.AddItem(base::FileNameOf(path));
     lstMaybe.AddItem(path);
     ListMaybeChanged = true;
 }

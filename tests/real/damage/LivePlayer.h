@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "library/Naming.h"
+#include "base/MediaKinds.h"
 #include "platform/gstreamer/MediaEngine.h"
 #include "platform/linux/LinuxFiles.h"
 #include "player/PlayerHouse.h"
@@ -18,10 +18,10 @@ namespace damage {
 class KindsOfFiles final : public player::FileKinds, public player::SongPaths {
 public:
     explicit KindsOfFiles(const ports::Files& files) : files_(files) {}
-    bool IsMediaFile(std::string_view path) const override { return library::IsMediaFile(path); }
-    bool IsVideoFile(std::string_view path) const override { return library::IsVideoFile(path); }
-    bool FileExists(std::string_view path) const override { return library::FileExists(files_, path); }
-    std::string FileNameOf(std::string_view path) const override { return library::FileNameOf(path); }
+    bool IsMediaFile(std::string_view path) const override { return base::IsMediaFile(path); }
+    bool IsVideoFile(std::string_view path) const override { return base::IsVideoFile(path); }
+    bool FileExists(std::string_view path) const override { return files_.FileExists(path); }
+    std::string FileNameOf(std::string_view path) const override { return base::FileNameOf(path); }
     std::string SongPathFromId(std::int64_t) override { return {}; }
 
 private:
