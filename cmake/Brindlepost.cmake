@@ -40,6 +40,21 @@ function(brindlepost_library name)
   endif()
 endfunction()
 
+# What every unit of the tests begins with is compiled once: tests/Prelude.h, shared by all test programs. A compiled
+# header fits only units with the same options, so they are said here: a failing line wants its number and no more debug
+# information than that, and Qt wants position independent code. An engine's own definitions do not matter.
+function(brindlepost_prelude)
+  add_library(brindlepost_test_options INTERFACE)
+  target_compile_options(brindlepost_test_options INTERFACE -fPIC -pthread $<$<CONFIG:Debug>:-g1>)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(brindlepost_test_options INTERFACE -fpch-preprocess)  # for ccache
+  endif()
+  target_link_libraries(brindlepost_test_options INTERFACE brindlepost_options)
+  add_library(test_prelude OBJECT "${CMAKE_SOURCE_DIR}/tests/Prelude.cpp")
+  target_link_libraries(test_prelude PRIVATE GTest::gtest brindlepost_test_options)
+  target_precompile_headers(test_prelude PRIVATE "${CMAKE_SOURCE_DIR}/tests/Prelude.h")
+endfunction()
+
 # brindlepost_test(NAME SOURCES ... LINKS ... LABELS logic controls)
 # One test program; every test in it is a test of CTest with the labels.
 function(brindlepost_test name)
@@ -49,7 +64,8 @@ function(brindlepost_test name)
   endif()
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
-  target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gtest GTest::gtest_main brindlepost_options)
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gtest GTest::gtest_main brindlepost_test_options)
+  target_precompile_headers(${name} REUSE_FROM test_prelude)
   include(GoogleTest)
   gtest_discover_tests(${name}
     DISCOVERY_MODE PRE_TEST
