@@ -167,25 +167,18 @@ struct Program {
     controls::Label lblFoundNo{"lblFoundNo", "0"};
     controls::Label lblDuplicatesNoRemoved{"lblDuplicatesNoRemoved", "0"};
     controls::ListBox lstOpenWith{"lstOpenWith"};
-    controls::Menu mnuSearchBroad{"mnuSearchBroad"};
-    controls::Menu mnuSearchTitle{"mnuSearchTitle"};
-    controls::Menu mnuSearchArtist{"mnuSearchArtist"};
-    controls::Menu mnuSearchFilename{"mnuSearchFilename"};
-    controls::Menu mnuHistory{"mnuHistory"};
+    library::SearchMenu SearchMenu;
+    places::HistoryMenu HistoryMenu;
     std::vector<std::string> Played;
     bool SaveHistory = true;
 
     library::LibraryListsRoom ListsRoom{Lists,       Sources,      PlayLists.lstAddToPlaylist,
                                         lstOpenWith, Store.Loop(), {Around, Around, Around, Around}};
-    library::SearchRoom SearchRoom{Search,
-                                   {mnuSearchBroad, mnuSearchTitle, mnuSearchArtist, mnuSearchFilename},
-                                   Sources,
-                                   ListsRoom,
-                                   Around};
+    library::SearchRoom SearchRoom{Search, SearchMenu, Sources, ListsRoom, Around};
     library::TrackMatchRoom MatchRoom{
         Import, {lblFoundNo, lblDuplicatesNoRemoved}, Sources, Around, Store.Loop()};
-    places::HistoryRoom HistoryRoom{History, {mnuHistory}, Sources.datSong, SaveHistory,
-                                    Around,  Around,       Around,          Boxes};
+    places::HistoryRoom HistoryRoom{History, HistoryMenu, Sources.datSong, SaveHistory,
+                                    Around,  Around,      Around,          Boxes};
 };
 
 /// One program at a time: the jobs of one size stand together.

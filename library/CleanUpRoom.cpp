@@ -18,14 +18,14 @@ void AddOne(controls::Label& counter) {
 
 }  // namespace
 
-CleanUpRoom::CleanUpRoom(TaskControls& controls, controls::Menu& mnuCleanUp, CleanUpSources sources,
+CleanUpRoom::CleanUpRoom(TaskControls& controls, CleanUpMenu& menu, CleanUpSources sources,
                          const std::int32_t& last_clean_up_age, LibraryDesk& desk, CleanUpPorts ports)
     : controls_(controls),
       sources_(sources),
       last_clean_up_age_(last_clean_up_age),
       desk_(desk),
       ports_(ports) {
-    claims_.Claim(mnuCleanUp.Click, [this] { mnuCleanUp_Click(); });
+    claims_.Claim(menu.mnuCleanUp.Click, [this] { mnuCleanUp_Click(); });
 }
 
 // The menu stays open to the person while a run yields; a second run would empty the lists of the first.

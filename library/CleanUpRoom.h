@@ -12,6 +12,7 @@
 
 #include "controls/Event.h"
 #include "library/LibraryControls.h"
+#include "library/LibraryMenu.h"
 #include "library/LibraryOutlets.h"
 #include "ports/Clock.h"
 #include "ports/Dialogs.h"
@@ -39,7 +40,7 @@ class CleanUpRoom final {
 public:
     /// `last_clean_up_age` is the age of the last run as the session found it: the plain difference of two
     /// numbers yyyymmdd.
-    CleanUpRoom(TaskControls& controls, controls::Menu& mnuCleanUp, CleanUpSources sources,
+    CleanUpRoom(TaskControls& controls, CleanUpMenu& menu, CleanUpSources sources,
                 const std::int32_t& last_clean_up_age, LibraryDesk& desk, CleanUpPorts ports);
 
 private:

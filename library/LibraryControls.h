@@ -2,7 +2,6 @@
 #pragma once
 
 #include "controls/Lists.h"
-#include "controls/Menu.h"
 #include "controls/Simple.h"
 #include "controls/Surfaces.h"
 #include "store/DataSource.h"
@@ -111,20 +110,6 @@ struct TrackImportControls {
     controls::ListBox lstTracksToAdd{"lstTracksToAdd"};
     controls::ListBox lstartist{"lstartist"};
     controls::ListBox lsttitle{"lsttitle"};
-};
-
-/// The menu entries of the playlists.
-struct PlayListMenu {
-    controls::Menu& mnuNewPlayList;
-    controls::Menu& mnuRemoveSong;
-};
-
-/// The search field menu: exactly one entry is checked.
-struct SearchMenu {
-    controls::Menu& mnuSearchBroad;
-    controls::Menu& mnuSearchTitle;
-    controls::Menu& mnuSearchArtist;
-    controls::Menu& mnuSearchFilename;
 };
 
 }  // namespace library

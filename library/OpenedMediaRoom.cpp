@@ -10,7 +10,7 @@
 
 namespace library {
 
-OpenedMediaRoom::OpenedMediaRoom(OpenedMediaControls& controls, controls::Menu& mnuAddToLibrary,
+OpenedMediaRoom::OpenedMediaRoom(OpenedMediaControls& controls, OpenedMediaMenu& menu,
                                  controls::CommandButton& cmdAddToLibrary, controls::Form& frmAddMedia,
                                  SongStore& song_store, MediaSources& sources, ports::Dialogs& dialogs)
     : controls_(controls),
@@ -18,7 +18,7 @@ OpenedMediaRoom::OpenedMediaRoom(OpenedMediaControls& controls, controls::Menu& 
       song_store_(song_store),
       sources_(sources),
       dialogs_(dialogs) {
-    claims_.Claim(mnuAddToLibrary.Click, [this] { mnuAddToLibrary_Click(); });
+    claims_.Claim(menu.mnuAddToLibrary.Click, [this] { mnuAddToLibrary_Click(); });
     claims_.Claim(cmdAddToLibrary.Click, [this] { cmdAddToLibrary_Click(); });
 }
 

@@ -5,10 +5,10 @@
 #include <string_view>
 
 #include "controls/Event.h"
-#include "controls/Menu.h"
 #include "controls/Simple.h"
 #include "controls/Surfaces.h"
 #include "library/LibraryControls.h"
+#include "library/LibraryMenu.h"
 #include "library/LibraryOutlets.h"
 #include "ports/Dialogs.h"
 
@@ -16,7 +16,7 @@ namespace library {
 
 class OpenedMediaRoom final {
 public:
-    OpenedMediaRoom(OpenedMediaControls& controls, controls::Menu& mnuAddToLibrary,
+    OpenedMediaRoom(OpenedMediaControls& controls, OpenedMediaMenu& menu,
                     controls::CommandButton& cmdAddToLibrary, controls::Form& frmAddMedia,
                     SongStore& song_store, MediaSources& sources, ports::Dialogs& dialogs);
 

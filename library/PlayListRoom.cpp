@@ -11,7 +11,7 @@ constexpr std::string_view kNewName = "New_Playlist";
 
 }  // namespace
 
-PlayListRoom::PlayListRoom(PlayListControls& controls, PlayListMenu menu, MediaSources& sources,
+PlayListRoom::PlayListRoom(PlayListControls& controls, PlayListMenu& menu, MediaSources& sources,
                            LibraryDesk& desk, ports::Dialogs& dialogs, MouseOvers& mouse_overs)
     : controls_(controls),
       menu_(menu),

@@ -6,6 +6,7 @@
 
 #include "controls/Event.h"
 #include "library/LibraryControls.h"
+#include "library/LibraryMenu.h"
 #include "library/LibraryOutlets.h"
 #include "ports/Dialogs.h"
 
@@ -13,7 +14,7 @@ namespace library {
 
 class PlayListRoom final {
 public:
-    PlayListRoom(PlayListControls& controls, PlayListMenu menu, MediaSources& sources, LibraryDesk& desk,
+    PlayListRoom(PlayListControls& controls, PlayListMenu& menu, MediaSources& sources, LibraryDesk& desk,
                  ports::Dialogs& dialogs, MouseOvers& mouse_overs);
 
     /// Adds a song of the library to a playlist, as often as it is called; a SongID that is not there adds
@@ -53,7 +54,7 @@ private:
     void ResetPlayCount(const std::string& song_id);
 
     PlayListControls& controls_;
-    PlayListMenu menu_;
+    PlayListMenu& menu_;
     MediaSources& sources_;
     LibraryDesk& desk_;
     ports::Dialogs& dialogs_;

@@ -1,5 +1,7 @@
 #include "library/SearchRoom.h"
 
+#include <array>
+
 #include "library/SearchText.h"
 #include "library/TableRows.h"
 #include "store/Tables.h"
@@ -10,11 +12,25 @@ namespace {
 constexpr int kTicksBeforeSearch = 20;
 constexpr std::size_t kRowsATick = 65'536;
 
+struct FieldEntry {
+    std::string_view field;
+    controls::Menu SearchMenu::*entry;
+};
+
+constexpr std::array kFields = {
+    FieldEntry{"Broad", &SearchMenu::mnuSearchBroad}, FieldEntry{"Artist", &SearchMenu::mnuSearchArtist},
+    FieldEntry{"Title", &SearchMenu::mnuSearchTitle}, FieldEntry{"Filename", &SearchMenu::mnuSearchFilename}};
+
 }  // namespace
 
-SearchRoom::SearchRoom(SearchControls& controls, SearchMenu menu, MediaSources& sources, TrackView& view,
+SearchRoom::SearchRoom(SearchControls& controls, SearchMenu& menu, MediaSources& sources, TrackView& view,
                        MouseOvers& mouse_overs)
-    : controls_(controls), menu_(menu), sources_(sources), view_(view), mouse_overs_(mouse_overs) {
+    : controls_(controls),
+      menu_(menu),
+      fields_(menu.mnuSearchBroad, menu.mnuSearchArtist, menu.mnuSearchTitle, menu.mnuSearchFilename),
+      sources_(sources),
+      view_(view),
+      mouse_overs_(mouse_overs) {
     claims_.Claim(controls_.fraSearch.MouseMove,
                   [this](int, int, double, double) { mouse_overs_.NoMouseOvers(); });
     claims_.Claim(controls_.txtSearch.Change, [this] { txtSearch_Change(); });
@@ -77,26 +93,15 @@ void SearchRoom::AddSong(const store::RecordSet& song) {
 
 void SearchRoom::SetSearchField(std::string_view field) {
     UnCheckSongSearch();
-    menu_.mnuSearchBroad.SetChecked(field == "Broad");
-    menu_.mnuSearchTitle.SetChecked(field == "Title");
-    menu_.mnuSearchArtist.SetChecked(field == "Artist");
-    menu_.mnuSearchFilename.SetChecked(field == "Filename");
+    for (const FieldEntry& one : kFields)
+        if (one.field == field) fields_.Check(menu_.*one.entry);
     ShowHint();
 }
 
 std::string_view SearchRoom::SearchField() const {
-    if (menu_.mnuSearchBroad.Checked()) return "Broad";
-    if (menu_.mnuSearchArtist.Checked()) return "Artist";
-    if (menu_.mnuSearchTitle.Checked()) return "Title";
-    if (menu_.mnuSearchFilename.Checked()) return "Filename";
+    for (const FieldEntry& one : kFields)
+        if ((menu_.*one.entry).Checked()) return one.field;
     return {};
-}
-
-void SearchRoom::UnCheckSongSearch() {
-    menu_.mnuSearchBroad.SetChecked(false);
-    menu_.mnuSearchTitle.SetChecked(false);
-    menu_.mnuSearchArtist.SetChecked(false);
-    menu_.mnuSearchFilename.SetChecked(false);
 }
 
 void SearchRoom::ShowHint() {

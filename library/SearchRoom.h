@@ -4,16 +4,18 @@
 #include <string>
 #include <string_view>
 
+#include "controls/CheckGroup.h"
 #include "controls/Event.h"
 #include "library/CleanedSongs.h"
 #include "library/LibraryControls.h"
+#include "library/LibraryMenu.h"
 #include "library/LibraryOutlets.h"
 
 namespace library {
 
 class SearchRoom final {
 public:
-    SearchRoom(SearchControls& controls, SearchMenu menu, MediaSources& sources, TrackView& view,
+    SearchRoom(SearchControls& controls, SearchMenu& menu, MediaSources& sources, TrackView& view,
                MouseOvers& mouse_overs);
 
     /// Fills the view with the songs whose field contains the text. `field` is "Broad", "Title", "Artist" or
@@ -23,7 +25,7 @@ public:
     void SetSearchField(std::string_view field);
     /// The field of the checked entry; empty when none is checked.
     std::string_view SearchField() const;
-    void UnCheckSongSearch();
+    void UnCheckSongSearch() { fields_.UncheckAll(); }
 
 private:
     void txtSearch_Change();
@@ -37,7 +39,8 @@ private:
     void ShowHint();
 
     SearchControls& controls_;
-    SearchMenu menu_;
+    SearchMenu& menu_;
+    controls::CheckGroup fields_;
     MediaSources& sources_;
     TrackView& view_;
     MouseOvers& mouse_overs_;

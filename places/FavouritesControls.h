@@ -2,7 +2,6 @@
 #pragma once
 
 #include "controls/Lists.h"
-#include "controls/Menu.h"
 #include "controls/Simple.h"
 #include "controls/Surfaces.h"
 #include "store/DataSource.h"
@@ -35,15 +34,6 @@ struct FavouritesControls {
     controls::ListBox lstFavs2{"lstFavs2"};
     controls::Label lblEntryCount{"lblEntryCount", "Song ID"};
     store::DataSource datFav{"datFav"};
-};
-
-struct FavouritesMenu {
-    controls::Menu& mnuFav;
-    controls::Menu& mnuAddToFavourites;
-    controls::Menu& mnuEditFavs;
-    controls::Menu& mnuRemoveFav;
-    controls::Menu& mnuRemoveFavGroup;
-    controls::Menu& mnuViewFavs;
 };
 
 }  // namespace places

@@ -35,7 +35,7 @@ bool IsPageFile(std::string_view path) {
 
 }  // namespace
 
-FavouritesRoom::FavouritesRoom(FavouritesControls& controls, FavouritesMenu menu,
+FavouritesRoom::FavouritesRoom(FavouritesControls& controls, FavouritesMenu& menu,
                                FavouritesNeighbours neighbours, ports::Dialogs& dialogs)
     : controls_(controls), neighbours_(neighbours), dialogs_(dialogs) {
     ClaimPanel();
@@ -70,7 +70,7 @@ void FavouritesRoom::ClaimPanel() {
     claims_.Claim(panel.imgViewOver.Click, [this] { imgViewOver_Click(); });
 }
 
-void FavouritesRoom::ClaimMenu(FavouritesMenu menu) {
+void FavouritesRoom::ClaimMenu(FavouritesMenu& menu) {
     claims_.Claim(menu.mnuFav.Click, [this] { imgAddOver_Click(); });
     claims_.Claim(menu.mnuAddToFavourites.Click, [this] { imgAddOver_Click(); });
     claims_.Claim(menu.mnuEditFavs.Click, [this] { imgAddOver_Click(); });

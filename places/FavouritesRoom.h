@@ -12,6 +12,7 @@
 #include "controls/Event.h"
 #include "places/FavouritesControls.h"
 #include "places/Outgoing.h"
+#include "places/PlacesMenu.h"
 #include "ports/Dialogs.h"
 
 namespace places {
@@ -29,7 +30,7 @@ struct FavouritesNeighbours {
 
 class FavouritesRoom final : public FavouritesLists {
 public:
-    FavouritesRoom(FavouritesControls& controls, FavouritesMenu menu, FavouritesNeighbours neighbours,
+    FavouritesRoom(FavouritesControls& controls, FavouritesMenu& menu, FavouritesNeighbours neighbours,
                    ports::Dialogs& dialogs);
 
     /// Reads the number of the last row; an empty table leaves the old one.
@@ -58,7 +59,7 @@ private:
     void mnuViewFavs_Click();
 
     void ClaimPanel();
-    void ClaimMenu(FavouritesMenu menu);
+    void ClaimMenu(FavouritesMenu& menu);
     void SwitchList();
     void OpenPanel();
     void ClosePanel();

@@ -23,7 +23,7 @@ std::int64_t NumberOf(const store::RecordSet& row) {
 
 }  // namespace
 
-HistoryRoom::HistoryRoom(HistoryControls& controls, HistoryMenu menu, store::DataSource& datSong,
+HistoryRoom::HistoryRoom(HistoryControls& controls, HistoryMenu& menu, store::DataSource& datSong,
                          const bool& save_history, AddressRow& address, const FrontPage& page,
                          PlayedSongsView& played, ports::Dialogs& dialogs)
     : controls_(controls),

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "controls/Event.h"
-#include "controls/Menu.h"
 #include "places/Outgoing.h"
+#include "places/PlacesMenu.h"
 #include "ports/Dialogs.h"
 #include "store/DataSource.h"
 
@@ -21,17 +21,13 @@ struct HistoryControls {
     store::DataSource datHistory{"datHistory"};
 };
 
-struct HistoryMenu {
-    controls::Menu& mnuHistory;
-};
-
 /// The kind of a played song; all others show in the address row.
 inline constexpr std::string_view kMusicHistory = "Music";
 
 class HistoryRoom final {
 public:
     /// `save_history` is the session's `Save_History`, read at each addition.
-    HistoryRoom(HistoryControls& controls, HistoryMenu menu, store::DataSource& datSong,
+    HistoryRoom(HistoryControls& controls, HistoryMenu& menu, store::DataSource& datSong,
                 const bool& save_history, AddressRow& address, const FrontPage& page, PlayedSongsView& played,
                 ports::Dialogs& dialogs);
 

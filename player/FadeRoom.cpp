@@ -14,11 +14,12 @@ constexpr int kQuietEnough = 3;  ///< below it the outgoing song is closed
 
 }  // namespace
 
-FadeRoom::FadeRoom(FadeControls& controls, FadeMenu menu, const controls::PictureBox& picSongProgress,
+FadeRoom::FadeRoom(FadeControls& controls, FadeMenu& menu, const controls::PictureBox& picSongProgress,
                    MciLayer& mci, LevelState& state, const Volume& volume, Panning& panning,
                    AddressRow& address, MainWindow& window)
     : controls_(controls),
       menu_(menu),
+      fades_(menu.mnuQuickFade, menu.mnuMediumFade, menu.mnuLongFade, menu.mnuFadeOff),
       picSongProgress_(picSongProgress),
       mci_(mci),
       state_(state),
@@ -153,13 +154,6 @@ void FadeRoom::mnuFadeOff_Click() {
     controls_.lblStartFade.SetLeft(picSongProgress_.ScaleWidth() - controls_.lblStartFade.Width());
 }
 
-void FadeRoom::UnTickFades() {
-    menu_.mnuQuickFade.SetChecked(false);
-    menu_.mnuMediumFade.SetChecked(false);
-    menu_.mnuLongFade.SetChecked(false);
-    menu_.mnuFadeOff.SetChecked(false);
-}
-
 void FadeRoom::TakeFade(controls::Menu& entry, int interval_ms, int seconds) {
     UnTickFades();
     entry.SetChecked(true);
@@ -169,12 +163,7 @@ void FadeRoom::TakeFade(controls::Menu& entry, int interval_ms, int seconds) {
 }
 
 void FadeRoom::RunCheckedFade() {
-    for (controls::Menu* entry :
-         {&menu_.mnuQuickFade, &menu_.mnuMediumFade, &menu_.mnuLongFade, &menu_.mnuFadeOff}) {
-        if (!entry->Checked()) continue;
-        entry->Click.Raise();
-        return;
-    }
+    if (controls::Menu* entry = fades_.Checked()) entry->Click.Raise();
 }
 
 }  // namespace player

@@ -8,10 +8,12 @@
 
 #include <string_view>
 
+#include "controls/CheckGroup.h"
 #include "controls/Event.h"
 #include "player/MciLayer.h"
 #include "player/Outgoing.h"
 #include "player/PlayerControls.h"
+#include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
 #include "player/Roles.h"
 
@@ -19,7 +21,7 @@ namespace player {
 
 class FadeRoom final : public Crossfade {
 public:
-    FadeRoom(FadeControls& controls, FadeMenu menu, const controls::PictureBox& picSongProgress,
+    FadeRoom(FadeControls& controls, FadeMenu& menu, const controls::PictureBox& picSongProgress,
              MciLayer& mci, LevelState& state, const Volume& volume, Panning& panning, AddressRow& address,
              MainWindow& window);
 
@@ -40,7 +42,7 @@ private:
     void mnuMediumFade_Click();
     void mnuLongFade_Click();
     void mnuFadeOff_Click();
-    void UnTickFades();
+    void UnTickFades() { fades_.UncheckAll(); }
     void TakeFade(controls::Menu& entry, int interval_ms, int seconds);
     void RunCheckedFade();
     void PlaceMarker();
@@ -50,7 +52,8 @@ private:
     bool RaiseIncoming(std::string_view alias);
 
     FadeControls& controls_;
-    FadeMenu menu_;
+    FadeMenu& menu_;
+    controls::CheckGroup fades_;
     const controls::PictureBox& picSongProgress_;
     MciLayer& mci_;
     LevelState& state_;

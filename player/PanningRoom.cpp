@@ -13,9 +13,15 @@ constexpr int kLastSweepStep = 99;
 
 }  // namespace
 
-PanningRoom::PanningRoom(PanningControls& controls, PanningMenu menu, const controls::Timer& tmrFade,
+PanningRoom::PanningRoom(PanningControls& controls, PanningMenu& menu, const controls::Timer& tmrFade,
                          MciLayer& mci, const PlaybackState& state, Volume& volume)
-    : controls_(controls), menu_(menu), tmrFade_(tmrFade), mci_(mci), state_(state), volume_(volume) {
+    : controls_(controls),
+      menu_(menu),
+      pannings_(menu.mnuPanInstant, menu.mnuPanQuick, menu.mnuPanMedium, menu.mnuPanLong, menu.mnuPanOff),
+      tmrFade_(tmrFade),
+      mci_(mci),
+      state_(state),
+      volume_(volume) {
     claims_.Claim(controls_.tmrPanning.Tick, [this] { tmrPanning_Tick(); });
     claims_.Claim(menu_.mnuPanInstant.Click, [this] { mnuPanInstant_Click(); });
     claims_.Claim(menu_.mnuPanQuick.Click, [this] { mnuPanQuick_Click(); });
@@ -84,22 +90,14 @@ void PanningRoom::mnuPanOff_Click() {
     UnTickPanning();
     SetPanningRunning(false);
     volume_.volchanged();
-    menu_.mnuPanOff.SetChecked(true);
-}
-
-void PanningRoom::UnTickPanning() {
-    menu_.mnuPanInstant.SetChecked(false);
-    menu_.mnuPanQuick.SetChecked(false);
-    menu_.mnuPanMedium.SetChecked(false);
-    menu_.mnuPanLong.SetChecked(false);
-    menu_.mnuPanOff.SetChecked(false);
+    pannings_.Check(menu_.mnuPanOff);
 }
 
 void PanningRoom::TakePanning(controls::Menu& entry, int interval_ms) {
     UnTickPanning();
     PanningOn();
     controls_.tmrPanning.SetInterval(interval_ms);
-    entry.SetChecked(true);
+    pannings_.Check(entry);
 }
 
 void PanningRoom::PanningOn() {

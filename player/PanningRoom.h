@@ -4,9 +4,11 @@
 // is on and no crossfade runs.
 #pragma once
 
+#include "controls/CheckGroup.h"
 #include "controls/Event.h"
 #include "player/MciLayer.h"
 #include "player/PlayerControls.h"
+#include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
 #include "player/Roles.h"
 
@@ -14,7 +16,7 @@ namespace player {
 
 class PanningRoom final : public Panning {
 public:
-    PanningRoom(PanningControls& controls, PanningMenu menu, const controls::Timer& tmrFade, MciLayer& mci,
+    PanningRoom(PanningControls& controls, PanningMenu& menu, const controls::Timer& tmrFade, MciLayer& mci,
                 const PlaybackState& state, Volume& volume);
 
     void SetPanningRunning(bool running) override;
@@ -26,7 +28,7 @@ private:
     void mnuPanQuick_Click();
     void mnuPanMedium_Click();
     void mnuPanLong_Click();
-    void UnTickPanning();
+    void UnTickPanning() { pannings_.UncheckAll(); }
     void TakePanning(controls::Menu& entry, int interval_ms);
     void PanningOn();
     void StepInstant();
@@ -34,7 +36,8 @@ private:
     void SendLevels(int left, int right);
 
     PanningControls& controls_;
-    PanningMenu menu_;
+    PanningMenu& menu_;
+    controls::CheckGroup pannings_;
     const controls::Timer& tmrFade_;
     MciLayer& mci_;
     const PlaybackState& state_;

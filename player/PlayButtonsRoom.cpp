@@ -6,7 +6,7 @@
 
 namespace player {
 
-PlayButtonsRoom::PlayButtonsRoom(PlayButtonControls& controls, PlayButtonMenu menu, TrackListView tracks,
+PlayButtonsRoom::PlayButtonsRoom(PlayButtonControls& controls, PlayButtonMenu& menu, TrackListView tracks,
                                  controls::Label& lblProgress, PlayOrder& order, MciLayer& mci,
                                  PlayerState& state, PlayButtonRoles roles, NowPlayingMessage& message,
                                  AddressRow& address)

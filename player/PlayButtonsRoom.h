@@ -8,6 +8,7 @@
 #include "player/Outgoing.h"
 #include "player/PlayOrder.h"
 #include "player/PlayerControls.h"
+#include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
 #include "player/Roles.h"
 
@@ -23,7 +24,7 @@ struct PlayButtonRoles {
 
 class PlayButtonsRoom final {
 public:
-    PlayButtonsRoom(PlayButtonControls& controls, PlayButtonMenu menu, TrackListView tracks,
+    PlayButtonsRoom(PlayButtonControls& controls, PlayButtonMenu& menu, TrackListView tracks,
                     controls::Label& lblProgress, PlayOrder& order, MciLayer& mci, PlayerState& state,
                     PlayButtonRoles roles, NowPlayingMessage& message, AddressRow& address);
 

@@ -2,7 +2,7 @@
 
 namespace player {
 
-PlayModeRoom::PlayModeRoom(PlayModeControls& controls, PlayModeMenu menu, AddressRow& address)
+PlayModeRoom::PlayModeRoom(PlayModeControls& controls, PlayModeMenu& menu, AddressRow& address)
     : controls_(controls), menu_(menu), address_(address) {
     claims_.Claim(controls_.imgRepeat.MouseMove,
                   [this](int, int, double, double) { controls_.imgRepeatOver.SetVisible(true); });

@@ -5,13 +5,14 @@
 #include "controls/Event.h"
 #include "player/Outgoing.h"
 #include "player/PlayerControls.h"
+#include "player/PlayerMenu.h"
 #include "player/Roles.h"
 
 namespace player {
 
 class PlayModeRoom final : public PlayMode {
 public:
-    PlayModeRoom(PlayModeControls& controls, PlayModeMenu menu, AddressRow& address);
+    PlayModeRoom(PlayModeControls& controls, PlayModeMenu& menu, AddressRow& address);
 
     bool IsRepeating() const override;
     bool IsShuffling() const override { return menu_.mnuShuffle.Checked(); }
@@ -25,7 +26,7 @@ private:
     void mnuShuffle_Click();
 
     PlayModeControls& controls_;
-    PlayModeMenu menu_;
+    PlayModeMenu& menu_;
     AddressRow& address_;
     controls::EventClaims claims_;
 };

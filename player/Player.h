@@ -16,6 +16,7 @@
 #include "player/PlayOrder.h"
 #include "player/PlaybackRoom.h"
 #include "player/PlayerControls.h"
+#include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
 #include "player/QueueRoom.h"
 #include "player/SongLookup.h"
@@ -39,7 +40,7 @@ namespace player {
 /// The windows and what they show of the library.
 struct PlayerWindows {
     PlayerControls& controls;
-    PlayerMenu menu;
+    PlayerMenu& menu;
     VideoForm& frmVideo;
     SpeakerTestForm& frmSpeakerTest;
     TrackListView tracks;

@@ -5,7 +5,6 @@
 #pragma once
 
 #include "controls/Lists.h"
-#include "controls/Menu.h"
 #include "controls/Simple.h"
 #include "controls/Surfaces.h"
 
@@ -193,73 +192,6 @@ struct SplitListView {
     controls::ListBox& lstArtists;
     controls::ListBox& lstPlayLists;
     controls::ListBox& lstTracks;
-};
-
-// The menu entries that the player's rooms answer to.
-
-struct PlayButtonMenu {
-    controls::Menu& mnuPlay;
-    controls::Menu& mnuPause;
-    controls::Menu& mnuStop;
-};
-
-struct PlayModeMenu {
-    controls::Menu& mnuRepeat;
-    controls::Menu& mnuShuffle;
-};
-
-struct CueMenu {
-    controls::Menu& mnuCueSong;
-    controls::Menu& mnuRemoveCueList;
-};
-
-struct FadeMenu {
-    controls::Menu& mnuCrossfade;  ///< popped up over the marker
-    controls::Menu& mnuQuickFade;
-    controls::Menu& mnuMediumFade;
-    controls::Menu& mnuLongFade;
-    controls::Menu& mnuFadeOff;
-};
-
-struct VolumeMenu {
-    controls::Menu& mnuIncreaseVolume;
-    controls::Menu& mnuDecreaseVolume;
-    controls::Menu& mnuMusicMute;
-};
-
-struct SpeedMenu {
-    controls::Menu& mnuIncreaseSpeed;
-    controls::Menu& mnuDecreaseSpeed;
-    controls::Menu& mnuNormalSpeed;
-};
-
-struct PanningMenu {
-    controls::Menu& mnuPanInstant;
-    controls::Menu& mnuPanQuick;
-    controls::Menu& mnuPanMedium;
-    controls::Menu& mnuPanLong;
-    controls::Menu& mnuPanOff;
-};
-
-struct VisualMenu {
-    controls::Menu& mnuStrobe;
-    controls::Menu& mnuParty;
-    controls::Menu& mnuMood;
-    controls::Menu& mnuAnim;
-    controls::Menu& mnuNone;
-};
-
-struct PlayerMenu {
-    PlayButtonMenu buttons;
-    PlayModeMenu mode;
-    CueMenu cue;
-    FadeMenu fade;
-    VolumeMenu volume;
-    SpeedMenu speed;
-    PanningMenu panning;
-    VisualMenu visual;
-    controls::Menu& mnuFullScreen;
-    controls::Menu& mnuSoundTest;
 };
 
 }  // namespace player

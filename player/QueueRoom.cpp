@@ -13,7 +13,7 @@ constexpr double kFirstPathValue = 8;
 
 }  // namespace
 
-QueueRoom::QueueRoom(CueControls& controls, CueMenu menu, TrackListView tracks, CueQueue& cue,
+QueueRoom::QueueRoom(CueControls& controls, CueMenu& menu, TrackListView tracks, CueQueue& cue,
                      SongPlayer& player, AddressRow& address, MainWindow& window)
     : controls_(controls), tracks_(tracks), cue_(cue), player_(player), address_(address), window_(window) {
     claims_.Claim(controls_.lstCuedSongs.DblClick, [this] { lstCuedSongs_DblClick(); });

@@ -5,13 +5,14 @@
 #include "player/CueQueue.h"
 #include "player/Outgoing.h"
 #include "player/PlayerControls.h"
+#include "player/PlayerMenu.h"
 #include "player/Roles.h"
 
 namespace player {
 
 class QueueRoom final {
 public:
-    QueueRoom(CueControls& controls, CueMenu menu, TrackListView tracks, CueQueue& cue, SongPlayer& player,
+    QueueRoom(CueControls& controls, CueMenu& menu, TrackListView tracks, CueQueue& cue, SongPlayer& player,
               AddressRow& address, MainWindow& window);
 
 private:

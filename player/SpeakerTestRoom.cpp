@@ -2,7 +2,7 @@
 
 namespace player {
 
-SpeakerTestRoom::SpeakerTestRoom(SpeakerTestForm& frmSpeakerTest, controls::Menu& mnuSoundTest,
+SpeakerTestRoom::SpeakerTestRoom(SpeakerTestForm& frmSpeakerTest, SpeakerTestMenu& menu,
                                  const controls::Label& lblTrack, MciLayer& mci, const PlayerState& state,
                                  SpeakerTestRoles roles, MainWindow& window)
     : frmSpeakerTest_(frmSpeakerTest),
@@ -11,7 +11,7 @@ SpeakerTestRoom::SpeakerTestRoom(SpeakerTestForm& frmSpeakerTest, controls::Menu
       state_(state),
       roles_(roles),
       window_(window) {
-    claims_.Claim(mnuSoundTest.Click, [this] { mnuSoundTest_Click(); });
+    claims_.Claim(menu.mnuSoundTest.Click, [this] { mnuSoundTest_Click(); });
     claims_.Claim(frmSpeakerTest_.cmdLeft.Click, [this] { cmdLeft_Click(); });
     claims_.Claim(frmSpeakerTest_.cmdRight.Click, [this] { cmdRight_Click(); });
     claims_.Claim(frmSpeakerTest_.cmdBoth.Click, [this] { cmdBoth_Click(); });

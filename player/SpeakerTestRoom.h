@@ -7,6 +7,7 @@
 #include "controls/Event.h"
 #include "player/MciLayer.h"
 #include "player/Outgoing.h"
+#include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
 #include "player/Roles.h"
 #include "player/SpeakerTestForm.h"
@@ -22,9 +23,8 @@ struct SpeakerTestRoles {
 
 class SpeakerTestRoom final {
 public:
-    SpeakerTestRoom(SpeakerTestForm& frmSpeakerTest, controls::Menu& mnuSoundTest,
-                    const controls::Label& lblTrack, MciLayer& mci, const PlayerState& state,
-                    SpeakerTestRoles roles, MainWindow& window);
+    SpeakerTestRoom(SpeakerTestForm& frmSpeakerTest, SpeakerTestMenu& menu, const controls::Label& lblTrack,
+                    MciLayer& mci, const PlayerState& state, SpeakerTestRoles roles, MainWindow& window);
 
 private:
     void mnuSoundTest_Click();

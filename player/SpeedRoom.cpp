@@ -11,7 +11,7 @@ constexpr double kMenuStep = 20;
 
 }  // namespace
 
-SpeedRoom::SpeedRoom(SpeedControls& controls, SpeedMenu menu, MciLayer& mci, PlayerState& state,
+SpeedRoom::SpeedRoom(SpeedControls& controls, SpeedMenu& menu, MciLayer& mci, PlayerState& state,
                      AddressRow& address)
     : controls_(controls), menu_(menu), mci_(mci), state_(state), address_(address) {
     auto& lblSongSpeed = controls_.lblSongSpeed;

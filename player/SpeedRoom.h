@@ -6,6 +6,7 @@
 #include "player/MciLayer.h"
 #include "player/Outgoing.h"
 #include "player/PlayerControls.h"
+#include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
 #include "player/Roles.h"
 
@@ -13,7 +14,7 @@ namespace player {
 
 class SpeedRoom final : public Speed {
 public:
-    SpeedRoom(SpeedControls& controls, SpeedMenu menu, MciLayer& mci, PlayerState& state,
+    SpeedRoom(SpeedControls& controls, SpeedMenu& menu, MciLayer& mci, PlayerState& state,
               AddressRow& address);
 
     void ApplySpeed() override;
@@ -31,7 +32,7 @@ private:
     void KeepInsideRightEnd();
 
     SpeedControls& controls_;
-    SpeedMenu menu_;
+    SpeedMenu& menu_;
     MciLayer& mci_;
     PlayerState& state_;
     AddressRow& address_;

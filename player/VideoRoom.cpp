@@ -19,9 +19,16 @@ constexpr double kHoleOffsetTop = 750;
 
 }  // namespace
 
-VideoRoom::VideoRoom(VideoForm& frmVideo, VideoPaneControls& pane, VideoMenu menu, MciLayer& mci,
-                     PlayerState& state, MainWindow& window, ports::EventLoop& loop)
-    : frmVideo_(frmVideo), pane_(pane), menu_(menu), mci_(mci), state_(state), window_(window), loop_(loop) {
+VideoRoom::VideoRoom(VideoForm& frmVideo, VideoPaneControls& pane, VideoMenu& menu, controls::Menu& mnuNone,
+                     MciLayer& mci, PlayerState& state, MainWindow& window, ports::EventLoop& loop)
+    : frmVideo_(frmVideo),
+      pane_(pane),
+      menu_(menu),
+      mnuNone_(mnuNone),
+      mci_(mci),
+      state_(state),
+      window_(window),
+      loop_(loop) {
     auto& caption = frmVideo_.lblVideoCaption;
     claims_.Claim(frmVideo_.Activate, [this] { frmVideo_Activate(); });
     claims_.Claim(frmVideo_.Resize, [this] { frmVideo_Resize(); });
@@ -192,7 +199,7 @@ void VideoRoom::frmVideo_Resize() {
 
 void VideoRoom::frmVideo_Unload() {
     TakeWindowAway();
-    menu_.mnuNone.SetChecked(true);
+    mnuNone_.SetChecked(true);
 }
 
 void VideoRoom::cmdMax_Click() {

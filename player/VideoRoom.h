@@ -11,6 +11,7 @@
 #include "player/MciLayer.h"
 #include "player/Outgoing.h"
 #include "player/PlayerControls.h"
+#include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
 #include "player/Roles.h"
 #include "player/VideoForm.h"
@@ -18,16 +19,10 @@
 
 namespace player {
 
-/// The entries that this room answers to or checks.
-struct VideoMenu {
-    controls::Menu& mnuFullScreen;
-    controls::Menu& mnuNone;
-};
-
 class VideoRoom final : public VideoPane {
 public:
-    VideoRoom(VideoForm& frmVideo, VideoPaneControls& pane, VideoMenu menu, MciLayer& mci, PlayerState& state,
-              MainWindow& window, ports::EventLoop& loop);
+    VideoRoom(VideoForm& frmVideo, VideoPaneControls& pane, VideoMenu& menu, controls::Menu& mnuNone,
+              MciLayer& mci, PlayerState& state, MainWindow& window, ports::EventLoop& loop);
 
     void PrepareVideo() override;
     void PrepareLightShow() override;
@@ -58,7 +53,8 @@ private:
 
     VideoForm& frmVideo_;
     VideoPaneControls& pane_;
-    VideoMenu menu_;
+    VideoMenu& menu_;
+    controls::Menu& mnuNone_;  ///< of the light shows
     MciLayer& mci_;
     PlayerState& state_;
     MainWindow& window_;

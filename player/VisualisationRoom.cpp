@@ -32,11 +32,12 @@ controls::Colour Mixed(int red, int green, int blue) {
 
 }  // namespace
 
-VisualisationRoom::VisualisationRoom(VideoForm& frmVideo, VisualMenu menu, controls::PictureBox& picVideo,
+VisualisationRoom::VisualisationRoom(VideoForm& frmVideo, VisualMenu& menu, controls::PictureBox& picVideo,
                                      PlayerState& state, VideoPane& video, MainWindow& window,
                                      ports::Chance& chance)
     : frmVideo_(frmVideo),
       menu_(menu),
+      shows_(menu.mnuAnim, menu.mnuStrobe, menu.mnuParty, menu.mnuMood, menu.mnuNone),
       picVideo_(picVideo),
       state_(state),
       video_(video),
@@ -52,32 +53,27 @@ VisualisationRoom::VisualisationRoom(VideoForm& frmVideo, VisualMenu menu, contr
 }
 
 void VisualisationRoom::mnuStrobe_Click() {
-    SortVisualisations();
-    state_.visual = kStrobe;
-    state_.FirstLoad = false;
-    menu_.mnuStrobe.SetChecked(true);
+    Choose(kStrobe, menu_.mnuStrobe);
 }
 
 void VisualisationRoom::mnuParty_Click() {
-    SortVisualisations();
-    state_.visual = kParty;
-    state_.FirstLoad = false;
-    menu_.mnuParty.SetChecked(true);
+    Choose(kParty, menu_.mnuParty);
 }
 
 void VisualisationRoom::mnuMood_Click() {
     state_.visual = kParty;
-    SortVisualisations();
-    state_.visual = kMood;
-    state_.FirstLoad = true;
-    menu_.mnuMood.SetChecked(true);
+    Choose(kMood, menu_.mnuMood);
 }
 
 void VisualisationRoom::mnuAnim_Click() {
+    Choose(kAnimation, menu_.mnuAnim);
+}
+
+void VisualisationRoom::Choose(std::int16_t show, controls::Menu& entry) {
     SortVisualisations();
-    state_.visual = kAnimation;
-    state_.FirstLoad = false;
-    menu_.mnuAnim.SetChecked(true);
+    state_.visual = show;
+    state_.FirstLoad = show == kMood;
+    shows_.Check(entry);
 }
 
 void VisualisationRoom::mnuNone_Click() {
@@ -103,14 +99,6 @@ void VisualisationRoom::SortVisualisations() {
     frmVideo_.imgAnim1.SetVisible(false);
     frmVideo_.imgAnim2.SetVisible(false);
     window_.Form_Resize();
-}
-
-void VisualisationRoom::UnTickVisual() {
-    menu_.mnuAnim.SetChecked(false);
-    menu_.mnuStrobe.SetChecked(false);
-    menu_.mnuParty.SetChecked(false);
-    menu_.mnuMood.SetChecked(false);
-    menu_.mnuNone.SetChecked(false);
 }
 
 void VisualisationRoom::frmVideo_Load() {

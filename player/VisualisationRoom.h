@@ -1,9 +1,11 @@
 // The light shows that the video window shows while music plays.
 #pragma once
 
+#include "controls/CheckGroup.h"
 #include "controls/Event.h"
 #include "player/Outgoing.h"
 #include "player/PlayerControls.h"
+#include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
 #include "player/Roles.h"
 #include "player/VideoForm.h"
@@ -13,7 +15,7 @@ namespace player {
 
 class VisualisationRoom final {
 public:
-    VisualisationRoom(VideoForm& frmVideo, VisualMenu menu, controls::PictureBox& picVideo,
+    VisualisationRoom(VideoForm& frmVideo, VisualMenu& menu, controls::PictureBox& picVideo,
                       PlayerState& state, VideoPane& video, MainWindow& window, ports::Chance& chance);
 
 private:
@@ -26,7 +28,8 @@ private:
     void tmrVisual_Tick();
 
     void SortVisualisations();
-    void UnTickVisual();
+    void UnTickVisual() { shows_.UncheckAll(); }
+    void Choose(std::int16_t show, controls::Menu& entry);
     void StepAnimation();
     void StepStrobe();
     void StepParty();
@@ -35,7 +38,8 @@ private:
     void ShowRandomColour();
 
     VideoForm& frmVideo_;
-    VisualMenu menu_;
+    VisualMenu& menu_;
+    controls::CheckGroup shows_;
     controls::PictureBox& picVideo_;
     PlayerState& state_;
     VideoPane& video_;

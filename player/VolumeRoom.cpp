@@ -18,7 +18,7 @@ int PercentOf(double left) {
 
 }  // namespace
 
-VolumeRoom::VolumeRoom(VolumeControls& controls, VolumeMenu menu, MciLayer& mci, PlayerState& state,
+VolumeRoom::VolumeRoom(VolumeControls& controls, VolumeMenu& menu, MciLayer& mci, PlayerState& state,
                        AddressRow& address, MainWindow& window)
     : controls_(controls), menu_(menu), mci_(mci), state_(state), address_(address), window_(window) {
     claims_.Claim(controls_.picVolume.MouseWheel, [this](int notches) { picVolume_MouseWheel(notches); });

@@ -5,6 +5,7 @@
 #include "player/MciLayer.h"
 #include "player/Outgoing.h"
 #include "player/PlayerControls.h"
+#include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
 #include "player/Roles.h"
 
@@ -12,7 +13,7 @@ namespace player {
 
 class VolumeRoom final : public Volume {
 public:
-    VolumeRoom(VolumeControls& controls, VolumeMenu menu, MciLayer& mci, PlayerState& state,
+    VolumeRoom(VolumeControls& controls, VolumeMenu& menu, MciLayer& mci, PlayerState& state,
                AddressRow& address, MainWindow& window);
 
     void volchanged() override;
@@ -29,7 +30,7 @@ private:
     void MoveLevel(double left);
 
     VolumeControls& controls_;
-    VolumeMenu menu_;
+    VolumeMenu& menu_;
     MciLayer& mci_;
     PlayerState& state_;
     AddressRow& address_;

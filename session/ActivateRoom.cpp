@@ -90,8 +90,8 @@ void ActivateRoom::Timer1_Tick() {
 void ActivateRoom::RevealMainWindow() {
     form_.Timer1.SetEnabled(false);
     main_window_.frmBrowser.SetEnabled(true);
-    main_window_.mnuExit.SetEnabled(true);
-    main_window_.mnuLogout.SetEnabled(true);
+    main_window_.menu.mnuExit.SetEnabled(true);
+    main_window_.menu.mnuLogout.SetEnabled(true);
     main_window_.frmBrowser.Show();
     form_.frmActivate.Hide();
     if (tabs_.IsMusicTabVisible()) tabs_.OpenMusicTab();

@@ -13,13 +13,13 @@
 #include <string_view>
 
 #include "controls/Event.h"
-#include "controls/Menu.h"
 #include "controls/Surfaces.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
 #include "session/ActivateForm.h"
 #include "session/Outgoing.h"
+#include "session/SessionMenu.h"
 #include "session/SessionState.h"
 
 namespace session {
@@ -27,8 +27,7 @@ namespace session {
 /// The main window as the splash hands over to it.
 struct RevealedWindow {
     controls::Form& frmBrowser;
-    controls::Menu& mnuExit;
-    controls::Menu& mnuLogout;
+    SessionMenu& menu;
 };
 
 class ActivateRoom final : public StageLabel, public Splash {

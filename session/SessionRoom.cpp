@@ -2,7 +2,7 @@
 
 namespace session {
 
-SessionRoom::SessionRoom(SessionWindows windows, SessionMenu menu, SessionState& session, LoginState& login,
+SessionRoom::SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState& session, LoginState& login,
                          SettingsRoom& settings, MediaKeys& keys, SessionNeighbours neighbours,
                          ports::Dialogs& dialogs, ports::EventLoop& events)
     : windows_(windows),

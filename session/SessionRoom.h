@@ -8,12 +8,12 @@
 #include <string_view>
 
 #include "controls/Event.h"
-#include "controls/Menu.h"
 #include "controls/Surfaces.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "session/MediaKeys.h"
 #include "session/Outgoing.h"
+#include "session/SessionMenu.h"
 #include "session/SessionState.h"
 #include "session/SettingsRoom.h"
 
@@ -32,11 +32,6 @@ struct SessionWindows {
     controls::Form& frmVideo;
 };
 
-struct SessionMenu {
-    controls::Menu& mnuExit;
-    controls::Menu& mnuLogout;
-};
-
 /// What the end of a session asks of others.
 struct SessionNeighbours {
     Tabs& tabs;
@@ -49,7 +44,7 @@ struct SessionNeighbours {
 
 class SessionRoom final {
 public:
-    SessionRoom(SessionWindows windows, SessionMenu menu, SessionState& session, LoginState& login,
+    SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState& session, LoginState& login,
                 SettingsRoom& settings, MediaKeys& keys, SessionNeighbours neighbours,
                 ports::Dialogs& dialogs, ports::EventLoop& events);
 

@@ -42,8 +42,8 @@ StartUpRoom::StartUpRoom(StartUpControls& controls, StartUpTargets targets, Sess
 
 void StartUpRoom::Form_Load() {
     SetStartValues();
-    targets_.mnuLogout.SetEnabled(login_.Allow_Multiple_Users);
-    targets_.mnuExit.SetEnabled(true);
+    targets_.menu.mnuLogout.SetEnabled(login_.Allow_Multiple_Users);
+    targets_.menu.mnuExit.SetEnabled(true);
     BindStores();
     neighbours_.mailbox.Prepare();
     load_ticks_ = 0;

@@ -10,12 +10,12 @@
 #include <string_view>
 
 #include "controls/Event.h"
-#include "controls/Menu.h"
 #include "controls/Simple.h"
 #include "controls/Surfaces.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
 #include "session/Outgoing.h"
+#include "session/SessionMenu.h"
 #include "session/SessionState.h"
 #include "session/SettingsRoom.h"
 #include "store/DataSource.h"
@@ -36,8 +36,7 @@ struct StartUpTargets {
     controls::Form& frmBrowser;
     controls::Form& frmActivate;
     controls::Form& frmLogin;
-    controls::Menu& mnuExit;
-    controls::Menu& mnuLogout;
+    SessionMenu& menu;
     const controls::Control& picVideo;
     store::DataSource& datSong;
     store::DataSource& datPlayList;

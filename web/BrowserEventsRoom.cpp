@@ -19,7 +19,7 @@ bool IsLiveLogin(std::string_view address) {
 }  // namespace
 
 BrowserEventsRoom::BrowserEventsRoom(NavigationControls& controls, controls::WebBrowser& backdrop,
-                                     WebMenu& menu, WebState& state, AddressBox& address, Tabs& tabs,
+                                     NavigationMenu& menu, WebState& state, AddressBox& address, Tabs& tabs,
                                      ConnectionGuard& guard, PagePartners partners)
     : controls_(controls),
       backdrop_(backdrop),

@@ -15,6 +15,7 @@
 #include "web/PageNavigation.h"
 #include "web/Tabs.h"
 #include "web/WebControls.h"
+#include "web/WebMenu.h"
 #include "web/WebState.h"
 
 namespace web {
@@ -31,7 +32,7 @@ struct PagePartners {
 
 class BrowserEventsRoom final : public PageNavigation {
 public:
-    BrowserEventsRoom(NavigationControls& controls, controls::WebBrowser& backdrop, WebMenu& menu,
+    BrowserEventsRoom(NavigationControls& controls, controls::WebBrowser& backdrop, NavigationMenu& menu,
                       WebState& state, AddressBox& address, Tabs& tabs, ConnectionGuard& guard,
                       PagePartners partners);
 

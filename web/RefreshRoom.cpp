@@ -8,7 +8,7 @@
 
 namespace web {
 
-RefreshRoom::RefreshRoom(RefreshControls& controls, WebMenu& menu, WebState& state,
+RefreshRoom::RefreshRoom(RefreshControls& controls, RefreshMenu& menu, WebState& state,
                          PageNavigation& navigation, ConnectionGuard& guard, BrowserWindow& window,
                          ports::Dialogs& dialogs)
     : controls_(controls),

@@ -7,13 +7,14 @@
 #include "web/Outgoing.h"
 #include "web/PageNavigation.h"
 #include "web/WebControls.h"
+#include "web/WebMenu.h"
 #include "web/WebState.h"
 
 namespace web {
 
 class RefreshRoom final {
 public:
-    RefreshRoom(RefreshControls& controls, WebMenu& menu, WebState& state, PageNavigation& navigation,
+    RefreshRoom(RefreshControls& controls, RefreshMenu& menu, WebState& state, PageNavigation& navigation,
                 ConnectionGuard& guard, BrowserWindow& window, ports::Dialogs& dialogs);
 
 private:

@@ -12,7 +12,7 @@ constexpr std::string_view kTitle = "Brindlepost";
 
 }  // namespace
 
-TabRoom::TabRoom(TabControls& controls, WebMenu& menu, WebState& state, AddressBox& address,
+TabRoom::TabRoom(TabControls& controls, TabMenu& menu, WebState& state, AddressBox& address,
                  TabPartners partners)
     : controls_(controls),
       menu_(menu),

@@ -11,6 +11,7 @@
 #include "web/TabStrip.h"
 #include "web/Tabs.h"
 #include "web/WebControls.h"
+#include "web/WebMenu.h"
 #include "web/WebState.h"
 
 namespace web {
@@ -28,7 +29,7 @@ struct TabPartners {
 
 class TabRoom final : public Tabs {
 public:
-    TabRoom(TabControls& controls, WebMenu& menu, WebState& state, AddressBox& address, TabPartners partners);
+    TabRoom(TabControls& controls, TabMenu& menu, WebState& state, AddressBox& address, TabPartners partners);
 
     int Count() const override { return controls_.Browser.Count(); }
     controls::WebBrowser& Page(int index) override { return controls_.Browser(index); }
@@ -85,7 +86,7 @@ private:
     void CheckMiniLine();
 
     TabControls& controls_;
-    WebMenu& menu_;
+    TabMenu& menu_;
     WebState& state_;
     AddressBox& address_;
     TabPartners partners_;

@@ -5,7 +5,7 @@
 
 namespace web {
 
-WebCommandsRoom::WebCommandsRoom(HelpControls& controls, WebMenu& menu, AddressBox& address,
+WebCommandsRoom::WebCommandsRoom(HelpControls& controls, WebCommandsMenu& menu, AddressBox& address,
                                  AddressOpener& opener, Tabs& tabs, ConnectionGuard& guard,
                                  BrowserWindow& window, MusicPlayer& player, ports::Dialogs& dialogs)
     : address_(address),

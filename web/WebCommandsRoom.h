@@ -12,12 +12,13 @@
 #include "web/Outgoing.h"
 #include "web/Tabs.h"
 #include "web/WebControls.h"
+#include "web/WebMenu.h"
 
 namespace web {
 
 class WebCommandsRoom final {
 public:
-    WebCommandsRoom(HelpControls& controls, WebMenu& menu, AddressBox& address, AddressOpener& opener,
+    WebCommandsRoom(HelpControls& controls, WebCommandsMenu& menu, AddressBox& address, AddressOpener& opener,
                     Tabs& tabs, ConnectionGuard& guard, BrowserWindow& window, MusicPlayer& player,
                     ports::Dialogs& dialogs);
 

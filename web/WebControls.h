@@ -98,25 +98,4 @@ struct HandOffControls {
     controls::Timer tmrOpenWith{"tmrOpenWith", 100};
 };
 
-/// The menu entries that the rooms here answer to.
-struct WebMenu {
-    controls::Menu& mnuTab;    ///< gets an entry for each tab
-    controls::Menu& mnuSep11;  ///< the separator that the tabs' entries stand before
-    controls::Menu& mnuNewTabTab;
-    controls::Menu& mnuMusicTabTab;
-    controls::Menu& mnuViewMusicTab;
-    controls::Menu& mnuCloseCurrentTab;
-    controls::Menu& mnuCloseAllTabs;
-    controls::Menu& mnuWebTab;
-    controls::Menu& mnuWebsite;
-    controls::Menu& mnuWebSearch;
-    controls::Menu& mnuLyricSearch;
-    controls::Menu& mnuOnlineHelp;
-    controls::Menu& mnuCheckUpdates;
-    controls::Menu& mnuSetAutoRefresh;
-    controls::Menu& mnuRefreshAll;
-    controls::Menu& mnuGoForward;
-    controls::Menu& mnuGoBack;
-};
-
 }  // namespace web

@@ -13,6 +13,7 @@
 #include "web/TabRoom.h"
 #include "web/WebCommandsRoom.h"
 #include "web/WebControls.h"
+#include "web/WebMenu.h"
 #include "web/WebState.h"
 
 namespace web {

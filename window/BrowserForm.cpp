@@ -1,5 +1,7 @@
 #include "window/BrowserForm.h"
 
+#include "window/MenuTree.h"
+
 namespace window {
 namespace {
 

@@ -8,7 +8,7 @@
 #include "player/PlayerControls.h"
 #include "web/WebRooms.h"
 #include "window/ChromeControls.h"
-#include "window/MenuControls.h"
+#include "window/WindowMenu.h"
 
 namespace window {
 
@@ -26,7 +26,7 @@ struct LibraryGroups {
 struct BrowserForm : controls::Form {
     BrowserForm();
 
-    MenuControls menus;
+    WindowMenu menus;
     ChromeControls chrome;
     web::WebGroups web;
     LibraryGroups library;

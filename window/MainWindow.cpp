@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "window/MenuGroups.h"
-
 namespace window {
 namespace {
 
@@ -21,6 +19,34 @@ BrightTwins TwinsOf(BrowserForm& window) {
             &favourites.imgViewOver};
 }
 
+session::SettingsControls SettingsControlsOf(BrowserForm& window, store::DataSource& datHistory) {
+    return {.mnuRepeat = window.menus.mnuRepeat,
+            .mnuShuffle = window.menus.mnuShuffle,
+            .mnuSearchBroad = window.menus.mnuSearchBroad,
+            .mnuSearchTitle = window.menus.mnuSearchTitle,
+            .mnuSearchArtist = window.menus.mnuSearchArtist,
+            .mnuSearchFilename = window.menus.mnuSearchFilename,
+            .txtRefresh = window.web.refresh.txtRefresh,
+            .cmbType = window.web.address.cmbType,
+            .datHistory = datHistory,
+            .datFav = window.favourites.datFav};
+}
+
+session::OptionBoxes OptionBoxesOf(InfoForm& info) {
+    return {.chkSettings = info.chkSettings,
+            .chkHomePages = info.chkHomePages,
+            .chkMSN = info.chkMSN,
+            .chkCustom = info.chkCustom,
+            .chkSaveMSN = info.chkSaveMSN,
+            .chkMultiLogin = info.chkMultiLogin,
+            .chkAutoLogin = info.chkAutoLogin,
+            .chkHistory = info.chkHistory,
+            .chkGoogle = info.chkGoogle,
+            .chkFile = info.chkFile,
+            .chkSubFolders = info.chkSubFolders,
+            .cmdNewUser = info.cmdNewUser};
+}
+
 }  // namespace
 
 MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, std::function<void()> ended)
@@ -31,8 +57,7 @@ MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, 
       web_links_(desk_),
       web_data_links_(desk_),
       core_links_(desk_),
-      remote_links_(desk_),
-      web_menu_(WebMenuOf(windows.frmBrowser.menus)) {
+      remote_links_(desk_) {
     BuildGround();
     BuildPlayer();
     BuildLibrary();
@@ -62,7 +87,7 @@ void MainWindow::BuildGround() {
     rooms.media_watch.emplace(desk_.ports.media);
     rooms.mci.emplace(*rooms.media_watch, desk_.ports.windows, desk_.ports.files);
     rooms.layout.emplace(window, desk_.state.web, player_links_);
-    rooms.view.emplace(window, window.menus.mnuMusicJustTracks, window.library.lists,
+    rooms.view.emplace(window, window.menus, window.library.lists,
                        [this] { desk_.rooms.layout->Form_Resize(); });
 }
 
@@ -73,7 +98,7 @@ void MainWindow::BuildPlayer() {
     desk_.windows.player_songs.SetDatabaseName(*desk_.rooms.stores, StorePath(store::kMediaStore));
     desk_.rooms.player.emplace(
         player::PlayerWindows{window.player,
-                              PlayerMenuOf(window.menus),
+                              window.menus,
                               desk_.windows.frmVideo,
                               desk_.windows.frmSpeakerTest,
                               {lists.lstTracks, lists.lstMaybe, desk_.state.ListMaybeChanged},
@@ -95,12 +120,11 @@ void MainWindow::BuildLibrary() {
         groups.lists, groups.sources, groups.playlists.lstAddToPlaylist, window.web.hand_off.lstOpenWith,
         desk_.ports.events,
         library::LibraryListOutlets{library_links_, library_links_, library_links_, library_links_});
-    rooms.playlists.emplace(groups.playlists, PlayListMenuOf(window.menus), groups.sources, *rooms.lists,
-                            desk_.ports.dialogs, library_links_);
-    rooms.search.emplace(groups.search, SearchMenuOf(window.menus), groups.sources, *rooms.lists,
-                         library_links_);
+    rooms.playlists.emplace(groups.playlists, window.menus, groups.sources, *rooms.lists, desk_.ports.dialogs,
+                            library_links_);
+    rooms.search.emplace(groups.search, window.menus, groups.sources, *rooms.lists, library_links_);
     rooms.clean_up.emplace(
-        groups.task, window.menus.mnuCleanUp,
+        groups.task, window.menus,
         library::CleanUpSources{groups.sources.datSong, desk_.windows.history.datHistory},
         desk_.state.options.DaysStampAge, *rooms.lists,
         library::CleanUpPorts{desk_.ports.files, desk_.ports.dialogs, desk_.ports.events, desk_.ports.clock});
@@ -117,9 +141,9 @@ void MainWindow::BuildMediaDialog() {
     const Ports& ports = desk_.ports;
     rooms.add_media.emplace(desk_.windows.add_media, library_links_, *rooms.stores, ports.files,
                             ports.dialogs, ports.events, ports.files.ApplicationFolder());
-    rooms.opened.emplace(window.library.opened, window.menus.mnuAddToLibrary,
-                         window.library.search.cmdAddToLibrary, desk_.windows.add_media.frmAddMedia,
-                         *rooms.add_media, window.library.sources, ports.dialogs);
+    rooms.opened.emplace(window.library.opened, window.menus, window.library.search.cmdAddToLibrary,
+                         desk_.windows.add_media.frmAddMedia, *rooms.add_media, window.library.sources,
+                         ports.dialogs);
 }
 
 std::string MainWindow::StorePath(std::string_view file) const {
@@ -129,9 +153,9 @@ std::string MainWindow::StorePath(std::string_view file) const {
 void MainWindow::BuildWebData() {
     BrowserForm& window = desk_.windows.frmBrowser;
     Rooms& rooms = desk_.rooms;
-    rooms.history.emplace(desk_.windows.history, places::HistoryMenu{window.menus.mnuHistory},
-                          window.library.sources.datSong, desk_.state.options.Save_History, web_data_links_,
-                          web_data_links_, web_data_links_, desk_.ports.dialogs);
+    rooms.history.emplace(desk_.windows.history, window.menus, window.library.sources.datSong,
+                          desk_.state.options.Save_History, web_data_links_, web_data_links_, web_data_links_,
+                          desk_.ports.dialogs);
     // Dialog and panel use each other; the dialog reaches the panel through its own link.
     rooms.add_favourite.emplace(
         desk_.windows.add,
@@ -139,7 +163,7 @@ void MainWindow::BuildWebData() {
                                     desk_.state.session.mainclose},
         web_data_links_, web_data_links_, desk_.ports.dialogs, desk_.ports.events);
     rooms.favourites.emplace(
-        window.favourites, FavouritesMenuOf(window.menus),
+        window.favourites, window.menus,
         places::FavouritesNeighbours{web_data_links_, web_data_links_, web_data_links_, *rooms.add_favourite},
         desk_.ports.dialogs);
 }
@@ -147,7 +171,7 @@ void MainWindow::BuildWebData() {
 void MainWindow::BuildWeb() {
     BrowserForm& window = desk_.windows.frmBrowser;
     desk_.rooms.web.emplace(
-        window.web, web_menu_, desk_.state.web,
+        window.web, window.menus, desk_.state.web,
         web::WebPartners{web_links_, web_links_, web_links_, web_links_, web_links_, web_links_, web_links_,
                          web_links_, web_links_, web_links_, desk_.ports.events, desk_.ports.dialogs});
 }
@@ -161,9 +185,8 @@ void MainWindow::BuildSession(std::string_view command) {
     const std::string app_path = ports.files.ApplicationFolder();
     rooms.keys.emplace(core_links_, core_links_);
     rooms.activate.emplace(windows.activate, state.connection, state.session,
-                           session::RevealedWindow{window, window.menus.mnuExit, window.menus.mnuLogout},
-                           windows.login.frmLogin, core_links_, ports.files, ports.dialogs, ports.events,
-                           app_path);
+                           session::RevealedWindow{window, window.menus}, windows.login.frmLogin, core_links_,
+                           ports.files, ports.dialogs, ports.events, app_path);
     rooms.settings.emplace(SettingsControlsOf(window, windows.history.datHistory),
                            OptionBoxesOf(windows.info), state.options, state.session, state.connection,
                            state.web, *rooms.activate, core_links_, core_links_, core_links_, ports.clock,
@@ -176,17 +199,16 @@ void MainWindow::BuildSession(std::string_view command) {
         session::SessionWindows{window, windows.activate.frmActivate, windows.login.frmLogin,
                                 windows.add.frmAdd, windows.about.frmAbout, windows.add_media.frmAddMedia,
                                 windows.info.frmInfo, windows.frmSpeakerTest, windows.frmVideo},
-        session::SessionMenu{window.menus.mnuExit, window.menus.mnuLogout}, state.session, state.login,
-        *rooms.settings, *rooms.keys,
+        window.menus, state.session, state.login, *rooms.settings, *rooms.keys,
         session::SessionNeighbours{core_links_, core_links_, core_links_, core_links_, *rooms.login,
                                    core_links_},
         ports.dialogs, ports.events);
     rooms.start_up.emplace(
         windows.start_up,
-        session::StartUpTargets{window, windows.activate.frmActivate, windows.login.frmLogin,
-                                window.menus.mnuExit, window.menus.mnuLogout, window.player.video.picVideo,
-                                window.library.sources.datSong, window.library.sources.datPlayList,
-                                window.favourites.datFav, windows.history.datHistory},
+        session::StartUpTargets{window, windows.activate.frmActivate, windows.login.frmLogin, window.menus,
+                                window.player.video.picVideo, window.library.sources.datSong,
+                                window.library.sources.datPlayList, window.favourites.datFav,
+                                windows.history.datHistory},
         state.session, state.login, state.web, *rooms.settings,
         session::StartUpNeighbours{core_links_, core_links_, core_links_, core_links_, core_links_,
                                    core_links_, core_links_, core_links_, core_links_, *rooms.activate,

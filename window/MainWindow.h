@@ -62,7 +62,6 @@ private:
     WebDataLinks web_data_links_;
     CoreLinks core_links_;
     RemoteLinks remote_links_;
-    web::WebMenu web_menu_;
     controls::EventClaims claims_;
 };
 

@@ -7,20 +7,21 @@
 #include "controls/Event.h"
 #include "controls/Surfaces.h"
 #include "library/LibraryControls.h"
+#include "window/WindowMenu.h"
 
 namespace window {
 
 class ViewRoom final {
 public:
     /// `form_resize` lays the window out.
-    ViewRoom(controls::Form& window, controls::Menu& mnuMusicJustTracks, library::LibraryListControls& lists,
+    ViewRoom(controls::Form& window, ViewMenu& menu, library::LibraryListControls& lists,
              std::function<void()> form_resize);
 
 private:
     void Form_Resize() { form_resize_(); }
     void mnuMusicJustTracks_Click();
 
-    controls::Menu& mnuMusicJustTracks_;
+    ViewMenu& menu_;
     library::LibraryListControls& lists_;
     std::function<void()> form_resize_;
     controls::EventClaims claims_;

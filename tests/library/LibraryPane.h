@@ -89,23 +89,13 @@ struct LibraryPane {
     library::PlayListControls PlayLists;
     library::SearchControls Search;
     controls::ListBox lstOpenWith{"lstOpenWith"};
-    controls::Menu mnuNewPlayList{"mnuNewPlayList"};
-    controls::Menu mnuRemoveSong{"mnuRemoveSong"};
-    controls::Menu mnuSearchBroad{"mnuSearchBroad"};
-    controls::Menu mnuSearchTitle{"mnuSearchTitle"};
-    controls::Menu mnuSearchArtist{"mnuSearchArtist"};
-    controls::Menu mnuSearchFilename{"mnuSearchFilename"};
+    library::LibraryMenu menu;
 
     library::LibraryListsRoom ListsRoom{
         Lists,       Sources, PlayLists.lstAddToPlaylist,
         lstOpenWith, Desktop, {Neighbours, Neighbours, Neighbours, Neighbours}};
-    library::PlayListRoom PlayListsRoom{
-        PlayLists, {mnuNewPlayList, mnuRemoveSong}, Sources, ListsRoom, Dialogs, Neighbours};
-    library::SearchRoom SearchingRoom{Search,
-                                      {mnuSearchBroad, mnuSearchTitle, mnuSearchArtist, mnuSearchFilename},
-                                      Sources,
-                                      ListsRoom,
-                                      Neighbours};
+    library::PlayListRoom PlayListsRoom{PlayLists, menu, Sources, ListsRoom, Dialogs, Neighbours};
+    library::SearchRoom SearchingRoom{Search, menu, Sources, ListsRoom, Neighbours};
 };
 
 }  // namespace testing_library

@@ -45,19 +45,19 @@ protected:
         return keys;
     }
     std::vector<std::string> DateRow() { return Stores.Rows("tblHistory")[4]; }
-    void Run() { mnuCleanUp.Click.Raise(); }
+    void Run() { menu.mnuCleanUp.Click.Raise(); }
     Rows Counters() { return {task.lblFoundNo.Caption(), task.lblDuplicatesNoRemoved.Caption()}; }
 
     fakes::FakeFiles files;
     store::DataSource datHistory{"datHistory"};
     library::TaskControls task;
-    controls::Menu mnuCleanUp{"mnuCleanUp"};
+    library::CleanUpMenu menu;
     std::int32_t age = 0;
     Rows phases;  // what the status told, in order
     std::function<void()> on_phase;
     controls::EventClaims claims;
-    library::CleanUpRoom room{task, mnuCleanUp, {Sources.datSong, datHistory},
-                              age,  ListsRoom,  {files, Dialogs, Desktop, Desktop}};
+    library::CleanUpRoom room{task, menu,      {Sources.datSong, datHistory},
+                              age,  ListsRoom, {files, Dialogs, Desktop, Desktop}};
 };
 
 TEST_F(CleanUpRoomTest, ItAsksFirstAndTellsTheAgeOfTheLastRun) {

@@ -31,11 +31,10 @@ protected:
     RecordingSongStore Songs;
     library::MediaSources Sources;
     library::OpenedMediaControls Controls;
-    controls::Menu mnuAddToLibrary{"mnuAddToLibrary"};
+    library::OpenedMediaMenu Menu;
     controls::CommandButton cmdAddToLibrary{"cmdAddToLibrary"};
     controls::Form frmAddMedia{"frmAddMedia", "Add Media"};
-    library::OpenedMediaRoom Room{Controls, mnuAddToLibrary, cmdAddToLibrary, frmAddMedia,
-                                  Songs,    Sources,         Dialogs};
+    library::OpenedMediaRoom Room{Controls, Menu, cmdAddToLibrary, frmAddMedia, Songs, Sources, Dialogs};
 };
 
 TEST_F(OpenedMediaRoomTest, AnOpenedFileIsAddedUnderTheNamesOfItsFileName) {
@@ -116,7 +115,7 @@ TEST_F(OpenedMediaRoomTest, ALibraryWithASongAsksNothing) {
 }
 
 TEST_F(OpenedMediaRoomTest, TheMenuEntryOpensTheDialog) {
-    mnuAddToLibrary.Click.Raise();
+    Menu.mnuAddToLibrary.Click.Raise();
 
     EXPECT_TRUE(frmAddMedia.IsLoaded());
     EXPECT_TRUE(frmAddMedia.Visible());

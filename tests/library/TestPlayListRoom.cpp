@@ -336,7 +336,7 @@ TEST_F(PlayListRoomTest, TheMenuRemovesAsTheButtonDoes) {
     Lists.lstTracks.SetListIndex(0);
     Dialogs.Answers = {BoxAnswer::Yes};
 
-    mnuRemoveSong.Click.Raise();
+    menu.mnuRemoveSong.Click.Raise();
 
     EXPECT_EQ(Stores.Rows("tblPlayList").size(), 4U);
 }
@@ -415,7 +415,7 @@ TEST_F(PlayListRoomTest, DeletingTheLastSongLetsTheNextReuseItsKey) {
 TEST_F(PlayListRoomTest, ANewPlayListIsAHeadRowAndIsListed) {
     Dialogs.Typed = {" Evening "};
 
-    mnuNewPlayList.Click.Raise();
+    menu.mnuNewPlayList.Click.Raise();
 
     ASSERT_EQ(Dialogs.Inputs.size(), 1U);
     EXPECT_EQ(Dialogs.Inputs[0].prompt, "What would you like to call the new play list?");
@@ -428,7 +428,7 @@ TEST_F(PlayListRoomTest, ANewPlayListIsAHeadRowAndIsListed) {
 TEST_F(PlayListRoomTest, AnEmptyNameMakesNoPlayList) {
     Dialogs.Typed = {"  "};
 
-    mnuNewPlayList.Click.Raise();
+    menu.mnuNewPlayList.Click.Raise();
 
     EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
     EXPECT_TRUE(Neighbours.Calls.empty());
@@ -437,7 +437,7 @@ TEST_F(PlayListRoomTest, AnEmptyNameMakesNoPlayList) {
 TEST_F(PlayListRoomTest, ATakenNameAsksForAnother) {
     Dialogs.Typed = {"Road", "Sunday", "Evening"};
 
-    mnuNewPlayList.Click.Raise();
+    menu.mnuNewPlayList.Click.Raise();
 
     ASSERT_EQ(Dialogs.Inputs.size(), 3U);
     EXPECT_EQ(Dialogs.Inputs[1].prompt, "You already have a playlist with that name, please state another.");
@@ -449,7 +449,7 @@ TEST_F(PlayListRoomTest, ATakenNameAsksForAnother) {
 TEST_F(PlayListRoomTest, ABuiltInViewsNameIsTaken) {
     Dialogs.Typed = {"[Top 20]", ""};
 
-    mnuNewPlayList.Click.Raise();
+    menu.mnuNewPlayList.Click.Raise();
 
     EXPECT_EQ(Dialogs.Inputs.size(), 2U);
     EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
@@ -460,7 +460,7 @@ TEST_F(PlayListRoomTest, NoBuiltInViewGivesItsNameAway) {
         Dialogs.Inputs.clear();
         Dialogs.Typed = {name, ""};
 
-        mnuNewPlayList.Click.Raise();
+        menu.mnuNewPlayList.Click.Raise();
 
         EXPECT_EQ(Dialogs.Inputs.size(), 2U) << name;
     }
@@ -470,7 +470,7 @@ TEST_F(PlayListRoomTest, NoBuiltInViewGivesItsNameAway) {
 TEST_F(PlayListRoomTest, ANameIsTakenWhateverBlanksStandAroundIt) {
     Dialogs.Typed = {"  Road ", ""};
 
-    mnuNewPlayList.Click.Raise();
+    menu.mnuNewPlayList.Click.Raise();
 
     EXPECT_EQ(Dialogs.Inputs.size(), 2U);
 }
@@ -478,7 +478,7 @@ TEST_F(PlayListRoomTest, ANameIsTakenWhateverBlanksStandAroundIt) {
 TEST_F(PlayListRoomTest, ANameThatDiffersInCaseIsFree) {
     Dialogs.Typed = {"road"};
 
-    mnuNewPlayList.Click.Raise();
+    menu.mnuNewPlayList.Click.Raise();
 
     EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "road"));
 }
@@ -486,7 +486,7 @@ TEST_F(PlayListRoomTest, ANameThatDiffersInCaseIsFree) {
 TEST_F(PlayListRoomTest, ANameOfTenThousandCharactersIsAPlayListLikeAnyOther) {
     const std::string name = std::string(9'998, 'x') + "\"'";
     Dialogs.Typed = {name};
-    mnuNewPlayList.Click.Raise();
+    menu.mnuNewPlayList.Click.Raise();
     ASSERT_TRUE(Lists.lstPlayLists.SelectText(name));
     PlayListsRoom.addsong("1", name);
     ListsRoom.OpenPlayList(name);
@@ -504,7 +504,7 @@ TEST_F(PlayListRoomTest, ANewPlayListThatCannotBeStoredStaysInViewAndIsToldOnce)
     Stores.Database.FailApply(fakes::SeededStores::kMediaPath, ports::DatabaseError::DiskFull);
     Dialogs.Typed = {"Evening"};
 
-    mnuNewPlayList.Click.Raise();
+    menu.mnuNewPlayList.Click.Raise();
     Desktop.EndHandler();
 
     EXPECT_EQ(Stores.Trouble.Troubles.size(), 1U);

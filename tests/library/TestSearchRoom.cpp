@@ -147,10 +147,10 @@ TEST_F(SearchRoomTest, AKeyDuringTheSecondPauseRestartsTheCount) {
 
 TEST_F(SearchRoomTest, EachMenuEntryChecksItselfAlone) {
     const std::vector<std::pair<controls::Menu*, std::string_view>> entries = {
-        {&mnuSearchArtist, "Artist"},
-        {&mnuSearchTitle, "Title"},
-        {&mnuSearchFilename, "Filename"},
-        {&mnuSearchBroad, "Broad"}};
+        {&menu.mnuSearchArtist, "Artist"},
+        {&menu.mnuSearchTitle, "Title"},
+        {&menu.mnuSearchFilename, "Filename"},
+        {&menu.mnuSearchBroad, "Broad"}};
     for (const auto& [chosen, field] : entries) {
         chosen->Click.Raise();
 
@@ -162,7 +162,7 @@ TEST_F(SearchRoomTest, EachMenuEntryChecksItselfAlone) {
 }
 
 TEST_F(SearchRoomTest, TheCheckedFieldIsSearched) {
-    mnuSearchFilename.Click.Raise();
+    menu.mnuSearchFilename.Click.Raise();
     Search.txtSearch.SetText("roll");
 
     Desktop.Advance(200);

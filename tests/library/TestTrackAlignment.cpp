@@ -106,7 +106,7 @@ protected:
     void CleanUp() {
         Dialogs.Answers = {ports::BoxAnswer::Yes};
         if (Below(2) == 0) InterruptWithAStep();
-        mnuCleanUp_.Click.Raise();
+        menu_.mnuCleanUp.Click.Raise();
         Dialogs.Answers.clear();
     }
 
@@ -169,10 +169,10 @@ protected:
     fakes::FakeFiles files_;
     store::DataSource datHistory_{"datHistory"};
     library::TaskControls task_;
-    controls::Menu mnuCleanUp_{"mnuCleanUp"};
+    library::CleanUpMenu menu_;
     std::int32_t age_ = 0;
-    library::CleanUpRoom cleaning_room_{task_, mnuCleanUp_, {Sources.datSong, datHistory_},
-                                        age_,  ListsRoom,   {files_, Dialogs, Desktop, Desktop}};
+    library::CleanUpRoom cleaning_room_{task_, menu_,     {Sources.datSong, datHistory_},
+                                        age_,  ListsRoom, {files_, Dialogs, Desktop, Desktop}};
     bool interrupted_ = false;
     std::map<std::string, std::string, std::less<>> texts_;  // the row that each entry stands for
 

@@ -100,16 +100,6 @@ public:
     Texts Log;
 };
 
-/// The entries of the menu that the favourites answer to.
-struct FavouritesEntries {
-    controls::Menu mnuFav{"mnuFav"};
-    controls::Menu mnuAddToFavourites{"mnuAddToFavourites"};
-    controls::Menu mnuEditFavs{"mnuEditFavs"};
-    controls::Menu mnuRemoveFav{"mnuRemoveFav"};
-    controls::Menu mnuRemoveFavGroup{"mnuRemoveFavGroup"};
-    controls::Menu mnuViewFavs{"mnuViewFavs"};
-};
-
 /// The dialog as the panel is given it, before the dialog's room is there.
 class LateDialog final : public places::FavouritesDialog {
 public:
@@ -158,17 +148,13 @@ protected:
     controls::Form frmBrowser{"frmBrowser", "Brindlepost"};
     places::FavouritesControls panel;
     places::AddFavouriteForm form;
-    FavouritesEntries menu;
+    places::FavouritesMenu menu;
     RecordingAddressRow address;
     FakeFrontPage page;
     RecordingWindow window;
     LateDialog late_dialog;
     bool mainclose = false;
-    places::FavouritesRoom room{panel,
-                                {menu.mnuFav, menu.mnuAddToFavourites, menu.mnuEditFavs, menu.mnuRemoveFav,
-                                 menu.mnuRemoveFavGroup, menu.mnuViewFavs},
-                                {address, page, window, late_dialog},
-                                boxes};
+    places::FavouritesRoom room{panel, menu, {address, page, window, late_dialog}, boxes};
     places::AddFavouriteRoom dialog{
         form, {frmBrowser, panel.datFav, panel.lblEntryCount, mainclose}, room, window, boxes, desktop};
 };

@@ -27,13 +27,13 @@ protected:
     fakes::FakeDialogs boxes;
     fakes::SeededStores stores{desktop};
     places::HistoryControls controls;
-    controls::Menu mnuHistory{"mnuHistory"};
+    places::HistoryMenu menu;
     store::DataSource songs{"datSong"};
     bool Save_History = true;
     places_test::RecordingAddressRow address;
     places_test::FakeFrontPage page;
     places_test::RecordingPlayedSongs played;
-    places::HistoryRoom room{controls, {mnuHistory}, songs, Save_History, address, page, played, boxes};
+    places::HistoryRoom room{controls, menu, songs, Save_History, address, page, played, boxes};
 };
 
 TEST_F(HistoryRoom, AVisitedAddressBecomesTheLastRow) {
@@ -176,7 +176,7 @@ TEST_F(HistoryRoom, RowsBehindTheHighestNumberAreDeletedToo) {
     room.AddSiteToHistory("Web", "http://one.example/");
     boxes.Answers = {ports::BoxAnswer::Yes};
 
-    mnuHistory.Click.Raise();
+    menu.mnuHistory.Click.Raise();
 
     EXPECT_EQ(stores.Rows("tblHistory").size(), 10U);
     room.AddSiteToHistory("Web", "http://one.example/");
@@ -381,7 +381,7 @@ TEST_F(HistoryRoom, DeletingAsksFirst) {
     room.AddSiteToHistory("Web", "http://one.example/");
     boxes.Answers = {ports::BoxAnswer::No};
 
-    mnuHistory.Click.Raise();
+    menu.mnuHistory.Click.Raise();
 
     ASSERT_EQ(boxes.Boxes.size(), 1U);
     EXPECT_EQ(boxes.Boxes[0].text, "Are you sure you want to delete all of your history?");
@@ -399,7 +399,7 @@ TEST_F(HistoryRoom, DeletingKeepsTheFirstTenRows) {
     address.List = {"http://one.example/"};
     boxes.Answers = {ports::BoxAnswer::Yes};
 
-    mnuHistory.Click.Raise();
+    menu.mnuHistory.Click.Raise();
 
     const std::vector<Row> rows = stores.Rows("tblHistory");
     ASSERT_EQ(rows.size(), 10U);
@@ -414,7 +414,7 @@ TEST_F(HistoryRoom, DeletingKeepsTheFirstTenRows) {
 
 TEST_F(HistoryRoom, AfterADeletionNumbersGoOnFromEleven) {
     boxes.Answers = {ports::BoxAnswer::Yes};
-    mnuHistory.Click.Raise();
+    menu.mnuHistory.Click.Raise();
 
     room.AddSiteToHistory("Web", "http://one.example/");
 

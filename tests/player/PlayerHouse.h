@@ -107,36 +107,6 @@ struct NoWindows final : ports::WindowServices {
     bool GetWindowRect(std::int64_t, ports::WindowRect&) const override { return false; }
 };
 
-/// The menu entries that the player answers to.
-struct PlayerMenuEntries {
-    controls::Menu mnuPlay{"mnuPlay"}, mnuPause{"mnuPause"}, mnuStop{"mnuStop"};
-    controls::Menu mnuRepeat{"mnuRepeat"}, mnuShuffle{"mnuShuffle"};
-    controls::Menu mnuCueSong{"mnuCueSong"}, mnuRemoveCueList{"mnuRemoveCueList"};
-    controls::Menu mnuCrossfade{"mnuCrossfade"}, mnuQuickFade{"mnuQuickFade"}, mnuMediumFade{"mnuMediumFade"};
-    controls::Menu mnuLongFade{"mnuLongFade"}, mnuFadeOff{"mnuFadeOff"};
-    controls::Menu mnuIncreaseVolume{"mnuIncreaseVolume"}, mnuDecreaseVolume{"mnuDecreaseVolume"};
-    controls::Menu mnuMusicMute{"mnuMusicMute"};
-    controls::Menu mnuIncreaseSpeed{"mnuIncreaseSpeed"}, mnuDecreaseSpeed{"mnuDecreaseSpeed"};
-    controls::Menu mnuNormalSpeed{"mnuNormalSpeed"};
-    controls::Menu mnuPanInstant{"mnuPanInstant"}, mnuPanQuick{"mnuPanQuick"}, mnuPanMedium{"mnuPanMedium"};
-    controls::Menu mnuPanLong{"mnuPanLong"}, mnuPanOff{"mnuPanOff"};
-    controls::Menu mnuStrobe{"mnuStrobe"}, mnuParty{"mnuParty"}, mnuMood{"mnuMood"}, mnuAnim{"mnuAnim"};
-    controls::Menu mnuNone{"mnuNone"}, mnuFullScreen{"mnuFullScreen"}, mnuSoundTest{"mnuSoundTest"};
-
-    player::PlayerMenu References() {
-        return {{mnuPlay, mnuPause, mnuStop},
-                {mnuRepeat, mnuShuffle},
-                {mnuCueSong, mnuRemoveCueList},
-                {mnuCrossfade, mnuQuickFade, mnuMediumFade, mnuLongFade, mnuFadeOff},
-                {mnuIncreaseVolume, mnuDecreaseVolume, mnuMusicMute},
-                {mnuIncreaseSpeed, mnuDecreaseSpeed, mnuNormalSpeed},
-                {mnuPanInstant, mnuPanQuick, mnuPanMedium, mnuPanLong, mnuPanOff},
-                {mnuStrobe, mnuParty, mnuMood, mnuAnim, mnuNone},
-                mnuFullScreen,
-                mnuSoundTest};
-    }
-};
-
 /// The player on a desk of its own, over the media, the files and the kinds of files that a test gives it;
 /// which outlive it.
 struct PlayerParts {
@@ -144,7 +114,7 @@ struct PlayerParts {
                 player::SongPaths& songs)
         : mci(media, no_windows, files),
           player({controls,
-                  menu.References(),
+                  menu,
                   frmVideo,
                   frmSpeakerTest,
                   {lstTracks, lstMaybe, ListMaybeChanged},
@@ -175,7 +145,7 @@ struct PlayerParts {
     store::DataSource datSong{"datSong"};
     controls::Form frmBrowser{"frmBrowser", "Brindlepost"};
     player::PlayerControls controls;
-    PlayerMenuEntries menu;
+    player::PlayerMenu menu;
     player::VideoForm frmVideo;
     player::SpeakerTestForm frmSpeakerTest;
     controls::ListBox lstTracks{"lstTracks"};

@@ -69,13 +69,13 @@ TEST(FadeRoom, RaisesTheIncomingSongToMusicVolumeOnly) {
 }
 
 struct RampCase {
-    controls::Menu player_tests::PlayerMenuEntries::*entry;
+    controls::Menu player::PlayerMenu::*entry;
     int tick_ms;
     int ramp_ms;  ///< of the fifty ticks
 };
 
 TEST(FadeRoom, EachLengthRampsInFiftyTicksOfItsOwn) {
-    using Menu = player_tests::PlayerMenuEntries;
+    using Menu = player::PlayerMenu;
     for (const RampCase& one :
          {RampCase{&Menu::mnuQuickFade, 60, 3000}, RampCase{&Menu::mnuMediumFade, 220, 11000},
           RampCase{&Menu::mnuLongFade, 500, 25000}, RampCase{&Menu::mnuFadeOff, 1, 50}}) {
@@ -197,14 +197,14 @@ TEST(FadeRoom, NeverEndsWhileTheIncomingAliasIsClosed) {
 }
 
 struct Choice {
-    controls::Menu player_tests::PlayerMenuEntries::*entry;
+    controls::Menu player::PlayerMenu::*entry;
     int interval;
     int seconds;
     double left;
 };
 
 TEST(FadeRoom, EachLengthSetsIntervalSecondsAndMarker) {
-    using Menu = player_tests::PlayerMenuEntries;
+    using Menu = player::PlayerMenu;
     PlayerHouse house;
     house.controls.transport.picSongProgress.SetScaleWidth(100);
     house.controls.levels.lblStartFade.SetWidth(2);

@@ -33,14 +33,14 @@ TEST(PanningRoom, AChoiceRestartsTheSweepAtTheRight) {
 }
 
 struct Choice {
-    controls::Menu player_tests::PlayerMenuEntries::*entry;
+    controls::Menu player::PlayerMenu::*entry;
     int interval;
     bool runs;
     Texts sent;
 };
 
 TEST(PanningRoom, EachOfTheFiveChoicesHasItsIntervalAndItsCommands) {
-    using Menu = player_tests::PlayerMenuEntries;
+    using Menu = player::PlayerMenu;
     const Texts begins = {"setaudio a Volume to 500", "setaudio a left Volume to 0",
                           "setaudio a right Volume to 1000"};
     const std::vector<Choice> choices = {{&Menu::mnuPanInstant, 50, true, begins},
@@ -66,7 +66,7 @@ TEST(PanningRoom, EachOfTheFiveChoicesHasItsIntervalAndItsCommands) {
 }
 
 TEST(PanningRoom, ASweepTakesNinetyNineTicksOfItsInterval) {
-    using Menu = player_tests::PlayerMenuEntries;
+    using Menu = player::PlayerMenu;
     for (const auto& [entry, sweep_ms] :
          {std::pair{&Menu::mnuPanQuick, 990}, std::pair{&Menu::mnuPanMedium, 4950},
           std::pair{&Menu::mnuPanLong, 9900}}) {

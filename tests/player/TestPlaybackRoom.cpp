@@ -324,13 +324,13 @@ TEST(PlaybackRoom, RerunsTheCheckedFadeForASongShorterThanTheFade) {
 }
 
 struct ShortSongCase {
-    std::vector<controls::Menu player_tests::PlayerMenuEntries::*> checked;
+    std::vector<controls::Menu player::PlayerMenu::*> checked;
     int seconds;
     int interval;
 };
 
 TEST(PlaybackRoom, AShortSongRunsTheFirstCheckedFadeOnly) {
-    using Menu = player_tests::PlayerMenuEntries;
+    using Menu = player::PlayerMenu;
     const std::vector<ShortSongCase> cases = {
         {{&Menu::mnuQuickFade}, 5, 60},
         {{&Menu::mnuMediumFade}, 10, 220},

@@ -10,24 +10,22 @@
 
 namespace {
 
+using player::PlayerMenu;
 using player_tests::PlayerHouse;
-using player_tests::PlayerMenuEntries;
 using Texts = std::vector<std::string>;
-using Entry = controls::Menu PlayerMenuEntries::*;
+using Entry = controls::Menu PlayerMenu::*;
 
-constexpr std::array<Entry, 4> kFades = {&PlayerMenuEntries::mnuQuickFade, &PlayerMenuEntries::mnuMediumFade,
-                                         &PlayerMenuEntries::mnuLongFade, &PlayerMenuEntries::mnuFadeOff};
-constexpr std::array<Entry, 5> kPannings = {&PlayerMenuEntries::mnuPanInstant,
-                                            &PlayerMenuEntries::mnuPanQuick, &PlayerMenuEntries::mnuPanMedium,
-                                            &PlayerMenuEntries::mnuPanLong, &PlayerMenuEntries::mnuPanOff};
+constexpr std::array<Entry, 4> kFades = {&PlayerMenu::mnuQuickFade, &PlayerMenu::mnuMediumFade,
+                                         &PlayerMenu::mnuLongFade, &PlayerMenu::mnuFadeOff};
+constexpr std::array<Entry, 5> kPannings = {&PlayerMenu::mnuPanInstant, &PlayerMenu::mnuPanQuick,
+                                            &PlayerMenu::mnuPanMedium, &PlayerMenu::mnuPanLong,
+                                            &PlayerMenu::mnuPanOff};
 constexpr std::array<Entry, 13> kOthers = {
-    &PlayerMenuEntries::mnuPlay,           &PlayerMenuEntries::mnuPause,
-    &PlayerMenuEntries::mnuStop,           &PlayerMenuEntries::mnuRepeat,
-    &PlayerMenuEntries::mnuShuffle,        &PlayerMenuEntries::mnuCueSong,
-    &PlayerMenuEntries::mnuRemoveCueList,  &PlayerMenuEntries::mnuIncreaseVolume,
-    &PlayerMenuEntries::mnuDecreaseVolume, &PlayerMenuEntries::mnuMusicMute,
-    &PlayerMenuEntries::mnuIncreaseSpeed,  &PlayerMenuEntries::mnuDecreaseSpeed,
-    &PlayerMenuEntries::mnuNormalSpeed};
+    &PlayerMenu::mnuPlay,          &PlayerMenu::mnuPause,          &PlayerMenu::mnuStop,
+    &PlayerMenu::mnuRepeat,        &PlayerMenu::mnuShuffle,        &PlayerMenu::mnuCueSong,
+    &PlayerMenu::mnuRemoveCueList, &PlayerMenu::mnuIncreaseVolume, &PlayerMenu::mnuDecreaseVolume,
+    &PlayerMenu::mnuMusicMute,     &PlayerMenu::mnuIncreaseSpeed,  &PlayerMenu::mnuDecreaseSpeed,
+    &PlayerMenu::mnuNormalSpeed};
 
 /// Every shape that a command of the player can have.
 const std::regex& CommandShapes() {
@@ -44,7 +42,7 @@ const std::regex& CommandShapes() {
 }
 
 template <std::size_t kCount>
-int Checked(const PlayerMenuEntries& menu, const std::array<Entry, kCount>& entries) {
+int Checked(const PlayerMenu& menu, const std::array<Entry, kCount>& entries) {
     return static_cast<int>(std::count_if(entries.begin(), entries.end(),
                                           [&menu](Entry entry) { return (menu.*entry).Checked(); }));
 }
@@ -96,7 +94,7 @@ protected:
                 house.controls.queue.imgCueSongOver.Click.Raise();
                 break;
             case 1:
-                Choose(&PlayerMenuEntries::mnuCueSong);
+                Choose(&PlayerMenu::mnuCueSong);
                 break;
             default:
                 house.Cue("dropped", "\"" + AnyOf(paths_) + "\"");
@@ -142,7 +140,7 @@ protected:
         }
     }
     void TestTheSpeakers() {
-        Choose(&PlayerMenuEntries::mnuSoundTest);
+        Choose(&PlayerMenu::mnuSoundTest);
         house.frmSpeakerTest.cmdRight.Click.Raise();
         if (Below(2) == 0) house.RunFor(500);
         house.frmSpeakerTest.UnloadWindow();
@@ -250,7 +248,7 @@ TEST_P(HandsWithoutAPlan, LeaveThePlayerSound) {
     }
 
     // Whatever state it was left in, the next good song plays and ends by itself.
-    Choose(&PlayerMenuEntries::mnuStop);
+    Choose(&PlayerMenu::mnuStop);
     house.lstTracks.Clear();
     house.lstMaybe.Clear();
     const auto last = house.AddSong("last.mp3", 60'000);

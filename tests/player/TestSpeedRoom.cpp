@@ -67,13 +67,13 @@ TEST(SpeedRoom, TheSpeedBeyondTheEndIsTheOneThatIsKept) {
 
 TEST(SpeedRoom, EachMenuEntrySendsTheMarkerAndItsCentre) {
     struct Case {
-        controls::Menu player_tests::PlayerMenuEntries::*entry;
+        controls::Menu player::PlayerMenu::*entry;
         double from;
         const char* sent;
         double left;
         int kept;
     };
-    using Menu = player_tests::PlayerMenuEntries;
+    using Menu = player::PlayerMenu;
     for (const Case& one : {Case{&Menu::mnuIncreaseSpeed, 100, "set a speed 1230", 120, 120},
                             Case{&Menu::mnuIncreaseSpeed, 170, "set a speed 1930", 190, 190},
                             Case{&Menu::mnuIncreaseSpeed, 171, "set a speed 1940", 190, 191},

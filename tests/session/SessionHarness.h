@@ -154,7 +154,7 @@ public:
 };
 
 /// The windows of the other subsystems, the menu entries and the controls that core reaches.
-struct Windows {
+struct Windows : session::SessionMenu {
     controls::Form frmBrowser{"frmBrowser", "Brindlepost"};
     controls::Form frmAdd{"frmAdd", ""};
     controls::Form frmAbout{"frmAbout", ""};
@@ -162,8 +162,6 @@ struct Windows {
     controls::Form frmInfo{"frmInfo", ""};
     controls::Form frmSpeakerTest{"frmSpeakerTest", ""};
     controls::Form frmVideo{"frmVideo", ""};
-    controls::Menu mnuExit{"mnuExit"};
-    controls::Menu mnuLogout{"mnuLogout"};
     controls::Menu mnuRepeat{"mnuRepeat"};
     controls::Menu mnuShuffle{"mnuShuffle"};
     controls::Menu mnuSearchBroad{"mnuSearchBroad"};
@@ -284,16 +282,8 @@ protected:
     web::WebState web;
     controls::EventClaims claims;
 
-    session::ActivateRoom splash{activate,
-                                 connection,
-                                 session,
-                                 {w.frmBrowser, w.mnuExit, w.mnuLogout},
-                                 login_form.frmLogin,
-                                 near,
-                                 files,
-                                 boxes,
-                                 desktop,
-                                 kAppPath};
+    session::ActivateRoom splash{activate, connection, session, {w.frmBrowser, w}, login_form.frmLogin,
+                                 near,     files,      boxes,   desktop,           kAppPath};
     session::LoginRoom login_room{login_form,    login, session, w.frmBrowser, splash,  near,
                                   stores.Stores, files, boxes,   desktop,      kAppPath};
     session::NewUserRoom wizard{login_form, login_room, session, w.frmBrowser, w.frmInfo, boxes};
@@ -316,7 +306,7 @@ protected:
     session::MediaKeys keys{near, near};
     session::SessionRoom session_room{{w.frmBrowser, activate.frmActivate, login_form.frmLogin, w.frmAdd,
                                        w.frmAbout, w.frmAddMedia, w.frmInfo, w.frmSpeakerTest, w.frmVideo},
-                                      {w.mnuExit, w.mnuLogout},
+                                      w,
                                       session,
                                       login,
                                       settings,
@@ -325,8 +315,8 @@ protected:
                                       boxes,
                                       desktop};
     session::StartUpRoom start{start_controls,
-                               {w.frmBrowser, activate.frmActivate, login_form.frmLogin, w.mnuExit,
-                                w.mnuLogout, w.picVideo, w.datSong, w.datPlayList, w.datFav, w.datHistory},
+                               {w.frmBrowser, activate.frmActivate, login_form.frmLogin, w, w.picVideo,
+                                w.datSong, w.datPlayList, w.datFav, w.datHistory},
                                session,
                                login,
                                web,

@@ -126,25 +126,14 @@ struct RecordingNeighbours final : web::BrowserWindow,
     web::WebState* WantsReload = nullptr;
 };
 
-struct Menus {
+struct Menus : web::WebMenu {
     Menus() {
         mnuTab.AddEntry(mnuNewTabTab);
         mnuTab.AddEntry(mnuSep10);
         mnuTab.AddEntry(mnuSep11);
         mnuTab.AddEntry(mnuMusicTabTab);
     }
-    controls::Menu mnuTab{"mnuTab", "Tab"}, mnuNewTabTab{"mnuNewTabTab"}, mnuSep10{"mnuSep10", "-"},
-        mnuSep11{"mnuSep11", "-"}, mnuMusicTabTab{"mnuMusicTabTab"}, mnuViewMusicTab{"mnuViewMusicTab"},
-        mnuCloseCurrentTab{"mnuCloseCurrentTab"}, mnuCloseAllTabs{"mnuCloseAllTabs"}, mnuWebTab{"mnuWebTab"},
-        mnuWebsite{"mnuWebsite"}, mnuWebSearch{"mnuWebSearch"}, mnuLyricSearch{"mnuLyricSearch"},
-        mnuOnlineHelp{"mnuOnlineHelp"}, mnuCheckUpdates{"mnuCheckUpdates"},
-        mnuSetAutoRefresh{"mnuSetAutoRefresh"}, mnuRefreshAll{"mnuRefreshAll"}, mnuGoForward{"mnuGoForward"},
-        mnuGoBack{"mnuGoBack"};
-    web::WebMenu refs{mnuTab,          mnuSep11,           mnuNewTabTab,    mnuMusicTabTab,
-                      mnuViewMusicTab, mnuCloseCurrentTab, mnuCloseAllTabs, mnuWebTab,
-                      mnuWebsite,      mnuWebSearch,       mnuLyricSearch,  mnuOnlineHelp,
-                      mnuCheckUpdates, mnuSetAutoRefresh,  mnuRefreshAll,   mnuGoForward,
-                      mnuGoBack};
+    controls::Menu mnuSep10{"mnuSep10", "-"};
 };
 
 class WebTest : public testing::Test, private controls::ControlObserver {
@@ -234,10 +223,8 @@ protected:
     fakes::FakeDialogs dialogs;
     RecordingNeighbours near;
     int Focused = 0;
-    web::WebRooms rooms{groups,
-                        menu.refs,
-                        state,
-                        {near, near, near, near, near, near, near, near, near, near, desktop, dialogs}};
+    web::WebRooms rooms{
+        groups, menu, state, {near, near, near, near, near, near, near, near, near, near, desktop, dialogs}};
 
 private:
     void OnPropertyChanged(controls::Control& control, controls::Property property) override {

@@ -7,11 +7,11 @@ namespace {
 class ViewRoomTest : public testing::Test {
 protected:
     controls::Form window{"frmBrowser", "Brindlepost"};
-    controls::Menu mnuMusicJustTracks{"mnuMusicJustTracks"};
+    window::ViewMenu menu;
     library::LibraryListControls lists;
     int resizes = 0;
     bool artists_at_resize = true;
-    window::ViewRoom room{window, mnuMusicJustTracks, lists, [this] {
+    window::ViewRoom room{window, menu, lists, [this] {
                               ++resizes;
                               artists_at_resize = lists.lstArtists.Visible();
                           }};
@@ -30,26 +30,26 @@ TEST_F(ViewRoomTest, AWindowThatOnlyMovesIsNotLaidOutAgain) {
 }
 
 TEST_F(ViewRoomTest, JustTracksTicksItsEntryAndHidesTheOtherLists) {
-    mnuMusicJustTracks.Click.Raise();
+    menu.mnuMusicJustTracks.Click.Raise();
 
-    EXPECT_TRUE(mnuMusicJustTracks.Checked());
+    EXPECT_TRUE(menu.mnuMusicJustTracks.Checked());
     EXPECT_FALSE(lists.lstArtists.Visible());
     EXPECT_FALSE(lists.lstPlayLists.Visible());
     EXPECT_TRUE(lists.lstTracks.Visible());
 }
 
 TEST_F(ViewRoomTest, JustTracksAgainBringsTheListsBack) {
-    mnuMusicJustTracks.Click.Raise();
+    menu.mnuMusicJustTracks.Click.Raise();
 
-    mnuMusicJustTracks.Click.Raise();
+    menu.mnuMusicJustTracks.Click.Raise();
 
-    EXPECT_FALSE(mnuMusicJustTracks.Checked());
+    EXPECT_FALSE(menu.mnuMusicJustTracks.Checked());
     EXPECT_TRUE(lists.lstArtists.Visible());
     EXPECT_TRUE(lists.lstPlayLists.Visible());
 }
 
 TEST_F(ViewRoomTest, TheWindowIsLaidOutOnceTheListsAreHidden) {
-    mnuMusicJustTracks.Click.Raise();
+    menu.mnuMusicJustTracks.Click.Raise();
 
     EXPECT_EQ(resizes, 1);
     EXPECT_FALSE(artists_at_resize);

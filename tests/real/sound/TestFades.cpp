@@ -182,17 +182,17 @@ TEST_F(Playing, MediumAndLongCrossfadesFollowTheirRampsWithoutGapOrClick) {
 
 struct Sweep {
     const char* name;
-    controls::Menu player_tests::PlayerMenuEntries::*entry;
+    controls::Menu player::PlayerMenu::*entry;
     double interval_ms;
     double seconds;  ///< how much of it is heard
 };
 
 // Each at least once there and back, but for the longest, which is heard for half of its way.
 constexpr Sweep kSweeps[] = {
-    {"instant", &player_tests::PlayerMenuEntries::mnuPanInstant, 50, 1.6},
-    {"quick", &player_tests::PlayerMenuEntries::mnuPanQuick, 10, 2.1},
-    {"medium", &player_tests::PlayerMenuEntries::mnuPanMedium, 50, 5.5},
-    {"long", &player_tests::PlayerMenuEntries::mnuPanLong, 100, 5},
+    {"instant", &player::PlayerMenu::mnuPanInstant, 50, 1.6},
+    {"quick", &player::PlayerMenu::mnuPanQuick, 10, 2.1},
+    {"medium", &player::PlayerMenu::mnuPanMedium, 50, 5.5},
+    {"long", &player::PlayerMenu::mnuPanLong, 100, 5},
 };
 
 class Panning : public Playing {
