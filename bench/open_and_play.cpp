@@ -91,11 +91,8 @@ public:
     }
 
 private:
-    void Send(const std::string& command) { engine_.SendString(command, nullptr, 0, 0); }
-    void Ask(const std::string& command) {
-        std::string reply(128, '\0');
-        engine_.SendString(command, &reply, 128, 0);
-    }
+    void Send(const std::string& command) { engine_.SendString(command); }
+    void Ask(const std::string& command) { engine_.SendString(command); }
     void Start() {
         Send("open " + song_ + " type MPEGVideo Alias a parent 0 Style 1073741824");
         Send("play a from 0 to 60000");

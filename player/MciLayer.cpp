@@ -1,18 +1,22 @@
 #include "player/MciLayer.h"
 
+#include <utility>
+
 #include "base/Number.h"
 #include "base/Text.h"
 
 namespace player {
 namespace {
 
-constexpr int kReplyLength = 128;
-constexpr int kErrorLength = 128;
+// An answer and an error's text are read as texts of this many characters.
+constexpr std::size_t kReplyLength = 128;
+constexpr std::size_t kErrorLength = 128;
 constexpr std::size_t kShortPathLength = 255;
 // The style bit of a child window.
 constexpr std::int64_t kChildWindowStyle = 0x40000000;
 constexpr int kDeviceUnits = 10;
 constexpr std::int64_t kFailed = -1;
+// What the rest of an answer's 128 characters holds.
 constexpr char kFill = '\0';
 
 std::string Text(std::int64_t number) {
@@ -68,10 +72,12 @@ std::string MciLayer::MciResume(std::string_view alias) {
 }
 
 std::string MciLayer::MciStatusMode(std::string_view alias) {
-    std::string reply;
-    if (!Ask(Join("status ", alias, " mode"), reply)) return std::string(kMciModeError);
-    // What the device left of the buffer tells where its answer ends: the last character is the fill.
-    return reply.substr(0, reply.find(reply.back()));
+    std::optional<std::string> mode = Ask(Join("status ", alias, " mode"));
+    if (!mode) return std::string(kMciModeError);
+    // The last of the 128 characters counts as the fill, and the word ends at the first like it. Only an
+    // answer that leaves no room for the fill is cut by this.
+    mode->resize(kReplyLength, kFill);
+    return mode->substr(0, mode->find(mode->back()));
 }
 
 std::int64_t MciLayer::MciLengthFrames(std::string_view alias) {
@@ -135,9 +141,8 @@ std::string MciLayer::MciSetVolume(std::string_view alias, std::string_view chan
 
 std::int64_t MciLayer::MciGetVolume(std::string_view alias, std::string_view channel) {
     const std::string side = IsOneSide(channel) ? " " + std::string(channel) : std::string();
-    std::string reply;
-    if (!Ask(Join("status ", alias, side + " Volume"), reply)) return kFailed;
-    return base::RoundHalfEven(base::Val(reply) / kDeviceUnits);
+    const std::optional<std::string> level = Ask(Join("status ", alias, side + " Volume"));
+    return level ? base::RoundHalfEven(base::Val(*level) / kDeviceUnits) : kFailed;
 }
 
 std::string MciLayer::MciSetSpeed(std::string_view alias, int speed) {
@@ -145,22 +150,20 @@ std::string MciLayer::MciSetSpeed(std::string_view alias, int speed) {
 }
 
 std::string MciLayer::Command(const std::string& command) {
-    std::string no_reply = "0";
-    const int error = media_.SendString(command, &no_reply, 0, 0);
+    const int error = media_.SendString(command).error;
     if (error == 0) return std::string(kMciSuccess);
-    std::string text;
-    media_.ErrorString(error, text, kErrorLength);
-    return text;
+    return std::string(base::Left(media_.ErrorString(error), kErrorLength));
 }
 
-bool MciLayer::Ask(const std::string& command, std::string& reply) {
-    reply.assign(kReplyLength, kFill);
-    return media_.SendString(command, &reply, kReplyLength, 0) == 0;
+std::optional<std::string> MciLayer::Ask(const std::string& command) {
+    ports::MediaReply reply = media_.SendString(command);
+    if (reply.error != 0) return std::nullopt;
+    return std::move(reply.text);
 }
 
 std::int64_t MciLayer::AskNumber(const std::string& command) {
-    std::string reply;
-    return Ask(command, reply) ? base::RoundHalfEven(base::Val(reply)) : kFailed;
+    const std::optional<std::string> number = Ask(command);
+    return number ? base::RoundHalfEven(base::Val(*number)) : kFailed;
 }
 
 void MciLayer::SetTimeFormat(std::string_view alias, std::string_view format) {

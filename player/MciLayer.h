@@ -8,6 +8,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -45,7 +46,7 @@ public:
     std::int64_t MciLengthMs(std::string_view alias);
     /// Plays from `position` on. The result is the seek's; playing is asked for even when that failed.
     std::string MciSeekAndPlay(std::string_view alias, std::int64_t position);
-    /// In the time format that is set, which is frames.
+    /// In frames, the time format that every call leaves set.
     std::int64_t MciPosition(std::string_view alias);
     /// Puts the picture into a place of the window, in pixels. With a width or a height of 0 both are taken
     /// from the window's own size, and written back.
@@ -65,7 +66,7 @@ public:
 
 private:
     std::string Command(const std::string& command);
-    bool Ask(const std::string& command, std::string& reply);
+    std::optional<std::string> Ask(const std::string& command);
     std::int64_t AskNumber(const std::string& command);
     void SetTimeFormat(std::string_view alias, std::string_view format);
 

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "ports/MediaControl.h"
 
@@ -13,11 +15,11 @@ public:
     /// `media` must outlive the watch.
     explicit MediaWatch(ports::MediaControl& media) : media_(media) {}
 
-    int SendString(std::string_view command, std::string* reply, int return_length,
-                   std::int64_t callback) override;
-    bool ErrorString(int error, std::string& text, int length) const override;
+    ports::MediaReply SendString(std::string_view command) override;
+    std::string ErrorString(int error) const override { return media_.ErrorString(error); }
 
-    /// Commands but questions, the time format that questions set, levels and the place of the picture.
+    /// Commands other than questions, the time format that questions set, levels and the place of the
+    /// picture.
     std::uint64_t Orders() const { return orders_; }
     /// Songs that were opened.
     std::int64_t Openings() const { return openings_; }

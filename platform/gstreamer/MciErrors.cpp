@@ -17,8 +17,6 @@ constexpr std::array kTexts = {
     Entry{kHardware, "There is a problem with your media device. Make sure it is working correctly."},
     Entry{kNotOpen, "The specified device is not open or is not recognized by MCI."},
     Entry{kNoCommand, "No command was specified."},
-    Entry{kReplyTooLong,
-          "The output string was too large to fit in the return buffer. Increase the size of the buffer."},
     Entry{kBadInteger, "The specified integer is invalid for this command."},
     Entry{kMissingParameter, "The specified command requires a parameter. Please supply one."},
     Entry{kFileNotFound, "Cannot find the specified file. Make sure the path and filename are correct."},

@@ -11,7 +11,6 @@ inline constexpr int kUnrecognizedCommand = 261;
 inline constexpr int kHardware = 262;
 inline constexpr int kNotOpen = 263;
 inline constexpr int kNoCommand = 267;
-inline constexpr int kReplyTooLong = 268;
 inline constexpr int kBadInteger = 270;
 inline constexpr int kMissingParameter = 273;
 inline constexpr int kFileNotFound = 275;

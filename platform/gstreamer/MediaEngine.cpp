@@ -19,14 +19,6 @@ bool CanBeForAll(Verb verb) {
     return verb != Verb::Status && verb != Verb::Put;
 }
 
-int Reply(const std::string& answer, std::string* reply, int return_length) {
-    if (reply == nullptr || return_length <= 0) return kNoError;
-    const auto room = std::min(reply->size(), static_cast<std::size_t>(return_length));
-    if (answer.size() >= room) return kReplyTooLong;
-    reply->replace(0, answer.size() + 1, answer + '\0');
-    return kNoError;
-}
-
 }  // namespace
 
 MediaEngine::MediaEngine(Resolver resolve) : resolve_(std::move(resolve)) {}
@@ -45,21 +37,16 @@ void MediaEngine::WarmUp() {
     std::thread(LoadElements).detach();
 }
 
-int MediaEngine::SendString(std::string_view command, std::string* reply, int return_length,
-                            std::int64_t /*callback*/) {
+ports::MediaReply MediaEngine::SendString(std::string_view command) {
     Command parsed;
-    if (const int error = ParseCommand(command, parsed)) return error;
-    std::string answer;
-    const int error = Run(parsed, answer);
-    if (error != kNoError || parsed.verb != Verb::Status) return error;
-    return Reply(answer, reply, return_length);
+    ports::MediaReply reply;
+    reply.error = ParseCommand(command, parsed);
+    if (reply.error == kNoError) reply.error = Run(parsed, reply.text);
+    return reply;
 }
 
-bool MediaEngine::ErrorString(int error, std::string& text, int length) const {
-    const std::string_view found = ErrorText(error);
-    if (found.empty()) return false;
-    text = found.substr(0, static_cast<std::size_t>(std::max(length, 0)));
-    return true;
+std::string MediaEngine::ErrorString(int error) const {
+    return std::string(ErrorText(error));
 }
 
 int MediaEngine::Run(const Command& command, std::string& answer) {

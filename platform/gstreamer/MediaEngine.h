@@ -5,7 +5,6 @@
 // a screen.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -33,9 +32,8 @@ public:
     /// window is up; without it the first open command does the loading.
     void WarmUp();
 
-    int SendString(std::string_view command, std::string* reply, int return_length,
-                   std::int64_t callback) override;
-    bool ErrorString(int error, std::string& text, int length) const override;
+    ports::MediaReply SendString(std::string_view command) override;
+    std::string ErrorString(int error) const override;
 
 private:
     int Run(const Command& command, std::string& answer);

@@ -45,25 +45,19 @@ std::size_t Find(const std::vector<std::string>& words, std::string_view keyword
 
 }  // namespace
 
-int FakeMediaControl::SendString(std::string_view command, std::string* reply, int return_length,
-                                 std::int64_t /*callback*/) {
+ports::MediaReply FakeMediaControl::SendString(std::string_view command) {
     Commands.emplace_back(command);
-    Calls.push_back(std::string(command) + "|" + std::to_string(return_length));
+    ports::MediaReply reply;
     if (!fail_beginning_.empty() && base::StartsWith(command, fail_beginning_)) {
         fail_beginning_.clear();
-        return fail_error_;
+        reply.error = fail_error_;
+        return reply;
     }
-    std::string answer;
-    const int error = Run(WordsOf(command), answer);
-    if (error != 0 || reply == nullptr || return_length <= 0) return error;
-    const auto room = static_cast<std::size_t>(return_length) - 1;
-    answer.resize(std::min(answer.size(), room));
-    answer.push_back('\0');
-    reply->replace(0, std::min(answer.size(), reply->size()), answer);
-    return 0;
+    reply.error = Run(WordsOf(command), reply.text);
+    return reply;
 }
 
-bool FakeMediaControl::ErrorString(int error, std::string& text, int length) const {
+std::string FakeMediaControl::ErrorString(int error) const {
     static const std::map<int, std::string> kTexts = {
         {kUnrecognisedKeyword, "The driver cannot recognize the specified command parameter."},
         {kUnrecognisedCommand, "The driver cannot recognize the specified command."},
@@ -82,9 +76,7 @@ bool FakeMediaControl::ErrorString(int error, std::string& text, int length) con
         {kAliasInUse, "The specified alias is already being used in this application. Use a unique alias."},
     };
     const auto found = kTexts.find(error);
-    if (found == kTexts.end()) return false;
-    text = found->second.substr(0, static_cast<std::size_t>(std::max(length, 0)));
-    return true;
+    return found == kTexts.end() ? std::string() : found->second;
 }
 
 int FakeMediaControl::Run(const Words& words, std::string& answer) {

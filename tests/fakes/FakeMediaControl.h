@@ -20,9 +20,8 @@ struct FakeMedia {
 
 class FakeMediaControl final : public ports::MediaControl {
 public:
-    int SendString(std::string_view command, std::string* reply, int return_length,
-                   std::int64_t callback) override;
-    bool ErrorString(int error, std::string& text, int length) const override;
+    ports::MediaReply SendString(std::string_view command) override;
+    std::string ErrorString(int error) const override;
 
     /// Makes a path playable. Paths that were not added are missing, unless AnyFile stands.
     void AddFile(std::string_view path, FakeMedia media = {});
@@ -51,9 +50,8 @@ public:
     void SetFrame(std::string_view alias, std::int64_t frame);
     std::int64_t Frame(std::string_view alias) const;
 
-    /// Every command in the order it came, and the same with what it was given: "status a mode|128".
+    /// Every command in the order it came.
     std::vector<std::string> Commands;
-    std::vector<std::string> Calls;
     /// Commands since the last call of this function.
     std::vector<std::string> NewCommands();
 

@@ -19,43 +19,29 @@ public:
     }
 };
 
-// A device whose replies are what the test says, to the last character of the buffer.
+// A device whose replies and error texts are what the test says.
 class ScriptedDevice final : public ports::MediaControl {
 public:
-    int SendString(std::string_view command, std::string* reply, int return_length,
-                   std::int64_t callback) override {
-        Commands.emplace_back(command);
-        Lengths.push_back(return_length);
-        Callbacks.push_back(callback);
-        ReplyArguments.push_back(reply == nullptr ? "" : *reply);
-        if (reply != nullptr && return_length > 0) reply->replace(0, Reply.size(), Reply);
-        return Error;
+    ports::MediaReply SendString(std::string_view /*command*/) override {
+        return {.error = Error, .text = Error == 0 ? Reply : std::string()};
     }
-    bool ErrorString(int error, std::string& text, int length) const override {
-        AskedLength = length;
-        text = "error " + std::to_string(error);
-        return true;
-    }
+    std::string ErrorString(int error) const override { return "error " + std::to_string(error) + MoreText; }
 
     std::string Reply;
     int Error = 0;
-    Transcript Commands;
-    Transcript ReplyArguments;
-    std::vector<int> Lengths;
-    std::vector<std::int64_t> Callbacks;
-    mutable int AskedLength = 0;
+    std::string MoreText;
 };
 
 // A device that knows its length in milliseconds and in frames, whatever the one has to do with the other.
 class TwoLengths final : public ports::MediaControl {
 public:
     TwoLengths(const char* milliseconds, const char* frames) : milliseconds_(milliseconds), frames_(frames) {}
-    int SendString(std::string_view command, std::string* reply, int return_length, std::int64_t) override {
-        if (return_length == 0) in_milliseconds_ = command == "set a time format ms";
-        if (return_length > 0) *reply = in_milliseconds_ ? milliseconds_ : frames_;
-        return 0;
+    ports::MediaReply SendString(std::string_view command) override {
+        if (command.starts_with("set ")) in_milliseconds_ = command == "set a time format ms";
+        if (!command.starts_with("status ")) return {};
+        return {.error = 0, .text = in_milliseconds_ ? milliseconds_ : frames_};
     }
-    bool ErrorString(int, std::string&, int) const override { return false; }
+    std::string ErrorString(int /*error*/) const override { return {}; }
 
 private:
     const char* milliseconds_;
@@ -383,7 +369,7 @@ TEST_F(MciLayerTest, SpeedIsSentUncheckedInTenthsOfAPercent) {
     EXPECT_EQ(device.Speed("a"), 1030);
 }
 
-TEST_F(MciLayerTest, EveryWrapperSendsItsCommandsWithTheLengthOfTheReplyThatItWants) {
+TEST_F(MciLayerTest, EveryWrapperSendsItsCommands) {
     OpenFilm();
     int width = 8;
     int height = 6;
@@ -392,8 +378,8 @@ TEST_F(MciLayerTest, EveryWrapperSendsItsCommandsWithTheLengthOfTheReplyThatItWa
         std::function<void()> call;
         Transcript sent;
     };
-    const Transcript frames = {"set a time format frames|0", "status a length|128"};
-    const Transcript ms = {"set a time format ms|0", "status a length|128", "set a time format frames|0"};
+    const Transcript frames = {"set a time format frames", "status a length"};
+    const Transcript ms = {"set a time format ms", "status a length", "set a time format frames"};
     const auto both = [](Transcript first, const Transcript& second) {
         first.insert(first.end(), second.begin(), second.end());
         return first;
@@ -401,40 +387,38 @@ TEST_F(MciLayerTest, EveryWrapperSendsItsCommandsWithTheLengthOfTheReplyThatItWa
     const std::vector<Case> cases = {
         {"MciOpen",
          [&] { mci.MciOpen(9, "b", "C:\\song.mp3", "MPEGVideo"); },
-         {"open C:\\song.mp3 type MPEGVideo Alias b parent 9 Style 1073741824|0"}},
-        {"MciPlay", [&] { mci.MciPlay("a", "", ""); }, both(frames, {"play a from 0 to 250|0"})},
-        {"MciPlay to", [&] { mci.MciPlay("a", "", "7"); }, {"play a from 0 to 7|0"}},
-        {"MciPlay from", [&] { mci.MciPlay("a", "3", ""); }, both(frames, {"play a from 3 to 250|0"})},
-        {"MciPause", [&] { mci.MciPause("a"); }, {"Pause a|0"}},
-        {"MciStop", [&] { mci.MciStop("a"); }, {"Stop a|0"}},
-        {"MciResume", [&] { mci.MciResume("a"); }, {"Resume a|0"}},
-        {"MciStatusMode", [&] { mci.MciStatusMode("a"); }, {"status a mode|128"}},
+         {"open C:\\song.mp3 type MPEGVideo Alias b parent 9 Style 1073741824"}},
+        {"MciPlay", [&] { mci.MciPlay("a", "", ""); }, both(frames, {"play a from 0 to 250"})},
+        {"MciPlay to", [&] { mci.MciPlay("a", "", "7"); }, {"play a from 0 to 7"}},
+        {"MciPlay from", [&] { mci.MciPlay("a", "3", ""); }, both(frames, {"play a from 3 to 250"})},
+        {"MciPause", [&] { mci.MciPause("a"); }, {"Pause a"}},
+        {"MciStop", [&] { mci.MciStop("a"); }, {"Stop a"}},
+        {"MciResume", [&] { mci.MciResume("a"); }, {"Resume a"}},
+        {"MciStatusMode", [&] { mci.MciStatusMode("a"); }, {"status a mode"}},
         {"MciLengthFrames", [&] { mci.MciLengthFrames("a"); }, frames},
         {"MciLengthMs", [&] { mci.MciLengthMs("a"); }, ms},
-        {"MciSeekAndPlay", [&] { mci.MciSeekAndPlay("a", 25); }, {"seek a to 25|0", "Play a|0"}},
-        {"MciPosition", [&] { mci.MciPosition("a"); }, {"status a position|128"}},
+        {"MciSeekAndPlay", [&] { mci.MciSeekAndPlay("a", 25); }, {"seek a to 25", "Play a"}},
+        {"MciPosition", [&] { mci.MciPosition("a"); }, {"status a position"}},
         {"MciPutWindow",
          [&] { mci.MciPutWindow(77, "a", 1, 2, width, height); },
-         {"put a window at 1 2 8 6|0"}},
-        {"MciPercentPlayed", [&] { mci.MciPercentPlayed("a"); }, both(frames, {"status a position|128"})},
+         {"put a window at 1 2 8 6"}},
+        {"MciPercentPlayed", [&] { mci.MciPercentPlayed("a"); }, both(frames, {"status a position"})},
         {"MciFramesPerSecond", [&] { mci.MciFramesPerSecond("a"); }, both(ms, frames)},
-        {"MciSetVolume", [&] { mci.MciSetVolume("a", "all", 7); }, {"setaudio a Volume to 70|0"}},
-        {"MciSetVolume left", [&] { mci.MciSetVolume("a", "left", 0); }, {"setaudio a left Volume to 0|0"}},
-        {"MciSetVolume RIGHT",
-         [&] { mci.MciSetVolume("a", "RIGHT", 1); },
-         {"setaudio a RIGHT Volume to 10|0"}},
-        {"MciGetVolume", [&] { mci.MciGetVolume("a", "all"); }, {"status a Volume|128"}},
-        {"MciGetVolume Right", [&] { mci.MciGetVolume("a", "Right"); }, {"status a Right Volume|128"}},
-        {"MciSetSpeed", [&] { mci.MciSetSpeed("a", 103); }, {"set a speed 1030|0"}},
-        {"MciClose", [&] { mci.MciClose("a"); }, {"Close a|0"}},
-        {"MciCloseAll", [&] { mci.MciCloseAll(); }, {"Close All|0"}},
+        {"MciSetVolume", [&] { mci.MciSetVolume("a", "all", 7); }, {"setaudio a Volume to 70"}},
+        {"MciSetVolume left", [&] { mci.MciSetVolume("a", "left", 0); }, {"setaudio a left Volume to 0"}},
+        {"MciSetVolume RIGHT", [&] { mci.MciSetVolume("a", "RIGHT", 1); }, {"setaudio a RIGHT Volume to 10"}},
+        {"MciGetVolume", [&] { mci.MciGetVolume("a", "all"); }, {"status a Volume"}},
+        {"MciGetVolume Right", [&] { mci.MciGetVolume("a", "Right"); }, {"status a Right Volume"}},
+        {"MciSetSpeed", [&] { mci.MciSetSpeed("a", 103); }, {"set a speed 1030"}},
+        {"MciClose", [&] { mci.MciClose("a"); }, {"Close a"}},
+        {"MciCloseAll", [&] { mci.MciCloseAll(); }, {"Close All"}},
     };
     for (const Case& one : cases) {
-        device.Calls.clear();
+        device.Commands.clear();
 
         one.call();
 
-        EXPECT_EQ(device.Calls, one.sent) << one.wrapper;
+        EXPECT_EQ(device.Commands, one.sent) << one.wrapper;
     }
 }
 
@@ -460,26 +444,25 @@ TEST_F(MciLayerReplies, FramesPerSecondRoundToTheEvenNumber) {
     }
 }
 
-TEST_F(MciLayerReplies, CommandsWithoutReplyPassTheTextZeroAndNoLength) {
-    mci.MciStop("a");
-
-    EXPECT_EQ(device.ReplyArguments, Transcript{"0"});
-    EXPECT_EQ(device.Lengths, std::vector<int>{0});
-    EXPECT_EQ(device.Callbacks, std::vector<std::int64_t>{0});
-}
-
-TEST_F(MciLayerReplies, CommandsWithReplyPassABufferOf128) {
-    mci.MciPosition("a");
-
-    EXPECT_EQ(device.ReplyArguments.at(0).size(), 128U);
-    EXPECT_EQ(device.Lengths, std::vector<int>{128});
-}
-
-TEST_F(MciLayerReplies, ErrorTextsAreAskedForWith128Characters) {
+TEST_F(MciLayerReplies, ErrorTextsHave128CharactersAtMost) {
     device.Error = 275;
-
     EXPECT_EQ(mci.MciClose("a"), "error 275");
-    EXPECT_EQ(device.AskedLength, 128);
+
+    device.MoreText = std::string(200, '.');
+
+    EXPECT_EQ(mci.MciClose("a"), "error 275" + std::string(128 - 9, '.'));
+}
+
+TEST_F(MciLayerReplies, ModeOf127CharactersIsWhole) {
+    device.Reply = "play" + std::string(122, 'x') + "a";
+
+    EXPECT_EQ(mci.MciStatusMode("a"), device.Reply);
+}
+
+TEST_F(MciLayerReplies, ModeThatIsLongerThan128CharactersIsCutLikeOneOf128) {
+    device.Reply = "play" + std::string(123, 'x') + "a and more";
+
+    EXPECT_EQ(mci.MciStatusMode("a"), "pl");
 }
 
 TEST_F(MciLayerReplies, ModeThatFillsTheBufferIsCutAtItsOwnLastCharacter) {

@@ -12,7 +12,7 @@ protected:
         device.AddFile("C:\\a.mp3");
         Send("open C:\\a.mp3 type MPEGVideo Alias a");
     }
-    int Send(std::string_view command) { return watch.SendString(command, nullptr, 0, 0); }
+    int Send(std::string_view command) { return watch.SendString(command).error; }
 
     fakes::FakeMediaControl device;
     player::MediaWatch watch{device};
@@ -58,17 +58,14 @@ TEST_F(MediaWatchTest, CountsJumpsThatHappened) {
 }
 
 TEST_F(MediaWatchTest, PassesRepliesAndErrorsOn) {
-    std::string reply(128, ' ');
+    const ports::MediaReply mode = watch.SendString("status a mode");
 
-    EXPECT_EQ(watch.SendString("status a mode", &reply, 128, 0), 0);
-
-    EXPECT_EQ(reply.substr(0, 7), "stopped");
+    EXPECT_EQ(mode.error, 0);
+    EXPECT_EQ(mode.text, "stopped");
     const int error = Send("play b");
     EXPECT_NE(error, 0);
-    std::string text;
-    std::string same;
-    EXPECT_EQ(watch.ErrorString(error, text, 128), device.ErrorString(error, same, 128));
-    EXPECT_EQ(text, same);
+    EXPECT_FALSE(watch.ErrorString(error).empty());
+    EXPECT_EQ(watch.ErrorString(error), device.ErrorString(error));
 }
 
 }  // namespace

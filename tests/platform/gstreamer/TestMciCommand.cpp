@@ -148,8 +148,8 @@ TEST(MciCommand, WhatCannotBeReadHasItsNumber) {
 }
 
 TEST(MciErrors, EveryNumberOfTheReaderHasATextThatFitsAReply) {
-    for (const int error : {259, 261, 262, 263, 267, 268, 270, 273, 275, 276,
-                            279, 280, 282, 289, 292, 293, 294, 296, 306, 348}) {
+    for (const int error :
+         {259, 261, 262, 263, 267, 270, 273, 275, 276, 279, 280, 282, 289, 292, 293, 294, 296, 306, 348}) {
         EXPECT_FALSE(gstreamer::ErrorText(error).empty()) << error;
         EXPECT_LT(gstreamer::ErrorText(error).size(), 128U) << error;
     }

@@ -80,7 +80,7 @@ protected:
         EXPECT_EQ(sound::Child(words).Wait(60), 0);
         return media.Path(name);
     }
-    int Send(const std::string& command) { return engine.SendString(command, nullptr, 0, 0); }
+    int Send(const std::string& command) { return engine.SendString(command).error; }
     int Open(const std::string& path, const std::string& alias = "a") {
         return Send("open \"" + path + "\" type MPEGVideo alias " + alias + " parent " +
                     std::to_string(window) + " style 1073741824");
@@ -270,12 +270,11 @@ TEST_F(PictureTest, AFilmOfOnePictureEnds) {
     if (Open(path) != 0) return;  // What is refused is passed over at once.
     Send("play a");
 
-    std::string reply(32, '\0');
     const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    while (engine.SendString("status a mode", &reply, 32, 0) == 0 && !reply.starts_with("stopped") &&
-           std::chrono::steady_clock::now() < until) {
-    }
-    EXPECT_TRUE(reply.starts_with("stopped")) << reply;
+    ports::MediaReply mode = engine.SendString("status a mode");
+    while (mode.error == 0 && mode.text != "stopped" && std::chrono::steady_clock::now() < until)
+        mode = engine.SendString("status a mode");
+    EXPECT_EQ(mode.text, "stopped");
 }
 
 TEST_F(PictureTest, AFilmWithoutPicturesIsRefused) {
@@ -297,10 +296,8 @@ TEST_F(PictureTest, AWindowThatIsNoneOrGoesAwayHurtsNobody) {
     display.Destroy(brief);
     Send("put brief window at 0 0 100 100");
 
-    std::string reply(32, '\0');
     const auto has_ended = [&](const std::string& alias) {
-        return engine.SendString("status " + alias + " mode", &reply, 32, 0) == 0 &&
-               reply.starts_with("stopped");
+        return engine.SendString("status " + alias + " mode").text == "stopped";
     };
     const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(5);
     while (!(has_ended("none") && has_ended("brief")) && std::chrono::steady_clock::now() < until) {

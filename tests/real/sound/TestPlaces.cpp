@@ -61,11 +61,11 @@ class Places : public testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(server_.IsRunning()); }
 
-    int Send(const std::string& command) { return media_.SendString(command, nullptr, 0, 0); }
+    int Send(const std::string& command) { return media_.SendString(command).error; }
     std::string Ask(const std::string& command) {
-        std::string reply(128, '\0');
-        EXPECT_EQ(media_.SendString(command, &reply, 128, 0), 0) << command;
-        return reply.substr(0, reply.find('\0'));
+        const ports::MediaReply reply = media_.SendString(command);
+        EXPECT_EQ(reply.error, 0) << command;
+        return reply.text;
     }
     double ToldSeconds() { return std::stod(Ask("status a position")) / 1000; }
     void Open(const std::string& path) {

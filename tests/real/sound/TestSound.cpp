@@ -25,11 +25,11 @@ class Sound : public testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(server_.IsRunning()); }
 
-    int Send(const std::string& command) { return engine_.SendString(command, nullptr, 0, 0); }
+    int Send(const std::string& command) { return engine_.SendString(command).error; }
     std::string Ask(const std::string& command) {
-        std::string reply(128, '\0');
-        EXPECT_EQ(engine_.SendString(command, &reply, 128, 0), 0) << command;
-        return reply.substr(0, reply.find('\0'));
+        const ports::MediaReply reply = engine_.SendString(command);
+        EXPECT_EQ(reply.error, 0) << command;
+        return reply.text;
     }
     int Place() { return std::stoi(Ask("status a position")); }
     void Play(const std::string& path, const std::string& alias = "a") {

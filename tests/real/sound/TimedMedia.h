@@ -27,21 +27,18 @@ public:
     TimedMedia(PrivateSound& server, gstreamer::MediaEngine::Resolver resolve)
         : server_(server), engine_(std::move(resolve)) {}
 
-    int SendString(std::string_view command, std::string* reply, int return_length,
-                   std::int64_t callback) override {
-        const int error = engine_.SendString(command, reply, return_length, callback);
+    ports::MediaReply SendString(std::string_view command) override {
+        ports::MediaReply reply = engine_.SendString(command);
         gstreamer::Command parsed;
-        if (error != 0 || gstreamer::ParseCommand(command, parsed) != 0) return error;
+        if (reply.error != 0 || gstreamer::ParseCommand(command, parsed) != 0) return reply;
         commands_.emplace_back(command);
         if (parsed.verb == gstreamer::Verb::Close) parsed.value = 0;
-        if (parsed.verb != gstreamer::Verb::SetAudio && parsed.verb != gstreamer::Verb::Close) return error;
+        if (parsed.verb != gstreamer::Verb::SetAudio && parsed.verb != gstreamer::Verb::Close) return reply;
         constexpr double kTenths = 10;
         told_.push_back({parsed.target, parsed.channel, static_cast<double>(parsed.value) / kTenths, Now()});
-        return error;
+        return reply;
     }
-    bool ErrorString(int error, std::string& text, int length) const override {
-        return engine_.ErrorString(error, text, length);
-    }
+    std::string ErrorString(int error) const override { return engine_.ErrorString(error); }
 
     /// The recorder hears in pieces; the piece that came soonest tells how its clock stands to this one's.
     std::size_t Now() {
