@@ -98,10 +98,10 @@ int main(int argc, char** argv) {
     };
     for (controls::Form* form : windows.All())
         screen.Adopt(*form);
-    qt::WindowRegions regions(screen, windows.frmBrowser);
+    qt::MainWindowShape window_shape(screen, windows.frmBrowser);
 
     window::MainWindow main_window(windows,
-                                   {database, files, media, window_services, regions, boxes, loop, clock,
+                                   {database, files, media, window_services, window_shape, boxes, loop, clock,
                                     chance, instance, messenger, board, screen_saver},
                                    command, [&loop] { loop.Quit(); });
     QSocketNotifier hand_over(instance.FileDescriptor(), QSocketNotifier::Read);

@@ -1,8 +1,9 @@
-// Window services and window regions of the platform. Handles are the platform's own numbers; 0 is no window.
+// Places of windows, and the shape of the main window. Handles are the platform's own numbers; 0 is no
+// window.
 #pragma once
 
 #include <cstdint>
-#include <string_view>
+#include <optional>
 
 namespace ports {
 
@@ -12,6 +13,8 @@ struct WindowRect {
     int top = 0;
     int right = 0;
     int bottom = 0;
+
+    bool operator==(const WindowRect&) const = default;
 };
 
 class WindowServices {
@@ -21,25 +24,23 @@ public:
     virtual bool GetWindowRect(std::int64_t handle, WindowRect& rect) const = 0;
 };
 
-/// A region is a set of pixels of the main window, counted from its outer corner: two pixels of border at the
-/// left and 24 of title above the menu bar.
-using RegionHandle = int;
+/// A box in the main window with rounded corners. Pixels, counted from the window's outer corner: two of
+/// border at the left and 24 of title above the menu bar come first.
+struct Hole {
+    WindowRect box;
+    int corner_width = 0;  ///< 0 for square corners; the box's own size makes an ellipse
+    int corner_height = 0;
 
-enum class RegionCombine { And = 1, Or = 2, Xor = 3, Difference = 4, Copy = 5 };
+    bool operator==(const Hole&) const = default;
+};
 
-class Regions {
+/// Why: a video plays in a window of its own, after the main window in the stack, and shows through a hole.
+class WindowShape {
 public:
-    virtual ~Regions() = default;
-    virtual RegionHandle CreateRectRgn(int left, int top, int right, int bottom) = 0;
-    virtual RegionHandle CreateEllipticRgn(int left, int top, int right, int bottom) = 0;
-    virtual RegionHandle CreateRoundRectRgn(int left, int top, int right, int bottom, int corner_width,
-                                            int corner_height) = 0;
-    /// Puts the combination of `first` and `second` into `result`. An unknown handle changes nothing and
-    /// gives false.
-    virtual bool CombineRgn(RegionHandle result, RegionHandle first, RegionHandle second,
-                            RegionCombine mode) = 0;
-    /// Gives the main window that shape and takes the region over.
-    virtual bool SetWindowRgn(RegionHandle region, bool redraw) = 0;
+    virtual ~WindowShape() = default;
+    /// Cuts the hole out of the main window, in place of the last one; with none the window is whole. The
+    /// screen follows at the end of the handler.
+    virtual void SetHole(const std::optional<Hole>& hole) = 0;
 };
 
 }  // namespace ports

@@ -56,7 +56,7 @@ struct Ports {
     ports::Files& files;
     ports::MediaControl& media;
     ports::WindowServices& windows;
-    ports::Regions& regions;
+    ports::WindowShape& window_shape;
     ports::Dialogs& dialogs;
     ports::EventLoop& events;
     ports::Clock& clock;

@@ -1,11 +1,10 @@
 #include "window/HoleRoom.h"
 
 #include <cmath>
+#include <optional>
 
 namespace window {
 namespace {
-
-constexpr ports::RegionHandle kNoRegion = 0;
 
 // What lies between the window's outer corner and the place of its controls: a border of two pixels at the
 // left; title and menu bar above, of which the hole leaves two pixels of picVideo's own edge to be seen.
@@ -18,33 +17,40 @@ int Pixels(double twips) {
     return static_cast<int>(std::lround(twips / controls::kTwipsPerPixel));
 }
 
+// Nothing for a name that is no shape's.
+std::optional<ports::Hole> HoleOf(std::string_view shape_name, const ShapeCoordinates& coordinates) {
+    const auto& c = coordinates.c;
+    const ports::WindowRect box{.left = c[0], .top = c[1], .right = c[2], .bottom = c[3]};
+    if (shape_name == "RectAngle") return ports::Hole{.box = box};
+    if (shape_name == "Elliptic")
+        return ports::Hole{
+            .box = box, .corner_width = box.right - box.left, .corner_height = box.bottom - box.top};
+    if (shape_name == "RoundRect")
+        return ports::Hole{.box = box, .corner_width = c[4], .corner_height = c[5]};
+    if (shape_name == "Circle") return ports::Hole{.box = box, .corner_width = c[2], .corner_height = c[3]};
+    return std::nullopt;
+}
+
+bool IsEmpty(const ports::WindowRect& box) {
+    return box.left == box.right || box.top == box.bottom;
+}
+
 }  // namespace
 
-HoleRoom::HoleRoom(controls::Form& window, controls::PictureBox& picVideo, ports::Regions& regions,
+HoleRoom::HoleRoom(controls::Form& window, controls::PictureBox& picVideo, ports::WindowShape& shape,
                    ports::Dialogs& dialogs)
-    : window_(window), picVideo_(picVideo), regions_(regions), dialogs_(dialogs) {}
+    : window_(window), picVideo_(picVideo), shape_(shape), dialogs_(dialogs) {}
 
 bool HoleRoom::ShapeWindow(std::string_view shape_name, const ShapeCoordinates& coordinates) {
-    const ports::RegionHandle hole = HoleRegion(shape_name, coordinates);
-    if (hole == kNoRegion) {
+    std::optional<ports::Hole> hole = HoleOf(shape_name, coordinates);
+    if (!hole) {
         dialogs_.MsgBox("Unknown Shape!!");
         return false;
     }
-    const ports::RegionHandle whole =
-        regions_.CreateRectRgn(0, 0, Pixels(window_.Width()), Pixels(window_.Height()));
-    regions_.CombineRgn(whole, whole, hole, ports::RegionCombine::Difference);
-    regions_.SetWindowRgn(whole, true);
+    if (IsEmpty(hole->box)) hole.reset();
+    shape_.SetHole(hole);
     window_.Refresh();
     return true;
-}
-
-ports::RegionHandle HoleRoom::HoleRegion(std::string_view shape_name, const ShapeCoordinates& coordinates) {
-    const auto& c = coordinates.c;
-    if (shape_name == "RectAngle") return regions_.CreateRectRgn(c[0], c[1], c[2], c[3]);
-    if (shape_name == "Elliptic") return regions_.CreateEllipticRgn(c[0], c[1], c[2], c[3]);
-    if (shape_name == "RoundRect") return regions_.CreateRoundRectRgn(c[0], c[1], c[2], c[3], c[4], c[5]);
-    if (shape_name == "Circle") return regions_.CreateRoundRectRgn(c[0], c[1], c[2], c[3], c[2], c[3]);
-    return kNoRegion;
 }
 
 void HoleRoom::MakeHole() {

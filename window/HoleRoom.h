@@ -19,10 +19,11 @@ struct ShapeCoordinates {
 
 class HoleRoom final {
 public:
-    HoleRoom(controls::Form& window, controls::PictureBox& picVideo, ports::Regions& regions,
+    HoleRoom(controls::Form& window, controls::PictureBox& picVideo, ports::WindowShape& shape,
              ports::Dialogs& dialogs);
 
-    /// Cuts a hole out of the window's region. `shape_name` is "Elliptic", "RectAngle", "RoundRect" (corner
+    /// Cuts a hole out of the window, in place of the last one; an empty one makes the window whole.
+    /// `shape_name` is "Elliptic", "RectAngle", "RoundRect" (corner
     /// sizes c5, c6) or "Circle" (a rounded box with the corner sizes c3, c4). Any other name shows a box,
     /// changes nothing and gives false.
     bool ShapeWindow(std::string_view shape_name, const ShapeCoordinates& coordinates);
@@ -32,11 +33,9 @@ public:
     void CloseHole();
 
 private:
-    ports::RegionHandle HoleRegion(std::string_view shape_name, const ShapeCoordinates& coordinates);
-
     controls::Form& window_;
     controls::PictureBox& picVideo_;
-    ports::Regions& regions_;
+    ports::WindowShape& shape_;
     ports::Dialogs& dialogs_;
 };
 

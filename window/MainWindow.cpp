@@ -82,7 +82,7 @@ void MainWindow::BuildGround() {
     Rooms& rooms = desk_.rooms;
     rooms.trouble.emplace(desk_.windows.trouble, desk_.state.session, desk_.ports.dialogs);
     rooms.stores.emplace(desk_.ports.database, desk_.ports.events, *rooms.trouble);
-    rooms.hole.emplace(window, window.player.video.picVideo, desk_.ports.regions, desk_.ports.dialogs);
+    rooms.hole.emplace(window, window.player.video.picVideo, desk_.ports.window_shape, desk_.ports.dialogs);
     rooms.skin.emplace(window.chrome, TwinsOf(window), [this] { desk_.rooms.player->SettlePictures(); });
     rooms.media_watch.emplace(desk_.ports.media);
     rooms.mci.emplace(*rooms.media_watch, desk_.ports.windows, desk_.ports.files);

@@ -9,12 +9,18 @@
 namespace qt {
 namespace {
 
-// The maker of a hole makes two regions for each and gives one back, so the oldest go.
-constexpr std::size_t kKept = 64;
+QRect BoxOf(const ports::WindowRect& rect) {
+    return QRect(QPoint(std::min(rect.left, rect.right), std::min(rect.top, rect.bottom)),
+                 QSize(std::abs(rect.right - rect.left), std::abs(rect.bottom - rect.top)));
+}
 
-QRect Between(int left, int top, int right, int bottom) {
-    return QRect(QPoint(std::min(left, right), std::min(top, bottom)),
-                 QSize(std::abs(right - left), std::abs(bottom - top)));
+QRegion RegionOf(const ports::Hole& hole) {
+    const QRect box = BoxOf(hole.box);
+    if (box.isEmpty() || hole.corner_width == 0 || hole.corner_height == 0) return {box};
+    QPainterPath path;
+    path.addRoundedRect(box, std::min(std::abs(hole.corner_width), box.width()) / 2.0,
+                        std::min(std::abs(hole.corner_height), box.height()) / 2.0);
+    return {path.toFillPolygon().toPolygon()};
 }
 
 }  // namespace
@@ -28,71 +34,18 @@ bool DesktopWindows::GetWindowRect(std::int64_t handle, ports::WindowRect& rect)
     return true;
 }
 
-ports::RegionHandle WindowRegions::Keep(QRegion region) {
-    while (regions_.size() >= kKept)
-        regions_.erase(regions_.begin());
-    regions_.emplace(++last_, std::move(region));
-    return last_;
-}
-
-ports::RegionHandle WindowRegions::CreateRectRgn(int left, int top, int right, int bottom) {
-    return Keep(QRegion(Between(left, top, right, bottom)));
-}
-
-ports::RegionHandle WindowRegions::CreateEllipticRgn(int left, int top, int right, int bottom) {
-    return Keep(QRegion(Between(left, top, right, bottom), QRegion::Ellipse));
-}
-
-ports::RegionHandle WindowRegions::CreateRoundRectRgn(int left, int top, int right, int bottom,
-                                                      int corner_width, int corner_height) {
-    const QRect box = Between(left, top, right, bottom);
-    if (box.isEmpty()) return Keep(QRegion());
-    QPainterPath path;
-    path.addRoundedRect(box, std::min(corner_width, box.width()) / 2.0,
-                        std::min(corner_height, box.height()) / 2.0);
-    return Keep(QRegion(path.toFillPolygon().toPolygon()));
-}
-
-bool WindowRegions::CombineRgn(ports::RegionHandle result, ports::RegionHandle first,
-                               ports::RegionHandle second, ports::RegionCombine mode) {
-    const auto to = regions_.find(result);
-    const auto left = regions_.find(first);
-    const auto right = regions_.find(second);
-    const bool copies = mode == ports::RegionCombine::Copy;
-    if (to == regions_.end() || left == regions_.end() || (right == regions_.end() && !copies)) return false;
-    switch (mode) {
-        case ports::RegionCombine::And:
-            to->second = left->second & right->second;
-            break;
-        case ports::RegionCombine::Or:
-            to->second = left->second | right->second;
-            break;
-        case ports::RegionCombine::Xor:
-            to->second = left->second ^ right->second;
-            break;
-        case ports::RegionCombine::Difference:
-            to->second = left->second - right->second;
-            break;
-        case ports::RegionCombine::Copy:
-            to->second = left->second;
-            break;
-    }
-    return true;
-}
-
-bool WindowRegions::SetWindowRgn(ports::RegionHandle region, bool /*redraw*/) {
-    const auto found = regions_.find(region);
-    if (found == regions_.end() || screen_.WindowOf(form_) == nullptr) return false;
-    // The outer corner is the frame's; the mask begins at the menu bar.
-    const QRect client = ClientRect(form_);
-    const QPoint outer(ToPixels(form_.Left()), ToPixels(form_.Top()));
-    const QRegion inside =
-        found->second.translated(outer - client.topLeft()) & QRect(QPoint(0, 0), client.size());
-    regions_.erase(found);
+void MainWindowShape::SetHole(const std::optional<ports::Hole>& hole) {
     // A whole window has no mask, so that it stays whole when it grows.
-    const bool is_whole = inside == QRegion(QRect(QPoint(0, 0), client.size()));
-    screen_.ShapeMainWindow(is_whole ? QRegion() : inside);
-    return true;
+    QRegion mask;
+    if (hole) {
+        // The outer corner is the frame's; the mask begins at the menu bar.
+        const QRect client = ClientRect(form_);
+        const QPoint outer(ToPixels(form_.Left()), ToPixels(form_.Top()));
+        const QRegion whole(QRect(QPoint(0, 0), client.size()));
+        mask = whole - RegionOf(*hole).translated(outer - client.topLeft());
+        if (mask == whole) mask = QRegion();
+    }
+    screen_.ShapeMainWindow(mask);
 }
 
 }  // namespace qt

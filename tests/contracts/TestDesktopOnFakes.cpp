@@ -1,12 +1,12 @@
-// The stand-ins for loop, boxes and regions keep to the contracts of the real ones.
+// The stand-ins for loop, boxes and the window's shape keep to the contracts of the real ones.
 #include <algorithm>
 
 #include "contracts/DialogsContract.h"
 #include "contracts/EventLoopContract.h"
-#include "contracts/RegionsContract.h"
+#include "contracts/WindowShapeContract.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
-#include "fakes/RecordingRegions.h"
+#include "fakes/RecordingWindowShape.h"
 
 namespace contracts {
 namespace {
@@ -54,17 +54,23 @@ private:
     fakes::FakeDesktop desktop_;
 };
 
-class FakeRegionsBench final : public RegionsBench {
+class FakeShapeBench final : public WindowShapeBench {
 public:
-    ports::Regions& Regions() override { return regions_; }
+    ports::WindowShape& Shape() override { return shape_; }
+    void EndHandler() override {}
+    bool HasPixel(int x, int y) override {
+        if (shape_.Holes.empty() || !shape_.Holes.back()) return true;
+        const ports::WindowRect& box = shape_.Holes.back()->box;
+        return x < box.left || x >= box.right || y < box.top || y >= box.bottom;
+    }
 
 private:
-    fakes::RecordingRegions regions_;
+    fakes::RecordingWindowShape shape_;
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, DialogsContract, FakeDialogsBench);
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, EventLoopContract, FakeLoopBench);
-INSTANTIATE_TYPED_TEST_SUITE_P(Fake, RegionsContract, FakeRegionsBench);
+INSTANTIATE_TYPED_TEST_SUITE_P(Fake, WindowShapeContract, FakeShapeBench);
 
 }  // namespace
 }  // namespace contracts

@@ -1,4 +1,4 @@
-// Loop, boxes and regions on real windows keep to their contracts.
+// Loop, boxes and the window's shape on real windows keep to their contracts.
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
@@ -10,7 +10,7 @@
 
 #include "contracts/DialogsContract.h"
 #include "contracts/EventLoopContract.h"
-#include "contracts/RegionsContract.h"
+#include "contracts/WindowShapeContract.h"
 #include "platform/qt/Boxes.h"
 #include "platform/qt/DesktopWindows.h"
 #include "platform/qt/QtBench.h"
@@ -109,18 +109,24 @@ private:
     std::vector<std::unique_ptr<Runner>> runners_;
 };
 
-class QtRegionsBench final : public RegionsBench {
+class QtShapeBench final : public WindowShapeBench {
 public:
-    ports::Regions& Regions() override { return regions_; }
+    ports::WindowShape& Shape() override { return shape_; }
+    void EndHandler() override { desk_.screen.CatchUp(); }
+    bool HasPixel(int x, int y) override {
+        const QRegion mask = desk_.screen.WindowOf(desk_.form)->mask();
+        // The border of 2 and the title of 24 pixels are outside of the widget.
+        return mask.isEmpty() || mask.contains(QPoint(x - 2, y - 24));
+    }
 
 private:
     bench::Desk desk_;
-    qt::WindowRegions regions_{desk_.screen, desk_.form};
+    qt::MainWindowShape shape_{desk_.screen, desk_.form};
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Qt, DialogsContract, QtDialogsBench);
 INSTANTIATE_TYPED_TEST_SUITE_P(Qt, EventLoopContract, QtLoopBench);
-INSTANTIATE_TYPED_TEST_SUITE_P(Qt, RegionsContract, QtRegionsBench);
+INSTANTIATE_TYPED_TEST_SUITE_P(Qt, WindowShapeContract, QtShapeBench);
 
 }  // namespace
 }  // namespace contracts

@@ -18,7 +18,7 @@ Program::Program(Computer& on, std::string_view command)
       instance(on.instances),
       windows(on.files),
       main_window(windows,
-                  {on.database, on.files, on.media, places, regions, dialogs, desktop, desktop, chance,
+                  {on.database, on.files, on.media, places, shape, dialogs, desktop, desktop, chance,
                    instance, messenger, board, screen_saver},
                   command, [this] { ended = true; }) {
     for (controls::Form* form : windows.All())

@@ -11,7 +11,7 @@
 #include "fakes/FakeMessenger.h"
 #include "fakes/FakeNowPlayingBoard.h"
 #include "fakes/FakeScreenSaver.h"
-#include "fakes/RecordingRegions.h"
+#include "fakes/RecordingWindowShape.h"
 #include "scenario/Computer.h"
 #include "window/MainWindow.h"
 
@@ -59,7 +59,7 @@ public:
     Computer& computer;
     fakes::FakeDesktop desktop;
     fakes::FakeDialogs dialogs;
-    fakes::RecordingRegions regions;
+    fakes::RecordingWindowShape shape;
     MiddleChance chance;
     NoWindowPlaces places;
     fakes::FakeInstanceLock instance;

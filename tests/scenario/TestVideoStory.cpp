@@ -8,7 +8,6 @@ namespace {
 
 using scenario::Computer;
 using scenario::Program;
-using Texts = std::vector<std::string>;
 
 class VideoStory : public testing::Test {
 protected:
@@ -17,7 +16,7 @@ protected:
         computer.AddToLibrary(1, "Sun", "Rise");
         computer.AddToLibrary(2, "Moon", "Film", {60'000, 25}, "avi");
         program.StartAndLogIn("Ann", "rose");
-        program.regions.Calls.clear();
+        program.shape.Holes.clear();
     }
 
     void PlayTrack(int row) {
@@ -25,20 +24,20 @@ protected:
         program.DoubleClick(Browser().library.lists.lstTracks);
     }
     window::BrowserForm& Browser() { return program.Browser(); }
-    /// The last hole that was cut, as the region's transcript tells it; an empty one is all noughts.
-    std::string LastHole() {
-        const Texts& calls = program.regions.Calls;
-        if (calls.size() < 4) return "none";
-        const std::string& hole = calls[calls.size() - 4];
-        return hole.substr(hole.find("rect"));
+    /// The hole that was set last; nothing when the window is whole.
+    std::optional<ports::Hole> LastHole() {
+        const auto& holes = program.shape.Holes;
+        EXPECT_FALSE(holes.empty());
+        return holes.empty() ? std::nullopt : holes.back();
     }
-    static std::string HoleOf(const controls::Control& picVideo) {
+    static ports::Hole HoleOf(const controls::Control& picVideo) {
         const auto px = [](double twips) { return static_cast<int>(std::lround(twips / 15)); };
         const int left = px(picVideo.Left()) + 2;
         const int top = px(picVideo.Top()) + 52;
-        return "rect " + std::to_string(left) + " " + std::to_string(top) + " " +
-               std::to_string(left + px(picVideo.Width())) + " " +
-               std::to_string(top + px(picVideo.Height()) - 2) + " 0 0";
+        return {.box = {.left = left,
+                        .top = top,
+                        .right = left + px(picVideo.Width()),
+                        .bottom = top + px(picVideo.Height()) - 2}};
     }
 
     Computer computer;
@@ -107,7 +106,7 @@ TEST_F(VideoStory, StopClosesTheHole) {
     program.Click(Browser().player.transport.imgStopOver);
     program.Wait(500);
 
-    EXPECT_EQ(LastHole(), "rect 0 0 0 0 0 0");
+    EXPECT_EQ(LastHole(), std::nullopt);
     EXPECT_FALSE(Browser().player.video.picVideo.Visible());
     EXPECT_FALSE(program.windows.frmVideo.Visible());
 }
@@ -119,7 +118,7 @@ TEST_F(VideoStory, ASongAfterTheVideoClosesTheHole) {
     PlayTrack(0);
     program.Wait(2000);
 
-    EXPECT_EQ(LastHole(), "rect 0 0 0 0 0 0");
+    EXPECT_EQ(LastHole(), std::nullopt);
     EXPECT_FALSE(program.windows.frmVideo.Visible());
 }
 

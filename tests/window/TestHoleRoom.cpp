@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/FakeDialogs.h"
-#include "fakes/RecordingRegions.h"
+#include "fakes/RecordingWindowShape.h"
 #include "window/HoleRoom.h"
 
 namespace {
@@ -15,46 +15,54 @@ protected:
 
     controls::Form window{"frmBrowser", "Brindlepost"};
     controls::PictureBox picVideo{"picVideo"};
-    fakes::RecordingRegions regions;
+    fakes::RecordingWindowShape shape;
     fakes::FakeDialogs dialogs;
-    window::HoleRoom room{window, picVideo, regions, dialogs};
+    window::HoleRoom room{window, picVideo, shape, dialogs};
 };
 
-using Calls = std::vector<std::string>;
+using Holes = std::vector<std::optional<ports::Hole>>;
 
-TEST_F(HoleRoomTest, MakeHoleCutsTheVideoPaneOutOfTheWholeWindow) {
+TEST_F(HoleRoomTest, MakeHoleCutsTheVideoPaneOutOfTheWindow) {
+    const ports::Hole pane{.box = {.left = 12, .top = 72, .right = 112, .bottom = 120}};
+
     room.MakeHole();
 
-    EXPECT_EQ(regions.Calls, (Calls{"1 = rect 12 72 112 120 0 0", "2 = rect 0 0 615 506 0 0",
-                                    "combine 2 2 1 4", "set 2 redraw"}));
+    EXPECT_EQ(shape.Holes, Holes{pane});
 }
 
-TEST_F(HoleRoomTest, CloseHoleCutsAnEmptyHole) {
+TEST_F(HoleRoomTest, CloseHoleMakesTheWindowWhole) {
     room.CloseHole();
 
-    EXPECT_EQ(regions.Calls,
-              (Calls{"1 = rect 0 0 0 0 0 0", "2 = rect 0 0 615 506 0 0", "combine 2 2 1 4", "set 2 redraw"}));
+    EXPECT_EQ(shape.Holes, Holes{std::nullopt});
 }
 
-TEST_F(HoleRoomTest, EveryShapeNameMakesItsOwnRegion) {
-    const window::ShapeCoordinates box{{10, 20, 30, 40, 5, 6}};
+TEST_F(HoleRoomTest, EveryShapeNameMakesItsOwnHole) {
+    const window::ShapeCoordinates coordinates{{10, 20, 30, 45, 5, 6}};
+    const ports::WindowRect box{.left = 10, .top = 20, .right = 30, .bottom = 45};
 
-    EXPECT_TRUE(room.ShapeWindow("RectAngle", box));
-    EXPECT_TRUE(room.ShapeWindow("Elliptic", box));
-    EXPECT_TRUE(room.ShapeWindow("RoundRect", box));
-    EXPECT_TRUE(room.ShapeWindow("Circle", box));
+    EXPECT_TRUE(room.ShapeWindow("RectAngle", coordinates));
+    EXPECT_TRUE(room.ShapeWindow("Elliptic", coordinates));
+    EXPECT_TRUE(room.ShapeWindow("RoundRect", coordinates));
+    EXPECT_TRUE(room.ShapeWindow("Circle", coordinates));
 
-    EXPECT_EQ(regions.Calls[0], "1 = rect 10 20 30 40 0 0");
-    EXPECT_EQ(regions.Calls[4], "3 = elliptic 10 20 30 40 0 0");
-    EXPECT_EQ(regions.Calls[8], "5 = roundrect 10 20 30 40 5 6");
-    EXPECT_EQ(regions.Calls[12], "7 = roundrect 10 20 30 40 30 40");
+    const ports::Hole ellipse{.box = box, .corner_width = 20, .corner_height = 25};
+    const ports::Hole rounded{.box = box, .corner_width = 5, .corner_height = 6};
+    const ports::Hole circle{.box = box, .corner_width = 30, .corner_height = 45};
+    EXPECT_EQ(shape.Holes, (Holes{ports::Hole{.box = box}, ellipse, rounded, circle}));
+}
+
+TEST_F(HoleRoomTest, AnEmptyBoxOfAnyShapeIsNoHole) {
+    EXPECT_TRUE(room.ShapeWindow("Elliptic", {{10, 20, 10, 40}}));
+    EXPECT_TRUE(room.ShapeWindow("RoundRect", {{10, 20, 30, 20, 5, 6}}));
+
+    EXPECT_EQ(shape.Holes, (Holes{std::nullopt, std::nullopt}));
 }
 
 TEST_F(HoleRoomTest, AnUnknownShapeShowsItsBoxAndLeavesTheWindowAlone) {
     const bool done = room.ShapeWindow("Triangle", {});
 
     EXPECT_FALSE(done);
-    EXPECT_TRUE(regions.Calls.empty());
+    EXPECT_TRUE(shape.Holes.empty());
     ASSERT_EQ(dialogs.Boxes.size(), 1U);
     EXPECT_EQ(dialogs.Boxes[0].text, "Unknown Shape!!");
     EXPECT_EQ(dialogs.Boxes[0].buttons, ports::BoxButtons::Ok);

@@ -5,7 +5,9 @@
 
 namespace {
 
-using ports::RegionCombine;
+ports::Hole SquareHole(int left, int top, int size) {
+    return {.box = {.left = left, .top = top, .right = left + size, .bottom = top + size}};
+}
 
 TEST(DesktopWindows, TheRectangleOfAVideoSurfaceIsWhereItStandsOnTheScreen) {
     controls::PictureBox video("picVid");
@@ -32,77 +34,80 @@ TEST(DesktopWindows, AnUnknownHandleLeavesTheRectangleAlone) {
     EXPECT_EQ(rect.bottom, 4);
 }
 
-TEST(WindowRegions, AHoleIsCutWhereItWasMeant) {
-    bench::Desk desk;
-    qt::WindowRegions regions(desk.screen, desk.form);
-    const int whole = regions.CreateRectRgn(0, 0, 404, 326);
-    const int hole = regions.CreateRectRgn(52, 74, 152, 124);
+class MainWindowShape : public testing::Test {
+protected:
+    QRegion Mask() { return desk.screen.WindowOf(desk.form)->mask(); }
 
-    ASSERT_TRUE(regions.CombineRgn(whole, whole, hole, RegionCombine::Difference));
-    ASSERT_TRUE(regions.SetWindowRgn(whole, true));
+    bench::Desk desk;
+    qt::MainWindowShape shape{desk.screen, desk.form};
+};
+
+TEST_F(MainWindowShape, AHoleIsCutWhereItWasMeant) {
+    shape.SetHole(ports::Hole{.box = {.left = 52, .top = 74, .right = 152, .bottom = 124}});
     desk.screen.CatchUp();
 
     // The border of 2 and the title of 24 pixels are outside of the widget.
-    const QRegion mask = desk.screen.WindowOf(desk.form)->mask();
-    EXPECT_TRUE(mask.contains(QPoint(49, 49)));
-    EXPECT_FALSE(mask.contains(QPoint(50, 50)));
-    EXPECT_FALSE(mask.contains(QPoint(149, 99)));
-    EXPECT_TRUE(mask.contains(QPoint(150, 100)));
+    EXPECT_TRUE(Mask().contains(QPoint(49, 49)));
+    EXPECT_FALSE(Mask().contains(QPoint(50, 50)));
+    EXPECT_FALSE(Mask().contains(QPoint(149, 99)));
+    EXPECT_TRUE(Mask().contains(QPoint(150, 100)));
 }
 
-TEST(WindowRegions, AnEmptyHoleMakesTheWindowWholeAgain) {
-    bench::Desk desk;
-    qt::WindowRegions regions(desk.screen, desk.form);
-    ASSERT_TRUE(regions.SetWindowRgn(regions.CreateEllipticRgn(0, 0, 100, 100), true));
+TEST_F(MainWindowShape, WithoutAHoleTheWindowHasNoMask) {
+    shape.SetHole(SquareHole(50, 50, 100));
     desk.screen.CatchUp();
-    ASSERT_FALSE(desk.screen.WindowOf(desk.form)->mask().isEmpty());
-    const int whole = regions.CreateRectRgn(0, 0, 404, 326);
-    const int nothing = regions.CreateRectRgn(0, 0, 0, 0);
+    ASSERT_FALSE(Mask().isEmpty());
 
-    ASSERT_TRUE(regions.CombineRgn(whole, whole, nothing, RegionCombine::Difference));
-    ASSERT_TRUE(regions.SetWindowRgn(whole, true));
+    shape.SetHole(std::nullopt);
     desk.screen.CatchUp();
 
-    EXPECT_TRUE(desk.screen.WindowOf(desk.form)->mask().isEmpty());
+    EXPECT_TRUE(Mask().isEmpty());
 }
 
-TEST(WindowRegions, AHoleThatIsClosedAndCutAnewInOneHandlerIsNeverClosedOnTheScreen) {
-    bench::Desk desk;
-    qt::WindowRegions regions(desk.screen, desk.form);
+TEST_F(MainWindowShape, AnEmptyHoleAndOneOutsideOfTheWindowLeaveItWhole) {
+    for (const ports::Hole& hole : {SquareHole(0, 0, 0), SquareHole(5000, 5000, 100)}) {
+        shape.SetHole(hole);
+        desk.screen.CatchUp();
+
+        EXPECT_TRUE(Mask().isEmpty());
+    }
+}
+
+TEST_F(MainWindowShape, AHoleThatIsClosedAndCutAgainInOneHandlerIsNeverClosedOnTheScreen) {
     const QRegion before(10, 10, 100, 100);
     desk.screen.WindowOf(desk.form)->setMask(before);
 
-    ASSERT_TRUE(regions.SetWindowRgn(regions.CreateRectRgn(0, 0, 404, 326), true));
-    const QRegion between = desk.screen.WindowOf(desk.form)->mask();
-    ASSERT_TRUE(regions.SetWindowRgn(regions.CreateRectRgn(2, 24, 52, 74), true));
+    shape.SetHole(std::nullopt);
+    const QRegion between = Mask();
+    shape.SetHole(SquareHole(2, 24, 50));
     desk.screen.CatchUp();
 
     EXPECT_EQ(between, before);
-    EXPECT_EQ(desk.screen.WindowOf(desk.form)->mask(), QRegion(0, 0, 50, 50));
+    EXPECT_EQ(Mask(), QRegion(0, 0, 400, 300) - QRegion(0, 0, 50, 50));
 }
 
-TEST(WindowRegions, ARoundedHoleLeavesTheCorners) {
-    bench::Desk desk;
-    qt::WindowRegions regions(desk.screen, desk.form);
-    const int whole = regions.CreateRectRgn(0, 0, 404, 326);
-    const int hole = regions.CreateRoundRectRgn(52, 74, 152, 174, 50, 50);
+TEST_F(MainWindowShape, ARoundedHoleLeavesTheCorners) {
+    ports::Hole hole = SquareHole(52, 74, 100);
+    hole.corner_width = hole.corner_height = 50;
 
-    ASSERT_TRUE(regions.CombineRgn(whole, whole, hole, RegionCombine::Difference));
-    ASSERT_TRUE(regions.SetWindowRgn(whole, false));
+    shape.SetHole(hole);
     desk.screen.CatchUp();
 
-    const QRegion mask = desk.screen.WindowOf(desk.form)->mask();
-    EXPECT_TRUE(mask.contains(QPoint(51, 51)));
-    EXPECT_FALSE(mask.contains(QPoint(100, 100)));
+    EXPECT_TRUE(Mask().contains(QPoint(51, 51)));
+    EXPECT_FALSE(Mask().contains(QPoint(100, 100)));
+    EXPECT_FALSE(Mask().contains(QPoint(60, 60)));
 }
 
-TEST(WindowRegions, ARegionGivenToTheWindowIsUsedUp) {
-    bench::Desk desk;
-    qt::WindowRegions regions(desk.screen, desk.form);
-    const int region = regions.CreateRectRgn(0, 0, 404, 326);
+TEST_F(MainWindowShape, CornersAsLargeAsTheBoxMakeAnEllipse) {
+    ports::Hole hole = SquareHole(52, 74, 100);
+    hole.corner_width = hole.corner_height = 100;
 
-    EXPECT_TRUE(regions.SetWindowRgn(region, true));
-    EXPECT_FALSE(regions.SetWindowRgn(region, true));
+    shape.SetHole(hole);
+    desk.screen.CatchUp();
+
+    EXPECT_TRUE(Mask().contains(QPoint(60, 60)));
+    EXPECT_FALSE(Mask().contains(QPoint(100, 52)));
+    EXPECT_FALSE(Mask().contains(QPoint(52, 100)));
 }
 
 }  // namespace
