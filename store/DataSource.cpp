@@ -22,7 +22,7 @@ struct Query {
 };
 
 // The clause of kSongById compares with a literal word and selects nothing: the walk does the choosing.
-std::optional<Query> Understand(std::string_view text) {
+std::optional<Query> ParseQuery(std::string_view text) {
     if (text == kSongById) return Query{kSongTable};
     if (text == kSongsByArtist) return Query{kSongTable, true};
     if (!base::StartsWith(text, kSelectAll)) return std::nullopt;
@@ -78,7 +78,7 @@ void DataSource::SetDatabaseName(Stores& stores, std::string_view path) {
 
 bool DataSource::Refresh() {
     if (!IsBound()) return false;
-    const std::optional<Query> query = Understand(record_source_);
+    const std::optional<Query> query = ParseQuery(record_source_);
     if (!query) return false;
     Table* const table = stores_->TableOf(path_, query->table);
     if (table == nullptr) return false;

@@ -28,7 +28,7 @@ private:
     SessionBus& bus_;
     bool wanted_ = false;
     bool asking_ = false;
-    /// What the service gave for its promise, to be given back; invalid while there is none.
+    /// The cookie or handle of the inhibition, to be released with it; invalid while there is none.
     QVariant receipt_;
     std::size_t held_by_ = 0;
 };

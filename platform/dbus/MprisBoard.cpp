@@ -33,10 +33,6 @@ QString NoTrack() {
 constexpr std::uint32_t kDoNotQueue = 4;
 constexpr std::uint32_t kOwner = 1;
 
-QString ToQt(const std::string& text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 /// By its bytes, so that any file of the system has an address.
 QString AddressOf(const std::string& path) {
     return QStringLiteral("file://") +
@@ -80,8 +76,8 @@ QVariantMap MetadataOf(const ports::NowPlaying& now) {
     const QString track = now.track > 0 ? TrackPrefix() + QString::number(now.track) : NoTrack();
     data.insert(QStringLiteral("mpris:trackid"), QVariant::fromValue(QDBusObjectPath(track)));
     if (now.track <= 0) return data;
-    data.insert(QStringLiteral("xesam:title"), ToQt(now.title));
-    data.insert(QStringLiteral("xesam:artist"), QStringList{ToQt(now.artist)});
+    data.insert(QStringLiteral("xesam:title"), QString::fromStdString(now.title));
+    data.insert(QStringLiteral("xesam:artist"), QStringList{QString::fromStdString(now.artist)});
     data.insert(QStringLiteral("xesam:url"), AddressOf(now.path));
     if (now.length > 0) data.insert(QStringLiteral("mpris:length"), static_cast<qlonglong>(now.length));
     return data;

@@ -1,5 +1,5 @@
 // The one media player of this program on the session bus: org.mpris.MediaPlayer2.brindlepost, or, when
-// another instance has that name, the same with ".instance" and the process number behind it.
+// another instance has that name, the same with ".instance" and the process number appended.
 #pragma once
 
 #include <QDBusMessage>

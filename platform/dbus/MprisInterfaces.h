@@ -1,8 +1,8 @@
 // The two interfaces of a media player on the session bus (MPRIS 2.2), which read and pass on what the board
 // knows. Qt finds slots and properties here by their names, so they are the interface's own.
 //
-// A call is answered before it is carried out: what it starts may ask the person something, and whoever
-// called must not wait for that.
+// A call is answered before it is carried out: what it starts may ask the user something, and the
+// caller must not wait for that.
 #pragma once
 
 #include <QDBusAbstractAdaptor>

@@ -19,7 +19,7 @@ class SessionBus final {
 public:
     /// The desktop's own bus, or the one at `address`.
     explicit SessionBus(QString address = {});
-    /// Leaves it.
+    /// Leaves the bus.
     ~SessionBus();
     SessionBus(const SessionBus&) = delete;
     SessionBus& operator=(const SessionBus&) = delete;
@@ -30,13 +30,13 @@ public:
     /// What `work` does as soon as the bus is joined, which may be never.
     void WhenJoined(std::function<void()> work);
 
-    /// Sends a message that nobody answers.
+    /// Sends a message without asking for a reply.
     void Tell(const QDBusMessage& message);
     /// Sends a call. `answered` gets the reply or the error, as an event.
     void Ask(const QDBusMessage& call, std::function<void(const QDBusMessage&)> answered);
 
-    /// Waits until every call is answered, or has been given up after two seconds. Whoever asked does this
-    /// before it goes, since the answers come to it.
+    /// Waits until every call is answered, or has been given up after two seconds. A caller does this
+    /// before it ends, since the answers come to it.
     void WaitForAnswers();
 
     QDBusConnection& Connection() { return connection_; }

@@ -6,6 +6,7 @@
 #include "base/Number.h"
 #include "platform/gstreamer/DeviceShare.h"
 #include "platform/gstreamer/MciErrors.h"
+#include "platform/gstreamer/Worker.h"
 
 namespace gstreamer {
 namespace {

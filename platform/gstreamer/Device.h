@@ -1,4 +1,4 @@
-// One open alias: what the player has told it, and the worker thread that carries it out.
+// One open alias: what the player has asked for, and the worker thread that carries it out.
 //
 // The calling thread writes down what is wanted and returns at once; the worker brings the pipeline there and
 // reports place and end. A wish that is overtaken by a later one is skipped, so a dragged marker costs one
@@ -46,7 +46,7 @@ public:
     int SetLevel(Channel channel, std::int64_t level);
     void SetTimeFormat(TimeFormat format) { format_ = format; }
     void PutPicture(const std::array<int, 4>& place);
-    /// The answer of a status command.
+    /// The answer to a status command.
     std::string Status(const Command& command);
 
     /// True once the worker of a device has ended.

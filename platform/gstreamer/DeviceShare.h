@@ -1,5 +1,5 @@
-// What the calling thread and the worker of a device have in common. All of it is guarded by `mutex`, but for
-// the levels, which guard themselves.
+// The state that the calling thread and the worker of a device share. All of it is guarded by `mutex`, except
+// the levels, which have their own lock.
 #pragma once
 
 #include <array>
@@ -51,17 +51,14 @@ struct DeviceShare {
     Wish wish;
     Mode mode = Mode::Stopped;
     bool closing = false;
-    bool event = false;         ///< the pipeline has something to tell
+    bool event = false;         ///< the pipeline has an event
     bool place_wanted = false;  ///< the anchor is old
     bool looking = false;       ///< a thread asks for a sound server
     bool server_found = false;  ///< it got an answer
 
     std::int64_t jump_done = 0;  ///< serial of the last jump that the pipeline has made
     Anchor anchor;
-    std::int64_t last_told = 0;  ///< a place that was told; the next is not before it
+    std::int64_t last_told = 0;  ///< the last place reported; the next is not before it
 };
-
-/// Runs a device until it is closed.
-void RunWorker(const std::shared_ptr<DeviceShare>& share);
 
 }  // namespace gstreamer

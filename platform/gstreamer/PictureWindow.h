@@ -18,15 +18,15 @@ public:
     /// A window of the size of `parent`, not yet to be seen. Null when there is no such window, or no display
     /// that has it.
     static std::unique_ptr<PictureWindow> In(std::int64_t parent);
-    /// Takes it from the screen. Nothing may draw into it any more.
+    /// Takes it from the screen; by now nothing may draw into it.
     ~PictureWindow();
     PictureWindow(const PictureWindow&) = delete;
     PictureWindow& operator=(const PictureWindow&) = delete;
 
     std::uintptr_t Handle() const { return picture_; }
-    /// Lets it be seen. It is on the screen when the call is back.
+    /// Shows it. It is on the screen when the call returns.
     void Show();
-    /// Left, top, width and height in the player's window, in pixels. It stands there when the call is back.
+    /// Left, top, width and height in the player's window, in pixels. It is there when the call returns.
     void Put(const std::array<int, 4>& place);
 
 private:

@@ -32,7 +32,7 @@ struct MediaFacts {
 
 enum class PipelineEvent { None, Ready, Ended, Broken, LengthChanged };
 
-/// What GStreamer's threads tell, for the worker to take.
+/// What GStreamer's threads report, for the worker to take.
 class EventQueue final {
 public:
     explicit EventQueue(std::function<void()> wake) : wake_(std::move(wake)) {}
@@ -66,12 +66,12 @@ public:
     /// Goes to `position` and runs to `stop` (negative: the end) at `rate`, keeping the pitch. What is still
     /// to be heard of the old place is dropped.
     bool Seek(std::int64_t position, std::int64_t stop, double rate);
-    /// -1 when it is not known now.
+    /// The place in the media; -1 when it is not known now.
     std::int64_t Position() const;
     /// A length of 0 is one that is not known.
     MediaFacts Facts() const;
     /// Puts the picture into a place of the window, in pixels; it keeps its proportions there, with black
-    /// beside it. True when it is seen in its new size only after the next jump, as while it stands still.
+    /// beside it. True when it is seen in its new size only after the next jump, as while it is paused.
     bool PutPicture(const std::array<int, 4>& place);
     /// Lowers the sound to nothing. What was to be heard before this call is heard within the time returned.
     std::chrono::milliseconds FadeOut();

@@ -8,7 +8,7 @@
 namespace gstreamer {
 
 /// The moment the first sample of a buffer at `pad` is heard. Now, when its sink runs on no clock, or when
-/// what the clock tells cannot be.
+/// its clock is implausible.
 std::chrono::steady_clock::time_point HeardAt(GstPad* pad, GstBuffer* buffer, GstElement* sink);
 
 }  // namespace gstreamer

@@ -1,8 +1,9 @@
+#include "platform/gstreamer/Worker.h"
+
 #include <algorithm>
 #include <thread>
 #include <utility>
 
-#include "platform/gstreamer/DeviceShare.h"
 #include "platform/gstreamer/MciErrors.h"
 
 namespace gstreamer {

@@ -15,7 +15,7 @@ namespace linux {
 std::string CommandText(const std::vector<std::string>& arguments, std::string_view working_folder,
                         const ports::Files& files);
 
-/// The folder the process was started in, as a native path; the root when the system does not tell.
+/// The folder the process was started in, as a native path; the root when it is not known.
 std::string WorkingFolder();
 
 }  // namespace linux

@@ -16,7 +16,7 @@
 
 namespace linux {
 
-/// Where the socket stands: a name in an open folder, so that the length of the folder's path does not
+/// Where the socket is: a name in an open folder, so that the length of the folder's path does not
 /// matter.
 struct SocketPlace {
     int folder = -1;
@@ -36,7 +36,7 @@ public:
     bool Listen(const SocketPlace& place);
     bool IsListening() const { return events_.IsOpen(); }
     int FileDescriptor() const { return events_.Number(); }
-    /// Tells the listener of every text that is complete. Never waits.
+    /// Notifies the listener of every text that is complete. Never waits.
     void Serve(ports::HandOffListener& listener);
     /// Stops listening; `place` is where it listened.
     void Close(const SocketPlace& place);

@@ -10,7 +10,7 @@
 
 namespace linux {
 
-/// The native path of the running program's file; empty when the system does not tell.
+/// The native path of the running program's file; empty when it is not known.
 std::string RunningProgram();
 
 class LinuxFiles final : public ports::Files {

@@ -11,7 +11,7 @@
 
 namespace linux {
 
-/// The volumes of a mount table in the form of /proc/self/mountinfo; lines that are none are passed over.
+/// The volumes of a mount table in the form of /proc/self/mountinfo; other lines are skipped.
 std::vector<base::Volume> VolumesFrom(std::string_view mount_table);
 
 class MountedVolumes {

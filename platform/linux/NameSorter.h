@@ -14,7 +14,7 @@ namespace linux {
 class Pace {
 public:
     explicit Pace(const ports::MayGoOn& may_go_on) : may_go_on_(may_go_on) {}
-    /// False when it is to be given up.
+    /// False when the work is cancelled.
     bool Step() { return ++steps_ % kStepsBetween != 0 || !may_go_on_ || may_go_on_(); }
 
 private:
@@ -28,7 +28,7 @@ private:
 class NameSorter {
 public:
     void Add(std::string name);
-    /// All names in the order of a sorted list; nothing when `pace` gave it up. Once, at the end.
+    /// All names in the order of a sorted list; nothing when `pace` cancelled it. Once, at the end.
     std::optional<std::vector<std::string>> Sorted(Pace& pace);
 
 private:

@@ -1,4 +1,4 @@
-// The computer's clock, and chance from its random device.
+// The computer's clock, and random numbers seeded from its random device.
 #pragma once
 
 #include <random>

@@ -1,4 +1,4 @@
-// Window services and the shape of the main window.
+// Places of windows on the screen, and the shape of the main window.
 #pragma once
 
 #include <optional>

@@ -10,7 +10,7 @@ namespace qt {
 /// may place themselves. To be called first of all, before any thread is started.
 void PrepareEnvironment();
 
-/// Empty when there is a display to show windows on; otherwise what to tell the person.
+/// Empty when there is a display to show windows on; otherwise the message for the user.
 std::string MissingDisplay();
 
 }  // namespace qt

@@ -2,7 +2,7 @@
 //
 // The window is made on the screen when it is first to be seen (or when the screen has nothing else to do),
 // so that the start pays for one window only; its timers run from the start. A new size or place that the
-// person or the window manager gives is written back once events have settled for a turn of the loop; what
+// user or the window manager gives is written back once events have settled for a turn of the loop; what
 // the window's own rules answer (a least size) is put on the screen when the dragging has paused.
 #pragma once
 
@@ -23,7 +23,7 @@ public:
     void Realise();
     /// Keeps the window over the main window, if it is on the screen.
     void LieOver(QWidget& main_window);
-    /// A window without a frame that may lie behind: it shows a picture.
+    /// A window without a frame that may lie under the others: it shows a picture.
     bool IsPicture() const;
     /// It is to be seen through the hole of the main window, if that has one, from right below.
     bool IsAtHole() const;

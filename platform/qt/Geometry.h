@@ -27,7 +27,7 @@ QPointF InScaleOf(const controls::Control& control, const QPointF& pixels);
 
 /// Place on the screen of a window's content and menu bar.
 QRect ClientRect(const controls::Form& form);
-/// Moves the window to where its content and menu bar stand on the screen. False when it stood there already.
+/// Moves the window to where its content and menu bar are on the screen. False when it was there already.
 bool TakeClientRect(controls::Form& form, const QRect& client);
 
 }  // namespace qt

@@ -1,12 +1,13 @@
+#include "platform/qt/ImageMirror.h"
+
 #include <QLabel>
 #include <QPainter>
 #include <QToolButton>
 
 #include "platform/qt/Geometry.h"
-#include "platform/qt/Looks.h"
 #include "platform/qt/Pictures.h"
-#include "platform/qt/SimpleMirrors.h"
 #include "platform/qt/Skin.h"
+#include "platform/qt/SliderPainting.h"
 
 namespace qt {
 namespace {

@@ -1,37 +1,53 @@
+#include "platform/qt/LabelMirror.h"
+
 #include <QLabel>
 #include <QPainter>
 
+#include "controls/Simple.h"
 #include "platform/qt/Geometry.h"
-#include "platform/qt/Looks.h"
-#include "platform/qt/SimpleMirrors.h"
 #include "platform/qt/Skin.h"
+#include "platform/qt/SliderPainting.h"
 
 namespace qt {
 namespace {
 
 using controls::Property;
 
+// True when the label lies on the face of the tab in front.
+bool StandsOnPaleFace(const controls::Control& label) {
+    if (label.Parent() == nullptr) return false;
+    const QPoint centre = PixelRect(label).center();
+    bool pale = false;
+    for (const controls::Control* other : label.Parent()->Children()) {
+        if (other == &label) break;
+        if (other->ControlKind() != controls::Kind::Image || !other->Visible()) continue;
+        if (!PixelRect(*other).contains(centre)) continue;
+        pale = static_cast<const controls::Image*>(other)->Picture().find("pale") != std::string::npos;
+    }
+    return pale;
+}
+
 struct Writing {
-    QFont font = skin::Letters();
+    QFont font = skin::TextFont();
     QRgb colour = skin::kText;
     int indent = 0;
 };
 
 Writing WritingOf(const controls::Label& label, bool pointed_at) {
     const std::string& look = label.Look();
-    if (look == "heading") return {skin::HeadingLetters(), skin::kMuted};
-    if (look == "title") return {skin::Letters(15), skin::kText};
-    if (look == "muted") return {skin::Letters(), skin::kMuted};
-    if (look == "status") return {skin::Letters(skin::kSmallSize), skin::kMuted};
-    if (look == "display" || look == "accent") return {skin::Letters(), skin::kAccent};
-    if (look == "well" || look == "raised" || look == "panel") return {skin::Letters(), skin::kText, 10};
-    if (look == "button") return {skin::Letters(), pointed_at ? skin::kKnob : skin::kAccent};
-    if (look == "warning") return {skin::Letters(), skin::kWarning};
-    if (look == "caption") return {skin::Letters(), skin::kText, 10};
-    if (look == "tab front") return {skin::Letters(), skin::kInk};
-    if (look == "tab") return {skin::Letters(), StandsOnPaleFace(label) ? skin::kInk : 0xffd9cdbf};
+    if (look == "heading") return {skin::HeadingFont(), skin::kMuted};
+    if (look == "title") return {skin::TextFont(15), skin::kText};
+    if (look == "muted") return {skin::TextFont(), skin::kMuted};
+    if (look == "status") return {skin::TextFont(skin::kSmallSize), skin::kMuted};
+    if (look == "display" || look == "accent") return {skin::TextFont(), skin::kAccent};
+    if (look == "well" || look == "raised" || look == "panel") return {skin::TextFont(), skin::kText, 10};
+    if (look == "button") return {skin::TextFont(), pointed_at ? skin::kKnob : skin::kAccent};
+    if (look == "warning") return {skin::TextFont(), skin::kWarning};
+    if (look == "caption") return {skin::TextFont(), skin::kText, 10};
+    if (look == "tab front") return {skin::TextFont(), skin::kInk};
+    if (look == "tab") return {skin::TextFont(), StandsOnPaleFace(label) ? skin::kInk : 0xffd9cdbf};
     if (look == "link") {
-        Writing link{skin::Letters(), skin::kAccent};
+        Writing link{skin::TextFont(), skin::kAccent};
         link.font.setUnderline(pointed_at);
         return link;
     }

@@ -115,7 +115,7 @@ Application::Application(const char* program, Loop& loop)
     setApplicationName(QStringLiteral("Brindlepost"));
     setApplicationDisplayName(QString());
     setDesktopFileName(QStringLiteral("brindlepost"));
-    DressApplication(*this);
+    ApplySkin(*this);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

@@ -39,7 +39,7 @@ public:
     int Run();
     void Quit(int exit_code = 0);
 
-    /// Around everything that runs events inside a handler. A person who is asked something sees the common
+    /// Around everything that runs events inside a handler. A user who is asked something sees the common
     /// pointer meanwhile.
     class Nested {
     public:

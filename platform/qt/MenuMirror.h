@@ -14,7 +14,7 @@ class MenuMirror final : public Mirror {
 public:
     MenuMirror(Stage& stage, controls::Menu& menu);
 
-    /// What stands for the entry in the menu or bar above it.
+    /// The entry's item in the menu or bar above it.
     QAction* Action() const { return action_.get(); }
     /// Shows the entries at the pointer.
     void PopUp();

@@ -23,7 +23,7 @@ public:
     controls::Control& Mirrored() const { return control_; }
     /// What shows the control; null for a timer or a menu.
     virtual QWidget* Widget() const { return nullptr; }
-    /// What the widgets of contained controls stand in.
+    /// The parent of the widgets of contained controls.
     virtual QWidget* Inside() const { return Widget(); }
     /// Applies what has changed, except what has to wait for all other controls: order, focus and pop-ups.
     void CatchUp();
@@ -33,7 +33,7 @@ public:
 
 protected:
     void OnPropertyChanged(controls::Control& control, controls::Property property) override;
-    /// Shows the property as it now stands.
+    /// Shows the property's present value.
     virtual void Apply(controls::Property property) = 0;
     /// True for a property that cannot wait; Apply is called inside the report then.
     virtual bool IsUrgent(controls::Property /*property*/) const { return false; }

@@ -20,8 +20,6 @@ public:
     /// itself. The engine belongs to the factory and lives as long as it; when the widget goes before, it
     /// does nothing more. Null when pages cannot be shown here.
     virtual ports::BrowserControl* MakePage(controls::WebBrowser& browser, QWidget* parent) = 0;
-    /// Forgets cookies and everything else that pages have left: at a log out.
-    virtual void ForgetVisits() {}
 };
 
 }  // namespace qt

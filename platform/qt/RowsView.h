@@ -1,8 +1,8 @@
 // A list of rows of one height that asks for the text of the rows it draws and for no other, so that a
-// million rows cost what a screenful costs. It chooses nothing by itself: what the person picks is told
-// through the callbacks, and the row shown as chosen is what it is told.
+// million rows cost what a screenful costs. It has no selection of its own: what the user picks is notified
+// through the callbacks, and the row shown as chosen is set from outside.
 //
-// A list that is filled anew with much the same rows keeps its place: the row at the top is looked for near
+// A list that is filled again with much the same rows keeps its place: the row at the top is looked for near
 // where it was. Any other fill begins at the top. Where the choice went with its row, the arrow keys go on
 // from there.
 #pragma once
@@ -18,7 +18,7 @@
 
 namespace qt {
 
-/// The rows of a list box, counted when told to.
+/// The rows of a list box; their number is taken over by a call.
 class RowsModel final : public QAbstractListModel {
 public:
     RowsModel(const controls::ListBox& list, QObject* parent) : QAbstractListModel(parent), list_(list) {}

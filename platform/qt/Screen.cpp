@@ -9,6 +9,8 @@
 #include "controls/Simple.h"
 #include "platform/qt/FormMirror.h"
 #include "platform/qt/Geometry.h"
+#include "platform/qt/ImageMirror.h"
+#include "platform/qt/LabelMirror.h"
 #include "platform/qt/ListMirrors.h"
 #include "platform/qt/MenuMirror.h"
 #include "platform/qt/SimpleMirrors.h"

@@ -1,7 +1,7 @@
-// The screen: mirrors of windows and of all that stands in them.
+// The screen: mirrors of windows and of all controls in them.
 //
-// A window is adopted once, at the start; what is put into it later (members of control arrays) comes to the
-// screen by itself. The adopted windows, their menus and the loop must outlive the screen.
+// A window is adopted once, at the start; what is put into it later (members of control arrays) is
+// mirrored too. The adopted windows, their menus and the loop must outlive the screen.
 #pragma once
 
 #include <QRegion>
@@ -45,11 +45,11 @@ public:
     /// The widget of a control; null if it has none.
     QWidget* WidgetOf(const controls::Control& control) const;
     /// Gives the main window a shape, in pixels of its widget, at the end of the handler; an empty one makes
-    /// it whole. Of several only the last counts, so a hole that is closed and cut anew does not flicker.
+    /// it whole. Of several only the last counts, so a hole that is closed and cut again does not flicker.
     void ShapeMainWindow(QRegion shape);
-    /// Brings all widgets up to date with their controls. It happens by itself at the end of every handler.
+    /// Brings all widgets up to date with their controls. It happens at the end of every handler anyway.
     void CatchUp();
-    /// Makes page engines from now on, and those asked for before. It happens by itself a moment after the
+    /// Makes page engines from now on, and those asked for before. It happens anyway a moment after the
     /// first paint.
     void ReleasePages() { pages_.Release(); }
     /// Called once, after the first window has been painted.

@@ -1,4 +1,4 @@
-// Mirrors of the small controls: label, image, line, progress bar, check box, button, and of the timer.
+// Mirrors of the small controls: line, progress bar, check box, button, and of the timer.
 #pragma once
 
 #include <QTimer>
@@ -7,28 +7,6 @@
 #include "platform/qt/WidgetMirror.h"
 
 namespace qt {
-
-class LabelMirror final : public WidgetMirror {
-public:
-    LabelMirror(Stage& stage, controls::Label& label, QWidget* container);
-
-private:
-    void Apply(controls::Property property) override;
-    QString SpokenName() const override;
-    bool PressEnter() override;
-    controls::Label& label_;
-};
-
-class ImageMirror final : public WidgetMirror {
-public:
-    ImageMirror(Stage& stage, controls::Image& image, QWidget* container);
-
-private:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    bool PressEnter() override;
-    void Light();
-    controls::Image& image_;
-};
 
 class LineMirror final : public WidgetMirror {
 public:

@@ -7,7 +7,7 @@
 namespace qt::skin {
 namespace {
 
-QFont MakeLetters(int pixels) {
+QFont MakeFont(int pixels) {
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPixelSize(pixels);
     font.setStyleHint(QFont::SansSerif);
@@ -27,14 +27,14 @@ QPen RoundPen(QColor colour, double width) {
 
 }  // namespace
 
-QFont Letters(int pixels) {
-    static const QFont usual = MakeLetters(kTextSize);
-    return pixels == kTextSize ? usual : MakeLetters(pixels);
+QFont TextFont(int pixels) {
+    static const QFont usual = MakeFont(kTextSize);
+    return pixels == kTextSize ? usual : MakeFont(pixels);
 }
 
-QFont HeadingLetters() {
+QFont HeadingFont() {
     static const QFont font = [] {
-        QFont wide = MakeLetters(kSmallSize);
+        QFont wide = MakeFont(kSmallSize);
         wide.setLetterSpacing(QFont::AbsoluteSpacing, 0.6);
         return wide;
     }();

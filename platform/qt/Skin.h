@@ -1,4 +1,4 @@
-// The skin: colours, letters and the looks that a control may ask for by name.
+// The skin: colours, fonts and the looks that a control may ask for by name.
 //
 // A control's Look() is one of these names; an unknown or empty name is the plain look of its kind.
 //
@@ -85,10 +85,10 @@ inline constexpr int kPanelCorner = 7;
 inline constexpr int kTextSize = 13;
 inline constexpr int kSmallSize = 11;
 
-/// The skin's letters, in pixels.
-QFont Letters(int pixels = kTextSize);
-/// Small, wide-set capitals; the text itself has to be in upper case.
-QFont HeadingLetters();
+/// The skin's font; the size is its pixel size.
+QFont TextFont(int pixels = kTextSize);
+/// Small and wide-set, for headings; the text itself has to be in upper case.
+QFont HeadingFont();
 
 enum class Arrow { Left, Right, Up, Down };
 

@@ -325,12 +325,12 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     }
 }
 
-void DressApplication(QApplication& application) {
+void ApplySkin(QApplication& application) {
     application.setEffectEnabled(Qt::UI_AnimateMenu, false);
     application.setEffectEnabled(Qt::UI_AnimateCombo, false);
     QApplication::setStyle(new SkinStyle);
     QApplication::setPalette(SkinPalette());
-    QApplication::setFont(skin::Letters());
+    QApplication::setFont(skin::TextFont());
 }
 
 }  // namespace qt

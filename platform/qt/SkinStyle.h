@@ -1,4 +1,4 @@
-// The skin for what Qt draws by itself: menus, scroll bars, boxes, tool tips.
+// The skin for what Qt draws on its own: menus, scroll bars, boxes, tool tips.
 #pragma once
 
 #include <QApplication>
@@ -30,7 +30,7 @@ private:
     void DrawComboBox(const QStyleOptionComplex& option, QPainter& painter) const;
 };
 
-/// Style, colours and letters of the whole program.
-void DressApplication(QApplication& application);
+/// Gives the program the skin's style, palette and font.
+void ApplySkin(QApplication& application);
 
 }  // namespace qt

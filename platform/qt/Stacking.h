@@ -1,11 +1,11 @@
-// The order of windows on the screen, where the toolkit has no word for it.
+// The order of windows on the screen, where the toolkit has no call for it.
 #pragma once
 
 #include <QWidget>
 
 namespace qt {
 
-/// Asks the window manager to put `lower` right below `upper`. While the person works in another program
+/// Asks the window manager to put `lower` right below `upper`. While the user works in another program
 /// nothing is raised over that: `lower` goes below everything, and the next call puts it right.
 void PutBelow(QWidget& lower, QWidget& upper);
 

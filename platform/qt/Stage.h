@@ -1,4 +1,4 @@
-// What the mirrors of controls need of the screen they stand on.
+// What the mirrors of controls need of the screen that shows them.
 #pragma once
 
 #include <QString>
@@ -32,7 +32,7 @@ public:
     virtual Loop& Events() = 0;
     /// A path as a drop brings it, in the form the controls speak.
     virtual std::string DriveForm(const std::string& native_path) const = 0;
-    /// An engine for the control, at once where that is allowed already; its page stands in `place`.
+    /// An engine for the control, at once where that is allowed already; its page is put into `place`.
     virtual void WantPage(controls::WebBrowser& browser, QWidget& place) = 0;
 
     /// The window that others are centred over; null when it is not to be seen.
@@ -46,7 +46,7 @@ public:
     /// window lies right below it from now on.
     virtual void StackPictures() = 0;
     virtual void OnFirstPaint() = 0;
-    /// The person presses in a window. A picture window is activated by that, before the press is told.
+    /// The user presses in a window. That activates a picture window, before the press is reported.
     virtual void OnPressed(controls::Control& window) = 0;
     /// The window manager has put the keyboard into the window.
     virtual void OnActivated(controls::Form& form) = 0;

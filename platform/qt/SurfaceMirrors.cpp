@@ -6,8 +6,8 @@
 
 #include "platform/qt/Geometry.h"
 #include "platform/qt/Keys.h"
-#include "platform/qt/Looks.h"
 #include "platform/qt/Skin.h"
+#include "platform/qt/SliderPainting.h"
 
 namespace qt {
 namespace {
@@ -25,7 +25,7 @@ protected:
         QPainter painter(this);
         if (!skin::Surface(painter, rect(), frame_.Look())) skin::Surface(painter, rect(), "panel");
         if (frame_.Caption().empty()) return;
-        painter.setFont(skin::HeadingLetters());
+        painter.setFont(skin::HeadingFont());
         painter.setPen(QColor(skin::kMuted));
         painter.drawText(rect().adjusted(12, 8, -12, 0), Qt::AlignLeft | Qt::AlignTop,
                          ToQt(frame_.Caption()).toUpper());

@@ -1,4 +1,4 @@
-// Mirrors of what others stand in, besides windows: frame, picture box and the place of a page.
+// Mirrors of containers other than windows: frame, picture box and the place of a page.
 #pragma once
 
 #include "controls/Surfaces.h"
@@ -7,7 +7,7 @@
 
 namespace qt {
 
-/// Makes the mirrors of everything that stands in `container`, bottom first.
+/// Makes the mirrors of all controls in `container`, bottom first.
 void MirrorChildren(Stage& stage, controls::Container& container, QWidget* inside);
 
 class FrameMirror final : public WidgetMirror {

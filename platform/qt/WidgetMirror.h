@@ -13,13 +13,13 @@ class WidgetMirror : public Mirror {
 public:
     QWidget* Widget() const override { return widget_; }
 
-    /// Shows everything as it stands; called once, after the widget was made.
+    /// Shows every property; called once, after the widget was made.
     void ShowAll();
 
 protected:
     WidgetMirror(Stage& stage, controls::Control& control) : Mirror(stage, control) {}
 
-    /// To be called by the constructor of the kind. `surface` is the part of the widget that the person
+    /// To be called by the constructor of the kind. `surface` is the part of the widget that the user
     /// points at, when that is another widget.
     void SetWidget(QWidget* widget, QWidget* surface = nullptr);
     /// One more part of the widget that takes the keyboard.
@@ -33,7 +33,7 @@ protected:
     /// What a screen reader says when the control was given no better name.
     virtual QString SpokenName() const;
     virtual void Place();
-    /// How far the control's content is scrolled up, in pixels: a drop is told by its place in the content.
+    /// How far the control's content is scrolled up, in pixels: drops count places in the content.
     virtual int ScrolledUp() const { return 0; }
     /// Raises the key at the nearest container that listens; true when the key is used up.
     bool KeyPressed(const QKeyEvent& event);

@@ -1,4 +1,4 @@
-// A connection and its statements, closed by themselves, and the engine's errors in the words of the port.
+// A connection and its statements, closed automatically, and the engine's errors in the words of the port.
 #pragma once
 
 #include <sqlite3.h>
@@ -28,13 +28,13 @@ ports::DatabaseResult LastError(sqlite3* connection);
 /// error.
 ports::DatabaseResult Connect(const std::string& name, int flags, Connection& connection);
 
-/// Null after an error, which LastError then tells.
+/// Null after an error, which LastError then returns.
 Statement Prepare(sqlite3* connection, const std::string& sql);
 
-/// Runs statements whose rows nobody wants.
+/// Runs statements and ignores their rows.
 ports::DatabaseResult Execute(sqlite3* connection, const char* sql);
 
-/// A name as it stands in a statement.
+/// A name quoted for use in a statement.
 std::string Quoted(std::string_view name);
 
 }  // namespace sqlite

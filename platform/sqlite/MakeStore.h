@@ -18,7 +18,7 @@ struct StartingRow {
 };
 
 /// Makes a new file with all tables of the layout and the rows, numbered from 1 in each table. An owner-only
-/// file has that mode from its first byte on. Fails, without touching it, when something stands at the path.
+/// file has that mode from its first byte on. Fails, without touching it, when the path is in use.
 ports::DatabaseResult MakeStore(const std::string& native_path, const ports::StoreLayout& layout,
                                 std::span<const StartingRow> rows);
 

@@ -36,7 +36,7 @@ private:
     const ports::StoreLayout& layout_;
     Connection connection_;
     struct stat identity_ = {};
-    bool can_write_ = false;  // as far as the opening told
+    bool can_write_ = false;  // as far as is known since the opening
     bool keeps_log_ = false;  // the write-ahead log is on
 };
 

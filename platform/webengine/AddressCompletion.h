@@ -1,4 +1,4 @@
-// What a browser makes of an address as a person types it.
+// What a browser makes of an address as the user types it.
 #pragma once
 
 #include <QUrl>

@@ -1,7 +1,5 @@
 #include "platform/webengine/EngineFactory.h"
 
-#include <QWebEngineCookieStore>
-
 #include "platform/webengine/DownloadName.h"
 
 namespace webengine {
@@ -32,12 +30,6 @@ ports::BrowserControl* EngineFactory::MakePage(controls::WebBrowser& /*browser*/
     pages_.push_back(
         std::make_unique<EnginePage>(profile_.get(), settings_.to_native_path, windows_, parent));
     return pages_.back().get();
-}
-
-void EngineFactory::ForgetVisits() {
-    profile_->cookieStore()->deleteAllCookies();
-    profile_->clearHttpCache();
-    profile_->clearAllVisitedLinks();
 }
 
 // Whatever name the server gives, the file ends in the download folder under a name that is free there.

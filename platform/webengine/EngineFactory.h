@@ -1,7 +1,7 @@
 // The engine's profile and its pages.
 //
 // The profile keeps nothing on the disk: several people share the program, each with a login of their own,
-// and what one of them visited is nobody else's business. It begins with the first page and ends after the
+// and what one of them visited must not outlast the run. It begins with the first page and ends after the
 // last.
 #pragma once
 
@@ -12,6 +12,7 @@
 
 #include "platform/qt/PageFactory.h"
 #include "platform/webengine/EnginePage.h"
+#include "platform/webengine/LimitedPage.h"
 #include "platform/webengine/MakerPages.h"
 #include "platform/webengine/PageSettings.h"
 
@@ -23,7 +24,6 @@ public:
     ~EngineFactory() override;
 
     ports::BrowserControl* MakePage(controls::WebBrowser& browser, QWidget* parent) override;
-    void ForgetVisits() override;
 
 private:
     void TakeDownload(QWebEngineDownloadRequest* download);

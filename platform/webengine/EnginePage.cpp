@@ -7,6 +7,8 @@
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
 
+#include "platform/webengine/LimitedPage.h"
+
 namespace webengine {
 
 namespace {

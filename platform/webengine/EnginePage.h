@@ -1,10 +1,10 @@
 // One page of the engine.
 //
-// Invariants. The address told is that of the document shown, never that of one on its way. A document counts
-// as arrived when the engine has put it in the place of the old one, even if pictures still come; it is told
-// once. A navigation that fails leaves what was there: with its error pages off, the engine drops it. How
-// often a page may bother a person is limited. A renderer that died is started once more by itself; after
-// that a notice offers to.
+// Invariants. The address reported is that of the document shown, never of one on its way. A document counts
+// as arrived when the engine has put it in the place of the old one, even if pictures still come; it is
+// reported once. A navigation that fails leaves what was there: with its error pages off, the engine drops
+// it. How often a page may bother the user is limited. A renderer that died is restarted once automatically;
+// after that a notice offers to.
 #pragma once
 
 #include <QPointer>
@@ -25,45 +25,7 @@
 
 namespace webengine {
 
-class EnginePage;
-
-/// How often a page may put a box before the person, and how many windows all pages together may open, until
-/// the person does something or half a minute was quiet.
-inline constexpr int kMostBoxes = 3;
-inline constexpr int kMostWindows = 20;
-
-/// The engine's page, with what a document may do.
-class LimitedPage final : public QWebEnginePage {
-public:
-    LimitedPage(QWebEngineProfile* profile, EnginePage& owner, Quota& windows);
-
-    /// The person has sent the page somewhere: it may ask and open again.
-    void RenewQuotas() {
-        boxes_.Renew();
-        windows_.Renew();
-    }
-
-protected:
-    QWebEnginePage* createWindow(WebWindowType type) override;
-    bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool is_main_frame) override;
-    void javaScriptAlert(const QUrl& origin, const QString& text) override;
-    bool javaScriptConfirm(const QUrl& origin, const QString& text) override;
-    bool javaScriptPrompt(const QUrl& origin, const QString& text, const QString& given,
-                          QString* result) override;
-    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int,
-                                  const QString&) override {}
-    QStringList chooseFiles(FileSelectionMode mode, const QStringList& old,
-                            const QStringList& kinds) override;
-
-private:
-    void RefuseRequests();
-    void AskForPassword(const QUrl& url, QAuthenticator* authenticator);
-    bool MayAsk();
-
-    EnginePage& owner_;
-    Quota boxes_{kMostBoxes};
-    Quota& windows_;
-};
+class LimitedPage;
 
 class EnginePage final : public QObject, public ports::BrowserControl {
 public:
@@ -80,7 +42,7 @@ public:
     bool Busy() const override { return view_ != nullptr && busy_; }
     void WorkOnDocument(const std::vector<ports::ElementStep>& steps) override;
 
-    // What the page tells its owner.
+    // Notifications of the page to its owner.
     void OnFrame(const QUrl& url);
     QWebEnginePage* OnWindowWanted();
     bool IsShown() const { return view_ != nullptr && view_->isVisible(); }

@@ -1,3 +1,5 @@
+#include "platform/webengine/LimitedPage.h"
+
 #include <QAuthenticator>
 #include <QDialog>
 #include <QDialogButtonBox>

@@ -14,7 +14,7 @@ QByteArray MakerScheme();
 /// Makes the scheme known; to be called once, before the first profile.
 void RegisterMakerScheme();
 
-/// The resource that an address of the scheme stands for; empty for one that is no page of it. What counts is
+/// The resource that an address of the scheme names; empty for one that is no page of it. What counts is
 /// "page3" (help, updates) and "origin" (Brindlepost_BG is the backdrop); everything else on "/" and
 /// "/index.php" is the start page.
 QString MakerPageOf(const QUrl& address);

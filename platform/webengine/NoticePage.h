@@ -1,4 +1,4 @@
-// What stands in a tab where no page can be shown: a few words that say why.
+// What a tab shows where no page can be shown: a few words that say why.
 #pragma once
 
 #include <QLabel>
@@ -27,7 +27,7 @@ private:
     QPushButton* button_;
 };
 
-/// A page engine without pages. It goes nowhere; the notice stands in the parent.
+/// A page engine without pages. It goes nowhere; the notice fills the parent.
 class NoticePage final : public QObject, public ports::BrowserControl {
 public:
     NoticePage(const std::string& words, QWidget* parent) {

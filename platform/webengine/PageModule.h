@@ -14,7 +14,7 @@
 
 namespace webengine {
 
-/// Why no page can be shown here, in words for a person; empty when pages can be shown. The engine ends the
+/// Why no page can be shown here, in words for the user; empty when pages can be shown. The engine ends the
 /// whole process where its sandbox cannot work (as root, or where the system forbids user namespaces), so
 /// this asks first.
 std::string WhyNoPages();
@@ -22,10 +22,8 @@ std::string WhyNoPages();
 std::string WhyNoPages(bool is_root, bool has_user_namespaces);
 
 /// Loads the module that lies in `folder`. Before that it puts the program's own engine flags in the place of
-/// whatever the environment holds, so that nobody can open a debugging port, start programs or switch the
-/// sandbox off with them.
-///  Never null: when pages cannot be shown, the factory makes notices that say
-/// why.
+/// whatever the environment holds, so that it cannot open a debugging port, start programs or switch the
+/// sandbox off with them. Never null: when pages cannot be shown, the factory makes notices that say why.
 std::unique_ptr<qt::PageFactory> LoadPages(const std::string& folder, const PageSettings& settings);
 
 }  // namespace webengine

@@ -1,4 +1,4 @@
-// What the pages need of the program.
+// What the program passes to the page module.
 #pragma once
 
 #include <functional>

@@ -5,8 +5,8 @@
 
 namespace webengine {
 
-/// `most` times; the count begins again when nothing was asked for in the last half minute, or when it is
-/// told to.
+/// `most` times; the count begins again when nothing was asked for in the last half minute, or by
+/// Renew.
 class Quota final {
 public:
     explicit Quota(int most) : most_(most) {}

@@ -66,8 +66,8 @@ TEST(Skin, AGrooveIsFilledAsFarAsToldAndNoFarther) {
 }
 
 TEST(Skin, LettersHaveTheSizeInPixels) {
-    EXPECT_EQ(qt::skin::Letters().pixelSize(), 13);
-    EXPECT_EQ(qt::skin::HeadingLetters().pixelSize(), 11);
+    EXPECT_EQ(qt::skin::TextFont().pixelSize(), 13);
+    EXPECT_EQ(qt::skin::HeadingFont().pixelSize(), 11);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
-#include "platform/qt/Looks.h"
+#include "platform/qt/SliderPainting.h"
 
-#include "controls/Simple.h"
 #include "platform/qt/Geometry.h"
 #include "platform/qt/Skin.h"
 
@@ -48,19 +47,6 @@ bool DrawMarker(QPainter& painter, const QRect& rect, std::string_view look) {
         return false;
     }
     return true;
-}
-
-bool StandsOnPaleFace(const controls::Control& label) {
-    if (label.Parent() == nullptr) return false;
-    const QPoint centre = PixelRect(label).center();
-    bool pale = false;
-    for (const controls::Control* other : label.Parent()->Children()) {
-        if (other == &label) break;
-        if (other->ControlKind() != controls::Kind::Image || !other->Visible()) continue;
-        if (!PixelRect(*other).contains(centre)) continue;
-        pale = static_cast<const controls::Image*>(other)->Picture().find("pale") != std::string::npos;
-    }
-    return pale;
 }
 
 }  // namespace qt

@@ -1,4 +1,4 @@
-// Looks that depend on other controls: bars filled up to their markers, text on tabs.
+// Sliders: bars that are filled up to the marker on them, and the markers.
 #pragma once
 
 #include <QPainter>
@@ -12,7 +12,5 @@ namespace qt {
 bool DrawBar(QPainter& painter, const QRect& rect, const controls::Control& bar);
 /// Draws a "marker" or "fademarker"; false, and nothing drawn, for another look.
 bool DrawMarker(QPainter& painter, const QRect& rect, std::string_view look);
-/// True when the label stands on the face of a tab that is in front.
-bool StandsOnPaleFace(const controls::Control& label);
 
 }  // namespace qt

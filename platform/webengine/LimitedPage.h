@@ -1,0 +1,56 @@
+// The engine's page with what a document may do: no request for a permission is granted, and boxes and new
+// windows are limited.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QUrl>
+#include <QWebEnginePage>
+
+#include "platform/webengine/Quota.h"
+
+class QAuthenticator;
+class QWebEngineProfile;
+
+namespace webengine {
+
+class EnginePage;
+
+/// How often a page may show the user a box, and how many windows all pages together may open, until the
+/// user does something or half a minute was quiet.
+inline constexpr int kMostBoxes = 3;
+inline constexpr int kMostWindows = 20;
+
+class LimitedPage final : public QWebEnginePage {
+public:
+    LimitedPage(QWebEngineProfile* profile, EnginePage& owner, Quota& windows);
+
+    /// The user has sent the page somewhere: it may ask and open again.
+    void RenewQuotas() {
+        boxes_.Renew();
+        windows_.Renew();
+    }
+
+protected:
+    QWebEnginePage* createWindow(WebWindowType type) override;
+    bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool is_main_frame) override;
+    void javaScriptAlert(const QUrl& origin, const QString& text) override;
+    bool javaScriptConfirm(const QUrl& origin, const QString& text) override;
+    bool javaScriptPrompt(const QUrl& origin, const QString& text, const QString& given,
+                          QString* result) override;
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int,
+                                  const QString&) override {}
+    QStringList chooseFiles(FileSelectionMode mode, const QStringList& old,
+                            const QStringList& kinds) override;
+
+private:
+    void RefuseRequests();
+    void AskForPassword(const QUrl& url, QAuthenticator* authenticator);
+    bool MayAsk();
+
+    EnginePage& owner_;
+    Quota boxes_{kMostBoxes};
+    Quota& windows_;
+};
+
+}  // namespace webengine
