@@ -20,6 +20,7 @@ import sys
 import tempfile
 import threading
 import time
+import traceback
 
 SAMPLE_RATE = 44100
 NOBODY = "65534"
@@ -414,6 +415,28 @@ class Stage:
         for log in self._logs:
             log.close()
         self._logs.clear()
+
+    def tell_failure(self, name, picture):
+        """Prints what failed, the exception that is being handled, what the program said and where a picture of the
+        screen is."""
+        shot = self.screenshot(self.folder / picture)
+        print(f"FAILED {name}")
+        traceback.print_exc(file=sys.stdout)
+        print(f"The program says:\n{self.program_output()[-3000:]}")
+        print(f"Screenshot: {shot}\nLogs: {self.folder}", flush=True)
+
+    def run_steps(self, steps, *arguments, picture="failure.png"):
+        """Calls the steps in order and prints a line for each; False at the first that fails, which is told."""
+        for step in steps:
+            name = step.__name__.replace("_", " ")
+            begin = time.monotonic()
+            try:
+                step(*arguments)
+            except Exception:
+                self.tell_failure(name, picture)
+                return False
+            print(f"ok {name} ({time.monotonic() - begin:.1f} s)", flush=True)
+        return True
 
     def remove(self):
         shutil.rmtree(self.folder, ignore_errors=True)

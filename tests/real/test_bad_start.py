@@ -374,22 +374,12 @@ def run(scene, case, number):
     person.application = scene.make_application(f"app{number}")
     person.eyes = stage.Eyes()
     person.program = None
-    begin = time.monotonic()
-    name = case.__name__.replace("_", " ")
     try:
-        case(person)
-    except Exception:
-        picture = scene.screenshot(scene.folder / f"failure-{number:02d}.png")
-        print(f"FAILED {name}")
-        traceback.print_exc(file=sys.stdout)
-        print(f"Screenshot: {picture}\nLogs: {scene.folder}", flush=True)
-        return False
+        return scene.run_steps([case], person, picture=f"failure-{number:02d}.png")
     finally:
         person.end()
         for log in scene.folder.glob("program-*.log"):
             log.rename(log.with_name(f"case{number}-{log.name}"))
-    print(f"ok {name} ({time.monotonic() - begin:.1f} s)", flush=True)
-    return True
 
 
 def started_as_root(build):

@@ -8,8 +8,6 @@ import pathlib
 import signal
 import subprocess
 import sys
-import time
-import traceback
 import urllib.parse
 
 from gi.repository import GLib
@@ -316,19 +314,12 @@ def main():
     with Stage(build) as scene:
         person = Listener(scene)
         try:
-            for step in person.steps():
-                begin = time.monotonic()
-                step()
-                print(f"ok {step.__name__.replace('_', ' ')} ({time.monotonic() - begin:.1f} s)", flush=True)
-        except Exception:
-            picture = scene.screenshot(scene.folder / "failure.png")
-            traceback.print_exc(file=sys.stdout)
-            print(f"The program says:\n{scene.program_output()[-3000:]}\nScreenshot: {picture}", flush=True)
-            return 1
+            is_done = scene.run_steps(person.steps())
         finally:
             person.close()
-    scene.remove()
-    return 0
+    if is_done:
+        scene.remove()
+    return 0 if is_done else 1
 
 
 if __name__ == "__main__":

@@ -10,7 +10,6 @@ import signal
 import sqlite3
 import sys
 import time
-import traceback
 
 import stage
 from stage import Stage, make_tone, wait_for
@@ -120,16 +119,12 @@ def main():
     with Stage(build) as scene:
         listener = Listener(scene)
         try:
-            listener.walk()
-        except Exception:
-            picture = scene.screenshot(scene.folder / "failure.png")
-            traceback.print_exc(file=sys.stdout)
-            print(f"The program says:\n{scene.program_output()[-3000:]}\nScreenshot: {picture}", flush=True)
-            return 1
+            is_done = scene.run_steps([listener.walk])
         finally:
             listener.close()
-    scene.remove()
-    return 0
+    if is_done:
+        scene.remove()
+    return 0 if is_done else 1
 
 
 if __name__ == "__main__":

@@ -13,7 +13,6 @@ import subprocess
 import sys
 import tempfile
 import time
-import traceback
 
 import stage
 from stage import wait_for
@@ -389,23 +388,12 @@ def run(scene, files, parts, number):
     person.eyes = QuickEyes()
     person.program = None
     try:
-        for part in parts:
-            name = part.__name__.replace("_", " ")
-            begin = time.monotonic()
-            part(person)
-            print(f"ok {name} ({time.monotonic() - begin:.1f} s)", flush=True)
-    except Exception:
-        picture = scene.screenshot(scene.folder / f"failure-{number:02d}.png")
-        print(f"FAILED {name}")
-        traceback.print_exc(file=sys.stdout)
-        print(f"The program says:\n{scene.program_output()[-2000:]}\nScreenshot: {picture}", flush=True)
-        return False
+        return scene.run_steps(parts, person, picture=f"failure-{number:02d}.png")
     finally:
         person.end()
         locked = pathlib.Path(person.music) / "locked"
         if locked.exists():
             locked.chmod(0o700)
-    return True
 
 
 def main():

@@ -2,7 +2,6 @@
 
 import sys
 import time
-import traceback
 
 import stage
 from tour import Tour
@@ -10,14 +9,6 @@ from tour import Tour
 
 # Up to here each step needs the one before; afterwards one that fails is told and the next one is tried.
 ESSENTIAL = 9
-
-
-def tell_failure(scene, number, heading):
-    picture = scene.screenshot(scene.folder / f"failure-{number:02d}.png")
-    print(f"FAILED at step {number}: {heading}")
-    traceback.print_exc(file=sys.stdout)
-    print(f"The program says:\n{scene.program_output()[-3000:]}")
-    print(f"Screenshot: {picture}\nLogs: {scene.folder}", flush=True)
 
 
 def walk(scene, story):
@@ -28,7 +19,7 @@ def walk(scene, story):
         try:
             measured = step()
         except Exception:
-            tell_failure(scene, number, heading)
+            scene.tell_failure(f"at step {number}: {heading}", f"failure-{number:02d}.png")
             failures += 1
             if number <= ESSENTIAL or story.program.poll() is not None:
                 break

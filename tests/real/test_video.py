@@ -2,7 +2,6 @@
 
 import sys
 import time
-import traceback
 
 import stage as stages
 from screening import (BLACK, BLUE, CYAN, FIRST_FIELDS, GREEN, MAGENTA, RED, SECOND_FIELDS, WHITE, YELLOW, Screening,
@@ -282,18 +281,11 @@ def main():
     with stages.Stage(build) as stage:
         show = Show(stage)
         for number, step in enumerate(show.steps(), 1):
-            begin = time.monotonic()
-            name = step.__name__.replace("_", " ")
-            try:
-                step()
-                print(f"ok {number:2d} {name} ({time.monotonic() - begin:.1f} s)", flush=True)
-            except Exception:
-                failures += 1
-                picture = stage.screenshot(stage.folder / f"failure-{number:02d}.png")
-                print(f"FAILED at step {number}: {name}\nScreenshot: {picture}")
-                traceback.print_exc(file=sys.stdout)
-                if show.screening.program.poll() is not None:
-                    break
+            if stage.run_steps([step], picture=f"failure-{number:02d}.png"):
+                continue
+            failures += 1
+            if show.screening.program.poll() is not None:
+                break
     if not failures:
         stage.remove()
     return 1 if failures else 0
