@@ -22,11 +22,11 @@ std::string BuildPath(std::string_view folder, std::string_view name);
 /// real characters that would be read as a stand-in.
 std::string NameToText(std::string_view native_name);
 
-/// The bytes that a text stands for. Any text: what is no stand-in stays. Besides what NameToText writes,
+/// The bytes that a text represents. Any text: what is no stand-in stays. Besides what NameToText writes,
 /// stand-ins of blanks, quotes and control characters are read back, as BlankFree and QuoteFree write them.
 std::string TextToBytes(std::string_view text);
 
-/// A text fit to be read by a person: a stand-in becomes the character it stands for, a byte that is no UTF-8
+/// A text fit to show to the user: a stand-in becomes the character it stands for, a byte that is no UTF-8
 /// the Latin-1 letter of its number. A text without stand-ins comes back as it is.
 std::string WithoutStandIns(std::string_view text);
 
@@ -59,7 +59,7 @@ public:
     static constexpr std::size_t kLongest = 255;
 
     std::string Shorten(std::string_view path);
-    /// What a short name of this table stands for; any other path as it is.
+    /// The path of a short name of this table; any other path as it is.
     std::string_view Resolve(std::string_view path) const;
 
 private:

@@ -6,7 +6,7 @@
 
 namespace base {
 
-/// Puts texts in the order that CompareForSort tells, in much less time than comparing them pair by pair.
+/// Sorts texts in the order of CompareForSort, in much less time than comparing them pair by pair.
 void SortForList(std::vector<std::string_view>& texts);
 
 }  // namespace base

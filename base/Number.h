@@ -28,7 +28,7 @@ std::string SingleToText(double value);
 /// Decimal digits, padded with zeros at the left to at least `digits`: Padded(7, 2) is "07".
 std::string Padded(std::int64_t value, int digits);
 
-/// Minutes, ":", two-digit seconds of a length in whole seconds; below zero reads as the seconds stand
+/// Minutes, ":", two-digit seconds of a length in whole seconds; a negative length keeps its sign
 /// ("0:-01").
 std::string MinutesAndSeconds(std::int64_t seconds);
 

@@ -1,4 +1,4 @@
-// A long list of short texts, kept close together: 8 bytes a row besides its characters.
+// A long list of short texts, packed: 8 bytes a row besides its characters.
 //
 // A view of a row stays valid until that row or the whole list goes, or Insert, Erase or PushBack tidies up;
 // so take a copy before changing the list. A cleared list keeps its room for the next rows.
@@ -31,11 +31,11 @@ public:
     void CopyFrom(const RowTexts& other);
     /// In the order of a sorted list (CompareForSort).
     void Sort();
-    /// The first row of a sorted list that does not stand before `text`.
+    /// The first row of a sorted list that does not sort before `text`.
     std::size_t LowerBound(std::string_view text) const;
 
 private:
-    using Reference = const char*;  // to a 4-byte length and the characters behind it
+    using Reference = const char*;  // to a 4-byte length and the characters after it
 
     struct Block {
         std::unique_ptr<char[]> bytes;
@@ -59,7 +59,7 @@ private:
 
     std::vector<Reference> rows_;
     std::vector<Block> blocks_;
-    std::size_t open_blocks_ = 0;  // the last of them takes rows, those behind wait
+    std::size_t open_blocks_ = 0;  // the last of them takes rows, those after it wait
     std::size_t block_used_ = 0;
     std::size_t used_before_ = 0;  // bytes of the blocks before it
     std::size_t dead_bytes_ = 0;

@@ -23,7 +23,7 @@ std::string_view Right(std::string_view text, std::size_t count);
 /// `count` characters from the 1-based position `start`; empty when `start` is 0 or past the end.
 std::string_view Mid(std::string_view text, std::size_t start, std::size_t count = std::string_view::npos);
 
-/// 1-based position of the first `wanted` at or behind `start`; 0 when there is none. An empty `wanted` is
+/// 1-based position of the first `wanted` at or after `start`; 0 when there is none. An empty `wanted` is
 /// found at `start`, unless `text` is empty.
 std::size_t InStr(std::string_view text, std::string_view wanted, std::size_t start = 1);
 
@@ -47,7 +47,7 @@ std::vector<std::string> Split(std::string_view text, std::string_view separator
 /// Order of a sorted list: lower-cased text first, ties by code point. Negative, zero, positive.
 int CompareForSort(std::string_view left, std::string_view right);
 
-/// Puts a text's sort key behind `out`: bytes that compare as the text does in a sorted list, but for ties.
+/// Appends a text's sort key to `out`: bytes that compare as the text does in a sorted list, but for ties.
 void AppendSortKey(std::string& out, std::string_view text);
 
 /// True when both are the same but for upper and lower case.

@@ -1,7 +1,7 @@
-// One page engine behind one web browser control: what the control asks of it and what it tells back.
+// One page engine under one web browser control: the calls to it and the notifications it returns.
 //
 // Why: the tabs, the address bar and the site logins must run, and be tested, without a page engine.
-// All calls return at once; what a page does is told later through the listener, on the user-interface
+// All calls return at once; what a page does is notified later through the listener, on the user-interface
 // thread.
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace ports {
 
-/// What a page engine tells of its page.
+/// The notifications of a page engine.
 class BrowserListener {
 public:
     virtual ~BrowserListener() = default;
@@ -41,7 +41,7 @@ class BrowserControl {
 public:
     virtual ~BrowserControl() = default;
     virtual void SetListener(BrowserListener* listener) = 0;
-    /// Goes to an address as a person types it: completed the way browsers do ("example.org" gets a scheme, a
+    /// Goes to an address as the user types it: completed the way browsers do ("example.org" gets a scheme, a
     /// path becomes a file address). An empty address goes nowhere and stops nothing.
     virtual void Navigate(std::string_view address) = 0;
     /// Nothing to go to: nothing happens.
@@ -55,7 +55,7 @@ public:
     virtual bool Busy() const = 0;
     /// Works on the document that is shown, in order and in one go; an element that is not there is skipped.
     /// Does nothing when the document shown is another one by the time it is done: the values may be
-    /// somebody's password. An engine without documents does nothing.
+    /// a password. An engine without documents does nothing.
     virtual void WorkOnDocument(const std::vector<ElementStep>& /*steps*/) {}
 };
 

@@ -1,4 +1,4 @@
-// Time and chance.
+// Time and random numbers.
 #pragma once
 
 #include <cstdint>
@@ -22,7 +22,7 @@ inline std::string DateStamp(const Date& date) {
 class Clock {
 public:
     virtual ~Clock() = default;
-    /// Today, in the person's time zone.
+    /// Today, in the user's time zone.
     virtual Date Today() const = 0;
     /// Milliseconds since any fixed moment; never runs backwards.
     virtual std::int64_t Milliseconds() const = 0;
@@ -31,7 +31,7 @@ public:
 class Chance {
 public:
     virtual ~Chance() = default;
-    /// A number from 0 up to, and without, 1.
+    /// A random number from 0 up to, and without, 1.
     virtual double Below1() = 0;
 };
 

@@ -1,4 +1,4 @@
-// The engine behind the stores: files of tables, read whole and changed by journals.
+// The engine under the stores: files of tables, read whole and changed by journals.
 //
 // Why: the logic walks images of the tables in memory; all it needs of an engine is to load a table once and
 // to make a handler's changes last. Values are UTF-8 texts; a number is its decimal text, an empty value is
@@ -18,7 +18,7 @@ namespace ports {
 enum class DatabaseError {
     None,
     Missing,    ///< no such file, or it was taken away while it was open
-    IsFolder,   ///< a folder stands in its place
+    IsFolder,   ///< a folder of that name is there
     Damaged,    ///< no database, or a damaged one
     OtherKind,  ///< a sound database without the tables or fields of this store
     ReadOnly,   ///< the file or its folder cannot be written
@@ -47,7 +47,7 @@ struct TableLayout {
 struct StoreLayout {
     std::string_view file;  ///< as it is appended to the application folder
     std::span<const TableLayout> tables;
-    bool owner_only = false;  ///< nobody but the owner may read the file
+    bool owner_only = false;  ///< only the owner may read the file
 };
 
 /// Takes the rows of a table: the engine's row number, and one value a field. The values hold during the
@@ -94,7 +94,7 @@ class Database {
 public:
     virtual ~Database() = default;
     /// Opens an existing file; never makes one. The layout must outlive the file. A store that cannot be
-    /// written opens for reading; its first Apply tells ReadOnly.
+    /// written opens for reading; its first Apply returns ReadOnly.
     virtual OpenedStore Open(std::string_view path, const StoreLayout& layout, int wait_milliseconds) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Boxes that stop the person until answered. Other windows keep painting and timers keep running meanwhile.
+// Modal boxes: the user must answer. Other windows keep painting and timers keep running meanwhile.
 #pragma once
 
 #include <string>

@@ -2,10 +2,10 @@
 //
 // Why: the system speaks drive-letter paths ("C:\Music\song.mp3") and knows neither where a drive really is
 // nor what bytes the system's names may hold. Every path given and returned here is such a drive path, in
-// UTF-8; both separators are understood. base/DrivePath.h tells how a path and a native path become one
-// another.
+// UTF-8; both separators are understood. base/DrivePath.h converts between a drive path and a native
+// path.
 //
-// Only files and folders count: a pipe, a socket or a device is as good as missing, so nothing here can wait
+// Only files and folders count: a pipe, a socket or a device counts as missing, so nothing here can wait
 // for one. Links are followed. Nothing throws; every failure is in the result.
 #pragma once
 
@@ -45,7 +45,7 @@ struct FolderIdentity {
     auto operator<=>(const FolderIdentity&) const = default;
 };
 
-/// What stands in a folder: names without their path, in the order of a sorted list. Files that the person
+/// What a folder holds: names without their path, in the order of a sorted list. Files that the user
 /// may not read are left out.
 struct FolderListing {
     std::vector<std::string> Files;
@@ -53,7 +53,7 @@ struct FolderListing {
     FolderIdentity Identity;
 };
 
-/// Asked again and again, every few milliseconds at most, while something long goes on; false gives it up.
+/// A callback that is asked every few milliseconds during a long operation; false cancels it.
 using MayGoOn = std::function<bool()>;
 
 struct Drive {
@@ -77,7 +77,7 @@ public:
         return bits && (*bits & kFolder) != 0;
     }
 
-    /// Nothing when the folder cannot be read, or `may_go_on` gave it up. A link that leads back to this
+    /// Nothing when the folder cannot be read, or `may_go_on` cancelled it. A link that leads back to this
     /// folder or to one above it is left out.
     virtual std::optional<FolderListing> ListFolder(std::string_view path,
                                                     const MayGoOn& may_go_on = {}) const = 0;
@@ -87,14 +87,14 @@ public:
     /// "C:" first, then mounted volumes by letter.
     virtual std::vector<Drive> Drives() const = 0;
 
-    /// One folder; the one it stands in must be there.
+    /// One folder; its parent must exist.
     virtual FileResult MakeFolder(std::string_view path) = 0;
     /// A file, never a folder.
     virtual FileResult DeleteFile(std::string_view path) = 0;
     /// The bytes of a file, at most `limit` of them; nothing when it cannot be read.
     virtual std::optional<std::string> ReadText(std::string_view path,
                                                 std::size_t limit = kLongestText) const = 0;
-    /// Makes the file, or replaces what is in it. A write that fails may leave a part of the text behind.
+    /// Makes the file, or replaces what is in it. A write that fails may leave a part of the text in it.
     virtual FileResult WriteText(std::string_view path, std::string_view bytes) = 0;
     static constexpr std::size_t kLongestText = std::size_t{64} << 20U;
 
@@ -109,9 +109,9 @@ public:
     /// volume).
     virtual std::string ToNative(std::string_view path) const = 0;
     /// The drive path of a native path that begins at the root; any other text as it is. For the borders
-    /// where a person or the shell gives a path.
+    /// where the user or the shell gives a path.
     virtual std::string FromNative(std::string_view native_path) const = 0;
-    /// A path as the person knows it: the native form, in UTF-8 whatever its bytes are. What names nothing
+    /// A path as the user knows it: the native form, in UTF-8 whatever its bytes are. What names nothing
     /// stays.
     std::string DisplayPath(std::string_view path) const {
         const std::string native = ToNative(path);

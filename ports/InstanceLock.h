@@ -25,7 +25,7 @@ public:
 enum class Instance {
     First,   ///< this one runs; it holds the lock until it ends
     Second,  ///< another one runs: hand over and end
-    Failed,  ///< cannot be told, see Failure: end with a message
+    Failed,  ///< not known, see Failure: end with a message
 };
 
 class InstanceLock {
@@ -41,12 +41,12 @@ public:
     /// or half a minute has gone by. False when it was not delivered.
     virtual bool HandOff(std::string_view text) = 0;
 
-    /// First: whom to tell. Without a listener a text waits.
+    /// First: whom to notify. Without a listener a text waits.
     virtual void SetListener(HandOffListener* listener) = 0;
     /// First: a file descriptor that can be read when a start may have something to hand over; -1 when there
     /// is none.
     virtual int FileDescriptor() const = 0;
-    /// First: takes what was handed over since, and tells the listener of each text. Never waits. May be
+    /// First: takes what was handed over since, and notifies the listener of each text. Never waits. May be
     /// called again from inside the listener.
     virtual void Serve() = 0;
 };

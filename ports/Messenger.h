@@ -1,7 +1,7 @@
 // The messengers that run on this desktop, as windows of a class that take copied data.
 //
 // Why: what a messenger is told is a block of bytes with a number that says what they mean, and whether any
-// messenger listens is nobody's concern. So the sender only builds the block.
+// messenger listens does not matter. So the sender only builds the block.
 #pragma once
 
 #include <cstdint>
@@ -23,8 +23,8 @@ class Messenger {
 public:
     virtual ~Messenger() = default;
     /// Looks for every window of that class and sends the block to each, once. The blocks reach a window in
-    /// the order in which they were sent, and not later than the end of the program. Returns at once: neither
-    /// a window that does not answer nor a desktop without any is waited for or told of.
+    /// the order in which they were sent, and not later than the end of the program. Returns at once: a
+    /// window that does not answer is not waited for, and no messenger at all is no error.
     virtual void SendToWindows(std::string_view window_class, const CopyData& block) = 0;
 };
 

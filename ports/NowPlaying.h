@@ -1,7 +1,7 @@
-// What plays, shown on the desktop's own player controls, and what a person asks for there.
+// What plays, shown on the desktop's own player controls, and what the user asks for there.
 //
 // Why: a lock screen, a headset or a command can see and steer whatever plays without knowing the program.
-// The program shows the whole state after each change; the port finds out what is news to whoever watches.
+// The program shows the whole state after each change; the port works out what has changed and reports that.
 // Times are microseconds of the song, as whoever watches counts them.
 #pragma once
 
@@ -36,7 +36,7 @@ struct NowPlaying {
 inline constexpr double kSlowestRate = 0.03;
 inline constexpr double kFastestRate = 2.0;
 
-/// What is asked for, on the user-interface thread. Any number may come, also one that is none.
+/// Requests, on the user-interface thread. A number may have any value, also not-a-number.
 class RemoteControl {
 public:
     virtual ~RemoteControl() = default;
@@ -48,24 +48,24 @@ public:
     virtual void OnPrevious() = 0;
     /// Forwards, or backwards when it is negative.
     virtual void OnSeek(std::int64_t offset) = 0;
-    /// `track` is the one that the person saw, which may not play any more.
+    /// `track` is the one that the user saw, which may not play any more.
     virtual void OnSetPosition(std::int64_t track, std::int64_t position) = 0;
     virtual void OnSetRate(double rate) = 0;
     virtual void OnSetVolume(double volume) = 0;
     virtual void OnRaise() = 0;
     virtual void OnQuit() = 0;
-    /// Where the song stands now.
+    /// The place in the song now.
     virtual std::int64_t Position() = 0;
 };
 
 class NowPlayingBoard {
 public:
     virtual ~NowPlayingBoard() = default;
-    /// Whom to ask and tell; nobody with null.
+    /// Whom to ask and notify; null for none.
     virtual void SetListener(RemoteControl* listener) = 0;
-    /// The state from now on. One that equals the last is no news. Never waits.
+    /// The state from now on. An unchanged state is not reported. Never waits.
     virtual void Show(const NowPlaying& now) = 0;
-    /// The song went on from another place than it would have by itself. Never waits.
+    /// The song went on from another place than playing on would reach. Never waits.
     virtual void ShowJump(std::int64_t position) = 0;
 };
 

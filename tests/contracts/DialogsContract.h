@@ -1,4 +1,4 @@
-// What every set of boxes keeps to. A bench tells it beforehand what the person will do.
+// What every set of boxes keeps to. A bench sets beforehand what the user will do.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -15,11 +15,11 @@ class DialogsBench {
 public:
     virtual ~DialogsBench() = default;
     virtual ports::Dialogs& Dialogs() = 0;
-    /// What the person will press in the next box.
+    /// What the user will press in the next box.
     virtual void WillAnswer(ports::BoxAnswer answer) = 0;
-    /// The person will close the next box, whichever kind it is.
+    /// The user will close the next box, whichever kind it is.
     virtual void WillClose() = 0;
-    /// The person will write this over what is offered in the next input box, and press OK.
+    /// The user will write this over what is offered in the next input box, and press OK.
     virtual void WillType(std::string_view text) = 0;
     /// What the last box showed, line breaks as LF, and what the last input box offered.
     virtual std::string ShownText() const = 0;

@@ -23,7 +23,7 @@ public:
     virtual void Adopt(controls::Form& form) = 0;
     /// Runs `handler` as the loop runs the handler of an event.
     virtual void Run(std::function<void()> handler) = 0;
-    /// Puts an event behind those that are pending.
+    /// Puts an event after those that are pending.
     virtual void Post(std::function<void()> handler) = 0;
     /// Yields until `done`, letting the time of timers go by; false when that never comes.
     virtual bool YieldUntil(const std::function<bool()>& done) = 0;

@@ -20,7 +20,7 @@ public:
     /// Lets `second` hand over while `first` serves; what HandOff gave.
     virtual bool HandOver(ports::InstanceLock& second, ports::InstanceLock& first,
                           const std::string& text) = 0;
-    /// Nobody can write into the folder any more.
+    /// Makes the folder read-only.
     virtual void MakeUnusable() = 0;
 };
 

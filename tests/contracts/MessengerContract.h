@@ -17,7 +17,7 @@ class MessengerBench {
 public:
     virtual ~MessengerBench() = default;
     virtual ports::Messenger& Messenger() = 0;
-    /// Opens a window; the number tells it from others.
+    /// Opens a window; the number identifies it.
     virtual std::size_t OpenWindow(const std::string& window_class) = 0;
     /// One that is there and never looks at what it is sent.
     virtual void OpenDeafWindow(const std::string& window_class) = 0;

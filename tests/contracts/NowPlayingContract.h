@@ -20,12 +20,12 @@ public:
     virtual ports::NowPlayingBoard& Board() = 0;
     /// The state as the watcher sees it.
     virtual ports::NowPlaying Seen() = 0;
-    /// How often the watcher was told of news since the start, and of which jumps.
+    /// How often the watcher was notified of changes since the start, and of which jumps.
     virtual int NewsTold() = 0;
     virtual std::vector<std::int64_t> JumpsTold() = 0;
-    /// Where the song stands, as the watcher is told.
+    /// The place in the song, as reported to the watcher.
     virtual std::int64_t AskPosition() = 0;
-    /// The watcher asks for it and the listener has been told: "play", "pause", "play or pause", "stop",
+    /// The watcher asks for it and the listener has been notified: "play", "pause", "play or pause", "stop",
     /// "next", "previous", "raise", "quit".
     virtual void Ask(const std::string& verb) = 0;
     virtual void AskSeek(std::int64_t offset) = 0;

@@ -58,7 +58,7 @@ private:
     const FakeWeb& web_;
     ports::BrowserListener* listener_ = nullptr;
     std::vector<std::string> history_;
-    std::size_t position_ = 0;  // behind the entry that is shown; 0 before the first
+    std::size_t position_ = 0;  // after the entry that is shown; 0 before the first
     std::string title_;
     bool busy_ = false;
     std::string wanted_;

@@ -15,9 +15,9 @@ class FakeDatabase final : public ports::Database {
 public:
     using Row = std::vector<std::string>;
 
-    /// Puts a file there, with all tables of its layout (told by the end of its path) and no rows.
+    /// Puts a file there, with all tables of its layout (chosen by the end of its path) and no rows.
     void MakeStore(std::string_view path);
-    /// Puts the file there if it is missing, and rows behind those of a table: one value a field, missing
+    /// Puts the file there if it is missing, and rows after those of a table: one value a field, missing
     /// ones empty.
     void Seed(std::string_view path, std::string_view table, const std::vector<Row>& rows);
     /// Takes the file away, also from whoever has it open.

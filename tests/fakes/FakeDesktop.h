@@ -18,12 +18,12 @@ class FakeDesktop final : public ports::EventLoop, public ports::Clock, private 
 public:
     /// Watches every timer in the window, also those added later.
     void Adopt(controls::Form& form);
-    /// Watches one timer that stands in no window.
+    /// Watches one timer that is in no window.
     void AdoptTimer(controls::Timer& timer);
 
     /// Moves the clock on, running what falls due on the way.
     void Advance(int milliseconds);
-    /// Ends the handler a test plays: runs what hangs on it.
+    /// Ends the handler that a test plays: runs the work of AtHandlerEnd.
     void EndHandler();
     /// Work for the next yield, as an event that is pending.
     void Post(std::function<void()> event) { pending_.push_back(std::move(event)); }

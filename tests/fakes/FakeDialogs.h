@@ -1,4 +1,4 @@
-// Boxes that answer what the test told them to, and remember what they showed.
+// Boxes that answer as the test has set, and remember what they showed.
 #pragma once
 
 #include <deque>

@@ -14,9 +14,9 @@ public:
     /// "C:" and the application folder are there from the start.
     explicit FakeFiles(std::string_view application_folder = "C:\\Brindlepost");
 
-    /// A file, with the folders it stands in.
+    /// A file, with the folders above it.
     void AddFile(std::string_view path, std::string_view text = {});
-    /// A folder, with those it stands in.
+    /// A folder, with those above it.
     void AddFolder(std::string_view path);
     /// A second way to a folder that is there.
     void AddLink(std::string_view path, std::string_view folder);

@@ -23,7 +23,7 @@ public:
     ports::MediaReply SendString(std::string_view command) override;
     std::string ErrorString(int error) const override;
 
-    /// Makes a path playable. Paths that were not added are missing, unless AnyFile stands.
+    /// Makes a path playable. Paths that were not added are missing, unless AnyFile is true.
     void AddFile(std::string_view path, FakeMedia media = {});
     /// A file that is there and cannot be played.
     void AddBroken(std::string_view path) { AddFile(path, {.milliseconds = -1}); }

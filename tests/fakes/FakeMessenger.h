@@ -31,12 +31,12 @@ public:
     }
 
     std::vector<Window> Windows;
-    /// How often somebody looked for windows, and what for.
+    /// How often windows were looked for, and of which class.
     int Searches = 0;
     std::vector<ports::CopyData> Sent;
 
 private:
-    /// The window behind `previous`, counted from 1; 0 when there is none.
+    /// The window after `previous`, counted from 1; 0 when there is none.
     std::size_t FindWindowEx(std::size_t previous, std::string_view window_class) const {
         for (std::size_t i = previous; i < Windows.size(); ++i) {
             if (Windows[i].window_class == window_class) return i + 1;

@@ -18,7 +18,7 @@ public:
     void ShowJump(std::int64_t position) override { Jumps.push_back(position); }
 
     ports::RemoteControl* Listener = nullptr;
-    /// The state as it stands, and each that was news.
+    /// The state now, and each change of it.
     ports::NowPlaying Shown;
     std::vector<ports::NowPlaying> News;
     std::vector<std::int64_t> Jumps;

@@ -12,7 +12,7 @@ class RecordingWindowShape final : public ports::WindowShape {
 public:
     void SetHole(const std::optional<ports::Hole>& hole) override { Holes.push_back(hole); }
 
-    /// In the order they came; nothing stands for the whole window.
+    /// In the order they came; std::nullopt is the whole window.
     std::vector<std::optional<ports::Hole>> Holes;
 };
 

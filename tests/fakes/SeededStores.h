@@ -14,7 +14,7 @@
 
 namespace fakes {
 
-/// What the stores told.
+/// What the stores reported.
 struct RecordingTrouble final : store::StoreTrouble {
     struct Told {
         std::string file;
@@ -42,7 +42,7 @@ struct SeededStores {
     SeededStores() : SeededStores(own_desktop_) {}
     explicit SeededStores(FakeDesktop& desktop);
 
-    /// Puts rows behind those of a table ("tblSong", ...), straight into the file: before the table's first
+    /// Puts rows after those of a table ("tblSong", ...), straight into the file: before the table's first
     /// use.
     void Seed(std::string_view table, const std::vector<Row>& rows);
     /// What the file holds after the changes so far, one value a field.
