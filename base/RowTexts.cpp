@@ -5,6 +5,7 @@
 #include <cstring>
 #include <functional>
 #include <iterator>
+#include <limits>
 
 #include "base/ListOrder.h"
 #include "base/Text.h"
@@ -48,8 +49,10 @@ void RowTexts::OpenBlock(std::size_t bytes) {
 
 RowTexts::Reference RowTexts::Store(std::initializer_list<std::string_view> parts) {
     std::uint32_t length = 0;
-    for (const std::string_view part : parts)
+    for (const std::string_view part : parts) {
+        assert(part.size() <= std::numeric_limits<std::uint32_t>::max() - length);
         length += static_cast<std::uint32_t>(part.size());
+    }
     const std::size_t bytes = sizeof length + length;
     if (open_blocks_ == 0 || block_used_ + bytes > blocks_[open_blocks_ - 1].size) OpenBlock(bytes);
     char* const place = blocks_[open_blocks_ - 1].bytes.get() + block_used_;

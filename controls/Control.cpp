@@ -1,6 +1,7 @@
 #include "controls/Control.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace controls {
 
@@ -86,6 +87,7 @@ Container::~Container() {
 }
 
 void Container::Add(Control& child) {
+    assert(&child != this);
     if (child.parent_ != nullptr) child.parent_->Remove(child);
     child.parent_ = this;
     children_.push_back(&child);
@@ -96,6 +98,7 @@ void Container::Add(Control& child) {
 }
 
 void Container::Remove(Control& child) {
+    assert(child.parent_ == this);
     children_.erase(std::remove(children_.begin(), children_.end(), &child), children_.end());
     child.parent_ = nullptr;
 }

@@ -1,5 +1,8 @@
 #include "controls/Menu.h"
 
+#include <algorithm>
+#include <cassert>
+
 namespace controls {
 
 void Menu::SetCaption(std::string_view caption) {
@@ -15,6 +18,7 @@ void Menu::SetChecked(bool checked) {
 }
 
 void Menu::AddEntry(Menu& entry, int at) {
+    assert(std::find(entries_.begin(), entries_.end(), &entry) == entries_.end());
     if (at < 0 || at >= static_cast<int>(entries_.size())) {
         entries_.push_back(&entry);
     } else {

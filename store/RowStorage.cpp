@@ -67,8 +67,8 @@ RowStorage::Place RowStorage::Keep() {
     if (blocks_.empty() || blocks_[open_block_].filled + bytes > blocks_[open_block_].size) OpenBlock(bytes);
     Block& block = blocks_[open_block_];
     const Place place{open_block_, block.filled};
-    std::memcpy(At(place), encoded_.data(), bytes);
     block.filled += static_cast<std::uint32_t>(bytes);
+    std::memcpy(At(place), encoded_.data(), bytes);
     ++block.rows;
     bytes_used_ += bytes;
     return place;
@@ -95,6 +95,7 @@ RowStorage::Place RowStorage::Replace(Place place, std::span<const std::string_v
 void RowStorage::Remove(Place place) {
     bytes_used_ -= StoredSize(At(place));
     Block& block = blocks_[place.block];
+    assert(block.rows > 0);
     if (--block.rows > 0) return;
     if (place.block == open_block_) {
         block.filled = 0;

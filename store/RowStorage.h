@@ -4,6 +4,7 @@
 // memory back, so a pass that changes or deletes every row never holds the table twice.
 #pragma once
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -45,7 +46,10 @@ private:
         std::uint32_t rows = 0;
     };
 
-    char* At(Place place) const { return blocks_[place.block].bytes.get() + place.offset; }
+    char* At(Place place) const {
+        assert(place.block < blocks_.size() && place.offset < blocks_[place.block].filled);
+        return blocks_[place.block].bytes.get() + place.offset;
+    }
     std::size_t StoredSize(const char* row) const;
     void Encode(std::span<const std::string_view> texts);
     Place Keep();
@@ -65,6 +69,7 @@ private:
 // first, and the texts.
 
 inline std::string_view RowStorage::Text(Place place, std::size_t column) const {
+    assert(column < columns_);
     const char* const row = At(place);
     const auto width = static_cast<unsigned char>(row[0]);
     const char* const ends = row + 1;

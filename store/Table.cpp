@@ -15,6 +15,7 @@ Table::Table(const ports::TableLayout& layout)
     : layout_(layout), storage_(layout.fields.size()), rewrites_(layout.fields.size()) {}
 
 void Table::Load(std::int64_t file_row, std::span<const std::string_view> values) {
+    assert(file_rows_.empty() || file_row > file_rows_.back());
     places_.push_back(storage_.Add(values));
     states_.push_back(State::Kept);
     file_rows_.push_back(file_row);
@@ -88,6 +89,7 @@ void Table::Remove(RowNumber row) {
 }
 
 bool Table::ChangeOf(RowNumber row, ports::RowChange& change, std::vector<std::string_view>& values) const {
+    assert(row < End() && states_[row] != State::Kept);
     if (states_[row] == State::Gone) return false;
     change.row = file_rows_[row];
     values.clear();

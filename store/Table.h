@@ -6,6 +6,7 @@
 // how: writing it reads the image, so a row that was added and then edited is one insert.
 #pragma once
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -46,6 +47,7 @@ public:
     RowNumber EndOfLastBefore(RowNumber end) const;
     /// The value of a row that is there. The view holds until the table changes.
     std::string_view Value(RowNumber row, std::size_t column) const {
+        assert(IsThere(row));
         return storage_.Text(places_[row], column);
     }
 
