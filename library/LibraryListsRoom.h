@@ -40,9 +40,9 @@ public:
     void DisplayPlayLists() override;
     /// The artists of a playlist; of the whole library for an empty name or "[All Media]".
     void DisplayArtists(std::string_view playlist);
-    /// The tracks of a playlist and an artist. An empty playlist or "[All Media]" is the library, an empty
-    /// artist or
-    /// "[All Artists]" everyone. The other built-in views are filled anew and then narrowed to the artist.
+    /// The tracks of a playlist and an artist. An empty playlist or "[All Media]" is the library; an empty
+    /// artist or "[All Artists]" is every artist. The other built-in views are filled again and then narrowed
+    /// to the artist.
     void DisplayTracks(std::string_view playlist, std::string_view artist);
     /// Tracks and artists of one playlist; yields after each row.
     void OpenPlayList(std::string_view name);

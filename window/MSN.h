@@ -19,9 +19,9 @@ public:
         : messenger_(messenger), options_(options) {}
 
     /// `format` says how the messenger puts first {0}, second {1} and third {2} together. The category is not
-    /// used: the text always says "Music". Unless the person
-    /// allows it (Allow_MSN_Name), which is not known before the settings are read, nothing is sent and
-    /// nobody looked for.
+    /// used: the text always says "Music".
+    /// Unless the user allows it (Allow_MSN_Name), which is not known before the settings are read, nothing
+    /// is sent and no messenger is looked for.
     void SendNowPlaying(std::string_view first, std::string_view second, std::string_view third,
                         std::string_view extra, std::string_view format, bool enabled,
                         std::string_view category);
