@@ -1,5 +1,5 @@
-// Compiled once for all test programs. A test still includes what it uses; this only makes that cheap, so it holds
-// nothing of the project's own: a change there would compile every test again.
+// Compiled once for all test programs. A test still includes what it uses; this only makes that cheap, so it
+// holds nothing of the project's own: a change there would compile every test again.
 #pragma once
 #include <gtest/gtest.h>
 
