@@ -1,10 +1,19 @@
 # Shared by ./run and ./test: what is missing is installed, then built. Sourced from the top folder.
 
+# packages_of GROUP...: the Debian packages of the groups.
+packages_of() {
+    awk -v groups=" $* " '!/^#/ && NF == 2 && index(groups, " " $1 " ") {print $2}' tools/packages.txt
+}
+
+# list_packages GROUP...: the same for a help text.
+list_packages() {
+    packages_of "$@" | fmt -w 100 | sed 's/^/      /'
+}
+
 # install_packages GROUP...: the Debian packages of the groups that are not there yet.
 install_packages() {
-    local wanted missing=() name status
-    wanted=$(awk -v groups=" $* " '!/^#/ && NF == 2 && index(groups, " " $1 " ") {print $2}' tools/packages.txt)
-    for name in $wanted; do
+    local missing=() name status
+    for name in $(packages_of "$@"); do
         status=$(dpkg-query -W -f '${Status}' "$name" 2>/dev/null || true)
         [ "$status" = "install ok installed" ] || missing+=("$name")
     done
@@ -31,7 +40,7 @@ build_preset() {
     cmake --build --preset "$preset" --target "$@"
 }
 
-# lay_out_application BUILD FOLDER: the program and its pictures anew; a person's stores stay as they are.
+# lay_out_application BUILD FOLDER: the program and its pictures are replaced; stores that are there stay as they are.
 lay_out_application() {
     local build=$1 folder=$2 store
     mkdir -p "$folder/images"

@@ -3,7 +3,7 @@
 # build/demo/index.html.  demo.sh [BUILD_FOLDER [OUTPUT_FOLDER]]
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
-build="${1:-build/release}"
+build="${1:-build/program}"
 output="${2:-build/demo}"
 
 # Root hands the stage to nobody, who writes into a folder of its own; the result comes back here.
