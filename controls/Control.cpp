@@ -11,23 +11,11 @@ Control::~Control() {
     if (parent_ != nullptr) parent_->Remove(*this);
 }
 
-void Control::SetVisible(bool visible) {
-    if (visible_ == visible) return;
-    visible_ = visible;
-    Report(Property::Visible);
-}
-
 bool Control::IsShown() const {
     for (const Control* control = this; control != nullptr; control = control->Parent()) {
         if (!control->Visible()) return false;
     }
     return true;
-}
-
-void Control::SetEnabled(bool enabled) {
-    if (enabled_ == enabled) return;
-    enabled_ = enabled;
-    Report(Property::Enabled);
 }
 
 void Control::Move(double left, double top, double width, double height) {
@@ -39,24 +27,6 @@ void Control::Move(double left, double top, double width, double height) {
     width_ = width;
     height_ = height;
     Report(Property::Geometry);
-}
-
-void Control::SetToolTipText(std::string_view text) {
-    if (tool_tip_ == text) return;
-    tool_tip_ = text;
-    Report(Property::ToolTip);
-}
-
-void Control::SetAccessibleName(std::string_view name) {
-    if (accessible_name_ == name) return;
-    accessible_name_ = name;
-    Report(Property::ToolTip);
-}
-
-void Control::SetLook(std::string_view look) {
-    if (look_ == look) return;
-    look_ = look;
-    Report(Property::Colour);
 }
 
 void Control::BringToFront() {

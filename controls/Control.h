@@ -2,7 +2,7 @@
 //
 // Geometry is in the scale units of the container: twips, 15 to a pixel, unless a picture box sets a scale of
 // its own. The screen (or a test) watches a control through its one observer; an assignment of the value that
-// already stands there is not reported.
+// a property already has is not reported.
 #pragma once
 
 #include <cstdint>
@@ -29,7 +29,7 @@ inline constexpr int kKeyEnter = 13;
 inline constexpr int kKeyEscape = 27;
 inline constexpr int kKeyDelete = 46;
 
-/// What a control tells its observer.
+/// What a control reports to its observer.
 enum class Property {
     Visible,
     Enabled,
@@ -104,11 +104,11 @@ public:
     int Index() const { return index_; }
 
     bool Visible() const { return visible_; }
-    void SetVisible(bool visible);
-    /// Visible, and so is everything it stands in.
+    void SetVisible(bool visible) { Assign(visible_, visible, Property::Visible); }
+    /// Visible, and so is every container it is in.
     bool IsShown() const;
     bool Enabled() const { return enabled_; }
-    virtual void SetEnabled(bool enabled);
+    virtual void SetEnabled(bool enabled) { Assign(enabled_, enabled, Property::Enabled); }
 
     double Left() const { return left_; }
     double Top() const { return top_; }
@@ -124,16 +124,16 @@ public:
     virtual void Move(double left, double top, double width, double height);
 
     const std::string& ToolTipText() const { return tool_tip_; }
-    void SetToolTipText(std::string_view text);
+    void SetToolTipText(std::string_view text) { Assign(tool_tip_, text, Property::ToolTip); }
 
-    /// How a screen reader names it; the control's own name when nothing better was given.
+    /// How a screen reader names it; the control's own name if this is empty.
     const std::string& AccessibleName() const { return accessible_name_; }
-    void SetAccessibleName(std::string_view name);
+    void SetAccessibleName(std::string_view name) { Assign(accessible_name_, name, Property::ToolTip); }
 
     /// The role that the skin draws it in ("panel", "heading", "accent", ...); empty is the plain look of its
     /// kind.
     const std::string& Look() const { return look_; }
-    void SetLook(std::string_view look);
+    void SetLook(std::string_view look) { Assign(look_, look, Property::Colour); }
 
     /// In front of everything else in its container.
     void BringToFront();
@@ -141,7 +141,7 @@ public:
     void Refresh();
 
     Container* Parent() const { return parent_; }
-    /// What the screen hangs on the control; null when nothing watches.
+    /// The screen's part that watches the control; null if there is none.
     ControlObserver* Observer() const { return observer_; }
     void SetObserver(ControlObserver* observer) { observer_ = observer; }
 
@@ -151,12 +151,20 @@ public:
     Event<int, int, double, double> MouseDown;  ///< button, shift, x, y in the control's scale
     Event<int, int, double, double> MouseMove;
     Event<int, int, double, double> MouseUp;
-    Event<int> MouseWheel;  ///< notches, up above 0; also those over what stands in the control
+    Event<int> MouseWheel;  ///< notches, up above 0; also those over the controls in it
     Event<const DropData&, double, double> OLEDragDrop;  ///< data, x, y
     Event<> GotFocus;
 
 protected:
     void Report(Property property);
+    /// Sets a field and reports it. Returns false, and does neither, if the field has that value already.
+    template <class T, class V>
+    bool Assign(T& field, const V& value, Property property) {
+        if (field == value) return false;
+        field = value;
+        Report(property);
+        return true;
+    }
     /// Sets the flag without a report.
     void AssignEnabled(bool enabled) { enabled_ = enabled; }
 
@@ -181,7 +189,7 @@ private:
     ControlObserver* observer_ = nullptr;
 };
 
-/// A control that others stand in: form, frame, picture box. Children are listed bottom first.
+/// A control that contains others: form, frame, picture box. Children are listed bottom first.
 class Container : public Control {
 public:
     using Control::Control;

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "controls/Lists.h"
+#include "controls/ListBox.h"
 #include "ports/Files.h"
 
 namespace controls {

@@ -5,18 +5,6 @@
 
 namespace controls {
 
-void Menu::SetCaption(std::string_view caption) {
-    if (caption_ == caption) return;
-    caption_ = caption;
-    Report(Property::Caption);
-}
-
-void Menu::SetChecked(bool checked) {
-    if (checked_ == checked) return;
-    checked_ = checked;
-    Report(Property::Checked);
-}
-
 void Menu::AddEntry(Menu& entry, int at) {
     assert(std::find(entries_.begin(), entries_.end(), &entry) == entries_.end());
     if (at < 0 || at >= static_cast<int>(entries_.size())) {

@@ -15,10 +15,10 @@ public:
         : Control(Kind::Menu, name), caption_(caption) {}
 
     const std::string& Caption() const { return caption_; }
-    void SetCaption(std::string_view caption);
+    void SetCaption(std::string_view caption) { Assign(caption_, caption, Property::Caption); }
     bool Checked() const { return checked_; }
     /// Sets the check mark; no event.
-    void SetChecked(bool checked);
+    void SetChecked(bool checked) { Assign(checked_, checked, Property::Checked); }
     bool IsSeparator() const { return caption_ == "-"; }
 
     const std::vector<Menu*>& Entries() const { return entries_; }

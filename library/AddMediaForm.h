@@ -4,10 +4,15 @@
 // buttons below them. While a search or an adding runs, a panel over the files tells how far it is.
 #pragma once
 
+#include "controls/CommandButton.h"
 #include "controls/FolderLists.h"
-#include "controls/Lists.h"
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
+#include "controls/ProgressBar.h"
+#include "controls/Timer.h"
 #include "ports/Files.h"
 #include "store/DataSource.h"
 

@@ -1,6 +1,7 @@
 // Where the controls of the add dialog stand, for every size of its window.
 #pragma once
 
+#include "controls/Form.h"
 #include "library/AddMediaForm.h"
 
 namespace library {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "controls/Event.h"
+#include "controls/Image.h"
 #include "library/AddMediaForm.h"
 #include "library/LibraryOutlets.h"
 #include "library/MediaWalk.h"

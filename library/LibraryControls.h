@@ -1,9 +1,14 @@
 // The controls of the music pane that show and change the library, and the data sources behind them.
 #pragma once
 
-#include "controls/Lists.h"
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/CommandButton.h"
+#include "controls/Frame.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
+#include "controls/ProgressBar.h"
+#include "controls/TextBox.h"
+#include "controls/Timer.h"
 #include "store/DataSource.h"
 
 namespace library {

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "controls/Event.h"
+#include "controls/ListBox.h"
 #include "library/DistinctTexts.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryOutlets.h"

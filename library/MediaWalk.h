@@ -14,8 +14,8 @@
 #include <string_view>
 #include <vector>
 
-#include "controls/Lists.h"
-#include "controls/Simple.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
 #include "library/LibraryOutlets.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"

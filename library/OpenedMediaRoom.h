@@ -4,9 +4,9 @@
 
 #include <string_view>
 
+#include "controls/CommandButton.h"
 #include "controls/Event.h"
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryMenu.h"
 #include "library/LibraryOutlets.h"

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "controls/Event.h"
+#include "controls/Image.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryMenu.h"
 #include "library/LibraryOutlets.h"

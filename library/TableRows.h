@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "controls/Simple.h"
+#include "controls/Label.h"
 #include "store/DataSource.h"
 #include "store/RecordSet.h"
 

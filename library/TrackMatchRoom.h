@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "controls/Label.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryOutlets.h"
 #include "library/TrackIndex.h"

@@ -1,9 +1,11 @@
 // The dialog that adds favourites and groups, and, with its lower half outside the window, deletes groups.
 #pragma once
 
-#include "controls/Lists.h"
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/CommandButton.h"
+#include "controls/Form.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
+#include "controls/TextBox.h"
 
 namespace places {
 

@@ -6,7 +6,8 @@
 #include <string_view>
 
 #include "controls/Event.h"
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
+#include "controls/Label.h"
 #include "places/AddFavouriteForm.h"
 #include "places/Outgoing.h"
 #include "ports/Dialogs.h"

@@ -1,9 +1,11 @@
 // The favourites panel at the left of the main window, and the button that opens and closes it.
 #pragma once
 
-#include "controls/Lists.h"
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/CommandButton.h"
+#include "controls/Frame.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
 #include "store/DataSource.h"
 
 namespace places {

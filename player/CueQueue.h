@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "controls/Label.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerState.h"
 

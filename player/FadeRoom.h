@@ -10,6 +10,8 @@
 
 #include "controls/CheckGroup.h"
 #include "controls/Event.h"
+#include "controls/Menu.h"
+#include "controls/PictureBox.h"
 #include "player/MciLayer.h"
 #include "player/Outgoing.h"
 #include "player/PlayerControls.h"

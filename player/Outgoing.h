@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "controls/Form.h"
 #include "controls/Menu.h"
-#include "controls/Surfaces.h"
 
 namespace player {
 

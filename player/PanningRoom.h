@@ -6,6 +6,8 @@
 
 #include "controls/CheckGroup.h"
 #include "controls/Event.h"
+#include "controls/Menu.h"
+#include "controls/Timer.h"
 #include "player/MciLayer.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerMenu.h"

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "controls/Event.h"
+#include "controls/Label.h"
 #include "player/MciLayer.h"
 #include "player/Outgoing.h"
 #include "player/PlayOrder.h"

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/Text.h"
+#include "controls/ListBox.h"
 #include "player/PlayerControls.h"
 #include "ports/Clock.h"
 

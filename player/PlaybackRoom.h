@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "controls/PictureBox.h"
 #include "player/AliasTable.h"
 #include "player/CueQueue.h"
 #include "player/MciLayer.h"

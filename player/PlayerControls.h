@@ -4,9 +4,13 @@
 // Each small struct is the group of one room; the three bigger ones only put groups together for the window.
 #pragma once
 
-#include "controls/Lists.h"
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/CommandButton.h"
+#include "controls/Frame.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
+#include "controls/PictureBox.h"
+#include "controls/Timer.h"
 
 namespace player {
 

@@ -1,8 +1,9 @@
 // The dialog that sends the sound to one speaker or to both.
 #pragma once
 
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/CommandButton.h"
+#include "controls/Form.h"
+#include "controls/Label.h"
 
 namespace player {
 

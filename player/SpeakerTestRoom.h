@@ -5,6 +5,7 @@
 #pragma once
 
 #include "controls/Event.h"
+#include "controls/Label.h"
 #include "player/MciLayer.h"
 #include "player/Outgoing.h"
 #include "player/PlayerMenu.h"

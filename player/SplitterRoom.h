@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/Event.h"
+#include "controls/Frame.h"
 #include "player/Outgoing.h"
 #include "player/PlayerControls.h"
 

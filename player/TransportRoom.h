@@ -10,6 +10,7 @@
 #include <string>
 
 #include "controls/Event.h"
+#include "controls/Label.h"
 #include "player/MciLayer.h"
 #include "player/Outgoing.h"
 #include "player/PlayerControls.h"

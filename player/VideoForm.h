@@ -2,8 +2,12 @@
 // maximised.
 #pragma once
 
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/CommandButton.h"
+#include "controls/Form.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
+#include "controls/PictureBox.h"
+#include "controls/Timer.h"
 
 namespace player {
 

@@ -8,6 +8,8 @@
 #include <string>
 
 #include "controls/Event.h"
+#include "controls/Form.h"
+#include "controls/Menu.h"
 #include "player/MciLayer.h"
 #include "player/Outgoing.h"
 #include "player/PlayerControls.h"

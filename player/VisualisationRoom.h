@@ -3,6 +3,8 @@
 
 #include "controls/CheckGroup.h"
 #include "controls/Event.h"
+#include "controls/Menu.h"
+#include "controls/PictureBox.h"
 #include "player/Outgoing.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerMenu.h"

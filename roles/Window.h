@@ -3,8 +3,8 @@
 
 #include <string_view>
 
+#include "controls/Form.h"
 #include "controls/Menu.h"
-#include "controls/Surfaces.h"
 
 namespace roles {
 

@@ -2,8 +2,12 @@
 // The connection panel lies over its lower half, hidden.
 #pragma once
 
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/CommandButton.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/ProgressBar.h"
+#include "controls/Timer.h"
 #include "controls/WebBrowser.h"
 
 namespace session {

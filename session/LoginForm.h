@@ -1,9 +1,14 @@
 // The login window: who wants in, and in its place the two pages of the wizard that makes a new user.
 #pragma once
 
-#include "controls/Lists.h"
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/CheckBox.h"
+#include "controls/ComboBox.h"
+#include "controls/CommandButton.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/TextBox.h"
+#include "controls/Timer.h"
 #include "store/DataSource.h"
 
 namespace session {

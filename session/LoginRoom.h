@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "controls/Event.h"
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "controls/Event.h"
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
 #include "ports/Dialogs.h"
 #include "session/LoginForm.h"
 #include "session/LoginRoom.h"

@@ -11,9 +11,11 @@
 #include <string_view>
 #include <vector>
 
-#include "controls/Lists.h"
+#include "controls/CheckBox.h"
+#include "controls/ComboBox.h"
+#include "controls/CommandButton.h"
 #include "controls/Menu.h"
-#include "controls/Simple.h"
+#include "controls/TextBox.h"
 #include "ports/Clock.h"
 #include "ports/EventLoop.h"
 #include "session/Outgoing.h"

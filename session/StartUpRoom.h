@@ -10,8 +10,8 @@
 #include <string_view>
 
 #include "controls/Event.h"
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
+#include "controls/Timer.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
 #include "session/Outgoing.h"

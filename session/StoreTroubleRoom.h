@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "controls/Event.h"
-#include "controls/Simple.h"
+#include "controls/Timer.h"
 #include "ports/Dialogs.h"
 #include "session/SessionState.h"
 #include "store/Stores.h"

@@ -2,11 +2,16 @@
 // depends on the window's size is the layout's.
 #pragma once
 
+#include "controls/ComboBox.h"
+#include "controls/CommandButton.h"
 #include "controls/ControlArray.h"
-#include "controls/Lists.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
+#include "controls/Line.h"
+#include "controls/ListBox.h"
 #include "controls/Menu.h"
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/TextBox.h"
+#include "controls/Timer.h"
 #include "controls/WebBrowser.h"
 
 namespace web {

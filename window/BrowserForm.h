@@ -2,7 +2,7 @@
 // tree of containers, back to front; where the controls stand is the layout's.
 #pragma once
 
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
 #include "library/LibraryControls.h"
 #include "places/FavouritesControls.h"
 #include "player/PlayerControls.h"

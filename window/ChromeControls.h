@@ -1,8 +1,9 @@
 // The grounds and panels that the main window's groups stand on, and the line with the maker's name.
 #pragma once
 
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/Frame.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
 
 namespace window {
 

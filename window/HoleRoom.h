@@ -6,7 +6,8 @@
 #include <array>
 #include <string_view>
 
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
+#include "controls/PictureBox.h"
 #include "ports/Dialogs.h"
 #include "ports/Windows.h"
 

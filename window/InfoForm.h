@@ -2,8 +2,10 @@
 // shows it.
 #pragma once
 
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/CheckBox.h"
+#include "controls/CommandButton.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
 
 namespace window {
 

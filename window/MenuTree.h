@@ -4,7 +4,8 @@
 #include <span>
 #include <string_view>
 
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
+#include "controls/Menu.h"
 #include "window/WindowMenu.h"
 
 namespace window {

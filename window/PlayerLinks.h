@@ -1,6 +1,8 @@
 // What the player asks of its neighbours, answered by the rooms that know.
 #pragma once
 
+#include "controls/Form.h"
+#include "controls/Menu.h"
 #include "window/Desk.h"
 
 namespace window {

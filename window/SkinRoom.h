@@ -8,7 +8,7 @@
 #include <functional>
 
 #include "controls/Event.h"
-#include "controls/Simple.h"
+#include "controls/Image.h"
 #include "window/ChromeControls.h"
 
 namespace window {

@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "controls/Event.h"
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
 #include "library/LibraryControls.h"
 #include "window/WindowMenu.h"
 

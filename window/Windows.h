@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "controls/Form.h"
 #include "library/AddMediaForm.h"
 #include "places/AddFavouriteForm.h"
 #include "places/HistoryRoom.h"

@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "controls/Form.h"
 #include "platform/qt/Screen.h"
 #include "ports/Windows.h"
 

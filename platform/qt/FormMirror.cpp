@@ -7,6 +7,7 @@
 #include <QWindow>
 #include <algorithm>
 
+#include "controls/Menu.h"
 #include "platform/qt/Geometry.h"
 #include "platform/qt/MenuMirror.h"
 #include "platform/qt/Skin.h"

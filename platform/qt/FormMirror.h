@@ -9,7 +9,7 @@
 #include <QMenuBar>
 #include <QTimer>
 
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
 #include "platform/qt/WidgetMirror.h"
 
 namespace qt {

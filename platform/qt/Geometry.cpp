@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/PictureBox.h"
+
 namespace qt {
 namespace {
 

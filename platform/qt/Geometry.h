@@ -9,7 +9,7 @@
 #include <QString>
 #include <string_view>
 
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
 
 namespace qt {
 

@@ -2,7 +2,7 @@
 // screen reader and to the keyboard.
 #pragma once
 
-#include "controls/Simple.h"
+#include "controls/Image.h"
 #include "platform/qt/WidgetMirror.h"
 
 namespace qt {

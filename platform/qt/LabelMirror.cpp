@@ -3,7 +3,7 @@
 #include <QLabel>
 #include <QPainter>
 
-#include "controls/Simple.h"
+#include "controls/Image.h"
 #include "platform/qt/Geometry.h"
 #include "platform/qt/Skin.h"
 #include "platform/qt/SliderPainting.h"

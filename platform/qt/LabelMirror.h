@@ -1,7 +1,7 @@
 // The mirror of a label: text and drawn looks by its own paint.
 #pragma once
 
-#include "controls/Simple.h"
+#include "controls/Label.h"
 #include "platform/qt/WidgetMirror.h"
 
 namespace qt {

@@ -4,8 +4,9 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-#include "controls/Lists.h"
-#include "controls/Simple.h"
+#include "controls/ComboBox.h"
+#include "controls/ListBox.h"
+#include "controls/TextBox.h"
 #include "platform/qt/RowsView.h"
 #include "platform/qt/WidgetMirror.h"
 

@@ -14,7 +14,7 @@
 #include <functional>
 #include <string>
 
-#include "controls/Lists.h"
+#include "controls/ListBox.h"
 
 namespace qt {
 

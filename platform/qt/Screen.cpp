@@ -4,9 +4,19 @@
 #include <QMouseEvent>
 #include <algorithm>
 
-#include "controls/Lists.h"
+#include "controls/CheckBox.h"
+#include "controls/ComboBox.h"
+#include "controls/CommandButton.h"
+#include "controls/Frame.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
+#include "controls/Line.h"
+#include "controls/ListBox.h"
 #include "controls/Menu.h"
-#include "controls/Simple.h"
+#include "controls/PictureBox.h"
+#include "controls/ProgressBar.h"
+#include "controls/TextBox.h"
+#include "controls/Timer.h"
 #include "platform/qt/FormMirror.h"
 #include "platform/qt/Geometry.h"
 #include "platform/qt/ImageMirror.h"

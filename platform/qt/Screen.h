@@ -13,7 +13,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
 #include "platform/qt/Loop.h"
 #include "platform/qt/Pages.h"
 #include "platform/qt/Pictures.h"

@@ -3,7 +3,13 @@
 
 #include <QTimer>
 
-#include "controls/Simple.h"
+#include "controls/CheckBox.h"
+#include "controls/CommandButton.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
+#include "controls/Line.h"
+#include "controls/ProgressBar.h"
+#include "controls/Timer.h"
 #include "platform/qt/WidgetMirror.h"
 
 namespace qt {

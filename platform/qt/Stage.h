@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
 #include "controls/WebBrowser.h"
 
 namespace qt {

@@ -1,7 +1,8 @@
 // Mirrors of containers other than windows: frame, picture box and the place of a page.
 #pragma once
 
-#include "controls/Surfaces.h"
+#include "controls/Frame.h"
+#include "controls/PictureBox.h"
 #include "controls/WebBrowser.h"
 #include "platform/qt/WidgetMirror.h"
 

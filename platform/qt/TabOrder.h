@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "controls/Surfaces.h"
+#include "controls/Control.h"
 #include "platform/qt/Stage.h"
 
 namespace qt {

@@ -6,7 +6,7 @@
 #include <QTextDocument>
 #include <QUrl>
 
-#include "controls/Simple.h"
+#include "controls/CommandButton.h"
 #include "platform/qt/Drops.h"
 #include "platform/qt/Geometry.h"
 #include "platform/qt/Keys.h"

@@ -8,8 +8,8 @@
 #include <memory>
 #include <string>
 
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
+#include "controls/Timer.h"
 #include "ports/EventLoop.h"
 
 namespace contracts {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "controls/CheckGroup.h"
+#include "controls/Menu.h"
 
 namespace {
 

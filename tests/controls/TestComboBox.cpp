@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "controls/Lists.h"
+#include "controls/ComboBox.h"
 #include "controls/RecordingObserver.h"
 
 namespace controls {

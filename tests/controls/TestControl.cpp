@@ -5,9 +5,9 @@
 #include <memory>
 #include <vector>
 
+#include "controls/Frame.h"
+#include "controls/Label.h"
 #include "controls/RecordingObserver.h"
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
 
 namespace controls {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
 #include "controls/WebBrowser.h"
 
 namespace controls {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "controls/FolderLists.h"
+#include "controls/ListBox.h"
 #include "fakes/FakeFiles.h"
 
 namespace controls {

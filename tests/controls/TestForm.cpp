@@ -3,8 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "controls/Form.h"
+#include "controls/Menu.h"
 #include "controls/RecordingObserver.h"
-#include "controls/Surfaces.h"
 
 namespace controls {
 namespace {

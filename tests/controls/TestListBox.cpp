@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/ListOrder.h"
-#include "controls/Lists.h"
+#include "controls/ListBox.h"
 #include "controls/RecordingObserver.h"
 
 // The linker sends every sorting of a list through here, so that it can be counted.

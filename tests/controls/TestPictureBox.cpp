@@ -4,8 +4,9 @@
 #include <limits>
 #include <vector>
 
+#include "controls/Label.h"
+#include "controls/PictureBox.h"
 #include "controls/RecordingObserver.h"
-#include "controls/Surfaces.h"
 
 namespace controls {
 namespace {

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "controls/RecordingObserver.h"
-#include "controls/Simple.h"
+#include "controls/Timer.h"
 #include "fakes/FakeDesktop.h"
 
 namespace controls {

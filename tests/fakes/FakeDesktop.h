@@ -5,8 +5,8 @@
 #include <functional>
 #include <vector>
 
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
+#include "controls/Timer.h"
 #include "ports/Clock.h"
 #include "ports/EventLoop.h"
 

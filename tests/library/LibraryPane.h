@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "controls/ListBox.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/SeededStores.h"

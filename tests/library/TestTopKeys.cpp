@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "base/Number.h"
-#include "controls/Lists.h"
+#include "controls/ListBox.h"
 
 namespace {
 

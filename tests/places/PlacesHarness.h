@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "base/Number.h"
-#include "controls/Surfaces.h"
+#include "controls/ListBox.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/SeededStores.h"

@@ -11,6 +11,9 @@
 
 #include "base/Number.h"
 #include "base/Text.h"
+#include "controls/Form.h"
+#include "controls/ListBox.h"
+#include "controls/Menu.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeFiles.h"

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/ListBox.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeMessenger.h"

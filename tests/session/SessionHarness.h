@@ -10,6 +10,13 @@
 #include <vector>
 
 #include "base/Number.h"
+#include "controls/CheckBox.h"
+#include "controls/ComboBox.h"
+#include "controls/CommandButton.h"
+#include "controls/Form.h"
+#include "controls/Menu.h"
+#include "controls/PictureBox.h"
+#include "controls/TextBox.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeFiles.h"

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "controls/Frame.h"
 #include "controls/Menu.h"
-#include "controls/Surfaces.h"
 #include "fakes/FakeBrowserControl.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"

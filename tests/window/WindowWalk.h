@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/Form.h"
 #include "window/Windows.h"
 
 namespace walk {

@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
 #include "platform/qt/Loop.h"
 #include "platform/qt/Screen.h"
 

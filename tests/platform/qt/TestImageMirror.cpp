@@ -5,7 +5,8 @@
 #include <QTest>
 #include <QToolButton>
 
-#include "controls/Simple.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
 #include "platform/qt/QtBench.h"
 #include "platform/qt/Skin.h"
 

@@ -9,7 +9,10 @@
 #include <QTest>
 #include <chrono>
 
-#include "controls/Lists.h"
+#include "controls/ComboBox.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
+#include "controls/TextBox.h"
 #include "platform/qt/QtBench.h"
 
 namespace {

@@ -4,7 +4,14 @@
 #include <QListView>
 #include <QTest>
 
-#include "controls/Lists.h"
+#include "controls/CommandButton.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
+#include "controls/PictureBox.h"
+#include "controls/Timer.h"
 #include "platform/qt/QtBench.h"
 
 namespace {

@@ -6,7 +6,12 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "controls/Simple.h"
+#include "controls/CheckBox.h"
+#include "controls/CommandButton.h"
+#include "controls/Label.h"
+#include "controls/Line.h"
+#include "controls/ProgressBar.h"
+#include "controls/Timer.h"
 #include "platform/qt/QtBench.h"
 #include "platform/qt/Skin.h"
 

@@ -2,7 +2,8 @@
 
 #include <QTest>
 
-#include "controls/Lists.h"
+#include "controls/Frame.h"
+#include "controls/TextBox.h"
 #include "platform/qt/QtBench.h"
 
 namespace {

@@ -8,8 +8,11 @@
 #include <QUrl>
 #include <QWheelEvent>
 
-#include "controls/Lists.h"
-#include "controls/Simple.h"
+#include "controls/CommandButton.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/PictureBox.h"
+#include "controls/TextBox.h"
 #include "platform/qt/QtBench.h"
 
 namespace {

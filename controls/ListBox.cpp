@@ -1,4 +1,4 @@
-#include "controls/Lists.h"
+#include "controls/ListBox.h"
 
 namespace controls {
 
@@ -64,12 +64,6 @@ bool ListBox::SelectText(std::string_view text) {
     return false;
 }
 
-void ListBox::SetHint(std::string_view hint) {
-    if (hint_ == hint) return;
-    hint_ = hint;
-    Report(Property::Refresh);
-}
-
 void ListBox::PutInOrder() const {
     if (!out_of_order_) return;
     out_of_order_ = false;
@@ -80,72 +74,6 @@ void ListBox::PutInOrder() const {
     const std::string selected(rows_.At(static_cast<std::size_t>(list_index_)));
     rows_.Sort();
     list_index_ = static_cast<int>(rows_.LowerBound(selected));
-}
-
-void ComboBox::AddItem(std::string_view text) {
-    rows_.PushBack(text);
-    Report(Property::Items);
-}
-
-bool ComboBox::RemoveItem(int row) {
-    if (row < 0 || row >= ListCount()) return false;
-    rows_.Erase(static_cast<std::size_t>(row));
-    if (row == list_index_) {
-        list_index_ = -1;
-        if (style_ == ComboStyle::DropDownList) text_.clear();
-    } else if (row < list_index_) {
-        --list_index_;
-    }
-    Report(Property::Items);
-    return true;
-}
-
-void ComboBox::Clear() {
-    if (style_ == ComboStyle::DropDownList) text_.clear();
-    list_index_ = -1;
-    rows_.Clear();
-    Report(Property::Items);
-}
-
-std::string_view ComboBox::List(int row) const {
-    if (row < 0 || row >= ListCount()) return {};
-    return rows_.At(static_cast<std::size_t>(row));
-}
-
-bool ComboBox::SetListIndex(int row) {
-    if (row < -1 || row >= ListCount()) return false;
-    list_index_ = row;
-    if (row >= 0) {
-        text_ = List(row);
-    } else if (style_ == ComboStyle::DropDownList) {
-        text_.clear();
-    }
-    Report(Property::ListIndex);
-    Click.Raise();
-    return true;
-}
-
-void ComboBox::SetText(std::string_view text) {
-    if (style_ == ComboStyle::DropDownList) {
-        if (text == text_) return;
-        for (int row = 0; row < ListCount(); ++row) {
-            if (List(row) == text) {
-                SetListIndex(row);
-                return;
-            }
-        }
-        return;
-    }
-    if (text == text_) return;
-    text_ = text;
-    Report(Property::Text);
-    Change.Raise();
-}
-
-void ComboBox::SetHint(std::string_view hint) {
-    if (hint_ == hint) return;
-    hint_ = hint;
-    Report(Property::Refresh);
 }
 
 }  // namespace controls

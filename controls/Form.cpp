@@ -1,32 +1,9 @@
-#include "controls/Surfaces.h"
+#include "controls/Form.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace controls {
-
-void PictureBox::SetBackColor(Colour colour) {
-    if (back_colour_ == colour) return;
-    back_colour_ = colour;
-    Report(Property::Colour);
-}
-
-bool PictureBox::SetScaleWidth(double units) {
-    if (!std::isfinite(units) || units <= 0) return false;
-    if (scaled_ && units == scale_width_) return true;
-    const double before = ScaleWidth();
-    scaled_ = true;
-    scale_width_ = units;
-    if (before > 0 && before != units) {
-        const double factor = units / before;
-        for (Control* child : Children()) {
-            child->Move(child->Left() * factor, child->Top(), child->Width() * factor, child->Height());
-        }
-    }
-    Report(Property::Scale);
-    return true;
-}
 
 Form::Form(std::string_view name, std::string_view caption, BorderStyle border)
     : Container(Kind::Form, name),
@@ -34,18 +11,6 @@ Form::Form(std::string_view name, std::string_view caption, BorderStyle border)
       border_(border),
       stays_in_front_(border == BorderStyle::FixedDialog) {
     SetVisible(false);
-}
-
-void Form::SetCaption(std::string_view caption) {
-    if (caption_ == caption) return;
-    caption_ = caption;
-    Report(Property::Caption);
-}
-
-void Form::SetState(WindowState state) {
-    if (state_ == state) return;
-    state_ = state;
-    Report(Property::Window);
 }
 
 double Form::FrameWidth() const {

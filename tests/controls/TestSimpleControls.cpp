@@ -1,4 +1,10 @@
-#include "controls/Simple.h"
+#include "controls/CheckBox.h"
+#include "controls/CommandButton.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
+#include "controls/Line.h"
+#include "controls/ProgressBar.h"
+#include "controls/TextBox.h"
 
 #include <gtest/gtest.h>
 
