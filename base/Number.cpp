@@ -46,6 +46,10 @@ double Val(std::string_view text) {
     return result.ec == std::errc() ? value : 0;
 }
 
+std::int64_t WholeVal(std::string_view text) {
+    return RoundHalfEven(Val(text));
+}
+
 std::optional<double> ToNumber(std::string_view text) {
     text = WithoutPlus(Trim(text));
     if (!BeginsNumber(text)) return std::nullopt;

@@ -1,7 +1,10 @@
 // Numbers as the system reads, rounds and writes them.
 #pragma once
 
+#include <algorithm>
+#include <concepts>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +18,22 @@ std::int64_t RoundHalfEven(double value);
 /// Reads a decimal number from the front of `text`, blanks skipped, and stops at the first character that is
 /// no part of one: "12abc" is 12, "abc" is 0. Never fails.
 double Val(std::string_view text);
+
+/// The same as a whole number, halves to the even neighbour; beyond 64 bits it stays at the end of the range.
+/// Texts of a store may be anything, so a number that must be whole is read with this and never cast.
+std::int64_t WholeVal(std::string_view text);
+
+/// The value, or the end of the range of `Int` that it lies beyond.
+template <std::signed_integral Int>
+constexpr Int Saturated(std::int64_t value) {
+    return static_cast<Int>(
+        std::clamp<std::int64_t>(value, std::numeric_limits<Int>::min(), std::numeric_limits<Int>::max()));
+}
+
+/// One more; the largest number stays what it is.
+constexpr std::int64_t OneMore(std::int64_t value) {
+    return value == std::numeric_limits<std::int64_t>::max() ? value : value + 1;
+}
 
 /// The whole text as a number (blanks around it allowed); nothing when it is none. "" is none.
 std::optional<double> ToNumber(std::string_view text);

@@ -8,8 +8,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   target_compile_options(brindlepost_options INTERFACE $<$<NOT:$<CONFIG:Debug>>:-Wno-restrict>)
 endif()
 if(BRINDLEPOST_SANITIZE)
+  # A number read from a text may be too large for the integer it is cast to; "undefined" leaves that out.
   target_compile_options(brindlepost_options INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+    -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=undefined,float-cast-overflow
+    -fno-omit-frame-pointer)
   target_link_options(brindlepost_options INTERFACE -fsanitize=address,undefined)
 endif()
 

@@ -67,7 +67,7 @@ void MediaWalk::GetFiles(std::string_view folder, const std::vector<std::string>
 
 void MediaWalk::AddFile(std::string_view folder, std::string_view name) {
     controls_.lstFiles.AddItem(files_.BuildPath(folder, name));
-    const auto total = static_cast<std::int64_t>(base::Val(controls_.lblTotalFiles.Caption())) + 1;
+    const auto total = base::OneMore(base::WholeVal(controls_.lblTotalFiles.Caption()));
     controls_.lblTotalFiles.SetCaption(base::ToText(total));
 }
 

@@ -39,9 +39,9 @@ bool OpenedMediaRoom::AlreadyInLibrary(std::string_view path) {
     while (!songs.Eof() && songs.Text(store::tblSong::FilePath) != path)
         songs.MoveNext();
     if (songs.Eof()) return false;
-    const auto plays = static_cast<std::int64_t>(base::Val(songs.Text(store::tblSong::PlayCount)));
+    const std::int64_t plays = base::WholeVal(songs.Text(store::tblSong::PlayCount));
     songs.Edit();
-    songs.Set(store::tblSong::PlayCount, base::ToText(plays + 1));
+    songs.Set(store::tblSong::PlayCount, base::ToText(base::OneMore(plays)));
     songs.Update();
     return true;
 }

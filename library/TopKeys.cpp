@@ -18,7 +18,7 @@ std::int64_t CountOf(std::string_view text) {
     std::int64_t count = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), count);
     if (error == std::errc() && end == text.data() + text.size()) return count;
-    return static_cast<std::int64_t>(base::Val(text));
+    return base::WholeVal(text);
 }
 
 std::string TextOf(std::int64_t count, std::string_view song_id) {

@@ -11,7 +11,7 @@ namespace library {
 namespace {
 
 void AddOne(controls::Label& counter) {
-    counter.SetCaption(base::ToText(static_cast<std::int64_t>(base::Val(counter.Caption())) + 1));
+    counter.SetCaption(base::ToText(base::OneMore(base::WholeVal(counter.Caption()))));
 }
 
 }  // namespace

@@ -115,7 +115,7 @@ void FadeRoom::tmrFade_Tick() {
 }
 
 int FadeRoom::Percent(std::string_view alias) {
-    return static_cast<int>(mci_.MciGetVolume(alias, "all"));
+    return base::Saturated<int>(mci_.MciGetVolume(alias, "all"));
 }
 
 /// A closed alias reads -1, so the close is repeated on every later tick of the ramp.

@@ -163,7 +163,7 @@ std::optional<std::string> MciLayer::Ask(const std::string& command) {
 
 std::int64_t MciLayer::AskNumber(const std::string& command) {
     const std::optional<std::string> number = Ask(command);
-    return number ? base::RoundHalfEven(base::Val(*number)) : kFailed;
+    return number ? base::WholeVal(*number) : kFailed;
 }
 
 void MciLayer::SetTimeFormat(std::string_view alias, std::string_view format) {

@@ -106,7 +106,7 @@ void PlayButtonsRoom::PlaySelectedTrack() {
     tracks_.ListMaybeChanged = false;
     const std::string entry = order_.Select(tracks_.lstTracks.ListIndex());
     if (IsSongId(entry)) {
-        roles_.player.GetSongInfo(base::RoundHalfEven(base::Val(entry)));
+        roles_.player.GetSongInfo(base::WholeVal(entry));
     } else {
         roles_.player.PlaySong(entry);
     }

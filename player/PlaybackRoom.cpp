@@ -104,12 +104,12 @@ std::string PlaybackRoom::ChooseNextSong() {
 
 std::string PlaybackRoom::PathOfEntry(const std::string& entry) {
     if (!IsSongId(entry)) return entry;
-    return neighbours_.paths.SongPathFromId(base::RoundHalfEven(base::Val(entry)));
+    return neighbours_.paths.SongPathFromId(base::WholeVal(entry));
 }
 
 std::string PlaybackRoom::PathOfCuedEntry(const std::string& entry) {
     if (base::Len(entry) >= kShortestCuedPath) return entry;
-    return neighbours_.paths.SongPathFromId(base::RoundHalfEven(base::Val(entry)));
+    return neighbours_.paths.SongPathFromId(base::WholeVal(entry));
 }
 
 void PlaybackRoom::NoteStart(const std::string& filename) {

@@ -17,8 +17,8 @@ void SongLookup::AddPlayCount(std::string_view filename) {
     if (!datSong_.Open(store::kAllSongs)) return;
     store::RecordSet& songs = datSong_.Recordset();
     if (!songs.MoveToFirst(store::tblSong::FilePath, filename) || !songs.Edit()) return;
-    const std::int64_t plays = base::RoundHalfEven(base::Val(songs.Text(store::tblSong::PlayCount)));
-    songs.Set(store::tblSong::PlayCount, base::ToText(plays + 1));
+    const std::int64_t plays = base::WholeVal(songs.Text(store::tblSong::PlayCount));
+    songs.Set(store::tblSong::PlayCount, base::ToText(base::OneMore(plays)));
     songs.Update();
 }
 

@@ -1,9 +1,7 @@
 // Whole numbers of 16 bits, as most of the player's numbers are kept.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
-#include <limits>
 
 #include "base/Number.h"
 
@@ -11,9 +9,7 @@ namespace player {
 
 /// Nearest whole number, halves to the even neighbour; values beyond 16 bits stay at the end of the range.
 inline std::int16_t Whole16(double value) {
-    using Limits = std::numeric_limits<std::int16_t>;
-    return static_cast<std::int16_t>(
-        std::clamp<std::int64_t>(base::RoundHalfEven(value), Limits::min(), Limits::max()));
+    return base::Saturated<std::int16_t>(base::RoundHalfEven(value));
 }
 
 /// One more, and no further than 16 bits go.
@@ -23,9 +19,7 @@ inline std::int16_t OneMore(std::int16_t value) {
 
 /// The same for the numbers the device takes.
 inline int WholeInt(double value) {
-    using Limits = std::numeric_limits<int>;
-    return static_cast<int>(
-        std::clamp<std::int64_t>(base::RoundHalfEven(value), Limits::min(), Limits::max()));
+    return base::Saturated<int>(base::RoundHalfEven(value));
 }
 
 }  // namespace player

@@ -6,7 +6,7 @@ namespace store {
 
 std::string KeyAfter(std::string_view caption) {
     // A caption that is no number, kNoKeyYet too, counts as 0.
-    return base::ToText(base::RoundHalfEven(base::Val(caption)) + 1);
+    return base::ToText(base::OneMore(base::WholeVal(caption)));
 }
 
 bool NextKey(RecordSet& records, Field key, std::string& caption) {

@@ -42,6 +42,25 @@ TEST(Number, ValReadsTheNumberAtTheFront) {
     EXPECT_EQ(Val("1e999"), 0);
 }
 
+TEST(Number, WholeNumbersOfTextsStayInsideTheirRange) {
+    constexpr auto kLeast = std::numeric_limits<std::int64_t>::min();
+    constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
+    EXPECT_EQ(WholeVal("20260309"), 20260309);
+    EXPECT_EQ(WholeVal("20260309123456"), 20260309123456);
+    EXPECT_EQ(WholeVal("2.5 and more"), 2);
+    EXPECT_EQ(WholeVal("often"), 0);
+    EXPECT_EQ(WholeVal("9223372036854775807"), kMost);
+    EXPECT_EQ(WholeVal("1e300"), kMost);
+    EXPECT_EQ(WholeVal("-1e300"), kLeast);
+    EXPECT_EQ(Saturated<std::int32_t>(20260309), 20260309);
+    EXPECT_EQ(Saturated<std::int32_t>(20260309123456), 2147483647);
+    EXPECT_EQ(Saturated<std::int32_t>(kLeast), -2147483648);
+    EXPECT_EQ(Saturated<std::int16_t>(40000), 32767);
+    EXPECT_EQ(Saturated<std::int64_t>(kMost), kMost);
+    EXPECT_EQ(OneMore(-1), 0);
+    EXPECT_EQ(OneMore(kMost), kMost);
+}
+
 TEST(Number, ToNumberTakesTheWholeTextOrNothing) {
     EXPECT_EQ(ToNumber(" 12 "), 12.0);
     EXPECT_EQ(ToNumber("-1.25"), -1.25);

@@ -44,6 +44,15 @@ TEST(TopKeys, CountsOfSixDigitsStandAsTextsDo) {
     EXPECT_EQ(top.Keys(), (Texts{"99999         1", "100000         1"}));
 }
 
+TEST(TopKeys, ACountBeyond64BitsIsTheLargest) {
+    TopKeys top(1);
+
+    for (const char* count : {"9223372036854775806", "99999999999999999999", "3"})
+        top.Offer(count, "1");
+
+    EXPECT_EQ(top.Keys(), (Texts{"9223372036854775807         1"}));
+}
+
 TEST(TopKeys, AreTheLastOfASortedListOfAllKeys) {
     static constexpr std::array kCounts = {"",  "0",     "1",      "2",      "10",      " 2",
                                            "3", "99999", "100000", "123456", "1000000", "2.5"};

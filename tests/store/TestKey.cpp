@@ -22,9 +22,9 @@ TEST(KeyAfter, CountsOnFromTheCaption) {
         std::string_view caption;
         std::string_view key;
     };
-    for (const Case& one :
-         {Case{"Song ID", "1"}, Case{"", "1"}, Case{"0", "1"}, Case{"1", "2"}, Case{"99999", "100000"},
-          Case{"2147483647", "2147483648"}, Case{"no number", "1"}}) {
+    for (const Case& one : {Case{"Song ID", "1"}, Case{"", "1"}, Case{"0", "1"}, Case{"1", "2"},
+                            Case{"99999", "100000"}, Case{"2147483647", "2147483648"}, Case{"no number", "1"},
+                            Case{"9223372036854775807", "9223372036854775807"}}) {
         EXPECT_EQ(store::KeyAfter(one.caption), one.key) << one.caption;
     }
 }
