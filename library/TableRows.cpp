@@ -1,9 +1,9 @@
 #include "library/TableRows.h"
 
-#include <cstdint>
+#include <string>
 #include <utility>
 
-#include "base/Number.h"
+#include "store/Key.h"
 
 namespace library {
 
@@ -13,12 +13,10 @@ store::RecordSet OpenRows(store::DataSource& source, std::string_view query) {
 }
 
 bool AddNewWithKey(store::RecordSet& rows, store::Field key, controls::Label& entry_count) {
-    rows.MoveLast();
-    entry_count.SetCaption(rows.Text(key));
-    if (!rows.AddNew()) return false;
-    const auto last_key = static_cast<std::int64_t>(base::Val(entry_count.Caption()));
-    entry_count.SetCaption(base::ToText(last_key + 1));
-    return rows.Set(key, entry_count.Caption());
+    std::string caption = entry_count.Caption();
+    const bool begun = store::NextKey(rows, key, caption);
+    entry_count.SetCaption(caption);
+    return begun;
 }
 
 }  // namespace library

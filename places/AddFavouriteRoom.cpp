@@ -102,6 +102,8 @@ void AddFavouriteRoom::lstGroup_KeyDown(int key_code) {
     }
 }
 
+// The number follows the one that the panel last read, not the last row: in a table that was emptied the
+// numbers go on.
 void AddFavouriteRoom::AddRow(std::string_view group, std::string_view name, std::string_view address) {
     store::RecordSet& rows = targets_.datFav.Recordset();
     rows.AddNew();
