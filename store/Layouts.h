@@ -2,6 +2,8 @@
 #pragma once
 
 #include <array>
+#include <cassert>
+#include <cstddef>
 #include <string_view>
 
 #include "ports/Database.h"
@@ -11,40 +13,23 @@ namespace store {
 
 namespace layout {
 
-inline constexpr std::array kSongFields{
-    ports::FieldLayout{tblSong::SongID.name, true},    ports::FieldLayout{tblSong::artist.name},
-    ports::FieldLayout{tblSong::title.name},           ports::FieldLayout{tblSong::FilePath.name},
-    ports::FieldLayout{tblSong::PlayCount.name, true},
-};
+/// The fields of a table as an engine sees them: each in the column that its place says.
+template <std::size_t kCount>
+consteval std::array<ports::FieldLayout, kCount> LayoutsOf(const std::array<Field, kCount>& fields) {
+    std::array<ports::FieldLayout, kCount> layouts;
+    for (const Field& field : fields) {
+        ports::FieldLayout& layout = layouts.at(static_cast<std::size_t>(field.column));
+        assert(layout.name.empty());
+        layout = {field.name, field.is_integer};
+    }
+    return layouts;
+}
 
-inline constexpr std::array kPlayListFields{
-    ports::FieldLayout{tblPlayList::PlayListID.name, true},
-    ports::FieldLayout{tblPlayList::Name.name},
-    ports::FieldLayout{tblPlayList::SongID.name, true},
-    ports::FieldLayout{tblPlayList::artist.name},
-    ports::FieldLayout{tblPlayList::title.name},
-};
-
-inline constexpr std::array kFavsFields{
-    ports::FieldLayout{tblFavs::ID.name, true},
-    ports::FieldLayout{tblFavs::GroupName.name},
-    ports::FieldLayout{tblFavs::FriendName.name},
-    ports::FieldLayout{tblFavs::URL.name},
-};
-
-inline constexpr std::array kHistoryFields{
-    ports::FieldLayout{tblHistory::HistoryID.name, true},
-    ports::FieldLayout{tblHistory::HistoryType.name},
-    ports::FieldLayout{tblHistory::HistoryText.name},
-};
-
-inline constexpr std::array kLoginFields{
-    ports::FieldLayout{tblLogin::UserName.name},   ports::FieldLayout{tblLogin::Password.name},
-    ports::FieldLayout{tblLogin::MySpaceE.name},   ports::FieldLayout{tblLogin::MySpaceP.name},
-    ports::FieldLayout{tblLogin::HotmailE.name},   ports::FieldLayout{tblLogin::HotmailP.name},
-    ports::FieldLayout{tblLogin::FaceBookE.name},  ports::FieldLayout{tblLogin::FaceBookP.name},
-    ports::FieldLayout{tblLogin::RememberMe.name}, ports::FieldLayout{tblLogin::AutoLogin.name},
-};
+inline constexpr auto kSongFields = LayoutsOf(tblSong::kFields);
+inline constexpr auto kPlayListFields = LayoutsOf(tblPlayList::kFields);
+inline constexpr auto kFavsFields = LayoutsOf(tblFavs::kFields);
+inline constexpr auto kHistoryFields = LayoutsOf(tblHistory::kFields);
+inline constexpr auto kLoginFields = LayoutsOf(tblLogin::kFields);
 
 inline constexpr std::array kMediaTables{
     ports::TableLayout{"tblSong", kSongFields}, ports::TableLayout{"tblPlayList", kPlayListFields},

@@ -1,14 +1,16 @@
 // The tables and their fields, under the names they have in the files.
 #pragma once
 
+#include <array>
 #include <string_view>
 
 namespace store {
 
-/// One field of a table: its place in a row and its name.
+/// One field of a table: its place in a row, its name, and whether it is kept as an integer.
 struct Field {
     int column = 0;
     std::string_view name;
+    bool is_integer = false;
 };
 
 /// Longest texts of tblSong, in characters.
@@ -35,32 +37,36 @@ inline constexpr std::string_view kHistoryStore = "\\dbHistory.mdb";
 inline constexpr std::string_view kLoginStore = "\\dbLogin.mdb";
 
 namespace tblSong {
-inline constexpr Field SongID{0, "SongID"};
+inline constexpr Field SongID{0, "SongID", true};
 inline constexpr Field artist{1, "artist"};
 inline constexpr Field title{2, "title"};
 inline constexpr Field FilePath{3, "FilePath"};
-inline constexpr Field PlayCount{4, "PlayCount"};
+inline constexpr Field PlayCount{4, "PlayCount", true};
+inline constexpr std::array kFields{SongID, artist, title, FilePath, PlayCount};
 }  // namespace tblSong
 
 namespace tblPlayList {
-inline constexpr Field PlayListID{0, "PlayListID"};
+inline constexpr Field PlayListID{0, "PlayListID", true};
 inline constexpr Field Name{1, "Name"};
-inline constexpr Field SongID{2, "SongID"};
+inline constexpr Field SongID{2, "SongID", true};
 inline constexpr Field artist{3, "artist"};
 inline constexpr Field title{4, "title"};
+inline constexpr std::array kFields{PlayListID, Name, SongID, artist, title};
 }  // namespace tblPlayList
 
 namespace tblFavs {
-inline constexpr Field ID{0, "ID"};
+inline constexpr Field ID{0, "ID", true};
 inline constexpr Field GroupName{1, "GroupName"};
 inline constexpr Field FriendName{2, "FriendName"};
 inline constexpr Field URL{3, "URL"};
+inline constexpr std::array kFields{ID, GroupName, FriendName, URL};
 }  // namespace tblFavs
 
 namespace tblHistory {
-inline constexpr Field HistoryID{0, "HistoryID"};
+inline constexpr Field HistoryID{0, "HistoryID", true};
 inline constexpr Field HistoryType{1, "HistoryType"};
 inline constexpr Field HistoryText{2, "HistoryText"};
+inline constexpr std::array kFields{HistoryID, HistoryType, HistoryText};
 }  // namespace tblHistory
 
 namespace tblLogin {
@@ -74,6 +80,8 @@ inline constexpr Field FaceBookE{6, "FaceBookE"};
 inline constexpr Field FaceBookP{7, "FaceBookP"};
 inline constexpr Field RememberMe{8, "RememberMe"};
 inline constexpr Field AutoLogin{9, "AutoLogin"};
+inline constexpr std::array kFields{UserName, Password,  MySpaceE,  MySpaceP,   HotmailE,
+                                    HotmailP, FaceBookE, FaceBookP, RememberMe, AutoLogin};
 }  // namespace tblLogin
 
 }  // namespace store
