@@ -1,4 +1,4 @@
-// The login window: who wants in, and in its place the two pages of the wizard that makes a new user.
+// The login window: user and password, and in their place the two pages of the wizard that makes a new user.
 #pragma once
 
 #include "controls/CheckBox.h"
@@ -45,7 +45,7 @@ struct LoginForm {
     controls::CommandButton cmdCancel{"cmdCancel", "Cancel"};
     controls::CommandButton cmdNext{"cmdNext", "Next >"};
 
-    // Second page: what the person uses on web sites. All of it may stay empty.
+    // Second page: the user's logins on web sites. All of it may stay empty.
     controls::Frame fraSetup{"fraSetup"};
     controls::Label lblSetupHeading{"lblSetupHeading", "Web site logins"};
     controls::Label lblSetupLine{"lblSetupLine", "Optional: leave empty what you do not use"};

@@ -9,7 +9,7 @@ class MediaKeys final {
 public:
     MediaKeys(MediaKeyActions& actions, AddressBar& address_bar);
 
-    /// Does what the key stands for. Other keys, and any key with shift, control or alt, do nothing.
+    /// Does what the key means. Other keys, and any key with shift, control or alt, do nothing.
     void KeyDown(int key_code, int shift);
 
 private:

@@ -1,7 +1,7 @@
 // The wizard for new users: a page for name and password, a page for web logins.
 //
-// It is opened from the login page, and from the preferences while somebody is logged in; cancelling goes
-// back to where it came from.
+// It is opened from the login page, and from the preferences while a user is logged in; cancelling returns
+// to where it was opened from.
 #pragma once
 
 #include "controls/Event.h"
@@ -18,7 +18,7 @@ public:
     NewUserRoom(LoginForm& form, LoginPage& login_page, const SessionState& session,
                 const controls::Form& frmBrowser, const controls::Form& frmInfo, ports::Dialogs& dialogs);
 
-    /// Shows the login window on the wizard's first page: the preferences' way in.
+    /// Shows the login window on the wizard's first page, for the preferences.
     void OpenWizard();
 
 private:

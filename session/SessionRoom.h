@@ -1,7 +1,7 @@
 // The end of a session: exit and log out; and the small events of the main window.
 //
-// Exit: the main window is asked to unload, asks the person if pages are open, stops the player, saves, and
-// unloads every window; its own unload is the last. Log out saves first and asks then, so a person who stays
+// Exit: the main window is asked to unload, asks the user if pages are open, stops the player, saves, and
+// unloads every window; its own unload is the last. Log out saves first and asks then, so a user who stays
 // has saved already.
 #pragma once
 
@@ -48,7 +48,7 @@ public:
                 SettingsRoom& settings, MediaKeys& keys, SessionNeighbours neighbours,
                 ports::Dialogs& dialogs, ports::EventLoop& events);
 
-    /// Stores the settings and, unless the person only logs out, unloads every window.
+    /// Stores the settings and, unless the user only logs out, unloads every window.
     void SaveSettings();
     void Form_QueryUnload(bool& cancel);
     /// The system wants the program to end: as an exit, without the question.

@@ -1,9 +1,9 @@
 // The start of the main window: from its load to the splash.
 //
 // Order: loading sets the start values, binds the stores, hands the command line over to another run and ends
-// there if one is up, takes it itself otherwise, and starts tmrLoad. On its fifth tick the lists are filled,
-// which brings the splash and the login up; the settings and the first pages follow. Nothing before the fifth
-// tick reads a store, but for the files of a command line, and a second run reads none at all.
+// there if one is running, takes it itself otherwise, and starts tmrLoad. On its fifth tick the lists are
+// filled, which brings the splash and the login up; the settings and the first pages follow. Nothing before
+// the fifth tick reads a store, but for the files of a command line, and a second run reads none at all.
 #pragma once
 
 #include <string>
@@ -23,7 +23,7 @@
 
 namespace session {
 
-/// The lists wait for the fifth tick. A person waits for nothing between the window's load and the login, so
+/// The lists wait for the fifth tick. The user waits for nothing between the window's load and the login, so
 /// the ticks are short.
 inline constexpr int kLoadInterval = 10;
 

@@ -1,6 +1,6 @@
-// Tells the person when a store cannot be read or written: one box a trouble.
+// Tells the user when a store cannot be read or written: one box per trouble.
 //
-// The stores speak at the end of a handler, where no box may stand, so the boxes wait for a timer.
+// The stores report at the end of a handler, where no box may open, so the boxes wait for a timer.
 #pragma once
 
 #include <deque>

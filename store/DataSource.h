@@ -25,7 +25,7 @@ public:
     bool IsBound() const { return stores_ != nullptr; }
     void SetRecordSource(std::string_view query) { record_source_ = query; }
     const std::string& RecordSource() const { return record_source_; }
-    /// Makes the record set anew from the record source, standing on the first row. False, and the record set
+    /// Makes a new record set from the record source, on its first row. False, and the record set
     /// stays what it was, when the source is not bound, the query is none of the system's, or the store
     /// cannot be opened (which Stores reports to its listener).
     bool Refresh();

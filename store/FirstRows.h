@@ -9,7 +9,7 @@
 
 namespace store {
 
-/// For each text the bookmark of the first row whose field equals it; nothing where there is no such row.
+/// For each text the bookmark of the first row whose field equals it; nothing if there is no such row.
 /// Moves the record set.
 std::vector<std::optional<Bookmark>> FirstRowsWith(RecordSet& rows, Field field,
                                                    const std::vector<std::string>& texts);

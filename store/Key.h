@@ -8,7 +8,7 @@
 
 namespace store {
 
-/// The caption that lblEntryCount starts with; it stands for 0.
+/// The caption that lblEntryCount starts with; it counts as 0.
 inline constexpr std::string_view kNoKeyYet = "Song ID";
 
 /// The key that follows the one in `caption`: its number plus 1; 1 for kNoKeyYet and for the empty text.

@@ -1,8 +1,8 @@
 // The rows of one query, walked one at a time, in table order.
 //
-// A record set stands on a row, or behind the last (Eof), or before the first (Bof). Rows are those of the
-// table as it is now: a row that another record set added is met by MoveNext and MoveLast, a deleted one is
-// passed over. Values are texts; a number is its decimal text, an empty value is the empty text.
+// A record set is on a row, or after the last (Eof), or before the first (Bof). Rows are those of the
+// table as it is now: MoveNext and MoveLast also visit a row that another record set added, and skip a
+// deleted one. Values are texts; a number is its decimal text, an empty value is the empty text.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,7 @@ namespace store {
 
 class Table;
 
-/// Where a row stands in its table: counted from 0 in table order, gaps of deleted rows included. A row keeps
+/// The place of a row in its table: counted from 0 in table order, gaps of deleted rows included. A row keeps
 /// its bookmark, and no other row ever gets it.
 using Bookmark = std::uint32_t;
 
@@ -43,8 +43,8 @@ public:
     bool MoveTo(Bookmark bookmark);
     /// One more than the highest bookmark so far; 0 without a table.
     Bookmark EndOfBookmarks() const;
-    /// Counts the times that a row which was there before got another text in this field: what was made of
-    /// the field's texts holds as long as this number stays.
+    /// Rises each time that an existing row gets another text in this field: what was computed from the
+    /// field's texts is valid as long as this number stays the same.
     std::uint64_t Rewrites(Field field) const;
 
     /// The value of the current row's field, or what Set gave it since Edit; between AddNew and Update, of
@@ -52,7 +52,7 @@ public:
     /// after Delete). The view holds until the table changes.
     std::string_view Text(Field field) const;
 
-    /// Begins a new row; Update puts it behind the last. The current row stays the current one.
+    /// Begins a new row; Update puts it after the last. The current row stays the current one.
     bool AddNew();
     /// Begins to change the current row; false when there is none.
     bool Edit();
@@ -76,10 +76,10 @@ private:
     struct Change;
     enum class Standing { BeforeFirst, OnRow, BehindLast };
 
-    /// Of a table in its own order, or with the rows there are now in `order` and later ones behind them.
+    /// Of a table in its own order, or with the rows there are now in `order` and later ones after them.
     explicit RecordSet(Table& table, std::vector<std::uint32_t> order = {});
 
-    // Positions count the rows of `order_` and go on behind them with the table's own.
+    // Positions count the rows of `order_` and go on after them with the table's own.
     std::uint32_t RowAt(std::uint32_t position) const;
     std::uint32_t EndPosition() const;
     std::uint32_t FirstFrom(std::uint32_t position) const;

@@ -1,6 +1,6 @@
 // The texts of a table's rows, kept close together: one short header a row, no allocation a text.
 //
-// Rows lie one behind another in blocks. A row that grows moves to the end; a block without rows gives its
+// Rows lie one after another in blocks. A row that grows moves to the end; a block without rows gives its
 // memory back, so a pass that changes or deletes every row never holds the table twice.
 #pragma once
 
@@ -29,7 +29,7 @@ public:
     /// Other texts for a kept row, some of which may be views of that very row. Returns where it lies now.
     Place Replace(Place place, std::span<const std::string_view> texts);
     void Remove(Place place);
-    /// Puts a row behind all others, so that the block it leaves can become empty. Returns where it lies now.
+    /// Puts a row after all others, so that the block it leaves can become empty. Returns where it lies now.
     Place MoveToEnd(Place place);
     /// The view holds until the row is replaced or removed.
     std::string_view Text(Place place, std::size_t column) const;
@@ -65,7 +65,7 @@ private:
     std::size_t bytes_used_ = 0;
 };
 
-// A row is one byte that tells the width of a number (1, 2 or 4), the end of each text counted from the
+// A row is one byte with the width of a number (1, 2 or 4), the end of each text counted from the
 // first, and the texts.
 
 inline std::string_view RowStorage::Text(Place place, std::size_t column) const {

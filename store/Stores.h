@@ -4,7 +4,7 @@
 // A table is read into memory at its first use and stays there. Changes are made in the image at once and
 // written at the end of the handler that made them, before its next yield: all changes of one handler in one
 // file are one transaction. What could not be written stays in the image and in the journal, and is tried
-// again at the ends of later handlers; the listener is told of every trouble once.
+// again at the ends of later handlers; the listener is notified of every trouble once.
 #pragma once
 
 #include <memory>
@@ -18,12 +18,12 @@
 
 namespace store {
 
-/// Told when a file cannot be opened or written.
+/// Notified when a file cannot be opened or written.
 class StoreTrouble {
 public:
     virtual ~StoreTrouble() = default;
-    /// `file` is the full path, `message` plain words for a box. Told once for a trouble, again after it had
-    /// gone away or turned into another one. It may come from the end of a handler, where no box may stand:
+    /// `file` is the full path, `message` plain words for a box. Called once for a trouble, and again after
+    /// it was over or became another one. The call may come from the end of a handler, where no box may open:
     /// show it from an event of its own.
     virtual void OnStoreTrouble(std::string_view file, ports::DatabaseError error,
                                 std::string_view message) = 0;
@@ -61,7 +61,7 @@ private:
     ports::Database& database_;
     StoreTrouble& trouble_;
     std::vector<std::unique_ptr<Store>> stores_;
-    // The loop keeps its work for as long as it lives; this tells it that the stores are gone.
+    // The loop keeps its callbacks for as long as it lives; this tells them that the stores are gone.
     std::shared_ptr<Stores*> self_;
 };
 

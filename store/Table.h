@@ -2,7 +2,7 @@
 // to it.
 //
 // A row keeps its number (counted from 0 in table order) for the life of the image: a deleted row stays as a
-// gap that walks pass over. New rows come last. The journal remembers which rows differ from the file, not
+// gap that walks skip. New rows come last. The journal remembers which rows differ from the file, not
 // how: writing it reads the image, so a row that was added and then edited is one insert.
 #pragma once
 
@@ -39,7 +39,7 @@ public:
     /// One more than the highest row number so far, gaps included.
     RowNumber End() const { return static_cast<RowNumber>(states_.size()); }
     bool IsThere(RowNumber row) const { return row < End() && states_[row] <= State::Changed; }
-    /// The first row at or behind `row`; End() when there is none.
+    /// The first row at or after `row`; End() when there is none.
     RowNumber FirstFrom(RowNumber row) const;
     /// The first row whose value in a column is just this text; End() when there is none.
     RowNumber FirstWith(std::size_t column, std::string_view text) const;
@@ -51,7 +51,7 @@ public:
         return storage_.Text(places_[row], column);
     }
 
-    /// Adds a row of one value a field behind the last.
+    /// Adds a row of one value per field after the last.
     void Append(std::span<const std::string_view> values);
     /// Gives a row that is there other values; they may be views of its old ones.
     void Replace(RowNumber row, std::span<const std::string_view> values);
@@ -63,7 +63,7 @@ public:
 
     /// Rows that the journal names.
     std::span<const RowNumber> Journal() const { return journal_; }
-    /// What became of a row of the journal; false when the file has nothing to learn of it (added and removed
+    /// What became of a row of the journal; false if the file needs no change (added and removed
     /// again).
     bool ChangeOf(RowNumber row, ports::RowChange& change, std::vector<std::string_view>& values) const;
     /// The file holds the image now.
@@ -75,9 +75,9 @@ private:
     // Those up to Changed are there; those from Added differ from the file, Gone excepted.
     enum class State : std::uint8_t { Kept, Added, Changed, Removed, Gone };
 
-    // In a gap, the place's numbers tell where to go on: `block` the end of the rows to look at before it,
-    // `offset` the row to look at behind it. Gaps are never filled, so both stay true and are drawn out as
-    // walks meet them.
+    // In a gap, the place's numbers say where to go on: `block` is the end of the rows to look at before it,
+    // `offset` the row to look at after it. Gaps are never filled, so both stay true, and walks lengthen them
+    // on the way.
     using Gap = RowStorage::Place;
 
     void Mark(RowNumber row, State state);
