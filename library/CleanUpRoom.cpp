@@ -5,15 +5,14 @@
 #include "base/Number.h"
 #include "library/Naming.h"
 #include "library/TableRows.h"
+#include "store/Settings.h"
 #include "store/Tables.h"
 
 namespace library {
 namespace {
 
-constexpr double kDateRow = 5;
-
 void AddOne(controls::Label& counter) {
-    counter.SetCaption(base::ToText(static_cast<std::int64_t>(base::Val(counter.Caption())) + 1));
+    counter.SetCaption(base::ToText(base::OneMore(base::WholeVal(counter.Caption()))));
 }
 
 }  // namespace
@@ -81,13 +80,8 @@ void CleanUpRoom::HidePanel() {
 
 bool CleanUpRoom::StoreToday() {
     store::RecordSet rows = OpenRows(sources_.datHistory, store::kAllHistory);
-    rows.MoveFirst();
-    while (!rows.Eof() && base::Val(rows.Text(store::tblHistory::HistoryID)) != kDateRow)
-        rows.MoveNext();
-    if (!rows.Edit()) return false;
-    rows.Set(store::tblHistory::HistoryType, "Settings");
-    rows.Set(store::tblHistory::HistoryText, ports::DateStamp(ports_.clock.Today()));
-    return rows.Update();
+    return store::MoveToSetting(rows, store::SettingsRow::LastCleanUp) &&
+           store::WriteSetting(rows, ports::DateStamp(ports_.clock.Today()));
 }
 
 bool CleanUpRoom::SearchFiles(store::RecordSet& songs) {

@@ -7,19 +7,14 @@
 #include "base/Number.h"
 #include "base/Text.h"
 #include "store/FirstRows.h"
+#include "store/Settings.h"
 #include "store/Tables.h"
 
 namespace places {
 namespace {
 
-/// Rows up to this number survive the deletion of the history.
-constexpr int kLastReservedRow = 10;
 constexpr std::size_t kLongestPlayedView = 20;
 constexpr std::int64_t kLastNumber = std::numeric_limits<std::int16_t>::max();
-
-std::int64_t NumberOf(const store::RecordSet& row) {
-    return base::RoundHalfEven(base::Val(row.Text(store::tblHistory::HistoryID)));
-}
 
 }  // namespace
 
@@ -70,7 +65,7 @@ bool HistoryRoom::WasPlayedLast(std::string_view path) {
 void HistoryRoom::Append(std::string_view kind, std::string_view text) {
     store::RecordSet& rows = controls_.datHistory.Recordset();
     rows.MoveLast();
-    const std::int64_t number = std::min(NumberOf(rows) + 1, kLastNumber);
+    const std::int64_t number = std::min(base::OneMore(store::HistoryNumber(rows)), kLastNumber);
     rows.AddNew();
     rows.Set(store::tblHistory::HistoryID, base::ToText(number));
     rows.Update();
@@ -139,7 +134,7 @@ void HistoryRoom::mnuHistory_Click() {
 void HistoryRoom::DeleteAll() {
     store::RecordSet& rows = controls_.datHistory.Recordset();
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-        if (NumberOf(rows) > kLastReservedRow) rows.Delete();
+        if (store::HistoryNumber(rows) > store::NumberOf(store::kLastRowOfDeletedHistory)) rows.Delete();
     }
 }
 

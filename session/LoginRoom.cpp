@@ -2,6 +2,7 @@
 
 #include "base/Number.h"
 #include "base/Text.h"
+#include "store/Settings.h"
 #include "store/Tables.h"
 
 namespace session {
@@ -9,7 +10,6 @@ namespace {
 
 constexpr int kMultipleUsersTick = 2;
 constexpr int kLoadUsersTick = 5;
-constexpr std::string_view kMultipleUsersRow = "14";
 
 std::string Trimmed(std::string_view text) {
     return std::string(base::Trim(text));
@@ -93,12 +93,10 @@ void LoginRoom::tmrLoad_Tick() {
 void LoginRoom::ReadMultipleUsers() {
     if (!form_.datHistory.Open(store::kAllHistory)) return;
     store::RecordSet& rows = form_.datHistory.Recordset();
-    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-        if (rows.Text(store::tblHistory::HistoryID) != kMultipleUsersRow) continue;
-        login_.Allow_Multiple_Users = rows.Text(store::tblHistory::HistoryText) == base::FlagText(true);
-        if (login_.Allow_Multiple_Users) form_.frmLogin.Show();
-        return;
-    }
+    if (!store::MoveToSetting(rows, store::SettingsRow::MultipleUsers)) return;
+    login_.Allow_Multiple_Users =
+        store::IsOn(store::Truth::OnlyTrue, rows.Text(store::tblHistory::HistoryText));
+    if (login_.Allow_Multiple_Users) form_.frmLogin.Show();
 }
 
 void LoginRoom::LoadUsers() {

@@ -1,6 +1,6 @@
-// The login: loads the stored users, lets one of them in, keeps his web logins for the rest of the session.
+// The login: loads the stored users, lets one of them in, keeps their web logins for the rest of the session.
 //
-// Passwords are compared as texts, upper and lower case told apart. At most one user stays remembered: the
+// Names and passwords are compared as texts, case included. At most one user stays remembered: the
 // one that logged in last with the box ticked.
 #pragma once
 
@@ -22,7 +22,7 @@ namespace session {
 class LoginPage {
 public:
     virtual ~LoginPage() = default;
-    /// Reads the users again and stands filled in for this one.
+    /// Reads the users again and is filled in for this one.
     virtual void OfferUser(std::string_view name, std::string_view password) = 0;
 };
 
@@ -39,7 +39,7 @@ public:
     // LoginPage
     void OfferUser(std::string_view name, std::string_view password) override;
 
-    // LoginWindow: the password of the person who left does not stay in its box.
+    // LoginWindow: the password of the user who left does not stay in its box.
     void ShowLogin() override;
 
 private:
@@ -54,7 +54,7 @@ private:
 
     bool HasFile(std::string_view file) const;
     void ReadMultipleUsers();
-    /// Takes what the current row of tblLogin remembers; true when the row logs in by itself.
+    /// Takes what the current row of tblLogin remembers; true when the row logs in automatically.
     bool TakeRemembered();
     void FocusFirstEmptyBox();
     bool HasEntries();

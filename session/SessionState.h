@@ -14,12 +14,13 @@ struct ConnectionState {
     bool Just_Music = false;
 };
 
-/// Public fields of the login window: the person who is logged in.
+/// Public fields of the login window: the user who is logged in.
 struct LoginState {
     std::string MySpaceE;
     std::string MySpaceP;
     std::string HotmailE;
     std::string HotmailP;
+    /// Stored and kept like the others; no page asks for these two.
     std::string FaceBookE;
     std::string FaceBookP;
     /// The main window loads the settings again when it is next activated.
@@ -27,8 +28,8 @@ struct LoginState {
     bool Allow_Multiple_Users = false;
 };
 
-/// Options kept in the settings rows. They start as the shipped rows say, so a row that is gone leaves its
-/// option on.
+/// Options kept in the settings rows (session/Options.h has the row of each). They start as the rows are
+/// shipped, so a row that is gone leaves its option on.
 struct SessionOptions {
     /// The rows have been read.
     bool Loaded = false;
@@ -42,12 +43,13 @@ struct SessionOptions {
     bool Allow_Search = true;
     bool Allow_Open_File = true;
     bool Include_Sub_Folders = true;
-    /// Stored at every end of a session, read by nothing.
+    /// Stored in the end mark at every end of a session, read by nothing.
     bool Show_Activation = false;
-    /// Row 5 as a number yyyymmdd, and today's number less it: a plain difference, no count of days.
+    /// The day of the last clean-up as a number yyyymmdd, and today's number minus it: a plain difference,
+    /// not a count of days.
     std::int32_t DaysStampA = 0;
     std::int32_t DaysStampAge = 0;
-    /// Row 6, the date of the last back-up of all play lists, in the same form.
+    /// The day of the last back-up of all play lists in the same form; the back-up will show it.
     std::int32_t LastPlayListBackUp = 0;
     std::int32_t LastPlayListBackUpAge = 0;
 };
@@ -57,20 +59,21 @@ struct SessionState {
     bool LoggedIn = false;
     /// The close was accepted; False again when the window is next activated.
     bool mainclose = false;
-    /// The save leaves the windows loaded: the person only logs out.
+    /// The save leaves the windows loaded: the user only logs out.
     bool LoggingOut = false;
     /// Nothing was begun that an end would have to ask about, stop or save: a second start that handed over,
     /// or a start that found a store missing.
     bool NothingBegun = false;
     /// The program was started with files or an address.
     bool StartedWithArguments = false;
+    /// The quoted paths of the command line and the next of them; the opening of media files will read them.
     std::vector<std::string> StartArguments;
     std::size_t StartArgument = 0;
     /// Settings are loaded by the start-up timer once only.
     bool FirstLoadDone = false;
     /// The splash has yet to be shown over the disabled main window.
     bool SplashPending = true;
-    /// Width and height of the video pane at the start, joined by a comma.
+    /// Width and height of the video pane at the start, joined by a comma, for restoring it.
     std::string VideoPaneSize;
 };
 

@@ -1,68 +1,21 @@
 #include "session/SettingsRoom.h"
 
+#include <algorithm>
+
 #include "base/Number.h"
 #include "base/Text.h"
-#include "store/StartingContent.h"
 #include "store/Tables.h"
 
 namespace session {
 namespace {
 
-enum SettingsRow {
-    kRepeat = 1,
-    kShuffle = 2,
-    kRefreshSeconds = 3,
-    kSearchField = 4,
-    kDateStamp = 5,
-    kLastBackUp = 6,
-    kMusicTab = 7,
-    kScrollTitle = 8,
-    kFirstOption = 9,
-    kMessengerName = 11,
-    kMessengerCustom = 12,
-    kMultipleUsers = 14,
-    kLastOption = 19,
-    kEndMark = 20,
-};
-
-struct Option {
-    int id;
-    bool SessionOptions::*flag;  // null: no flag beside the box
-};
-
-constexpr std::array kOptions = {
-    Option{9, &SessionOptions::Save_Settings},        Option{10, &SessionOptions::Open_Home_Pages},
-    Option{11, &SessionOptions::Allow_MSN_Name},      Option{12, &SessionOptions::Allow_MSN_Custom},
-    Option{13, &SessionOptions::Save_MSN_names},      Option{14, nullptr},
-    Option{15, &SessionOptions::Auto_Login},          Option{16, &SessionOptions::Save_History},
-    Option{17, &SessionOptions::Allow_Search},        Option{18, &SessionOptions::Allow_Open_File},
-    Option{19, &SessionOptions::Include_Sub_Folders},
-};
-static_assert(kOptions.size() == kLastOption - kFirstOption + 1);
+using store::SettingsRow;
 
 constexpr std::string_view kHomePagesGroup = "Home Pages";
 
-bool EqualsTrue(std::string_view text) {
-    return text == base::FlagText(true);
-}
-bool IsNotFalse(std::string_view text) {
-    return text != base::FlagText(false);
-}
-
-int IdOf(const store::RecordSet& row) {
-    return static_cast<int>(base::Val(row.Text(store::tblHistory::HistoryID)));
-}
-
-void Write(store::RecordSet& row, std::string_view text) {
-    row.Edit();
-    row.Set(store::tblHistory::HistoryType, store::kSettingsType);
-    row.Set(store::tblHistory::HistoryText, text);
-    row.Update();
-}
-
 }  // namespace
 
-SettingsRoom::SettingsRoom(SettingsControls controls, OptionBoxes boxes, SessionOptions& options,
+SettingsRoom::SettingsRoom(SettingsControls controls, OptionControls& boxes, SessionOptions& options,
                            const SessionState& session, const ConnectionState& connection, web::WebState& web,
                            StageLabel& stage, Tabs& tabs, AddressBar& address_bar, SessionPlayer& player,
                            ports::Clock& clock, ports::EventLoop& events)
@@ -101,44 +54,45 @@ bool SettingsRoom::TakeRows(std::vector<Row>& rows) {
     if (!controls_.datHistory.Open(store::kAllHistory)) return false;
     store::RecordSet& records = controls_.datHistory.Recordset();
     for (records.MoveFirst(); !records.Eof(); records.MoveNext()) {
-        const int id = IdOf(records);
-        if (id >= kEndMark) break;
-        rows.push_back({id, std::string(records.Text(store::tblHistory::HistoryText))});
+        if (store::HistoryNumber(records) >= store::NumberOf(SettingsRow::EndMark)) break;
+        if (const store::Setting* const setting = store::SettingAt(records))
+            rows.push_back({setting->row, std::string(records.Text(store::tblHistory::HistoryText))});
     }
     return true;
 }
 
 void SettingsRoom::RestoreRow(const Row& row) {
-    switch (row.id) {
-        case kRepeat:
-            RestoreRepeat(EqualsTrue(row.text));
+    const bool on = store::IsOn(row.row, row.text);
+    switch (row.row) {
+        case SettingsRow::Repeat:
+            RestoreRepeat(on);
             break;
-        case kShuffle:
-            controls_.mnuShuffle.SetChecked(EqualsTrue(row.text));
+        case SettingsRow::Shuffle:
+            controls_.mnuShuffle.SetChecked(on);
             break;
-        case kRefreshSeconds:
+        case SettingsRow::RefreshSeconds:
             controls_.txtRefresh.SetText(row.text);
             break;
-        case kSearchField:
+        case SettingsRow::SearchField:
             stage_.SetStage("Library search");
             events_.Yield();
             RestoreSearchField(row.text);
             break;
-        case kDateStamp:
-            RestoreDate(row.id, row.text, options_.DaysStampA, options_.DaysStampAge);
+        case SettingsRow::LastCleanUp:
+            RestoreDate(row, options_.DaysStampA, options_.DaysStampAge);
             break;
-        case kLastBackUp:
-            RestoreDate(row.id, row.text, options_.LastPlayListBackUp, options_.LastPlayListBackUpAge);
+        case SettingsRow::LastBackUp:
+            RestoreDate(row, options_.LastPlayListBackUp, options_.LastPlayListBackUpAge);
             break;
-        case kMusicTab:
-            web_.MusicTabActive = EqualsTrue(row.text) || session_.StartedWithArguments;
+        case SettingsRow::MusicTab:
+            web_.MusicTabActive = on || session_.StartedWithArguments;
             music_tab_in_front_ = web_.MusicTabActive;
             break;
-        case kScrollTitle:
-            player_.SetTitleScrolling(IsNotFalse(row.text));
+        case SettingsRow::ScrollTitle:
+            player_.SetTitleScrolling(on);
             break;
         default:
-            if (row.id >= kFirstOption && row.id <= kLastOption) RestoreOption(row.id, IsNotFalse(row.text));
+            RestoreOption(row.row, on);
     }
 }
 
@@ -156,50 +110,42 @@ void SettingsRoom::RestoreSearchField(std::string_view field) {
 }
 
 std::int32_t SettingsRoom::Today() const {
-    return static_cast<std::int32_t>(base::Val(ports::DateStamp(clock_.Today())));
+    return base::Saturated<std::int32_t>(base::WholeVal(ports::DateStamp(clock_.Today())));
 }
 
-// 0 means never, and counts from today on.
-void SettingsRoom::RestoreDate(int id, std::string_view text, std::int32_t& stamp, std::int32_t& age) {
+// 0 means never, and counts from today on. The text may be anything, so the age is kept in range as well.
+void SettingsRoom::RestoreDate(const Row& row, std::int32_t& stamp, std::int32_t& age) {
     const std::int32_t today = Today();
-    stamp = static_cast<std::int32_t>(base::Val(text));
+    stamp = base::Saturated<std::int32_t>(base::WholeVal(row.text));
     if (stamp == 0) {
         stamp = today;
-        ReplaceText(id, base::ToText(today));
+        ReplaceText(row.row, base::ToText(today));
     }
-    age = today - stamp;
+    age = base::Saturated<std::int32_t>(std::int64_t{today} - stamp);
 }
 
-void SettingsRoom::ReplaceText(int id, std::string_view text) {
+void SettingsRoom::ReplaceText(SettingsRow row, std::string_view text) {
     if (!controls_.datHistory.Open(store::kAllHistory)) return;
     store::RecordSet& records = controls_.datHistory.Recordset();
-    for (records.MoveFirst(); !records.Eof(); records.MoveNext()) {
-        if (IdOf(records) != id) continue;
-        records.Edit();
-        records.Set(store::tblHistory::HistoryText, text);
-        records.Update();
-        return;
-    }
+    if (store::MoveToSetting(records, row)) store::WriteSetting(records, text);
 }
 
-void SettingsRoom::RestoreOption(int id, bool on) {
-    const std::array<controls::CheckBox*, kOptions.size()> boxes = {
-        &boxes_.chkSettings, &boxes_.chkHomePages,  &boxes_.chkMSN,       &boxes_.chkCustom,
-        &boxes_.chkSaveMSN,  &boxes_.chkMultiLogin, &boxes_.chkAutoLogin, &boxes_.chkHistory,
-        &boxes_.chkGoogle,   &boxes_.chkFile,       &boxes_.chkSubFolders};
-    const auto place = static_cast<std::size_t>(id - kFirstOption);
-    if (kOptions[place].flag != nullptr) options_.*kOptions[place].flag = on;
-    boxes[place]->SetChecked(on);
-    RestoreDependents(id, on);
+void SettingsRoom::RestoreOption(SettingsRow row, bool on) {
+    const auto* const option =
+        std::find_if(kOptions.begin(), kOptions.end(), [row](const Option& one) { return one.row == row; });
+    if (option == kOptions.end()) return;
+    if (option->flag != nullptr) options_.*option->flag = on;
+    (boxes_.*option->box).SetChecked(on);
+    RestoreDependents(row, on);
 }
 
-void SettingsRoom::RestoreDependents(int id, bool on) {
-    if (id == kMessengerName) {
+void SettingsRoom::RestoreDependents(SettingsRow row, bool on) {
+    if (row == SettingsRow::MessengerName) {
         boxes_.chkCustom.SetEnabled(on);
         boxes_.chkSaveMSN.SetEnabled(on);
-    } else if (id == kMessengerCustom) {
+    } else if (row == SettingsRow::MessengerCustom) {
         boxes_.chkSaveMSN.SetEnabled(on);
-    } else if (id == kMultipleUsers) {
+    } else if (row == SettingsRow::MultipleUsers) {
         boxes_.chkAutoLogin.SetEnabled(on);
         boxes_.cmdNewUser.SetVisible(on);
     }
@@ -263,11 +209,12 @@ bool SettingsRoom::StoreSettings() {
     const bool all_rows = options_.Save_Settings && options_.Loaded;
     store::RecordSet& records = controls_.datHistory.Recordset();
     for (records.MoveFirst(); !records.Eof(); records.MoveNext()) {
-        const int id = IdOf(records);
-        if (id == kEndMark) Write(records, base::FlagText(options_.Show_Activation));
-        const bool is_written =
-            (id >= kRepeat && id <= kSearchField) || id == kMusicTab || id == kScrollTitle;
-        if (all_rows && is_written) Write(records, TextToStore(id));
+        const store::Setting* const setting = store::SettingAt(records);
+        if (setting == nullptr) continue;
+        if (setting->writer == store::SettingsWriter::EveryEndOfSession)
+            store::WriteSetting(records, base::FlagText(options_.Show_Activation));
+        if (all_rows && setting->writer == store::SettingsWriter::EndOfSession)
+            store::WriteSetting(records, TextToStore(setting->row));
     }
     return true;
 }
@@ -279,17 +226,17 @@ std::string_view SettingsRoom::SearchField() const {
     return "Filename";
 }
 
-std::string SettingsRoom::TextToStore(int id) const {
-    switch (id) {
-        case kRepeat:
+std::string SettingsRoom::TextToStore(SettingsRow row) const {
+    switch (row) {
+        case SettingsRow::Repeat:
             return std::string(base::FlagText(controls_.mnuRepeat.Checked()));
-        case kShuffle:
+        case SettingsRow::Shuffle:
             return std::string(base::FlagText(controls_.mnuShuffle.Checked()));
-        case kRefreshSeconds:
+        case SettingsRow::RefreshSeconds:
             return controls_.txtRefresh.Text();
-        case kSearchField:
+        case SettingsRow::SearchField:
             return std::string(SearchField());
-        case kMusicTab:
+        case SettingsRow::MusicTab:
             return std::string(base::FlagText(web_.MusicTabActive));
         default:
             return std::string(base::FlagText(player_.IsTitleScrolling()));

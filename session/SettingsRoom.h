@@ -1,26 +1,25 @@
-// The settings rows of the history store: read at the start and at each new login, written at exit and log
-// out.
+// The settings rows of the history store (store/Settings.h): read at the start and at each new login, written
+// at exit and log out.
 //
-// A settings row is known by its HistoryID, 1 to 20, never by its text. Rows are only edited; one that is
-// gone leaves its setting as it is. Rows 9 to 19 belong to the preferences, which write them at once.
+// The options' rows are read here and shown in their boxes; nothing writes them yet, as the preferences are
+// not built.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "controls/CheckBox.h"
 #include "controls/ComboBox.h"
-#include "controls/CommandButton.h"
 #include "controls/Menu.h"
 #include "controls/TextBox.h"
 #include "ports/Clock.h"
 #include "ports/EventLoop.h"
+#include "session/Options.h"
 #include "session/Outgoing.h"
 #include "session/SessionState.h"
 #include "store/DataSource.h"
+#include "store/Settings.h"
 #include "web/WebState.h"
 
 namespace session {
@@ -39,39 +38,22 @@ struct SettingsControls {
     store::DataSource& datFav;
 };
 
-/// The preferences' boxes, one a settings row.
-struct OptionBoxes {
-    controls::CheckBox& chkSettings;
-    controls::CheckBox& chkHomePages;
-    controls::CheckBox& chkMSN;
-    controls::CheckBox& chkCustom;
-    controls::CheckBox& chkSaveMSN;
-    controls::CheckBox& chkMultiLogin;
-    controls::CheckBox& chkAutoLogin;
-    controls::CheckBox& chkHistory;
-    controls::CheckBox& chkGoogle;
-    controls::CheckBox& chkFile;
-    controls::CheckBox& chkSubFolders;
-    controls::CommandButton& cmdNewUser;
-};
-
 class SettingsRoom final {
 public:
-    SettingsRoom(SettingsControls controls, OptionBoxes boxes, SessionOptions& options,
+    SettingsRoom(SettingsControls controls, OptionControls& boxes, SessionOptions& options,
                  const SessionState& session, const ConnectionState& connection, web::WebState& web,
                  StageLabel& stage, Tabs& tabs, AddressBar& address_bar, SessionPlayer& player,
                  ports::Clock& clock, ports::EventLoop& events);
 
-    /// A store that cannot be read ends it with what was done so far.
+    /// Returns early, with what was done so far, if the store cannot be read.
     void LoadSettings();
     void OpenHomePages();
-    /// Writes row 20, and rows 1 to 8 if settings are saved and were loaded before. False when the store
-    /// cannot be read.
+    /// Writes the rows that the end of a session writes. False when the store cannot be read.
     bool StoreSettings();
 
 private:
     struct Row {
-        int id;
+        store::SettingsRow row;
         std::string text;
     };
     struct HomePage {
@@ -83,20 +65,20 @@ private:
     void RestoreRow(const Row& row);
     void RestoreRepeat(bool repeat);
     void RestoreSearchField(std::string_view field);
-    void RestoreDate(int id, std::string_view text, std::int32_t& stamp, std::int32_t& age);
-    void RestoreOption(int id, bool on);
-    void RestoreDependents(int id, bool on);
-    void ReplaceText(int id, std::string_view text);
+    void RestoreDate(const Row& row, std::int32_t& stamp, std::int32_t& age);
+    void RestoreOption(store::SettingsRow row, bool on);
+    void RestoreDependents(store::SettingsRow row, bool on);
+    void ReplaceText(store::SettingsRow row, std::string_view text);
     std::int32_t Today() const;
     std::vector<HomePage> HomePages();
     void FillTypes();
     void PlaceMusicTab();
     std::string_view SearchField() const;
-    std::string TextToStore(int id) const;
+    std::string TextToStore(store::SettingsRow row) const;
     bool IsOver() const { return session_.mainclose || events_.IsEnding(); }
 
     SettingsControls controls_;
-    OptionBoxes boxes_;
+    OptionControls& boxes_;
     SessionOptions& options_;
     const SessionState& session_;
     const ConnectionState& connection_;

@@ -10,15 +10,14 @@ InfoForm::InfoForm() {
     frmInfo.Add(fraOptions);
     fraOptions.Move(kLeft, kLeft, kWidth + 2 * kLeft, 14 * kRow);
     double top = kLeft;
-    for (controls::CheckBox* box :
-         {&chkSettings, &chkHomePages, &chkMSN, &chkCustom, &chkSaveMSN, &chkMultiLogin, &chkAutoLogin,
-          &chkHistory, &chkGoogle, &chkFile, &chkSubFolders}) {
-        fraOptions.Add(*box);
-        box->Move(kLeft, top, kWidth, kRow);
+    for (const session::Option& option : session::kOptions) {
+        controls::CheckBox& box = options.*option.box;
+        fraOptions.Add(box);
+        box.Move(kLeft, top, kWidth, kRow);
         top += kRow;
     }
-    fraOptions.Add(cmdNewUser);
-    cmdNewUser.Move(kLeft, top + kLeft / 2, kWidth / 2, kRow + kLeft / 4);
+    fraOptions.Add(options.cmdNewUser);
+    options.cmdNewUser.Move(kLeft, top + kLeft / 2, kWidth / 2, kRow + kLeft / 4);
 }
 
 }  // namespace window

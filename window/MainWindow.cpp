@@ -32,21 +32,6 @@ session::SettingsControls SettingsControlsOf(BrowserForm& window, store::DataSou
             .datFav = window.favourites.datFav};
 }
 
-session::OptionBoxes OptionBoxesOf(InfoForm& info) {
-    return {.chkSettings = info.chkSettings,
-            .chkHomePages = info.chkHomePages,
-            .chkMSN = info.chkMSN,
-            .chkCustom = info.chkCustom,
-            .chkSaveMSN = info.chkSaveMSN,
-            .chkMultiLogin = info.chkMultiLogin,
-            .chkAutoLogin = info.chkAutoLogin,
-            .chkHistory = info.chkHistory,
-            .chkGoogle = info.chkGoogle,
-            .chkFile = info.chkFile,
-            .chkSubFolders = info.chkSubFolders,
-            .cmdNewUser = info.cmdNewUser};
-}
-
 }  // namespace
 
 MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, std::function<void()> ended)
@@ -187,10 +172,9 @@ void MainWindow::BuildSession(std::string_view command) {
     rooms.activate.emplace(windows.activate, state.connection, state.session,
                            session::RevealedWindow{window, window.menus}, windows.login.frmLogin, core_links_,
                            ports.files, ports.dialogs, ports.events, app_path);
-    rooms.settings.emplace(SettingsControlsOf(window, windows.history.datHistory),
-                           OptionBoxesOf(windows.info), state.options, state.session, state.connection,
-                           state.web, *rooms.activate, core_links_, core_links_, core_links_, ports.clock,
-                           ports.events);
+    rooms.settings.emplace(SettingsControlsOf(window, windows.history.datHistory), windows.info.options,
+                           state.options, state.session, state.connection, state.web, *rooms.activate,
+                           core_links_, core_links_, core_links_, ports.clock, ports.events);
     rooms.login.emplace(windows.login, state.login, state.session, window, *rooms.activate, core_links_,
                         *rooms.stores, ports.files, ports.dialogs, ports.events, app_path);
     rooms.new_user.emplace(windows.login, *rooms.login, state.session, window, windows.info.frmInfo,

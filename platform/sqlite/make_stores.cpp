@@ -10,6 +10,7 @@
 #include "base/Number.h"
 #include "platform/sqlite/MakeStore.h"
 #include "store/Layouts.h"
+#include "store/Settings.h"
 #include "store/StartingContent.h"
 
 namespace {
@@ -22,9 +23,8 @@ Rows RowsOf(const ports::StoreLayout& layout, const std::vector<std::string>& id
         rows.push_back({0, {store::kStartingFavourite.begin(), store::kStartingFavourite.end()}});
     }
     if (layout.file == store::kHistoryStore) {
-        for (std::size_t i = 0; i < ids.size(); ++i) {
-            rows.push_back({0, {ids[i], store::kSettingsType, store::kStartingSettings[i]}});
-        }
+        for (std::size_t i = 0; i < ids.size(); ++i)
+            rows.push_back({0, {ids[i], store::kSettingsType, store::kSettings[i].shipped}});
     }
     return rows;
 }
@@ -40,9 +40,8 @@ int main(int argument_count, char** arguments) {
     std::error_code ignored_if_there;
     std::filesystem::create_directories(folder, ignored_if_there);
     std::vector<std::string> ids;
-    for (std::size_t i = 1; i <= store::kStartingSettings.size(); ++i) {
-        ids.push_back(base::ToText(static_cast<std::int64_t>(i)));
-    }
+    for (const store::Setting& setting : store::kSettings)
+        ids.push_back(base::ToText(store::NumberOf(setting.row)));
     for (const ports::StoreLayout& layout : store::kStoreLayouts) {
         const std::filesystem::path file = folder / layout.file.substr(1);
         std::error_code ignored_if_missing;

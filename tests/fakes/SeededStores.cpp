@@ -2,6 +2,7 @@
 
 #include "base/Number.h"
 #include "base/Text.h"
+#include "store/Settings.h"
 #include "store/StartingContent.h"
 
 namespace fakes {
@@ -20,9 +21,9 @@ SeededStores::SeededStores(FakeDesktop& desktop) : Stores(Database, desktop, Tro
     Database.MakeStore(kMediaPath);
     Database.MakeStore(kLoginPath);
     Seed("tblFavs", {Row(store::kStartingFavourite.begin(), store::kStartingFavourite.end())});
-    int id = 0;
-    for (const std::string_view text : store::kStartingSettings) {
-        Seed("tblHistory", {{base::ToText(++id), std::string(store::kSettingsType), std::string(text)}});
+    for (const store::Setting& setting : store::kSettings) {
+        Seed("tblHistory", {{base::ToText(store::NumberOf(setting.row)), std::string(store::kSettingsType),
+                             std::string(setting.shipped)}});
     }
 }
 

@@ -1,9 +1,17 @@
 #include "places/PlacesHarness.h"
+#include "store/Settings.h"
 
 namespace {
 
 using places_test::Row;
 using places_test::Texts;
+
+constexpr int kLastSetting = store::NumberOf(store::SettingsRow::EndMark);
+
+/// Number of a history row, counted from 1 after the settings.
+std::string Nth(int place) {
+    return base::ToText(kLastSetting + place);
+}
 
 class HistoryRoom : public ::testing::Test {
 protected:
@@ -12,10 +20,10 @@ protected:
         stores.Bind(songs, "tblSong");
     }
 
-    /// Rows behind the twenty settings.
+    /// Rows after the settings.
     std::vector<Row> Log() {
         std::vector<Row> rows = stores.Rows("tblHistory");
-        rows.erase(rows.begin(), rows.begin() + 20);
+        rows.erase(rows.begin(), rows.begin() + kLastSetting);
         return rows;
     }
     void SeedSong(int id, const std::string& path) {
@@ -39,7 +47,7 @@ protected:
 TEST_F(HistoryRoom, AVisitedAddressBecomesTheLastRow) {
     room.AddSiteToHistory("Web", "http://one.example/");
 
-    EXPECT_EQ(Log(), (std::vector<Row>{{"21", "Web", "http://one.example/"}}));
+    EXPECT_EQ(Log(), (std::vector<Row>{{Nth(1), "Web", "http://one.example/"}}));
 }
 
 TEST_F(HistoryRoom, NumbersGoOnFromTheLastRow) {
@@ -58,7 +66,7 @@ TEST_F(HistoryRoom, WithHistoryOffASongIsLoggedAndAnAddressIsNot) {
     room.AddSiteToHistory("File", "C:\\a.txt");
     Play("C:\\Music\\a.mp3");
 
-    EXPECT_EQ(Log(), (std::vector<Row>{{"21", "Music", "C:\\Music\\a.mp3"}}));
+    EXPECT_EQ(Log(), (std::vector<Row>{{Nth(1), "Music", "C:\\Music\\a.mp3"}}));
 }
 
 TEST_F(HistoryRoom, TheSameAddressTwiceLeavesTheCaseOfTheFirstVisit) {
@@ -66,7 +74,7 @@ TEST_F(HistoryRoom, TheSameAddressTwiceLeavesTheCaseOfTheFirstVisit) {
 
     room.AddSiteToHistory("Web", "HTTP://one.EXAMPLE/");
 
-    EXPECT_EQ(Log(), (std::vector<Row>{{"21", "Web", "http://One.example/"}}));
+    EXPECT_EQ(Log(), (std::vector<Row>{{Nth(1), "Web", "http://One.example/"}}));
 }
 
 TEST_F(HistoryRoom, ARepeatedVisitDoesNotMoveTheOldRow) {
@@ -75,8 +83,8 @@ TEST_F(HistoryRoom, ARepeatedVisitDoesNotMoveTheOldRow) {
 
     room.AddSiteToHistory("Web", "http://one.example/");
 
-    EXPECT_EQ(Log(),
-              (std::vector<Row>{{"21", "Web", "http://one.example/"}, {"22", "Web", "http://two.example/"}}));
+    EXPECT_EQ(Log(), (std::vector<Row>{{Nth(1), "Web", "http://one.example/"},
+                                       {Nth(2), "Web", "http://two.example/"}}));
 }
 
 TEST_F(HistoryRoom, ATextOfAnotherKindCountsAsKnown) {
@@ -136,7 +144,7 @@ TEST_F(HistoryRoom, SongsThatTakeTurnsAddARowEach) {
     Play("C:\\Music\\a.mp3");
 
     ASSERT_EQ(Log().size(), 3U);
-    EXPECT_EQ(Log().back(), (Row{"23", "Music", "C:\\Music\\a.mp3"}));
+    EXPECT_EQ(Log().back(), (Row{Nth(3), "Music", "C:\\Music\\a.mp3"}));
 }
 
 TEST_F(HistoryRoom, TheHighestNumberIsCarriedAgain) {
@@ -165,6 +173,14 @@ TEST_F(HistoryRoom, SongsBehindTheHighestNumberKeepTheirOrder) {
 
 TEST_F(HistoryRoom, ANumberOutOfRangeIsFollowedByTheHighest) {
     stores.Seed("tblHistory", {{"40000", "Web", "http://old.example/"}});
+
+    room.AddSiteToHistory("Web", "http://one.example/");
+
+    EXPECT_EQ(Log().back(), (Row{"32767", "Web", "http://one.example/"}));
+}
+
+TEST_F(HistoryRoom, TheLargestNumberOfAllIsFollowedByTheHighest) {
+    stores.Seed("tblHistory", {{"9223372036854775807", "Web", "http://old.example/"}});
 
     room.AddSiteToHistory("Web", "http://one.example/");
 
@@ -203,10 +219,10 @@ TEST_F(HistoryRoom, EachKindIsStoredAsItWasGivenAndBlanksStay) {
     room.AddSiteToHistory("Search", "two\r\nlines");
     room.AddSiteToHistory("Web", long_text);
 
-    EXPECT_EQ(Log(), (std::vector<Row>{{"21", "MSN", " hello "},
-                                       {"22", "File", "C:\\a.txt"},
-                                       {"23", "Search", "two\r\nlines"},
-                                       {"24", "Web", long_text}}));
+    EXPECT_EQ(Log(), (std::vector<Row>{{Nth(1), "MSN", " hello "},
+                                       {Nth(2), "File", "C:\\a.txt"},
+                                       {Nth(3), "Search", "two\r\nlines"},
+                                       {Nth(4), "Web", long_text}}));
 }
 
 TEST_F(HistoryRoom, CaseIsIgnoredInEveryAlphabet) {
@@ -222,7 +238,7 @@ TEST_F(HistoryRoom, APlayedPathMayEqualAnAddress) {
 
     Play("C:\\a.mp3");
 
-    EXPECT_EQ(Log().back(), (Row{"22", "Music", "C:\\a.mp3"}));
+    EXPECT_EQ(Log().back(), (Row{Nth(2), "Music", "C:\\a.mp3"}));
 }
 
 TEST_F(HistoryRoom, ARowThatCannotBeStoredIsToldOnceAndStoredLater) {
@@ -251,10 +267,10 @@ TEST_F(HistoryRoom, AStoreThatCannotBeReadIsPassedOver) {
 }
 
 TEST_F(HistoryRoom, TheAddressListShowsItsKindOldestFirst) {
-    stores.Seed("tblHistory", {{"21", "Web", "http://one.example/"},
-                               {"22", "Search", "owls"},
-                               {"23", "web", "http://small.example/"},
-                               {"24", "Web", "http://two.example/"}});
+    stores.Seed("tblHistory", {{Nth(1), "Web", "http://one.example/"},
+                               {Nth(2), "Search", "owls"},
+                               {Nth(3), "web", "http://small.example/"},
+                               {Nth(4), "Web", "http://two.example/"}});
     address.Text = "typed";
     address.List = {"old"};
 
@@ -266,7 +282,7 @@ TEST_F(HistoryRoom, TheAddressListShowsItsKindOldestFirst) {
 
 TEST_F(HistoryRoom, TheAddressListHasNoLimit) {
     for (int i = 0; i < 300; ++i)
-        stores.Seed("tblHistory", {{base::ToText(21 + i), "Web", base::ToText(i)}});
+        stores.Seed("tblHistory", {{Nth(1 + i), "Web", base::ToText(i)}});
 
     room.PopulateHistory("Web");
 
@@ -388,7 +404,7 @@ TEST_F(HistoryRoom, DeletingAsksFirst) {
     EXPECT_EQ(boxes.Boxes[0].title, "Delete History");
     EXPECT_EQ(boxes.Boxes[0].buttons, ports::BoxButtons::YesNo);
     EXPECT_EQ(boxes.Boxes[0].icon, ports::BoxIcon::None);
-    EXPECT_EQ(stores.Rows("tblHistory").size(), 21U);
+    EXPECT_EQ(Log().size(), 1U);
     EXPECT_EQ(address.Clears, 0);
 }
 

@@ -466,7 +466,7 @@ class Story:
         self.answer_box("Exit Brindlepost", "You currently have web tabs open, are you sure you want to exit?", "Yes")
         code = wait_for("the end of the program", lambda: self._exit_code(self.program), 15)
         check_equal("exit code", code, "0")
-        history = self.rows_of("dbHistory", "select HistoryType, HistoryText from tblHistory where HistoryID > 20")
+        history = self.rows_of("dbHistory", "select HistoryType, HistoryText from tblHistory where HistoryType != 'Settings'")
         for path in PAGES:
             check(any(row.startswith("Web|") and path in row for row in history), f"{path} is not in the history: {history}")
         played = [row for row in history if row.startswith("Music|")]

@@ -1,6 +1,7 @@
 #include "scenario/Computer.h"
 
 #include "base/Number.h"
+#include "store/Settings.h"
 #include "store/StartingContent.h"
 
 namespace scenario {
@@ -12,10 +13,10 @@ Computer::Computer() {
     }
     database.Seed(kFavouritesPath, "tblFavs",
                   {{store::kStartingFavourite.begin(), store::kStartingFavourite.end()}});
-    int id = 0;
-    for (const std::string_view text : store::kStartingSettings) {
+    for (const store::Setting& setting : store::kSettings) {
         database.Seed(kHistoryPath, "tblHistory",
-                      {{base::ToText(++id), std::string(store::kSettingsType), std::string(text)}});
+                      {{base::ToText(store::NumberOf(setting.row)), std::string(store::kSettingsType),
+                        std::string(setting.shipped)}});
     }
 }
 

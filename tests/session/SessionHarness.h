@@ -184,22 +184,6 @@ struct Windows : session::SessionMenu {
     store::DataSource datHistory{"datHistory"};
 };
 
-/// The preferences' boxes.
-struct Boxes {
-    controls::CheckBox chkSettings{"chkSettings", ""};
-    controls::CheckBox chkHomePages{"chkHomePages", ""};
-    controls::CheckBox chkMSN{"chkMSN", ""};
-    controls::CheckBox chkCustom{"chkCustom", ""};
-    controls::CheckBox chkSaveMSN{"chkSaveMSN", ""};
-    controls::CheckBox chkMultiLogin{"chkMultiLogin", ""};
-    controls::CheckBox chkAutoLogin{"chkAutoLogin", ""};
-    controls::CheckBox chkHistory{"chkHistory", ""};
-    controls::CheckBox chkGoogle{"chkGoogle", ""};
-    controls::CheckBox chkFile{"chkFile", ""};
-    controls::CheckBox chkSubFolders{"chkSubFolders", ""};
-    controls::CommandButton cmdNewUser{"cmdNewUser"};
-};
-
 /// The whole of start-up and session, joined as the program joins it. `Command` is the command line.
 class CoreTest : public ::testing::Test {
 protected:
@@ -278,7 +262,7 @@ protected:
     fakes::SeededStores stores{desktop};
     Neighbours near;
     Windows w;
-    Boxes checks;
+    session::OptionControls checks;
     session::ActivateForm activate;
     session::LoginForm login_form;
     session::StartUpControls start_controls;
@@ -297,9 +281,7 @@ protected:
     session::SettingsRoom settings{
         {w.mnuRepeat, w.mnuShuffle, w.mnuSearchBroad, w.mnuSearchTitle, w.mnuSearchArtist,
          w.mnuSearchFilename, w.txtRefresh, w.cmbType, w.datHistory, w.datFav},
-        {checks.chkSettings, checks.chkHomePages, checks.chkMSN, checks.chkCustom, checks.chkSaveMSN,
-         checks.chkMultiLogin, checks.chkAutoLogin, checks.chkHistory, checks.chkGoogle, checks.chkFile,
-         checks.chkSubFolders, checks.cmdNewUser},
+        checks,
         options,
         session,
         connection,

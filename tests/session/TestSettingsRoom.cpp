@@ -1,3 +1,6 @@
+#include <cstdint>
+#include <limits>
+
 #include "session/SessionHarness.h"
 
 namespace {
@@ -6,6 +9,8 @@ using session_test::Count;
 using session_test::PlaceOf;
 using session_test::Row;
 using session_test::Texts;
+
+constexpr int kEndMark = store::NumberOf(store::SettingsRow::EndMark);
 
 class SettingsRoom : public session_test::CoreTest {
 protected:
@@ -101,6 +106,30 @@ TEST_F(SettingsRoom, AnAgeIsThePlainDifferenceOfTheStamps) {
     EXPECT_EQ(Setting(6), "20260228");
 }
 
+TEST_F(SettingsRoom, ADateBeyond32BitsStaysAtTheEndOfTheirRange) {
+    constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+    constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+    const struct {
+        const char* text;
+        std::int32_t stamp;
+        std::int32_t age;
+    } cases[] = {{"20260309123456", kMost, 20260309 - kMost},
+                 {"1e300", kMost, 20260309 - kMost},
+                 {"-1e300", kLeast, kMost},
+                 {"99999999999999999999", kMost, 20260309 - kMost}};
+    for (const auto& one : cases) {
+        SetSetting(5, one.text);
+        SetSetting(6, one.text);
+
+        settings.LoadSettings();
+
+        EXPECT_EQ(options.DaysStampA, one.stamp) << one.text;
+        EXPECT_EQ(options.DaysStampAge, one.age) << one.text;
+        EXPECT_EQ(options.LastPlayListBackUp, one.stamp) << one.text;
+        EXPECT_EQ(options.LastPlayListBackUpAge, one.age) << one.text;
+    }
+}
+
 TEST_F(SettingsRoom, TheTitleScrollsUnlessTheTextIsFalse) {
     const struct {
         const char* text;
@@ -140,6 +169,25 @@ TEST_F(SettingsRoom, EachOptionHasItsFlagAndItsBox) {
 
             EXPECT_EQ(options.*one.flag, on) << one.id << " " << text;
             EXPECT_EQ(one.box->Checked(), on) << one.id << " " << text;
+        }
+    }
+}
+
+TEST_F(SettingsRoom, TheOptionsStartAsTheRowsAreShipped) {
+    for (const session::Option& option : session::kOptions) {
+        const store::Setting& setting = store::SettingOf(option.row);
+        if (option.flag == nullptr) continue;
+        EXPECT_EQ(options.*option.flag, store::IsOn(setting.row, setting.shipped))
+            << store::NumberOf(setting.row);
+    }
+}
+
+TEST_F(SettingsRoom, NoFlagAndNoBoxHasTwoRows) {
+    for (const session::Option& one : session::kOptions) {
+        for (const session::Option& other : session::kOptions) {
+            if (one.row == other.row) continue;
+            EXPECT_NE(one.box, other.box) << store::NumberOf(one.row);
+            EXPECT_TRUE(one.flag == nullptr || one.flag != other.flag) << store::NumberOf(one.row);
         }
     }
 }
@@ -187,12 +235,37 @@ TEST_F(SettingsRoom, MultipleUsersEnableTheirControls) {
     }
 }
 
-TEST_F(SettingsRoom, NothingBehindRow20IsRead) {
+TEST_F(SettingsRoom, NothingAfterTheEndMarkIsRead) {
     stores.Seed("tblHistory", {{"16", "Settings", "False"}});
 
     settings.LoadSettings();
 
     EXPECT_TRUE(options.Save_History);
+}
+
+TEST_F(SettingsRoom, HistoryRowsOfADeletedSettingsNumberAreTakenForIt) {
+    store::DataSource source("datSeed");
+    stores.Bind(source, "tblHistory");
+    source.Open("SELECT * from tblHistory");
+    store::RecordSet& rows = source.Recordset();
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        if (store::HistoryNumber(rows) > store::NumberOf(store::kLastRowOfDeletedHistory)) rows.Delete();
+    }
+    for (int number = store::NumberOf(store::kLastRowOfDeletedHistory) + 1; number <= kEndMark; ++number) {
+        rows.AddNew();
+        rows.Set(store::tblHistory::HistoryID, base::ToText(number));
+        rows.Set(store::tblHistory::HistoryType, "Web");
+        rows.Set(store::tblHistory::HistoryText, "http://one.example/");
+        rows.Update();
+    }
+    options.Save_History = false;
+
+    settings.LoadSettings();
+    settings.StoreSettings();
+
+    EXPECT_TRUE(options.Save_History);
+    EXPECT_EQ(Setting(kEndMark - 1), "http://one.example/");
+    EXPECT_EQ(stores.Rows("tblHistory").back(), (Row{base::ToText(kEndMark), "Settings", "False"}));
 }
 
 TEST_F(SettingsRoom, RowsOutsideTheTableArePassedOver) {
@@ -429,7 +502,7 @@ TEST_F(SettingsRoom, StoringWritesWhatIsSet) {
     EXPECT_EQ(Setting(4), "Artist");
     EXPECT_EQ(Setting(7), "False");
     EXPECT_EQ(Setting(8), "False");
-    EXPECT_EQ(Setting(20), "False");
+    EXPECT_EQ(Setting(kEndMark), "False");
 }
 
 TEST_F(SettingsRoom, TheStoredSearchFieldIsTheFirstChecked) {
@@ -448,7 +521,7 @@ TEST_F(SettingsRoom, TheStoredSearchFieldIsTheFirstChecked) {
     EXPECT_EQ(Setting(4), "Broad");
 }
 
-TEST_F(SettingsRoom, WithoutSavingOnlyRow20IsWritten) {
+TEST_F(SettingsRoom, WithoutSavingOnlyTheEndMarkIsWritten) {
     SetSetting(9, "False");
     settings.LoadSettings();
     const std::vector<Row> before = stores.Rows("tblHistory");
@@ -459,20 +532,20 @@ TEST_F(SettingsRoom, WithoutSavingOnlyRow20IsWritten) {
     settings.StoreSettings();
 
     std::vector<Row> after = stores.Rows("tblHistory");
-    EXPECT_EQ(after[19], (Row{"20", "Settings", "False"}));
-    after[19] = before[19];
+    EXPECT_EQ(after[kEndMark - 1], (Row{base::ToText(kEndMark), "Settings", "False"}));
+    after[kEndMark - 1] = before[kEndMark - 1];
     EXPECT_EQ(after, before);
 }
 
-TEST_F(SettingsRoom, Row20IsWrittenFromTheActivationFlag) {
+TEST_F(SettingsRoom, TheEndMarkIsWrittenFromTheActivationFlag) {
     SetSetting(9, "False");
-    SetSetting(20, "False");
+    SetSetting(kEndMark, "False");
     settings.LoadSettings();
     options.Show_Activation = true;
 
     settings.StoreSettings();
 
-    EXPECT_EQ(Setting(20), "True");
+    EXPECT_EQ(Setting(kEndMark), "True");
 }
 
 TEST_F(SettingsRoom, RowsOfThePreferencesAndDatesStay) {

@@ -6,17 +6,18 @@
 
 #include "base/Number.h"
 #include "fakes/SeededStores.h"
+#include "store/Settings.h"
 
 namespace {
 
 using fakes::SeededStores;
 
-TEST(StartingContent, HasTheTwentySettingsRowsInOrder) {
+TEST(StartingContent, HasTheSettingsRowsInOrder) {
     SeededStores stores;
 
     const auto rows = stores.Rows("tblHistory");
 
-    ASSERT_EQ(rows.size(), 20U);
+    ASSERT_EQ(rows.size(), store::kSettings.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
         EXPECT_EQ(rows[i][0], base::ToText(static_cast<std::int64_t>(i) + 1));
         EXPECT_EQ(rows[i][1], "Settings");
@@ -24,11 +25,11 @@ TEST(StartingContent, HasTheTwentySettingsRowsInOrder) {
 }
 
 TEST(StartingContent, TurnsOnTheOptionsThatAreOnByDefault) {
-    for (std::size_t row = 7; row <= 20; ++row)
-        EXPECT_EQ(store::kStartingSettings[row - 1], "True") << row;
-    EXPECT_EQ(store::kStartingSettings[0], "False");
-    EXPECT_EQ(store::kStartingSettings[1], "False");
-    EXPECT_EQ(store::kStartingSettings[3], "Broad");
+    for (std::size_t row = 7; row <= store::kSettings.size(); ++row)
+        EXPECT_EQ(store::kSettings[row - 1].shipped, "True") << row;
+    EXPECT_EQ(store::kSettings[0].shipped, "False");
+    EXPECT_EQ(store::kSettings[1].shipped, "False");
+    EXPECT_EQ(store::kSettings[3].shipped, "Broad");
 }
 
 TEST(StartingContent, HasTheHomePagesGroupAndNoUser) {
