@@ -100,17 +100,17 @@ void ActivateRoom::RevealMainWindow() {
 void ActivateRoom::Timer2_Tick() {
     form_.lblLoading.SetCaption("Internet connection");
     events_.Yield();
-    ++internet_probe_ticks_;
+    ++InternetProbeTicks_;
     const bool found = base::InStr(form_.Browser.LocationURL() + "  ", web::MakerDomain) > 0;
-    if (!found && internet_probe_ticks_ != kLastProbeTick) return;
+    if (!found && InternetProbeTicks_ != kLastProbeTick) return;
     form_.Timer2.SetEnabled(false);
     // A find on exactly the last tick counts as a failure.
-    if (internet_probe_ticks_ != kLastProbeTick) {
+    if (InternetProbeTicks_ != kLastProbeTick) {
         DoLoading();
     } else {
         form_.fraConnection.SetVisible(true);
     }
-    internet_probe_ticks_ = 0;
+    InternetProbeTicks_ = 0;
 }
 
 void ActivateRoom::DoLoading() {
@@ -148,7 +148,7 @@ void ActivateRoom::cmdClose_Click() {
 }
 
 void ActivateRoom::ResumeConnection() {
-    internet_probe_ticks_ = 0;
+    InternetProbeTicks_ = 0;
     form_.fraConnection.SetVisible(false);
     connection_.Internet_Connection = true;
     form_.Browser.SetEnabled(true);

@@ -1,9 +1,9 @@
 // The splash: checks that the stores are there, brings up the login, counts up to the main window.
 //
 // Order: the first stage caption loads the window; loading shows it, checks the four files and shows the
-// login. Nothing goes on from there until the login calls StartCounting; Timer1 then adds 1 a tick, and at
-// the first tick that stands at 100 or more the main window takes over. Stage captions add 10 each on the
-// way, from whichever side they come.
+// login. Nothing more happens until the login calls StartCounting; Timer1 then adds 1 a tick, and at the
+// first tick at 100 or more the main window takes over. Each change of the stage caption adds 10, whichever
+// room makes it.
 //
 // Timer2 and the connection panel are the hook for a check of the connection. Nothing starts Timer2 but a
 // button of that panel, which only Timer2 shows, so a run never meets them.
@@ -45,7 +45,7 @@ public:
 
     /// Runs the rest of the start after a connection was found.
     void DoLoading();
-    /// Takes a connection up again: looks at the probe page once more and goes on counting.
+    /// Resumes a connection: loads the probe page again and goes on counting.
     void ResumeConnection();
 
 private:
@@ -73,7 +73,7 @@ private:
     ports::Dialogs& dialogs_;
     ports::EventLoop& events_;
     std::string app_path_;
-    int internet_probe_ticks_ = 0;
+    int InternetProbeTicks_ = 0;
     bool was_loaded_ = false;
     controls::EventClaims claims_;
 };

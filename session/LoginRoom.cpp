@@ -48,7 +48,7 @@ bool LoginRoom::HasFile(std::string_view file) const {
 
 void LoginRoom::Form_Load() {
     if (other_instance_.IsRunning()) return;
-    first_login_ = true;
+    FirstLogin_ = true;
     load_ticks_ = 0;
     if (!HasFile(store::kLoginStore) || !HasFile(store::kHistoryStore)) {
         form_.tmrLoad.SetEnabled(false);
@@ -84,9 +84,9 @@ void LoginRoom::tmrLoad_Tick() {
     ++load_ticks_;
     if (load_ticks_ == kMultipleUsersTick) ReadMultipleUsers();
     if (load_ticks_ != kLoadUsersTick) return;
-    login_done_ = false;
+    LoginDone_ = false;
     LoadUsers();
-    skip_auto_login_ = false;
+    SkipAutoLogin_ = false;
     form_.tmrLoad.SetEnabled(false);
 }
 
@@ -107,40 +107,40 @@ void LoginRoom::LoadUsers() {
     form_.datLogin.Open(store::kAllUsers);
     form_.cmbUser.Clear();
     form_.txtPassword.SetText("");
-    if (!skip_auto_login_) {
-        str_name_.clear();
-        str_pass_.clear();
+    if (!SkipAutoLogin_) {
+        strName_.clear();
+        strPass_.clear();
     }
     bool auto_login = false;
     store::RecordSet& rows = form_.datLogin.Recordset();
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         if (rows.Text(store::tblLogin::UserName).empty()) continue;
         form_.cmbUser.AddItem(rows.Text(store::tblLogin::UserName));
-        if (!skip_auto_login_ && TakeRemembered()) auto_login = true;
+        if (!SkipAutoLogin_ && TakeRemembered()) auto_login = true;
     }
-    form_.cmbUser.SetText(str_name_);
-    form_.txtPassword.SetText(str_pass_);
+    form_.cmbUser.SetText(strName_);
+    form_.txtPassword.SetText(strPass_);
     FocusFirstEmptyBox();
-    if (auto_login && !str_pass_.empty()) cmdLogin_Click();
+    if (auto_login && !strPass_.empty()) cmdLogin_Click();
 }
 
 bool LoginRoom::TakeRemembered() {
     const store::RecordSet& row = form_.datLogin.Recordset();
     if (row.Text(store::tblLogin::RememberMe) == base::FlagText(true)) {
         form_.chkRememberMe.SetChecked(true);
-        str_name_ = row.Text(store::tblLogin::UserName);
+        strName_ = row.Text(store::tblLogin::UserName);
     }
     if (row.Text(store::tblLogin::AutoLogin) != base::FlagText(true)) return false;
     form_.chkAuto.SetChecked(true);
-    str_name_ = row.Text(store::tblLogin::UserName);
-    str_pass_ = row.Text(store::tblLogin::Password);
+    strName_ = row.Text(store::tblLogin::UserName);
+    strPass_ = row.Text(store::tblLogin::Password);
     return true;
 }
 
 void LoginRoom::OfferUser(std::string_view name, std::string_view password) {
-    str_name_ = name;
-    str_pass_ = password;
-    skip_auto_login_ = true;
+    strName_ = name;
+    strPass_ = password;
+    SkipAutoLogin_ = true;
     form_.datLogin.Refresh();
     LoadUsers();
 }
@@ -171,16 +171,16 @@ void LoginRoom::txtPassword_KeyDown(int key_code) {
 }
 
 void LoginRoom::cmdLogin_Click() {
-    if (!first_login_) login_.NewLogin = true;
-    first_login_ = false;
+    if (!FirstLogin_) login_.NewLogin = true;
+    FirstLogin_ = false;
     // After a log out the answer of the login before must not stand for this one.
-    login_done_ = false;
-    str_name_ = form_.cmbUser.Text();
-    str_pass_ = form_.txtPassword.Text();
+    LoginDone_ = false;
+    strName_ = form_.cmbUser.Text();
+    strPass_ = form_.txtPassword.Text();
     if (!HasEntries()) return;
     form_.datLogin.Open(store::kAllUsers);
     if (FindUser()) LogIn();
-    if (!login_done_) {
+    if (!LoginDone_) {
         dialogs_.MsgBox("Your user name and password did not match, please check and re-type");
         return;
     }
@@ -188,11 +188,11 @@ void LoginRoom::cmdLogin_Click() {
 }
 
 bool LoginRoom::HasEntries() {
-    if (str_name_.empty()) {
+    if (strName_.empty()) {
         dialogs_.MsgBox("Please enter a user name");
         return false;
     }
-    if (str_pass_.empty()) {
+    if (strPass_.empty()) {
         dialogs_.MsgBox("Please enter a password");
         return false;
     }
@@ -202,8 +202,8 @@ bool LoginRoom::HasEntries() {
 bool LoginRoom::FindUser() {
     store::RecordSet& rows = form_.datLogin.Recordset();
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-        if (rows.Text(store::tblLogin::UserName) == str_name_ &&
-            rows.Text(store::tblLogin::Password) == str_pass_) {
+        if (rows.Text(store::tblLogin::UserName) == strName_ &&
+            rows.Text(store::tblLogin::Password) == strPass_) {
             return true;
         }
     }
@@ -228,7 +228,7 @@ void LoginRoom::LogIn() {
 void LoginRoom::DoLogin() {
     session_.LoggedIn = true;
     frm_browser_.Hide();
-    login_done_ = true;
+    LoginDone_ = true;
     form_.frmLogin.Hide();
     splash_.StartCounting();
 }
@@ -239,7 +239,7 @@ void LoginRoom::RememberOnlyThisUser() {
     if (!remembers && !logs_in_alone) return;
     store::RecordSet& rows = form_.datLogin.Recordset();
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-        if (rows.Text(store::tblLogin::UserName) == str_name_) continue;
+        if (rows.Text(store::tblLogin::UserName) == strName_) continue;
         rows.Edit();
         if (remembers) rows.Set(store::tblLogin::RememberMe, base::FlagText(false));
         if (logs_in_alone) rows.Set(store::tblLogin::AutoLogin, base::FlagText(false));

@@ -74,11 +74,11 @@ private:
     ports::EventLoop& events_;
     std::string app_path_;
 
-    std::string str_name_;
-    std::string str_pass_;
-    bool login_done_ = false;
-    bool skip_auto_login_ = false;  // the wizard filled name and password in
-    bool first_login_ = true;
+    std::string strName_;
+    std::string strPass_;
+    bool LoginDone_ = false;
+    bool SkipAutoLogin_ = false;  // the wizard filled name and password in
+    bool FirstLogin_ = true;
     int load_ticks_ = 0;
     controls::EventClaims claims_;
 };
