@@ -186,9 +186,9 @@ std::vector<Section> SectionsOf(const window::Windows& windows) {
           {&windows.frmVideo.tmrVisual, "VisualisationRoom"}}},
         {&windows.frmSpeakerTest, {With(windows.frmSpeakerTest, "SpeakerTestRoom")}, {}, {}},
         {&windows.info.frmInfo,
-         {With(windows.info, "SettingsRoom")},
+         {With(windows.info, kNotBuilt), With(windows.info.options, "SettingsRoom")},
          {},
-         {{&windows.info.frmInfo, kNotBuilt}, {&windows.info.fraOptions, kNotBuilt}}},
+         {}},
         {&windows.about.frmAbout, {With(windows.about, kNotBuilt)}, {}, {}},
     };
 }
