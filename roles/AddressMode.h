@@ -6,8 +6,8 @@
 
 namespace roles {
 
-/// The rows of `cmbType`. An empty text counts as Web; None is a text that is no mode.
-enum class AddressMode { Web, Msn, File, Search, None };
+/// The rows of `cmbType`. None: no row is chosen; what is entered then counts as in Web.
+enum class AddressMode { None, Web, Msn, File, Search };
 
 struct AddressModeText {
     AddressMode mode;
@@ -28,8 +28,8 @@ constexpr std::string_view TextOf(AddressMode mode) {
     return {};
 }
 
+/// None for any text that is not of a mode.
 constexpr AddressMode AddressModeOf(std::string_view text) {
-    if (text.empty()) return AddressMode::Web;
     for (const AddressModeText& row : kAddressModes)
         if (row.text == text) return row.mode;
     return AddressMode::None;

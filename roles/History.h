@@ -26,7 +26,7 @@ constexpr std::string_view TextOf(HistoryKind kind) {
     return {};
 }
 
-/// What is typed in a mode is kept under the kind of the same name.
+/// What is typed in a mode is kept under the kind of the same name; without a mode, as in Web.
 constexpr HistoryKind HistoryKindOf(AddressMode mode) {
     switch (mode) {
         case AddressMode::Msn:

@@ -9,7 +9,8 @@ namespace roles {
 class PageOpener {
 public:
     virtual ~PageOpener() = default;
-    /// Opens the address in a new web tab. A text of the form "title (address)" is cut to the address first.
+    /// Opens the address in a new web tab and empties the address row (`cmdGo`). A text of the form "title
+    /// (address)" is cut to the address first.
     virtual void OpenTab(std::string_view address) = 0;
     /// As if the user had typed the text into `cmbAddress` and pressed Enter: the mode and the shape of the
     /// text decide what happens.

@@ -98,16 +98,6 @@ public:
     virtual void NoMouseOvers() = 0;
 };
 
-/// The hidden button that takes command lines.
-class CommandMailbox {
-public:
-    virtual ~CommandMailbox() = default;
-    /// Hides `cmdDummy` and empties `Text1`.
-    virtual void Prepare() = 0;
-    /// Puts the command line into the button's caption and clicks it.
-    virtual void Deliver(std::string_view command) = 0;
-};
-
 /// Other runs of the program for the same folder and user.
 class OtherInstance {
 public:

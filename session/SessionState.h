@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "web/SessionFacts.h"
+
 namespace session {
 
 /// Public flags of the splash window.
@@ -15,11 +17,7 @@ struct ConnectionState {
 };
 
 /// Public fields of the login window: the user who is logged in.
-struct LoginState {
-    std::string MySpaceE;
-    std::string MySpaceP;
-    std::string HotmailE;
-    std::string HotmailP;
+struct LoginState : web::SiteCredentials {
     /// Stored and kept like the others; no page asks for these two.
     std::string FaceBookE;
     std::string FaceBookP;

@@ -22,14 +22,16 @@ std::string WholeNumber(double value) {
 
 StartUpRoom::StartUpRoom(StartUpControls& controls, StartUpTargets targets, SessionState& session,
                          const LoginState& login, web::WebState& web, SettingsRoom& settings,
-                         StartUpNeighbours neighbours, store::Stores& stores, ports::Files& files,
-                         ports::EventLoop& events, std::string_view app_path, std::string_view command)
+                         HandOffRoom& hand_off, StartUpNeighbours neighbours, store::Stores& stores,
+                         ports::Files& files, ports::EventLoop& events, std::string_view app_path,
+                         std::string_view command)
     : controls_(controls),
       targets_(targets),
       session_(session),
       login_(login),
       web_(web),
       settings_(settings),
+      hand_off_(hand_off),
       neighbours_(neighbours),
       stores_(stores),
       files_(files),
@@ -45,14 +47,14 @@ void StartUpRoom::Form_Load() {
     targets_.menu.mnuLogout.SetEnabled(login_.Allow_Multiple_Users);
     targets_.menu.mnuExit.SetEnabled(true);
     BindStores();
-    neighbours_.mailbox.Prepare();
+    hand_off_.Prepare();
     load_ticks_ = 0;
     web_.BackdropHidden = true;
     if (neighbours_.other_instance.IsRunning()) {
         HandOver();
         return;
     }
-    neighbours_.mailbox.Deliver(command_);
+    hand_off_.Deliver(command_);
     SetPlayerDefaults();
     TakeArguments();
     controls_.tmrLoad.SetEnabled(true);

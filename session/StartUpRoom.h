@@ -14,6 +14,7 @@
 #include "controls/Timer.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
+#include "session/HandOffRoom.h"
 #include "session/Outgoing.h"
 #include "session/SessionMenu.h"
 #include "session/SessionState.h"
@@ -53,7 +54,6 @@ struct StartUpNeighbours {
     AddressBar& address_bar;
     SessionPlayer& player;
     Skin& skin;
-    CommandMailbox& mailbox;
     OtherInstance& other_instance;
     StageLabel& stage;
     Splash& splash;
@@ -64,7 +64,7 @@ public:
     /// `app_path` is the application folder in drive form, without a backslash at its end; `command` is the
     /// command line as one text.
     StartUpRoom(StartUpControls& controls, StartUpTargets targets, SessionState& session,
-                const LoginState& login, web::WebState& web, SettingsRoom& settings,
+                const LoginState& login, web::WebState& web, SettingsRoom& settings, HandOffRoom& hand_off,
                 StartUpNeighbours neighbours, store::Stores& stores, ports::Files& files,
                 ports::EventLoop& events, std::string_view app_path, std::string_view command);
 
@@ -93,6 +93,7 @@ private:
     const LoginState& login_;
     web::WebState& web_;
     SettingsRoom& settings_;
+    HandOffRoom& hand_off_;
     StartUpNeighbours neighbours_;
     store::Stores& stores_;
     ports::Files& files_;

@@ -1,41 +1,44 @@
-// Keeper of the address row's texts: what stands in `cmbAddress`, `txtAddress` and `cmbType`. Many write
-// there; they do it here.
+// Keeper of the address row's texts: `cmbAddress`, `txtAddress` and `cmbType`. Many write there; they do it
+// here.
 #pragma once
 
 #include <string>
 #include <string_view>
 
+#include "roles/AddressRow.h"
 #include "web/WebControls.h"
+#include "web/WebState.h"
 
 namespace web {
 
-class AddressBox final {
+class AddressBox final : public roles::AddressRow {
 public:
-    explicit AddressBox(AddressControls& controls) : controls_(controls) {}
+    AddressBox(AddressControls& controls, const WebState& state) : controls_(controls), state_(state) {}
 
-    /// `cmbAddress.Text`: the slot that every web command works on.
-    const std::string& Address() const { return controls_.cmbAddress.Text(); }
-    void SetAddress(std::string_view text) { controls_.cmbAddress.SetText(text); }
-    /// The list below it.
-    void ClearList() { controls_.cmbAddress.Clear(); }
-    void AddToList(std::string_view text) { controls_.cmbAddress.AddItem(text); }
-
-    /// `txtAddress.Text`: what the person sees and types.
-    const std::string& Typed() const { return controls_.txtAddress.Text(); }
-    void SetTyped(std::string_view text) { controls_.txtAddress.SetText(text); }
-    void Focus() { controls_.txtAddress.SetFocus(); }
-    /// Focus, but only where the box shows.
-    void FocusIfVisible() {
-        if (controls_.txtAddress.Visible()) Focus();
+    // roles::AddressRow
+    std::string Address() const override { return controls_.cmbAddress.Text(); }
+    void SetAddress(std::string_view text) override { controls_.cmbAddress.SetText(text); }
+    bool IsAddressVisible() const override { return controls_.cmbAddress.Visible(); }
+    void ClearList() override { controls_.cmbAddress.Clear(); }
+    void AddToList(std::string_view text) override { controls_.cmbAddress.AddItem(text); }
+    void SetTyped(std::string_view text) override { controls_.txtAddress.SetText(text); }
+    roles::AddressMode Mode() const override { return roles::AddressModeOf(controls_.cmbType.Text()); }
+    void FocusAddress() override { controls_.txtAddress.SetFocus(); }
+    void ClearStaleAddress() override {
+        if (state_.MusicTabActive && Typed() == state_.LastTabUrl) SetTyped("");
     }
 
-    /// `cmbType.Text`.
-    const std::string& Mode() const { return controls_.cmbType.Text(); }
-    /// No mode counts as "Web".
-    bool IsWebMode() const { return Mode().empty() || Mode() == "Web"; }
+    /// `txtAddress.Text`.
+    const std::string& Typed() const { return controls_.txtAddress.Text(); }
+    void FocusIfVisible() {
+        if (controls_.txtAddress.Visible()) FocusAddress();
+    }
+    /// What is entered is an address: the mode is Web, or none is chosen.
+    bool IsWebMode() const { return Mode() == roles::AddressMode::Web || Mode() == roles::AddressMode::None; }
 
 private:
     AddressControls& controls_;
+    const WebState& state_;
 };
 
 }  // namespace web

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/MediaKinds.h"
 #include "base/Text.h"
 #include "web/Addresses.h"
 
@@ -34,9 +35,15 @@ std::string_view WithoutLast(std::string_view text, std::size_t count) {
 
 }  // namespace
 
-AddressRoom::AddressRoom(AddressControls& controls, WebState& state, AddressBox& address, Tabs& tabs,
-                         AddressPartners partners)
-    : controls_(controls), state_(state), address_(address), tabs_(tabs), partners_(partners) {
+AddressRoom::AddressRoom(AddressControls& controls, WebState& state, bool& StartedWithArguments,
+                         AddressBox& address, TabRoom& tabs, AddressRoles roles, AddressPorts ports)
+    : controls_(controls),
+      state_(state),
+      StartedWithArguments_(StartedWithArguments),
+      address_(address),
+      tabs_(tabs),
+      roles_(roles),
+      ports_(ports) {
     claims_.Claim(controls_.cmbType.Click, [this] { cmbType_Click(); });
     claims_.Claim(controls_.cmbType.KeyDown, [this](int key, int shift) { cmbType_KeyDown(key, shift); });
     claims_.Claim(controls_.cmbAddress.Click, [this] { cmbAddress_Click(); });
@@ -50,12 +57,22 @@ AddressRoom::AddressRoom(AddressControls& controls, WebState& state, AddressBox&
                   [this](const controls::DropData& data, double, double) { txtAddress_OLEDragDrop(data); });
 }
 
-void AddressRoom::EnterAddress() {
-    cmbAddress_KeyDown(controls::kKeyEnter, 0);
+void AddressRoom::OpenTab(std::string_view address) {
+    std::string page(address);
+    if (base::Contains(page, "(")) page = CutFromTitle(page);
+    address_.SetAddress(page);
+    if (tabs_.CanOpenTab()) {
+        tabs_.GetNewBrowser(page);
+        tabs_.CorrectTabs();
+    }
+    address_.SetTyped("");
+    address_.SetAddress("");
+    address_.FocusIfVisible();
 }
 
-void AddressRoom::EnterTyped() {
-    txtAddress_KeyDown(controls::kKeyEnter, 0);
+void AddressRoom::Enter(std::string_view text) {
+    address_.SetAddress(text);
+    cmbAddress_KeyDown(controls::kKeyEnter, 0);
 }
 
 void AddressRoom::txtAddress_KeyDown(int key_code, int shift) {
@@ -70,112 +87,108 @@ void AddressRoom::cmbAddress_Click() {
 void AddressRoom::cmbAddress_KeyDown(int key_code, int shift) {
     state_.ReloadLibraryAfterKey = false;
     if (key_code == controls::kKeyEnter) {
-        if (Enter() == Handled::Wholly) return;
+        if (TakeEnter() == Handled::Wholly) return;
         address_.SetTyped("");
-        if (!partners_.session.IsLoading()) RefillHistory();
+        if (!roles_.start.IsLoading()) RefillHistory();
     }
-    if (state_.ReloadLibraryAfterKey) partners_.library.Command1();
-    partners_.window.KeyDown(key_code, shift);
+    if (state_.ReloadLibraryAfterKey) roles_.track_lists.Command1();
+    roles_.keys.KeyDown(key_code, shift);
 }
 
-AddressRoom::Handled AddressRoom::Enter() {
-    const std::string mode = address_.Mode();
-    if (address_.IsWebMode() || mode == "File") {
-        address_.SetAddress(partners_.files.ToDriveForm(address_.Address()));
+AddressRoom::Handled AddressRoom::TakeEnter() {
+    const roles::AddressMode mode = address_.Mode();
+    if (address_.IsWebMode() || mode == roles::AddressMode::File) {
+        address_.SetAddress(ports_.files.FromNative(address_.Address()));
     }
     const std::string text = address_.Address();
-    if (address_.IsWebMode()) return EnterWeb(text);
-    if (mode == "MSN") EnterMessengerText(text);
-    if (mode == "File") EnterFile(text);
-    if (mode == "Search") EnterSearch(text);
+    switch (mode) {
+        case roles::AddressMode::None:
+        case roles::AddressMode::Web:
+            return EnterWeb(text);
+        case roles::AddressMode::Msn:
+            EnterMessengerText(text);
+            break;
+        case roles::AddressMode::File:
+            EnterFile(text);
+            break;
+        case roles::AddressMode::Search:
+            EnterSearch(text);
+            break;
+    }
     return Handled::SoFar;
 }
 
 AddressRoom::Handled AddressRoom::EnterWeb(const std::string& text) {
-    if (partners_.files.IsPlayListFile(text)) {
-        partners_.library.AddPlayList(text);
-        partners_.library.Command1();
-        partners_.history.AddSiteToHistory("File", text);
+    if (base::IsPlayListFile(text)) {
+        roles_.media.AddPlayList(text);
+        roles_.track_lists.Command1();
+        roles_.history.AddSiteToHistory(roles::HistoryKind::File, text);
         return Handled::SoFar;
     }
-    if (base::Len(text) >= kShortestMediaText && partners_.files.IsMediaFile(text))
-        return EnterMediaPath(text);
-    cmdGo();
+    if (base::Len(text) >= kShortestMediaText && base::IsMediaFile(text)) return EnterMediaPath(text);
+    OpenTab(text);
     return Handled::SoFar;
 }
 
 AddressRoom::Handled AddressRoom::EnterMediaPath(const std::string& text) {
-    partners_.history.AddSiteToHistory("File", text);
-    partners_.player.PlaySong(text);
-    partners_.events.Yield();
-    if (partners_.player.IsNoFileShown()) {
-        cmdGo();
+    roles_.history.AddSiteToHistory(roles::HistoryKind::File, text);
+    roles_.transport.PlaySong(text);
+    ports_.events.Yield();
+    if (roles_.now_playing.IsNoFileShown()) {
+        OpenTab(text);
         return Handled::Wholly;
     }
-    partners_.library.AddMediaFromCommand(text);
-    if (partners_.session.StartedWithArguments()) AddStartUpMedia();
-    partners_.session.ClearStartedWithArguments();
+    roles_.media.AddMediaFromCommand(text);
+    if (StartedWithArguments_) AddStartUpMedia(text);
+    StartedWithArguments_ = false;
     address_.SetAddress("");
     return Handled::SoFar;
 }
 
-// Each cued path is selected, but it is the address that is added: the library skips what it has.
-void AddressRoom::AddStartUpMedia() {
-    if (partners_.cue.CuedSongs() == 0) return;
-    for (int row = 0; row < partners_.cue.CuedPaths(); ++row) {
-        partners_.cue.SelectCuedPath(row);
-        partners_.library.AddMediaFromCommand(address_.Address());
+// Each cued path is selected, but it is the entered one that is added: the library skips what it has.
+void AddressRoom::AddStartUpMedia(const std::string& text) {
+    if (roles_.cue.SongCount() == 0) return;
+    for (int row = 0; row < roles_.cue.PathCount(); ++row) {
+        roles_.cue.SelectPath(row);
+        roles_.media.AddMediaFromCommand(text);
     }
 }
 
 void AddressRoom::EnterMessengerText(const std::string& text) {
-    partners_.history.AddSiteToHistory("MSN", text);
-    const std::string caption = partners_.player.TrackCaption();
+    roles_.history.AddSiteToHistory(roles::HistoryKind::Msn, text);
+    const std::string caption = roles_.now_playing.TrackCaption();
     // A caption may begin or end in a blank that nobody types.
     if (base::InStr("   " + text + "   ", caption) == 0) {
-        partners_.messenger.SetCustomText(text);
-        partners_.messenger.SendNowPlaying();
+        roles_.messenger.SetCustomText(text);
+        roles_.messenger.SendNowPlaying();
     } else if (base::Len(caption) <= base::Len(text)) {
-        partners_.messenger.SetCustomText(base::Right(text, base::Len(text) - base::Len(caption)));
+        roles_.messenger.SetCustomText(base::Right(text, base::Len(text) - base::Len(caption)));
     }
-    partners_.messenger.SendNowPlaying();
+    roles_.messenger.SendNowPlaying();
 }
 
 void AddressRoom::EnterFile(const std::string& text) {
-    if (partners_.files.IsMediaFile(text)) {
-        partners_.player.PlaySong(text);
-        partners_.library.AddMediaFromCommand(text);
+    if (base::IsMediaFile(text)) {
+        roles_.transport.PlaySong(text);
+        roles_.media.AddMediaFromCommand(text);
         address_.SetAddress("");
-        partners_.history.AddSiteToHistory("File", text);
+        roles_.history.AddSiteToHistory(roles::HistoryKind::File, text);
     } else if (!LooksLikeAddress(text)) {
-        cmdGo();
+        OpenTab(text);
     }
 }
 
 void AddressRoom::EnterSearch(const std::string& text) {
-    partners_.history.AddSiteToHistory("Search", text);
-    address_.SetAddress(SearchAddress(SearchWords(text)));
-    cmdGo();
+    roles_.history.AddSiteToHistory(roles::HistoryKind::Search, text);
+    OpenTab(SearchAddress(SearchWords(text)));
 }
 
 void AddressRoom::RefillHistory() {
     if (!address_.IsWebMode()) {
-        partners_.history.PopulateHistory(std::string(address_.Mode()));
+        roles_.history.PopulateHistory(roles::HistoryKindOf(address_.Mode()));
     } else if (tabs_.Page(0).LocationURL() != "http:///") {
-        partners_.history.PopulateHistory("Web");
+        roles_.history.PopulateHistory(roles::HistoryKind::Web);
     }
-}
-
-void AddressRoom::cmdGo() {
-    if (base::Contains(address_.Address(), "(")) address_.SetAddress(CutFromTitle(address_.Address()));
-    if (tabs_.Count() <= kLastTabIndex) {
-        state_.NextBrowserIndex = static_cast<std::int16_t>(tabs_.Count());
-        tabs_.GetNewBrowser();
-        tabs_.CorrectTabs();
-    }
-    address_.SetTyped("");
-    address_.SetAddress("");
-    address_.FocusIfVisible();
 }
 
 // With no "(http" in it the text only loses its last character.
@@ -185,21 +198,16 @@ std::string AddressRoom::CutFromTitle(std::string_view text) {
     return std::string(base::Right(scratch, base::Len(scratch) - base::InStr(scratch, "(http")));
 }
 
+// A mode that is chosen shows its own history; with none chosen it is the web's, and the address in front.
 void AddressRoom::cmbType_Click() {
     address_.SetTyped("");
-    const std::string mode = address_.Mode();
-    if (!mode.empty()) {
-        partners_.history.PopulateHistory(mode);
-        return;
-    }
-    partners_.history.PopulateHistory("Web");
-    if (tabs_.IsShown(state_.currentbrowser)) {
-        address_.SetTyped(tabs_.Page(state_.currentbrowser).LocationURL());
-    }
+    roles_.history.PopulateHistory(roles::HistoryKindOf(address_.Mode()));
+    if (address_.Mode() != roles::AddressMode::None) return;
+    if (tabs_.Front().Visible()) address_.SetTyped(tabs_.Front().LocationURL());
 }
 
 void AddressRoom::cmbType_KeyDown(int key_code, int shift) {
-    partners_.window.KeyDown(key_code, shift);
+    roles_.keys.KeyDown(key_code, shift);
 }
 
 void AddressRoom::cmbAddress_OLEDragDrop(const controls::DropData& data) {
@@ -222,19 +230,18 @@ void AddressRoom::Drop(const controls::DropData& data, bool takes_play_lists) {
         if (std::find(kDroppedMedia.begin(), kDroppedMedia.end(), extension) != kDroppedMedia.end()) {
             DropMedia(path, i == 0);
         } else if (takes_play_lists && extension == "mpl") {
-            partners_.library.AddPlayList(path);
+            roles_.media.AddPlayList(path);
         } else {
-            address_.SetAddress(path);
-            cmbAddress_KeyDown(controls::kKeyEnter, 0);
+            Enter(path);
         }
     }
 }
 
 void AddressRoom::DropMedia(const std::string& path, bool is_first) {
-    if (is_first) partners_.player.PlaySong(path);
-    partners_.library.AddMediaFromCommand(path);
+    if (is_first) roles_.transport.PlaySong(path);
+    roles_.media.AddMediaFromCommand(path);
     if (is_first) return;
-    partners_.cue.CueFile(path, WithoutLast(partners_.files.FileNameOf(path), 4));
+    roles_.cue.CueFile(path, WithoutLast(base::FileNameOf(path), 4));
 }
 
 }  // namespace web

@@ -1,5 +1,8 @@
 // The address row: one input that opens pages, files and play lists, searches, and sets the messenger's
 // custom text. What it does follows from the mode in `cmbType` and from the shape of the text.
+//
+// `cmbAddress` shows the text that is being worked on and is emptied when a tab was opened; inside, the text
+// is passed from step to step.
 #pragma once
 
 #include <string>
@@ -7,45 +10,50 @@
 
 #include "controls/Event.h"
 #include "ports/EventLoop.h"
+#include "ports/Files.h"
+#include "roles/CueList.h"
+#include "roles/History.h"
+#include "roles/MediaIntake.h"
+#include "roles/MediaKeys.h"
+#include "roles/MessengerLine.h"
+#include "roles/NowPlaying.h"
+#include "roles/PageOpener.h"
+#include "roles/Start.h"
+#include "roles/TrackLists.h"
+#include "roles/Transport.h"
 #include "web/AddressBox.h"
-#include "web/Outgoing.h"
-#include "web/Tabs.h"
+#include "web/TabRoom.h"
 #include "web/WebControls.h"
 #include "web/WebState.h"
 
 namespace web {
 
-/// What the address row asks of its neighbours.
-struct AddressPartners {
-    BrowserWindow& window;
-    MusicPlayer& player;
-    MediaLibrary& library;
-    CueList& cue;
-    HistoryLog& history;
-    NowPlayingLine& messenger;
-    Session& session;
-    FileNames& files;
+struct AddressRoles {
+    roles::MediaKeys& keys;
+    roles::Transport& transport;
+    roles::NowPlaying& now_playing;
+    roles::TrackLists& track_lists;
+    roles::MediaIntake& media;
+    roles::CueList& cue;
+    roles::History& history;
+    roles::MessengerLine& messenger;
+    roles::Start& start;
+};
+
+struct AddressPorts {
+    const ports::Files& files;
     ports::EventLoop& events;
 };
 
-/// Opens what stands in `cmbAddress` in a new web tab.
-class AddressOpener {
+class AddressRoom final : public roles::PageOpener {
 public:
-    virtual ~AddressOpener() = default;
-    virtual void cmdGo() = 0;
-};
+    /// `StartedWithArguments` is cleared by the first media path that is entered.
+    AddressRoom(AddressControls& controls, WebState& state, bool& StartedWithArguments, AddressBox& address,
+                TabRoom& tabs, AddressRoles roles, AddressPorts ports);
 
-class AddressRoom final : public AddressOpener {
-public:
-    AddressRoom(AddressControls& controls, WebState& state, AddressBox& address, Tabs& tabs,
-                AddressPartners partners);
-
-    /// A text of the form "title (address)" is cut to the address first.
-    void cmdGo() override;
-    /// As Enter on `cmbAddress`, with what stands there.
-    void EnterAddress();
-    /// As Enter on `txtAddress`, with what stands there.
-    void EnterTyped();
+    // roles::PageOpener
+    void OpenTab(std::string_view address) override;
+    void Enter(std::string_view text) override;
 
 private:
     void cmbAddress_KeyDown(int key_code, int shift);
@@ -57,13 +65,13 @@ private:
     void cmbType_KeyDown(int key_code, int shift);
 
     enum class Handled { Wholly, SoFar };
-    Handled Enter();
+    Handled TakeEnter();
     Handled EnterWeb(const std::string& text);
     Handled EnterMediaPath(const std::string& text);
     void EnterMessengerText(const std::string& text);
     void EnterFile(const std::string& text);
     void EnterSearch(const std::string& text);
-    void AddStartUpMedia();
+    void AddStartUpMedia(const std::string& text);
     void RefillHistory();
     std::string CutFromTitle(std::string_view text);
     void Drop(const controls::DropData& data, bool takes_play_lists);
@@ -71,9 +79,11 @@ private:
 
     AddressControls& controls_;
     WebState& state_;
+    bool& StartedWithArguments_;
     AddressBox& address_;
-    Tabs& tabs_;
-    AddressPartners partners_;
+    TabRoom& tabs_;
+    AddressRoles roles_;
+    AddressPorts ports_;
     controls::EventClaims claims_;
 };
 

@@ -1,9 +1,9 @@
-// The addresses the program knows by itself.
+// The addresses that are built into the program.
 //
 // The maker's pages are shipped inside the program under a scheme of its own, so start page, help, updates
 // and backdrop work without a connection. The other hosts are names reserved for examples: whoever
-// distributes the program fills in his own, and keeps the two lengths that the tests of a page's address rely
-// on.
+// distributes the program fills in their own, and keeps the two lengths that the tests of a page's address
+// rely on.
 #pragma once
 
 #include <cstddef>
@@ -14,7 +14,7 @@ namespace web {
 
 /// Root of the maker's site, without a slash at the end.
 inline constexpr std::string_view MakerSiteUrl = "brindlepost://start";
-/// Stands in the address of every page of the maker.
+/// Part of the address of every page of the maker.
 inline constexpr std::string_view MakerDomain = "brindlepost://start";
 inline constexpr std::string_view GoogleSearchUrl = "https://search.example/search";
 inline constexpr std::string_view GoogleImagesUrl = "https://search.example/images";
@@ -39,7 +39,7 @@ std::string MakerAddress(std::string_view query);
 /// Text as the search pages take it: trimmed, each blank a "+". Nothing else is escaped.
 std::string SearchWords(std::string_view text);
 
-/// The address of a web search; `words` come from SearchWords, `more` is put behind them as it is.
+/// The address of a web search; `words` come from SearchWords, `more` is put after them as it is.
 std::string SearchAddress(std::string_view words, std::string_view more = {});
 
 /// The address of a picture search.

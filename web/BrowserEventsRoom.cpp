@@ -1,5 +1,6 @@
 #include "web/BrowserEventsRoom.h"
 
+#include "base/MediaKinds.h"
 #include "base/Text.h"
 #include "web/Addresses.h"
 
@@ -18,16 +19,18 @@ bool IsLiveLogin(std::string_view address) {
 
 }  // namespace
 
-BrowserEventsRoom::BrowserEventsRoom(NavigationControls& controls, controls::WebBrowser& backdrop,
-                                     NavigationMenu& menu, WebState& state, AddressBox& address, Tabs& tabs,
-                                     ConnectionGuard& guard, PagePartners partners)
+BrowserEventsRoom::BrowserEventsRoom(NavigationControls& controls, NavigationMenu& menu, WebState& state,
+                                     SessionFacts session, AddressBox& address, TabRoom& tabs,
+                                     ConnectionGuard& guard, PageRoles roles, ports::EventLoop& events)
     : controls_(controls),
-      backdrop_(backdrop),
       state_(state),
+      session_(session),
       address_(address),
       tabs_(tabs),
       guard_(guard),
-      partners_(partners) {
+      roles_(roles),
+      events_(events),
+      logins_(tabs) {
     claims_.Claim(controls_.imgBack.MouseMove, [this](int, int, double, double) { imgBack_MouseMove(); });
     claims_.Claim(controls_.imgBackOver.Click, [this] { imgBackOver_Click(); });
     claims_.Claim(controls_.imgForward.MouseMove,
@@ -36,7 +39,7 @@ BrowserEventsRoom::BrowserEventsRoom(NavigationControls& controls, controls::Web
     claims_.Claim(controls_.lblRefresh2.Click, [this] { lblRefresh2_Click(); });
     claims_.Claim(menu.mnuGoBack.Click, [this] { imgBackOver_Click(); });
     claims_.Claim(menu.mnuGoForward.Click, [this] { imgForwardOver_Click(); });
-    claims_.Claim(backdrop_.NewWindow2,
+    claims_.Claim(tabs_.Backdrop().NewWindow2,
                   [this](controls::WebBrowser*& target) { BrowserBG_NewWindow2(target); });
 }
 
@@ -51,18 +54,18 @@ void BrowserEventsRoom::ListenTo(int index) {
 
 void BrowserEventsRoom::Browser_TitleChange(int index) {
     tabs_.ShowTitle(index);
-    if (!partners_.files.IsPlayListFile(tabs_.Page(index).LocationURL())) return;
-    partners_.library.AddPlayList(std::string(address_.Address()));
-    partners_.events.Yield();
-    partners_.library.Command1();
+    if (!base::IsPlayListFile(tabs_.Page(index).LocationURL())) return;
+    roles_.media.AddPlayList(address_.Address());
+    events_.Yield();
+    roles_.track_lists.Command1();
 }
 
 void BrowserEventsRoom::Browser_NavigateComplete2(int index) {
-    if (partners_.session.Allow_Multiple_Users() && partners_.session.Auto_Login()) TriggerLogins(index);
+    if (session_.Allow_Multiple_Users && session_.Auto_Login) TriggerLogins(index);
     const std::string address = tabs_.Page(index).LocationURL();
-    if (partners_.files.IsPlayListFile(address)) {
-        partners_.library.AddPlayList(address);
-        partners_.library.Command1();
+    if (base::IsPlayListFile(address)) {
+        roles_.media.AddPlayList(address);
+        roles_.track_lists.Command1();
     } else {
         RememberVisit(index);
     }
@@ -72,39 +75,39 @@ void BrowserEventsRoom::TriggerLogins(int index) {
     const std::string address = tabs_.Page(index).LocationURL();
     if (IsMySpace(address)) {
         WaitForTemplate();
-        partners_.logins.LoginToMySpace(index);
+        logins_.LoginToMySpace(session_.credentials.MySpaceE, session_.credentials.MySpaceP, index);
     }
     if (IsLiveLogin(address)) {
         WaitForTemplate();
-        partners_.logins.LoginToHotmail(index);
+        logins_.LoginToHotmail(session_.credentials.HotmailE, session_.credentials.HotmailP, index);
     }
 }
 
 // The template has no page, so this waits for nothing: a login works on what the document holds at that
 // moment.
 void BrowserEventsRoom::WaitForTemplate() {
-    while (tabs_.Page(0).Busy() && !partners_.events.IsEnding())
-        partners_.events.Yield();
+    while (tabs_.Page(0).Busy() && !events_.IsEnding())
+        events_.Yield();
 }
 
 void BrowserEventsRoom::RememberVisit(int index) {
     if (address_.Typed() == state_.LastTabUrl) ShowAddressOfFront();
-    if (partners_.session.Save_History()) {
-        partners_.history.AddSiteToHistory("Web", tabs_.Page(index).LocationURL());
+    if (session_.Save_History) {
+        roles_.history.AddSiteToHistory(roles::HistoryKind::Web, tabs_.Page(index).LocationURL());
     }
 }
 
 void BrowserEventsRoom::ShowAddressOfFront() {
-    const std::string address = tabs_.Page(state_.currentbrowser).LocationURL();
+    const std::string address = tabs_.Front().LocationURL();
     if (address_.IsWebMode()) address_.SetTyped(address);
     state_.LastTabUrl = address;
 }
 
+// The tab first goes to what the address row holds, as a rule nothing; the page that pops up then loads
+// there.
 void BrowserEventsRoom::Browser_NewWindow2(controls::WebBrowser*& target) {
-    if (tabs_.Count() > kLastTabIndex) return;
-    const int index = tabs_.Count();
-    state_.NextBrowserIndex = static_cast<std::int16_t>(index);
-    tabs_.GetNewBrowser();
+    if (!tabs_.CanOpenTab()) return;
+    const int index = tabs_.GetNewBrowser(address_.Address());
     target = &tabs_.Page(index);
     tabs_.BringForward(index);
     tabs_.CorrectTabs();
@@ -128,20 +131,20 @@ void BrowserEventsRoom::imgForward_MouseMove() {
 
 void BrowserEventsRoom::imgBackOver_Click() {
     if (!guard_.Passes()) return;
-    tabs_.Page(state_.currentbrowser).GoBack();
-    if (!state_.TabsShown) backdrop_.GoBack();
+    tabs_.Front().GoBack();
+    if (!state_.TabsShown) tabs_.Backdrop().GoBack();
 }
 
 void BrowserEventsRoom::imgForwardOver_Click() {
     if (!guard_.Passes()) return;
-    tabs_.Page(state_.currentbrowser).GoForward();
-    if (!state_.TabsShown) backdrop_.GoForward();
+    tabs_.Front().GoForward();
+    if (!state_.TabsShown) tabs_.Backdrop().GoForward();
 }
 
 void BrowserEventsRoom::lblRefresh2_Click() {
     if (!guard_.Passes()) return;
-    tabs_.Page(state_.currentbrowser).RefreshPage();
-    if (!state_.BackdropHidden) backdrop_.RefreshPage();
+    tabs_.Front().RefreshPage();
+    if (!state_.BackdropHidden) tabs_.Backdrop().RefreshPage();
 }
 
 }  // namespace web

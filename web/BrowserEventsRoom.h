@@ -1,47 +1,52 @@
 // What the pages raise, and the buttons that send them back and forth: titles reach the tabs, pop-ups become
 // tabs, visited addresses reach the history, site logins are triggered.
 //
-// The events of a page belong to its tab by index; a page tells late, so its tab may be behind or closed by
-// then.
+// The events of a page belong to its tab by index; a page reports late, so by then its tab may no longer be
+// in front, or be closed.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "controls/Event.h"
 #include "ports/EventLoop.h"
+#include "roles/FrontPage.h"
+#include "roles/History.h"
+#include "roles/MediaIntake.h"
+#include "roles/TrackLists.h"
 #include "web/AddressBox.h"
 #include "web/ConnectionGuard.h"
-#include "web/Outgoing.h"
-#include "web/PageNavigation.h"
-#include "web/Tabs.h"
+#include "web/SessionFacts.h"
+#include "web/SiteLogin.h"
+#include "web/TabRoom.h"
 #include "web/WebControls.h"
 #include "web/WebMenu.h"
 #include "web/WebState.h"
 
 namespace web {
 
-/// What the pages ask of their neighbours.
-struct PagePartners {
-    MediaLibrary& library;
-    HistoryLog& history;
-    SiteLogins& logins;
-    Session& session;
-    FileNames& files;
-    ports::EventLoop& events;
+struct PageRoles {
+    roles::TrackLists& track_lists;
+    roles::MediaIntake& media;
+    roles::History& history;
 };
 
-class BrowserEventsRoom final : public PageNavigation {
+class BrowserEventsRoom final : public roles::FrontPage {
 public:
-    BrowserEventsRoom(NavigationControls& controls, controls::WebBrowser& backdrop, NavigationMenu& menu,
-                      WebState& state, AddressBox& address, Tabs& tabs, ConnectionGuard& guard,
-                      PagePartners partners);
+    BrowserEventsRoom(NavigationControls& controls, NavigationMenu& menu, WebState& state,
+                      SessionFacts session, AddressBox& address, TabRoom& tabs, ConnectionGuard& guard,
+                      PageRoles roles, ports::EventLoop& events);
 
     /// Listens to the page of a new tab.
     void ListenTo(int index);
 
-    void ClickBack() override { imgBackOver_Click(); }
-    void ClickForward() override { imgForwardOver_Click(); }
-    void ClickRefresh() override { lblRefresh2_Click(); }
+    // roles::FrontPage
+    bool IsPageVisible() const override { return tabs_.Front().Visible(); }
+    std::string LocationURL() const override { return tabs_.Front().LocationURL(); }
+    std::string LocationName() const override { return tabs_.Front().LocationName(); }
+    void GoBack() override { imgBackOver_Click(); }
+    void GoForward() override { imgForwardOver_Click(); }
+    void Refresh() override { lblRefresh2_Click(); }
 
 private:
     void Browser_TitleChange(int index);
@@ -61,12 +66,14 @@ private:
     void ShowAddressOfFront();
 
     NavigationControls& controls_;
-    controls::WebBrowser& backdrop_;
     WebState& state_;
+    SessionFacts session_;
     AddressBox& address_;
-    Tabs& tabs_;
+    TabRoom& tabs_;
     ConnectionGuard& guard_;
-    PagePartners partners_;
+    PageRoles roles_;
+    ports::EventLoop& events_;
+    SiteLogin logins_;
     controls::EventClaims claims_;
 };
 

@@ -3,7 +3,7 @@
 namespace web {
 
 bool ConnectionGuard::Passes() const {
-    if (session_.Internet_Connection()) return true;
+    if (Internet_Connection_) return true;
     dialogs_.MsgBox(
         "You do not have an Internet connection. Please re-establish a connection and restart the "
         "application.",

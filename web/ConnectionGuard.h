@@ -1,20 +1,20 @@
-// Stands in front of every command that needs the Internet.
+// Asked first by every command that needs the Internet.
 #pragma once
 
 #include "ports/Dialogs.h"
-#include "web/Outgoing.h"
 
 namespace web {
 
 class ConnectionGuard final {
 public:
-    ConnectionGuard(const Session& session, ports::Dialogs& dialogs) : session_(session), dialogs_(dialogs) {}
+    ConnectionGuard(const bool& Internet_Connection, ports::Dialogs& dialogs)
+        : Internet_Connection_(Internet_Connection), dialogs_(dialogs) {}
 
     /// True when there is a connection; otherwise shows the box that says so.
     bool Passes() const;
 
 private:
-    const Session& session_;
+    const bool& Internet_Connection_;
     ports::Dialogs& dialogs_;
 };
 

@@ -9,14 +9,9 @@
 namespace web {
 
 RefreshRoom::RefreshRoom(RefreshControls& controls, RefreshMenu& menu, WebState& state,
-                         PageNavigation& navigation, ConnectionGuard& guard, BrowserWindow& window,
+                         BrowserEventsRoom& pages, ConnectionGuard& guard, roles::MediaKeys& keys,
                          ports::Dialogs& dialogs)
-    : controls_(controls),
-      state_(state),
-      navigation_(navigation),
-      guard_(guard),
-      window_(window),
-      dialogs_(dialogs) {
+    : controls_(controls), state_(state), pages_(pages), guard_(guard), keys_(keys), dialogs_(dialogs) {
     claims_.Claim(controls_.imgCheck.Click, [this] { imgCheck_Click(); });
     claims_.Claim(controls_.imgCheckChecked.Click, [this] { imgCheckChecked_Click(); });
     claims_.Claim(controls_.txtRefresh.Change, [this] { txtRefresh_Change(); });
@@ -59,7 +54,7 @@ void RefreshRoom::tmrRefresh_Tick() {
     ++state_.RefreshSeconds;
     const std::optional<double> wanted = base::ToNumber(controls_.txtRefresh.Text());
     if (!wanted || *wanted != state_.RefreshSeconds) return;
-    navigation_.ClickRefresh();
+    pages_.Refresh();
     state_.RefreshSeconds = 0;
 }
 
@@ -68,7 +63,7 @@ void RefreshRoom::txtRefresh_Change() {
 }
 
 void RefreshRoom::txtRefresh_KeyDown(int key_code, int shift) {
-    window_.KeyDown(key_code, shift);
+    keys_.KeyDown(key_code, shift);
 }
 
 }  // namespace web

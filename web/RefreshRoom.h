@@ -3,9 +3,9 @@
 
 #include "controls/Event.h"
 #include "ports/Dialogs.h"
+#include "roles/MediaKeys.h"
+#include "web/BrowserEventsRoom.h"
 #include "web/ConnectionGuard.h"
-#include "web/Outgoing.h"
-#include "web/PageNavigation.h"
 #include "web/WebControls.h"
 #include "web/WebMenu.h"
 #include "web/WebState.h"
@@ -14,8 +14,8 @@ namespace web {
 
 class RefreshRoom final {
 public:
-    RefreshRoom(RefreshControls& controls, RefreshMenu& menu, WebState& state, PageNavigation& navigation,
-                ConnectionGuard& guard, BrowserWindow& window, ports::Dialogs& dialogs);
+    RefreshRoom(RefreshControls& controls, RefreshMenu& menu, WebState& state, BrowserEventsRoom& pages,
+                ConnectionGuard& guard, roles::MediaKeys& keys, ports::Dialogs& dialogs);
 
 private:
     void mnuSetAutoRefresh_Click();
@@ -29,9 +29,9 @@ private:
 
     RefreshControls& controls_;
     WebState& state_;
-    PageNavigation& navigation_;
+    BrowserEventsRoom& pages_;
     ConnectionGuard& guard_;
-    BrowserWindow& window_;
+    roles::MediaKeys& keys_;
     ports::Dialogs& dialogs_;
     controls::EventClaims claims_;
 };

@@ -1,4 +1,4 @@
-// Fills in the login forms of two sites with what a person has stored.
+// Fills in the login forms of two sites with what a user has stored.
 //
 // Nothing looks at the result, and nothing keeps it from firing again when the page comes back after a
 // refused password.
@@ -6,20 +6,20 @@
 
 #include <string_view>
 
-#include "web/Tabs.h"
+#include "web/TabRoom.h"
 
 namespace web {
 
 class SiteLogin final {
 public:
-    explicit SiteLogin(Tabs& tabs) : tabs_(tabs) {}
+    explicit SiteLogin(TabRoom& tabs) : tabs_(tabs) {}
 
     /// Both work on the page of tab `BrowserNum`; what the page does not have is skipped.
     void LoginToHotmail(std::string_view strName, std::string_view strPass, int BrowserNum);
     void LoginToMySpace(std::string_view strName, std::string_view strPass, int BrowserNum);
 
 private:
-    Tabs& tabs_;
+    TabRoom& tabs_;
 };
 
 }  // namespace web

@@ -12,13 +12,15 @@ constexpr std::string_view kTitle = "Brindlepost";
 
 }  // namespace
 
-TabRoom::TabRoom(TabControls& controls, TabMenu& menu, WebState& state, AddressBox& address,
-                 TabPartners partners)
+TabRoom::TabRoom(TabControls& controls, TabMenu& menu, WebState& state, AddressBox& address, TabRoles roles,
+                 ports::EventLoop& events, PageWatcher& watcher)
     : controls_(controls),
       menu_(menu),
       state_(state),
       address_(address),
-      partners_(partners),
+      roles_(roles),
+      events_(events),
+      watcher_(watcher),
       strip_(controls) {
     ClaimMusicTab();
     claims_.Claim(menu_.mnuMusicTabTab.Click, [this] { imgMusicTabMini_Click(); });
@@ -34,8 +36,13 @@ void TabRoom::ClaimMusicTab() {
     claims_.Claim(controls_.tabMusicClose.Click, [this] { tabMusicClose_Click(); });
 }
 
-void TabRoom::GetNewBrowser() {
-    const int index = state_.NextBrowserIndex;
+int TabRoom::FrontIndex() const {
+    return state_.currentbrowser;
+}
+
+int TabRoom::GetNewBrowser(std::string_view address) {
+    const int index = Count();
+    state_.NextBrowserIndex = static_cast<std::int16_t>(index);
     if (controls_.imgMusicTabMini.Visible()) state_.TabsShown = IsAnyTabOpen();
     LoadPage(index);
     LoadStripMembers(index);
@@ -43,16 +50,17 @@ void TabRoom::GetNewBrowser() {
     strip_.PlaceLabelAndClose(index);
     controls_.tabtab(index).SetVisible(true);
     controls_.tabClose(index).SetVisible(true);
-    controls_.Browser(index).Navigate(address_.Address());
-    controls_.Browser(index).Navigate2(address_.Address());
+    controls_.Browser(index).Navigate(address);
+    controls_.Browser(index).Navigate2(address);
     BringForward(index);
     ShowStripMembers(index);
+    return index;
 }
 
 void TabRoom::LoadPage(int index) {
     controls::WebBrowser& page = controls_.Browser.Load(index);
     const controls::WebBrowser& model = controls_.Browser(0);
-    partners_.watcher.OnPageLoaded(index);
+    watcher_.OnPageLoaded(index);
     state_.BackdropHidden = true;
     page.Navigate("");
     page.Move(model.Left(), model.Top(), model.Width(), model.Height());
@@ -112,13 +120,17 @@ void TabRoom::BringForward(int index) {
     TabChange();
 }
 
+void TabRoom::NameTab(int index, std::string_view caption) {
+    controls_.tabLabel(index).SetCaption(caption);
+}
+
 void TabRoom::ShowTitle(int index) {
     const std::string title = controls_.Browser(index).LocationName();
     controls_.tabLabel(index).SetCaption(title);
     controls_.tabtab(index).SetAccessibleName(title);
     controls_.mnuTabTab(index).SetCaption(title);
     if (index == state_.currentbrowser && !state_.MusicTabActive) {
-        partners_.window.SetCaption(std::string(kTitle).append(" - ").append(title));
+        roles_.window.SetCaption(std::string(kTitle).append(" - ").append(title));
     }
 }
 
@@ -132,7 +144,7 @@ void TabRoom::TabChange() {
         ShowNothingInFront();
     }
     CheckMiniLine();
-    address_.Focus();
+    address_.FocusAddress();
 }
 
 void TabRoom::MarkMenuEntries() {
@@ -143,26 +155,24 @@ void TabRoom::MarkMenuEntries() {
 }
 
 void TabRoom::ShowNothingInFront() {
-    partners_.window.SetCaption(kTitle);
-    strip_.EndLeftLine(partners_.window.Width());
+    roles_.window.SetCaption(kTitle);
+    strip_.EndLeftLine(roles_.window.Width());
     state_.TabsShown = false;
     if (address_.Typed() == state_.LastTabUrl) address_.SetTyped(MakerAddress("/"));
 }
 
 void TabRoom::ShowMusicInFront() {
-    partners_.window.SetCaption(std::string(kTitle).append(" - Music Player"));
-    strip_.OpenLines(kMusicTabLeft, kFirstTabLeft, partners_.window.Width());
+    roles_.window.SetCaption(std::string(kTitle).append(" - Music Player"));
+    strip_.OpenLines(kMusicTabLeft, kFirstTabLeft, roles_.window.Width());
     if (address_.Typed() == state_.LastTabUrl) address_.SetTyped("");
 }
 
 void TabRoom::ShowPageInFront() {
-    const int front = state_.currentbrowser;
-    strip_.OpenLines(controls_.tabtab(front).Left(), controls_.tabtab(front).Right(),
-                     partners_.window.Width());
+    const int front = FrontIndex();
+    strip_.OpenLines(controls_.tabtab(front).Left(), controls_.tabtab(front).Right(), roles_.window.Width());
     controls_.mnuTabTab(front).SetChecked(true);
-    partners_.window.SetCaption(
-        std::string(kTitle).append(" - ").append(controls_.mnuTabTab(front).Caption()));
-    const std::string address = controls_.Browser(front).LocationURL();
+    roles_.window.SetCaption(std::string(kTitle).append(" - ").append(controls_.mnuTabTab(front).Caption()));
+    const std::string address = Front().LocationURL();
     if (address_.IsWebMode()) address_.SetTyped(address);
     state_.LastTabUrl = address;
 }
@@ -172,7 +182,7 @@ void TabRoom::CheckMiniLine() {
     for (int i = 1; i < Count(); ++i) {
         if (IsShown(i) || controls_.tabtab(i).Visible()) return;
     }
-    strip_.EndLeftLine(partners_.window.Width());
+    strip_.EndLeftLine(roles_.window.Width());
     state_.TabsShown = false;
 }
 
@@ -189,7 +199,7 @@ void TabRoom::CheckOpenBrowser() {
     controls_.BrowserBG.Navigate(MakerAddress(kBackdropQuery));
     controls_.BrowserBG.SetVisible(true);
     controls_.BrowserBG.BringToFront();
-    strip_.EndLeftLine(partners_.window.Width());
+    strip_.EndLeftLine(roles_.window.Width());
 }
 
 void TabRoom::ShowNextBrowser() {
@@ -214,7 +224,7 @@ void TabRoom::HideTab(int index) {
     controls_.tabClose(index).SetVisible(false);
 }
 
-// The first pass always starts behind the music tab; CorrectTabs at the end moves the tabs when it is closed.
+// The first pass always starts after the music tab; CorrectTabs at the end moves the tabs when it is closed.
 // So the leftmost tab is found by its place here in both cases.
 void TabRoom::CloseTab(int index) {
     HideTab(index);
@@ -236,33 +246,27 @@ void TabRoom::TakeOverLeftmost() {
     }
 }
 
-void TabRoom::CloseAllTabs() {
-    for (int i = 1; i < Count(); ++i)
-        CloseTab(i);
-    CorrectTabs();
-}
-
 void TabRoom::BringMusicTabForward() {
     state_.MusicTabActive = true;
     strip_.MakeAllTabsDark();
     strip_.MakeMusicTabPale();
-    partners_.panel.BringPanelToFront();
+    roles_.window.BringMusicPanelToFront();
     TabChange();
     address_.SetTyped("");
 }
 
 void TabRoom::OpenMusicTab() {
     if (!controls_.imgMusicTab.Visible()) address_.SetTyped("");
-    partners_.panel.ShowPanel();
+    roles_.window.ShowMusicPanel(true);
     controls_.imgMusicTabMini.SetVisible(false);
     controls_.imgMusicTab.SetVisible(true);
     controls_.tabMusicClose.SetVisible(true);
-    partners_.window.Form_Resize();
+    roles_.layout.Form_Resize();
     BringMusicTabForward();
     CorrectTabs();
-    partners_.events.Yield();
-    partners_.library.RefillEmptyTrackList();
-    partners_.library.OfferToAddMedia();
+    events_.Yield();
+    roles_.track_lists.RefillIfEmpty();
+    roles_.media.OfferToAddMedia();
 }
 
 void TabRoom::CloseMusicTab() {
@@ -270,27 +274,26 @@ void TabRoom::CloseMusicTab() {
     controls_.imgMusicTab.SetVisible(false);
     controls_.imgMusicTabMini.SetVisible(true);
     CorrectTabs();
-    partners_.panel.HidePanel();
+    roles_.window.ShowMusicPanel(false);
     controls_.tabMusicClose.SetVisible(false);
-    partners_.player.StopCurrentSong();
-    partners_.player.ClearTrackCaption();
+    roles_.transport.StopAndForget();
     CheckOpenBrowser();
     ShowNextBrowser();
     state_.MusicTabActive = false;
-    partners_.messenger.SendNothingPlaying();
-    address_.Focus();
+    roles_.messenger.SendNothingPlaying();
+    address_.FocusAddress();
 }
 
 void TabRoom::tabtab_MouseUp(int index, int button) {
     if (button == controls::kRightButton) {
-        partners_.window.PopupTabMenu();
+        roles_.window.PopupMenu(menu_.mnuTab);
     } else {
         BringForward(index);
     }
 }
 
 void TabRoom::tabtab_MouseMove(int index) {
-    partners_.window.NoMouseOvers();
+    roles_.highlights.NoMouseOvers();
     controls_.tabtab(index).SetToolTipText(controls_.Browser(index).LocationName());
 }
 
@@ -308,7 +311,7 @@ void TabRoom::tabClose_Click(int index) {
 
 void TabRoom::imgMusicTab_MouseUp(int button) {
     if (button == controls::kRightButton) {
-        partners_.window.PopupMusicMenu();
+        roles_.window.PopupMenu(menu_.mnuMusicPlayer);
     } else {
         BringMusicTabForward();
     }
@@ -328,12 +331,15 @@ void TabRoom::mnuTabTab_Click(int index) {
 
 void TabRoom::mnuCloseCurrentTab_Click() {
     if (state_.MusicTabActive) return;
-    CloseTab(state_.currentbrowser);
+    CloseTab(FrontIndex());
     CorrectTabs();
 }
 
+// Slots long closed are closed again, to the same end.
 void TabRoom::mnuCloseAllTabs_Click() {
-    CloseAllTabs();
+    for (int i = 1; i < Count(); ++i)
+        CloseTab(i);
+    CorrectTabs();
 }
 
 }  // namespace web

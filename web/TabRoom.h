@@ -1,62 +1,83 @@
-// The tabs: the music tab and, behind it, the web tabs.
+// The tabs: the music tab and, after it, the web tabs.
 //
 // A tab is an index. Slots are never used again: closing a tab hides its members, its page stays loaded, and
-// a new tab takes the next index. While the music tab is closed its small button stands for it.
+// a new tab takes the next index. While the music tab is closed its small button is there instead.
 #pragma once
 
+#include <string_view>
+
 #include "controls/Event.h"
+#include "controls/WebBrowser.h"
 #include "ports/EventLoop.h"
+#include "roles/Highlights.h"
+#include "roles/Layout.h"
+#include "roles/MediaIntake.h"
+#include "roles/MessengerLine.h"
+#include "roles/Tabs.h"
+#include "roles/TrackLists.h"
+#include "roles/Transport.h"
+#include "roles/Window.h"
 #include "web/AddressBox.h"
-#include "web/Outgoing.h"
 #include "web/TabStrip.h"
-#include "web/Tabs.h"
 #include "web/WebControls.h"
 #include "web/WebMenu.h"
 #include "web/WebState.h"
 
 namespace web {
 
-/// What the tabs ask of their neighbours.
-struct TabPartners {
-    BrowserWindow& window;
-    MusicPanel& panel;
-    MusicPlayer& player;
-    MediaLibrary& library;
-    NowPlayingLine& messenger;
-    ports::EventLoop& events;
-    PageWatcher& watcher;
+struct TabRoles {
+    roles::Window& window;
+    roles::Layout& layout;
+    roles::Highlights& highlights;
+    roles::Transport& transport;
+    roles::TrackLists& track_lists;
+    roles::MediaIntake& media;
+    roles::MessengerLine& messenger;
 };
 
-class TabRoom final : public Tabs {
+/// Notified of each tab that is made, so that its page's events find a listener. Why: the tabs make the
+/// pages, and the room that listens to them is built on the tabs.
+class PageWatcher {
 public:
-    TabRoom(TabControls& controls, TabMenu& menu, WebState& state, AddressBox& address, TabPartners partners);
+    virtual ~PageWatcher() = default;
+    virtual void OnPageLoaded(int index) = 0;
+};
 
+class TabRoom final : public roles::Tabs {
+public:
+    TabRoom(TabControls& controls, TabMenu& menu, WebState& state, AddressBox& address, TabRoles roles,
+            ports::EventLoop& events, PageWatcher& watcher);
+
+    // roles::Tabs
     int Count() const override { return controls_.Browser.Count(); }
-    controls::WebBrowser& Page(int index) override { return controls_.Browser(index); }
-    bool IsShown(int index) const override { return controls_.Browser(index).Visible(); }
-    void GetNewBrowser() override;
-    void CorrectTabs() override;
+    bool IsTabVisible(int index) const override { return controls_.tabtab(index).Visible(); }
+    void CloseTab(int index) override;
     void BringForward(int index) override;
-    void ShowTitle(int index) override;
+    void NameTab(int index, std::string_view caption) override;
+    void CorrectTabs() override;
+    bool IsMusicTabVisible() const override { return controls_.imgMusicTab.Visible(); }
+    void OpenMusicTab() override;
+    void BringMusicTabForward() override;
+    void CloseMusicTab() override;
+    void NavigateBackdrop(std::string_view address) override { controls_.BrowserBG.Navigate(address); }
 
-    /// Puts what is in front on the window: caption, lines, menu marks, address.
-    void TabChange();
-    /// Shows the backdrop page when neither the music tab nor a web tab is there.
-    void CheckOpenBrowser();
-    /// Brings the first open web tab to the front.
-    void ShowNextBrowser();
-    /// True while a web tab is open.
-    bool IsAnyTabOpen() const;
-    /// As a click on the tab's close target.
-    void CloseTab(int index);
-    /// Closes every web tab, slots long closed included.
-    void CloseAllTabs();
-    /// As a click on the music tab.
-    void BringMusicTabForward();
-    /// As a click on the small button: opens the music tab and brings it to the front.
-    void OpenMusicTab();
-    /// As a click on the music tab's close target: closes it and stops the music.
-    void CloseMusicTab();
+    /// The page of a tab; `index` must exist.
+    controls::WebBrowser& Page(int index) { return controls_.Browser(index); }
+    /// The page of the web tab in front, or of the last one in front while the music tab is. The template,
+    /// which never shows, when there is no such tab.
+    controls::WebBrowser& Front() { return controls_.Browser(FrontIndex()); }
+    const controls::WebBrowser& Front() const { return controls_.Browser(FrontIndex()); }
+    /// The page that shows when there is no tab.
+    controls::WebBrowser& Backdrop() { return controls_.BrowserBG; }
+    /// The page of the tab is open.
+    bool IsShown(int index) const { return controls_.Browser(index).Visible(); }
+    /// False once every index has been used.
+    bool CanOpenTab() const { return Count() <= kLastTabIndex; }
+    /// Makes a tab, brings it to the front and sends it to the address. Returns its index. CanOpenTab must
+    /// hold.
+    int GetNewBrowser(std::string_view address);
+    /// Shows a page's title on its tab, on its menu entry and, if it is in front, on the window.
+    void ShowTitle(int index);
 
 private:
     void tabtab_MouseUp(int index, int button);
@@ -77,7 +98,16 @@ private:
     void ShowStripMembers(int index);
     void FaceNewTab(int index);
     void HideTab(int index);
-    bool IsFrontShown() const { return controls_.Browser(state_.currentbrowser).Visible(); }
+    /// `currentbrowser`, or 0 when there is no such tab.
+    int FrontIndex() const;
+    bool IsFrontShown() const { return Front().Visible(); }
+    bool IsAnyTabOpen() const;
+    /// Puts what is in front on the window: caption, lines, menu marks, address.
+    void TabChange();
+    /// Shows the backdrop page when neither the music tab nor a web tab is there.
+    void CheckOpenBrowser();
+    /// Brings the first open web tab to the front.
+    void ShowNextBrowser();
     void TakeOverLeftmost();
     void MarkMenuEntries();
     void ShowNothingInFront();
@@ -89,7 +119,9 @@ private:
     TabMenu& menu_;
     WebState& state_;
     AddressBox& address_;
-    TabPartners partners_;
+    TabRoles roles_;
+    ports::EventLoop& events_;
+    PageWatcher& watcher_;
     TabStrip strip_;
     controls::EventClaims claims_;
 };

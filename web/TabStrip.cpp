@@ -33,10 +33,6 @@ void TabStrip::MakePale(int index) {
     controls_.tabClose(index).SetLook("tab close front");
 }
 
-bool TabStrip::IsPale(int index) const {
-    return controls_.tabtab(index).Picture() == kPaleFace;
-}
-
 double TabStrip::FirstLeft() const {
     return controls_.imgMusicTab.Visible() ? kFirstTabLeft : kFirstTabLeftWithoutMusic;
 }

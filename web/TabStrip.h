@@ -1,4 +1,4 @@
-// Places and faces of the tab strip. Knows nothing of which tab is in front; it is told.
+// Places and faces of the tab strip. Does not know which tab is in front; the callers say it.
 #pragma once
 
 #include "web/WebControls.h"
@@ -13,9 +13,8 @@ public:
     void MakeMusicTabDark();
     void MakeMusicTabPale();
     void MakePale(int index);
-    bool IsPale(int index) const;
 
-    /// Left edge of the first web tab: behind the music tab, or behind the small button.
+    /// Left edge of the first web tab: after the music tab, or after the small button.
     double FirstLeft() const;
     /// Puts face, label and close target of a tab at `left`.
     void Place(int index, double left);

@@ -5,15 +5,15 @@
 
 namespace web {
 
-WebCommandsRoom::WebCommandsRoom(HelpControls& controls, WebCommandsMenu& menu, AddressBox& address,
-                                 AddressOpener& opener, Tabs& tabs, ConnectionGuard& guard,
-                                 BrowserWindow& window, MusicPlayer& player, ports::Dialogs& dialogs)
-    : address_(address),
+WebCommandsRoom::WebCommandsRoom(HelpControls& controls, WebCommandsMenu& menu, AddressRoom& opener,
+                                 TabRoom& tabs, ConnectionGuard& guard, roles::Window& window,
+                                 roles::NowPlaying& now_playing, ports::Dialogs& dialogs)
+    : menu_(menu),
       opener_(opener),
       tabs_(tabs),
       guard_(guard),
       window_(window),
-      player_(player),
+      now_playing_(now_playing),
       dialogs_(dialogs) {
     claims_.Claim(controls.imgHelp.MouseUp,
                   [this](int button, int, double, double) { imgHelp_MouseUp(button); });
@@ -27,52 +27,47 @@ WebCommandsRoom::WebCommandsRoom(HelpControls& controls, WebCommandsMenu& menu, 
     claims_.Claim(menu.mnuRefreshAll.Click, [this] { mnuRefreshAll_Click(); });
 }
 
-void WebCommandsRoom::OpenAddress(std::string_view address) {
-    address_.SetAddress(address);
-    opener_.cmdGo();
-}
-
 void WebCommandsRoom::OpenInFront(std::string_view address) {
-    OpenAddress(address);
+    opener_.OpenTab(address);
     tabs_.BringForward(tabs_.Count() - 1);
 }
 
 void WebCommandsRoom::OpenWebsite() {
     const std::string answer =
         dialogs_.InputBox("Which website would you like to open?", "Open Website", "http://");
-    if (!answer.empty()) OpenAddress(answer);
+    if (!answer.empty()) opener_.OpenTab(answer);
 }
 
 void WebCommandsRoom::OpenMakerHome() {
-    if (guard_.Passes()) OpenAddress(MakerAddress(kHomeQuery));
+    if (guard_.Passes()) opener_.OpenTab(MakerAddress(kHomeQuery));
 }
 
 void WebCommandsRoom::OpenUpdates() {
-    if (guard_.Passes()) OpenAddress(MakerAddress(kUpdatesQuery));
+    if (guard_.Passes()) opener_.OpenTab(MakerAddress(kUpdatesQuery));
 }
 
 void WebCommandsRoom::SearchArtistHomePage() {
-    OpenAddress(SearchAddress(ArtistWords(), "+Official+Home+Page"));
+    opener_.OpenTab(SearchAddress(ArtistWords(), "+Official+Home+Page"));
 }
 
 void WebCommandsRoom::SearchArtistImages() {
-    OpenAddress(ImagesAddress(ArtistWords()));
+    opener_.OpenTab(ImagesAddress(ArtistWords()));
 }
 
 std::string WebCommandsRoom::ArtistWords() const {
-    const std::string caption = player_.TrackCaption();
+    const std::string caption = now_playing_.TrackCaption();
     return SearchWords(base::Left(caption, base::InStr(caption, " - ")));
 }
 
 void WebCommandsRoom::mnuWebSearch_Click() {
     if (!guard_.Passes()) return;
     const std::string answer = dialogs_.InputBox("What are you searching for?", "Web Search");
-    if (!answer.empty()) OpenAddress(SearchAddress(SearchWords(answer)));
+    if (!answer.empty()) opener_.OpenTab(SearchAddress(SearchWords(answer)));
 }
 
 void WebCommandsRoom::mnuLyricSearch_Click() {
     if (!guard_.Passes()) return;
-    OpenAddress(SearchAddress(SearchWords(player_.TrackCaption()), "+Lyrics"));
+    opener_.OpenTab(SearchAddress(SearchWords(now_playing_.TrackCaption()), "+Lyrics"));
 }
 
 void WebCommandsRoom::mnuWebsite_Click() {
@@ -103,7 +98,7 @@ void WebCommandsRoom::mnuRefreshAll_Click() {
 
 void WebCommandsRoom::imgHelp_MouseUp(int button) {
     if (button == controls::kRightButton) {
-        window_.PopupHelpMenu();
+        window_.PopupMenu(menu_.mnuHelp);
     } else {
         OpenInFront(MakerAddress(kHelpQuery));
     }

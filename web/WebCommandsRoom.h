@@ -1,4 +1,4 @@
-// The commands that open pages. Each puts an address into `cmbAddress` and opens it in a new tab.
+// The commands that open pages, each in a new tab.
 #pragma once
 
 #include <string>
@@ -6,11 +6,11 @@
 
 #include "controls/Event.h"
 #include "ports/Dialogs.h"
-#include "web/AddressBox.h"
+#include "roles/NowPlaying.h"
+#include "roles/Window.h"
 #include "web/AddressRoom.h"
 #include "web/ConnectionGuard.h"
-#include "web/Outgoing.h"
-#include "web/Tabs.h"
+#include "web/TabRoom.h"
 #include "web/WebControls.h"
 #include "web/WebMenu.h"
 
@@ -18,18 +18,16 @@ namespace web {
 
 class WebCommandsRoom final {
 public:
-    WebCommandsRoom(HelpControls& controls, WebCommandsMenu& menu, AddressBox& address, AddressOpener& opener,
-                    Tabs& tabs, ConnectionGuard& guard, BrowserWindow& window, MusicPlayer& player,
+    WebCommandsRoom(HelpControls& controls, WebCommandsMenu& menu, AddressRoom& opener, TabRoom& tabs,
+                    ConnectionGuard& guard, roles::Window& window, roles::NowPlaying& now_playing,
                     ports::Dialogs& dialogs);
 
-    /// Asks for an address and opens it.
-    void OpenWebsite();
-    /// Opens an address in a new tab.
-    void OpenAddress(std::string_view address);
-    /// The same under the connection guard: the maker's home page and the page of updates.
+    /// The maker's home page and the page of updates, under the connection guard: the buttons of the about
+    /// box, which is not built yet.
     void OpenMakerHome();
     void OpenUpdates();
-    /// Searches for the artist of the current song: what stands before " - " in its caption.
+    /// Searches for the artist of the current song, which is what comes before " - " in its caption. Kept for
+    /// menu entries; none calls them yet.
     void SearchArtistHomePage();
     void SearchArtistImages();
 
@@ -44,15 +42,17 @@ private:
     void mnuRefreshAll_Click();
     void imgHelp_MouseUp(int button);
 
+    /// Asks for an address and opens it.
+    void OpenWebsite();
     void OpenInFront(std::string_view address);
     std::string ArtistWords() const;
 
-    AddressBox& address_;
-    AddressOpener& opener_;
-    Tabs& tabs_;
+    WebCommandsMenu& menu_;
+    AddressRoom& opener_;
+    TabRoom& tabs_;
     ConnectionGuard& guard_;
-    BrowserWindow& window_;
-    MusicPlayer& player_;
+    roles::Window& window_;
+    roles::NowPlaying& now_playing_;
     ports::Dialogs& dialogs_;
     controls::EventClaims claims_;
 };

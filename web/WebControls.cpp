@@ -118,12 +118,12 @@ void HelpControls::PutInto(controls::Container& container) {
     container.Add(imgHelp);
 }
 
-HandOffControls::HandOffControls() {
-    Hide(cmdDummy, Text1, lstOpenWith);
-}
-
-void HandOffControls::PutInto(controls::Container& container) {
-    container.Add(cmdDummy, Text1, lstOpenWith, tmrOpenWith);
+void WebControls::PutInto(controls::Container& container) {
+    tabs.PutInto(container);
+    navigation.PutInto(container);
+    address.PutInto(container);
+    refresh.PutInto(container);
+    help.PutInto(container);
 }
 
 }  // namespace web

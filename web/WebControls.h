@@ -21,8 +21,8 @@ inline constexpr double kStripTop = 90;
 inline constexpr double kStripHeight = 450;
 inline constexpr double kTabWidth = 2640;
 inline constexpr double kMusicTabLeft = 840;
-inline constexpr double kFirstTabLeft = 3480;              ///< behind the music tab
-inline constexpr double kFirstTabLeftWithoutMusic = 1560;  ///< behind the small button
+inline constexpr double kFirstTabLeft = 3480;              ///< after the music tab
+inline constexpr double kFirstTabLeftWithoutMusic = 1560;  ///< after the small button
 inline constexpr double kTabLabelOffset = 120;
 inline constexpr double kTabCloseOffset = 2280;
 /// The address row and where the pages begin.
@@ -92,15 +92,15 @@ struct HelpControls {
     controls::Image imgHelp{"imgHelp", "help"};
 };
 
-/// The mailbox of a second start, all hidden.
-struct HandOffControls {
-    HandOffControls();
+/// The groups of the main window that the rooms here answer.
+struct WebControls {
     void PutInto(controls::Container& container);
 
-    controls::CommandButton cmdDummy{"cmdDummy", "Dummy"};
-    controls::TextBox Text1{"Text1"};
-    controls::ListBox lstOpenWith{"lstOpenWith"};
-    controls::Timer tmrOpenWith{"tmrOpenWith", 100};
+    TabControls tabs;
+    AddressControls address;
+    NavigationControls navigation;
+    RefreshControls refresh;
+    HelpControls help;
 };
 
 }  // namespace web

@@ -8,7 +8,8 @@
 namespace web {
 
 struct TabMenu {
-    controls::Menu mnuTab{"mnuTab"};      ///< gets an entry for each tab
+    controls::Menu mnuTab{"mnuTab"};                  ///< gets an entry for each tab; pops up over a tab
+    controls::Menu mnuMusicPlayer{"mnuMusicPlayer"};  ///< pops up over the music tab
     controls::Menu mnuSep11{"mnuSep11"};  ///< the separator that the tabs' entries are inserted before
     controls::Menu mnuMusicTabTab{"mnuMusicTabTab"};
     controls::Menu mnuViewMusicTab{"mnuViewMusicTab"};
@@ -26,6 +27,7 @@ struct RefreshMenu {
 };
 
 struct WebCommandsMenu {
+    controls::Menu mnuHelp{"mnuHelp"};  ///< pops up over the help button
     controls::Menu mnuWebTab{"mnuWebTab"};
     controls::Menu mnuNewTabTab{"mnuNewTabTab"};
     controls::Menu mnuWebsite{"mnuWebsite"};

@@ -13,7 +13,7 @@ inline constexpr int kLastTabIndex = std::numeric_limits<std::int16_t>::max();
 struct WebState {
     /// The web tab in front, or the last one in front while the music tab is; 0 when there was none.
     std::int16_t currentbrowser = 0;
-    /// Index of the tab being created; the caller of GetNewBrowser sets it.
+    /// Index of the tab that is being created, or was created last.
     std::int16_t NextBrowserIndex = 0;
     /// The music tab is in front.
     bool MusicTabActive = true;
@@ -23,9 +23,9 @@ struct WebState {
     std::string LastTabUrl;
     /// A web tab lies over the backdrop page.
     bool BackdropHidden = true;
-    /// The music tab was closed by its person.
+    /// The user closed the music tab. Nothing reads it yet.
     bool ClosingMusicTab = false;
-    /// A key handler wants the library lists rebuilt when it is through.
+    /// A key handler wants the library lists rebuilt when it has finished. Nothing sets it yet.
     bool ReloadLibraryAfterKey = false;
     /// Seconds since the last automatic refresh.
     std::int16_t RefreshSeconds = 0;

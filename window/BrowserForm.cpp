@@ -16,6 +16,7 @@ BrowserForm::BrowserForm() : Form("frmBrowser", "Brindlepost") {
     SetContentSize(kStartWidth, kStartHeight);
     Add(chrome.imgFormBG, chrome.imgBG, chrome.imgRowBG);
     web.PutInto(*this);
+    hand_off.PutInto(*this);
     Add(chrome.fraMusicTab);
     FillMusicPane();
     FillPanels();

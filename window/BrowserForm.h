@@ -6,7 +6,8 @@
 #include "library/LibraryControls.h"
 #include "places/FavouritesControls.h"
 #include "player/PlayerControls.h"
-#include "web/WebRooms.h"
+#include "session/HandOffRoom.h"
+#include "web/WebControls.h"
 #include "window/ChromeControls.h"
 #include "window/WindowMenu.h"
 
@@ -28,7 +29,8 @@ struct BrowserForm : controls::Form {
 
     WindowMenu menus;
     ChromeControls chrome;
-    web::WebGroups web;
+    web::WebControls web;
+    session::HandOffControls hand_off;
     LibraryGroups library;
     player::PlayerControls player;
     places::FavouritesControls favourites;

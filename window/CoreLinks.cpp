@@ -19,71 +19,71 @@ void CoreLinks::SettleFavourites() {
 }
 
 int CoreLinks::TabCount() const {
-    return Window().web.tabs.tabtab.Count();
+    return Room().web->Tabs().Count();
 }
 
 bool CoreLinks::IsTabVisible(int index) const {
-    return Window().web.tabs.tabtab(index).Visible();
+    return Room().web->Tabs().IsTabVisible(index);
 }
 
 void CoreLinks::CloseTab(int index) {
-    Room().web->tabs.CloseTab(index);
+    Room().web->Tabs().CloseTab(index);
 }
 
 void CoreLinks::BringTabToFront(int index) {
-    Room().web->tabs.BringForward(index);
+    Room().web->Tabs().BringForward(index);
 }
 
 void CoreLinks::NameTab(int index, std::string_view caption) {
-    Window().web.tabs.tabLabel(index).SetCaption(caption);
+    Room().web->Tabs().NameTab(index, caption);
 }
 
 bool CoreLinks::IsMusicTabVisible() const {
-    return Window().web.tabs.imgMusicTab.Visible();
+    return Room().web->Tabs().IsMusicTabVisible();
 }
 
 void CoreLinks::OpenMusicTab() {
-    Room().web->tabs.OpenMusicTab();
+    Room().web->Tabs().OpenMusicTab();
 }
 
 void CoreLinks::BringMusicTabToFront() {
-    Room().web->tabs.BringMusicTabForward();
+    Room().web->Tabs().BringMusicTabForward();
 }
 
 void CoreLinks::CloseMusicTab() {
-    Room().web->tabs.CloseMusicTab();
+    Room().web->Tabs().CloseMusicTab();
 }
 
 void CoreLinks::CorrectTabs() {
-    Room().web->tabs.CorrectTabs();
+    Room().web->Tabs().CorrectTabs();
 }
 
 void CoreLinks::NavigateBackdrop(std::string_view address) {
-    Window().web.tabs.BrowserBG.Navigate(address);
+    Room().web->Tabs().NavigateBackdrop(address);
 }
 
 std::string CoreLinks::Address() const {
-    return Room().web->box.Address();
+    return Room().web->Address().Address();
 }
 
 void CoreLinks::SetAddress(std::string_view address) {
-    Room().web->box.SetAddress(address);
+    Room().web->Address().SetAddress(address);
 }
 
 bool CoreLinks::IsAddressVisible() const {
-    return Window().web.address.cmbAddress.Visible();
+    return Room().web->Address().IsAddressVisible();
 }
 
 void CoreLinks::PressEnter() {
-    Room().web->address.EnterAddress();
+    Room().web->Opener().Enter(Address());
 }
 
 void CoreLinks::cmdGo() {
-    Room().web->address.cmdGo();
+    Room().web->Opener().OpenTab(Address());
 }
 
 void CoreLinks::FocusAddress() {
-    Room().web->box.Focus();
+    Room().web->Address().FocusAddress();
 }
 
 void CoreLinks::SetPlayerDefaults() {
@@ -127,16 +127,6 @@ void CoreLinks::SendNothingPlaying() {
 
 void CoreLinks::NoMouseOvers() {
     Room().skin->NoMouseOvers();
-}
-
-void CoreLinks::Prepare() {
-    Window().web.hand_off.cmdDummy.SetVisible(false);
-    Window().web.hand_off.Text1.SetText("");
-}
-
-void CoreLinks::Deliver(std::string_view command) {
-    Window().web.hand_off.cmdDummy.SetCaption(command);
-    Window().web.hand_off.cmdDummy.Click.Raise();
 }
 
 bool CoreLinks::IsRunning() const {
@@ -189,15 +179,15 @@ void CoreLinks::Pause() {
 }
 
 void CoreLinks::GoBack() {
-    Room().web->pages.ClickBack();
+    Room().web->Front().GoBack();
 }
 
 void CoreLinks::GoForward() {
-    Room().web->pages.ClickForward();
+    Room().web->Front().GoForward();
 }
 
 void CoreLinks::RefreshPage() {
-    Room().web->pages.ClickRefresh();
+    Room().web->Front().Refresh();
 }
 
 }  // namespace window

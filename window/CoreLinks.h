@@ -12,7 +12,6 @@ class CoreLinks final : public session::MediaLists,
                         public session::AddressBar,
                         public session::SessionPlayer,
                         public session::Skin,
-                        public session::CommandMailbox,
                         public session::OtherInstance,
                         public session::ClosingDialogs,
                         public session::MediaKeyActions {
@@ -63,10 +62,6 @@ public:
 
     // session::Skin
     void NoMouseOvers() override;
-
-    // session::CommandMailbox: commands are kept in Text1, but not carried out yet.
-    void Prepare() override;
-    void Deliver(std::string_view command) override;
 
     // session::OtherInstance
     bool IsRunning() const override;

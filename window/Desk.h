@@ -30,6 +30,7 @@
 #include "ports/ScreenSaver.h"
 #include "ports/Windows.h"
 #include "session/ActivateRoom.h"
+#include "session/HandOffRoom.h"
 #include "session/LoginRoom.h"
 #include "session/MediaKeys.h"
 #include "session/NewUserRoom.h"
@@ -39,7 +40,7 @@
 #include "session/StartUpRoom.h"
 #include "session/StoreTroubleRoom.h"
 #include "store/Stores.h"
-#include "web/WebRooms.h"
+#include "web/Web.h"
 #include "window/BrowserLayout.h"
 #include "window/HoleRoom.h"
 #include "window/MSN.h"
@@ -100,7 +101,7 @@ struct Rooms {
     std::optional<places::HistoryRoom> history;
     std::optional<places::AddFavouriteRoom> add_favourite;
     std::optional<places::FavouritesRoom> favourites;
-    std::optional<web::WebRooms> web;
+    std::optional<web::Web> web;
     std::optional<ViewRoom> view;
     std::optional<BrowserLayout> layout;
     std::optional<session::MediaKeys> keys;
@@ -109,6 +110,7 @@ struct Rooms {
     std::optional<session::LoginRoom> login;
     std::optional<session::NewUserRoom> new_user;
     std::optional<session::SessionRoom> session;
+    std::optional<session::HandOffRoom> hand_off;
     std::optional<session::StartUpRoom> start_up;
 };
 

@@ -50,12 +50,6 @@ MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, 
     BuildWeb();
     BuildSession(command);
     claims_.Claim(windows.frmBrowser.Unload, [this](bool&) { frmBrowser_Unload(); });
-    claims_.Claim(windows.frmBrowser.web.hand_off.cmdDummy.Click, [this] { cmdDummy_Click(); });
-    ports.instance.SetListener(this);
-}
-
-MainWindow::~MainWindow() {
-    desk_.ports.instance.SetListener(nullptr);
 }
 
 void MainWindow::Start() {
@@ -102,7 +96,7 @@ void MainWindow::BuildLibrary() {
     LibraryGroups& groups = window.library;
     Rooms& rooms = desk_.rooms;
     rooms.lists.emplace(
-        groups.lists, groups.sources, groups.playlists.lstAddToPlaylist, window.web.hand_off.lstOpenWith,
+        groups.lists, groups.sources, groups.playlists.lstAddToPlaylist, window.hand_off.lstOpenWith,
         desk_.ports.events,
         library::LibraryListOutlets{library_links_, library_links_, library_links_, library_links_});
     rooms.playlists.emplace(groups.playlists, window.menus, groups.sources, *rooms.lists, desk_.ports.dialogs,
@@ -155,10 +149,29 @@ void MainWindow::BuildWebData() {
 
 void MainWindow::BuildWeb() {
     BrowserForm& window = desk_.windows.frmBrowser;
+    State& state = desk_.state;
     desk_.rooms.web.emplace(
-        window.web, window.menus, desk_.state.web,
-        web::WebPartners{web_links_, web_links_, web_links_, web_links_, web_links_, web_links_, web_links_,
-                         web_links_, web_links_, web_links_, desk_.ports.events, desk_.ports.dialogs});
+        window.web, window.menus, state.web,
+        web::SessionFacts{.Internet_Connection = state.connection.Internet_Connection,
+                          .Save_History = state.options.Save_History,
+                          .Allow_Multiple_Users = state.login.Allow_Multiple_Users,
+                          .Auto_Login = state.options.Auto_Login,
+                          .StartedWithArguments = state.session.StartedWithArguments,
+                          .credentials = state.login},
+        web::WebRoles{.window = web_links_,
+                      .layout = web_links_,
+                      .highlights = web_links_,
+                      .keys = web_links_,
+                      .transport = web_links_,
+                      .now_playing = web_links_,
+                      .messenger = web_links_,
+                      .track_lists = web_links_,
+                      .media = web_links_,
+                      .cue = web_links_,
+                      .history = web_links_,
+                      .start = web_links_},
+        web::WebPorts{
+            .files = desk_.ports.files, .events = desk_.ports.events, .dialogs = desk_.ports.dialogs});
 }
 
 void MainWindow::BuildSession(std::string_view command) {
@@ -187,16 +200,16 @@ void MainWindow::BuildSession(std::string_view command) {
         session::SessionNeighbours{core_links_, core_links_, core_links_, core_links_, *rooms.login,
                                    core_links_},
         ports.dialogs, ports.events);
+    rooms.hand_off.emplace(window.hand_off, ports.instance, [this] { desk_.windows.BringToFront(); });
     rooms.start_up.emplace(
         windows.start_up,
         session::StartUpTargets{window, windows.activate.frmActivate, windows.login.frmLogin, window.menus,
                                 window.player.video.picVideo, window.library.sources.datSong,
                                 window.library.sources.datPlayList, window.favourites.datFav,
                                 windows.history.datHistory},
-        state.session, state.login, state.web, *rooms.settings,
+        state.session, state.login, state.web, *rooms.settings, *rooms.hand_off,
         session::StartUpNeighbours{core_links_, core_links_, core_links_, core_links_, core_links_,
-                                   core_links_, core_links_, core_links_, core_links_, *rooms.activate,
-                                   *rooms.activate},
+                                   core_links_, core_links_, core_links_, *rooms.activate, *rooms.activate},
         *rooms.stores, ports.files, ports.events, app_path, command);
 }
 
@@ -207,27 +220,6 @@ void MainWindow::End() {
 void MainWindow::frmBrowser_Unload() {
     desk_.rooms.stores->Close();
     ended_();
-}
-
-// Commands are kept in Text1 and not carried out yet.
-void MainWindow::cmdDummy_Click() {
-    auto& mailbox = desk_.windows.frmBrowser.web.hand_off;
-    const std::string command = mailbox.cmdDummy.Caption();
-    const std::string log = mailbox.Text1.Text();
-    mailbox.Text1.SetText((log.empty() ? log : log + "\r\n") + "Excuted with command: " + command);
-    mailbox.cmdDummy.SetCaption("Ready for command");
-}
-
-void MainWindow::OnBringToFront() {
-    desk_.windows.BringToFront();
-}
-
-void MainWindow::OnCommandText(std::string_view text) {
-    desk_.windows.frmBrowser.web.hand_off.cmdDummy.SetCaption(text);
-}
-
-void MainWindow::OnTrigger() {
-    desk_.windows.frmBrowser.web.hand_off.cmdDummy.Click.Raise();
 }
 
 }  // namespace window

@@ -19,12 +19,11 @@
 
 namespace window {
 
-class MainWindow final : private ports::HandOffListener {
+class MainWindow final {
 public:
     /// `command` is the command line as one text; `ended` is called once the main window is unloaded and the
     /// stores are closed. Windows, ports and everything behind them must outlive the main window.
     MainWindow(Windows& windows, Ports ports, std::string_view command, std::function<void()> ended);
-    ~MainWindow() override;
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
 
@@ -47,12 +46,6 @@ private:
     void BuildSession(std::string_view command);
     std::string StorePath(std::string_view file) const;
     void frmBrowser_Unload();
-    void cmdDummy_Click();
-
-    // ports::HandOffListener
-    void OnBringToFront() override;
-    void OnCommandText(std::string_view text) override;
-    void OnTrigger() override;
 
     Desk desk_;
     std::function<void()> ended_;

@@ -36,12 +36,11 @@ void PlayerLinks::SendNowPlaying(std::string_view first, std::string_view second
 }
 
 void PlayerLinks::FocusAddress() {
-    Window().web.address.txtAddress.SetFocus();
+    desk_.rooms.web->Address().FocusAddress();
 }
 
 void PlayerLinks::ClearStaleAddress() {
-    controls::TextBox& typed = Window().web.address.txtAddress;
-    if (desk_.state.web.MusicTabActive && typed.Text() == desk_.state.web.LastTabUrl) typed.SetText("");
+    desk_.rooms.web->Address().ClearStaleAddress();
 }
 
 double PlayerLinks::Left() const {

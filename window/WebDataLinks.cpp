@@ -3,55 +3,51 @@
 namespace window {
 
 std::string WebDataLinks::Address() const {
-    return desk_.rooms.web->box.Address();
+    return desk_.rooms.web->Address().Address();
 }
 
 void WebDataLinks::SetAddress(std::string_view text) {
-    desk_.rooms.web->box.SetAddress(text);
+    desk_.rooms.web->Address().SetAddress(text);
 }
 
 void WebDataLinks::ClearList() {
-    desk_.rooms.web->box.ClearList();
+    desk_.rooms.web->Address().ClearList();
 }
 
 void WebDataLinks::AddToList(std::string_view text) {
-    desk_.rooms.web->box.AddToList(text);
+    desk_.rooms.web->Address().AddToList(text);
 }
 
 void WebDataLinks::SetTyped(std::string_view text) {
-    desk_.rooms.web->box.SetTyped(text);
+    desk_.rooms.web->Address().SetTyped(text);
 }
 
 std::string WebDataLinks::Mode() const {
-    return desk_.rooms.web->box.Mode();
+    return Window().web.address.cmbType.Text();
 }
 
 void WebDataLinks::cmdGo() {
-    desk_.rooms.web->address.cmdGo();
+    desk_.rooms.web->Opener().OpenTab(Address());
 }
 
 void WebDataLinks::PressEnter() {
-    desk_.rooms.web->address.EnterAddress();
+    desk_.rooms.web->Opener().Enter(Address());
 }
 
 void WebDataLinks::FocusAddress() {
-    desk_.rooms.web->box.Focus();
-}
-
-const controls::WebBrowser& WebDataLinks::CurrentPage() const {
-    return Window().web.tabs.Browser(desk_.state.web.currentbrowser);
+    desk_.rooms.web->Address().FocusAddress();
 }
 
 bool WebDataLinks::IsPageVisible() const {
-    return CurrentPage().Visible();
+    return desk_.rooms.web->Front().IsPageVisible();
 }
 
 std::string WebDataLinks::LocationURL() const {
-    return CurrentPage().LocationURL();
+    return desk_.rooms.web->Front().LocationURL();
 }
 
 std::string WebDataLinks::LocationName() const {
-    return CurrentPage().LocationName();
+    return desk_.rooms.web->Front().LocationName();
 }
 
 void WebDataLinks::BeginView() {

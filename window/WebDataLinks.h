@@ -50,7 +50,6 @@ public:
 
 private:
     BrowserForm& Window() const { return desk_.windows.frmBrowser; }
-    const controls::WebBrowser& CurrentPage() const;
 
     Desk& desk_;
 };

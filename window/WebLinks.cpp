@@ -1,19 +1,65 @@
 #include "window/WebLinks.h"
 
-#include "base/MediaKinds.h"
-
 namespace window {
 
-void WebLinks::SetCaption(std::string_view caption) {
-    Window().SetCaption(caption);
+double WebLinks::Left() const {
+    return Form().Left();
+}
+
+double WebLinks::Top() const {
+    return Form().Top();
 }
 
 double WebLinks::Width() const {
-    return Window().Width();
+    return Form().Width();
+}
+
+controls::WindowState WebLinks::State() const {
+    return Form().State();
+}
+
+void WebLinks::SetState(controls::WindowState state) {
+    Form().SetState(state);
+}
+
+void WebLinks::SetCaption(std::string_view caption) {
+    Form().SetCaption(caption);
+}
+
+void WebLinks::Show() {
+    Form().Show();
+}
+
+void WebLinks::SetEnabled(bool enabled) {
+    Form().SetEnabled(enabled);
+}
+
+void WebLinks::Refresh() {
+    Form().Refresh();
+}
+
+void WebLinks::PopupMenu(controls::Menu& menu) {
+    Form().PopupMenu(menu);
+}
+
+void WebLinks::ShowMusicPanel(bool shown) {
+    Form().chrome.fraMusicTab.SetVisible(shown);
+}
+
+void WebLinks::BringMusicPanelToFront() {
+    Form().chrome.fraMusicTab.BringToFront();
 }
 
 void WebLinks::Form_Resize() {
     Room().layout->Form_Resize();
+}
+
+void WebLinks::PlaceBelowSplitter() {
+    Room().layout->PlaceBelowSplitter();
+}
+
+void WebLinks::PlaceFavouritesPanel() {
+    Room().layout->PlaceFavouritesPanel();
 }
 
 void WebLinks::NoMouseOvers() {
@@ -24,92 +70,104 @@ void WebLinks::KeyDown(int key_code, int shift) {
     Room().keys->KeyDown(key_code, shift);
 }
 
-void WebLinks::PopupTabMenu() {
-    Window().PopupMenu(Window().menus.mnuTab);
-}
-
-void WebLinks::PopupMusicMenu() {
-    Window().PopupMenu(Window().menus.mnuMusicPlayer);
-}
-
-void WebLinks::PopupHelpMenu() {
-    Window().PopupMenu(Window().menus.mnuHelp);
-}
-
-void WebLinks::ShowPanel() {
-    Window().chrome.fraMusicTab.SetVisible(true);
-}
-
-void WebLinks::HidePanel() {
-    Window().chrome.fraMusicTab.SetVisible(false);
-}
-
-void WebLinks::BringPanelToFront() {
-    Window().chrome.fraMusicTab.BringToFront();
-}
-
 void WebLinks::PlaySong(std::string_view path) {
     Room().player->PlaySong(path);
 }
 
-bool WebLinks::IsNoFileShown() const {
-    return Window().player.transport.lblNoFile.Visible();
+void WebLinks::Play() {
+    remote_.Play();
 }
 
-void WebLinks::StopCurrentSong() {
+void WebLinks::Pause() {
+    remote_.Pause();
+}
+
+bool WebLinks::IsPlayShown() const {
+    const auto& buttons = Form().player.transport;
+    return buttons.imgPlay.Visible() || buttons.imgPlayOver.Visible();
+}
+
+void WebLinks::Stop() {
     Room().player->StopCurrentSong();
 }
 
+void WebLinks::StopAndForget() {
+    Stop();
+    Form().player.transport.lblTrack.SetCaption("");
+}
+
+void WebLinks::Next() {
+    remote_.Next();
+}
+
+void WebLinks::Previous() {
+    remote_.Previous();
+}
+
+void WebLinks::SeekTo(double second) {
+    remote_.SeekTo(second);
+}
+
+void WebLinks::SetSpeed(double percent) {
+    remote_.SetSpeed(percent);
+}
+
+void WebLinks::SetVolume(double level) {
+    remote_.SetVolume(level);
+}
+
+void WebLinks::ToggleMute() {
+    Form().menus.mnuMusicMute.Click.Raise();
+}
+
+void WebLinks::IncreaseVolume() {
+    Form().menus.mnuIncreaseVolume.Click.Raise();
+}
+
+void WebLinks::DecreaseVolume() {
+    Form().menus.mnuDecreaseVolume.Click.Raise();
+}
+
+roles::PlayerGlance WebLinks::Glance() const {
+    return {.orders = remote_.Orders(),
+            .openings = remote_.Openings(),
+            .seeks = remote_.Seeks(),
+            .volume = remote_.Volume(),
+            .has_selected_track = remote_.HasSelectedTrack(),
+            .has_next = remote_.HasNext(),
+            .has_previous = remote_.HasPrevious()};
+}
+
+roles::PlayerStatus WebLinks::Status() {
+    const ports::PlaybackStatus status = remote_.Status();
+    if (status == ports::PlaybackStatus::Playing) return roles::PlayerStatus::Playing;
+    return status == ports::PlaybackStatus::Paused ? roles::PlayerStatus::Paused
+                                                   : roles::PlayerStatus::Stopped;
+}
+
+roles::CurrentSong WebLinks::Song() {
+    return {.artist = remote_.Artist(),
+            .title = remote_.Title(),
+            .path = Form().player.transport.lblFileNowPlaying.Caption(),
+            .length = remote_.Length(),
+            .speed = remote_.Speed(),
+            .is_video = remote_.IsVideo()};
+}
+
+double WebLinks::Position() {
+    return remote_.Position();
+}
+
+bool WebLinks::IsStopped() const {
+    return desk_.state.player.PlayerStopped;
+}
+
+bool WebLinks::IsNoFileShown() const {
+    return Form().player.transport.lblNoFile.Visible();
+}
+
 std::string WebLinks::TrackCaption() const {
-    return Window().player.transport.lblTrack.Caption();
-}
-
-void WebLinks::ClearTrackCaption() {
-    Window().player.transport.lblTrack.SetCaption("");
-}
-
-void WebLinks::Command1() {
-    Room().lists->Command1();
-}
-
-void WebLinks::AddPlayList(std::string_view /*path*/) {}
-
-void WebLinks::AddMediaFromCommand(std::string_view path) {
-    Room().opened->AddMediaFromCommand(path);
-}
-
-void WebLinks::RefillEmptyTrackList() {
-    Room().lists->RefillIfEmpty();
-}
-
-void WebLinks::OfferToAddMedia() {
-    Room().opened->OfferToAddMedia();
-}
-
-int WebLinks::CuedSongs() const {
-    return Window().player.queue.lstCuedSongs.ListCount();
-}
-
-int WebLinks::CuedPaths() const {
-    return Window().player.queue.lstCuedSongsPath.ListCount();
-}
-
-void WebLinks::SelectCuedPath(int row) {
-    Window().player.queue.lstCuedSongsPath.SetListIndex(row);
-}
-
-void WebLinks::CueFile(std::string_view path, std::string_view title) {
-    Window().player.queue.lstCuedSongsPath.AddItem(path);
-    Window().player.queue.lstCuedSongs.AddItem(title);
-    desk_.state.player.CueHeadIsPath = true;
-}
-
-void WebLinks::AddSiteToHistory(std::string_view kind, std::string_view text) {
-    Room().history->AddSiteToHistory(kind, text);
-}
-
-void WebLinks::PopulateHistory(std::string_view kind) {
-    Room().history->PopulateHistory(kind);
+    return Form().player.transport.lblTrack.Caption();
 }
 
 void WebLinks::SetCustomText(std::string_view text) {
@@ -124,58 +182,56 @@ void WebLinks::SendNothingPlaying() {
     Room().player->SendNothingPlaying();
 }
 
-void WebLinks::LoginToMySpace(int index) {
-    const session::LoginState& login = desk_.state.login;
-    Room().web->logins.LoginToMySpace(login.MySpaceE, login.MySpaceP, index);
+void WebLinks::Command1() {
+    Room().lists->Command1();
 }
 
-void WebLinks::LoginToHotmail(int index) {
-    const session::LoginState& login = desk_.state.login;
-    Room().web->logins.LoginToHotmail(login.HotmailE, login.HotmailP, index);
+void WebLinks::RefillIfEmpty() {
+    Room().lists->RefillIfEmpty();
 }
 
-bool WebLinks::Internet_Connection() const {
-    return desk_.state.connection.Internet_Connection;
+void WebLinks::AddMediaFromCommand(std::string_view path) {
+    Room().opened->AddMediaFromCommand(path);
 }
 
-bool WebLinks::Save_History() const {
-    return desk_.state.options.Save_History;
+void WebLinks::AddPlayList(std::string_view /*path*/) {}
+
+void WebLinks::OfferToAddMedia() {
+    Room().opened->OfferToAddMedia();
 }
 
-bool WebLinks::Allow_Multiple_Users() const {
-    return desk_.state.login.Allow_Multiple_Users;
+int WebLinks::SongCount() const {
+    return Form().player.queue.lstCuedSongs.ListCount();
 }
 
-bool WebLinks::Auto_Login() const {
-    return desk_.state.options.Auto_Login;
+int WebLinks::PathCount() const {
+    return Form().player.queue.lstCuedSongsPath.ListCount();
+}
+
+void WebLinks::SelectPath(int row) {
+    Form().player.queue.lstCuedSongsPath.SetListIndex(row);
+}
+
+void WebLinks::CueFile(std::string_view path, std::string_view title) {
+    Form().player.queue.lstCuedSongsPath.AddItem(path);
+    Form().player.queue.lstCuedSongs.AddItem(title);
+    desk_.state.player.CueHeadIsPath = true;
+}
+
+void WebLinks::AddSiteToHistory(roles::HistoryKind kind, std::string_view text) {
+    Room().history->AddSiteToHistory(roles::TextOf(kind), text);
+}
+
+void WebLinks::PopulateHistory(roles::HistoryKind kind) {
+    Room().history->PopulateHistory(roles::TextOf(kind));
 }
 
 bool WebLinks::IsLoading() const {
     return Room().start_up->IsLoading();
 }
 
-bool WebLinks::StartedWithArguments() const {
-    return desk_.state.session.StartedWithArguments;
-}
-
-void WebLinks::ClearStartedWithArguments() {
-    desk_.state.session.StartedWithArguments = false;
-}
-
-bool WebLinks::IsMediaFile(std::string_view path) const {
-    return base::IsMediaFile(path);
-}
-
-bool WebLinks::IsPlayListFile(std::string_view path) const {
-    return base::IsPlayListFile(path);
-}
-
-std::string WebLinks::FileNameOf(std::string_view path) const {
-    return base::FileNameOf(path);
-}
-
-std::string WebLinks::ToDriveForm(std::string_view typed) const {
-    return desk_.ports.files.FromNative(typed);
+void WebLinks::SetStage(std::string_view stage) {
+    Room().activate->SetStage(stage);
 }
 
 }  // namespace window

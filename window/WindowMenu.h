@@ -32,7 +32,6 @@ struct OpeningMenu {
     controls::Menu mnuOptions{"mnuOptions"};
     controls::Menu mnuSearch{"mnuSearch"};
     controls::Menu mnuSongSearch{"mnuSongSearch"};
-    controls::Menu mnuMusicPlayer{"mnuMusicPlayer"};
     controls::Menu mnuMusicPlayerControls{"mnuMusicPlayerControls"};
     controls::Menu mnuMusicPlayMode{"mnuMusicPlayMode"};
     controls::Menu mnuVolume{"mnuVolume"};
@@ -40,7 +39,6 @@ struct OpeningMenu {
     controls::Menu mnuSpecial{"mnuSpecial"};
     controls::Menu mnuVolumePanning{"mnuVolumePanning"};
     controls::Menu mnuVisualisations{"mnuVisualisations"};
-    controls::Menu mnuHelp{"mnuHelp"};
 };
 
 /// The separators, but the one that the tabs know.

@@ -146,7 +146,7 @@ TEST_F(StartStory, ACommandAtTheStartReachesTheMailbox) {
 
     program.StartAndLogIn("Ann", "rose");
 
-    EXPECT_NE(program.Browser().web.hand_off.Text1.Text().find("Sun - Rise.mp3"), std::string::npos);
+    EXPECT_NE(program.Browser().hand_off.Text1.Text().find("Sun - Rise.mp3"), std::string::npos);
     EXPECT_TRUE(program.Browser().Visible());
 }
 
@@ -167,7 +167,7 @@ TEST_F(StartStory, ASecondStartHandsItsCommandOverAndOpensNoStore) {
     EXPECT_TRUE(second.BoxTexts().empty());
     EXPECT_EQ(computer.database.Opens, opens);
     EXPECT_EQ(first.Browser().State(), controls::WindowState::Normal);
-    EXPECT_NE(first.Browser().web.hand_off.Text1.Text().find("C:\\Music\\Sun - Rise.mp3"), std::string::npos);
+    EXPECT_NE(first.Browser().hand_off.Text1.Text().find("C:\\Music\\Sun - Rise.mp3"), std::string::npos);
     EXPECT_FALSE(first.ended);
 }
 

@@ -20,9 +20,11 @@
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeFiles.h"
+#include "fakes/FakeInstanceLock.h"
 #include "fakes/SeededStores.h"
 #include "session/ActivateForm.h"
 #include "session/ActivateRoom.h"
+#include "session/HandOffRoom.h"
 #include "session/LoginForm.h"
 #include "session/LoginRoom.h"
 #include "session/MediaKeys.h"
@@ -55,7 +57,6 @@ class Neighbours final : public session::MediaLists,
                          public session::AddressBar,
                          public session::SessionPlayer,
                          public session::Skin,
-                         public session::CommandMailbox,
                          public session::OtherInstance,
                          public session::ClosingDialogs,
                          public session::MediaKeyActions {
@@ -120,10 +121,6 @@ public:
     // session::Skin
     void NoMouseOvers() override { Log.emplace_back("NoMouseOvers"); }
 
-    // session::CommandMailbox
-    void Prepare() override { Log.emplace_back("Prepare"); }
-    void Deliver(std::string_view command) override { Note("Deliver ", command); }
-
     // session::OtherInstance
     bool IsRunning() const override { return OtherRuns; }
     void HandOver(std::string_view command) override { Note("HandOver ", command); }
@@ -185,13 +182,15 @@ struct Windows : session::SessionMenu {
 };
 
 /// The whole of start-up and session, joined as the program joins it. `Command` is the command line.
-class CoreTest : public ::testing::Test {
+class CoreTest : public ::testing::Test, private controls::ControlObserver {
 protected:
     explicit CoreTest(std::string_view command = {}) : Command(command) {
         near.OnCommand1 = [this] { splash.SetStage("Media Library"); };
         for (const auto* file : {"dbFavs.mdb", "dbMedia.mdb", "dbHistory.mdb", "dbLogin.mdb"}) {
             files.AddFile(std::string(kAppPath) + "\\" + file);
         }
+        mailbox.Text1.SetText("old log");
+        mailbox.Text1.SetObserver(this);
         w.mnuExit.SetEnabled(false);
         w.mnuLogout.SetEnabled(false);
         w.picVideo.Move(0, 0, 2400, 2790);
@@ -266,6 +265,9 @@ protected:
     session::ActivateForm activate;
     session::LoginForm login_form;
     session::StartUpControls start_controls;
+    session::HandOffControls mailbox;
+    fakes::FakeInstances instances;
+    fakes::FakeInstanceLock instance{instances};
     session::SessionState session;
     session::SessionOptions options;
     session::ConnectionState connection;
@@ -303,6 +305,7 @@ protected:
                                       {near, near, near, near, login_room, near},
                                       boxes,
                                       desktop};
+    session::HandOffRoom hand_off{mailbox, instance, [] {}};
     session::StartUpRoom start{start_controls,
                                {w.frmBrowser, activate.frmActivate, login_form.frmLogin, w, w.picVideo,
                                 w.datSong, w.datPlayList, w.datFav, w.datHistory},
@@ -310,12 +313,20 @@ protected:
                                login,
                                web,
                                settings,
-                               {near, near, near, near, near, near, near, near, near, splash, splash},
+                               hand_off,
+                               {near, near, near, near, near, near, near, near, splash, splash},
                                stores.Stores,
                                files,
                                desktop,
                                kAppPath,
                                Command};
+
+private:
+    /// The log of the mailbox is part of the log of calls.
+    void OnPropertyChanged(controls::Control& control, controls::Property property) override {
+        if (&control == &mailbox.Text1 && property == controls::Property::Text)
+            near.Note("mailbox ", mailbox.Text1.Text());
+    }
 };
 
 }  // namespace session_test

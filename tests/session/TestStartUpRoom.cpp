@@ -35,8 +35,9 @@ TEST_F(StartUpRoom, LoadingSetsTheStartValuesAndStartsTheTimer) {
 TEST_F(StartUpRoom, LoadingDoesItsStepsInOrder) {
     w.frmBrowser.LoadWindow();
 
-    EXPECT_EQ(near.Log, (Texts{"Prepare", "Deliver ", "SetPlayerDefaults", "ClearVideoPicture", "TogglePanel",
-                               "SetSongSpeed 100", "NoMouseOvers", "ChooseQuickFade"}));
+    EXPECT_EQ(near.Log,
+              (Texts{"mailbox ", "mailbox Excuted with command: ", "SetPlayerDefaults", "ClearVideoPicture",
+                     "TogglePanel", "SetSongSpeed 100", "NoMouseOvers", "ChooseQuickFade"}));
 }
 
 TEST_F(StartUpRoom, LogOutFollowsTheMultipleUsers) {
@@ -80,7 +81,7 @@ TEST_F(StartUpRoom, AStartWithoutACommandHasNoArguments) {
 TEST_F(StartUpWithFiles, ACommandIsDeliveredAndSplit) {
     w.frmBrowser.LoadWindow();
 
-    EXPECT_EQ(Count(near.Log, "Deliver \"C:\\a b.mp3\" \"C:\\c.mp3\""), 1);
+    EXPECT_EQ(Count(near.Log, "mailbox Excuted with command: \"C:\\a b.mp3\" \"C:\\c.mp3\""), 1);
     EXPECT_TRUE(session.StartedWithArguments);
     EXPECT_EQ(session.StartArguments, (Texts{"\"C:\\a b.mp3", "C:\\c.mp3\""}));
     EXPECT_EQ(session.StartArgument, 0U);
@@ -95,7 +96,7 @@ TEST_F(StartUpWithFiles, ASecondRunHandsOverAndUnloads) {
     w.frmBrowser.Show();
     desktop.Advance(5000);
 
-    EXPECT_EQ(near.Log, (Texts{"Prepare", "HandOver \"C:\\a b.mp3\" \"C:\\c.mp3\"", "Unload frmBrowser"}));
+    EXPECT_EQ(near.Log, (Texts{"mailbox ", "HandOver \"C:\\a b.mp3\" \"C:\\c.mp3\"", "Unload frmBrowser"}));
     EXPECT_FALSE(w.frmBrowser.IsLoaded());
     EXPECT_FALSE(w.frmBrowser.Visible());
     EXPECT_FALSE(activate.frmActivate.IsLoaded());

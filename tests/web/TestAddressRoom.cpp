@@ -108,15 +108,15 @@ TEST_F(AddressRoom, ATypedNativePathOfAPageOpensInATab) {
 }
 
 TEST_F(AddressRoom, StartUpArgumentsAddTheUnchangedAddressOncePerCuedSong) {
-    near.Arguments = true;
+    session.StartedWithArguments = true;
     near.Cued = 2;
 
     Enter("C:\\a.mp3");
 
-    EXPECT_EQ(LoggedOf({"SelectCuedPath", "AddMediaFromCommand"}),
-              (Calls{"AddMediaFromCommand C:\\a.mp3", "SelectCuedPath 0", "AddMediaFromCommand C:\\a.mp3",
-                     "SelectCuedPath 1", "AddMediaFromCommand C:\\a.mp3"}));
-    EXPECT_FALSE(near.Arguments);
+    EXPECT_EQ(LoggedOf({"SelectPath", "AddMediaFromCommand"}),
+              (Calls{"AddMediaFromCommand C:\\a.mp3", "SelectPath 0", "AddMediaFromCommand C:\\a.mp3",
+                     "SelectPath 1", "AddMediaFromCommand C:\\a.mp3"}));
+    EXPECT_FALSE(session.StartedWithArguments);
     EXPECT_EQ(groups.address.cmbAddress.Text(), "");
 }
 
@@ -231,14 +231,14 @@ TEST_F(AddressRoom, SearchWordsThatLookLikeAPathStayWhatTheyAre) {
 }
 
 TEST_F(AddressRoom, AHistoryEntryWithATitleIsCutToItsAddress) {
-    rooms.commands.OpenAddress(" Gig guide (http://one.example/gigs) ");
+    rooms.Opener().OpenTab(" Gig guide (http://one.example/gigs) ");
 
     EXPECT_EQ(groups.tabs.Browser(1).WaitingAddress(), "http://one.example/gigs");
     EXPECT_EQ(groups.address.Label2.Caption(), "Gig guide (http://one.example/gigs");
 }
 
 TEST_F(AddressRoom, ABracketWithoutAnAddressCostsTheLastCharacter) {
-    rooms.commands.OpenAddress("Gig guide (late)");
+    rooms.Opener().OpenTab("Gig guide (late)");
 
     EXPECT_EQ(groups.tabs.Browser(1).WaitingAddress(), "Gig guide (late");
 }
@@ -269,6 +269,63 @@ TEST_F(AddressRoom, ClickingAnEmptyModeShowsTheWebAndTheAddressInFront) {
 
     EXPECT_EQ(near.Log, Calls{"PopulateHistory Web"});
     EXPECT_EQ(groups.address.txtAddress.Text(), "http://one.example/");
+}
+
+TEST_F(AddressRoom, AddressesOfOtherSubjectsAreEnteredLikeTypedOnes) {
+    rooms.Opener().Enter("C:\\a.mp3");
+
+    EXPECT_EQ(near.Log, (Calls{"AddSiteToHistory File C:\\a.mp3", "PlaySong C:\\a.mp3",
+                               "AddMediaFromCommand C:\\a.mp3", "PopulateHistory Web", "KeyDown 13 0"}));
+    EXPECT_EQ(groups.address.cmbAddress.Text(), "");
+}
+
+TEST_F(AddressRoom, AnOpenedTabHasTheNextIndexAndLeavesTheRowEmpty) {
+    groups.address.txtAddress.SetText("half");
+
+    rooms.Opener().OpenTab("one.example");
+
+    EXPECT_EQ(state.NextBrowserIndex, 1);
+    EXPECT_EQ(groups.tabs.Browser(1).WaitingAddress(), "one.example");
+    EXPECT_EQ(groups.address.cmbAddress.Text(), "");
+    EXPECT_EQ(groups.address.txtAddress.Text(), "");
+}
+
+TEST_F(AddressRoom, TheRowShowsTheAddressWhileItsTabIsMade) {
+    struct RowAtFront final : controls::ControlObserver {
+        explicit RowAtFront(const controls::ComboBox& row) : Row(row) {}
+        void OnPropertyChanged(controls::Control&, controls::Property) override {
+            if (Text.empty()) Text = Row.Text();
+        }
+        const controls::ComboBox& Row;
+        std::string Text;
+    } at_front{groups.address.cmbAddress};
+    groups.tabs.imgMusicTab.SetObserver(&at_front);
+
+    rooms.Opener().OpenTab("Gig guide (http://one.example/gigs)");
+
+    EXPECT_EQ(at_front.Text, "http://one.example/gigs");
+}
+
+TEST_F(AddressRoom, AStaleAddressIsClearedUnderTheMusicTabOnly) {
+    Open("http://one.example/");
+
+    rooms.Address().ClearStaleAddress();
+    EXPECT_EQ(groups.address.txtAddress.Text(), "http://one.example/");
+    Click(groups.tabs.imgMusicTab);
+    groups.address.txtAddress.SetText("http://one.example/");
+    rooms.Address().ClearStaleAddress();
+
+    EXPECT_EQ(groups.address.txtAddress.Text(), "");
+}
+
+TEST_F(AddressRoom, ATypedTextIsNotStale) {
+    Open("http://one.example/");
+    Click(groups.tabs.imgMusicTab);
+    groups.address.txtAddress.SetText("half");
+
+    rooms.Address().ClearStaleAddress();
+
+    EXPECT_EQ(groups.address.txtAddress.Text(), "half");
 }
 
 TEST_F(AddressRoom, KeysOnTheModeReachTheShortcuts) {

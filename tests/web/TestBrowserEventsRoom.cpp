@@ -72,7 +72,7 @@ TEST_F(BrowserEventsRoom, EveryFrameGivesAnEntry) {
 }
 
 TEST_F(BrowserEventsRoom, WithoutHistoryTheAddressBoxStillUpdates) {
-    near.SavesHistory = false;
+    session.Save_History = false;
 
     Open("http://one.example/");
 
@@ -81,7 +81,7 @@ TEST_F(BrowserEventsRoom, WithoutHistoryTheAddressBoxStillUpdates) {
 }
 
 TEST_F(BrowserEventsRoom, ATextBeingTypedIsNotReplacedByAnArrival) {
-    rooms.commands.OpenAddress("http://one.example/");
+    rooms.Opener().OpenTab("http://one.example/");
     Engine(1);
     groups.address.txtAddress.SetText("half an addr");
 
@@ -108,36 +108,33 @@ struct LoginCase {
 };
 
 TEST_F(BrowserEventsRoom, LoginsFireOnTheirPagesWhenBothOptionsAreSet) {
+    session.credentials = {
+        .MySpaceE = "owl", .MySpaceP = "hoot", .HotmailE = "lark@one.example", .HotmailP = "trill"};
+    const Calls pal_login{"SetValue email owl", "SetValue password hoot", "Submit theForm"};
+    const Calls live_login{"SetValue login lark@one.example", "SetValue passwd trill", "Click SI"};
     const std::string pal = "http://" + std::string(web::MySpaceHost);
     const std::string live = std::string(web::LiveLoginUrl);
     const LoginCase cases[] = {
-        {"slash", pal + "/", true, true, {"LoginToMySpace 1"}},
-        {"no slash",
-         "http://one.example/?" + std::string(web::MySpaceHost),
-         true,
-         true,
-         {"LoginToMySpace 1"}},
-        {"ends in the same text",
-         "http://other" + std::string(web::MySpaceHost) + "/",
-         true,
-         true,
-         {"LoginToMySpace 1"}},
+        {"slash", pal + "/", true, true, pal_login},
+        {"no slash", "http://one.example/?" + std::string(web::MySpaceHost), true, true, pal_login},
+        {"ends in the same text", "http://other" + std::string(web::MySpaceHost) + "/", true, true,
+         pal_login},
         {"deeper page", pal + "/login", true, true, {}},
-        {"live", live + "in?x=1", true, true, {"LoginToHotmail 1"}},
+        {"live", live + "in?x=1", true, true, live_login},
         {"live without auto login", live + "in?x=1", true, false, {}},
         {"live with one user", live + "in?x=1", false, true, {}},
     };
     for (const LoginCase& one : cases) {
-        near.ManyUsers = one.many_users;
-        near.LogsIn = one.logs_in;
+        session.Allow_Multiple_Users = one.many_users;
+        session.Auto_Login = one.logs_in;
         web_[one.address] = {"Login", {}, ""};
         if (LastTab() == 0) Open("http://one.example/");
-        near.Log.clear();
-
         groups.tabs.Browser(1).Navigate(one.address);
+        Engine(1).Calls.clear();
+
         Settle(1);
 
-        EXPECT_EQ(LoggedOf({"LoginTo"}), one.wanted) << one.name;
+        EXPECT_EQ(Engine(1).Calls, one.wanted) << one.name;
     }
 }
 
@@ -244,10 +241,20 @@ TEST_F(BrowserEventsRoom, UnderATabTheBackdropIsLeftAlone) {
     EXPECT_TRUE(BackdropEngine().Calls.empty());
 }
 
+TEST_F(BrowserEventsRoom, TheFrontPageIsTheOneOfTheTabInFront) {
+    Open("http://one.example/");
+    Open("http://two.example/");
+    Click(groups.tabs.tabtab(1));
+
+    EXPECT_TRUE(rooms.Front().IsPageVisible());
+    EXPECT_EQ(rooms.Front().LocationURL(), "http://one.example/");
+    EXPECT_EQ(rooms.Front().LocationName(), "One");
+}
+
 TEST_F(BrowserEventsRoom, WithoutAConnectionTheButtonsShowTheBox) {
     Open("http://one.example/");
     Engine(1).Calls.clear();
-    near.Connected = false;
+    session.Internet_Connection = false;
 
     groups.navigation.imgBackOver.Click.Raise();
 

@@ -38,7 +38,7 @@ TEST_F(RefreshRoom, AnAnswerThatIsNoNumberChangesNothing) {
 }
 
 TEST_F(RefreshRoom, TheMenuNeedsNoConnection) {
-    near.Connected = false;
+    session.Internet_Connection = false;
     dialogs.Typed = {"5"};
 
     menu.mnuSetAutoRefresh.Click.Raise();
@@ -61,7 +61,7 @@ TEST_F(RefreshRoom, TheBoxSwitchesItOnAndOff) {
 }
 
 TEST_F(RefreshRoom, TheBoxNeedsAConnection) {
-    near.Connected = false;
+    session.Internet_Connection = false;
 
     groups.refresh.imgCheck.Click.Raise();
 

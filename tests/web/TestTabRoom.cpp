@@ -117,7 +117,7 @@ TEST_F(TabRoom, TheRightButtonOnATabPopsUpTheTabMenu) {
     Click(groups.tabs.tabtab(1), controls::kRightButton);
     Click(groups.tabs.tabLabel(1), controls::kRightButton);
 
-    EXPECT_EQ(near.Log, (Calls{"PopupTabMenu", "PopupTabMenu"}));
+    EXPECT_EQ(near.Log, (Calls{"PopupMenu mnuTab", "PopupMenu mnuTab"}));
     EXPECT_EQ(state.currentbrowser, 2);
 }
 
@@ -261,7 +261,8 @@ TEST_F(TabRoom, CloseAllTabsEndsTheSameWithSlotsLongClosed) {
 
     menu.mnuCloseAllTabs.Click.Raise();
 
-    EXPECT_FALSE(rooms.tabs.IsAnyTabOpen());
+    for (int i = 1; i <= 3; ++i)
+        EXPECT_FALSE(groups.tabs.Browser(i).Visible()) << i;
     EXPECT_TRUE(state.MusicTabActive);
     EXPECT_EQ(near.Caption, "Brindlepost - Music Player");
 }
@@ -312,7 +313,7 @@ TEST_F(TabRoom, TheRightButtonOnTheMusicTabPopsUpItsMenu) {
 
     Click(groups.tabs.imgMusicTab, controls::kRightButton);
 
-    EXPECT_EQ(near.Log, Calls{"PopupMusicMenu"});
+    EXPECT_EQ(near.Log, Calls{"PopupMenu mnuMusicPlayer"});
     EXPECT_FALSE(state.MusicTabActive);
 }
 
@@ -321,7 +322,7 @@ TEST_F(TabRoom, ClosingTheMusicTabStopsTheMusic) {
 
     groups.tabs.tabMusicClose.Click.Raise();
 
-    EXPECT_EQ(near.Log, (Calls{"StopCurrentSong", "SendNothingPlaying"}));
+    EXPECT_EQ(near.Log, (Calls{"StopAndForget", "SendNothingPlaying"}));
     EXPECT_EQ(near.Track, "");
     EXPECT_FALSE(groups.tabs.imgMusicTab.Visible());
     EXPECT_TRUE(groups.tabs.imgMusicTabMini.Visible());
@@ -352,7 +353,7 @@ TEST_F(TabRoom, TheSmallButtonOpensTheMusicTabAgain) {
 
     groups.tabs.imgMusicTabMini.Click.Raise();
 
-    EXPECT_EQ(near.Log, (Calls{"Form_Resize", "RefillEmptyTrackList", "OfferToAddMedia"}));
+    EXPECT_EQ(near.Log, (Calls{"Form_Resize", "RefillIfEmpty", "OfferToAddMedia"}));
     EXPECT_TRUE(groups.tabs.imgMusicTab.Visible());
     EXPECT_FALSE(groups.tabs.imgMusicTabMini.Visible());
     EXPECT_TRUE(groups.tabs.tabMusicClose.Visible());
@@ -376,7 +377,7 @@ TEST_F(TabRoom, WithNothingInFrontTheMakersAddressReplacesTheLastOne) {
     groups.address.txtAddress.SetText("");
     state.LastTabUrl = "";
 
-    rooms.tabs.TabChange();
+    rooms.Tabs().CorrectTabs();
 
     EXPECT_EQ(near.Caption, "Brindlepost");
     EXPECT_EQ(groups.address.txtAddress.Text(), std::string(web::MakerSiteUrl) + "/");
@@ -388,7 +389,7 @@ TEST_F(TabRoom, WithNothingInFrontATypedTextStays) {
     groups.tabs.tabMusicClose.Click.Raise();
     groups.address.txtAddress.SetText("half an addr");
 
-    rooms.tabs.TabChange();
+    rooms.Tabs().CorrectTabs();
 
     EXPECT_EQ(groups.address.txtAddress.Text(), "half an addr");
 }
@@ -404,7 +405,7 @@ TEST_F(TabRoom, ATabPastTheWindowsEdgeStillGetsItsPlace) {
 TEST_F(TabRoom, EveryChangePutsTheKeyboardIntoTheAddressBox) {
     const int before = Focused;
 
-    rooms.tabs.TabChange();
+    rooms.Tabs().CorrectTabs();
 
     EXPECT_EQ(Focused, before + 1);
 }

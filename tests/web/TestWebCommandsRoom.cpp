@@ -71,7 +71,7 @@ TEST_F(WebCommandsRoom, HelpAndUpdatesOpenInFront) {
 }
 
 TEST_F(WebCommandsRoom, WithoutAConnectionTheCommandsShowTheBoxAndOpenNothing) {
-    near.Connected = false;
+    session.Internet_Connection = false;
     dialogs.Typed = {"x", "x", "x", "x", "x", "x", "x"};
 
     for (controls::Menu* entry : {&menu.mnuWebSearch, &menu.mnuLyricSearch, &menu.mnuWebsite, &menu.mnuWebTab,
@@ -88,7 +88,7 @@ TEST_F(WebCommandsRoom, WithoutAConnectionTheCommandsShowTheBoxAndOpenNothing) {
 }
 
 TEST_F(WebCommandsRoom, TheHelpButtonNeedsNoConnection) {
-    near.Connected = false;
+    session.Internet_Connection = false;
 
     Click(groups.help.imgHelp);
 
@@ -99,15 +99,15 @@ TEST_F(WebCommandsRoom, TheHelpButtonNeedsNoConnection) {
 TEST_F(WebCommandsRoom, TheRightButtonOnHelpPopsUpItsMenu) {
     Click(groups.help.imgHelp, controls::kRightButton);
 
-    EXPECT_EQ(near.Log, Calls{"PopupHelpMenu"});
+    EXPECT_EQ(near.Log, Calls{"PopupMenu mnuHelp"});
     EXPECT_EQ(LastTab(), 0);
 }
 
 TEST_F(WebCommandsRoom, TheArtistIsWhatStandsBeforeTheSeparator) {
     near.Track = "The Tawny Owls - Nightjar - Live";
 
-    rooms.commands.SearchArtistHomePage();
-    rooms.commands.SearchArtistImages();
+    rooms.Commands().SearchArtistHomePage();
+    rooms.Commands().SearchArtistImages();
 
     EXPECT_EQ(groups.tabs.Browser(1).WaitingAddress(),
               std::string(web::GoogleSearchUrl) +
@@ -119,7 +119,7 @@ TEST_F(WebCommandsRoom, TheArtistIsWhatStandsBeforeTheSeparator) {
 TEST_F(WebCommandsRoom, WithoutASeparatorTheArtistIsEmpty) {
     near.Track = "Nightjar";
 
-    rooms.commands.SearchArtistImages();
+    rooms.Commands().SearchArtistImages();
 
     EXPECT_EQ(groups.tabs.Browser(1).WaitingAddress(),
               std::string(web::GoogleImagesUrl) + "?hl=en&q=&btnG=Google+Search&meta=");
@@ -132,7 +132,7 @@ TEST_F(WebCommandsRoom, RefreshAllRefreshesTheTabsThatAreOpen) {
     groups.tabs.tabClose(2).Click.Raise();
     for (int i = 1; i <= 3; ++i)
         Engine(i).Calls.clear();
-    near.Connected = false;
+    session.Internet_Connection = false;
 
     menu.mnuRefreshAll.Click.Raise();
 
@@ -143,10 +143,10 @@ TEST_F(WebCommandsRoom, RefreshAllRefreshesTheTabsThatAreOpen) {
 }
 
 TEST_F(WebCommandsRoom, TheMakersHomeStandsBehindTheGuardToo) {
-    near.Connected = false;
+    session.Internet_Connection = false;
 
-    rooms.commands.OpenMakerHome();
-    rooms.commands.OpenUpdates();
+    rooms.Commands().OpenMakerHome();
+    rooms.Commands().OpenUpdates();
 
     EXPECT_EQ(dialogs.Boxes.size(), 2U);
     EXPECT_EQ(LastTab(), 0);

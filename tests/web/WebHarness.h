@@ -16,98 +16,124 @@
 #include "fakes/FakeBrowserControl.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
+#include "fakes/FakeFiles.h"
 #include "web/Addresses.h"
-#include "web/WebRooms.h"
+#include "web/Web.h"
 
 namespace web_test {
 
 using Calls = std::vector<std::string>;
 
-struct RecordingNeighbours final : web::BrowserWindow,
-                                   web::MusicPanel,
-                                   web::MusicPlayer,
-                                   web::MediaLibrary,
-                                   web::CueList,
-                                   web::HistoryLog,
-                                   web::NowPlayingLine,
-                                   web::SiteLogins,
-                                   web::Session,
-                                   web::FileNames {
+/// Everything outside of the web subsystem. One log, in the order of the calls.
+struct RecordingRoles final : roles::Window,
+                              roles::Layout,
+                              roles::Highlights,
+                              roles::MediaKeys,
+                              roles::Transport,
+                              roles::NowPlaying,
+                              roles::MessengerLine,
+                              roles::TrackLists,
+                              roles::MediaIntake,
+                              roles::CueList,
+                              roles::History,
+                              roles::Start {
     using Text = std::string_view;
     void Note(std::string call) { Log.push_back(std::move(call)); }
 
-    void SetCaption(Text caption) override { Caption = caption; }
+    // roles::Window
+    double Left() const override { return 0; }
+    double Top() const override { return 0; }
     double Width() const override { return WindowWidth; }
+    controls::WindowState State() const override { return controls::WindowState::Normal; }
+    void SetState(controls::WindowState) override { Note("SetState"); }
+    void SetCaption(Text caption) override { Caption = caption; }
+    void Show() override { Note("Show"); }
+    void SetEnabled(bool) override { Note("SetEnabled"); }
+    void Refresh() override { Note("Refresh"); }
+    void PopupMenu(controls::Menu& menu) override { Note("PopupMenu " + menu.Name()); }
+    void ShowMusicPanel(bool shown) override { Panel.SetVisible(shown); }
+    void BringMusicPanelToFront() override { Panel.BringToFront(); }
+
+    // roles::Layout
     void Form_Resize() override { Note("Form_Resize"); }
+    void PlaceBelowSplitter() override { Note("PlaceBelowSplitter"); }
+    void PlaceFavouritesPanel() override { Note("PlaceFavouritesPanel"); }
+
+    // roles::Highlights
     void NoMouseOvers() override { Note("NoMouseOvers"); }
+
+    // roles::MediaKeys
     void KeyDown(int key, int shift) override {
         Note("KeyDown " + std::to_string(key) + " " + std::to_string(shift));
     }
-    void PopupTabMenu() override { Note("PopupTabMenu"); }
-    void PopupMusicMenu() override { Note("PopupMusicMenu"); }
-    void PopupHelpMenu() override { Note("PopupHelpMenu"); }
 
-    void ShowPanel() override { Panel.SetVisible(true); }
-    void HidePanel() override { Panel.SetVisible(false); }
-    void BringPanelToFront() override { Panel.BringToFront(); }
-
+    // roles::Transport
     void PlaySong(Text path) override {
         Note("PlaySong " + std::string(path));
         NoFile = Unplayable;
     }
-    bool IsNoFileShown() const override { return NoFile; }
-    void StopCurrentSong() override { Note("StopCurrentSong"); }
-    std::string TrackCaption() const override { return Track; }
-    void ClearTrackCaption() override { Track.clear(); }
+    void Play() override { Note("Play"); }
+    void Pause() override { Note("Pause"); }
+    bool IsPlayShown() const override { return true; }
+    void Stop() override { Note("Stop"); }
+    void StopAndForget() override {
+        Note("StopAndForget");
+        Track.clear();
+    }
+    void Next() override { Note("Next"); }
+    void Previous() override { Note("Previous"); }
+    void SeekTo(double) override { Note("SeekTo"); }
+    void SetSpeed(double) override { Note("SetSpeed"); }
+    void SetVolume(double) override { Note("SetVolume"); }
+    void ToggleMute() override { Note("ToggleMute"); }
+    void IncreaseVolume() override { Note("IncreaseVolume"); }
+    void DecreaseVolume() override { Note("DecreaseVolume"); }
 
+    // roles::NowPlaying
+    roles::PlayerGlance Glance() const override { return {}; }
+    roles::PlayerStatus Status() override { return roles::PlayerStatus::Stopped; }
+    roles::CurrentSong Song() override { return {}; }
+    double Position() override { return 0; }
+    bool IsStopped() const override { return true; }
+    bool IsNoFileShown() const override { return NoFile; }
+    std::string TrackCaption() const override { return Track; }
+
+    // roles::MessengerLine
+    void SetCustomText(Text text) override { Note("SetCustomText " + std::string(text)); }
+    void SendNowPlaying() override { Note("SendNowPlaying"); }
+    void SendNothingPlaying() override { Note("SendNothingPlaying"); }
+
+    // roles::TrackLists
     void Command1() override { Note("Command1"); }
+    void RefillIfEmpty() override { Note("RefillIfEmpty"); }
+
+    // roles::MediaIntake
     void AddPlayList(Text path) override { Note("AddPlayList " + std::string(path)); }
     void AddMediaFromCommand(Text path) override {
         Note("AddMediaFromCommand " + std::string(path));
         if (WantsReload != nullptr) WantsReload->ReloadLibraryAfterKey = true;
     }
-    void RefillEmptyTrackList() override { Note("RefillEmptyTrackList"); }
     void OfferToAddMedia() override { Note("OfferToAddMedia"); }
 
-    int CuedSongs() const override { return Cued; }
-    int CuedPaths() const override { return Cued; }
-    void SelectCuedPath(int row) override { Note("SelectCuedPath " + std::to_string(row)); }
+    // roles::CueList
+    int SongCount() const override { return Cued; }
+    int PathCount() const override { return Cued; }
+    void SelectPath(int row) override { Note("SelectPath " + std::to_string(row)); }
     void CueFile(Text path, Text title) override {
         Note("CueFile " + std::string(path) + "|" + std::string(title));
     }
 
-    void AddSiteToHistory(Text kind, Text text) override {
-        Note("AddSiteToHistory " + std::string(kind) + " " + std::string(text));
+    // roles::History
+    void AddSiteToHistory(roles::HistoryKind kind, Text text) override {
+        Note("AddSiteToHistory " + std::string(roles::TextOf(kind)) + " " + std::string(text));
     }
-    void PopulateHistory(Text kind) override { Note("PopulateHistory " + std::string(kind)); }
+    void PopulateHistory(roles::HistoryKind kind) override {
+        Note("PopulateHistory " + std::string(roles::TextOf(kind)));
+    }
 
-    void SetCustomText(Text text) override { Note("SetCustomText " + std::string(text)); }
-    void SendNowPlaying() override { Note("SendNowPlaying"); }
-    void SendNothingPlaying() override { Note("SendNothingPlaying"); }
-
-    void LoginToMySpace(int index) override { Note("LoginToMySpace " + std::to_string(index)); }
-    void LoginToHotmail(int index) override { Note("LoginToHotmail " + std::to_string(index)); }
-
-    bool Internet_Connection() const override { return Connected; }
-    bool Save_History() const override { return SavesHistory; }
-    bool Allow_Multiple_Users() const override { return ManyUsers; }
-    bool Auto_Login() const override { return LogsIn; }
+    // roles::Start
     bool IsLoading() const override { return Loading; }
-    bool StartedWithArguments() const override { return Arguments; }
-    void ClearStartedWithArguments() override { Arguments = false; }
-
-    bool IsMediaFile(Text path) const override {
-        const std::string kind = base::LCase(base::Right(path, 3));
-        return kind == "mp3" || kind == "wav" || kind == "mpg" || kind == "peg" || kind == "mp4";
-    }
-    bool IsPlayListFile(Text path) const override { return base::LCase(base::Right(path, 3)) == "mpl"; }
-    std::string FileNameOf(Text path) const override {
-        return std::string(base::Mid(path, base::InStrRev(path, "\\") + 1));
-    }
-    std::string ToDriveForm(Text typed) const override {
-        if (!base::StartsWith(typed, "/")) return std::string(typed);
-        return "C:" + base::Replace(typed, "/", "\\");
-    }
+    void SetStage(Text) override { Note("SetStage"); }
 
     Calls Log;
     std::string Caption;
@@ -117,13 +143,18 @@ struct RecordingNeighbours final : web::BrowserWindow,
     bool Unplayable = false;
     std::string Track;
     int Cued = 0;
-    bool Connected = true;
-    bool SavesHistory = true;
-    bool ManyUsers = false;
-    bool LogsIn = false;
     bool Loading = false;
-    bool Arguments = false;
     web::WebState* WantsReload = nullptr;
+};
+
+/// The flags of a session, which a test changes as it likes.
+struct Session {
+    bool Internet_Connection = true;
+    bool Save_History = true;
+    bool Allow_Multiple_Users = false;
+    bool Auto_Login = false;
+    bool StartedWithArguments = false;
+    web::SiteCredentials credentials;
 };
 
 struct Menus : web::WebMenu {
@@ -149,7 +180,7 @@ protected:
 
     /// Opens a tab as the address row does. The page arrives if `web_` has it.
     int Open(const std::string& address) {
-        rooms.commands.OpenAddress(address);
+        rooms.Opener().OpenTab(address);
         const int index = LastTab();
         Engine(index);
         Settle(index);
@@ -217,14 +248,36 @@ protected:
     std::unique_ptr<fakes::FakeBrowserControl> backdrop_;
     controls::Form form{"frmBrowser", "Brindlepost"};
     Menus menu;
-    web::WebGroups groups;
+    web::WebControls groups;
     web::WebState state;
     fakes::FakeDesktop desktop;
     fakes::FakeDialogs dialogs;
-    RecordingNeighbours near;
+    fakes::FakeFiles files;
+    RecordingRoles near;
+    Session session;
     int Focused = 0;
-    web::WebRooms rooms{
-        groups, menu, state, {near, near, near, near, near, near, near, near, near, near, desktop, dialogs}};
+    web::Web rooms{groups,
+                   menu,
+                   state,
+                   {.Internet_Connection = session.Internet_Connection,
+                    .Save_History = session.Save_History,
+                    .Allow_Multiple_Users = session.Allow_Multiple_Users,
+                    .Auto_Login = session.Auto_Login,
+                    .StartedWithArguments = session.StartedWithArguments,
+                    .credentials = session.credentials},
+                   {.window = near,
+                    .layout = near,
+                    .highlights = near,
+                    .keys = near,
+                    .transport = near,
+                    .now_playing = near,
+                    .messenger = near,
+                    .track_lists = near,
+                    .media = near,
+                    .cue = near,
+                    .history = near,
+                    .start = near},
+                   {.files = files, .events = desktop, .dialogs = dialogs}};
 
 private:
     void OnPropertyChanged(controls::Control& control, controls::Property property) override {

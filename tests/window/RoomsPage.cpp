@@ -106,10 +106,10 @@ void AddPlayerGroups(const player::PlayerControls& player, std::vector<Group>& i
                              With(player.splitter, "SplitterRoom"), With(player.video, "VideoRoom")});
 }
 
-void AddWebGroups(const web::WebGroups& web, std::vector<Group>& into) {
+void AddWebGroups(const web::WebControls& web, std::vector<Group>& into) {
     into.insert(into.end(), {With(web.tabs, "TabRoom"), With(web.address, "AddressRoom"),
                              With(web.navigation, "BrowserEventsRoom"), With(web.refresh, "RefreshRoom"),
-                             With(web.help, "WebCommandsRoom"), With(web.hand_off, "MainWindow")});
+                             With(web.help, "WebCommandsRoom")});
 }
 
 void AddMenuGroups(const window::WindowMenu& menus, std::vector<Group>& into) {
@@ -147,9 +147,9 @@ Section BrowserSection(const window::Windows& windows) {
     AddPlayerGroups(window.player, section.groups);
     AddWebGroups(window.web, section.groups);
     section.groups.insert(section.groups.end(),
-                          {With(window.favourites, "FavouritesRoom"), With(windows.history, "HistoryRoom"),
-                           With(windows.start_up, "StartUpRoom"), With(windows.trouble, "StoreTroubleRoom"),
-                           With(window.chrome, "SkinRoom")});
+                          {With(window.hand_off, "HandOffRoom"), With(window.favourites, "FavouritesRoom"),
+                           With(windows.history, "HistoryRoom"), With(windows.start_up, "StartUpRoom"),
+                           With(windows.trouble, "StoreTroubleRoom"), With(window.chrome, "SkinRoom")});
     AddMenuGroups(window.menus, section.groups);
     section.data = {&window.library.sources.datSong, &window.library.sources.datPlayList,
                     &window.favourites.datFav, &windows.history.datHistory};
@@ -157,6 +157,8 @@ Section BrowserSection(const window::Windows& windows) {
                           {&window.library.search.cmdAddToLibrary, "OpenedMediaRoom"},
                           {&window.web.tabs.BrowserBG, "BrowserEventsRoom"},
                           {&window.menus.mnuTab, kMenuTree},
+                          {&window.menus.mnuMusicPlayer, kMenuTree},
+                          {&window.menus.mnuHelp, kMenuTree},
                           {&window.menus.mnuSep11, kMenuTree},
                           {&window.menus.mnuCrossfade, kMenuTree}};
     for (int i = 0; i < window.web.tabs.Browser.Count(); ++i)
