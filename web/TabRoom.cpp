@@ -36,8 +36,9 @@ void TabRoom::ClaimMusicTab() {
     claims_.Claim(controls_.tabMusicClose.Click, [this] { tabMusicClose_Click(); });
 }
 
+// The index may be set before its tab is there: home pages set it to 1 whether they opened a tab or not.
 int TabRoom::FrontIndex() const {
-    return state_.currentbrowser;
+    return state_.currentbrowser < Count() ? state_.currentbrowser : 0;
 }
 
 int TabRoom::GetNewBrowser(std::string_view address) {

@@ -110,6 +110,23 @@ TEST_F(SessionStory, HomePagesOpenAtTheNextStart) {
     EXPECT_EQ(Browser().web.tabs.tabLabel(1).Caption(), "One");
 }
 
+TEST_F(SessionStory, AHomePageThatIsASongPlaysAndLeavesNoTabInFront) {
+    computer.AddSong("C:\\a.mp3");
+    computer.database.Seed(scenario::kFavouritesPath, "tblFavs", {{"2", "Home Pages", "Song", "C:\\a.mp3"}});
+    Run();
+    ASSERT_EQ(Browser().web.tabs.tabtab.Count(), 1);
+    ASSERT_TRUE(computer.media.IsOpen("a"));
+
+    program->Click(Browser().web.navigation.imgBackOver);
+    program->Click(Browser().favourites.imgAddOver);
+    program->Click(program->windows.add.cmdCancel);
+    program->Click(Browser().web.tabs.tabMusicClose);
+    program->Click(Browser().menus.mnuCloseCurrentTab);
+
+    EXPECT_EQ(Browser().Caption(), "Brindlepost - Music Player");
+    EXPECT_EQ(program->windows.add.txtURL.Text(), "");
+}
+
 TEST_F(SessionStory, LogOutGoesBackToTheLoginAndIn) {
     program->Click(Browser().menus.mnuLogout);
     EXPECT_FALSE(program->ended);

@@ -271,6 +271,15 @@ TEST_F(AddressRoom, ClickingAnEmptyModeShowsTheWebAndTheAddressInFront) {
     EXPECT_EQ(groups.address.txtAddress.Text(), "http://one.example/");
 }
 
+TEST_F(AddressRoom, ClickingAnEmptyModeWithoutTheTabInFrontShowsNoAddress) {
+    state.currentbrowser = 1;
+    groups.address.txtAddress.SetText("half");
+
+    groups.address.cmbType.Click.Raise();
+
+    EXPECT_EQ(groups.address.txtAddress.Text(), "");
+}
+
 TEST_F(AddressRoom, AddressesOfOtherSubjectsAreEnteredLikeTypedOnes) {
     rooms.Opener().Enter("C:\\a.mp3");
 

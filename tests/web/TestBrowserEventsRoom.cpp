@@ -251,6 +251,18 @@ TEST_F(BrowserEventsRoom, TheFrontPageIsTheOneOfTheTabInFront) {
     EXPECT_EQ(rooms.Front().LocationName(), "One");
 }
 
+TEST_F(BrowserEventsRoom, AFrontTabThatIsNotThereHasNoPage) {
+    state.currentbrowser = 1;
+
+    rooms.Front().GoBack();
+    rooms.Front().GoForward();
+    rooms.Front().Refresh();
+
+    EXPECT_FALSE(rooms.Front().IsPageVisible());
+    EXPECT_EQ(rooms.Front().LocationURL(), "");
+    EXPECT_EQ(rooms.Front().LocationName(), "");
+}
+
 TEST_F(BrowserEventsRoom, WithoutAConnectionTheButtonsShowTheBox) {
     Open("http://one.example/");
     Engine(1).Calls.clear();

@@ -394,6 +394,27 @@ TEST_F(TabRoom, WithNothingInFrontATypedTextStays) {
     EXPECT_EQ(groups.address.txtAddress.Text(), "half an addr");
 }
 
+TEST_F(TabRoom, AFrontTabThatIsNotThereCountsAsNone) {
+    state.currentbrowser = 1;
+    state.MusicTabActive = false;
+
+    rooms.Tabs().CorrectTabs();
+
+    EXPECT_EQ(near.Caption, "Brindlepost");
+    EXPECT_FALSE(state.TabsShown);
+    EXPECT_EQ(groups.tabs.TabLineLeft.X2(), near.WindowWidth);
+}
+
+TEST_F(TabRoom, CloseCurrentTabClosesNothingWhenTheFrontTabIsNotThere) {
+    state.currentbrowser = 1;
+    state.MusicTabActive = false;
+
+    menu.mnuCloseCurrentTab.Click.Raise();
+
+    EXPECT_EQ(LastTab(), 0);
+    EXPECT_EQ(near.Caption, "Brindlepost - Music Player");
+}
+
 TEST_F(TabRoom, ATabPastTheWindowsEdgeStillGetsItsPlace) {
     for (int i = 0; i < 8; ++i)
         Open("http://one.example/");
