@@ -7,10 +7,11 @@
 #include <functional>
 #include <string_view>
 
+#include "controls/CommandButton.h"
 #include "controls/Event.h"
-#include "controls/Lists.h"
-#include "controls/Simple.h"
-#include "controls/Surfaces.h"
+#include "controls/ListBox.h"
+#include "controls/TextBox.h"
+#include "controls/Timer.h"
 #include "ports/InstanceLock.h"
 
 namespace session {
