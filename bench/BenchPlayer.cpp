@@ -6,9 +6,9 @@
 
 #include "BenchStore.h"
 #include "base/Number.h"
-#include "store/Songs.h"
 #include "player/PlayOrder.h"
 #include "player/SongLookup.h"
+#include "store/Songs.h"
 
 namespace {
 
