@@ -10,6 +10,7 @@
 #include <string>
 #include <thread>
 
+#include "fakes/NullWindow.h"
 #include "library/AddMediaForm.h"
 #include "library/AddMediaRoom.h"
 #include "platform/linux/LinuxFiles.h"
@@ -81,14 +82,10 @@ class EndInTrouble final : public store::StoreTrouble {
     }
 };
 
-/// Hears that all files are added.
-class BenchWindow final : public library::MainWindow {
+class NoLists final : public roles::TrackLists {
 public:
-    void ShowMainWindow() override {}
-    void Command1() override { is_done = true; }
-    bool Include_Sub_Folders() const override { return true; }
-
-    bool is_done = false;
+    void Command1() override {}
+    void RefillIfEmpty() override {}
 };
 
 class Bench {
@@ -149,9 +146,12 @@ private:
     sqlite::SqliteDatabase database_{[this](std::string_view) { return StoreFile(); }};
     EndInTrouble trouble_;
     store::Stores stores_{database_, loop_, trouble_};
-    BenchWindow window_;
+    fakes::NullWindow window_;
+    NoLists lists_;
+    const bool sub_folders_ = true;
     library::AddMediaForm form_{files_};
-    library::AddMediaRoom room_{form_, window_, stores_, files_, boxes_, loop_, "C:\\bench"};
+    library::AddMediaRoom room_{
+        form_, stores_, "C:\\bench", sub_folders_, window_, lists_, {files_, boxes_, loop_}};
     qt::Screen screen_{loop_, {}};
     EventWatch watch_;
     Clock::time_point begin_;

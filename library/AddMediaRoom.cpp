@@ -23,18 +23,17 @@ std::string OnOneLine(std::string_view path) {
 
 }  // namespace
 
-AddMediaRoom::AddMediaRoom(AddMediaForm& form, MainWindow& main_window, store::Stores& stores,
-                           ports::Files& files, ports::Dialogs& dialogs, ports::EventLoop& loop,
-                           std::string_view app_path)
+AddMediaRoom::AddMediaRoom(AddMediaForm& form, store::Stores& stores, std::string_view app_path,
+                           const bool& Include_Sub_Folders, roles::Window& window, roles::TrackLists& lists,
+                           AddMediaPorts ports)
     : form_(form),
-      main_window_(main_window),
       stores_(stores),
-      files_(files),
-      dialogs_(dialogs),
-      loop_(loop),
       app_path_(app_path),
-      walk_({form.lstPattern, form.lstFiles, form.lblTotalFiles, form.lblDirectory}, main_window, files,
-            dialogs, loop) {
+      window_(window),
+      lists_(lists),
+      ports_(ports),
+      walk_({form.lstPattern, form.lstFiles, form.lblTotalFiles, form.lblDirectory}, Include_Sub_Folders,
+            ports.files, ports.dialogs, ports.loop) {
     ClaimWindow();
     ClaimPictures();
     ClaimBackgrounds();
@@ -133,7 +132,7 @@ void AddMediaRoom::tmrSearch_Tick() {
     form_.tmrSearch.SetEnabled(false);
     const std::string folder = form_.Dir1.Path();
     walk_.Search(folder);
-    if (loop_.IsEnding()) return;
+    if (ports_.loop.IsEnding()) return;
     ShowResult(folder);
     EndTask();
 }
@@ -146,7 +145,7 @@ void AddMediaRoom::ShowResult(const std::string& folder) {
 
 std::string AddMediaRoom::NoticeOfSearch(const std::string& folder) const {
     if (walk_.WasCancelled()) return "The search was stopped. There may be more files.";
-    if (!files_.IsFolder(folder)) return "The folder is not there any more.";
+    if (!ports_.files.IsFolder(folder)) return "The folder is not there any more.";
     const int unreadable = walk_.UnreadableFolders();
     if (unreadable == 0) return {};
     return base::ToText(unreadable) + (unreadable == 1 ? " folder" : " folders") + " could not be read.";
@@ -174,7 +173,7 @@ void AddMediaRoom::StopTask() {
     stopped_ = true;
     walk_.Cancel();
     if (!form_.tmrSearch.Enabled()) return;
-    // The walk has not begun: nobody else would end the task.
+    // The walk has not begun, so the task ends here.
     form_.tmrSearch.SetEnabled(false);
     EndTask();
 }
@@ -187,7 +186,7 @@ void AddMediaRoom::imgBackOver_Click() {
     StopTask();
     NoMouseOvers();
     form_.frmAddMedia.Hide();
-    main_window_.ShowMainWindow();
+    window_.Show();
 }
 
 void AddMediaRoom::imgAddAllOver_Click() {
@@ -211,24 +210,25 @@ void AddMediaRoom::imgAddOver_Click() {
     if (!path.empty()) AddFiles({path});
 }
 
-// The selected file, or the one that the person names; empty when there is none to add.
+// The selected file, or the one that the user names; empty when there is none to add.
 std::string AddMediaRoom::ChosenPath() {
     std::string path(form_.lstFiles.Text());
     if (!path.empty()) return base::IsScanFile(path) ? path : std::string();
-    path = files_.FromNative(dialogs_.InputBox("What is the path of the song you would like to add?",
-                                               "Adding Media", base::Left(form_.Dir1.Path(), 3)));
-    return FileExists(files_, path) && base::IsScanFile(path) ? path : std::string();
+    path =
+        ports_.files.FromNative(ports_.dialogs.InputBox("What is the path of the song you would like to add?",
+                                                        "Adding Media", base::Left(form_.Dir1.Path(), 3)));
+    return FileExists(ports_.files, path) && base::IsScanFile(path) ? path : std::string();
 }
 
 void AddMediaRoom::AddFiles(const std::vector<std::string>& paths) {
     std::string rejected;
     BeginTask(Task::Adding, "ADDING TO LIBRARY");
     AddEach(paths, rejected);
-    if (loop_.IsEnding()) return;
+    if (ports_.loop.IsEnding()) return;
     EndTask();
-    TellRejected(rejected);
-    if (form_.frmAddMedia.IsLoaded()) main_window_.ShowMainWindow();
-    main_window_.Command1();
+    ShowRejected(rejected);
+    if (form_.frmAddMedia.IsLoaded()) window_.Show();
+    lists_.Command1();
     NoMouseOvers();
     form_.frmAddMedia.Hide();
 }
@@ -238,7 +238,7 @@ void AddMediaRoom::AddEach(const std::vector<std::string>& paths, std::string& r
         if (i % kRowsBetweenProgress == 0) ShowProgress(i, paths.size());
         if (!base::IsScanFile(paths[i])) continue;
         AddByName(paths[i], rejected);
-        loop_.Yield();
+        ports_.loop.Yield();
     }
 }
 
@@ -273,9 +273,9 @@ void AddMediaRoom::ShowProgress(std::size_t added, std::size_t total) {
     form_.pbProgress.SetValue(static_cast<int>(added * 100 / total));
 }
 
-void AddMediaRoom::TellRejected(const std::string& rejected) {
+void AddMediaRoom::ShowRejected(const std::string& rejected) {
     if (rejected.empty()) return;
-    dialogs_.MsgBox("The following files could not be added because of long filenames\r\n" + rejected);
+    ports_.dialogs.MsgBox("The following files could not be added because of long filenames\r\n" + rejected);
 }
 
 }  // namespace library

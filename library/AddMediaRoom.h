@@ -12,24 +12,35 @@
 #include "controls/Event.h"
 #include "controls/Image.h"
 #include "library/AddMediaForm.h"
-#include "library/LibraryOutlets.h"
 #include "library/MediaWalk.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
+#include "roles/TrackLists.h"
+#include "roles/Window.h"
 #include "store/Stores.h"
 
 namespace library {
 
-class AddMediaRoom final : public SongStore {
+struct AddMediaPorts {
+    ports::Files& files;
+    ports::Dialogs& dialogs;
+    ports::EventLoop& loop;
+};
+
+class AddMediaRoom final {
 public:
     /// `app_path` is the folder of the stores, without a separator at its end.
-    AddMediaRoom(AddMediaForm& form, MainWindow& main_window, store::Stores& stores, ports::Files& files,
-                 ports::Dialogs& dialogs, ports::EventLoop& loop, std::string_view app_path);
+    AddMediaRoom(AddMediaForm& form, store::Stores& stores, std::string_view app_path,
+                 const bool& Include_Sub_Folders, roles::Window& window, roles::TrackLists& lists,
+                 AddMediaPorts ports);
 
-    // SongStore. Loads the dialog if it is not loaded; there is no check for doubles.
+    void ShowDialog() { form_.frmAddMedia.Show(); }
+    /// Stores a file as a song; there is no check for doubles. A path without a scan extension is ignored;
+    /// one whose texts are too long is appended to `rejected`, with a line break after it. Loads the dialog
+    /// if it is not loaded.
     void addfile(std::string_view path, std::string_view artist, std::string_view title,
-                 std::string& rejected) override;
+                 std::string& rejected);
 
     /// Hides the bright pictures of the dialog.
     void NoMouseOvers();
@@ -57,7 +68,7 @@ private:
     void BeginTask(Task task, std::string_view heading);
     void EndTask();
     void StopTask();
-    bool IsStopped() const { return stopped_ || loop_.IsEnding(); }
+    bool IsStopped() const { return stopped_ || ports_.loop.IsEnding(); }
     void ShowResult(const std::string& folder);
     std::string NoticeOfSearch(const std::string& folder) const;
     std::vector<std::string> FilesFound() const;
@@ -66,15 +77,14 @@ private:
     void AddEach(const std::vector<std::string>& paths, std::string& rejected);
     void AddByName(std::string_view path, std::string& rejected);
     void ShowProgress(std::size_t added, std::size_t total);
-    void TellRejected(const std::string& rejected);
+    void ShowRejected(const std::string& rejected);
 
     AddMediaForm& form_;
-    MainWindow& main_window_;
     store::Stores& stores_;
-    ports::Files& files_;
-    ports::Dialogs& dialogs_;
-    ports::EventLoop& loop_;
     std::string app_path_;
+    roles::Window& window_;
+    roles::TrackLists& lists_;
+    AddMediaPorts ports_;
     MediaWalk walk_;
     Task task_ = Task::None;
     bool stopped_ = false;

@@ -9,25 +9,18 @@
 #include "store/Tables.h"
 
 namespace library {
-namespace {
 
-void AddOne(controls::Label& counter) {
-    counter.SetCaption(base::ToText(base::OneMore(base::WholeVal(counter.Caption()))));
-}
-
-}  // namespace
-
-CleanUpRoom::CleanUpRoom(TaskControls& controls, CleanUpMenu& menu, CleanUpSources sources,
-                         const std::int32_t& last_clean_up_age, LibraryDesk& desk, CleanUpPorts ports)
+CleanUpRoom::CleanUpRoom(TaskControls& controls, CleanUpMenu& menu, CleanUpStores stores,
+                         const std::int32_t& last_clean_up_age, roles::TrackLists& lists, CleanUpPorts ports)
     : controls_(controls),
-      sources_(sources),
+      stores_(stores),
       last_clean_up_age_(last_clean_up_age),
-      desk_(desk),
+      lists_(lists),
       ports_(ports) {
     claims_.Claim(menu.mnuCleanUp.Click, [this] { mnuCleanUp_Click(); });
 }
 
-// The menu stays open to the person while a run yields; a second run would empty the lists of the first.
+// The menu stays open to the user while a run yields; a second run would empty the lists of the first.
 void CleanUpRoom::mnuCleanUp_Click() {
     if (running_) return;
     running_ = true;
@@ -44,7 +37,7 @@ void CleanUpRoom::CleanUp() {
     if (controls_.lstCleanup.ListCount() == 0) return HidePanel();
     if (!FindDuplicates()) return;
     if (controls_.lstcleanupremove.ListCount() == 0) return HidePanel();
-    PassOverDuplicates(songs);
+    SkipDuplicates(songs);
     ShowResult();
 }
 
@@ -54,6 +47,7 @@ void CleanUpRoom::SetPanelTexts() {
     controls_.lblDuplicatesRemoved.SetCaption("Duplicates removed:");
     controls_.lblFoundNo.SetCaption("0");
     controls_.lblDuplicatesNoRemoved.SetCaption("0");
+    songs_removed_ = 0;
 }
 
 bool CleanUpRoom::IsConfirmed() {
@@ -79,14 +73,14 @@ void CleanUpRoom::HidePanel() {
 }
 
 bool CleanUpRoom::StoreToday() {
-    store::RecordSet rows = OpenRows(sources_.datHistory, store::kAllHistory);
+    store::RecordSet rows = OpenRows(stores_.datHistory, store::kAllHistory);
     return store::MoveToSetting(rows, store::SettingsRow::LastCleanUp) &&
            store::WriteSetting(rows, ports::DateStamp(ports_.clock.Today()));
 }
 
 bool CleanUpRoom::SearchFiles(store::RecordSet& songs) {
-    if (!sources_.datSong.Open(store::kAllSongs)) return false;
-    songs = std::move(sources_.datSong.Recordset());
+    if (!stores_.datSong.Open(store::kAllSongs)) return false;
+    songs = std::move(stores_.datSong.Recordset());
     BeginPhase("Searching files", songs.RecordCount());
     for (songs.MoveFirst(); !songs.Eof(); songs.MoveNext()) {
         SearchFile(songs);
@@ -102,7 +96,7 @@ void CleanUpRoom::SearchFile(store::RecordSet& song) {
         controls_.lstCleanup.AddItem(path);
     } else {
         song.Delete();
-        AddOne(controls_.lblDuplicatesNoRemoved);
+        controls_.lblDuplicatesNoRemoved.SetCaption(base::ToText(++songs_removed_));
     }
 }
 
@@ -113,15 +107,15 @@ bool CleanUpRoom::FindDuplicates() {
     for (int row = 1; row < paths.ListCount(); ++row) {
         if (paths.List(row) == paths.List(row - 1)) {
             controls_.lstcleanupremove.AddItem(paths.List(row));
-            AddOne(controls_.lblFoundNo);
+            controls_.lblFoundNo.SetCaption(base::ToText(controls_.lstcleanupremove.ListCount()));
         }
         if (!EndStep()) return false;
     }
     return true;
 }
 
-// What was found twice is told and stays: no row is deleted here.
-void CleanUpRoom::PassOverDuplicates(store::RecordSet& songs) {
+// What was found twice is shown and stays: no row is deleted here.
+void CleanUpRoom::SkipDuplicates(store::RecordSet& songs) {
     controls_.lblStatus.SetCaption("Removing duplicates");
     if (controls_.lstcleanupremove.ListCount() == 0) {
         controls_.lblStatus.SetCaption("Refreshing Library");
@@ -132,8 +126,8 @@ void CleanUpRoom::PassOverDuplicates(store::RecordSet& songs) {
 }
 
 void CleanUpRoom::ShowResult() {
-    sources_.datSong.Refresh();
-    desk_.Command1();
+    stores_.datSong.Refresh();
+    lists_.Command1();
     HidePanel();
 }
 

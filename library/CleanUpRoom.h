@@ -13,22 +13,21 @@
 #include "controls/Event.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryMenu.h"
-#include "library/LibraryOutlets.h"
 #include "ports/Clock.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
+#include "roles/TrackLists.h"
 #include "store/DataSource.h"
 
 namespace library {
 
-/// The stores that the clean-up walks.
-struct CleanUpSources {
+/// The tables that the clean-up walks.
+struct CleanUpStores {
     store::DataSource& datSong;
     store::DataSource& datHistory;
 };
 
-/// The outside world, as the clean-up uses it.
 struct CleanUpPorts {
     const ports::Files& files;
     ports::Dialogs& dialogs;
@@ -40,8 +39,8 @@ class CleanUpRoom final {
 public:
     /// `last_clean_up_age` is the age of the last run as the session found it: the plain difference of two
     /// numbers yyyymmdd.
-    CleanUpRoom(TaskControls& controls, CleanUpMenu& menu, CleanUpSources sources,
-                const std::int32_t& last_clean_up_age, LibraryDesk& desk, CleanUpPorts ports);
+    CleanUpRoom(TaskControls& controls, CleanUpMenu& menu, CleanUpStores stores,
+                const std::int32_t& last_clean_up_age, roles::TrackLists& lists, CleanUpPorts ports);
 
 private:
     void mnuCleanUp_Click();
@@ -55,18 +54,19 @@ private:
     bool SearchFiles(store::RecordSet& songs);
     void SearchFile(store::RecordSet& song);
     bool FindDuplicates();
-    void PassOverDuplicates(store::RecordSet& songs);
+    void SkipDuplicates(store::RecordSet& songs);
     void ShowResult();
     void BeginPhase(std::string_view status, std::size_t steps);
     bool EndStep();
 
     TaskControls& controls_;
-    CleanUpSources sources_;
+    CleanUpStores stores_;
     const std::int32_t& last_clean_up_age_;
-    LibraryDesk& desk_;
+    roles::TrackLists& lists_;
     CleanUpPorts ports_;
     std::size_t steps_ = 0;  // of the phase that runs
     std::size_t done_ = 0;
+    std::int64_t songs_removed_ = 0;
     bool running_ = false;
     controls::EventClaims claims_;
 };

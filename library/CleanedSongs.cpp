@@ -11,8 +11,8 @@ namespace {
 constexpr store::Bookmark kRowsOfChunk = 8192;
 constexpr std::size_t kBlock = 64;
 
-std::uint64_t RewritesOf(const SearchField& field, const store::RecordSet& songs) {
-    return songs.Rewrites(field.first) + (field.second ? songs.Rewrites(*field.second) : 0);
+std::uint64_t RewritesOf(const SearchRule& rule, const store::RecordSet& songs) {
+    return songs.Rewrites(rule.first) + (rule.second ? songs.Rewrites(*rule.second) : 0);
 }
 
 // Whether a text with this first and last byte may begin in the block; plain enough for wide registers.
@@ -40,12 +40,12 @@ std::size_t Find(std::string_view text, std::string_view wanted, std::size_t fro
 
 }  // namespace
 
-bool CleanedSongs::Prepare(const SearchField& field, store::RecordSet& songs, std::size_t most) {
+bool CleanedSongs::Prepare(const SearchRule& rule, store::RecordSet& songs, std::size_t most) {
     const store::Bookmark end = songs.EndOfBookmarks();
-    if (field_ != &field || rewrites_ != RewritesOf(field, songs) || end < prepared_) {
+    if (rule_ != &rule || rewrites_ != RewritesOf(rule, songs) || end < prepared_) {
         Forget();
-        field_ = &field;
-        rewrites_ = RewritesOf(field, songs);
+        rule_ = &rule;
+        rewrites_ = RewritesOf(rule, songs);
     }
     for (; prepared_ < end && most > 0; ++prepared_, --most) {
         if (songs.MoveTo(prepared_)) {
@@ -58,11 +58,11 @@ bool CleanedSongs::Prepare(const SearchField& field, store::RecordSet& songs, st
 }
 
 void CleanedSongs::AddRow(const store::RecordSet& song) {
-    if (!field_->second) {
-        Append(song.Text(field_->first));
+    if (!rule_->second) {
+        Append(song.Text(rule_->first));
         return;
     }
-    joined_.assign(song.Text(field_->first)).append(song.Text(*field_->second));
+    joined_.assign(song.Text(rule_->first)).append(song.Text(*rule_->second));
     Append(joined_);
 }
 
@@ -73,7 +73,7 @@ void CleanedSongs::Append(std::string_view text) {
         chunks_.back().ends.reserve(kRowsOfChunk);
     }
     Chunk& chunk = chunks_.back();
-    AppendCleaned(chunk.texts, text, *field_);
+    AppendCleaned(chunk.texts, text, *rule_);
     chunk.ends.push_back(static_cast<std::uint32_t>(chunk.texts.size()));
 }
 

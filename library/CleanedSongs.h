@@ -2,7 +2,7 @@
 // that lie side by side.
 //
 // It is made when a search needs it and follows the table: songs that came are added, songs that went are
-// passed over by whoever looks their row up, and when a song got another text all is made anew.
+// skipped by whoever looks their row up, and when a song got another text all is made again.
 #pragma once
 
 #include <cstddef>
@@ -18,16 +18,16 @@ namespace library {
 
 class CleanedSongs {
 public:
-    /// Cleans the field of at most `most` more songs. True when none is left.
-    bool Prepare(const SearchField& field, store::RecordSet& songs, std::size_t most);
-    /// The rows prepared so far whose field contains a cleaned text, in table order; some of them may be gone
+    /// Cleans the searched texts of at most `most` more songs. True when none is left.
+    bool Prepare(const SearchRule& rule, store::RecordSet& songs, std::size_t most);
+    /// The rows prepared so far whose texts contain a cleaned text, in table order; some of them may be gone
     /// from the table. The text must not be empty.
     std::vector<store::Bookmark> RowsWith(std::string_view wanted) const;
-    /// Gives the room back.
+    /// Frees the memory.
     void Forget();
 
 private:
-    // The texts of consecutive rows, one behind another; a row that is gone has an empty one.
+    // The texts of consecutive rows, one after another; a row that is gone has an empty one.
     struct Chunk {
         std::string texts;
         std::vector<std::uint32_t> ends;
@@ -38,8 +38,8 @@ private:
     static void FindIn(const Chunk& chunk, std::string_view wanted, store::Bookmark first_row,
                        std::vector<store::Bookmark>& found);
 
-    const SearchField* field_ = nullptr;
-    std::uint64_t rewrites_ = 0;  // of the field, when it was prepared
+    const SearchRule* rule_ = nullptr;
+    std::uint64_t rewrites_ = 0;  // of the fields, when they were prepared
     std::vector<Chunk> chunks_;   // each but the last holds the same number of rows
     store::Bookmark prepared_ = 0;
     std::string joined_;

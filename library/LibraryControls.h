@@ -1,4 +1,4 @@
-// The controls of the music pane that show and change the library, and the data sources behind them.
+// The controls of the music pane that show and change the library, and the data sources they read.
 #pragma once
 
 #include "controls/CommandButton.h"
@@ -20,8 +20,8 @@ struct MediaSources {
     store::DataSource datPlayList{"datPlayList"};
 };
 
-/// The three linked lists and the hidden lists behind them. lstMaybe stands row for row beside lstTracks: a
-/// SongID, or the path of a track that came from outside the library.
+/// The three linked lists and their hidden lists. lstMaybe runs row for row beside lstTracks: a SongID, or
+/// the path of a track that came from outside the library.
 struct LibraryListControls {
     LibraryListControls();
 
@@ -115,6 +115,17 @@ struct TrackImportControls {
     controls::ListBox lstTracksToAdd{"lstTracksToAdd"};
     controls::ListBox lstartist{"lstartist"};
     controls::ListBox lsttitle{"lsttitle"};
+};
+
+/// What the library shows in the music pane, and its hidden lists.
+struct LibraryControls {
+    MediaSources sources;
+    LibraryListControls lists;
+    PlayListControls playlists;
+    SearchControls search;
+    OpenedMediaControls opened;
+    TaskControls task;
+    TrackImportControls track_import;
 };
 
 }  // namespace library

@@ -5,6 +5,7 @@
 
 #include "base/Number.h"
 #include "base/Text.h"
+#include "library/SpecialRows.h"
 #include "library/TableRows.h"
 #include "library/TopKeys.h"
 #include "store/FirstRows.h"
@@ -16,7 +17,7 @@ namespace {
 constexpr std::string_view kIndent = "  ";
 constexpr std::string_view kSeparator = " - ";
 constexpr std::size_t kMostPlayLists = 100;
-/// A library of more songs takes longer to list than a person waits without a word.
+/// A library of more songs takes longer to list than a user waits without a sign.
 constexpr std::size_t kLongWalk = 200'000;
 constexpr std::size_t kTopRows = 20;
 
@@ -48,16 +49,17 @@ bool IsEveryone(std::string_view artist) {
 
 }  // namespace
 
-LibraryListsRoom::LibraryListsRoom(LibraryListControls& controls, MediaSources& sources,
-                                   controls::ListBox& lstAddToPlaylist, const controls::ListBox& lstOpenWith,
-                                   ports::EventLoop& loop, LibraryListOutlets outlets)
+LibraryListsRoom::LibraryListsRoom(LibraryListControls& controls, SharedLists shared, MediaSources& sources,
+                                   bool& ListMaybeChanged, ports::EventLoop& loop, LibraryListener& listener,
+                                   LibraryListRoles others)
     : controls_(controls),
+      shared_(shared),
       sources_(sources),
-      add_names_(lstAddToPlaylist),
-      open_with_(lstOpenWith),
+      ListMaybeChanged_(ListMaybeChanged),
       loop_(loop),
-      outlets_(outlets) {
-    const auto hide_overs = [this](int, int, double, double) { outlets_.mouse_overs.NoMouseOvers(); };
+      listener_(listener),
+      others_(others) {
+    const auto hide_overs = [this](int, int, double, double) { others_.highlights.NoMouseOvers(); };
     claims_.Claim(controls_.lstPlayLists.Click, [this] { lstPlayLists_Click(); });
     claims_.Claim(controls_.lstPlayLists.MouseMove, hide_overs);
     claims_.Claim(controls_.lstArtists.Click, [this] { lstArtists_Click(); });
@@ -69,21 +71,21 @@ LibraryListsRoom::LibraryListsRoom(LibraryListControls& controls, MediaSources& 
 }
 
 void LibraryListsRoom::Command1() {
-    outlets_.reload.ShowLoadingStage("Media Library");
+    others_.start.SetStage("Media Library");
     DisplayPlayLists();
     DisplayArtists({});
     DisplayTracks({}, {});
-    outlets_.reload.ShowLoadingStage("Favourites");
-    outlets_.reload.LoadFavs();
-    outlets_.reload.ShowLoadingStage("Initial tracks");
-    for (int row = 0; row < open_with_.ListCount(); ++row) {
-        outlets_.reload.AddMediaFromCommand(std::string(open_with_.List(row)));
+    others_.start.SetStage("Favourites");
+    others_.favourites.LoadFavs();
+    others_.start.SetStage("Initial tracks");
+    for (int row = 0; row < shared_.lstOpenWith.ListCount(); ++row) {
+        listener_.OnInitialTrack(std::string(shared_.lstOpenWith.List(row)));
     }
 }
 
 void LibraryListsRoom::DisplayPlayLists() {
     controls_.lstPlayLists.Clear();
-    add_names_.Clear();
+    shared_.lstAddToPlaylist.Clear();
     for (const std::string_view name : {kAllMedia, kLast20, kTop20})
         controls_.lstPlayLists.AddItem(Special(name));
 
@@ -96,9 +98,8 @@ void LibraryListsRoom::DisplayPlayLists() {
         if (name.empty() || seen.size() >= kMostPlayLists || seen.contains(name)) continue;
         seen.emplace(name);
         controls_.lstPlayLists.AddItem(name);
-        add_names_.AddItem(name);
+        shared_.lstAddToPlaylist.AddItem(name);
     }
-    outlets_.listener.OnPlayListsListed();
 }
 
 void LibraryListsRoom::DisplayArtists(std::string_view playlist) {
@@ -132,7 +133,7 @@ void LibraryListsRoom::DisplayTracks(std::string_view playlist, std::string_view
     } else {
         DisplayPlayListTracks(name, base::Trim(artist));
     }
-    TellCount(kNothingHere);
+    ShowCount(kNothingHere);
 }
 
 void LibraryListsRoom::DisplayLibraryTracks(std::string_view artist) {
@@ -183,8 +184,8 @@ void LibraryListsRoom::OpenPlayList(std::string_view name) {
     }
     controls_.lstArtists.AddItem(Special(kAllArtists));
     NoDuplicateArtists();
-    TellCount(kNothingHere);
-    outlets_.listener.OnTracksRefilled();
+    ShowCount(kNothingHere);
+    ListMaybeChanged_ = true;
 }
 
 void LibraryListsRoom::NoDuplicateArtists() {
@@ -206,8 +207,8 @@ void LibraryListsRoom::RefillIfEmpty() {
 void LibraryListsRoom::AddOutsideTrack(std::string_view text, std::string_view path) {
     controls_.lstTracks.AddItem(text);
     controls_.lstMaybe.AddItem(path);
-    TellCount(kNothingHere);
-    outlets_.listener.OnTracksRefilled();
+    ShowCount(kNothingHere);
+    ListMaybeChanged_ = true;
 }
 
 void LibraryListsRoom::BeginView() {
@@ -231,13 +232,13 @@ void LibraryListsRoom::AddPlayedSong(std::string_view song_id, std::string_view 
 
 void LibraryListsRoom::EndView() {
     NoDuplicateArtists();
-    TellCount(kNothingFound);
+    ShowCount(kNothingFound);
 }
 
-std::string LibraryListsRoom::SelectedEntry() {
+base::SongEntry LibraryListsRoom::SelectedEntry() {
     const int row = controls_.lstTracks.ListIndex();
-    if (row < 0 || !controls_.lstMaybe.SetListIndex(row)) return {};
-    return std::string(controls_.lstMaybe.Text());
+    if (row < 0 || !controls_.lstMaybe.SetListIndex(row)) return base::SongEntry({});
+    return base::SongEntry(controls_.lstMaybe.Text());
 }
 
 std::string LibraryListsRoom::SelectedPlayList() const {
@@ -265,13 +266,12 @@ void LibraryListsRoom::lstArtists_Click() {
 }
 
 void LibraryListsRoom::lstTracks_Click() {
-    const std::string_view entry = controls_.lstMaybe.List(controls_.lstTracks.ListIndex());
-    const bool is_song = base::Len(entry) < kShortestPath;
-    controls_.lstTracks.DragText = is_song ? std::string(entry) : std::string();
+    const base::SongEntry entry(controls_.lstMaybe.List(controls_.lstTracks.ListIndex()));
+    controls_.lstTracks.DragText = entry.IsSongId() ? entry.Text() : std::string();
 }
 
 void LibraryListsRoom::List_KeyDown(int key_code) {
-    if (key_code == controls::kKeyDelete) outlets_.listener.OnRemoveKey();
+    if (key_code == controls::kKeyDelete) listener_.OnRemoveKey();
 }
 
 void LibraryListsRoom::ClearTracks() {
@@ -280,7 +280,7 @@ void LibraryListsRoom::ClearTracks() {
     controls_.lstTracks.Clear();
     controls_.lstTracks.DragText.clear();
     controls_.lstMaybe.Clear();
-    outlets_.listener.OnTracksRefilled();
+    ListMaybeChanged_ = true;
 }
 
 void LibraryListsRoom::AddTrack(std::string_view song_id, std::string_view artist, std::string_view title) {
@@ -296,8 +296,8 @@ void LibraryListsRoom::AddArtist(std::string_view artist) {
 
 void LibraryListsRoom::ShowLast20() {
     ClearTracks();
-    outlets_.history.PopulateHistory("Music");
-    TellCount(kNothingPlayed);
+    others_.history.PopulateHistory(roles::HistoryKind::Music);
+    ShowCount(kNothingPlayed);
 }
 
 void LibraryListsRoom::ShowTop20() {
@@ -305,7 +305,7 @@ void LibraryListsRoom::ShowTop20() {
     TopViewShown = true;
     FillTop20Keys();
     ShowTop20Tracks();
-    TellCount(kNothingPlayed);
+    ShowCount(kNothingPlayed);
 }
 
 // Only the keys that can be shown go into the list: sorting those of a whole library would take long.
@@ -332,7 +332,7 @@ void LibraryListsRoom::ShowTop20Tracks() {
     }
 }
 
-// The view is filled anew, with the tracks of the artist alone among all its artists.
+// The view is filled again, with the tracks of the artist alone among all its artists.
 void LibraryListsRoom::NarrowView(std::string_view view, std::string_view artist) {
     const std::string wanted(artist);
     narrowing_ = true;
@@ -351,7 +351,7 @@ bool LibraryListsRoom::IsWanted(std::string_view artist) const {
     return only_artist_.empty() || base::Trim(artist) == only_artist_;
 }
 
-void LibraryListsRoom::TellCount(std::string_view hint) {
+void LibraryListsRoom::ShowCount(std::string_view hint) {
     const int count = controls_.lstTracks.ListCount();
     controls_.lblTrackCount.SetCaption(CountOfTracks(count));
     if (count > 0) return;

@@ -2,43 +2,74 @@
 //
 // lstTracks and lstMaybe are filled by one verb and stay row for row beside each other. Of all fills only
 // OpenPlayList yields; any fill that begins during its yield takes the lists over, and the older one stops
-// where it stands.
+// where it is.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "base/SongEntry.h"
 #include "controls/Event.h"
 #include "controls/ListBox.h"
 #include "library/DistinctTexts.h"
 #include "library/LibraryControls.h"
-#include "library/LibraryOutlets.h"
 #include "ports/EventLoop.h"
+#include "roles/Favourites.h"
+#include "roles/Highlights.h"
+#include "roles/History.h"
+#include "roles/Start.h"
+#include "roles/TrackLists.h"
+#include "roles/TrackView.h"
 
 namespace library {
 
-/// What the lists reach outside of their own group.
-struct LibraryListOutlets {
-    ReloadSteps& reload;
-    MusicHistory& history;
-    LibraryListener& listener;
-    MouseOvers& mouse_overs;
+/// Notified of what happens in the lists. Why: the rooms that answer use the lists themselves.
+class LibraryListener {
+public:
+    virtual ~LibraryListener() = default;
+    /// The Delete key was pressed on the artists or the tracks.
+    virtual void OnRemoveKey() = 0;
+    /// The reload reached a file that the program was started with.
+    virtual void OnInitialTrack(std::string_view path) = 0;
 };
 
-class LibraryListsRoom final : public TrackView, public LibraryDesk {
-public:
-    /// `lstAddToPlaylist` gets the playlist names alone; `lstOpenWith` holds the paths the program was
-    /// started with.
-    LibraryListsRoom(LibraryListControls& controls, MediaSources& sources,
-                     controls::ListBox& lstAddToPlaylist, const controls::ListBox& lstOpenWith,
-                     ports::EventLoop& loop, LibraryListOutlets outlets);
+/// What the reload and the views ask of other subjects.
+struct LibraryListRoles {
+    roles::Start& start;
+    roles::Favourites& favourites;
+    roles::History& history;
+    roles::Highlights& highlights;
+};
 
-    /// The reload sequence: playlists, artists, tracks, favourites, then the tracks the program was opened
+/// The controls of other groups that the lists share.
+struct SharedLists {
+    controls::ListBox& lstAddToPlaylist;   ///< gets the playlist names alone
+    const controls::ListBox& lstOpenWith;  ///< the paths that the program was started with
+};
+
+class LibraryListsRoom final : public roles::TrackLists, public roles::TrackView {
+public:
+    /// `ListMaybeChanged` is set whenever the track list is refilled: what the player copied of it is out of
+    /// date.
+    LibraryListsRoom(LibraryListControls& controls, SharedLists shared, MediaSources& sources,
+                     bool& ListMaybeChanged, ports::EventLoop& loop, LibraryListener& listener,
+                     LibraryListRoles others);
+
+    // roles::TrackLists
+    /// The reload sequence: playlists, artists, tracks, favourites, then the tracks the program was started
     /// with.
     void Command1() override;
+    void RefillIfEmpty() override;
+
+    // roles::TrackView
+    void BeginView() override;
+    void AddSong(std::string_view song_id, std::string_view artist, std::string_view title) override;
+    void AddPlayedSong(std::string_view song_id, std::string_view artist, std::string_view title) override;
+    void EndView() override;
+
     /// Each playlist once, in first-seen order, at most 100.
-    void DisplayPlayLists() override;
+    void DisplayPlayLists();
     /// The artists of a playlist; of the whole library for an empty name or "[All Media]".
     void DisplayArtists(std::string_view playlist);
     /// The tracks of a playlist and an artist. An empty playlist or "[All Media]" is the library; an empty
@@ -49,23 +80,17 @@ public:
     void OpenPlayList(std::string_view name);
     /// Adds each row of lstMusicTest once to lstArtists.
     void NoDuplicateArtists();
-    /// Fills artists and tracks from the whole library if no track is shown.
-    void RefillIfEmpty();
-    /// A track from outside the library, behind the others: its entry is its path.
+    /// Adds a track from outside the library, as a drop on the tracks does: its entry is its path.
     void AddOutsideTrack(std::string_view text, std::string_view path);
 
-    // TrackView
-    void BeginView() override;
-    void AddSong(std::string_view song_id, std::string_view artist, std::string_view title) override;
-    void EndView() override;
-    /// A song that was played, with the blanks around its texts shown in the artists alone.
-    void AddPlayedSong(std::string_view song_id, std::string_view artist, std::string_view title);
-
-    // LibraryDesk
-    std::string SelectedTrack() const override { return std::string(controls_.lstTracks.Text()); }
-    std::string SelectedEntry() override;
-    std::string SelectedPlayList() const override;
-    void FocusTracks() override { controls_.lstTracks.SetFocus(); }
+    /// Text of the selected track's row; empty without a selection.
+    std::string SelectedTrack() const { return std::string(controls_.lstTracks.Text()); }
+    /// Moves lstMaybe to the selected track and returns its entry; an empty one without a selection.
+    base::SongEntry SelectedEntry();
+    /// The selected playlist row, trimmed; empty when none is selected.
+    std::string SelectedPlayList() const;
+    /// Moves the keyboard focus to the tracks.
+    void FocusTracks() { controls_.lstTracks.SetFocus(); }
 
     /// Rows of tblPlayList and of tblSong met by the last walk over them.
     int DatabasePlayListID = 0;
@@ -90,18 +115,19 @@ private:
     void ShowTop20Tracks();
     bool IsWanted(std::string_view artist) const;
     void NarrowView(std::string_view view, std::string_view artist);
-    void TellCount(std::string_view hint);
+    void ShowCount(std::string_view hint);
 
     LibraryListControls& controls_;
+    SharedLists shared_;
     MediaSources& sources_;
-    controls::ListBox& add_names_;
-    const controls::ListBox& open_with_;
+    bool& ListMaybeChanged_;
     ports::EventLoop& loop_;
-    LibraryListOutlets outlets_;
+    LibraryListener& listener_;
+    LibraryListRoles others_;
     DistinctTexts seen_artists_;
     std::uint64_t filling_ = 0;  // counts the fills of the track list
     bool narrowing_ = false;
-    std::string only_artist_;  // whose tracks alone a view of played songs shows; empty for everyone's
+    std::string only_artist_;  // whose tracks alone a view of played songs shows; empty for all
     controls::EventClaims claims_;
 };
 

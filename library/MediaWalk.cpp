@@ -1,6 +1,5 @@
 #include "library/MediaWalk.h"
 
-#include <cstdint>
 #include <optional>
 #include <utility>
 
@@ -16,26 +15,31 @@ constexpr std::string_view kVideoFormats = "VIDEO FORMATS";
 
 }  // namespace
 
-MediaWalk::MediaWalk(WalkControls controls, MainWindow& main_window, ports::Files& files,
+MediaWalk::MediaWalk(WalkControls controls, const bool& Include_Sub_Folders, ports::Files& files,
                      ports::Dialogs& dialogs, ports::EventLoop& loop)
-    : controls_(controls), main_window_(main_window), files_(files), dialogs_(dialogs), loop_(loop) {}
+    : controls_(controls),
+      Include_Sub_Folders_(Include_Sub_Folders),
+      files_(files),
+      dialogs_(dialogs),
+      loop_(loop) {}
 
 void MediaWalk::Search(std::string_view start_folder) {
     cancelled_ = false;
+    total_files_ = 0;
     unreadable_folders_ = 0;
     levels_.clear();
     const std::string folder(start_folder);
     const std::vector<std::string> sub_folders = Visit(folder, 1);
-    if (!IsCancelled() && MaySearchSubFolders()) SearchSubFolders<2>(folder, sub_folders);
+    if (!IsCancelled() && MaySearchSubFolders()) SearchSubFolders(folder, sub_folders, 2);
 }
 
-template <int kLevel>
-void MediaWalk::SearchSubFolders(const std::string& folder, const std::vector<std::string>& names) {
+void MediaWalk::SearchSubFolders(const std::string& folder, const std::vector<std::string>& names,
+                                 int level) {
     for (const std::string& name : names) {
         if (IsCancelled()) return;
         const std::string sub_folder = files_.BuildPath(folder, name);
-        const std::vector<std::string> inside = Visit(sub_folder, kLevel);
-        if constexpr (kLevel < kLevels) SearchSubFolders<kLevel + 1>(sub_folder, inside);
+        const std::vector<std::string> inside = Visit(sub_folder, level);
+        if (level < kLevels) SearchSubFolders(sub_folder, inside, level + 1);
         if (!IsCancelled()) loop_.Yield();
     }
 }
@@ -67,8 +71,7 @@ void MediaWalk::GetFiles(std::string_view folder, const std::vector<std::string>
 
 void MediaWalk::AddFile(std::string_view folder, std::string_view name) {
     controls_.lstFiles.AddItem(files_.BuildPath(folder, name));
-    const auto total = base::OneMore(base::WholeVal(controls_.lblTotalFiles.Caption()));
-    controls_.lblTotalFiles.SetCaption(base::ToText(total));
+    controls_.lblTotalFiles.SetCaption(base::ToText(++total_files_));
 }
 
 bool MediaWalk::YieldAndGoOn() {
@@ -85,7 +88,7 @@ bool MediaWalk::IsWanted(std::string_view file) const {
 }
 
 bool MediaWalk::MaySearchSubFolders() {
-    if (main_window_.Include_Sub_Folders()) return true;
+    if (Include_Sub_Folders_) return true;
     return dialogs_.MsgBox(
                "Sub folders are not currently being search because of you preferences.\r\n"
                "Would you like to search sub folders?",

@@ -1,14 +1,14 @@
 // The search for media files in a folder and the folders below it.
 //
-// It goes fifteen levels deep: the start folder, and fourteen levels under it. Every level is a routine of
-// its own that calls the next one, so nothing can take it deeper. It runs on the user-interface thread and
-// yields after each sub folder, and every now and then within a long one; whatever happens meanwhile may
-// cancel it.
+// It goes fifteen levels deep: the start folder, and fourteen levels under it. It runs on the user-interface
+// thread and yields after each sub folder, and every now and then within a long one; whatever happens
+// meanwhile may cancel it.
 //
 // A folder that links lead to on several ways gives its files once, so that a web of links has an end. It is
 // searched again only when it is met on a level nearer to the start, from where the walk reaches deeper.
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
@@ -16,7 +16,6 @@
 
 #include "controls/Label.h"
 #include "controls/ListBox.h"
-#include "library/LibraryOutlets.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
@@ -36,10 +35,11 @@ public:
     /// The start folder is the first level.
     static constexpr int kLevels = 15;
 
-    MediaWalk(WalkControls controls, MainWindow& main_window, ports::Files& files, ports::Dialogs& dialogs,
-              ports::EventLoop& loop);
+    /// `Include_Sub_Folders` is the preference to search sub folders without asking.
+    MediaWalk(WalkControls controls, const bool& Include_Sub_Folders, ports::Files& files,
+              ports::Dialogs& dialogs, ports::EventLoop& loop);
 
-    /// Collects the media files of the folder and, if that is the preference or the person agrees, of the
+    /// Collects the media files of the folder and, if that is the preference or the user agrees, of the
     /// folders below it.
     void Search(std::string_view start_folder);
     /// Ends the walk at its next step.
@@ -50,8 +50,7 @@ public:
     int UnreadableFolders() const { return unreadable_folders_; }
 
 private:
-    template <int kLevel>
-    void SearchSubFolders(const std::string& folder, const std::vector<std::string>& names);
+    void SearchSubFolders(const std::string& folder, const std::vector<std::string>& names, int level);
     std::vector<std::string> Visit(const std::string& folder, int level);
     void GetFiles(std::string_view folder, const std::vector<std::string>& names);
     void AddFile(std::string_view folder, std::string_view name);
@@ -61,11 +60,12 @@ private:
     bool YieldAndGoOn();
 
     WalkControls controls_;
-    MainWindow& main_window_;
+    const bool& Include_Sub_Folders_;
     ports::Files& files_;
     ports::Dialogs& dialogs_;
     ports::EventLoop& loop_;
     std::map<ports::FolderIdentity, int> levels_;  // the level each folder was met on
+    std::int64_t total_files_ = 0;
     int unreadable_folders_ = 0;
     bool cancelled_ = false;
 };

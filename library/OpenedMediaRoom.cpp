@@ -11,13 +11,9 @@
 namespace library {
 
 OpenedMediaRoom::OpenedMediaRoom(OpenedMediaControls& controls, OpenedMediaMenu& menu,
-                                 controls::CommandButton& cmdAddToLibrary, controls::Form& frmAddMedia,
-                                 SongStore& song_store, MediaSources& sources, ports::Dialogs& dialogs)
-    : controls_(controls),
-      frmAddMedia_(frmAddMedia),
-      song_store_(song_store),
-      sources_(sources),
-      dialogs_(dialogs) {
+                                 controls::CommandButton& cmdAddToLibrary, AddMediaRoom& add_media,
+                                 MediaSources& sources, ports::Dialogs& dialogs)
+    : controls_(controls), add_media_(add_media), sources_(sources), dialogs_(dialogs) {
     claims_.Claim(menu.mnuAddToLibrary.Click, [this] { mnuAddToLibrary_Click(); });
     claims_.Claim(cmdAddToLibrary.Click, [this] { cmdAddToLibrary_Click(); });
 }
@@ -30,7 +26,7 @@ void OpenedMediaRoom::AddMediaFromCommand(std::string_view path) {
     controls_.Label6.SetCaption(name.title);
     if (AlreadyInLibrary(file)) return;
     std::string rejected_in_silence;
-    song_store_.addfile(file, controls_.Label5.Caption(), controls_.Label6.Caption(), rejected_in_silence);
+    add_media_.addfile(file, controls_.Label5.Caption(), controls_.Label6.Caption(), rejected_in_silence);
 }
 
 bool OpenedMediaRoom::AlreadyInLibrary(std::string_view path) {
@@ -51,7 +47,7 @@ void OpenedMediaRoom::OfferToAddMedia() {
     const ports::BoxAnswer answer =
         dialogs_.MsgBox("You currently have no media files in your library, would you like to add media now?",
                         ports::BoxButtons::YesNo, "Add Media");
-    if (answer == ports::BoxAnswer::Yes) frmAddMedia_.Show();
+    if (answer == ports::BoxAnswer::Yes) add_media_.ShowDialog();
 }
 
 bool OpenedMediaRoom::IsLibraryEmpty() {

@@ -6,36 +6,35 @@
 
 #include "controls/CommandButton.h"
 #include "controls/Event.h"
-#include "controls/Form.h"
+#include "library/AddMediaRoom.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryMenu.h"
-#include "library/LibraryOutlets.h"
 #include "ports/Dialogs.h"
+#include "roles/MediaIntake.h"
 
 namespace library {
 
-class OpenedMediaRoom final {
+class OpenedMediaRoom final : public roles::MediaIntake {
 public:
     OpenedMediaRoom(OpenedMediaControls& controls, OpenedMediaMenu& menu,
-                    controls::CommandButton& cmdAddToLibrary, controls::Form& frmAddMedia,
-                    SongStore& song_store, MediaSources& sources, ports::Dialogs& dialogs);
+                    controls::CommandButton& cmdAddToLibrary, AddMediaRoom& add_media, MediaSources& sources,
+                    ports::Dialogs& dialogs);
 
-    /// Takes a file into the library, unless it stands there already. A file that the library does not take
-    /// is passed over in silence.
-    void AddMediaFromCommand(std::string_view path);
+    // roles::MediaIntake. Playlist files are not read yet.
+    void AddMediaFromCommand(std::string_view path) override;
+    void AddPlayList(std::string_view /*path*/) override {}
+    void OfferToAddMedia() override;
+
     /// A song has just this path. The test counts a play of that song.
     bool AlreadyInLibrary(std::string_view path);
-    /// Asks, when the library is empty, whether media shall be added, and opens the dialog on Yes.
-    void OfferToAddMedia();
 
 private:
-    void mnuAddToLibrary_Click() { frmAddMedia_.Show(); }
-    void cmdAddToLibrary_Click() { frmAddMedia_.Show(); }
+    void mnuAddToLibrary_Click() { add_media_.ShowDialog(); }
+    void cmdAddToLibrary_Click() { add_media_.ShowDialog(); }
     bool IsLibraryEmpty();
 
     OpenedMediaControls& controls_;
-    controls::Form& frmAddMedia_;
-    SongStore& song_store_;
+    AddMediaRoom& add_media_;
     MediaSources& sources_;
     ports::Dialogs& dialogs_;
     controls::EventClaims claims_;

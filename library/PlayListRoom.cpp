@@ -1,6 +1,7 @@
 #include "library/PlayListRoom.h"
 
 #include "base/Text.h"
+#include "library/SpecialRows.h"
 #include "library/TableRows.h"
 #include "store/Tables.h"
 
@@ -12,13 +13,13 @@ constexpr std::string_view kNewName = "New_Playlist";
 }  // namespace
 
 PlayListRoom::PlayListRoom(PlayListControls& controls, PlayListMenu& menu, MediaSources& sources,
-                           LibraryDesk& desk, ports::Dialogs& dialogs, MouseOvers& mouse_overs)
+                           LibraryListsRoom& lists, ports::Dialogs& dialogs, roles::Highlights& highlights)
     : controls_(controls),
       menu_(menu),
       sources_(sources),
-      desk_(desk),
+      lists_(lists),
       dialogs_(dialogs),
-      mouse_overs_(mouse_overs) {
+      highlights_(highlights) {
     ClaimButtons();
     ClaimPanel();
     claims_.Claim(menu_.mnuNewPlayList.Click, [this] { mnuNewPlayList_Click(); });
@@ -33,7 +34,7 @@ void PlayListRoom::ClaimButtons() {
 }
 
 void PlayListRoom::ClaimPanel() {
-    const auto hide_overs = [this](int, int, double, double) { mouse_overs_.NoMouseOvers(); };
+    const auto hide_overs = [this](int, int, double, double) { highlights_.NoMouseOvers(); };
     claims_.Claim(controls_.imgBG2.MouseMove, hide_overs);
     claims_.Claim(controls_.fraPlayListCenter.MouseMove, hide_overs);
     claims_.Claim(controls_.fraPlayListCenter.KeyDown,
@@ -56,18 +57,18 @@ void PlayListRoom::ClaimTwin(controls::Image& plain, controls::Image& over) {
 }
 
 void PlayListRoom::imgAddSongOver_Click() {
-    const std::string track = desk_.SelectedTrack();
+    const std::string track = lists_.SelectedTrack();
     if (base::Trim(track).empty()) return;
-    const std::string entry = desk_.SelectedEntry();
-    controls_.lblAddPlayListSongID.SetCaption(entry);
-    if (base::Len(entry) >= kShortestPath) {
+    const base::SongEntry entry = lists_.SelectedEntry();
+    controls_.lblAddPlayListSongID.SetCaption(entry.Text());
+    if (!entry.IsSongId()) {
         dialogs_.MsgBox(
             "This track has been dragged from an outside source and so can't be added to a play list. "
             "Please use the search to find this track.",
             ports::BoxButtons::Ok, "Can not add to play list", ports::BoxIcon::Information);
         return;
     }
-    desk_.DisplayPlayLists();
+    lists_.DisplayPlayLists();
     controls_.fraAddToPlaylist.SetVisible(true);
     controls_.fraAddToPlaylist.BringToFront();
     controls_.txtSongToAdd.SetText(track);
@@ -83,7 +84,7 @@ void PlayListRoom::imgOkOver_Click() {
 
 void PlayListRoom::HidePanel() {
     controls_.fraAddToPlaylist.SetVisible(false);
-    desk_.FocusTracks();
+    lists_.FocusTracks();
 }
 
 void PlayListRoom::lstAddToPlaylist_KeyDown(int key_code) {
@@ -91,7 +92,7 @@ void PlayListRoom::lstAddToPlaylist_KeyDown(int key_code) {
     fraPlayListCenter_KeyDown(key_code);
 }
 
-// Keys that nothing in the panel has an answer to.
+// Keys that no control of the panel takes.
 void PlayListRoom::fraPlayListCenter_KeyDown(int key_code) {
     if (key_code == controls::kKeyEnter) imgOkOver_Click();
     if (key_code == controls::kKeyEscape) imgCancelOver_Click();
@@ -120,9 +121,9 @@ void PlayListRoom::AddRow(std::string_view playlist_name, std::string_view song_
 }
 
 void PlayListRoom::imgRemoveSongOver_Click() {
-    if (desk_.SelectedTrack().empty()) return;
-    const std::string song_id = desk_.SelectedEntry();
-    const std::string playlist = desk_.SelectedPlayList();
+    if (lists_.SelectedTrack().empty()) return;
+    const std::string song_id = lists_.SelectedEntry().Text();
+    const std::string playlist = lists_.SelectedPlayList();
     if (playlist.empty() || playlist == kAllMedia) {
         DeleteTrackAllMedia(song_id);
     } else if (playlist == kTop20) {
@@ -144,7 +145,7 @@ void PlayListRoom::RemoveFromPlayList(const std::string& playlist, const std::st
             rows.Delete();
         }
     }
-    desk_.Command1();
+    lists_.Command1();
 }
 
 void PlayListRoom::ResetPlayCount(const std::string& song_id) {
@@ -172,7 +173,7 @@ void PlayListRoom::DeleteTrackAllMedia(std::string_view song_id) {
     while (!rows.Eof() && rows.Text(store::tblSong::SongID) != song_id)
         rows.MoveNext();
     rows.Delete();
-    desk_.Command1();
+    lists_.Command1();
 }
 
 void PlayListRoom::AddingPlayList() {
@@ -184,7 +185,7 @@ void PlayListRoom::AddingPlayList() {
     }
     if (base::Trim(name).empty()) return;
     AddHeadRow(name);
-    desk_.Command1();
+    lists_.Command1();
 }
 
 std::string PlayListRoom::AddHeadRow(std::string_view playlist_name) {
@@ -212,7 +213,7 @@ void PlayListRoom::imgDeletePlayListOver_Click() {
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         if (base::Trim(rows.Text(store::tblPlayList::Name)) == name) rows.Delete();
     }
-    desk_.Command1();
+    lists_.Command1();
 }
 
 bool PlayListRoom::IsConfirmed(std::string_view question, std::string_view title) {

@@ -7,16 +7,17 @@
 #include "controls/Event.h"
 #include "controls/Image.h"
 #include "library/LibraryControls.h"
+#include "library/LibraryListsRoom.h"
 #include "library/LibraryMenu.h"
-#include "library/LibraryOutlets.h"
 #include "ports/Dialogs.h"
+#include "roles/Highlights.h"
 
 namespace library {
 
 class PlayListRoom final {
 public:
-    PlayListRoom(PlayListControls& controls, PlayListMenu& menu, MediaSources& sources, LibraryDesk& desk,
-                 ports::Dialogs& dialogs, MouseOvers& mouse_overs);
+    PlayListRoom(PlayListControls& controls, PlayListMenu& menu, MediaSources& sources,
+                 LibraryListsRoom& lists, ports::Dialogs& dialogs, roles::Highlights& highlights);
 
     /// Adds a song of the library to a playlist, as often as it is called; a SongID that is not there adds
     /// nothing.
@@ -28,7 +29,7 @@ public:
     void DeleteTrackAllMedia(std::string_view song_id);
     /// Asks for a free name and makes a playlist without songs.
     void AddingPlayList();
-    /// Makes the head row of a playlist and gives its PlayListID; empty when the table cannot be written.
+    /// Makes the head row of a playlist and returns its PlayListID; empty when the table cannot be written.
     std::string AddHeadRow(std::string_view playlist_name);
     /// A playlist, or one of the built-in views, has this name.
     bool IsNameTaken(std::string_view playlist_name);
@@ -57,9 +58,9 @@ private:
     PlayListControls& controls_;
     PlayListMenu& menu_;
     MediaSources& sources_;
-    LibraryDesk& desk_;
+    LibraryListsRoom& lists_;
     ports::Dialogs& dialogs_;
-    MouseOvers& mouse_overs_;
+    roles::Highlights& highlights_;
     controls::EventClaims claims_;
 };
 

@@ -1,8 +1,8 @@
 #include "library/SearchRoom.h"
 
 #include <array>
+#include <string>
 
-#include "library/SearchText.h"
 #include "library/TableRows.h"
 #include "store/Tables.h"
 
@@ -13,26 +13,27 @@ constexpr int kTicksBeforeSearch = 20;
 constexpr std::size_t kRowsATick = 65'536;
 
 struct FieldEntry {
-    std::string_view field;
+    SearchField field;
     controls::Menu SearchMenu::*entry;
 };
 
-constexpr std::array kFields = {
-    FieldEntry{"Broad", &SearchMenu::mnuSearchBroad}, FieldEntry{"Artist", &SearchMenu::mnuSearchArtist},
-    FieldEntry{"Title", &SearchMenu::mnuSearchTitle}, FieldEntry{"Filename", &SearchMenu::mnuSearchFilename}};
+constexpr std::array kFields = {FieldEntry{SearchField::Broad, &SearchMenu::mnuSearchBroad},
+                                FieldEntry{SearchField::Artist, &SearchMenu::mnuSearchArtist},
+                                FieldEntry{SearchField::Title, &SearchMenu::mnuSearchTitle},
+                                FieldEntry{SearchField::Filename, &SearchMenu::mnuSearchFilename}};
 
 }  // namespace
 
-SearchRoom::SearchRoom(SearchControls& controls, SearchMenu& menu, MediaSources& sources, TrackView& view,
-                       MouseOvers& mouse_overs)
+SearchRoom::SearchRoom(SearchControls& controls, SearchMenu& menu, MediaSources& sources,
+                       roles::TrackView& view, roles::Highlights& highlights)
     : controls_(controls),
       menu_(menu),
       fields_(menu.mnuSearchBroad, menu.mnuSearchArtist, menu.mnuSearchTitle, menu.mnuSearchFilename),
       sources_(sources),
       view_(view),
-      mouse_overs_(mouse_overs) {
+      highlights_(highlights) {
     claims_.Claim(controls_.fraSearch.MouseMove,
-                  [this](int, int, double, double) { mouse_overs_.NoMouseOvers(); });
+                  [this](int, int, double, double) { highlights_.NoMouseOvers(); });
     claims_.Claim(controls_.txtSearch.Change, [this] { txtSearch_Change(); });
     claims_.Claim(controls_.tmrSearch.Tick, [this] { tmrSearch_Tick(); });
     claims_.Claim(menu_.mnuSearchArtist.Click, [this] { mnuSearchArtist_Click(); });
@@ -49,8 +50,7 @@ void SearchRoom::txtSearch_Change() {
 
 void SearchRoom::tmrSearch_Tick() {
     ++ticks_;
-    const std::string_view checked = SearchField();
-    const std::string_view field = checked.empty() ? "Broad" : checked;
+    const SearchField field = FieldToSearch();
     if (ticks_ < kTicksBeforeSearch) {
         PrepareSome(field);
         return;
@@ -60,17 +60,16 @@ void SearchRoom::tmrSearch_Tick() {
 }
 
 // The pause before a search is time enough to clean a large library, a part at each tick.
-void SearchRoom::PrepareSome(std::string_view field) {
+void SearchRoom::PrepareSome(SearchField field) {
     if (controls_.txtSearch.Text().empty()) return;
     store::RecordSet songs = OpenRows(sources_.datSong, store::kAllSongs);
-    cleaned_.Prepare(*SearchFieldNamed(field), songs, kRowsATick);
+    cleaned_.Prepare(RuleOf(field), songs, kRowsATick);
 }
 
-void SearchRoom::RunLibrarySearch(std::string_view field, std::string_view text) {
-    const library::SearchField* const searched = SearchFieldNamed(field);
-    if (searched == nullptr) return;
+void SearchRoom::RunLibrarySearch(SearchField field, std::string_view text) {
+    const SearchRule& rule = RuleOf(field);
     std::string wanted;
-    AppendCleaned(wanted, text, *searched);
+    AppendCleaned(wanted, text, rule);
     view_.BeginView();
     store::RecordSet songs = OpenRows(sources_.datSong, store::kAllSongs);
     if (wanted.empty()) {
@@ -78,7 +77,7 @@ void SearchRoom::RunLibrarySearch(std::string_view field, std::string_view text)
         for (songs.MoveFirst(); !songs.Eof(); songs.MoveNext())
             AddSong(songs);
     } else {
-        cleaned_.Prepare(*searched, songs, songs.EndOfBookmarks());
+        cleaned_.Prepare(rule, songs, songs.EndOfBookmarks());
         for (const store::Bookmark row : cleaned_.RowsWith(wanted)) {
             if (songs.MoveTo(row)) AddSong(songs);
         }
@@ -91,22 +90,20 @@ void SearchRoom::AddSong(const store::RecordSet& song) {
                   song.Text(store::tblSong::title));
 }
 
-void SearchRoom::SetSearchField(std::string_view field) {
-    UnCheckSongSearch();
+void SearchRoom::CheckField(SearchField field) {
     for (const FieldEntry& one : kFields)
         if (one.field == field) fields_.Check(menu_.*one.entry);
     ShowHint();
 }
 
-std::string_view SearchRoom::SearchField() const {
+std::optional<SearchField> SearchRoom::CheckedField() const {
     for (const FieldEntry& one : kFields)
         if ((menu_.*one.entry).Checked()) return one.field;
-    return {};
+    return std::nullopt;
 }
 
 void SearchRoom::ShowHint() {
-    const std::string_view field = SearchField();
-    controls_.txtSearch.SetHint(std::string("Search tracks \u2014 ").append(field.empty() ? "Broad" : field));
+    controls_.txtSearch.SetHint(std::string("Search tracks \u2014 ").append(RuleOf(FieldToSearch()).text));
 }
 
 }  // namespace library

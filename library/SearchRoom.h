@@ -1,7 +1,7 @@
 // The incremental search of the library: a pause after the last key runs one walk over all songs.
 #pragma once
 
-#include <string>
+#include <optional>
 #include <string_view>
 
 #include "controls/CheckGroup.h"
@@ -9,32 +9,35 @@
 #include "library/CleanedSongs.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryMenu.h"
-#include "library/LibraryOutlets.h"
+#include "library/SearchText.h"
+#include "roles/Highlights.h"
+#include "roles/TrackView.h"
 
 namespace library {
 
 class SearchRoom final {
 public:
-    SearchRoom(SearchControls& controls, SearchMenu& menu, MediaSources& sources, TrackView& view,
-               MouseOvers& mouse_overs);
+    SearchRoom(SearchControls& controls, SearchMenu& menu, MediaSources& sources, roles::TrackView& view,
+               roles::Highlights& highlights);
 
-    /// Fills the view with the songs whose field contains the text. `field` is "Broad", "Title", "Artist" or
-    /// "Filename"; any other finds nothing to search and changes nothing. An empty text matches every song.
-    void RunLibrarySearch(std::string_view field, std::string_view text);
-    /// Checks the entry of a field and no other; none for any other text.
-    void SetSearchField(std::string_view field);
-    /// The field of the checked entry; empty when none is checked.
-    std::string_view SearchField() const;
+    /// Fills the view with the songs whose field contains the text. An empty text matches every song.
+    void RunLibrarySearch(SearchField field, std::string_view text);
+    /// Checks the entry of a field and no other.
+    void CheckField(SearchField field);
+    /// The field of the checked entry.
+    std::optional<SearchField> CheckedField() const;
+    /// Unchecks all four entries. A search is Broad then.
     void UnCheckSongSearch() { fields_.UncheckAll(); }
 
 private:
     void txtSearch_Change();
     void tmrSearch_Tick();
-    void mnuSearchArtist_Click() { SetSearchField("Artist"); }
-    void mnuSearchTitle_Click() { SetSearchField("Title"); }
-    void mnuSearchFilename_Click() { SetSearchField("Filename"); }
-    void mnuSearchBroad_Click() { SetSearchField("Broad"); }
-    void PrepareSome(std::string_view field);
+    void mnuSearchArtist_Click() { CheckField(SearchField::Artist); }
+    void mnuSearchTitle_Click() { CheckField(SearchField::Title); }
+    void mnuSearchFilename_Click() { CheckField(SearchField::Filename); }
+    void mnuSearchBroad_Click() { CheckField(SearchField::Broad); }
+    SearchField FieldToSearch() const { return CheckedField().value_or(SearchField::Broad); }
+    void PrepareSome(SearchField field);
     void AddSong(const store::RecordSet& song);
     void ShowHint();
 
@@ -42,8 +45,8 @@ private:
     SearchMenu& menu_;
     controls::CheckGroup fields_;
     MediaSources& sources_;
-    TrackView& view_;
-    MouseOvers& mouse_overs_;
+    roles::TrackView& view_;
+    roles::Highlights& highlights_;
     CleanedSongs cleaned_;
     int ticks_ = 0;
     controls::EventClaims claims_;

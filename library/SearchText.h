@@ -10,19 +10,23 @@
 
 namespace library {
 
-/// A field that can be searched: one of a song's texts or two of them joined, and what cleaning takes out.
-struct SearchField {
-    std::string_view name;
+/// In the order in which the checked entry of the search menu is looked for.
+enum class SearchField { Broad, Artist, Title, Filename };
+
+/// What a field searches: one of a song's texts or two of them joined, and what cleaning takes out.
+struct SearchRule {
+    SearchField field;
+    std::string_view text;  ///< the field's name, as the search box shows it
     store::Field first;
     std::optional<store::Field> second;
     std::string_view dropped;
 };
 
-/// "Broad", "Artist", "Title" or "Filename"; null for any other name.
-const SearchField* SearchFieldNamed(std::string_view name);
+/// The same object for the same field.
+const SearchRule& RuleOf(SearchField field);
 
-/// Puts a text as the search of that field sees it behind `out`: in lower case, without blanks and "-"; for
+/// Appends a text as the search of that field sees it to `out`: in lower case, without blanks and "-"; for
 /// file names also without ' & + ( ) * !.
-void AppendCleaned(std::string& out, std::string_view text, const SearchField& field);
+void AppendCleaned(std::string& out, std::string_view text, const SearchRule& rule);
 
 }  // namespace library

@@ -1,24 +1,15 @@
 #include "library/TrackMatchRoom.h"
 
-#include <cstdint>
-
 #include "base/Number.h"
 #include "library/TableRows.h"
 #include "library/TrackNames.h"
 #include "store/Tables.h"
 
 namespace library {
-namespace {
 
-void AddOne(controls::Label& counter) {
-    counter.SetCaption(base::ToText(base::OneMore(base::WholeVal(counter.Caption()))));
-}
-
-}  // namespace
-
-TrackMatchRoom::TrackMatchRoom(TrackImportControls& controls, TrackCounters counters, MediaSources& sources,
-                               PlayListBeingBuilt& playlist, ports::EventLoop& loop)
-    : controls_(controls), counters_(counters), sources_(sources), playlist_(playlist), loop_(loop) {}
+TrackMatchRoom::TrackMatchRoom(TrackImportControls& controls, TrackMatchPanel panel, MediaSources& sources,
+                               PlayListRoom& playlists, ports::EventLoop& loop)
+    : controls_(controls), panel_(panel), sources_(sources), playlists_(playlists), loop_(loop) {}
 
 void TrackMatchRoom::SearchTrack(int index) {
     if (index < 0 || index >= controls_.lstTracksToAdd.ListCount()) return;
@@ -35,12 +26,12 @@ void TrackMatchRoom::SearchTrack(int index) {
     CorrectSearchCriteria(artist, title, songs.Text(store::tblSong::artist),
                           songs.Text(store::tblSong::title));
     if (match) {
-        playlist_.AddMatchedSong(songs.Text(store::tblSong::SongID), songs.Text(store::tblSong::artist),
-                                 songs.Text(store::tblSong::title));
-        AddOne(counters_.found);
+        playlists_.AddRow(panel_.lblStatus.Caption(), songs.Text(store::tblSong::SongID),
+                          songs.Text(store::tblSong::artist), songs.Text(store::tblSong::title));
+        panel_.lblFoundNo.SetCaption(base::ToText(++found_));
     } else {
         missing_text_.append(artist).append(" - ").append(title).append("\r\n");
-        AddOne(counters_.missing);
+        panel_.lblDuplicatesNoRemoved.SetCaption(base::ToText(++missing_));
     }
     loop_.Yield();
 }
@@ -54,6 +45,8 @@ void TrackMatchRoom::CorrectSearchCriteria(std::string_view search_artist, std::
 }
 
 void TrackMatchRoom::BeginMatching() {
+    found_ = 0;
+    missing_ = 0;
     missing_text_.clear();
     index_ = {};
 }

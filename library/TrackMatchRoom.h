@@ -1,31 +1,33 @@
 // The track matcher: finds the song of the library for a line of a playlist file.
 //
 // Names are compared corrected, never raw. The answer is that of a walk over all songs from the first one;
-// an index of corrected names stands in for the walk.
+// an index of corrected names replaces the walk.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "controls/Label.h"
 #include "library/LibraryControls.h"
-#include "library/LibraryOutlets.h"
+#include "library/PlayListRoom.h"
 #include "library/TrackIndex.h"
 #include "ports/EventLoop.h"
 
 namespace library {
 
-/// The counters beside "Tracks found:" and "Tracks missing:".
-struct TrackCounters {
-    controls::Label& found;
-    controls::Label& missing;
+/// What the panel shows while a playlist file is read.
+struct TrackMatchPanel {
+    controls::Label& lblFoundNo;              ///< beside "Tracks found:"
+    controls::Label& lblDuplicatesNoRemoved;  ///< beside "Tracks missing:"
+    const controls::Label& lblStatus;         ///< the name of the playlist that is being built
 };
 
 class TrackMatchRoom final {
 public:
     /// `lstTracksToAdd`, `lstartist` and `lsttitle` run in step, one row a line.
-    TrackMatchRoom(TrackImportControls& controls, TrackCounters counters, MediaSources& sources,
-                   PlayListBeingBuilt& playlist, ports::EventLoop& loop);
+    TrackMatchRoom(TrackImportControls& controls, TrackMatchPanel panel, MediaSources& sources,
+                   PlayListRoom& playlists, ports::EventLoop& loop);
 
     /// Adds the first song that fits the line of this row to the playlist that is being built, or the line to
     /// the missing text; counts it, and yields. A row that is not there changes nothing.
@@ -33,9 +35,9 @@ public:
     /// Writes the four corrected names.
     void CorrectSearchCriteria(std::string_view search_artist, std::string_view search_title,
                                std::string_view row_artist, std::string_view row_title);
-    /// For a new file: no line is missing yet, and the room of the last file's index is given back.
+    /// For a new file: no line is found or missing yet, and the memory of the last file's index is freed.
     void BeginMatching();
-    /// The lines that were not found, each with a line break behind it.
+    /// The lines that were not found, each with a line break after it.
     const std::string& MissingText() const { return missing_text_; }
 
     /// What CorrectSearchCriteria wrote last.
@@ -46,11 +48,13 @@ public:
 
 private:
     TrackImportControls& controls_;
-    TrackCounters counters_;
+    TrackMatchPanel panel_;
     MediaSources& sources_;
-    PlayListBeingBuilt& playlist_;
+    PlayListRoom& playlists_;
     ports::EventLoop& loop_;
     TrackIndex index_;
+    std::int64_t found_ = 0;
+    std::int64_t missing_ = 0;
     std::string missing_text_;
 };
 

@@ -13,17 +13,6 @@
 
 namespace window {
 
-/// What the library shows in the music pane, and its hidden lists.
-struct LibraryGroups {
-    library::MediaSources sources;
-    library::LibraryListControls lists;
-    library::PlayListControls playlists;
-    library::SearchControls search;
-    library::OpenedMediaControls opened;
-    library::TaskControls task;
-    library::TrackImportControls track_import;
-};
-
 struct BrowserForm : controls::Form {
     BrowserForm();
 
@@ -31,7 +20,7 @@ struct BrowserForm : controls::Form {
     ChromeControls chrome;
     web::WebControls web;
     session::HandOffControls hand_off;
-    LibraryGroups library;
+    library::LibraryControls library;
     player::PlayerControls player;
     places::FavouritesControls favourites;
 

@@ -3,7 +3,7 @@
 namespace window {
 
 void CoreLinks::Command1() {
-    Room().lists->Command1();
+    Room().library->Lists().Command1();
 }
 
 void CoreLinks::PopulateHistory(std::string_view kind) {

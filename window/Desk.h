@@ -6,13 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "library/AddMediaRoom.h"
-#include "library/CleanUpRoom.h"
-#include "library/LibraryListsRoom.h"
-#include "library/OpenedMediaRoom.h"
-#include "library/PlayListRoom.h"
-#include "library/SearchRoom.h"
-#include "library/TrackMatchRoom.h"
+#include "library/Library.h"
 #include "places/AddFavouriteRoom.h"
 #include "places/FavouritesRoom.h"
 #include "places/HistoryRoom.h"
@@ -47,6 +41,7 @@
 #include "window/RemoteRoom.h"
 #include "window/SkinRoom.h"
 #include "window/ViewRoom.h"
+#include "window/WindowRoom.h"
 #include "window/Windows.h"
 
 namespace window {
@@ -84,6 +79,7 @@ struct State {
 struct Rooms {
     std::optional<session::StoreTroubleRoom> trouble;
     std::optional<store::Stores> stores;
+    std::optional<WindowRoom> window;
     std::optional<HoleRoom> hole;
     std::optional<SkinRoom> skin;
     std::optional<player::MediaWatch> media_watch;
@@ -91,13 +87,7 @@ struct Rooms {
     std::optional<MSN> msn;
     std::optional<player::Player> player;
     std::optional<RemoteRoom> remote;
-    std::optional<library::LibraryListsRoom> lists;
-    std::optional<library::PlayListRoom> playlists;
-    std::optional<library::SearchRoom> search;
-    std::optional<library::CleanUpRoom> clean_up;
-    std::optional<library::TrackMatchRoom> track_match;
-    std::optional<library::AddMediaRoom> add_media;
-    std::optional<library::OpenedMediaRoom> opened;
+    std::optional<library::Library> library;
     std::optional<places::HistoryRoom> history;
     std::optional<places::AddFavouriteRoom> add_favourite;
     std::optional<places::FavouritesRoom> favourites;

@@ -2,53 +2,40 @@
 
 namespace window {
 
-void LibraryLinks::ShowLoadingStage(std::string_view caption) {
-    desk_.rooms.activate->SetStage(caption);
+bool LibraryLinks::IsLoading() const {
+    return desk_.rooms.start_up->IsLoading();
+}
+
+void LibraryLinks::SetStage(std::string_view stage) {
+    desk_.rooms.activate->SetStage(stage);
 }
 
 void LibraryLinks::LoadFavs() {
     desk_.rooms.favourites->LoadFavs();
 }
 
-void LibraryLinks::AddMediaFromCommand(std::string_view path) {
-    desk_.rooms.opened->AddMediaFromCommand(path);
+void LibraryLinks::SettleAtStart() {
+    desk_.rooms.add_favourite->SettleAtStart();
 }
 
-void LibraryLinks::PopulateHistory(std::string_view hist_type) {
-    desk_.rooms.history->PopulateHistory(hist_type);
+bool LibraryLinks::IsPanelClosed() const {
+    return desk_.windows.frmBrowser.favourites.cmdFavs.Caption() == ">";
 }
 
-void LibraryLinks::OnTracksRefilled() {
-    desk_.state.ListMaybeChanged = true;
+void LibraryLinks::TogglePanel() {
+    desk_.windows.frmBrowser.favourites.cmdFavs.Click.Raise();
 }
 
-// The play list editor is not built yet; nothing else keeps the names.
-void LibraryLinks::OnPlayListsListed() {}
+void LibraryLinks::AddSiteToHistory(roles::HistoryKind kind, std::string_view text) {
+    desk_.rooms.history->AddSiteToHistory(roles::TextOf(kind), text);
+}
 
-void LibraryLinks::OnRemoveKey() {
-    desk_.rooms.playlists->RemoveSelectedSong();
+void LibraryLinks::PopulateHistory(roles::HistoryKind kind) {
+    desk_.rooms.history->PopulateHistory(roles::TextOf(kind));
 }
 
 void LibraryLinks::NoMouseOvers() {
     desk_.rooms.skin->NoMouseOvers();
-}
-
-// The panel shows the name of the playlist that is being built.
-void LibraryLinks::AddMatchedSong(std::string_view song_id, std::string_view artist, std::string_view title) {
-    desk_.rooms.playlists->AddRow(desk_.windows.frmBrowser.library.task.lblStatus.Caption(), song_id, artist,
-                                  title);
-}
-
-void LibraryLinks::ShowMainWindow() {
-    desk_.windows.frmBrowser.Show();
-}
-
-void LibraryLinks::Command1() {
-    desk_.rooms.lists->Command1();
-}
-
-bool LibraryLinks::Include_Sub_Folders() const {
-    return desk_.state.options.Include_Sub_Folders;
 }
 
 }  // namespace window

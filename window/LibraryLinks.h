@@ -5,38 +5,29 @@
 
 namespace window {
 
-class LibraryLinks final : public library::ReloadSteps,
-                           public library::MusicHistory,
-                           public library::LibraryListener,
-                           public library::MouseOvers,
-                           public library::PlayListBeingBuilt,
-                           public library::MainWindow {
+class LibraryLinks final : public roles::Start,
+                           public roles::Favourites,
+                           public roles::History,
+                           public roles::Highlights {
 public:
     explicit LibraryLinks(Desk& desk) : desk_(desk) {}
 
-    // library::ReloadSteps
-    void ShowLoadingStage(std::string_view caption) override;
+    // roles::Start
+    bool IsLoading() const override;
+    void SetStage(std::string_view stage) override;
+
+    // roles::Favourites
     void LoadFavs() override;
-    void AddMediaFromCommand(std::string_view path) override;
+    void SettleAtStart() override;
+    bool IsPanelClosed() const override;
+    void TogglePanel() override;
 
-    // library::MusicHistory
-    void PopulateHistory(std::string_view hist_type) override;
+    // roles::History
+    void AddSiteToHistory(roles::HistoryKind kind, std::string_view text) override;
+    void PopulateHistory(roles::HistoryKind kind) override;
 
-    // library::LibraryListener
-    void OnTracksRefilled() override;
-    void OnPlayListsListed() override;
-    void OnRemoveKey() override;
-
-    // library::MouseOvers
+    // roles::Highlights
     void NoMouseOvers() override;
-
-    // library::PlayListBeingBuilt
-    void AddMatchedSong(std::string_view song_id, std::string_view artist, std::string_view title) override;
-
-    // library::MainWindow
-    void ShowMainWindow() override;
-    void Command1() override;
-    bool Include_Sub_Folders() const override;
 
 private:
     Desk& desk_;

@@ -61,6 +61,7 @@ void MainWindow::BuildGround() {
     Rooms& rooms = desk_.rooms;
     rooms.trouble.emplace(desk_.windows.trouble, desk_.state.session, desk_.ports.dialogs);
     rooms.stores.emplace(desk_.ports.database, desk_.ports.events, *rooms.trouble);
+    rooms.window.emplace(window, window.chrome.fraMusicTab);
     rooms.hole.emplace(window, window.player.video.picVideo, desk_.ports.window_shape, desk_.ports.dialogs);
     rooms.skin.emplace(window.chrome, TwinsOf(window), [this] { desk_.rooms.player->SettlePictures(); });
     rooms.media_watch.emplace(desk_.ports.media);
@@ -93,36 +94,24 @@ void MainWindow::BuildPlayer() {
 
 void MainWindow::BuildLibrary() {
     BrowserForm& window = desk_.windows.frmBrowser;
-    LibraryGroups& groups = window.library;
-    Rooms& rooms = desk_.rooms;
-    rooms.lists.emplace(
-        groups.lists, groups.sources, groups.playlists.lstAddToPlaylist, window.hand_off.lstOpenWith,
-        desk_.ports.events,
-        library::LibraryListOutlets{library_links_, library_links_, library_links_, library_links_});
-    rooms.playlists.emplace(groups.playlists, window.menus, groups.sources, *rooms.lists, desk_.ports.dialogs,
-                            library_links_);
-    rooms.search.emplace(groups.search, window.menus, groups.sources, *rooms.lists, library_links_);
-    rooms.clean_up.emplace(
-        groups.task, window.menus,
-        library::CleanUpSources{groups.sources.datSong, desk_.windows.history.datHistory},
-        desk_.state.options.DaysStampAge, *rooms.lists,
-        library::CleanUpPorts{desk_.ports.files, desk_.ports.dialogs, desk_.ports.events, desk_.ports.clock});
-    rooms.track_match.emplace(
-        groups.track_import,
-        library::TrackCounters{groups.task.lblFoundNo, groups.task.lblDuplicatesNoRemoved}, groups.sources,
-        library_links_, desk_.ports.events);
-    BuildMediaDialog();
-}
-
-void MainWindow::BuildMediaDialog() {
-    BrowserForm& window = desk_.windows.frmBrowser;
-    Rooms& rooms = desk_.rooms;
     const Ports& ports = desk_.ports;
-    rooms.add_media.emplace(desk_.windows.add_media, library_links_, *rooms.stores, ports.files,
-                            ports.dialogs, ports.events, ports.files.ApplicationFolder());
-    rooms.opened.emplace(window.library.opened, window.menus, window.library.search.cmdAddToLibrary,
-                         desk_.windows.add_media.frmAddMedia, *rooms.add_media, window.library.sources,
-                         ports.dialogs);
+    desk_.rooms.library.emplace(
+        library::LibraryWindows{.controls = window.library,
+                                .menu = window.menus,
+                                .add_media = desk_.windows.add_media,
+                                .lstOpenWith = window.hand_off.lstOpenWith,
+                                .datHistory = desk_.windows.history.datHistory},
+        library::LibraryState{.ListMaybeChanged = desk_.state.ListMaybeChanged,
+                              .Include_Sub_Folders = desk_.state.options.Include_Sub_Folders,
+                              .last_clean_up_age = desk_.state.options.DaysStampAge},
+        *desk_.rooms.stores,
+        library::LibraryRoles{.start = library_links_,
+                              .favourites = library_links_,
+                              .history = library_links_,
+                              .highlights = library_links_,
+                              .window = *desk_.rooms.window},
+        library::LibraryPorts{
+            .files = ports.files, .dialogs = ports.dialogs, .loop = ports.events, .clock = ports.clock});
 }
 
 std::string MainWindow::StorePath(std::string_view file) const {

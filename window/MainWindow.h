@@ -40,7 +40,6 @@ private:
     void BuildGround();
     void BuildPlayer();
     void BuildLibrary();
-    void BuildMediaDialog();
     void BuildWebData();
     void BuildWeb();
     void BuildSession(std::string_view command);

@@ -51,15 +51,15 @@ std::string WebDataLinks::LocationName() const {
 }
 
 void WebDataLinks::BeginView() {
-    desk_.rooms.lists->BeginView();
+    desk_.rooms.library->View().BeginView();
 }
 
 void WebDataLinks::AddSong(std::string_view song_id, std::string_view artist, std::string_view title) {
-    desk_.rooms.lists->AddPlayedSong(song_id, artist, title);
+    desk_.rooms.library->View().AddPlayedSong(song_id, artist, title);
 }
 
 void WebDataLinks::EndView() {
-    desk_.rooms.lists->EndView();
+    desk_.rooms.library->View().EndView();
 }
 
 void WebDataLinks::Form_Resize() {
@@ -89,7 +89,7 @@ void WebDataLinks::HideVideoPane() {
 }
 
 void WebDataLinks::Command1() {
-    desk_.rooms.lists->Command1();
+    desk_.rooms.library->Lists().Command1();
 }
 
 void WebDataLinks::populatefavs() {

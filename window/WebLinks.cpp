@@ -183,21 +183,21 @@ void WebLinks::SendNothingPlaying() {
 }
 
 void WebLinks::Command1() {
-    Room().lists->Command1();
+    Room().library->Lists().Command1();
 }
 
 void WebLinks::RefillIfEmpty() {
-    Room().lists->RefillIfEmpty();
+    Room().library->Lists().RefillIfEmpty();
 }
 
 void WebLinks::AddMediaFromCommand(std::string_view path) {
-    Room().opened->AddMediaFromCommand(path);
+    Room().library->Intake().AddMediaFromCommand(path);
 }
 
 void WebLinks::AddPlayList(std::string_view /*path*/) {}
 
 void WebLinks::OfferToAddMedia() {
-    Room().opened->OfferToAddMedia();
+    Room().library->Intake().OfferToAddMedia();
 }
 
 int WebLinks::SongCount() const {

@@ -8,6 +8,7 @@
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeFiles.h"
+#include "fakes/NullWindow.h"
 #include "fakes/SeededStores.h"
 #include "library/AddMediaForm.h"
 #include "library/AddMediaRoom.h"
@@ -15,13 +16,13 @@
 
 namespace testing_library {
 
-struct RecordingMainWindow final : library::MainWindow {
-    void ShowMainWindow() override { Calls.emplace_back("show"); }
+/// The main window and the lists; of the window only Show is asked for.
+struct RecordingMainWindow final : fakes::NullWindow, roles::TrackLists {
+    void Show() override { Calls.emplace_back("show"); }
     void Command1() override { Calls.emplace_back("Command1"); }
-    bool Include_Sub_Folders() const override { return SubFolders; }
+    void RefillIfEmpty() override { Calls.emplace_back("RefillIfEmpty"); }
 
     Rows Calls;
-    bool SubFolders = true;
 };
 
 struct AddMediaDialog {
@@ -47,7 +48,9 @@ struct AddMediaDialog {
     fakes::SeededStores Stores{Desktop};
     RecordingMainWindow Main;
     library::AddMediaForm Form{Files};
-    library::AddMediaRoom Room{Form, Main, Stores.Stores, Files, Dialogs, Desktop, "C:\\app"};
+    bool SubFolders = true;
+    library::AddMediaRoom Room{
+        Form, Stores.Stores, "C:\\app", SubFolders, Main, Main, {Files, Dialogs, Desktop}};
 };
 
 }  // namespace testing_library

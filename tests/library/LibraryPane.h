@@ -13,7 +13,6 @@
 #include "fakes/SeededStores.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryListsRoom.h"
-#include "library/LibraryOutlets.h"
 #include "library/PlayListRoom.h"
 #include "library/SearchRoom.h"
 
@@ -40,20 +39,26 @@ inline std::vector<std::string> PlayListRow(const std::string& key, const std::s
 }
 
 /// Everything around the rooms, remembered in order.
-struct RecordingNeighbours final : library::ReloadSteps,
-                                   library::MusicHistory,
-                                   library::LibraryListener,
-                                   library::MouseOvers {
-    void ShowLoadingStage(std::string_view caption) override { Remember("stage ", caption); }
+struct RecordingNeighbours final : roles::Start,
+                                   roles::Favourites,
+                                   roles::History,
+                                   roles::Highlights,
+                                   library::LibraryListener {
+    bool IsLoading() const override { return false; }
+    void SetStage(std::string_view stage) override { Remember("stage ", stage); }
     void LoadFavs() override { Remember("favourites", ""); }
-    void AddMediaFromCommand(std::string_view path) override { Remember("media ", path); }
-    void PopulateHistory(std::string_view hist_type) override {
-        Remember("history ", hist_type);
+    void SettleAtStart() override { Remember("settle", ""); }
+    bool IsPanelClosed() const override { return true; }
+    void TogglePanel() override { Remember("panel", ""); }
+    void AddSiteToHistory(roles::HistoryKind kind, std::string_view text) override {
+        Remember(std::string("site ").append(roles::TextOf(kind)).append(" "), text);
+    }
+    void PopulateHistory(roles::HistoryKind kind) override {
+        Remember("history ", roles::TextOf(kind));
         if (OnHistory) OnHistory();
     }
-    void OnTracksRefilled() override { ++Refills; }
-    void OnPlayListsListed() override { ++PlayListListings; }
     void OnRemoveKey() override { ++RemoveKeys; }
+    void OnInitialTrack(std::string_view path) override { Remember("media ", path); }
     void NoMouseOvers() override { ++OversHidden; }
 
     void Remember(std::string_view what, std::string_view detail) {
@@ -62,8 +67,6 @@ struct RecordingNeighbours final : library::ReloadSteps,
 
     std::vector<std::string> Calls;
     std::function<void()> OnHistory;
-    int Refills = 0;
-    int PlayListListings = 0;
     int RemoveKeys = 0;
     int OversHidden = 0;
 };
@@ -92,9 +95,16 @@ struct LibraryPane {
     controls::ListBox lstOpenWith{"lstOpenWith"};
     library::LibraryMenu menu;
 
+    bool ListMaybeChanged = false;
+
     library::LibraryListsRoom ListsRoom{
-        Lists,       Sources, PlayLists.lstAddToPlaylist,
-        lstOpenWith, Desktop, {Neighbours, Neighbours, Neighbours, Neighbours}};
+        Lists,
+        {PlayLists.lstAddToPlaylist, lstOpenWith},
+        Sources,
+        ListMaybeChanged,
+        Desktop,
+        Neighbours,
+        {.start = Neighbours, .favourites = Neighbours, .history = Neighbours, .highlights = Neighbours}};
     library::PlayListRoom PlayListsRoom{PlayLists, menu, Sources, ListsRoom, Dialogs, Neighbours};
     library::SearchRoom SearchingRoom{Search, menu, Sources, ListsRoom, Neighbours};
 };

@@ -263,7 +263,7 @@ TEST_F(AddMediaSearchTest, CancelStopsInTheMiddleOfALongFolder) {
         }
     };
     Desktop.Post(cancel_at_the_first_rows);
-    Main.SubFolders = false;
+    SubFolders = false;
 
     Search("C:\\Music");
 

@@ -15,13 +15,11 @@
 namespace {
 
 using library::CleanedSongs;
+using library::RuleOf;
 using library::SearchField;
+using library::SearchRule;
 namespace tblSong = store::tblSong;
 using Rows = std::vector<store::Bookmark>;
-
-const SearchField& Field(std::string_view name) {
-    return *library::SearchFieldNamed(name);
-}
 
 class CleanedSongsTest : public testing::Test {
 protected:
@@ -35,8 +33,8 @@ protected:
         Songs().Set(tblSong::FilePath, path);
         Songs().Update();
     }
-    Rows Search(std::string_view field, std::string_view cleaned_text) {
-        cleaned_.Prepare(Field(field), Songs(), Songs().EndOfBookmarks());
+    Rows Search(SearchField field, std::string_view cleaned_text) {
+        cleaned_.Prepare(RuleOf(field), Songs(), Songs().EndOfBookmarks());
         return cleaned_.RowsWith(cleaned_text);
     }
 
@@ -51,59 +49,59 @@ TEST_F(CleanedSongsTest, ATextIsFoundAtEveryPlaceOfALongRow) {
     for (std::size_t before = 0; before < 200; ++before)
         Add("", std::string(before, 'x') + "X-y Z" + std::string(200 - before, 'z'));
 
-    EXPECT_EQ(Search("Title", "xyz").size(), 200U);
+    EXPECT_EQ(Search(SearchField::Title, "xyz").size(), 200U);
 }
 
 TEST_F(CleanedSongsTest, ATextDoesNotGoOnInTheNextRow) {
     Add("", "Back In");
     Add("", "Black");
 
-    EXPECT_EQ(Search("Title", "inb"), Rows{});
-    EXPECT_EQ(Search("Title", "b"), (Rows{0, 1}));
+    EXPECT_EQ(Search(SearchField::Title, "inb"), Rows{});
+    EXPECT_EQ(Search(SearchField::Title, "b"), (Rows{0, 1}));
 }
 
 TEST_F(CleanedSongsTest, ABroadTextBeginsInTheArtistAndEndsInTheTitle) {
     Add("Ac-dc", "Back In Black");
     Add("Back In Black", "Ac-dc");
 
-    EXPECT_EQ(Search("Broad", "dcback"), Rows{0});
+    EXPECT_EQ(Search(SearchField::Broad, "dcback"), Rows{0});
 }
 
 TEST_F(CleanedSongsTest, ARowIsFoundOnce) {
     Add("", "la la la");
 
-    EXPECT_EQ(Search("Title", "la"), Rows{0});
+    EXPECT_EQ(Search(SearchField::Title, "la"), Rows{0});
 }
 
 TEST_F(CleanedSongsTest, SongsThatCameLaterAreFound) {
     Add("", "One");
-    EXPECT_EQ(Search("Title", "two"), Rows{});
+    EXPECT_EQ(Search(SearchField::Title, "two"), Rows{});
 
     Add("", "Two");
 
-    EXPECT_EQ(Search("Title", "two"), Rows{1});
+    EXPECT_EQ(Search(SearchField::Title, "two"), Rows{1});
 }
 
 TEST_F(CleanedSongsTest, AnotherTextInAnOldRowIsSearched) {
     Add("", "One");
-    EXPECT_EQ(Search("Title", "one"), Rows{0});
+    EXPECT_EQ(Search(SearchField::Title, "one"), Rows{0});
 
     Songs().MoveFirst();
     Songs().Edit();
     Songs().Set(tblSong::title, "Two");
     Songs().Update();
 
-    EXPECT_EQ(Search("Title", "one"), Rows{});
-    EXPECT_EQ(Search("Title", "two"), Rows{0});
+    EXPECT_EQ(Search(SearchField::Title, "one"), Rows{});
+    EXPECT_EQ(Search(SearchField::Title, "two"), Rows{0});
 }
 
 TEST_F(CleanedSongsTest, PreparingGoesOnWhereItStopped) {
     for (int i = 0; i < 20'000; ++i)
         Add("", "Title " + std::to_string(i));
 
-    EXPECT_FALSE(cleaned_.Prepare(Field("Title"), Songs(), 9'000));
-    EXPECT_FALSE(cleaned_.Prepare(Field("Title"), Songs(), 9'000));
-    EXPECT_TRUE(cleaned_.Prepare(Field("Title"), Songs(), 9'000));
+    EXPECT_FALSE(cleaned_.Prepare(RuleOf(SearchField::Title), Songs(), 9'000));
+    EXPECT_FALSE(cleaned_.Prepare(RuleOf(SearchField::Title), Songs(), 9'000));
+    EXPECT_TRUE(cleaned_.Prepare(RuleOf(SearchField::Title), Songs(), 9'000));
 
     EXPECT_EQ(cleaned_.RowsWith("title19999"), Rows{19'999});
     EXPECT_EQ(cleaned_.RowsWith("title8999"), Rows{8'999});
@@ -114,7 +112,7 @@ TEST_F(CleanedSongsTest, APartOfACharacterIsNotFound) {
     Add("", "\u00e9");
     Add("", "\xa9");
 
-    EXPECT_EQ(Search("Title", "\xa9"), Rows{1});
+    EXPECT_EQ(Search(SearchField::Title, "\xa9"), Rows{1});
 }
 
 // Cleaning as it is told, one step after another.
@@ -151,12 +149,12 @@ protected:
             Songs().Update();
         }
     }
-    Rows FoundByAPlainWalk(const SearchField& field, std::string_view wanted) {
+    Rows FoundByAPlainWalk(const SearchRule& rule, std::string_view wanted) {
         Rows rows;
         for (Songs().MoveFirst(); !Songs().Eof(); Songs().MoveNext()) {
-            std::string text(Songs().Text(field.first));
-            if (field.second) text += Songs().Text(*field.second);
-            if (base::Contains(PlainlyCleaned(text, field.dropped), wanted))
+            std::string text(Songs().Text(rule.first));
+            if (rule.second) text += Songs().Text(*rule.second);
+            if (base::Contains(PlainlyCleaned(text, rule.dropped), wanted))
                 rows.push_back(Songs().CurrentBookmark());
         }
         return rows;
@@ -171,17 +169,18 @@ TEST_P(RandomLibrary, IsSearchedAsByAPlainWalk) {
         Add(RandomText(12), RandomText(12), RandomText(40));
     std::size_t hits = 0;
     for (int round = 0; round < 400; ++round) {
-        static constexpr std::array<std::string_view, 4> kNames = {"Broad", "Artist", "Title", "Filename"};
-        const SearchField& field = Field(kNames[Below(kNames.size())]);
-        const std::string wanted = PlainlyCleaned(RandomText(3), field.dropped);
+        static constexpr std::array kFields = {SearchField::Broad, SearchField::Artist, SearchField::Title,
+                                               SearchField::Filename};
+        const SearchRule& rule = RuleOf(kFields[Below(kFields.size())]);
+        const std::string wanted = PlainlyCleaned(RandomText(3), rule.dropped);
         if (wanted.empty()) continue;
         ChangeTheTable();
 
-        cleaned_.Prepare(field, Songs(), Songs().EndOfBookmarks());
+        cleaned_.Prepare(rule, Songs(), Songs().EndOfBookmarks());
         Rows found = cleaned_.RowsWith(wanted);
         std::erase_if(found, [this](store::Bookmark row) { return !Songs().MoveTo(row); });
 
-        ASSERT_EQ(found, FoundByAPlainWalk(field, wanted)) << field.name << " '" << wanted << "'";
+        ASSERT_EQ(found, FoundByAPlainWalk(rule, wanted)) << rule.text << " '" << wanted << "'";
         hits += found.size();
     }
 

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "fakes/FakeDialogs.h"
+#include "fakes/NullWindow.h"
 #include "library/AddMediaForm.h"
 #include "library/AddMediaRoom.h"
 #include "platform/linux/Bench.h"
@@ -51,10 +52,9 @@ struct EndInTrouble final : store::StoreTrouble {
     void OnStoreTrouble(std::string_view, ports::DatabaseError, std::string_view) override { ::_exit(3); }
 };
 
-struct NoWindow final : library::MainWindow {
-    void ShowMainWindow() override {}
+struct NoLists final : roles::TrackLists {
     void Command1() override {}
-    bool Include_Sub_Folders() const override { return true; }
+    void RefillIfEmpty() override {}
 };
 
 /// Searches the folder and adds all of it, again and again. Tells `told` when the first adding begins.
@@ -63,11 +63,14 @@ struct NoWindow final : library::MainWindow {
     fakes::FakeDialogs dialogs;
     ShortHandlers loop;
     EndInTrouble trouble;
-    NoWindow window;
+    fakes::NullWindow window;
+    NoLists lists;
+    const bool sub_folders = true;
     sqlite::SqliteDatabase database([&store_file](std::string_view) { return store_file; });
     store::Stores stores(database, loop, trouble);
     library::AddMediaForm form(files);
-    library::AddMediaRoom room(form, window, stores, files, dialogs, loop, "C:\\app");
+    library::AddMediaRoom room(form, stores, "C:\\app", sub_folders, window, lists,
+                               {.files = files, .dialogs = dialogs, .loop = loop});
     form.frmAddMedia.Show();
     form.Dir1.SetPath(folder);
     form.cmdGetFiles.Click.Raise();

@@ -11,7 +11,6 @@
 
 namespace {
 
-using testing_library::RecordingMainWindow;
 using testing_library::Rows;
 using testing_library::RowsOf;
 
@@ -33,13 +32,13 @@ protected:
     fakes::FakeFiles Files;
     fakes::FakeDialogs Dialogs;
     fakes::FakeDesktop Desktop;
-    RecordingMainWindow Main;
+    bool SubFolders = true;
     controls::ListBox lstPattern{"lstPattern"};
     controls::ListBox lstFiles{"lstFiles"};
     controls::Label lblTotalFiles{"lblTotalFiles", "0"};
     controls::Label lblDirectory{"lblDirectory"};
     library::MediaWalk Walk{
-        {lstPattern, lstFiles, lblTotalFiles, lblDirectory}, Main, Files, Dialogs, Desktop};
+        {lstPattern, lstFiles, lblTotalFiles, lblDirectory}, SubFolders, Files, Dialogs, Desktop};
 };
 
 TEST_F(MediaWalkTest, FifteenLevelsAreSearchedAndTheSixteenthIsNot) {
@@ -101,7 +100,7 @@ TEST_F(MediaWalkTest, ThePreferenceSearchesSubFoldersWithoutAQuestion) {
 }
 
 TEST_F(MediaWalkTest, WithoutThePreferenceThePersonIsAskedOnce) {
-    Main.SubFolders = false;
+    SubFolders = false;
     Files.AddFile("C:\\Music\\One\\Two\\a.mp3");
     Dialogs.Answers = {ports::BoxAnswer::Yes};
 
@@ -117,7 +116,7 @@ TEST_F(MediaWalkTest, WithoutThePreferenceThePersonIsAskedOnce) {
 }
 
 TEST_F(MediaWalkTest, NoKeepsToTheStartFolder) {
-    Main.SubFolders = false;
+    SubFolders = false;
     Files.AddFile("C:\\Music\\a.mp3");
     Files.AddFile("C:\\Music\\Album\\b.mp3");
     Dialogs.Answers = {ports::BoxAnswer::No};
@@ -153,11 +152,13 @@ TEST_F(MediaWalkTest, ThePatternSaysWhichKindsAreCollected) {
 TEST_F(MediaWalkTest, TheCountGrowsByOneForEachFile) {
     Files.AddFile("C:\\Music\\a.mp3");
     Files.AddFile("C:\\Music\\b.mp3");
-    lblTotalFiles.SetCaption("5");
+    Rows counts;
+    controls::EventClaims claims;
+    claims.Claim(lblTotalFiles.Change, [&] { counts.emplace_back(lblTotalFiles.Caption()); });
 
     Walk.Search("C:\\Music");
 
-    EXPECT_EQ(lblTotalFiles.Caption(), "7");
+    EXPECT_EQ(counts, (Rows{"1", "2"}));
 }
 
 TEST_F(MediaWalkTest, AnUnreadableFolderYieldsNothingAndTheWalkGoesOn) {
@@ -227,7 +228,7 @@ TEST_F(MediaWalkTest, ALongFolderYieldsOnTheWay) {
 }
 
 TEST_F(MediaWalkTest, ACancelInALongStartFolderAsksNothing) {
-    Main.SubFolders = false;
+    SubFolders = false;
     for (int i = 0; i < 2000; ++i)
         Files.AddFile("C:\\Music\\" + std::to_string(i) + ".mp3");
     Desktop.Post([this] { Walk.Cancel(); });
@@ -240,7 +241,7 @@ TEST_F(MediaWalkTest, ACancelInALongStartFolderAsksNothing) {
 }
 
 TEST_F(MediaWalkTest, TheQuestionComesEvenWhenThereIsNoSubFolder) {
-    Main.SubFolders = false;
+    SubFolders = false;
     Files.AddFile("C:\\Music\\a.mp3");
     Dialogs.Answers = {ports::BoxAnswer::Yes};
 

@@ -5,58 +5,50 @@
 #include <string>
 #include <vector>
 
-#include "library/LibraryPane.h"
+#include "library/AddMediaDialog.h"
 
 namespace {
 
-using testing_library::Rows;
+using testing_library::AddMediaDialog;
 using testing_library::Song;
+using SongRow = fakes::SeededStores::Row;
 
-struct RecordingSongStore final : library::SongStore {
-    void addfile(std::string_view path, std::string_view artist, std::string_view title,
-                 std::string& /*rejected*/) override {
-        Added.push_back(std::string(path).append(" | ").append(artist).append(" | ").append(title));
-    }
-
-    Rows Added;
-};
-
-class OpenedMediaRoomTest : public testing::Test {
+class OpenedMediaRoomTest : public testing::Test, protected AddMediaDialog {
 protected:
     OpenedMediaRoomTest() { Stores.Bind(Sources.datSong, "tblSong"); }
 
-    fakes::FakeDesktop Desktop;
-    fakes::SeededStores Stores{Desktop};
-    fakes::FakeDialogs Dialogs;
-    RecordingSongStore Songs;
     library::MediaSources Sources;
     library::OpenedMediaControls Controls;
     library::OpenedMediaMenu Menu;
     controls::CommandButton cmdAddToLibrary{"cmdAddToLibrary"};
-    controls::Form frmAddMedia{"frmAddMedia", "Add Media"};
-    library::OpenedMediaRoom Room{Controls, Menu, cmdAddToLibrary, frmAddMedia, Songs, Sources, Dialogs};
+    controls::Form& frmAddMedia = Form.frmAddMedia;
+    library::OpenedMediaRoom Opened{Controls, Menu, cmdAddToLibrary, Room, Sources, Dialogs};
 };
 
 TEST_F(OpenedMediaRoomTest, AnOpenedFileIsAddedUnderTheNamesOfItsFileName) {
-    Room.AddMediaFromCommand("C:\\Music\\Lark - Evening - Post.mp3");
+    Opened.AddMediaFromCommand("C:\\Music\\Lark - Evening - Post.mp3");
 
-    EXPECT_EQ(Songs.Added, (Rows{"C:\\Music\\Lark - Evening - Post.mp3 | Lark | Evening - Post"}));
+    ASSERT_EQ(Songs().size(), 1U);
+    EXPECT_EQ(Songs()[0],
+              (SongRow{"1", "Lark", "Evening - Post", "C:\\Music\\Lark - Evening - Post.mp3", ""}));
     EXPECT_EQ(Controls.Label5.Caption(), "Lark");
     EXPECT_EQ(Controls.Label6.Caption(), "Evening - Post");
 }
 
 TEST_F(OpenedMediaRoomTest, ANameWithoutAnArtistIsUnknown) {
-    Room.AddMediaFromCommand("C:\\Music\\track.mp3");
+    Opened.AddMediaFromCommand("C:\\Music\\track.mp3");
 
-    EXPECT_EQ(Songs.Added, (Rows{"C:\\Music\\track.mp3 | Unknown | track"}));
+    ASSERT_EQ(Songs().size(), 1U);
+    EXPECT_EQ(Songs()[0], (SongRow{"1", "Unknown", "Track", "C:\\Music\\track.mp3", ""}));
+    EXPECT_EQ(Controls.Label6.Caption(), "track");
 }
 
 TEST_F(OpenedMediaRoomTest, AFileOfTheLibraryIsNotAddedAgainButPlayedOnceMore) {
     Stores.Seed("tblSong", {Song("1", "Lark", "Post", "4")});
 
-    Room.AddMediaFromCommand("C:\\Music\\Lark - Post.mp3");
+    Opened.AddMediaFromCommand("C:\\Music\\Lark - Post.mp3");
 
-    EXPECT_TRUE(Songs.Added.empty());
+    EXPECT_EQ(Songs().size(), 1U);
     EXPECT_EQ(Stores.Rows("tblSong")[0][4], "5");
 }
 
@@ -64,7 +56,7 @@ TEST_F(OpenedMediaRoomTest, TheTestCountsAPlayOfTheFirstRowWithThatPathOnly) {
     Stores.Seed("tblSong",
                 {Song("1", "Other", "Song"), Song("2", "Lark", "Post"), Song("3", "Lark", "Post")});
 
-    const bool found = Room.AlreadyInLibrary("C:\\Music\\Lark - Post.mp3");
+    const bool found = Opened.AlreadyInLibrary("C:\\Music\\Lark - Post.mp3");
 
     EXPECT_TRUE(found);
     EXPECT_EQ(Stores.Rows("tblSong")[0][4], "");
@@ -75,18 +67,25 @@ TEST_F(OpenedMediaRoomTest, TheTestCountsAPlayOfTheFirstRowWithThatPathOnly) {
 TEST_F(OpenedMediaRoomTest, APathInOtherLettersIsAnotherFile) {
     Stores.Seed("tblSong", {Song("1", "Lark", "Post")});
 
-    EXPECT_FALSE(Room.AlreadyInLibrary("C:\\Music\\lark - post.mp3"));
+    EXPECT_FALSE(Opened.AlreadyInLibrary("C:\\Music\\lark - post.mp3"));
     EXPECT_EQ(Stores.Rows("tblSong")[0][4], "");
 }
 
 TEST_F(OpenedMediaRoomTest, NothingStandsInAnEmptyLibrary) {
-    EXPECT_FALSE(Room.AlreadyInLibrary("C:\\Music\\Lark - Post.mp3"));
+    EXPECT_FALSE(Opened.AlreadyInLibrary("C:\\Music\\Lark - Post.mp3"));
+}
+
+TEST_F(OpenedMediaRoomTest, AFileThatTheLibraryDoesNotTakeIsIgnored) {
+    Opened.AddMediaFromCommand("C:\\Music\\notes.txt");
+
+    EXPECT_TRUE(Songs().empty());
+    EXPECT_TRUE(Dialogs.Boxes.empty());
 }
 
 TEST_F(OpenedMediaRoomTest, AnEmptyLibraryAsksForMedia) {
     Dialogs.Answers = {ports::BoxAnswer::Yes};
 
-    Room.OfferToAddMedia();
+    Opened.OfferToAddMedia();
 
     ASSERT_EQ(Dialogs.Boxes.size(), 1U);
     EXPECT_EQ(Dialogs.Boxes[0].text,
@@ -100,7 +99,7 @@ TEST_F(OpenedMediaRoomTest, NoLeavesTheDialogAway) {
     frmAddMedia.Hide();
     Dialogs.Answers = {ports::BoxAnswer::No};
 
-    Room.OfferToAddMedia();
+    Opened.OfferToAddMedia();
 
     EXPECT_FALSE(frmAddMedia.IsLoaded());
     EXPECT_FALSE(frmAddMedia.Visible());
@@ -109,7 +108,7 @@ TEST_F(OpenedMediaRoomTest, NoLeavesTheDialogAway) {
 TEST_F(OpenedMediaRoomTest, ALibraryWithASongAsksNothing) {
     Stores.Seed("tblSong", {Song("1", "Lark", "Post")});
 
-    Room.OfferToAddMedia();
+    Opened.OfferToAddMedia();
 
     EXPECT_TRUE(Dialogs.Boxes.empty());
 }

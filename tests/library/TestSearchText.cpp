@@ -6,38 +6,39 @@
 
 namespace {
 
-std::string Cleaned(std::string_view field, std::string_view text) {
+using library::RuleOf;
+using library::SearchField;
+
+std::string Cleaned(SearchField field, std::string_view text) {
     std::string cleaned;
-    library::AppendCleaned(cleaned, text, *library::SearchFieldNamed(field));
+    library::AppendCleaned(cleaned, text, RuleOf(field));
     return cleaned;
 }
 
-TEST(SearchText, OnlyTheFourFieldsCanBeSearched) {
-    for (const char* name : {"Artist", "Title", "Broad", "Filename"}) {
-        ASSERT_NE(library::SearchFieldNamed(name), nullptr) << name;
-        EXPECT_EQ(library::SearchFieldNamed(name)->name, name);
-    }
-    EXPECT_EQ(library::SearchFieldNamed(""), nullptr);
-    EXPECT_EQ(library::SearchFieldNamed("artist"), nullptr);
+TEST(SearchText, EachFieldHasARuleOfItsName) {
+    EXPECT_EQ(RuleOf(SearchField::Broad).text, "Broad");
+    EXPECT_EQ(RuleOf(SearchField::Artist).text, "Artist");
+    EXPECT_EQ(RuleOf(SearchField::Title).text, "Title");
+    EXPECT_EQ(RuleOf(SearchField::Filename).text, "Filename");
 }
 
 TEST(SearchText, CleaningMakesLowerCaseAndTakesBlanksAndHyphensOut) {
-    for (const char* field : {"Artist", "Title", "Broad"})
-        EXPECT_EQ(Cleaned(field, " Ac-DC's (Live) & \u00c9! "), "acdc's(live)&\u00e9!") << field;
+    for (const SearchField field : {SearchField::Artist, SearchField::Title, SearchField::Broad})
+        EXPECT_EQ(Cleaned(field, " Ac-DC's (Live) & \u00c9! "), "acdc's(live)&\u00e9!") << RuleOf(field).text;
 }
 
 TEST(SearchText, FileNamesLoseSomeSignsToo) {
-    EXPECT_EQ(Cleaned("Filename", "C:\\It's R&B + (Live) *1*!.mp3"), "c:\\itsrblive1.mp3");
+    EXPECT_EQ(Cleaned(SearchField::Filename, "C:\\It's R&B + (Live) *1*!.mp3"), "c:\\itsrblive1.mp3");
 }
 
 TEST(SearchText, TheKelvinSignAndTheDottedIHaveSmallLettersOfAscii) {
-    EXPECT_EQ(Cleaned("Title", "\u212aISS \u0130z"), "kissiz");
+    EXPECT_EQ(Cleaned(SearchField::Title, "\u212aISS \u0130z"), "kissiz");
 }
 
 TEST(SearchText, ACleanedTextIsPutBehindWhatIsThere) {
     std::string text = "A ";
 
-    library::AppendCleaned(text, "B C", *library::SearchFieldNamed("Title"));
+    library::AppendCleaned(text, "B C", RuleOf(SearchField::Title));
 
     EXPECT_EQ(text, "A bc");
 }

@@ -19,16 +19,6 @@ using testing_library::Rows;
 using testing_library::RowsOf;
 using testing_library::Song;
 
-struct RecordingPlayList final : library::PlayListBeingBuilt {
-    void AddMatchedSong(std::string_view song_id, std::string_view artist, std::string_view title) override {
-        Added.push_back(std::string(song_id).append(": ").append(artist).append(" - ").append(title));
-        Ids.emplace_back(song_id);
-    }
-
-    Rows Added;
-    Rows Ids;
-};
-
 class TrackMatchRoomTest : public testing::Test, protected LibraryPane {
 protected:
     int AddLine(const std::string& artist, const std::string& title) {
@@ -40,6 +30,23 @@ protected:
     void Match(const std::string& artist, const std::string& title) {
         Room.SearchTrack(AddLine(artist, title));
     }
+    /// The playlist that is being built, row by row, from a row on.
+    Rows Added() {
+        Rows rows;
+        for (const auto& row : Stores.Rows("tblPlayList"))
+            rows.push_back(row[1] + ": " + row[2] + ": " + row[3] + " - " + row[4]);
+        return rows;
+    }
+    Rows Ids(std::size_t from = 0) {
+        Rows ids;
+        for (const auto& row : Stores.Rows("tblPlayList"))
+            if (from > 0) {
+                --from;
+            } else {
+                ids.push_back(row[2]);
+            }
+        return ids;
+    }
     store::RecordSet& Table() {
         Sources.datSong.Open(store::kAllSongs);
         return Sources.datSong.Recordset();
@@ -48,8 +55,9 @@ protected:
     library::TrackImportControls Import;
     controls::Label lblFoundNo{"lblFoundNo", "0"};
     controls::Label lblDuplicatesNoRemoved{"lblDuplicatesNoRemoved", "0"};
-    RecordingPlayList PlayList;
-    library::TrackMatchRoom Room{Import, {lblFoundNo, lblDuplicatesNoRemoved}, Sources, PlayList, Desktop};
+    controls::Label lblStatus{"lblStatus", "Imported"};
+    library::TrackMatchRoom Room{
+        Import, {lblFoundNo, lblDuplicatesNoRemoved, lblStatus}, Sources, PlayListsRoom, Desktop};
 };
 
 TEST_F(TrackMatchRoomTest, AMatchedSongIsAddedAndCounted) {
@@ -58,7 +66,7 @@ TEST_F(TrackMatchRoomTest, AMatchedSongIsAddedAndCounted) {
     Match("moor", "EVENING!");
     Match("Lark", "Morning");
 
-    EXPECT_EQ(PlayList.Added, (Rows{"2: Moor - Evening", "1: Lark - Morning"}));
+    EXPECT_EQ(Added(), (Rows{"Imported: 2: Moor - Evening", "Imported: 1: Lark - Morning"}));
     EXPECT_EQ(lblFoundNo.Caption(), "2");
     EXPECT_EQ(lblDuplicatesNoRemoved.Caption(), "0");
     EXPECT_EQ(Room.MissingText(), "");
@@ -70,7 +78,7 @@ TEST_F(TrackMatchRoomTest, ALineThatIsNotFoundIsTold) {
     Match("Lark", "Evening");
     Match("Nobody", "Morning");
 
-    EXPECT_TRUE(PlayList.Added.empty());
+    EXPECT_TRUE(Ids().empty());
     EXPECT_EQ(lblDuplicatesNoRemoved.Caption(), "2");
     EXPECT_EQ(Room.MissingText(), "Lark - Evening\r\nNobody - Morning\r\n");
 }
@@ -86,7 +94,7 @@ TEST_F(TrackMatchRoomTest, AGuestOfTheLineMatchesTheRowWithoutTheWord) {
 
     Match("Foo ft. Bar", "Song");
 
-    EXPECT_EQ(PlayList.Ids, Rows{"1"});
+    EXPECT_EQ(Ids(), Rows{"1"});
 }
 
 TEST_F(TrackMatchRoomTest, ARowNameMayBeAPartOfTheLines) {
@@ -94,7 +102,7 @@ TEST_F(TrackMatchRoomTest, ARowNameMayBeAPartOfTheLines) {
 
     Match("Lark & Moor", "Evening Post");
 
-    EXPECT_EQ(PlayList.Ids, Rows{"1"});
+    EXPECT_EQ(Ids(), Rows{"1"});
 }
 
 TEST_F(TrackMatchRoomTest, TheLinesNamesMayNotBeAPartOfTheRows) {
@@ -102,7 +110,7 @@ TEST_F(TrackMatchRoomTest, TheLinesNamesMayNotBeAPartOfTheRows) {
 
     Match("Moor", "Evening");
 
-    EXPECT_TRUE(PlayList.Ids.empty());
+    EXPECT_TRUE(Ids().empty());
 }
 
 TEST_F(TrackMatchRoomTest, TheLettersBeforeTheLinesNamesBelongToThem) {
@@ -110,7 +118,7 @@ TEST_F(TrackMatchRoomTest, TheLettersBeforeTheLinesNamesBelongToThem) {
 
     Match("bba", "old");
 
-    EXPECT_EQ(PlayList.Ids, Rows{"1"});
+    EXPECT_EQ(Ids(), Rows{"1"});
 }
 
 TEST_F(TrackMatchRoomTest, ARowWithoutNamesFitsEveryLine) {
@@ -118,7 +126,7 @@ TEST_F(TrackMatchRoomTest, ARowWithoutNamesFitsEveryLine) {
 
     Match("Anybody", "Anything");
 
-    EXPECT_EQ(PlayList.Ids, Rows{"2"});
+    EXPECT_EQ(Ids(), Rows{"2"});
 }
 
 TEST_F(TrackMatchRoomTest, OfTwoSongsThatFitTheFirstIsTaken) {
@@ -127,7 +135,7 @@ TEST_F(TrackMatchRoomTest, OfTwoSongsThatFitTheFirstIsTaken) {
 
     Match("Lark", "Morning Post");
 
-    EXPECT_EQ(PlayList.Ids, Rows{"7"});
+    EXPECT_EQ(Ids(), Rows{"7"});
 }
 
 TEST_F(TrackMatchRoomTest, SongsThatCameAndWentBetweenLinesCount) {
@@ -149,7 +157,7 @@ TEST_F(TrackMatchRoomTest, SongsThatCameAndWentBetweenLinesCount) {
     Match("Lark", "Morning");
     Match("Lark", "Noon");
 
-    EXPECT_EQ(PlayList.Ids, (Rows{"1", "2", "3", "2"}));
+    EXPECT_EQ(Ids(), (Rows{"1", "2", "3", "2"}));
 }
 
 TEST_F(TrackMatchRoomTest, YieldsOnceALine) {
@@ -168,7 +176,7 @@ TEST_F(TrackMatchRoomTest, ALineThatIsNotThereChangesNothing) {
     Room.SearchTrack(0);
     Room.SearchTrack(-1);
 
-    EXPECT_TRUE(PlayList.Ids.empty());
+    EXPECT_TRUE(Ids().empty());
     EXPECT_EQ(lblFoundNo.Caption(), "0");
     EXPECT_EQ(lblDuplicatesNoRemoved.Caption(), "0");
 }
@@ -272,11 +280,11 @@ TEST_P(RandomTracks, AreMatchedAsByAPlainWalk) {
         const std::string artist = RandomName() + RandomName();
         const std::string title = RandomName() + RandomName();
         const std::optional<std::string> expected = FoundByAPlainWalk(artist, title);
-        PlayList.Ids.clear();
+        const std::size_t added_before = Ids().size();
 
         Match(artist, title);
 
-        ASSERT_EQ(PlayList.Ids, expected ? Rows{*expected} : Rows{})
+        ASSERT_EQ(Ids(added_before), expected ? Rows{*expected} : Rows{})
             << "'" << artist << "' - '" << title << "'";
         if (expected) ++found;
     }

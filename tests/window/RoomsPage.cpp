@@ -83,7 +83,7 @@ struct Section {
     std::vector<Exception> exceptions;
 };
 
-void AddLibraryGroups(const window::LibraryGroups& library, std::vector<Group>& into) {
+void AddLibraryGroups(const library::LibraryControls& library, std::vector<Group>& into) {
     into.insert(into.end(),
                 {With(library.sources, "LibraryListsRoom"), With(library.lists, "LibraryListsRoom"),
                  With(library.playlists, "PlayListRoom"), With(library.search, "SearchRoom"),

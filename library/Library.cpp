@@ -1,0 +1,32 @@
+#include "library/Library.h"
+
+namespace library {
+
+Library::Library(LibraryWindows windows, LibraryState state, store::Stores& stores, LibraryRoles others,
+                 LibraryPorts ports)
+    : lists_(windows.controls.lists,
+             {.lstAddToPlaylist = windows.controls.playlists.lstAddToPlaylist,
+              .lstOpenWith = windows.lstOpenWith},
+             windows.controls.sources, state.ListMaybeChanged, ports.loop, *this,
+             {.start = others.start,
+              .favourites = others.favourites,
+              .history = others.history,
+              .highlights = others.highlights}),
+      playlists_(windows.controls.playlists, windows.menu, windows.controls.sources, lists_, ports.dialogs,
+                 others.highlights),
+      search_(windows.controls.search, windows.menu, windows.controls.sources, lists_, others.highlights),
+      clean_up_(windows.controls.task, windows.menu,
+                {.datSong = windows.controls.sources.datSong, .datHistory = windows.datHistory},
+                state.last_clean_up_age, lists_,
+                {.files = ports.files, .dialogs = ports.dialogs, .loop = ports.loop, .clock = ports.clock}),
+      track_match_(windows.controls.track_import,
+                   {.lblFoundNo = windows.controls.task.lblFoundNo,
+                    .lblDuplicatesNoRemoved = windows.controls.task.lblDuplicatesNoRemoved,
+                    .lblStatus = windows.controls.task.lblStatus},
+                   windows.controls.sources, playlists_, ports.loop),
+      add_media_(windows.add_media, stores, ports.files.ApplicationFolder(), state.Include_Sub_Folders,
+                 others.window, lists_, {.files = ports.files, .dialogs = ports.dialogs, .loop = ports.loop}),
+      opened_(windows.controls.opened, windows.menu, windows.controls.search.cmdAddToLibrary, add_media_,
+              windows.controls.sources, ports.dialogs) {}
+
+}  // namespace library

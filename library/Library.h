@@ -1,0 +1,89 @@
+// The library: owns its rooms and hands out what they answer for other subjects.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "library/AddMediaForm.h"
+#include "library/AddMediaRoom.h"
+#include "library/CleanUpRoom.h"
+#include "library/LibraryControls.h"
+#include "library/LibraryListsRoom.h"
+#include "library/LibraryMenu.h"
+#include "library/OpenedMediaRoom.h"
+#include "library/PlayListRoom.h"
+#include "library/SearchRoom.h"
+#include "library/TrackMatchRoom.h"
+#include "ports/Clock.h"
+#include "ports/Dialogs.h"
+#include "ports/EventLoop.h"
+#include "ports/Files.h"
+#include "roles/Favourites.h"
+#include "roles/Highlights.h"
+#include "roles/History.h"
+#include "roles/MediaIntake.h"
+#include "roles/Start.h"
+#include "roles/TrackLists.h"
+#include "roles/TrackView.h"
+#include "roles/Window.h"
+#include "store/DataSource.h"
+#include "store/Stores.h"
+
+namespace library {
+
+/// The windows that show the library, and what belongs to others and is read or written here.
+struct LibraryWindows {
+    LibraryControls& controls;
+    LibraryMenu& menu;
+    AddMediaForm& add_media;
+    const controls::ListBox& lstOpenWith;  ///< the paths that the program was started with
+    store::DataSource& datHistory;         ///< keeps the date of the last clean-up
+};
+
+struct LibraryState {
+    bool& ListMaybeChanged;  ///< set when the track list is refilled
+    const bool& Include_Sub_Folders;
+    const std::int32_t& last_clean_up_age;
+};
+
+struct LibraryRoles {
+    roles::Start& start;
+    roles::Favourites& favourites;
+    roles::History& history;
+    roles::Highlights& highlights;
+    roles::Window& window;
+};
+
+struct LibraryPorts {
+    ports::Files& files;
+    ports::Dialogs& dialogs;
+    ports::EventLoop& loop;
+    const ports::Clock& clock;
+};
+
+class Library final : private LibraryListener {
+public:
+    Library(LibraryWindows windows, LibraryState state, store::Stores& stores, LibraryRoles others,
+            LibraryPorts ports);
+    Library(const Library&) = delete;
+    Library& operator=(const Library&) = delete;
+
+    roles::TrackLists& Lists() { return lists_; }
+    roles::TrackView& View() { return lists_; }
+    roles::MediaIntake& Intake() { return opened_; }
+
+private:
+    // LibraryListener
+    void OnRemoveKey() override { playlists_.RemoveSelectedSong(); }
+    void OnInitialTrack(std::string_view path) override { opened_.AddMediaFromCommand(path); }
+
+    LibraryListsRoom lists_;
+    PlayListRoom playlists_;
+    SearchRoom search_;
+    CleanUpRoom clean_up_;
+    TrackMatchRoom track_match_;
+    AddMediaRoom add_media_;
+    OpenedMediaRoom opened_;
+};
+
+}  // namespace library
