@@ -53,9 +53,9 @@ struct Neighbours final : roles::Start,
                           roles::History,
                           roles::Highlights,
                           library::LibraryListener,
-                          places::AddressRow,
-                          places::FrontPage,
-                          places::PlayedSongsView {
+                          roles::AddressRow,
+                          roles::FrontPage,
+                          roles::TrackView {
     bool IsLoading() const override { return false; }
     void SetStage(std::string_view) override {}
     void LoadFavs() override {}
@@ -63,7 +63,7 @@ struct Neighbours final : roles::Start,
     bool IsPanelClosed() const override { return true; }
     void TogglePanel() override {}
     void AddSiteToHistory(roles::HistoryKind, std::string_view) override {}
-    void PopulateHistory(roles::HistoryKind kind) override { History->PopulateHistory(roles::TextOf(kind)); }
+    void PopulateHistory(roles::HistoryKind kind) override { History->PopulateHistory(kind); }
     void OnRemoveKey() override {}
     void OnInitialTrack(std::string_view) override {}
     void NoMouseOvers() override {}
@@ -73,16 +73,22 @@ struct Neighbours final : roles::Start,
     void ClearList() override {}
     void AddToList(std::string_view) override {}
     void SetTyped(std::string_view) override {}
-    std::string Mode() const override { return "Web"; }
-    void cmdGo() override {}
-    void PressEnter() override {}
+    bool IsAddressVisible() const override { return true; }
+    roles::AddressMode Mode() const override { return roles::AddressMode::Web; }
+    void ClearStaleAddress() override {}
     void FocusAddress() override {}
     bool IsPageVisible() const override { return false; }
     std::string LocationURL() const override { return {}; }
     std::string LocationName() const override { return {}; }
+    void GoBack() override {}
+    void GoForward() override {}
+    void Refresh() override {}
     void BeginView() override { View->BeginView(); }
     void AddSong(std::string_view song_id, std::string_view artist, std::string_view title) override {
         View->AddSong(song_id, artist, title);
+    }
+    void AddPlayedSong(std::string_view song_id, std::string_view artist, std::string_view title) override {
+        View->AddPlayedSong(song_id, artist, title);
     }
     void EndView() override { View->EndView(); }
 
@@ -191,8 +197,8 @@ struct Program {
     library::SearchRoom SearchRoom{Search, SearchMenu, Sources, ListsRoom, Around};
     library::TrackMatchRoom MatchRoom{
         Import, {lblFoundNo, lblDuplicatesNoRemoved, lblStatus}, Sources, PlayListRoom, Store.Loop()};
-    places::HistoryRoom HistoryRoom{History, HistoryMenu, Sources.datSong, SaveHistory,
-                                    Around,  Around,      Around,          Boxes};
+    places::HistoryRoom HistoryRoom{
+        History, HistoryMenu, Sources.datSong, SaveHistory, {Around, Around, Around}, Boxes};
 };
 
 /// One program at a time: the jobs of one size stand together.
@@ -275,7 +281,8 @@ void AddSiteToHistory(benchmark::State& state) {
     Program& program = ProgramOf(state);
     while (state.KeepRunning()) {
         program.HistoryRoom.AddSiteToHistory(
-            "Web", "https://www.example.org/a page never seen before" + base::ToText(state.iterations()));
+            roles::HistoryKind::Web,
+            "https://www.example.org/a page never seen before" + base::ToText(state.iterations()));
     }
 }
 

@@ -1,7 +1,6 @@
 #include "places/AddFavouriteRoom.h"
 
 #include "base/Text.h"
-#include "places/FavouritesRoom.h"
 #include "store/Key.h"
 #include "store/Tables.h"
 
@@ -18,10 +17,9 @@ bool IsBlank(std::string_view text) {
 
 }  // namespace
 
-AddFavouriteRoom::AddFavouriteRoom(AddFavouriteForm& form, AddFavouriteTargets targets,
-                                   FavouritesLists& lists, FavouritesWindow& window, ports::Dialogs& dialogs,
-                                   ports::EventLoop& events)
-    : form_(form), targets_(targets), lists_(lists), window_(window), dialogs_(dialogs), events_(events) {
+AddFavouriteRoom::AddFavouriteRoom(AddFavouriteForm& form, FavouritesTable table, FavouritesRoom& panel,
+                                   const bool& mainclose, AddFavouriteRoles others, AddFavouritePorts ports)
+    : form_(form), table_(table), panel_(panel), mainclose_(mainclose), others_(others), ports_(ports) {
     ClaimDialog();
 }
 
@@ -48,12 +46,12 @@ void AddFavouriteRoom::SettleAtStart() {
 
 void AddFavouriteRoom::Form_Activate() {
     form_.lstGroup.Clear();
-    events_.Yield();
-    lists_.populatefavs();
+    ports_.loop.Yield();
+    panel_.populatefavs();
 }
 
 void AddFavouriteRoom::Form_QueryUnload(bool& cancel) {
-    if (targets_.mainclose || events_.IsEnding()) return;
+    if (mainclose_ || ports_.loop.IsEnding()) return;
     cancel = true;
     cmdCancel_Click();
 }
@@ -63,7 +61,7 @@ void AddFavouriteRoom::ShowLayout(bool deleting) {
     form_.frmAdd.SetHeight(deleting ? kDeleteHeight : kAddHeight);
     form_.cmdCancel2.SetVisible(deleting);
     form_.cmdDelete2.SetVisible(deleting);
-    targets_.frmBrowser.SetEnabled(false);
+    others_.window.SetEnabled(false);
     form_.frmAdd.SetCaption(deleting ? "Delete Group" : "Add Favourite");
 }
 
@@ -105,9 +103,9 @@ void AddFavouriteRoom::lstGroup_KeyDown(int key_code) {
 // The number follows the one that the panel last read, not the last row: in a table that was emptied the
 // numbers go on.
 void AddFavouriteRoom::AddRow(std::string_view group, std::string_view name, std::string_view address) {
-    store::RecordSet& rows = targets_.datFav.Recordset();
+    store::RecordSet& rows = table_.datFav.Recordset();
     rows.AddNew();
-    rows.Set(store::tblFavs::ID, store::KeyAfter(targets_.lblEntryCount.Caption()));
+    rows.Set(store::tblFavs::ID, store::KeyAfter(table_.lblEntryCount.Caption()));
     rows.Update();
     rows.MoveLast();
     rows.Edit();
@@ -119,27 +117,27 @@ void AddFavouriteRoom::AddRow(std::string_view group, std::string_view name, std
 
 void AddFavouriteRoom::cmdAdd_Click() {
     if (IsBlank(form_.txtName.Text()) || IsBlank(form_.lstGroup.Text()) || IsBlank(form_.txtURL.Text())) {
-        dialogs_.MsgBox("Please select a group, name and URL");
+        ports_.dialogs.MsgBox("Please select a group, name and URL");
         return;
     }
     AddRow(form_.lstGroup.Text(), std::string(kFavouritePrefix).append(form_.txtName.Text()),
            form_.txtURL.Text());
-    window_.Command1();
-    targets_.frmBrowser.Show();
-    lists_.lstFavs_Click();
-    targets_.frmBrowser.SetEnabled(true);
+    others_.lists.Command1();
+    others_.window.Show();
+    panel_.lstFavs_Click();
+    others_.window.SetEnabled(true);
     form_.frmAdd.Hide();
-    lists_.ClearFavourites();
-    lists_.populatefavs();
+    panel_.ClearFavourites();
+    panel_.populatefavs();
 }
 
 void AddFavouriteRoom::cmdNew_Click() {
     const std::string group =
-        dialogs_.InputBox("What would you like to call the new group?", "New Group", "New_Group");
+        ports_.dialogs.InputBox("What would you like to call the new group?", "New Group", "New_Group");
     if (IsBlank(group)) return;
     AddRow(group, kBlank, kBlank);
-    window_.Command1();
-    lists_.lstFavs_Click();
+    others_.lists.Command1();
+    panel_.lstFavs_Click();
     form_.lstGroup.AddItem(group);
 }
 
@@ -147,12 +145,12 @@ void AddFavouriteRoom::cmdDelete_Click() {
     const std::string group(form_.lstGroup.Text());
     if (group.empty()) return;
     if (group == kHomePages) {
-        dialogs_.MsgBox("You can not delete this favourites group.");
+        ports_.dialogs.MsgBox("You can not delete this favourites group.");
         return;
     }
-    if (dialogs_.MsgBox("Are you sure you want to delete this group of favourites?\r\n"
-                        "All the favourites in the group will also be lost.",
-                        ports::BoxButtons::YesNo, "Delete Group") != ports::BoxAnswer::Yes) {
+    if (ports_.dialogs.MsgBox("Are you sure you want to delete this group of favourites?\r\n"
+                              "All the favourites in the group will also be lost.",
+                              ports::BoxButtons::YesNo, "Delete Group") != ports::BoxAnswer::Yes) {
         return;
     }
     DeleteGroup(group);
@@ -161,17 +159,17 @@ void AddFavouriteRoom::cmdDelete_Click() {
 
 // The record set stays the favourites': the new record source takes effect at no refresh.
 void AddFavouriteRoom::DeleteGroup(const std::string& group) {
-    targets_.datFav.SetRecordSource(store::kFavouritesToDelete);
-    store::RecordSet& rows = targets_.datFav.Recordset();
+    table_.datFav.SetRecordSource(store::kFavouritesToDelete);
+    store::RecordSet& rows = table_.datFav.Recordset();
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         if (rows.Text(store::tblFavs::GroupName) == group) rows.Delete();
     }
 }
 
 void AddFavouriteRoom::cmdCancel_Click() {
-    targets_.frmBrowser.Show();
-    targets_.frmBrowser.SetEnabled(true);
-    lists_.lstFavs_Click();
+    others_.window.Show();
+    others_.window.SetEnabled(true);
+    panel_.lstFavs_Click();
     form_.frmAdd.Hide();
 }
 

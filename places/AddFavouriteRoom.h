@@ -1,4 +1,4 @@
-// The dialog of the favourites. While it is open the main window is disabled, which stands in for a modal
+// The dialog of the favourites. While it is open the main window is disabled, which replaces a modal
 // dialog; it is hidden, never unloaded, until the program ends.
 #pragma once
 
@@ -9,25 +9,36 @@
 #include "controls/Form.h"
 #include "controls/Label.h"
 #include "places/AddFavouriteForm.h"
-#include "places/Outgoing.h"
+#include "places/FavouritesRoom.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
+#include "roles/TrackLists.h"
+#include "roles/Window.h"
 #include "store/DataSource.h"
 
 namespace places {
 
-/// What the dialog reads and writes outside of itself.
-struct AddFavouriteTargets {
-    controls::Form& frmBrowser;
+/// The table that the dialog adds to and deletes from.
+struct FavouritesTable {
     store::DataSource& datFav;
-    const controls::Label& lblEntryCount;
-    const bool& mainclose;  ///< the program ends: the window may unload
+    const controls::Label& lblEntryCount;  ///< the number of the last row
+};
+
+struct AddFavouriteRoles {
+    roles::Window& window;
+    roles::TrackLists& lists;
+};
+
+struct AddFavouritePorts {
+    ports::Dialogs& dialogs;
+    ports::EventLoop& loop;
 };
 
 class AddFavouriteRoom final : public FavouritesDialog {
 public:
-    AddFavouriteRoom(AddFavouriteForm& form, AddFavouriteTargets targets, FavouritesLists& lists,
-                     FavouritesWindow& window, ports::Dialogs& dialogs, ports::EventLoop& events);
+    /// The panel may be built after the dialog. `mainclose`: the program ends, the window may unload.
+    AddFavouriteRoom(AddFavouriteForm& form, FavouritesTable table, FavouritesRoom& panel,
+                     const bool& mainclose, AddFavouriteRoles others, AddFavouritePorts ports);
 
     /// What opening and cancelling the dialog does, without showing it: the start's way to fill the panel.
     void SettleAtStart();
@@ -56,11 +67,11 @@ private:
     void DeleteGroup(const std::string& group);
 
     AddFavouriteForm& form_;
-    AddFavouriteTargets targets_;
-    FavouritesLists& lists_;
-    FavouritesWindow& window_;
-    ports::Dialogs& dialogs_;
-    ports::EventLoop& events_;
+    FavouritesTable table_;
+    FavouritesRoom& panel_;
+    const bool& mainclose_;
+    AddFavouriteRoles others_;
+    AddFavouritePorts ports_;
     controls::EventClaims claims_;
 };
 

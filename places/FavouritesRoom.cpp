@@ -35,16 +35,16 @@ bool IsPageFile(std::string_view path) {
 
 }  // namespace
 
-FavouritesRoom::FavouritesRoom(FavouritesControls& controls, FavouritesMenu& menu,
-                               FavouritesNeighbours neighbours, ports::Dialogs& dialogs)
-    : controls_(controls), neighbours_(neighbours), dialogs_(dialogs) {
+FavouritesRoom::FavouritesRoom(FavouritesControls& controls, FavouritesMenu& menu, FavouritesDialog& dialog,
+                               FavouritesRoles others, ports::Dialogs& dialogs)
+    : controls_(controls), dialog_(dialog), others_(others), dialogs_(dialogs) {
     ClaimPanel();
     ClaimMenu(menu);
 }
 
 void FavouritesRoom::ClaimPanel() {
     FavouritesControls& panel = controls_;
-    const auto hide_twins = [this](int, int, double, double) { neighbours_.window.NoMouseOvers(); };
+    const auto hide_twins = [this](int, int, double, double) { others_.highlights.NoMouseOvers(); };
     const auto take_drop = [this](const controls::DropData& data, double, double) { List_OLEDragDrop(data); };
     claims_.Claim(panel.cmdFavs.Click, [this] { cmdFavs_Click(); });
     claims_.Claim(panel.cmdFavs.MouseMove, hide_twins);
@@ -95,7 +95,7 @@ void FavouritesRoom::populatefavs() {
     controls_.lstFavsAlt.AddItem(kGroupsLine);
     controls_.lstTest.Clear();
     controls_.lstFavs2.Clear();
-    neighbours_.dialog.ClearGroups();
+    dialog_.ClearGroups();
     controls_.datFav.Open(store::kAllFavourites);
     store::RecordSet& rows = controls_.datFav.Recordset();
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
@@ -108,7 +108,7 @@ void FavouritesRoom::populatefavs() {
     }
     for (int i = 0; i < controls_.lstTest.ListCount(); ++i) {
         controls_.lstFavs.AddItem(controls_.lstTest.List(i));
-        neighbours_.dialog.AddGroup(controls_.lstTest.List(i));
+        dialog_.AddGroup(controls_.lstTest.List(i));
     }
 }
 
@@ -175,15 +175,14 @@ std::vector<std::string> FavouritesRoom::AddressesOf(std::string_view line) {
 
 void FavouritesRoom::PrepareAddress(const std::string& line) {
     for (const std::string& address : AddressesOf(line)) {
-        neighbours_.address.SetAddress(address);
-        neighbours_.address.SetTyped(address);
+        others_.address.SetAddress(address);
+        others_.address.SetTyped(address);
     }
 }
 
 void FavouritesRoom::GoTo(const std::string& line) {
     for (const std::string& address : AddressesOf(line)) {
-        neighbours_.address.SetAddress(address);
-        neighbours_.address.cmdGo();
+        others_.opener.OpenTab(address);
     }
 }
 
@@ -207,16 +206,15 @@ void FavouritesRoom::lstFavsAlt_DblClick() {
 
 void FavouritesRoom::lstFavsAlt_KeyDown(int key_code, int shift) {
     if (key_code != controls::kKeyEnter) {
-        neighbours_.window.KeyDown(key_code, shift);
+        others_.keys.KeyDown(key_code, shift);
         return;
     }
-    neighbours_.address.SetAddress(controls_.lstFavsAlt.Text());
-    neighbours_.address.PressEnter();
+    others_.opener.Enter(controls_.lstFavsAlt.Text());
 }
 
 void FavouritesRoom::List_OLEDragDrop(const controls::DropData& data) {
     for (const std::string& path : data.Files) {
-        if (IsPageFile(path)) neighbours_.dialog.OfferAddress(path);
+        if (IsPageFile(path)) dialog_.OfferAddress(path);
     }
 }
 
@@ -224,7 +222,7 @@ void FavouritesRoom::SwitchList() {
     favs_alt_shown_ = !controls_.lstFavsAlt.Visible();
     controls_.lstFavsAlt.SetVisible(favs_alt_shown_);
     controls_.lstFavs.SetVisible(!favs_alt_shown_);
-    neighbours_.address.FocusAddress();
+    others_.address.FocusAddress();
 }
 
 void FavouritesRoom::imgViewOver_Click() {
@@ -238,17 +236,21 @@ void FavouritesRoom::ShowFavs(bool shown) {
     controls_.lstFavsAlt.SetVisible(shown && favs_alt_shown_);
 }
 
+bool FavouritesRoom::IsPanelClosed() const {
+    return controls_.cmdFavs.Caption() == kClosed;
+}
+
 void FavouritesRoom::cmdFavs_Click() {
-    if (controls_.cmdFavs.Caption() == kClosed) {
+    if (IsPanelClosed()) {
         OpenPanel();
     } else {
         ClosePanel();
     }
-    neighbours_.window.Form_Resize();
+    others_.layout.Form_Resize();
 }
 
 void FavouritesRoom::OpenPanel() {
-    if (neighbours_.window.IsVideoAttached()) neighbours_.window.ShowVideoPane();
+    if (others_.video.IsVideoAttached()) others_.video.ShowPane();
     controls_.cmdFavs.SetCaption(kOpen);
     controls_.cmdFavs.SetLeft(kOpenLeft);
     ShowFavs(true);
@@ -257,16 +259,16 @@ void FavouritesRoom::OpenPanel() {
 void FavouritesRoom::ClosePanel() {
     controls_.cmdFavs.SetCaption(kClosed);
     controls_.cmdFavs.SetLeft(kClosedLeft);
-    neighbours_.window.HideVideoPane();
+    others_.video.ClosePane();
     ShowFavs(false);
 }
 
 void FavouritesRoom::mnuViewFavs_Click() {
-    if (controls_.cmdFavs.Caption() == kClosed) cmdFavs_Click();
+    if (IsPanelClosed()) cmdFavs_Click();
 }
 
 void FavouritesRoom::imgAddOver_Click() {
-    neighbours_.dialog.OpenToAdd(neighbours_.page.LocationName(), neighbours_.page.LocationURL());
+    dialog_.OpenToAdd(others_.page.LocationName(), others_.page.LocationURL());
 }
 
 void FavouritesRoom::imgdeleteover_Click() {
@@ -275,7 +277,7 @@ void FavouritesRoom::imgdeleteover_Click() {
     } else {
         DeleteFavGroup();
     }
-    neighbours_.address.FocusAddress();
+    others_.address.FocusAddress();
 }
 
 // Both lists must have a selection, though only one of them shows: the image is the everyday way.
@@ -288,7 +290,7 @@ void FavouritesRoom::mnuRemoveFav_Click() {
 }
 
 void FavouritesRoom::DeleteFavGroup() {
-    neighbours_.dialog.OpenToDelete();
+    dialog_.OpenToDelete();
 }
 
 void FavouritesRoom::DeleteFav() {

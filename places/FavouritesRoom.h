@@ -11,39 +11,68 @@
 
 #include "controls/Event.h"
 #include "places/FavouritesControls.h"
-#include "places/Outgoing.h"
 #include "places/PlacesMenu.h"
 #include "ports/Dialogs.h"
+#include "roles/AddressRow.h"
+#include "roles/FrontPage.h"
+#include "roles/Highlights.h"
+#include "roles/Layout.h"
+#include "roles/MediaKeys.h"
+#include "roles/PageOpener.h"
+#include "roles/VideoPane.h"
 
 namespace places {
 
-/// What stands in front of a favourite's name, in the table and in the lists.
+/// What comes before a favourite's name, in the table and in the lists.
 inline constexpr std::string_view kFavouritePrefix = "  - ";
 
-/// What the panel asks of others.
-struct FavouritesNeighbours {
-    AddressRow& address;
-    FrontPage& page;
-    FavouritesWindow& window;
-    FavouritesDialog& dialog;
+/// The dialog of the favourites, as the panel uses it. Why: the dialog uses the panel, too.
+class FavouritesDialog {
+public:
+    virtual ~FavouritesDialog() = default;
+    /// The Add layout, filled in for a page.
+    virtual void OpenToAdd(std::string_view name, std::string_view address) = 0;
+    /// The layout that deletes groups.
+    virtual void OpenToDelete() = 0;
+    /// Shows the dialog as it last was, with this address.
+    virtual void OfferAddress(std::string_view address) = 0;
+    /// The groups to choose from.
+    virtual void ClearGroups() = 0;
+    virtual void AddGroup(std::string_view name) = 0;
 };
 
-class FavouritesRoom final : public FavouritesLists {
+/// What the panel asks of other subjects.
+struct FavouritesRoles {
+    roles::AddressRow& address;
+    roles::PageOpener& opener;
+    const roles::FrontPage& page;
+    roles::Layout& layout;
+    roles::VideoPane& video;
+    roles::Highlights& highlights;
+    roles::MediaKeys& keys;
+};
+
+class FavouritesRoom final {
 public:
-    FavouritesRoom(FavouritesControls& controls, FavouritesMenu& menu, FavouritesNeighbours neighbours,
-                   ports::Dialogs& dialogs);
+    FavouritesRoom(FavouritesControls& controls, FavouritesMenu& menu, FavouritesDialog& dialog,
+                   FavouritesRoles others, ports::Dialogs& dialogs);
 
     /// Reads the number of the last row; an empty table leaves the old one.
     void LoadFavs();
+    /// `cmdFavs` shows ">".
+    bool IsPanelClosed() const;
+    /// The click of `cmdFavs`.
+    void TogglePanel() { cmdFavs_Click(); }
     /// Shows or hides the panel; `cmdFavs` stays as it is.
     void ShowFavs(bool shown);
     void DeleteFav();
     void DeleteFavGroup();
-
-    // FavouritesLists
-    void populatefavs() override;
-    void lstFavs_Click() override;
-    void ClearFavourites() override { controls_.lstFavs.Clear(); }
+    /// Fills the lists of groups and of all favourites, and the dialog's groups, from the table.
+    void populatefavs();
+    /// The click of `lstFavs`: opens the selected group, closes all of them without a selection.
+    void lstFavs_Click();
+    /// Empties `lstFavs`.
+    void ClearFavourites() { controls_.lstFavs.Clear(); }
 
 private:
     void cmdFavs_Click();
@@ -71,7 +100,8 @@ private:
     void PickRowsOf(std::string_view group);
 
     FavouritesControls& controls_;
-    FavouritesNeighbours neighbours_;
+    FavouritesDialog& dialog_;
+    FavouritesRoles others_;
     ports::Dialogs& dialogs_;
     bool favs_alt_shown_ = false;  // outlasts the closing of the panel
     controls::EventClaims claims_;

@@ -13,35 +13,34 @@
 namespace places {
 namespace {
 
+using roles::HistoryKind;
+
 constexpr std::size_t kLongestPlayedView = 20;
 constexpr std::int64_t kLastNumber = std::numeric_limits<std::int16_t>::max();
 
 }  // namespace
 
 HistoryRoom::HistoryRoom(HistoryControls& controls, HistoryMenu& menu, store::DataSource& datSong,
-                         const bool& save_history, AddressRow& address, const FrontPage& page,
-                         PlayedSongsView& played, ports::Dialogs& dialogs)
+                         const bool& Save_History, HistoryRoles others, ports::Dialogs& dialogs)
     : controls_(controls),
       dat_song_(datSong),
-      save_history_(save_history),
-      address_(address),
-      page_(page),
-      played_(played),
+      Save_History_(Save_History),
+      others_(others),
       dialogs_(dialogs) {
     claims_.Claim(menu.mnuHistory.Click, [this] { mnuHistory_Click(); });
 }
 
-void HistoryRoom::AddSiteToHistory(std::string_view kind, std::string_view text) {
+void HistoryRoom::AddSiteToHistory(roles::HistoryKind kind, std::string_view text) {
     if (!IsWanted(kind, text)) return;
     if (!controls_.datHistory.Open(store::kAllHistory)) return;
-    const bool is_there = kind == kMusicHistory ? WasPlayedLast(text) : IsKnown(text);
+    const bool is_there = kind == HistoryKind::Music ? WasPlayedLast(text) : IsKnown(text);
     if (!is_there) Append(kind, text);
 }
 
-bool HistoryRoom::IsWanted(std::string_view kind, std::string_view text) const {
-    if (kind == kMusicHistory) return true;
-    if (!save_history_) return false;
-    if (kind != "Web" && base::Trim(address_.Address()).empty()) return false;
+bool HistoryRoom::IsWanted(roles::HistoryKind kind, std::string_view text) const {
+    if (kind == HistoryKind::Music) return true;
+    if (!Save_History_) return false;
+    if (kind != HistoryKind::Web && base::Trim(others_.address.Address()).empty()) return false;
     return !base::Trim(text).empty();
 }
 
@@ -56,13 +55,13 @@ bool HistoryRoom::IsKnown(std::string_view text) {
 bool HistoryRoom::WasPlayedLast(std::string_view path) {
     store::RecordSet& rows = controls_.datHistory.Recordset();
     for (rows.MoveLast(); !rows.Bof(); rows.MovePrevious()) {
-        if (rows.Text(store::tblHistory::HistoryType) != kMusicHistory) continue;
+        if (rows.Text(store::tblHistory::HistoryType) != TextOf(HistoryKind::Music)) continue;
         return base::EqualIgnoringCase(rows.Text(store::tblHistory::HistoryText), path);
     }
     return false;
 }
 
-void HistoryRoom::Append(std::string_view kind, std::string_view text) {
+void HistoryRoom::Append(roles::HistoryKind kind, std::string_view text) {
     store::RecordSet& rows = controls_.datHistory.Recordset();
     rows.MoveLast();
     const std::int64_t number = std::min(base::OneMore(store::HistoryNumber(rows)), kLastNumber);
@@ -71,51 +70,52 @@ void HistoryRoom::Append(std::string_view kind, std::string_view text) {
     rows.Update();
     rows.MoveLast();
     rows.Edit();
-    rows.Set(store::tblHistory::HistoryType, kind);
+    rows.Set(store::tblHistory::HistoryType, TextOf(kind));
     rows.Set(store::tblHistory::HistoryText, text);
     rows.Update();
 }
 
-void HistoryRoom::PopulateHistory(std::string_view kind) {
-    if (kind == kMusicHistory) {
+void HistoryRoom::PopulateHistory(roles::HistoryKind kind) {
+    if (kind == HistoryKind::Music) {
         ShowLastPlayed();
     } else {
         ShowKind(kind);
     }
 }
 
-void HistoryRoom::ShowKind(std::string_view kind) {
+void HistoryRoom::ShowKind(roles::HistoryKind kind) {
     controls_.datHistory.Open(store::kAllHistory);
     dat_song_.Open(store::kAllSongs);
-    address_.SetAddress("");
-    address_.ClearList();
+    others_.address.SetAddress("");
+    others_.address.ClearList();
     store::RecordSet& rows = controls_.datHistory.Recordset();
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-        if (rows.Text(store::tblHistory::HistoryType) != kind) continue;
-        address_.AddToList(rows.Text(store::tblHistory::HistoryText));
+        if (rows.Text(store::tblHistory::HistoryType) != TextOf(kind)) continue;
+        others_.address.AddToList(rows.Text(store::tblHistory::HistoryText));
     }
-    if (address_.Mode() == "Web" && page_.IsPageVisible()) address_.SetTyped(page_.LocationURL());
+    if (others_.address.Mode() == roles::AddressMode::Web && others_.page.IsPageVisible())
+        others_.address.SetTyped(others_.page.LocationURL());
 }
 
 // A song that left the library keeps its place in the count: it shortens the view and lets no older song in.
 void HistoryRoom::ShowLastPlayed() {
-    played_.BeginView();
+    others_.played.BeginView();
     controls_.datHistory.Open(store::kAllHistory);
     dat_song_.Open(store::kAllSongs);
     store::RecordSet& songs = dat_song_.Recordset();
     for (const auto& song : store::FirstRowsWith(songs, store::tblSong::FilePath, LastPlayedPaths())) {
         if (!song || !songs.MoveTo(*song)) continue;
-        played_.AddSong(songs.Text(store::tblSong::SongID), songs.Text(store::tblSong::artist),
-                        songs.Text(store::tblSong::title));
+        others_.played.AddPlayedSong(songs.Text(store::tblSong::SongID), songs.Text(store::tblSong::artist),
+                                     songs.Text(store::tblSong::title));
     }
-    played_.EndView();
+    others_.played.EndView();
 }
 
 std::vector<std::string> HistoryRoom::LastPlayedPaths() {
     store::RecordSet& rows = controls_.datHistory.Recordset();
     std::vector<std::string> paths;
     for (rows.MoveLast(); !rows.Bof() && paths.size() < kLongestPlayedView; rows.MovePrevious()) {
-        if (rows.Text(store::tblHistory::HistoryType) != kMusicHistory) continue;
+        if (rows.Text(store::tblHistory::HistoryType) != TextOf(HistoryKind::Music)) continue;
         paths.emplace_back(rows.Text(store::tblHistory::HistoryText));
     }
     return paths;
@@ -128,7 +128,7 @@ void HistoryRoom::mnuHistory_Click() {
         return;
     }
     DeleteAll();
-    address_.ClearList();
+    others_.address.ClearList();
 }
 
 void HistoryRoom::DeleteAll() {

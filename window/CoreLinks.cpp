@@ -7,15 +7,15 @@ void CoreLinks::Command1() {
 }
 
 void CoreLinks::PopulateHistory(std::string_view kind) {
-    Room().history->PopulateHistory(kind);
+    Room().places->History().PopulateHistory(roles::HistoryKindOf(roles::AddressModeOf(kind)));
 }
 
 void CoreLinks::TogglePanel() {
-    Window().favourites.cmdFavs.Click.Raise();
+    Room().places->Favourites().TogglePanel();
 }
 
 void CoreLinks::SettleFavourites() {
-    Room().add_favourite->SettleAtStart();
+    Room().places->Favourites().SettleAtStart();
 }
 
 int CoreLinks::TabCount() const {

@@ -7,9 +7,7 @@
 #include <string>
 
 #include "library/Library.h"
-#include "places/AddFavouriteRoom.h"
-#include "places/FavouritesRoom.h"
-#include "places/HistoryRoom.h"
+#include "places/Places.h"
 #include "player/MediaWatch.h"
 #include "player/Player.h"
 #include "ports/Clock.h"
@@ -88,10 +86,8 @@ struct Rooms {
     std::optional<player::Player> player;
     std::optional<RemoteRoom> remote;
     std::optional<library::Library> library;
-    std::optional<places::HistoryRoom> history;
-    std::optional<places::AddFavouriteRoom> add_favourite;
-    std::optional<places::FavouritesRoom> favourites;
     std::optional<web::Web> web;
+    std::optional<places::Places> places;
     std::optional<ViewRoom> view;
     std::optional<BrowserLayout> layout;
     std::optional<session::MediaKeys> keys;

@@ -11,27 +11,27 @@ void LibraryLinks::SetStage(std::string_view stage) {
 }
 
 void LibraryLinks::LoadFavs() {
-    desk_.rooms.favourites->LoadFavs();
+    desk_.rooms.places->Favourites().LoadFavs();
 }
 
 void LibraryLinks::SettleAtStart() {
-    desk_.rooms.add_favourite->SettleAtStart();
+    desk_.rooms.places->Favourites().SettleAtStart();
 }
 
 bool LibraryLinks::IsPanelClosed() const {
-    return desk_.windows.frmBrowser.favourites.cmdFavs.Caption() == ">";
+    return desk_.rooms.places->Favourites().IsPanelClosed();
 }
 
 void LibraryLinks::TogglePanel() {
-    desk_.windows.frmBrowser.favourites.cmdFavs.Click.Raise();
+    desk_.rooms.places->Favourites().TogglePanel();
 }
 
 void LibraryLinks::AddSiteToHistory(roles::HistoryKind kind, std::string_view text) {
-    desk_.rooms.history->AddSiteToHistory(roles::TextOf(kind), text);
+    desk_.rooms.places->History().AddSiteToHistory(kind, text);
 }
 
 void LibraryLinks::PopulateHistory(roles::HistoryKind kind) {
-    desk_.rooms.history->PopulateHistory(roles::TextOf(kind));
+    desk_.rooms.places->History().PopulateHistory(kind);
 }
 
 void LibraryLinks::NoMouseOvers() {

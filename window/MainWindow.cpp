@@ -46,8 +46,8 @@ MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, 
     BuildGround();
     BuildPlayer();
     BuildLibrary();
-    BuildWebData();
     BuildWeb();
+    BuildPlaces();
     BuildSession(command);
     claims_.Claim(windows.frmBrowser.Unload, [this](bool&) { frmBrowser_Unload(); });
 }
@@ -118,22 +118,29 @@ std::string MainWindow::StorePath(std::string_view file) const {
     return desk_.ports.files.ApplicationFolder().append(file);
 }
 
-void MainWindow::BuildWebData() {
+void MainWindow::BuildPlaces() {
     BrowserForm& window = desk_.windows.frmBrowser;
-    Rooms& rooms = desk_.rooms;
-    rooms.history.emplace(desk_.windows.history, window.menus, window.library.sources.datSong,
-                          desk_.state.options.Save_History, web_data_links_, web_data_links_, web_data_links_,
-                          desk_.ports.dialogs);
-    // Dialog and panel use each other; the dialog reaches the panel through its own link.
-    rooms.add_favourite.emplace(
-        desk_.windows.add,
-        places::AddFavouriteTargets{window, window.favourites.datFav, window.favourites.lblEntryCount,
-                                    desk_.state.session.mainclose},
-        web_data_links_, web_data_links_, desk_.ports.dialogs, desk_.ports.events);
-    rooms.favourites.emplace(
-        window.favourites, window.menus,
-        places::FavouritesNeighbours{web_data_links_, web_data_links_, web_data_links_, *rooms.add_favourite},
-        desk_.ports.dialogs);
+    library::Library& library = *desk_.rooms.library;
+    web::Web& web = *desk_.rooms.web;
+    desk_.rooms.places.emplace(
+        places::PlacesWindows{.favourites = window.favourites,
+                              .history = desk_.windows.history,
+                              .menu = window.menus,
+                              .add = desk_.windows.add,
+                              .datSong = window.library.sources.datSong},
+        places::PlacesState{.Save_History = desk_.state.options.Save_History,
+                            .mainclose = desk_.state.session.mainclose},
+        places::PlacesRoles{.address = web.Address(),
+                            .opener = web.Opener(),
+                            .page = web.Front(),
+                            .lists = library.Lists(),
+                            .played = library.View(),
+                            .layout = web_links_,
+                            .video = web_data_links_,
+                            .highlights = web_links_,
+                            .keys = web_links_,
+                            .window = *desk_.rooms.window},
+        places::PlacesPorts{.dialogs = desk_.ports.dialogs, .loop = desk_.ports.events});
 }
 
 void MainWindow::BuildWeb() {

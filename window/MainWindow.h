@@ -40,7 +40,7 @@ private:
     void BuildGround();
     void BuildPlayer();
     void BuildLibrary();
-    void BuildWebData();
+    void BuildPlaces();
     void BuildWeb();
     void BuildSession(std::string_view command);
     std::string StorePath(std::string_view file) const;

@@ -25,8 +25,8 @@ std::string PlayerLinks::SongPathFromId(std::int64_t song_id) {
     return store::SongPathFromId(Window().library.sources.datSong, std::to_string(song_id));
 }
 
-void PlayerLinks::AddSiteToHistory(std::string_view kind, std::string_view text) {
-    desk_.rooms.history->AddSiteToHistory(kind, text);
+void PlayerLinks::AddSiteToHistory(std::string_view /*kind*/, std::string_view text) {
+    desk_.rooms.places->History().AddSiteToHistory(roles::HistoryKind::Music, text);
 }
 
 void PlayerLinks::SendNowPlaying(std::string_view first, std::string_view second, std::string_view third,
@@ -110,11 +110,11 @@ bool PlayerLinks::IsLoading() const {
 }
 
 bool PlayerLinks::IsFavouritesPanelClosed() const {
-    return Window().favourites.cmdFavs.Caption() == ">";
+    return desk_.rooms.places->Favourites().IsPanelClosed();
 }
 
 void PlayerLinks::cmdFavs_Click() {
-    Window().favourites.cmdFavs.Click.Raise();
+    desk_.rooms.places->Favourites().TogglePanel();
 }
 
 bool PlayerLinks::IsPlayerStopped() const {

@@ -219,11 +219,11 @@ void WebLinks::CueFile(std::string_view path, std::string_view title) {
 }
 
 void WebLinks::AddSiteToHistory(roles::HistoryKind kind, std::string_view text) {
-    Room().history->AddSiteToHistory(roles::TextOf(kind), text);
+    Room().places->History().AddSiteToHistory(kind, text);
 }
 
 void WebLinks::PopulateHistory(roles::HistoryKind kind) {
-    Room().history->PopulateHistory(roles::TextOf(kind));
+    Room().places->History().PopulateHistory(kind);
 }
 
 bool WebLinks::IsLoading() const {

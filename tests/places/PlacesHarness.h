@@ -11,6 +11,7 @@
 #include "controls/ListBox.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
+#include "fakes/NullWindow.h"
 #include "fakes/SeededStores.h"
 #include "places/AddFavouriteRoom.h"
 #include "places/FavouritesRoom.h"
@@ -29,7 +30,7 @@ inline Texts RowsOf(const controls::ListBox& list) {
     return rows;
 }
 
-class RecordingAddressRow final : public places::AddressRow {
+class RecordingAddressRow final : public roles::AddressRow {
 public:
     std::string Address() const override { return Text; }
     void SetAddress(std::string_view text) override { Text = text; }
@@ -39,39 +40,52 @@ public:
     }
     void AddToList(std::string_view text) override { List.emplace_back(text); }
     void SetTyped(std::string_view text) override { Typed = text; }
-    std::string Mode() const override { return Type; }
-    void cmdGo() override { WentTo.push_back(Text); }
-    void PressEnter() override { Entered.push_back(Text); }
+    bool IsAddressVisible() const override { return true; }
+    roles::AddressMode Mode() const override { return Type; }
+    void ClearStaleAddress() override {}
     void FocusAddress() override { ++Focuses; }
 
     std::string Text;
     std::string Typed;
-    std::string Type;
+    roles::AddressMode Type = roles::AddressMode::None;
     Texts List;
-    Texts WentTo;
-    Texts Entered;
     int Clears = 0;
     int Focuses = 0;
 };
 
-class FakeFrontPage final : public places::FrontPage {
+class RecordingPageOpener final : public roles::PageOpener {
+public:
+    void OpenTab(std::string_view address) override { WentTo.emplace_back(address); }
+    void Enter(std::string_view text) override { Entered.emplace_back(text); }
+
+    Texts WentTo;
+    Texts Entered;
+};
+
+class FakeFrontPage final : public roles::FrontPage {
 public:
     bool IsPageVisible() const override { return Shown; }
     std::string LocationURL() const override { return Url; }
     std::string LocationName() const override { return Title; }
+    void GoBack() override {}
+    void GoForward() override {}
+    void Refresh() override {}
 
     bool Shown = false;
     std::string Url;
     std::string Title;
 };
 
-class RecordingPlayedSongs final : public places::PlayedSongsView {
+class RecordingPlayedSongs final : public roles::TrackView {
 public:
     void BeginView() override {
         Songs.clear();
         Log.emplace_back("begin");
     }
-    void AddSong(std::string_view song_id, std::string_view artist, std::string_view title) override {
+    void AddSong(std::string_view, std::string_view, std::string_view) override {
+        Log.emplace_back("a song that was not played");
+    }
+    void AddPlayedSong(std::string_view song_id, std::string_view artist, std::string_view title) override {
         Songs.push_back(std::string(song_id).append("|").append(artist).append(" - ").append(title));
     }
     void EndView() override { Log.emplace_back("end"); }
@@ -80,45 +94,51 @@ public:
     Texts Log;
 };
 
-class RecordingWindow final : public places::FavouritesWindow {
+/// What is around the panel.
+class RecordingWindow final : public roles::Layout,
+                              public roles::VideoPane,
+                              public roles::Highlights,
+                              public roles::MediaKeys,
+                              public roles::TrackLists {
 public:
     void Form_Resize() override { Log.emplace_back("Form_Resize"); }
+    void PlaceBelowSplitter() override { Log.emplace_back("PlaceBelowSplitter"); }
+    void PlaceFavouritesPanel() override { Log.emplace_back("PlaceFavouritesPanel"); }
     void NoMouseOvers() override { Log.emplace_back("NoMouseOvers"); }
     void KeyDown(int key_code, int shift) override {
         Log.push_back("KeyDown " + base::ToText(key_code) + " " + base::ToText(shift));
     }
     bool IsVideoAttached() const override { return VideoAttached; }
-    void ShowVideoPane() override { Log.emplace_back("ShowVideoPane"); }
-    void HideVideoPane() override { Log.emplace_back("HideVideoPane"); }
+    void ShowPane() override { Log.emplace_back("ShowPane"); }
+    void ClosePane() override { Log.emplace_back("ClosePane"); }
     void Command1() override {
         Log.emplace_back("Command1");
         if (LoadFavs) LoadFavs();
     }
+
+    void FollowMainWindow() override { Log.emplace_back("FollowMainWindow"); }
+    void RefillIfEmpty() override { Log.emplace_back("RefillIfEmpty"); }
 
     bool VideoAttached = false;
     std::function<void()> LoadFavs;
     Texts Log;
 };
 
-/// The dialog as the panel is given it, before the dialog's room is there.
-class LateDialog final : public places::FavouritesDialog {
+/// The main window, as far as the dialog uses it.
+class FormWindow final : public fakes::NullWindow {
 public:
-    void OpenToAdd(std::string_view name, std::string_view address) override {
-        Room->OpenToAdd(name, address);
-    }
-    void OpenToDelete() override { Room->OpenToDelete(); }
-    void OfferAddress(std::string_view address) override { Room->OfferAddress(address); }
-    void ClearGroups() override { Room->ClearGroups(); }
-    void AddGroup(std::string_view name) override { Room->AddGroup(name); }
+    explicit FormWindow(controls::Form& form) : form_(form) {}
+    void Show() override { form_.Show(); }
+    void SetEnabled(bool enabled) override { form_.SetEnabled(enabled); }
 
-    places::FavouritesDialog* Room = nullptr;
+private:
+    controls::Form& form_;
 };
 
 /// Panel and dialog together, as the main window joins them.
 class FavouritesTest : public ::testing::Test {
 protected:
     FavouritesTest() {
-        late_dialog.Room = &dialog;
         window.LoadFavs = [this] { room.LoadFavs(); };
         stores.Bind(panel.datFav, "tblFavs");
         panel.PutInto(frmBrowser);
@@ -152,11 +172,22 @@ protected:
     RecordingAddressRow address;
     FakeFrontPage page;
     RecordingWindow window;
-    LateDialog late_dialog;
+    FormWindow main_window{frmBrowser};
+    RecordingPageOpener opener;
     bool mainclose = false;
-    places::FavouritesRoom room{panel, menu, {address, page, window, late_dialog}, boxes};
     places::AddFavouriteRoom dialog{
-        form, {frmBrowser, panel.datFav, panel.lblEntryCount, mainclose}, room, window, boxes, desktop};
+        form, {panel.datFav, panel.lblEntryCount}, room, mainclose, {main_window, window}, {boxes, desktop}};
+    places::FavouritesRoom room{panel,
+                                menu,
+                                dialog,
+                                {.address = address,
+                                 .opener = opener,
+                                 .page = page,
+                                 .layout = window,
+                                 .video = window,
+                                 .highlights = window,
+                                 .keys = window},
+                                boxes};
 };
 
 }  // namespace places_test

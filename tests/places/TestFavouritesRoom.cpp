@@ -122,7 +122,7 @@ TEST_F(FavouritesRoom, AClickOnAFavouritePreparesItsAddress) {
 
     EXPECT_EQ(address.Text, "http://echo.example/");
     EXPECT_EQ(address.Typed, "http://echo.example/");
-    EXPECT_TRUE(address.WentTo.empty());
+    EXPECT_TRUE(opener.WentTo.empty());
     EXPECT_EQ(panel.lstFavs.Text(), "  - Echo");
 }
 
@@ -146,7 +146,7 @@ TEST_F(FavouritesRoom, ADoubleClickGoesToTheFavourite) {
 
     panel.lstFavs.DblClick.Raise();
 
-    EXPECT_EQ(address.WentTo, Texts{"http://post.example/"});
+    EXPECT_EQ(opener.WentTo, Texts{"http://post.example/"});
 }
 
 TEST_F(FavouritesRoom, ADoubleClickOnAGroupGoesNowhere) {
@@ -156,7 +156,7 @@ TEST_F(FavouritesRoom, ADoubleClickOnAGroupGoesNowhere) {
 
     panel.lstFavs.DblClick.Raise();
 
-    EXPECT_TRUE(address.WentTo.empty());
+    EXPECT_TRUE(opener.WentTo.empty());
 }
 
 TEST_F(FavouritesRoom, TwoFavouritesOfOneNameAreBothGoneTo) {
@@ -169,7 +169,7 @@ TEST_F(FavouritesRoom, TwoFavouritesOfOneNameAreBothGoneTo) {
 
     panel.lstFavs.DblClick.Raise();
 
-    EXPECT_EQ(address.WentTo, (Texts{"http://first.example/", "http://second.example/"}));
+    EXPECT_EQ(opener.WentTo, (Texts{"http://first.example/", "http://second.example/"}));
 }
 
 TEST_F(FavouritesRoom, ANameWithAStarLosesItAndDoesNothing) {
@@ -213,7 +213,7 @@ TEST_F(FavouritesRoom, AClickInTheListOfAllPreparesTheAddress) {
 
     EXPECT_EQ(address.Text, "http://start.example/");
     EXPECT_EQ(address.Typed, "http://start.example/");
-    EXPECT_TRUE(address.WentTo.empty());
+    EXPECT_TRUE(opener.WentTo.empty());
 }
 
 TEST_F(FavouritesRoom, ADoubleClickInTheListOfAllGoesThere) {
@@ -223,7 +223,7 @@ TEST_F(FavouritesRoom, ADoubleClickInTheListOfAllGoesThere) {
 
     panel.lstFavsAlt.DblClick.Raise();
 
-    EXPECT_EQ(address.WentTo, Texts{"http://start.example/"});
+    EXPECT_EQ(opener.WentTo, Texts{"http://start.example/"});
 }
 
 TEST_F(FavouritesRoom, EnterInTheListOfAllEntersTheNameAsItStands) {
@@ -233,14 +233,14 @@ TEST_F(FavouritesRoom, EnterInTheListOfAllEntersTheNameAsItStands) {
 
     panel.lstFavsAlt.KeyDown.Raise(controls::kKeyEnter, 0);
 
-    EXPECT_EQ(address.Entered, Texts{"  - Start"});
+    EXPECT_EQ(opener.Entered, Texts{"  - Start"});
 }
 
 TEST_F(FavouritesRoom, OtherKeysInTheListOfAllReachTheMultimediaKeys) {
     panel.lstFavsAlt.KeyDown.Raise(174, 1);
 
     EXPECT_EQ(window.Log, Texts{"KeyDown 174 1"});
-    EXPECT_TRUE(address.Entered.empty());
+    EXPECT_TRUE(opener.Entered.empty());
 }
 
 TEST_F(FavouritesRoom, TheButtonOpensThePanel) {
@@ -267,7 +267,7 @@ TEST_F(FavouritesRoom, TheButtonClosesThePanelAndItsVideo) {
     EXPECT_FALSE(panel.fraFavs.Visible());
     EXPECT_FALSE(panel.lstFavs.Visible());
     EXPECT_FALSE(panel.lstFavsAlt.Visible());
-    EXPECT_EQ(window.Log, (Texts{"HideVideoPane", "Form_Resize"}));
+    EXPECT_EQ(window.Log, (Texts{"ClosePane", "Form_Resize"}));
 }
 
 TEST_F(FavouritesRoom, AnAttachedVideoComesBackWithThePanel) {
@@ -275,7 +275,7 @@ TEST_F(FavouritesRoom, AnAttachedVideoComesBackWithThePanel) {
 
     panel.cmdFavs.Click.Raise();
 
-    EXPECT_EQ(window.Log, (Texts{"ShowVideoPane", "Form_Resize"}));
+    EXPECT_EQ(window.Log, (Texts{"ShowPane", "Form_Resize"}));
 }
 
 TEST_F(FavouritesRoom, TheChosenListOutlastsClosingThePanel) {

@@ -5,6 +5,7 @@ namespace {
 
 using places_test::Row;
 using places_test::Texts;
+using roles::HistoryKind;
 
 constexpr int kLastSetting = store::NumberOf(store::SettingsRow::EndMark);
 
@@ -29,7 +30,7 @@ protected:
     void SeedSong(int id, const std::string& path) {
         stores.Seed("tblSong", {{base::ToText(id), "Artist" + base::ToText(id), "Title", path, "0"}});
     }
-    void Play(std::string_view path) { room.AddSiteToHistory("Music", path); }
+    void Play(std::string_view path) { room.AddSiteToHistory(HistoryKind::Music, path); }
 
     fakes::FakeDesktop desktop;
     fakes::FakeDialogs boxes;
@@ -41,11 +42,12 @@ protected:
     places_test::RecordingAddressRow address;
     places_test::FakeFrontPage page;
     places_test::RecordingPlayedSongs played;
-    places::HistoryRoom room{controls, menu, songs, Save_History, address, page, played, boxes};
+    places::HistoryRoom room{
+        controls, menu, songs, Save_History, {.address = address, .page = page, .played = played}, boxes};
 };
 
 TEST_F(HistoryRoom, AVisitedAddressBecomesTheLastRow) {
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
 
     EXPECT_EQ(Log(), (std::vector<Row>{{Nth(1), "Web", "http://one.example/"}}));
 }
@@ -53,7 +55,7 @@ TEST_F(HistoryRoom, AVisitedAddressBecomesTheLastRow) {
 TEST_F(HistoryRoom, NumbersGoOnFromTheLastRow) {
     stores.Seed("tblHistory", {{"41", "Web", "http://old.example/"}});
 
-    room.AddSiteToHistory("Web", "http://new.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://new.example/");
 
     EXPECT_EQ(Log().back(), (Row{"42", "Web", "http://new.example/"}));
 }
@@ -62,26 +64,26 @@ TEST_F(HistoryRoom, WithHistoryOffASongIsLoggedAndAnAddressIsNot) {
     Save_History = false;
     address.Text = "typed";
 
-    room.AddSiteToHistory("Web", "http://one.example/");
-    room.AddSiteToHistory("File", "C:\\a.txt");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::File, "C:\\a.txt");
     Play("C:\\Music\\a.mp3");
 
     EXPECT_EQ(Log(), (std::vector<Row>{{Nth(1), "Music", "C:\\Music\\a.mp3"}}));
 }
 
 TEST_F(HistoryRoom, TheSameAddressTwiceLeavesTheCaseOfTheFirstVisit) {
-    room.AddSiteToHistory("Web", "http://One.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://One.example/");
 
-    room.AddSiteToHistory("Web", "HTTP://one.EXAMPLE/");
+    room.AddSiteToHistory(HistoryKind::Web, "HTTP://one.EXAMPLE/");
 
     EXPECT_EQ(Log(), (std::vector<Row>{{Nth(1), "Web", "http://One.example/"}}));
 }
 
 TEST_F(HistoryRoom, ARepeatedVisitDoesNotMoveTheOldRow) {
-    room.AddSiteToHistory("Web", "http://one.example/");
-    room.AddSiteToHistory("Web", "http://two.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://two.example/");
 
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
 
     EXPECT_EQ(Log(), (std::vector<Row>{{Nth(1), "Web", "http://one.example/"},
                                        {Nth(2), "Web", "http://two.example/"}}));
@@ -89,15 +91,15 @@ TEST_F(HistoryRoom, ARepeatedVisitDoesNotMoveTheOldRow) {
 
 TEST_F(HistoryRoom, ATextOfAnotherKindCountsAsKnown) {
     address.Text = "typed";
-    room.AddSiteToHistory("Web", "post");
+    room.AddSiteToHistory(HistoryKind::Web, "post");
 
-    room.AddSiteToHistory("Search", "post");
+    room.AddSiteToHistory(HistoryKind::Search, "post");
 
     EXPECT_EQ(Log().size(), 1U);
 }
 
 TEST_F(HistoryRoom, ATextEqualToASettingIsNotLogged) {
-    room.AddSiteToHistory("Web", "broad");
+    room.AddSiteToHistory(HistoryKind::Web, "broad");
 
     EXPECT_TRUE(Log().empty());
 }
@@ -105,7 +107,7 @@ TEST_F(HistoryRoom, ATextEqualToASettingIsNotLogged) {
 TEST_F(HistoryRoom, ATypedTextNeedsAnAddressBoxThatIsNotBlank) {
     address.Text = "   ";
 
-    for (const auto* kind : {"File", "Search", "MSN"})
+    for (const HistoryKind kind : {HistoryKind::File, HistoryKind::Search, HistoryKind::Msn})
         room.AddSiteToHistory(kind, "typed");
 
     EXPECT_TRUE(Log().empty());
@@ -114,7 +116,7 @@ TEST_F(HistoryRoom, ATypedTextNeedsAnAddressBoxThatIsNotBlank) {
 TEST_F(HistoryRoom, AVisitedAddressIsLoggedWithAnEmptyAddressBox) {
     address.Text = "";
 
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
 
     EXPECT_EQ(Log().size(), 1U);
 }
@@ -122,15 +124,15 @@ TEST_F(HistoryRoom, AVisitedAddressIsLoggedWithAnEmptyAddressBox) {
 TEST_F(HistoryRoom, ATextOfBlanksIsNotLogged) {
     address.Text = "typed";
 
-    room.AddSiteToHistory("Search", "   ");
-    room.AddSiteToHistory("Web", "");
+    room.AddSiteToHistory(HistoryKind::Search, "   ");
+    room.AddSiteToHistory(HistoryKind::Web, "");
 
     EXPECT_TRUE(Log().empty());
 }
 
 TEST_F(HistoryRoom, ASongThatRepeatsTheLastOneAddsNoRowThoughPagesCameBetween) {
     Play("C:\\Music\\a.mp3");
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
 
     Play("c:\\music\\A.MP3");
 
@@ -150,8 +152,8 @@ TEST_F(HistoryRoom, SongsThatTakeTurnsAddARowEach) {
 TEST_F(HistoryRoom, TheHighestNumberIsCarriedAgain) {
     stores.Seed("tblHistory", {{"32767", "Web", "http://old.example/"}});
 
-    room.AddSiteToHistory("Web", "http://one.example/");
-    room.AddSiteToHistory("Web", "http://two.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://two.example/");
 
     EXPECT_EQ(Log(), (std::vector<Row>{{"32767", "Web", "http://old.example/"},
                                        {"32767", "Web", "http://one.example/"},
@@ -166,7 +168,7 @@ TEST_F(HistoryRoom, SongsBehindTheHighestNumberKeepTheirOrder) {
     Play("C:\\2.mp3");
     Play("C:\\3.mp3");
 
-    room.PopulateHistory("Music");
+    room.PopulateHistory(HistoryKind::Music);
 
     EXPECT_EQ(played.Songs, (Texts{"3|Artist3 - Title", "2|Artist2 - Title", "1|Artist1 - Title"}));
 }
@@ -174,7 +176,7 @@ TEST_F(HistoryRoom, SongsBehindTheHighestNumberKeepTheirOrder) {
 TEST_F(HistoryRoom, ANumberOutOfRangeIsFollowedByTheHighest) {
     stores.Seed("tblHistory", {{"40000", "Web", "http://old.example/"}});
 
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
 
     EXPECT_EQ(Log().back(), (Row{"32767", "Web", "http://one.example/"}));
 }
@@ -182,20 +184,20 @@ TEST_F(HistoryRoom, ANumberOutOfRangeIsFollowedByTheHighest) {
 TEST_F(HistoryRoom, TheLargestNumberOfAllIsFollowedByTheHighest) {
     stores.Seed("tblHistory", {{"9223372036854775807", "Web", "http://old.example/"}});
 
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
 
     EXPECT_EQ(Log().back(), (Row{"32767", "Web", "http://one.example/"}));
 }
 
 TEST_F(HistoryRoom, RowsBehindTheHighestNumberAreDeletedToo) {
     stores.Seed("tblHistory", {{"32767", "Web", "http://old.example/"}});
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
     boxes.Answers = {ports::BoxAnswer::Yes};
 
     menu.mnuHistory.Click.Raise();
 
     EXPECT_EQ(stores.Rows("tblHistory").size(), 10U);
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
     EXPECT_EQ(stores.Rows("tblHistory").back(), (Row{"11", "Web", "http://one.example/"}));
 }
 
@@ -214,10 +216,10 @@ TEST_F(HistoryRoom, EachKindIsStoredAsItWasGivenAndBlanksStay) {
     address.Text = "typed";
     const std::string long_text(10'000, 'x');
 
-    room.AddSiteToHistory("MSN", " hello ");
-    room.AddSiteToHistory("File", "C:\\a.txt");
-    room.AddSiteToHistory("Search", "two\r\nlines");
-    room.AddSiteToHistory("Web", long_text);
+    room.AddSiteToHistory(HistoryKind::Msn, " hello ");
+    room.AddSiteToHistory(HistoryKind::File, "C:\\a.txt");
+    room.AddSiteToHistory(HistoryKind::Search, "two\r\nlines");
+    room.AddSiteToHistory(HistoryKind::Web, long_text);
 
     EXPECT_EQ(Log(), (std::vector<Row>{{Nth(1), "MSN", " hello "},
                                        {Nth(2), "File", "C:\\a.txt"},
@@ -226,15 +228,15 @@ TEST_F(HistoryRoom, EachKindIsStoredAsItWasGivenAndBlanksStay) {
 }
 
 TEST_F(HistoryRoom, CaseIsIgnoredInEveryAlphabet) {
-    room.AddSiteToHistory("Web", "http://\u00c9t\u00c9.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://\u00c9t\u00c9.example/");
 
-    room.AddSiteToHistory("Web", "http://\u00e9t\u00e9.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://\u00e9t\u00e9.example/");
 
     EXPECT_EQ(Log().size(), 1U);
 }
 
 TEST_F(HistoryRoom, APlayedPathMayEqualAnAddress) {
-    room.AddSiteToHistory("Web", "C:\\a.mp3");
+    room.AddSiteToHistory(HistoryKind::Web, "C:\\a.mp3");
 
     Play("C:\\a.mp3");
 
@@ -259,7 +261,7 @@ TEST_F(HistoryRoom, ARowThatCannotBeStoredIsToldOnceAndStoredLater) {
 TEST_F(HistoryRoom, AStoreThatCannotBeReadIsPassedOver) {
     stores.Database.FailOpen(fakes::SeededStores::kHistoryPath, ports::DatabaseError::Damaged);
 
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
 
     EXPECT_EQ(stores.Trouble.Troubles.size(), 1U);
     stores.Database.FailOpen(fakes::SeededStores::kHistoryPath, ports::DatabaseError::None);
@@ -274,7 +276,7 @@ TEST_F(HistoryRoom, TheAddressListShowsItsKindOldestFirst) {
     address.Text = "typed";
     address.List = {"old"};
 
-    room.PopulateHistory("Web");
+    room.PopulateHistory(HistoryKind::Web);
 
     EXPECT_EQ(address.List, (Texts{"http://one.example/", "http://two.example/"}));
     EXPECT_EQ(address.Text, "");
@@ -284,17 +286,17 @@ TEST_F(HistoryRoom, TheAddressListHasNoLimit) {
     for (int i = 0; i < 300; ++i)
         stores.Seed("tblHistory", {{Nth(1 + i), "Web", base::ToText(i)}});
 
-    room.PopulateHistory("Web");
+    room.PopulateHistory(HistoryKind::Web);
 
     EXPECT_EQ(address.List.size(), 300U);
 }
 
 TEST_F(HistoryRoom, TheAddressOfTheVisiblePageIsShownInWebMode) {
-    address.Type = "Web";
+    address.Type = roles::AddressMode::Web;
     page.Shown = true;
     page.Url = "http://one.example/";
 
-    room.PopulateHistory("Web");
+    room.PopulateHistory(HistoryKind::Web);
 
     EXPECT_EQ(address.Typed, "http://one.example/");
 }
@@ -302,12 +304,12 @@ TEST_F(HistoryRoom, TheAddressOfTheVisiblePageIsShownInWebMode) {
 TEST_F(HistoryRoom, TheTypedTextStaysWithoutAVisiblePageOrInAnotherMode) {
     address.Typed = "typed";
     page.Url = "http://one.example/";
-    address.Type = "Web";
-    room.PopulateHistory("Web");
-    address.Type = "File";
+    address.Type = roles::AddressMode::Web;
+    room.PopulateHistory(HistoryKind::Web);
+    address.Type = roles::AddressMode::File;
     page.Shown = true;
 
-    room.PopulateHistory("File");
+    room.PopulateHistory(HistoryKind::File);
 
     EXPECT_EQ(address.Typed, "typed");
 }
@@ -319,7 +321,7 @@ TEST_F(HistoryRoom, TheLastPlayedSongsShowNewestFirst) {
     Play("C:\\b.mp3");
     Play("C:\\a.mp3");
 
-    room.PopulateHistory("Music");
+    room.PopulateHistory(HistoryKind::Music);
 
     EXPECT_EQ(played.Songs, (Texts{"1|Artist1 - Title", "2|Artist2 - Title", "1|Artist1 - Title"}));
     EXPECT_EQ(played.Log, (Texts{"begin", "end"}));
@@ -330,19 +332,19 @@ TEST_F(HistoryRoom, OfTwoSongsWithOnePathTheFirstIsShown) {
     SeedSong(8, "C:\\a.mp3");
     Play("C:\\a.mp3");
 
-    room.PopulateHistory("Music");
+    room.PopulateHistory(HistoryKind::Music);
 
     EXPECT_EQ(played.Songs, Texts{"7|Artist7 - Title"});
 }
 
 TEST_F(HistoryRoom, TheMusicViewLeavesTheAddressRowAlone) {
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
     address.Text = "typed";
     address.List = {"old"};
     page.Shown = true;
-    address.Type = "Web";
+    address.Type = roles::AddressMode::Web;
 
-    room.PopulateHistory("Music");
+    room.PopulateHistory(HistoryKind::Music);
 
     EXPECT_EQ(address.Text, "typed");
     EXPECT_EQ(address.List, Texts{"old"});
@@ -352,7 +354,7 @@ TEST_F(HistoryRoom, TheMusicViewLeavesTheAddressRowAlone) {
 TEST_F(HistoryRoom, AnEmptyLogShowsNoSongs) {
     SeedSong(1, "C:\\a.mp3");
 
-    room.PopulateHistory("Music");
+    room.PopulateHistory(HistoryKind::Music);
 
     EXPECT_TRUE(played.Songs.empty());
     EXPECT_EQ(played.Log, (Texts{"begin", "end"}));
@@ -364,7 +366,7 @@ TEST_F(HistoryRoom, TwentySongsAreShownAtMost) {
     for (int i = 1; i <= 25; ++i)
         Play("C:\\" + base::ToText(i) + ".mp3");
 
-    room.PopulateHistory("Music");
+    room.PopulateHistory(HistoryKind::Music);
 
     ASSERT_EQ(played.Songs.size(), 20U);
     EXPECT_EQ(played.Songs.front(), "25|Artist25 - Title");
@@ -377,7 +379,7 @@ TEST_F(HistoryRoom, SongsThatLeftTheLibraryShortenTheView) {
     for (int i = 1; i <= 25; ++i)
         Play("C:\\" + base::ToText(i) + ".mp3");
 
-    room.PopulateHistory("Music");
+    room.PopulateHistory(HistoryKind::Music);
 
     ASSERT_EQ(played.Songs.size(), 17U);
     EXPECT_EQ(played.Songs.front(), "22|Artist22 - Title");
@@ -388,13 +390,13 @@ TEST_F(HistoryRoom, ASongIsFoundByItsExactPathOnly) {
     SeedSong(1, "C:\\A.mp3");
     Play("C:\\a.mp3");
 
-    room.PopulateHistory("Music");
+    room.PopulateHistory(HistoryKind::Music);
 
     EXPECT_TRUE(played.Songs.empty());
 }
 
 TEST_F(HistoryRoom, DeletingAsksFirst) {
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
     boxes.Answers = {ports::BoxAnswer::No};
 
     menu.mnuHistory.Click.Raise();
@@ -410,7 +412,7 @@ TEST_F(HistoryRoom, DeletingAsksFirst) {
 
 TEST_F(HistoryRoom, DeletingKeepsTheFirstTenRows) {
     Play("C:\\a.mp3");
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
     address.Text = "typed";
     address.List = {"http://one.example/"};
     boxes.Answers = {ports::BoxAnswer::Yes};
@@ -432,7 +434,7 @@ TEST_F(HistoryRoom, AfterADeletionNumbersGoOnFromEleven) {
     boxes.Answers = {ports::BoxAnswer::Yes};
     menu.mnuHistory.Click.Raise();
 
-    room.AddSiteToHistory("Web", "http://one.example/");
+    room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
 
     EXPECT_EQ(stores.Rows("tblHistory").back(), (Row{"11", "Web", "http://one.example/"}));
 }
