@@ -1,7 +1,7 @@
 // Menu entries of which one is checked, as the lengths of the crossfade.
 //
-// A group only keeps the check marks: what a choice does, and whether an entry is checked at the start, is
-// its room's. Nothing keeps others from checking an entry by itself; the first checked one counts then.
+// A group only keeps the check marks: what a choice does, and whether an entry is checked at the start,
+// belongs to its room. Other code may still check an entry on its own; then the first checked one counts.
 #pragma once
 
 #include <concepts>

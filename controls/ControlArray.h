@@ -1,5 +1,5 @@
-// Controls of one name told apart by an index. Member 0 is there from the start, as the template; further
-// members are loaded at the end, one after another, and stay for good, at one address.
+// Controls of one name, distinguished by an index. Member 0 exists from the start, as the template; further
+// members are loaded at the end, one after another, and are never removed or moved in memory.
 #pragma once
 
 #include <cassert>

@@ -1,12 +1,13 @@
 // Events of controls.
 //
 // An event has one listener, the room that owns the control. A room claims the events it listens to through
-// an EventClaims value; the claims are given back when the room ends, so a listener can never be called after
-// its room is gone.
+// an EventClaims value; the claims are given back when the room is destroyed, so a listener is never called
+// after that.
 #pragma once
 
 #include <cassert>
 #include <functional>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -44,12 +45,16 @@ public:
     EventClaims& operator=(const EventClaims&) = delete;
     ~EventClaims() { Release(); }
 
-    /// Makes `listener` the listener of `event`. Claiming an event twice is a bug. The event must outlive the
-    /// claims.
+    /// Makes `listener` the listener of `event`; it takes the event's arguments, or none of them. Claiming an
+    /// event twice is a bug. The event must outlive the claims.
     template <class... Args, class F>
     void Claim(Event<Args...>& event, F listener) {
         assert(!event.IsClaimed());
-        event.listener_ = std::move(listener);
+        if constexpr (std::is_invocable_v<F&, Args...>) {
+            event.listener_ = std::move(listener);
+        } else {
+            event.listener_ = [listener = std::move(listener)](Args...) mutable { listener(); };
+        }
         releases_.push_back([&event] { event.listener_ = nullptr; });
     }
 

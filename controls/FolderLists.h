@@ -1,8 +1,8 @@
-// Drive list and folder list, as open dialogs of old had them.
+// Drive list and folder list of an open dialog.
 //
-// A drive list has one row for each drive; choosing one makes it the drive. A folder list shows the way from
-// the drive down to its folder, one row each, and below it the folders that stand in it, indented by depth;
-// the row of the folder itself is selected. Choosing a row raises Click and no more; a double click opens it.
+// A drive list has one row for each drive; choosing one makes it the current drive. A folder list shows the
+// path from the drive down to its folder, one row for each step, and below it the sub folders, indented by
+// depth; the row of the folder itself is selected. Choosing a row only raises Click; a double click opens it.
 // Both listen to their own choosing event, so a room listens to Change.
 #pragma once
 
@@ -22,10 +22,10 @@ public:
 
     /// The selected drive, "C:".
     const std::string& Drive() const { return drive_; }
-    /// Selects the drive that a text begins with, such as a path, and raises Change when it is another one. A
-    /// drive that is not there changes nothing and gives false.
+    /// Selects the drive that a text begins with, such as a path, and raises Change if it is another one. For
+    /// a drive that does not exist it changes nothing and returns false.
     bool SetDrive(std::string_view drive);
-    /// Reads the drives again. A selected drive that is gone gives way to "C:".
+    /// Reads the drives again. If the selected drive no longer exists, "C:" is selected.
     void ReadDrives();
 
     /// Another drive is selected.
@@ -48,18 +48,18 @@ public:
 
     /// The folder, without a separator at its end unless it is a drive's root: "C:\", "C:\Music".
     const std::string& Path() const { return path_; }
-    /// Goes to a folder and reads it, and raises Change when it is another one. "D:" is that drive's root; a
-    /// native path will do. What is no folder changes nothing and gives false. A folder that cannot be read
-    /// shows no sub folders.
+    /// Goes to a folder and reads it, and raises Change if it is another one. "D:" is that drive's root; a
+    /// native path is accepted. For a path that is not a folder it changes nothing and returns false. A
+    /// folder that cannot be read shows no sub folders.
     bool SetPath(std::string_view path);
-    /// Goes to the folder of a row; false when there is no such row or its folder is gone.
+    /// Goes to the folder of a row; returns false if the row or its folder does not exist.
     bool OpenRow(int row);
-    /// The full path of a row; empty for a row that is not there.
+    /// The full path of a row; empty for a row that does not exist.
     std::string_view RowPath(int row) const;
     /// The row of the folder itself.
     int PathRow() const { return path_row_; }
 
-    /// Path is another one.
+    /// Path has changed.
     Event<> Change;
 
 private:

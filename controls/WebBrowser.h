@@ -1,6 +1,5 @@
-// A web browser control. Until an engine is attached, and for a template that never gets one, commands go
-// nowhere and the location is empty; the last address asked for before that is handed on when the engine
-// comes.
+// A web browser control. Until an engine is attached (a template never gets one) commands are ignored and the
+// location is empty; the last address requested before that is passed to the engine when it is attached.
 #pragma once
 
 #include <string>
@@ -17,16 +16,16 @@ public:
     explicit WebBrowser(std::string_view name) : Control(Kind::WebBrowser, name) {}
     ~WebBrowser() override;
 
-    /// Connects the page engine (the screen does), or takes it away with null. An engine is taken away before
-    /// it ends.
+    /// Attaches the page engine (the screen does), or detaches it with null. An engine is detached before it
+    /// is destroyed.
     void Attach(ports::BrowserControl* engine);
     ports::BrowserControl* Engine() const { return engine_; }
-    /// The address waiting for an engine; empty when none waits.
+    /// The address waiting for an engine; empty if there is none.
     const std::string& WaitingAddress() const { return waiting_address_; }
 
     void Navigate(std::string_view address);
-    /// The control's second way to navigate, to the same effect. A second call for an address that is already
-    /// on its way does not load it twice.
+    /// The control's second way to navigate, with the same effect. A second call for an address that is
+    /// already loading does not load it twice.
     void Navigate2(std::string_view address);
     void GoBack();
     void GoForward();
@@ -34,12 +33,12 @@ public:
     std::string LocationURL() const;
     std::string LocationName() const;
     bool Busy() const;
-    /// Works on the elements of the document that is shown.
+    /// Carries out the steps on elements of the current document.
     void WorkOnDocument(const std::vector<ports::ElementStep>& steps);
 
     Event<std::string_view> TitleChange;        ///< the new title
     Event<std::string_view> NavigateComplete2;  ///< the address, once for every frame
-    Event<WebBrowser*&> NewWindow2;             ///< receives the control that shall show the pop-up
+    Event<WebBrowser*&> NewWindow2;             ///< set it to the control that is to show the pop-up
     Event<bool&> NavigateError;                 ///< cancel: no error page
 
 private:

@@ -1,25 +1,9 @@
 #include "library/AddMediaForm.h"
 
+#include "controls/Arrange.h"
 #include "library/AddMediaLayout.h"
 
 namespace library {
-namespace {
-
-template <class... Hidden>
-void Hide(Hidden&... controls) {
-    (controls.SetVisible(false), ...);
-}
-
-void DescribeTwin(controls::Image& plain, controls::Image& over, std::string_view name,
-                  std::string_view tool_tip) {
-    for (controls::Image* image : {&plain, &over}) {
-        image->SetAccessibleName(name);
-        image->SetToolTipText(tool_tip);
-    }
-    Hide(over);
-}
-
-}  // namespace
 
 AddMediaForm::AddMediaForm(const ports::Files& files) : Drive1("Drive1", files), Dir1("Dir1", files) {
     Compose();
@@ -30,8 +14,7 @@ AddMediaForm::AddMediaForm(const ports::Files& files) : Drive1("Drive1", files),
     lstPattern.SetListIndex(0);
     Hide(fraSearch, Label1, Label2, lblEntryCount, lstAddTrack);
     frmAddMedia.SetStaysInFront(true);
-    frmAddMedia.SetContentSize(kAddMediaWidth * controls::kTwipsPerPixel,
-                               kAddMediaHeight * controls::kTwipsPerPixel);
+    frmAddMedia.SetContentSize(controls::Px(kAddMediaWidth), controls::Px(kAddMediaHeight));
     PlaceControls(*this);
 }
 
@@ -73,9 +56,9 @@ void AddMediaForm::Describe() {
 }
 
 void AddMediaForm::DescribePictures() {
-    DescribeTwin(imgAdd, imgAddOver, "Add one", "Add the selected file to the library");
-    DescribeTwin(imgAddAll, imgAddAllOver, "Add all", "Add all files found to the library");
-    DescribeTwin(imgBack, imgBackOver, "Done", "Back to the main window");
+    NameTwins(imgAdd, imgAddOver, "Add one", "Add the selected file to the library");
+    NameTwins(imgAddAll, imgAddAllOver, "Add all", "Add all files found to the library");
+    NameTwins(imgBack, imgBackOver, "Done", "Back to the main window");
 }
 
 }  // namespace library

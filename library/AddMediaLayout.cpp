@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+#include "controls/Arrange.h"
+
 namespace library {
 namespace {
 
-constexpr double kPixel = controls::kTwipsPerPixel;
+using controls::Px;
 
 // All in pixels.
 constexpr double kMargin = 16;
@@ -20,15 +22,6 @@ constexpr double kBackButton = 96;
 constexpr double kNotice = 20;
 constexpr double kPanelWidth = 320;
 constexpr double kPanelHeight = 120;
-
-void Place(controls::Control& control, double left, double top, double width, double height) {
-    control.Move(left * kPixel, top * kPixel, width * kPixel, height * kPixel);
-}
-
-void PlaceTwin(controls::Image& plain, controls::Image& over, double left, double width) {
-    Place(plain, left, 0, width, kButton);
-    Place(over, left, 0, width, kButton);
-}
 
 // Drive and pattern keep their three rows; the folder takes what is left between them.
 void PlaceSearchColumn(AddMediaForm& form, double height) {
@@ -47,9 +40,9 @@ void PlaceSearchColumn(AddMediaForm& form, double height) {
 
 void PlaceButtons(AddMediaForm& form, double left, double top, double width) {
     Place(form.fraControls, left, top, width, kButton);
-    PlaceTwin(form.imgAdd, form.imgAddOver, 0, kAddButton);
-    PlaceTwin(form.imgAddAll, form.imgAddAllOver, kAddButton + kGap, kAddButton);
-    PlaceTwin(form.imgBack, form.imgBackOver, width - kBackButton, kBackButton);
+    PlaceTwins(0, 0, kAddButton, kButton, form.imgAdd, form.imgAddOver);
+    PlaceTwins(kAddButton + kGap, 0, kAddButton, kButton, form.imgAddAll, form.imgAddAllOver);
+    PlaceTwins(width - kBackButton, 0, kBackButton, kButton, form.imgBack, form.imgBackOver);
 }
 
 // The panel stands in the middle of the files.
@@ -85,16 +78,16 @@ void PlaceFilesColumn(AddMediaForm& form, double width, double height) {
 }  // namespace
 
 bool KeepLeastSize(controls::Form& frmAddMedia) {
-    const double width = std::max(frmAddMedia.ContentWidth(), kLeastAddMediaWidth * kPixel);
-    const double height = std::max(frmAddMedia.ContentHeight(), kLeastAddMediaHeight * kPixel);
+    const double width = std::max(frmAddMedia.ContentWidth(), Px(kLeastAddMediaWidth));
+    const double height = std::max(frmAddMedia.ContentHeight(), Px(kLeastAddMediaHeight));
     if (width == frmAddMedia.ContentWidth() && height == frmAddMedia.ContentHeight()) return false;
     frmAddMedia.SetContentSize(width, height);
     return true;
 }
 
 void PlaceControls(AddMediaForm& form) {
-    const double width = form.frmAddMedia.ContentWidth() / kPixel;
-    const double height = form.frmAddMedia.ContentHeight() / kPixel;
+    const double width = form.frmAddMedia.ContentWidth() / controls::kTwipsPerPixel;
+    const double height = form.frmAddMedia.ContentHeight() / controls::kTwipsPerPixel;
     Place(form.imgBG, 0, 0, width, height);
     PlaceSearchColumn(form, height);
     PlaceFilesColumn(form, width, height);

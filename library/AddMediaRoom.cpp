@@ -61,7 +61,7 @@ void AddMediaRoom::ClaimPictures() {
 }
 
 void AddMediaRoom::ClaimTwin(controls::Image& plain, controls::Image& over) {
-    claims_.Claim(plain.MouseMove, [this, &over](int, int, double, double) {
+    claims_.Claim(plain.MouseMove, [this, &over] {
         NoMouseOvers();
         over.SetVisible(true);
     });
@@ -71,7 +71,7 @@ void AddMediaRoom::ClaimBackgrounds() {
     for (controls::Control* background : std::initializer_list<controls::Control*>{
              &form_.frmAddMedia, &form_.imgBG, &form_.Drive1, &form_.Dir1, &form_.lstPattern, &form_.lstFiles,
              &form_.fraControls, &form_.fraSearch}) {
-        claims_.Claim(background->MouseMove, [this](int, int, double, double) { NoMouseOvers(); });
+        claims_.Claim(background->MouseMove, [this] { NoMouseOvers(); });
     }
 }
 

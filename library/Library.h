@@ -27,6 +27,7 @@
 #include "roles/TrackView.h"
 #include "roles/Window.h"
 #include "store/DataSource.h"
+#include "controls/ListBox.h"
 #include "store/Stores.h"
 
 namespace library {

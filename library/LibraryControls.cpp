@@ -2,29 +2,17 @@
 
 #include <algorithm>
 
+#include "controls/Arrange.h"
+
 namespace library {
 namespace {
 
-constexpr double kPixel = controls::kTwipsPerPixel;
-
-void PlacePixels(controls::Control& control, int left, int top, int width, int height) {
-    control.Move(left * kPixel, top * kPixel, width * kPixel, height * kPixel);
-}
+using controls::Px;
 
 /// Whole pixels of a panel that its inside may take, at most `wanted`: a panel shows a margin around it.
 int Inside(double panel, int wanted) {
     constexpr int kMargin = 8;
-    return std::min(wanted, static_cast<int>(panel / kPixel) - 2 * kMargin);
-}
-
-template <class... Hidden>
-void Hide(Hidden&... controls) {
-    (controls.SetVisible(false), ...);
-}
-
-void PlaceTwin(controls::Image& plain, controls::Image& over, int left, int top, int width, int height) {
-    PlacePixels(plain, left, top, width, height);
-    PlacePixels(over, left, top, width, height);
+    return std::min(wanted, static_cast<int>(panel / controls::kTwipsPerPixel) - 2 * kMargin);
 }
 
 }  // namespace
@@ -47,7 +35,7 @@ PlayListControls::PlayListControls() {
                           lblChoosePlaylist, lstAddToPlaylist, imgAddToPlaylist);
     fraPlayListCenter.Add(imgOk, imgOkOver, imgCancel, imgCancelOver, imgDeletePlayList,
                           imgDeletePlayListOver);
-    Hide(fraAddToPlaylist, lblAddPlayListSongID, lblEntryCount2, imgAddSongOver, imgRemoveSongOver);
+    Hide(fraAddToPlaylist, lblAddPlayListSongID, lblEntryCount2);
     Hide(imgOkOver, imgCancelOver, imgDeletePlayListOver);
 
     imgBG2.SetLook("ground");
@@ -58,14 +46,8 @@ PlayListControls::PlayListControls() {
     txtSongToAdd.SetAccessibleName("Song to add");
     lstAddToPlaylist.SetAccessibleName("Playlist to add the song to");
     lstAddToPlaylist.SetHint("No playlists yet");
-    for (controls::Image* image : {&imgAddSong, &imgAddSongOver}) {
-        image->SetAccessibleName("Add song to a playlist");
-        image->SetToolTipText("Add song to a playlist");
-    }
-    for (controls::Image* image : {&imgRemoveSong, &imgRemoveSongOver}) {
-        image->SetAccessibleName("Remove song");
-        image->SetToolTipText("Remove song");
-    }
+    NameTwins(imgAddSong, imgAddSongOver, "Add song to a playlist");
+    NameTwins(imgRemoveSong, imgRemoveSongOver, "Remove song");
     for (controls::Image* image : {&imgOk, &imgOkOver, &imgAddToPlaylist})
         image->SetAccessibleName("Add to playlist");
     for (controls::Image* image : {&imgCancel, &imgCancelOver})
@@ -80,17 +62,17 @@ void PlayListControls::SizeCenter(double panel_width, double panel_height) {
     const int height = Inside(panel_height, 400);
     const int inner = width - 32;
     const int buttons = height - 44;
-    fraPlayListCenter.SetWidth(width * kPixel);
-    fraPlayListCenter.SetHeight(height * kPixel);
-    PlacePixels(lblAddToPlaylist, 16, 16, inner, 16);
-    PlacePixels(lblSongToAdd, 16, 48, inner, 16);
-    PlacePixels(txtSongToAdd, 16, 68, inner - 128, 28);
-    PlacePixels(imgAddToPlaylist, 16 + inner - 120, 68, 120, 28);
-    PlacePixels(lblChoosePlaylist, 16, 112, inner, 16);
-    PlacePixels(lstAddToPlaylist, 16, 132, inner, buttons - 148);
-    PlaceTwin(imgDeletePlayList, imgDeletePlayListOver, 16, buttons, 120, 28);
-    PlaceTwin(imgOk, imgOkOver, width - 206, buttons, 86, 28);
-    PlaceTwin(imgCancel, imgCancelOver, width - 112, buttons, 96, 28);
+    fraPlayListCenter.SetWidth(Px(width));
+    fraPlayListCenter.SetHeight(Px(height));
+    Place(lblAddToPlaylist, 16, 16, inner, 16);
+    Place(lblSongToAdd, 16, 48, inner, 16);
+    Place(txtSongToAdd, 16, 68, inner - 128, 28);
+    Place(imgAddToPlaylist, 16 + inner - 120, 68, 120, 28);
+    Place(lblChoosePlaylist, 16, 112, inner, 16);
+    Place(lstAddToPlaylist, 16, 132, inner, buttons - 148);
+    PlaceTwins(16, buttons, 120, 28, imgDeletePlayList, imgDeletePlayListOver);
+    PlaceTwins(width - 206, buttons, 86, 28, imgOk, imgOkOver);
+    PlaceTwins(width - 112, buttons, 96, 28, imgCancel, imgCancelOver);
 }
 
 SearchControls::SearchControls() {
@@ -128,15 +110,15 @@ TaskControls::TaskControls() {
 void TaskControls::SizeCenter(double panel_width) {
     const int width = Inside(panel_width, 448);
     const int inner = width - 48;
-    fraTaskCenter.SetWidth(width * kPixel);
-    fraTaskCenter.SetHeight(192 * kPixel);
-    PlacePixels(lblTask, 24, 20, inner, 20);
-    PlacePixels(lblFound, 24, 56, inner - 120, 20);
-    PlacePixels(lblFoundNo, 24 + inner - 120, 56, 120, 20);
-    PlacePixels(lblDuplicatesRemoved, 24, 80, inner - 120, 20);
-    PlacePixels(lblDuplicatesNoRemoved, 24 + inner - 120, 80, 120, 20);
-    PlacePixels(pbTask, 24, 120, inner, 12);
-    PlacePixels(lblStatus, 24, 148, inner, 20);
+    fraTaskCenter.SetWidth(Px(width));
+    fraTaskCenter.SetHeight(Px(192));
+    Place(lblTask, 24, 20, inner, 20);
+    Place(lblFound, 24, 56, inner - 120, 20);
+    Place(lblFoundNo, 24 + inner - 120, 56, 120, 20);
+    Place(lblDuplicatesRemoved, 24, 80, inner - 120, 20);
+    Place(lblDuplicatesNoRemoved, 24 + inner - 120, 80, 120, 20);
+    Place(pbTask, 24, 120, inner, 12);
+    Place(lblStatus, 24, 148, inner, 20);
 }
 
 }  // namespace library

@@ -59,7 +59,7 @@ LibraryListsRoom::LibraryListsRoom(LibraryListControls& controls, SharedLists sh
       loop_(loop),
       listener_(listener),
       others_(others) {
-    const auto hide_overs = [this](int, int, double, double) { others_.highlights.NoMouseOvers(); };
+    const auto hide_overs = [this] { others_.highlights.NoMouseOvers(); };
     claims_.Claim(controls_.lstPlayLists.Click, [this] { lstPlayLists_Click(); });
     claims_.Claim(controls_.lstPlayLists.MouseMove, hide_overs);
     claims_.Claim(controls_.lstArtists.Click, [this] { lstArtists_Click(); });

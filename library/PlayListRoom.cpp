@@ -1,6 +1,7 @@
 #include "library/PlayListRoom.h"
 
 #include "base/Text.h"
+#include "controls/Arrange.h"
 #include "library/SpecialRows.h"
 #include "library/TableRows.h"
 #include "store/Tables.h"
@@ -27,14 +28,14 @@ PlayListRoom::PlayListRoom(PlayListControls& controls, PlayListMenu& menu, Media
 }
 
 void PlayListRoom::ClaimButtons() {
-    ClaimTwin(controls_.imgAddSong, controls_.imgAddSongOver);
+    ClaimTwin(claims_, controls_.imgAddSong, controls_.imgAddSongOver);
     claims_.Claim(controls_.imgAddSongOver.Click, [this] { imgAddSongOver_Click(); });
-    ClaimTwin(controls_.imgRemoveSong, controls_.imgRemoveSongOver);
+    ClaimTwin(claims_, controls_.imgRemoveSong, controls_.imgRemoveSongOver);
     claims_.Claim(controls_.imgRemoveSongOver.Click, [this] { imgRemoveSongOver_Click(); });
 }
 
 void PlayListRoom::ClaimPanel() {
-    const auto hide_overs = [this](int, int, double, double) { highlights_.NoMouseOvers(); };
+    const auto hide_overs = [this] { highlights_.NoMouseOvers(); };
     claims_.Claim(controls_.imgBG2.MouseMove, hide_overs);
     claims_.Claim(controls_.fraPlayListCenter.MouseMove, hide_overs);
     claims_.Claim(controls_.fraPlayListCenter.KeyDown,
@@ -44,16 +45,12 @@ void PlayListRoom::ClaimPanel() {
     claims_.Claim(controls_.lstAddToPlaylist.KeyDown,
                   [this](int key_code, int) { lstAddToPlaylist_KeyDown(key_code); });
     claims_.Claim(controls_.imgAddToPlaylist.Click, [this] { imgOkOver_Click(); });
-    ClaimTwin(controls_.imgOk, controls_.imgOkOver);
+    ClaimTwin(claims_, controls_.imgOk, controls_.imgOkOver);
     claims_.Claim(controls_.imgOkOver.Click, [this] { imgOkOver_Click(); });
-    ClaimTwin(controls_.imgCancel, controls_.imgCancelOver);
+    ClaimTwin(claims_, controls_.imgCancel, controls_.imgCancelOver);
     claims_.Claim(controls_.imgCancelOver.Click, [this] { imgCancelOver_Click(); });
-    ClaimTwin(controls_.imgDeletePlayList, controls_.imgDeletePlayListOver);
+    ClaimTwin(claims_, controls_.imgDeletePlayList, controls_.imgDeletePlayListOver);
     claims_.Claim(controls_.imgDeletePlayListOver.Click, [this] { imgDeletePlayListOver_Click(); });
-}
-
-void PlayListRoom::ClaimTwin(controls::Image& plain, controls::Image& over) {
-    claims_.Claim(plain.MouseMove, [&over](int, int, double, double) { over.SetVisible(true); });
 }
 
 void PlayListRoom::imgAddSongOver_Click() {

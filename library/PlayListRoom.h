@@ -50,7 +50,6 @@ private:
     void ClaimButtons();
     void ClaimPanel();
     void HidePanel();
-    void ClaimTwin(controls::Image& plain, controls::Image& over);
     bool IsConfirmed(std::string_view question, std::string_view title);
     void RemoveFromPlayList(const std::string& playlist, const std::string& song_id);
     void ResetPlayCount(const std::string& song_id);

@@ -32,8 +32,7 @@ SearchRoom::SearchRoom(SearchControls& controls, SearchMenu& menu, MediaSources&
       sources_(sources),
       view_(view),
       highlights_(highlights) {
-    claims_.Claim(controls_.fraSearch.MouseMove,
-                  [this](int, int, double, double) { highlights_.NoMouseOvers(); });
+    claims_.Claim(controls_.fraSearch.MouseMove, [this] { highlights_.NoMouseOvers(); });
     claims_.Claim(controls_.txtSearch.Change, [this] { txtSearch_Change(); });
     claims_.Claim(controls_.tmrSearch.Tick, [this] { tmrSearch_Tick(); });
     claims_.Claim(menu_.mnuSearchArtist.Click, [this] { mnuSearchArtist_Click(); });

@@ -1,19 +1,18 @@
 #include "places/AddFavouriteForm.h"
 
+#include "controls/Arrange.h"
+
 namespace places {
 namespace {
 
-constexpr double kPixel = controls::kTwipsPerPixel;
-constexpr double kWidth = 376;
+using controls::Px;
 
-void Place(controls::Control& control, double left, double top, double width, double height) {
-    control.Move(left * kPixel, top * kPixel, width * kPixel, height * kPixel);
-}
+constexpr double kWidth = 376;
 
 }  // namespace
 
 AddFavouriteForm::AddFavouriteForm() {
-    frmAdd.SetContentSize(kWidth * kPixel, 0);
+    frmAdd.SetContentSize(Px(kWidth), 0);
     frmAdd.SetHeight(kAddHeight);
     frmAdd.Add(lblGroup, lstGroup, cmdDelete, cmdNew, lblURL, txtURL, lblName, txtName, cmdCancel, cmdAdd,
                cmdCancel2, cmdDelete2);

@@ -1,6 +1,8 @@
 // The favourites panel at the left of the main window, and the button that opens and closes it.
 #pragma once
 
+#include <string_view>
+
 #include "controls/CommandButton.h"
 #include "controls/Frame.h"
 #include "controls/Image.h"
@@ -10,16 +12,17 @@
 
 namespace places {
 
-/// Where `cmdFavs` stands while the panel is closed and while it is open, in twips.
-inline constexpr double kClosedLeft = 120;
-inline constexpr double kOpenLeft = 2760;
+/// The captions of `cmdFavs`, which are the panel's state.
+inline constexpr std::string_view kPanelOpen = "<";
+inline constexpr std::string_view kPanelClosed = ">";
 
 struct FavouritesControls {
     FavouritesControls();
-    /// Puts the group into the window, back to front. Heights and widths are the layout's.
+    /// Puts the group into the window, back to front.
     void PutInto(controls::Container& container);
+    bool IsPanelOpen() const { return cmdFavs.Caption() == kPanelOpen; }
 
-    controls::CommandButton cmdFavs{"cmdFavs", ">"};  ///< the caption is the state: ">" closed, "<" open
+    controls::CommandButton cmdFavs{"cmdFavs", kPanelClosed};
     controls::Frame fraFavs{"fraFavs"};
     controls::Label lblFavs{"lblFavs", "MySpace Favourites:"};
     controls::ListBox lstFavs{"lstFavs"};        ///< groups, and the favourites of the open one

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/Text.h"
+#include "controls/Arrange.h"
 #include "store/Tables.h"
 
 namespace places {
@@ -11,8 +12,6 @@ namespace {
 
 constexpr std::string_view kAllFavouritesLine = "  [All Favourites]";
 constexpr std::string_view kGroupsLine = "  [Favourite Groups]";
-constexpr std::string_view kOpen = "<";
-constexpr std::string_view kClosed = ">";
 /// Stands between group and favourite while the rows are sorted.
 constexpr std::string_view kBetween = "***";
 /// What stands behind the first "*" of a group's own row.
@@ -44,7 +43,7 @@ FavouritesRoom::FavouritesRoom(FavouritesControls& controls, FavouritesMenu& men
 
 void FavouritesRoom::ClaimPanel() {
     FavouritesControls& panel = controls_;
-    const auto hide_twins = [this](int, int, double, double) { others_.highlights.NoMouseOvers(); };
+    const auto hide_twins = [this] { others_.highlights.NoMouseOvers(); };
     const auto take_drop = [this](const controls::DropData& data, double, double) { List_OLEDragDrop(data); };
     claims_.Claim(panel.cmdFavs.Click, [this] { cmdFavs_Click(); });
     claims_.Claim(panel.cmdFavs.MouseMove, hide_twins);
@@ -59,14 +58,11 @@ void FavouritesRoom::ClaimPanel() {
     claims_.Claim(panel.lstFavsAlt.MouseMove, hide_twins);
     claims_.Claim(panel.lstFavsAlt.OLEDragDrop, take_drop);
     claims_.Claim(panel.fraFavs.MouseMove, hide_twins);
-    claims_.Claim(panel.imgAdd.MouseMove,
-                  [&panel](int, int, double, double) { panel.imgAddOver.SetVisible(true); });
+    ClaimTwin(claims_, panel.imgAdd, panel.imgAddOver);
     claims_.Claim(panel.imgAddOver.Click, [this] { imgAddOver_Click(); });
-    claims_.Claim(panel.imgdelete.MouseMove,
-                  [&panel](int, int, double, double) { panel.imgdeleteover.SetVisible(true); });
+    ClaimTwin(claims_, panel.imgdelete, panel.imgdeleteover);
     claims_.Claim(panel.imgdeleteover.Click, [this] { imgdeleteover_Click(); });
-    claims_.Claim(panel.imgView.MouseMove,
-                  [&panel](int, int, double, double) { panel.imgViewOver.SetVisible(true); });
+    ClaimTwin(claims_, panel.imgView, panel.imgViewOver);
     claims_.Claim(panel.imgViewOver.Click, [this] { imgViewOver_Click(); });
 }
 
@@ -237,7 +233,7 @@ void FavouritesRoom::ShowFavs(bool shown) {
 }
 
 bool FavouritesRoom::IsPanelClosed() const {
-    return controls_.cmdFavs.Caption() == kClosed;
+    return !controls_.IsPanelOpen();
 }
 
 void FavouritesRoom::cmdFavs_Click() {
@@ -251,14 +247,12 @@ void FavouritesRoom::cmdFavs_Click() {
 
 void FavouritesRoom::OpenPanel() {
     if (others_.video.IsVideoAttached()) others_.video.ShowPane();
-    controls_.cmdFavs.SetCaption(kOpen);
-    controls_.cmdFavs.SetLeft(kOpenLeft);
+    controls_.cmdFavs.SetCaption(kPanelOpen);
     ShowFavs(true);
 }
 
 void FavouritesRoom::ClosePanel() {
-    controls_.cmdFavs.SetCaption(kClosed);
-    controls_.cmdFavs.SetLeft(kClosedLeft);
+    controls_.cmdFavs.SetCaption(kPanelClosed);
     others_.video.ClosePane();
     ShowFavs(false);
 }

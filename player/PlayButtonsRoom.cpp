@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/Number.h"
+#include "controls/Arrange.h"
 
 namespace player {
 
@@ -19,28 +20,16 @@ PlayButtonsRoom::PlayButtonsRoom(PlayButtonControls& controls, PlayButtonMenu& m
       roles_(roles),
       message_(message),
       address_(address) {
-    claims_.Claim(controls_.imgPlay.MouseMove, [this](int, int, double, double) { imgPlay_MouseMove(); });
+    ClaimTwin(claims_, controls_.imgPlay, controls_.imgPlayOver);
     claims_.Claim(controls_.imgPlayOver.Click, [this] { imgPlayOver_Click(); });
-    claims_.Claim(controls_.imgPause.MouseMove, [this](int, int, double, double) { imgPause_MouseMove(); });
+    ClaimTwin(claims_, controls_.imgPause, controls_.imgPauseOver);
     claims_.Claim(controls_.imgPauseOver.Click, [this] { imgPauseOver_Click(); });
-    claims_.Claim(controls_.imgStop.MouseMove, [this](int, int, double, double) { imgStop_MouseMove(); });
+    ClaimTwin(claims_, controls_.imgStop, controls_.imgStopOver);
     claims_.Claim(controls_.imgStopOver.Click, [this] { imgStopOver_Click(); });
     claims_.Claim(tracks_.lstTracks.DblClick, [this] { lstTracks_DblClick(); });
     claims_.Claim(menu.mnuPlay.Click, [this] { imgPlayOver_Click(); });
     claims_.Claim(menu.mnuPause.Click, [this] { imgPauseOver_Click(); });
     claims_.Claim(menu.mnuStop.Click, [this] { imgStopOver_Click(); });
-}
-
-void PlayButtonsRoom::imgPlay_MouseMove() {
-    controls_.imgPlayOver.SetVisible(true);
-}
-
-void PlayButtonsRoom::imgPause_MouseMove() {
-    controls_.imgPauseOver.SetVisible(true);
-}
-
-void PlayButtonsRoom::imgStop_MouseMove() {
-    controls_.imgStopOver.SetVisible(true);
 }
 
 void PlayButtonsRoom::imgPlayOver_Click() {

@@ -33,11 +33,8 @@ public:
     void imgStopOver_Click();
 
 private:
-    void imgPlay_MouseMove();
     void imgPlayOver_Click();
-    void imgPause_MouseMove();
     void imgPauseOver_Click();
-    void imgStop_MouseMove();
     void lstTracks_DblClick();
 
     bool IsAnyIn(std::string_view mode);

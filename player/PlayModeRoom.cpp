@@ -1,14 +1,14 @@
 #include "player/PlayModeRoom.h"
 
+#include "controls/Arrange.h"
+
 namespace player {
 
 PlayModeRoom::PlayModeRoom(PlayModeControls& controls, PlayModeMenu& menu, AddressRow& address)
     : controls_(controls), menu_(menu), address_(address) {
-    claims_.Claim(controls_.imgRepeat.MouseMove,
-                  [this](int, int, double, double) { controls_.imgRepeatOver.SetVisible(true); });
+    ClaimTwin(claims_, controls_.imgRepeat, controls_.imgRepeatOver);
     claims_.Claim(controls_.imgRepeatOver.Click, [this] { imgRepeatOver_Click(); });
-    claims_.Claim(controls_.imgNoRepeat.MouseMove,
-                  [this](int, int, double, double) { controls_.imgNoRepeatOver.SetVisible(true); });
+    ClaimTwin(claims_, controls_.imgNoRepeat, controls_.imgNoRepeatOver);
     claims_.Claim(controls_.imgNoRepeatOver.Click, [this] { imgNoRepeatOver_Click(); });
     claims_.Claim(menu_.mnuRepeat.Click, [this] { mnuRepeat_Click(); });
     claims_.Claim(menu_.mnuShuffle.Click, [this] { mnuShuffle_Click(); });

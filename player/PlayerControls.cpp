@@ -1,33 +1,18 @@
 #include "player/PlayerControls.h"
 
+#include "controls/Arrange.h"
+
 namespace player {
 
 namespace {
 
-constexpr double kSmallButton = 420;
-constexpr double kPlayButton = 660;
-constexpr double kRowHeight = 360;
-constexpr double kBarHeight = 240;
-constexpr double kKnobWidth = 150;
+using controls::Px;
 
-void Name(controls::Control& control, std::string_view accessible) {
-    control.SetAccessibleName(accessible);
-    control.SetToolTipText(accessible);
-}
-
-template <class... C>
-void Hide(C&... controls) {
-    (controls.SetVisible(false), ...);
-}
-
-/// A plain picture and its bright twin, on one place.
-void Pair(controls::Image& plain, controls::Image& bright, double size, std::string_view accessible) {
-    plain.Move(plain.Left(), plain.Top(), size, size);
-    bright.Move(plain.Left(), plain.Top(), size, size);
-    Name(plain, accessible);
-    Name(bright, accessible);
-    bright.SetVisible(false);
-}
+constexpr double kTextHeight = Px(23);
+constexpr double kSongBarHeight = Px(16);
+constexpr double kVolumeBarHeight = Px(22);
+constexpr double kSpeedBarHeight = Px(13);
+constexpr double kKnobWidth = Px(10);
 
 }  // namespace
 
@@ -36,91 +21,79 @@ void KeepMarkerWidth(controls::Label& marker, const controls::PictureBox& bar, d
 }
 
 PlayButtonControls::PlayButtonControls() {
-    imgPlay.Move(180, 180, 0, 0);
-    imgPause.Move(180, 180, 0, 0);
-    imgStop.Move(960, 300, 0, 0);
-    Pair(imgPlay, imgPlayOver, kPlayButton, "Play");
-    Pair(imgPause, imgPauseOver, kPlayButton, "Pause");
-    Pair(imgStop, imgStopOver, kSmallButton, "Stop");
+    NameTwins(imgPlay, imgPlayOver, "Play");
+    NameTwins(imgPause, imgPauseOver, "Pause");
+    NameTwins(imgStop, imgStopOver, "Stop");
     Hide(imgPause);
 }
 
 PlayModeControls::PlayModeControls() {
-    Pair(imgRepeat, imgRepeatOver, kSmallButton, "Repeat is on: repeat no more");
-    Pair(imgNoRepeat, imgNoRepeatOver, kSmallButton, "Repeat this song");
+    NameTwins(imgRepeat, imgRepeatOver, "Repeat is on: repeat no more");
+    NameTwins(imgNoRepeat, imgNoRepeatOver, "Repeat this song");
     Hide(imgRepeat);
 }
 
 TitleControls::TitleControls() {
-    picTrackTitle.Move(1650, 180, 7050, kRowHeight);
     picTrackTitle.SetLook("well");
     picTrackTitle.SetAccessibleName("Track title");
-    lblTrack.Move(100, 0, 0, kRowHeight - 15);
+    lblTrack.Move(100, 0, 0, kTextHeight);
     lblTrack.SetLook("display");
     lblTrack.SetAccessibleName("What is playing");
-    lblNoFile.Move(1650, 1290, 2400, 270);
     lblNoFile.SetLook("accent");
     Hide(lblNoFile, lblFileNowPlaying, lblQuote);
 }
 
 ProgressControls::ProgressControls() {
-    picRunningTime.Move(8790, 180, 1650, kRowHeight);
     picRunningTime.SetLook("well");
     picRunningTime.SetAccessibleName("Running time");
-    lblRunningTime.Move(0, 0, 1650, kRowHeight - 15);
+    lblRunningTime.Move(0, 0, Px(110), kTextHeight);
     lblRunningTime.SetAlign(controls::Alignment::Centre);
     lblRunningTime.SetLook("readout");
-    picSongProgress.Move(1650, 630, 8790, kBarHeight);
     picSongProgress.SetLook("progress");
     picSongProgress.SetAccessibleName("Position in the song");
-    lblProgress.Move(0, 0, kSongMarkerWidth, kBarHeight);
+    lblProgress.Move(0, 0, kSongMarkerWidth, kSongBarHeight);
     lblProgress.SetLook("marker");
     lblProgress.SetAccessibleName("Position");
 }
 
 PanelControls::PanelControls() {
-    fraControls.Move(0, 0, 14220, 1680);
     fraControls.SetLook("raised");
     fraControls.SetAccessibleName("Player");
     imgControlsBG.SetLook("raised");
 }
 
 FadeControls::FadeControls() {
-    lblStartFade.Move(0, 0, kSongMarkerWidth, kBarHeight);
+    lblStartFade.Move(0, 0, kSongMarkerWidth, kSongBarHeight);
     lblStartFade.SetLook("fademarker");
     lblStartFade.SetAccessibleName("Start of the cross fade");
 }
 
 VolumeControls::VolumeControls() {
-    picVolume.Move(10680, 600, kFullVolumeLeft + kKnobWidth, kBarHeight + 90);
     picVolume.SetLook("level");
     picVolume.SetAccessibleName("Volume");
-    lblVol.Move(0, 0, kFullVolumeLeft + controls::kTwipsPerPixel, kBarHeight + 90);
+    lblVol.Move(0, 0, kFullVolumeLeft + Px(1), kVolumeBarHeight);
     lblVol.SetLook("bare");
     lblVol.SetAccessibleName("Volume");
-    lblFullVol.Move(lblVol.Right(), 0, picVolume.Width() - lblVol.Right(), kBarHeight + 90);
+    lblFullVol.Move(lblVol.Right(), 0, kKnobWidth - Px(1), kVolumeBarHeight);
     lblFullVol.SetLook("bare");
     Name(lblFullVol, "Full volume");
-    imgVol.Move(kFullVolumeLeft, 0, kKnobWidth, kBarHeight + 90);
+    imgVol.Move(kFullVolumeLeft, 0, kKnobWidth, kVolumeBarHeight);
     imgVol.SetLook("marker");
     imgVol.SetAccessibleName("Volume");
-    lblMute.Move(11820, 240, 720, 270);
     lblMute.SetLook("accent");
     Name(lblMute, "The sound is off: turn it on");
     Hide(lblMute);
 }
 
 SpeedControls::SpeedControls() {
-    picSpeed.Move(2370, 1050, 2700, kBarHeight - 45);
     picSpeed.SetLook("track");
     Name(picSpeed, "Speed");
-    lblSongSpeed.Move(1350, 0, kSpeedMarkerWidth, kBarHeight - 45);
+    picSpeed.SetScaleWidth(kSpeedBarScale);
+    picSpeed.Add(lblSongSpeed);
+    lblSongSpeed.Move(kSpeedBarScale / 2, 0, 0, kSpeedBarHeight);
     lblSongSpeed.SetLook("marker");
     Name(lblSongSpeed, "Speed");
-    lblSpeedLabel.Move(1650, 1035, 660, 270);
     lblSpeedLabel.SetLook("heading");
-    picSpeed.Add(lblSongSpeed);
-    picSpeed.SetScaleWidth(kSpeedBarScale);
 }
 
 PlayOrderControls::PlayOrderControls() {
@@ -129,12 +102,10 @@ PlayOrderControls::PlayOrderControls() {
 
 CueControls::CueControls() {
     lblCuedLabel.SetLook("heading");
-    lblCuedLabel.Move(0, 0, 2400, 270);
-    lstCuedSongs.Move(0, 0, 4080, 6690);
     lstCuedSongs.SetAccessibleName("Up next");
     lstCuedSongs.SetHint("Cue a track or drop files here");
-    Pair(imgCueSong, imgCueSongOver, kSmallButton, "Cue the selected track");
-    Pair(imgUnCue, imgUnCueOver, kSmallButton, "Take the track off the cue list");
+    NameTwins(imgCueSong, imgCueSongOver, "Cue the selected track");
+    NameTwins(imgUnCue, imgUnCueOver, "Take the track off the cue list");
     Hide(lstCuedSongsPath);
 }
 
@@ -160,17 +131,14 @@ void QueueControls::PutInto(controls::Container& pane) {
 }
 
 SplitterControls::SplitterControls() {
-    lblSlider.Move(120, 2880, 10020, 120);
     lblSlider.SetLook("splitter");
     Name(lblSlider, "Drag to share the height between the lists");
 }
 
 VideoPaneControls::VideoPaneControls() {
-    picVideo.Move(240, 8340, 2400, 2790);
     picVideo.SetLook("well");
     picVideo.SetAccessibleName("Video");
     picVideo.SetVisible(false);
-    cmdAttachVid.Move(5310, 1035, 1080, 330);
     Name(cmdAttachVid, "Put the video into the main window");
 }
 

@@ -1,5 +1,5 @@
-// The controls of the player on the main window. The constructors give them their looks, the places inside
-// their own bars and a size that stays; what depends on the window's size is the layout's.
+// The controls of the player on the main window. The constructors give them their looks, and markers and
+// texts their places in their own bars; where everything else is belongs to the layout.
 //
 // Each small struct is the group of one room; the three bigger ones only put groups together for the window.
 #pragma once
@@ -22,11 +22,11 @@ inline constexpr double kSpeedBarScale = 200;
 
 /// The speed's marker keeps this width in twips, whatever the scale of its bar.
 inline constexpr double kSpeedMarkerWidth = 120;
-/// The song's two markers are a pixel wide: a song ends when they meet, and with the fades off they may not
-/// meet before 99.5 percent are played. The screen draws them wide enough for a hand.
+/// The song's two markers are a pixel wide: a song ends when they meet, and with the fades off they must not
+/// meet before 99.5 percent have played. The screen draws them wide enough to be caught with the mouse.
 inline constexpr double kSongMarkerWidth = 15;
 
-/// Gives a marker its width in twips again, in the units of the bar it stands on.
+/// Restores a marker's width in twips, converted to the units of its bar.
 void KeepMarkerWidth(controls::Label& marker, const controls::PictureBox& bar, double width);
 
 /// Play, pause, stop: each a plain picture and its bright twin, which takes the click.
@@ -51,7 +51,7 @@ struct PlayModeControls {
     controls::Image imgNoRepeatOver{"imgNoRepeatOver", "norepeatover"};
 };
 
-/// What plays: its title scrolls in picTrackTitle.
+/// The current song: its title scrolls in picTrackTitle.
 struct TitleControls {
     TitleControls();
 
@@ -62,7 +62,7 @@ struct TitleControls {
     controls::Label lblQuote{"lblQuote", "\""};                ///< hidden; the double quote
 };
 
-/// Where the song stands. The scale unit of picSongProgress is the second.
+/// The position in the song. The scale unit of picSongProgress is the second.
 struct ProgressControls {
     ProgressControls();
 
@@ -73,7 +73,7 @@ struct ProgressControls {
     controls::Timer tmrPlay{"tmrPlay", 50, true};
 };
 
-/// The panel that the transport stands on.
+/// The transport's panel.
 struct PanelControls {
     PanelControls();
 
@@ -89,9 +89,9 @@ struct FadeControls {
     controls::Timer tmrFade{"tmrFade", 60};
 };
 
-/// The level. imgVol, the knob, stands in picVolume behind lblVol, which begins at the left end of the bar,
-/// so that a press on lblVol is a Left of imgVol. lblFullVol covers what of the knob hangs over the end of
-/// the bar.
+/// The volume. imgVol, the knob, is in picVolume below lblVol, which begins at the left end of the bar, so
+/// that the x of a press on lblVol is a Left of imgVol. lblFullVol covers the part of the knob that is beyond
+/// the end of the bar.
 struct VolumeControls {
     VolumeControls();
 
@@ -99,7 +99,7 @@ struct VolumeControls {
     controls::Label lblVol{"lblVol"};
     controls::Label lblFullVol{"lblFullVol"};
     controls::Image imgVol{"imgVol", "knob"};
-    controls::Label lblMute{"lblMute", "Mute"};  ///< shows while the sound is off
+    controls::Label lblMute{"lblMute", "Mute"};  ///< visible while the sound is off
 };
 
 /// The speed, 0 to 200 with the normal speed at 100.
@@ -135,17 +135,17 @@ struct CueControls {
     controls::Image imgUnCueOver{"imgUnCueOver", "uncueover"};
 };
 
-/// The transport: everything that stands in fraControls but the levels.
+/// The transport: everything in fraControls except the levels.
 struct TransportControls : PlayButtonControls,
                            PlayModeControls,
                            TitleControls,
                            ProgressControls,
                            PanelControls {
-    /// Puts fraControls with all that stands in it, and the repeat pictures, into the music pane.
+    /// Puts fraControls with its content, and the repeat pictures, into the music pane.
     void PutInto(controls::Container& pane);
 };
 
-/// The levels, in the transport's panel; the start-fade marker stands on the song bar.
+/// The levels, in the transport's panel; the start-fade marker is on the song bar.
 struct LevelControls : FadeControls, VolumeControls, SpeedControls, PanningControls {
     void PutInto(TransportControls& transport);
 };
@@ -169,7 +169,7 @@ struct VideoPaneControls {
     controls::CommandButton cmdAttachVid{"cmdAttachVid", "Attach"};
 };
 
-/// All of it.
+/// All controls of the player on the main window.
 struct PlayerControls {
     TransportControls transport;
     LevelControls levels;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/Number.h"
+#include "controls/Arrange.h"
 
 namespace player {
 
@@ -17,23 +18,13 @@ QueueRoom::QueueRoom(CueControls& controls, CueMenu& menu, TrackListView tracks,
                      SongPlayer& player, AddressRow& address, MainWindow& window)
     : controls_(controls), tracks_(tracks), cue_(cue), player_(player), address_(address), window_(window) {
     claims_.Claim(controls_.lstCuedSongs.DblClick, [this] { lstCuedSongs_DblClick(); });
-    claims_.Claim(controls_.lstCuedSongs.MouseMove,
-                  [this](int, int, double, double) { window_.NoMouseOvers(); });
-    claims_.Claim(controls_.imgCueSong.MouseMove,
-                  [this](int, int, double, double) { imgCueSong_MouseMove(); });
+    claims_.Claim(controls_.lstCuedSongs.MouseMove, [this] { window_.NoMouseOvers(); });
+    ClaimTwin(claims_, controls_.imgCueSong, controls_.imgCueSongOver);
     claims_.Claim(controls_.imgCueSongOver.Click, [this] { imgCueSongOver_Click(); });
-    claims_.Claim(controls_.imgUnCue.MouseMove, [this](int, int, double, double) { imgUnCue_MouseMove(); });
+    ClaimTwin(claims_, controls_.imgUnCue, controls_.imgUnCueOver);
     claims_.Claim(controls_.imgUnCueOver.Click, [this] { imgUnCueOver_Click(); });
     claims_.Claim(menu.mnuCueSong.Click, [this] { imgCueSongOver_Click(); });
     claims_.Claim(menu.mnuRemoveCueList.Click, [this] { imgUnCueOver_Click(); });
-}
-
-void QueueRoom::imgCueSong_MouseMove() {
-    controls_.imgCueSongOver.SetVisible(true);
-}
-
-void QueueRoom::imgUnCue_MouseMove() {
-    controls_.imgUnCueOver.SetVisible(true);
 }
 
 void QueueRoom::imgCueSongOver_Click() {

@@ -16,9 +16,7 @@ public:
               AddressRow& address, MainWindow& window);
 
 private:
-    void imgCueSong_MouseMove();
     void imgCueSongOver_Click();
-    void imgUnCue_MouseMove();
     void imgUnCueOver_Click();
     void lstCuedSongs_DblClick();
 

@@ -17,10 +17,10 @@ SpeedRoom::SpeedRoom(SpeedControls& controls, SpeedMenu& menu, MciLayer& mci, Pl
     auto& lblSongSpeed = controls_.lblSongSpeed;
     claims_.Claim(controls_.picSpeed.MouseDown,
                   [this](int, int, double x, double) { picSpeed_MouseDown(x); });
-    claims_.Claim(controls_.picSpeed.MouseUp, [this](int, int, double, double) { address_.FocusAddress(); });
+    claims_.Claim(controls_.picSpeed.MouseUp, [this] { address_.FocusAddress(); });
     claims_.Claim(lblSongSpeed.MouseDown, [this](int, int, double x, double) { lblSongSpeed_MouseDown(x); });
     claims_.Claim(lblSongSpeed.MouseMove, [this](int, int, double x, double) { lblSongSpeed_MouseMove(x); });
-    claims_.Claim(lblSongSpeed.MouseUp, [this](int, int, double, double) { lblSongSpeed_MouseUp(); });
+    claims_.Claim(lblSongSpeed.MouseUp, [this] { lblSongSpeed_MouseUp(); });
     claims_.Claim(menu_.mnuIncreaseSpeed.Click, [this] { mnuIncreaseSpeed_Click(); });
     claims_.Claim(menu_.mnuDecreaseSpeed.Click, [this] { mnuDecreaseSpeed_Click(); });
     claims_.Claim(menu_.mnuNormalSpeed.Click, [this] { mnuNormalSpeed_Click(); });

@@ -17,9 +17,9 @@ SplitterRoom::SplitterRoom(SplitterControls& controls, SplitListView lists,
                            const controls::Frame& fraControls, MainWindow& window)
     : controls_(controls), lists_(lists), fraControls_(fraControls), window_(window) {
     auto& lblSlider = controls_.lblSlider;
-    claims_.Claim(lblSlider.MouseDown, [this](int, int, double, double) { SliderDragging_ = true; });
+    claims_.Claim(lblSlider.MouseDown, [this] { SliderDragging_ = true; });
     claims_.Claim(lblSlider.MouseMove, [this](int, int, double, double y) { lblSlider_MouseMove(y); });
-    claims_.Claim(lblSlider.MouseUp, [this](int, int, double, double) { SliderDragging_ = false; });
+    claims_.Claim(lblSlider.MouseUp, [this] { SliderDragging_ = false; });
 }
 
 void SplitterRoom::lblSlider_MouseMove(double y) {

@@ -1,6 +1,7 @@
 #include "player/TitleRoom.h"
 
 #include "base/Text.h"
+#include "controls/Arrange.h"
 
 namespace player {
 
@@ -12,16 +13,15 @@ constexpr double kRightMargin = 200;
 constexpr double kRestLeft = 5;
 /// The label is as wide as its text. For the skin's 13 pixel letters 8 pixels a character do, and 3 more for
 /// each further byte of a character, since most wide letters take three.
-constexpr double kCharacterWidth = 8 * controls::kTwipsPerPixel;
-constexpr double kFurtherByteWidth = 3 * controls::kTwipsPerPixel;
+constexpr double kCharacterWidth = controls::Px(8);
+constexpr double kFurtherByteWidth = controls::Px(3);
 
 }  // namespace
 
 TitleRoom::TitleRoom(TitleControls& controls, TitleState& state, MainWindow& window)
     : controls_(controls), state_(state), window_(window) {
     claims_.Claim(controls_.picTrackTitle.Click, [this] { trackscrollclick(); });
-    claims_.Claim(controls_.picTrackTitle.MouseMove,
-                  [this](int, int, double, double) { window_.NoMouseOvers(); });
+    claims_.Claim(controls_.picTrackTitle.MouseMove, [this] { window_.NoMouseOvers(); });
     claims_.Claim(controls_.lblTrack.Click, [this] { trackscrollclick(); });
     claims_.Claim(controls_.lblTrack.Change, [this] { lblTrack_Change(); });
 }

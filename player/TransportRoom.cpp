@@ -29,18 +29,18 @@ TransportRoom::TransportRoom(ProgressControls& controls, PanelControls& panel,
       window_(window) {
     auto& bar = controls_.picSongProgress;
     auto& marker = controls_.lblProgress;
-    const auto hide_highlights = [this](int, int, double, double) { window_.NoMouseOvers(); };
+    const auto hide_highlights = [this] { window_.NoMouseOvers(); };
     const auto focus_address = [this] { address_.FocusAddress(); };
     claims_.Claim(controls_.picRunningTime.Click, focus_address);
     claims_.Claim(controls_.picRunningTime.MouseMove, hide_highlights);
     claims_.Claim(controls_.lblRunningTime.Click, focus_address);
     claims_.Claim(bar.MouseDown, [this](int, int, double x, double) { picSongProgress_MouseDown(x); });
     claims_.Claim(bar.MouseMove, hide_highlights);
-    claims_.Claim(bar.MouseUp, [this](int, int, double, double) { address_.FocusAddress(); });
+    claims_.Claim(bar.MouseUp, [this] { address_.FocusAddress(); });
     claims_.Claim(bar.MouseWheel, [this](int notches) { picSongProgress_MouseWheel(notches); });
     claims_.Claim(marker.MouseDown, [this](int, int, double x, double) { lblProgress_MouseDown(x); });
     claims_.Claim(marker.MouseMove, [this](int, int, double x, double) { lblProgress_MouseMove(x); });
-    claims_.Claim(marker.MouseUp, [this](int, int, double, double) { lblProgress_MouseUp(); });
+    claims_.Claim(marker.MouseUp, [this] { lblProgress_MouseUp(); });
     claims_.Claim(controls_.tmrPlay.Tick, [this] { tmrPlay_Tick(); });
     claims_.Claim(panel.fraControls.MouseMove, hide_highlights);
     claims_.Claim(panel.imgControlsBG.MouseMove, hide_highlights);

@@ -13,9 +13,9 @@ constexpr std::string_view kNormalSign = "^";
 constexpr std::string_view kMaximisedSign = "v";
 constexpr double kCaptionHeight = 300;
 constexpr double kMaxButtonWidth = 420;
-/// From the main window's corner to picVideo: border and title.
+/// From the main window's corner to picVideo, in twips: most of the border, and what is above the controls.
 constexpr double kHoleOffsetLeft = 25;
-constexpr double kHoleOffsetTop = 750;
+constexpr double kHoleOffsetTop = controls::kFrameTitle + controls::kFrameMenu;
 
 }  // namespace
 
@@ -36,10 +36,10 @@ VideoRoom::VideoRoom(VideoForm& frmVideo, VideoPaneControls& pane, VideoMenu& me
     claims_.Claim(frmVideo_.KeyDown, [this](int key_code, int shift) { window_.KeyDown(key_code, shift); });
     claims_.Claim(frmVideo_.cmdMax.Click, [this] { cmdMax_Click(); });
     claims_.Claim(caption.DblClick, [this] { cmdMax_Click(); });
-    claims_.Claim(caption.MouseDown, [this](int, int, double, double) { lblVideoCaption_MouseDown(); });
+    claims_.Claim(caption.MouseDown, [this] { lblVideoCaption_MouseDown(); });
     claims_.Claim(caption.MouseMove,
                   [this](int, int, double x, double y) { lblVideoCaption_MouseMove(x, y); });
-    claims_.Claim(caption.MouseUp, [this](int, int, double, double) { CaptionDragging_ = false; });
+    claims_.Claim(caption.MouseUp, [this] { CaptionDragging_ = false; });
     claims_.Claim(pane_.cmdAttachVid.Click, [this] { cmdAttachVid_Click(); });
     claims_.Claim(menu_.mnuFullScreen.Click, [this] { mnuFullScreen_Click(); });
 }

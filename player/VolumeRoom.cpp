@@ -23,11 +23,10 @@ VolumeRoom::VolumeRoom(VolumeControls& controls, VolumeMenu& menu, MciLayer& mci
     : controls_(controls), menu_(menu), mci_(mci), state_(state), address_(address), window_(window) {
     claims_.Claim(controls_.picVolume.MouseWheel, [this](int notches) { picVolume_MouseWheel(notches); });
     claims_.Claim(controls_.lblVol.MouseDown, [this](int, int, double x, double) { lblVol_MouseDown(x); });
-    claims_.Claim(controls_.lblVol.MouseMove, [this](int, int, double, double) { window_.NoMouseOvers(); });
-    claims_.Claim(controls_.lblFullVol.MouseDown,
-                  [this](int, int, double, double) { MoveLevel(kFullVolumeLeft); });
+    claims_.Claim(controls_.lblVol.MouseMove, [this] { window_.NoMouseOvers(); });
+    claims_.Claim(controls_.lblFullVol.MouseDown, [this] { MoveLevel(kFullVolumeLeft); });
     claims_.Claim(controls_.imgVol.MouseDown, [this](int, int, double x, double) { imgVol_MouseDown(x); });
-    claims_.Claim(controls_.imgVol.MouseMove, [this](int, int, double, double) { window_.NoMouseOvers(); });
+    claims_.Claim(controls_.imgVol.MouseMove, [this] { window_.NoMouseOvers(); });
     claims_.Claim(controls_.lblMute.Click, [this] { lblMute_Click(); });
     claims_.Claim(menu_.mnuIncreaseVolume.Click, [this] { mnuIncreaseVolume_Click(); });
     claims_.Claim(menu_.mnuDecreaseVolume.Click, [this] { mnuDecreaseVolume_Click(); });

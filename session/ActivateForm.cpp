@@ -1,18 +1,16 @@
 #include "session/ActivateForm.h"
 
+#include "controls/Arrange.h"
+
 namespace session {
 namespace {
 
-constexpr double kPixel = controls::kTwipsPerPixel;
-
-void Place(controls::Control& control, double left, double top, double width, double height) {
-    control.Move(left * kPixel, top * kPixel, width * kPixel, height * kPixel);
-}
+using controls::Px;
 
 }  // namespace
 
 ActivateForm::ActivateForm() {
-    frmActivate.SetContentSize(460 * kPixel, 260 * kPixel);
+    frmActivate.SetContentSize(Px(460), Px(260));
     frmActivate.SetLook("splash");
     frmActivate.SetStaysInFront(true);
     frmActivate.Add(fraSplash, Browser, Timer1, Timer2);

@@ -1,15 +1,14 @@
 #include "session/LoginForm.h"
 
+#include "controls/Arrange.h"
+
 namespace session {
 namespace {
 
-constexpr double kPixel = controls::kTwipsPerPixel;
+using controls::Px;
+
 constexpr double kWidth = 420;
 constexpr double kHeight = 300;
-
-void Place(controls::Control& control, double left, double top, double width, double height) {
-    control.Move(left * kPixel, top * kPixel, width * kPixel, height * kPixel);
-}
 
 void MakePassword(controls::TextBox& box, std::string_view name) {
     box.SetPassword(true);
@@ -19,7 +18,7 @@ void MakePassword(controls::TextBox& box, std::string_view name) {
 }  // namespace
 
 LoginForm::LoginForm() {
-    frmLogin.SetContentSize(kWidth * kPixel, kHeight * kPixel);
+    frmLogin.SetContentSize(Px(kWidth), Px(kHeight));
     FillLoginPage();
     FillNewPage();
     FillSetupPage();

@@ -16,7 +16,7 @@ SessionRoom::SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState
     claims_.Claim(windows_.frmBrowser.QueryUnload, [this](bool& cancel) { Form_QueryUnload(cancel); });
     claims_.Claim(windows_.frmBrowser.Activate, [this] { Form_Activate(); });
     claims_.Claim(windows_.frmBrowser.Click, [this] { Form_Click(); });
-    claims_.Claim(windows_.frmBrowser.MouseMove, [this](int, int, double, double) { Form_MouseMove(); });
+    claims_.Claim(windows_.frmBrowser.MouseMove, [this] { Form_MouseMove(); });
     claims_.Claim(windows_.frmBrowser.KeyDown,
                   [this](int key_code, int shift) { keys_.KeyDown(key_code, shift); });
     claims_.Claim(menu.mnuExit.Click, [this] { mnuExit_Click(); });

@@ -2,6 +2,7 @@
 
 #include "base/MediaKinds.h"
 #include "base/Text.h"
+#include "controls/Arrange.h"
 #include "web/Addresses.h"
 
 namespace web {
@@ -31,10 +32,9 @@ BrowserEventsRoom::BrowserEventsRoom(NavigationControls& controls, NavigationMen
       roles_(roles),
       events_(events),
       logins_(tabs) {
-    claims_.Claim(controls_.imgBack.MouseMove, [this](int, int, double, double) { imgBack_MouseMove(); });
+    ClaimTwin(claims_, controls_.imgBack, controls_.imgBackOver);
     claims_.Claim(controls_.imgBackOver.Click, [this] { imgBackOver_Click(); });
-    claims_.Claim(controls_.imgForward.MouseMove,
-                  [this](int, int, double, double) { imgForward_MouseMove(); });
+    ClaimTwin(claims_, controls_.imgForward, controls_.imgForwardOver);
     claims_.Claim(controls_.imgForwardOver.Click, [this] { imgForwardOver_Click(); });
     claims_.Claim(controls_.lblRefresh2.Click, [this] { lblRefresh2_Click(); });
     claims_.Claim(menu.mnuGoBack.Click, [this] { imgBackOver_Click(); });
@@ -119,14 +119,6 @@ void BrowserEventsRoom::BrowserBG_NewWindow2(controls::WebBrowser*& target) {
 
 void BrowserEventsRoom::Browser_NavigateError(bool& cancel) {
     cancel = true;
-}
-
-void BrowserEventsRoom::imgBack_MouseMove() {
-    controls_.imgBackOver.SetVisible(true);
-}
-
-void BrowserEventsRoom::imgForward_MouseMove() {
-    controls_.imgForwardOver.SetVisible(true);
 }
 
 void BrowserEventsRoom::imgBackOver_Click() {

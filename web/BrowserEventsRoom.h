@@ -54,8 +54,6 @@ private:
     void Browser_NewWindow2(controls::WebBrowser*& target);
     void Browser_NavigateError(bool& cancel);
     void BrowserBG_NewWindow2(controls::WebBrowser*& target);
-    void imgBack_MouseMove();
-    void imgForward_MouseMove();
     void imgBackOver_Click();
     void imgForwardOver_Click();
     void lblRefresh2_Click();

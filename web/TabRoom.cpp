@@ -82,10 +82,10 @@ void TabRoom::LoadStripMembers(int index) {
                                                   entries.begin()));
     claims_.Claim(face.MouseUp,
                   [this, index](int button, int, double, double) { tabtab_MouseUp(index, button); });
-    claims_.Claim(face.MouseMove, [this, index](int, int, double, double) { tabtab_MouseMove(index); });
+    claims_.Claim(face.MouseMove, [this, index] { tabtab_MouseMove(index); });
     claims_.Claim(label.MouseUp,
                   [this, index](int button, int, double, double) { tabLabel_MouseUp(index, button); });
-    claims_.Claim(label.MouseMove, [this, index](int, int, double, double) { tabLabel_MouseMove(index); });
+    claims_.Claim(label.MouseMove, [this, index] { tabLabel_MouseMove(index); });
     claims_.Claim(close.Click, [this, index] { tabClose_Click(index); });
     claims_.Claim(entry.Click, [this, index] { mnuTabTab_Click(index); });
 }

@@ -1,32 +1,20 @@
 #include "web/WebControls.h"
 
+#include "controls/Arrange.h"
+
 namespace web {
 
 namespace {
 
-constexpr double kButtonSize = 420;
 constexpr double kLabelHeight = 270;
 constexpr double kLabelTop = kStripTop + 90;
 constexpr double kCloseSize = 240;
 constexpr double kMiniWidth = kFirstTabLeftWithoutMusic - kMusicTabLeft;
 constexpr double kLineTop = kStripTop + kStripHeight;
-constexpr double kRefreshLeft = 13170;
-
-void Name(controls::Control& control, std::string_view accessible, std::string_view tool_tip = {}) {
-    control.SetAccessibleName(accessible);
-    control.SetToolTipText(tool_tip.empty() ? accessible : tool_tip);
-}
-
-template <class... C>
-void Hide(C&... controls) {
-    (controls.SetVisible(false), ...);
-}
 
 }  // namespace
 
 TabControls::TabControls() {
-    Browser(0).Move(3000, kPageTop, 14000, 9000);
-    BrowserBG.Move(3000, kPageTop, 14000, 9000);
     Browser(0).SetAccessibleName("Web page");
     BrowserBG.SetAccessibleName("Backdrop page");
 
@@ -59,11 +47,8 @@ void TabControls::PutInto(controls::Container& container) {
 }
 
 AddressControls::AddressControls() {
-    cmbType.Move(1260, kAddressRowTop, 1290, kAddressRowHeight);
     cmbType.SetAccessibleName("What the address box does");
-    cmbAddress.Move(2640, kAddressRowTop, 10350, kAddressRowHeight);
     cmbAddress.SetAccessibleName("Earlier addresses");
-    txtAddress.Move(2655, kAddressRowTop + 15, 10030, kAddressRowHeight - 50);
     txtAddress.SetAccessibleName("Address");
     txtAddress.SetHint("Type an address, a file or a search and press Enter");
     Hide(Label2);
@@ -74,19 +59,11 @@ void AddressControls::PutInto(controls::Container& container) {
 }
 
 NavigationControls::NavigationControls() {
-    imgBack.Move(150, kAddressRowTop, kButtonSize, kButtonSize);
-    imgBackOver.Move(150, kAddressRowTop, kButtonSize, kButtonSize);
-    imgForward.Move(660, kAddressRowTop, kButtonSize, kButtonSize);
-    imgForwardOver.Move(660, kAddressRowTop, kButtonSize, kButtonSize);
-    lblRefresh2.Move(kRefreshLeft + 2820, kAddressRowTop, 1080, kAddressRowHeight);
     lblRefresh2.SetAlign(controls::Alignment::Centre);
     lblRefresh2.SetLook("button");
-    Name(imgBack, "Back");
-    Name(imgBackOver, "Back");
-    Name(imgForward, "Forward");
-    Name(imgForwardOver, "Forward");
+    NameTwins(imgBack, imgBackOver, "Back");
+    NameTwins(imgForward, imgForwardOver, "Forward");
     Name(lblRefresh2, "Refresh the page", "Refresh the page in front");
-    Hide(imgBackOver, imgForwardOver);
 }
 
 void NavigationControls::PutInto(controls::Container& container) {
@@ -94,10 +71,6 @@ void NavigationControls::PutInto(controls::Container& container) {
 }
 
 RefreshControls::RefreshControls() {
-    imgCheck.Move(kRefreshLeft, kAddressRowTop + 90, 240, 240);
-    imgCheckChecked.Move(kRefreshLeft, kAddressRowTop + 90, 240, 240);
-    lblRefresh1.Move(kRefreshLeft + 330, kAddressRowTop + 75, 1320, kLabelHeight);
-    txtRefresh.Move(kRefreshLeft + 1740, kAddressRowTop, 660, kAddressRowHeight);
     txtRefresh.SetText("60");
     Name(imgCheck, "Refresh automatically", "Refresh the page in front again and again");
     Name(imgCheckChecked, "Stop refreshing automatically");
@@ -110,7 +83,6 @@ void RefreshControls::PutInto(controls::Container& container) {
 }
 
 HelpControls::HelpControls() {
-    imgHelp.Move(kRefreshLeft + 3990, kAddressRowTop, kButtonSize, kButtonSize);
     Name(imgHelp, "Help");
 }
 

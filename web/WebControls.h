@@ -1,5 +1,5 @@
-// The controls of the web subsystem on the main window. The constructors give them the places that stay; what
-// depends on the window's size is the layout's.
+// The controls of the web subsystem on the main window. The places in the tab strip are given here; where everything
+// else is belongs to the layout.
 #pragma once
 
 #include "controls/ComboBox.h"

@@ -1,13 +1,14 @@
 #include "window/BrowserForm.h"
 
+#include "controls/Arrange.h"
 #include "window/MenuTree.h"
 
 namespace window {
 namespace {
 
 // As large as the window starts: 1180 by 780 pixels with its menu.
-constexpr double kStartWidth = 1180 * controls::kTwipsPerPixel;
-constexpr double kStartHeight = 754 * controls::kTwipsPerPixel;
+constexpr double kStartWidth = controls::Px(1180);
+constexpr double kStartHeight = controls::Px(754);
 
 }  // namespace
 

@@ -1,5 +1,5 @@
-// The main window: plain data, made of the groups of its rooms. It puts every control into its place in the
-// tree of containers, back to front; where the controls stand is the layout's.
+// The main window: plain data, made of the groups of its rooms. It puts every control into its container,
+// back to front; where the controls are belongs to the layout.
 #pragma once
 
 #include "controls/Form.h"

@@ -1,7 +1,9 @@
-// Where everything in the main window stands: the one place that knows. All numbers are twips, 15 to a pixel.
+// Where everything in the main window is: no other code knows, and a constructor places nothing that is
+// placed here. All numbers are twips, 15 to a pixel.
 //
 // Form_Resize is a contents function: its steps follow one another as named calls, and later steps build on
-// places that earlier ones gave.
+// places that earlier ones gave. The steps are in files by topic: PageLayout.cpp, MusicPaneLayout.cpp,
+// TransportLayout.cpp, FavouritesLayout.cpp.
 #pragma once
 
 #include <functional>
@@ -19,15 +21,15 @@ inline constexpr double kSmallestHeight = 7590;
 class LayoutPartners {
 public:
     virtual ~LayoutPartners() = default;
-    /// The stop flag: nothing plays.
+    /// The stop flag: nothing is playing.
     virtual bool IsPlayerStopped() const = 0;
     /// The click of imgStopOver.
     virtual void StopPlayer() = 0;
-    /// A video or light show stands in picVideo, over the hole.
+    /// A video or light show is in picVideo, over the hole.
     virtual bool IsVideoAttached() const = 0;
     virtual void MakeHole() = 0;
     virtual void CloseHole() = 0;
-    /// Gives the song bar and the speed bar their scales, and their markers the places they stand for.
+    /// Gives the song bar and the speed bar their scales, and their markers the places of their values.
     virtual void RestoreBars() = 0;
 };
 
@@ -36,44 +38,52 @@ public:
     BrowserLayout(BrowserForm& window, const web::WebState& tabs, LayoutPartners& partners);
 
     void Form_Resize();
-    /// After the splitter moved: the search row under it, the tracks from there down to the controls.
+    /// After the splitter moved: places the search row below it, and the tracks from there down to the
+    /// controls.
     void PlaceBelowSplitter();
-    /// After picVideo came or went: its room in the favourites panel.
+    /// After picVideo was shown or hidden: makes or takes back its space in the favourites panel.
     void PlaceFavouritesPanel();
 
 private:
     void PlaceFormGround();
     bool SpringBackToSmallest();
     void PlaceGround();
-    void PlaceFavouritesButton();
+
+    // The page.
     void PlaceBrowsers();
     void PlaceAddressRow();
     void PlaceRefreshControls();
+    void PlaceAddressBox();
+    void PlaceTaskPanel();
+    controls::Control& CurrentBrowser();
+
+    // The music pane.
     void PlaceMusicPane();
     void PlaceLibraryLists();
     void KeepSplitterAboveTracks();
     void PlaceSearchRow();
     double PlaceTrackCount(double top);
     void PlaceTracks();
-    void PlaceTransport();
-    void PlaceControlsGround();
-    void PlaceFavouritesButtons(double bottom);
-    void PlaceVideoPane();
-    void PlacePaneChains();
-    void PlaceSpeedRow();
-    void PlaceVolume();
     void PlaceCueColumn();
     void PlaceAddToPlaylist();
-    void PlaceTaskPanel();
-    void PlaceAddressBox();
-
-    bool IsPanelOpen() const;
     bool IsJustTracks() const;
-    bool IsNarrow() const;
     double CueColumnWidth() const;
     double CueColumnLeft() const;
     double ListsWidth() const;
-    controls::Control& CurrentBrowser();
+
+    // The transport.
+    void PlaceTransport();
+    void PlaceControlsGround();
+    void PlacePaneChains();
+    void PlaceSpeedRow();
+    void PlaceVolume();
+    bool IsNarrow() const;
+
+    // The favourites panel.
+    void PlaceFavouritesButton();
+    void PlaceFavouritesButtons(double bottom);
+    void PlaceVideoPane();
+    bool IsPanelOpen() const;
 
     BrowserForm& window_;
     const web::WebState& tabs_;

@@ -1,4 +1,4 @@
-// The grounds and panels that the main window's groups stand on, and the line with the maker's name.
+// The backgrounds and panels of the main window's groups, and the copyright line.
 #pragma once
 
 #include "controls/Frame.h"

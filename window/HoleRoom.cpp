@@ -6,11 +6,10 @@
 namespace window {
 namespace {
 
-// What lies between the window's outer corner and the place of its controls: a border of two pixels at the
-// left; title and menu bar above, of which the hole leaves two pixels of picVideo's own edge to be seen.
-constexpr int kLeftOfControls = 2;
-constexpr int kAboveHole = 52;
-constexpr int kAboveControls = 50;
+// From the window's outer corner to its controls. The hole leaves as much of picVideo's upper edge visible as
+// the border is wide.
+constexpr double kAboveControls = controls::kFrameTitle + controls::kFrameMenu;
+constexpr double kAboveHole = kAboveControls + controls::kFrameBorder;
 constexpr int kCorner = 50;
 
 int Pixels(double twips) {
@@ -58,8 +57,9 @@ void HoleRoom::MakeHole() {
     const int top = Pixels(picVideo_.Top());
     const int right = left + Pixels(picVideo_.Width());
     const int bottom = top + Pixels(picVideo_.Height());
-    ShapeWindow("RectAngle", {{left + kLeftOfControls, top + kAboveHole, right + kLeftOfControls,
-                               bottom + kAboveControls, kCorner, kCorner}});
+    const int border = Pixels(controls::kFrameBorder);
+    ShapeWindow("RectAngle", {{left + border, top + Pixels(kAboveHole), right + border,
+                               bottom + Pixels(kAboveControls), kCorner, kCorner}});
 }
 
 void HoleRoom::CloseHole() {

@@ -1,11 +1,13 @@
 #include "window/InfoForm.h"
 
+#include "controls/Arrange.h"
+
 namespace window {
 
 InfoForm::InfoForm() {
-    constexpr double kRow = 24 * controls::kTwipsPerPixel;
-    constexpr double kLeft = 16 * controls::kTwipsPerPixel;
-    constexpr double kWidth = 360 * controls::kTwipsPerPixel;
+    constexpr double kRow = controls::Px(24);
+    constexpr double kLeft = controls::Px(16);
+    constexpr double kWidth = controls::Px(360);
     frmInfo.SetContentSize(kWidth + 4 * kLeft, 14 * kRow + 2 * kLeft);
     frmInfo.Add(fraOptions);
     fraOptions.Move(kLeft, kLeft, kWidth + 2 * kLeft, 14 * kRow);

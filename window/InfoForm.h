@@ -1,4 +1,5 @@
-// The preferences window. It places its options; what its buttons do is not built yet, and nothing shows it.
+// The preferences window, with its options in their places. What its buttons do is not built yet, and it is
+// never shown.
 #pragma once
 
 #include "controls/Form.h"
@@ -13,11 +14,11 @@ struct InfoForm {
     controls::Form frmInfo{"frmInfo", "Brindlepost - Preferences", controls::BorderStyle::FixedDialog};
     controls::Frame fraOptions{"fraOptions"};
     session::OptionControls options;
-    /// The window may unload; until then closing hides it.
+    /// The window may unload; until then closing it only hides it.
     bool unloadme = false;
 };
 
-/// The about box; what it shows and does is not built yet, and nothing shows it.
+/// The about box. Its content is not built yet, and it is never shown.
 struct AboutForm {
     controls::Form frmAbout{"frmAbout", "About Brindlepost", controls::BorderStyle::FixedDialog};
 };

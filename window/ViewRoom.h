@@ -13,7 +13,7 @@ namespace window {
 
 class ViewRoom final {
 public:
-    /// `form_resize` lays the window out.
+    /// `form_resize` runs the layout.
     ViewRoom(controls::Form& window, ViewMenu& menu, library::LibraryListControls& lists,
              std::function<void()> form_resize);
 

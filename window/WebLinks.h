@@ -2,6 +2,8 @@
 #pragma once
 
 #include "window/Desk.h"
+#include "controls/Form.h"
+#include "controls/Menu.h"
 #include "window/RemoteLinks.h"
 
 namespace window {

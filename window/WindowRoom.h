@@ -5,6 +5,7 @@
 
 #include "controls/Form.h"
 #include "controls/Frame.h"
+#include "controls/Menu.h"
 #include "roles/Window.h"
 
 namespace window {

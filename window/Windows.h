@@ -34,13 +34,13 @@ struct Windows {
     session::StoreTroubleControls trouble;
     places::HistoryControls history;
     session::StartUpControls start_up;
-    /// The player walks the songs by itself; the library's walks do not disturb it.
+    /// The player's own record set of songs, so that the library's walks do not disturb it.
     store::DataSource player_songs{"datSong"};
 
     /// Every window, the main window first.
     std::vector<controls::Form*> All();
-    /// Restores the main window if it is minimised and brings it to the front; while somebody logs in, the
-    /// login.
+    /// Restores the main window if it is minimised and brings it to the front; during a login, the login
+    /// window.
     void BringToFront();
 };
 

@@ -19,6 +19,17 @@ TEST(Event, CallsItsListenerWithTheArguments) {
     EXPECT_EQ(heard, (std::vector<int>{3, 4}));
 }
 
+TEST(Event, AListenerMayTakeNoArguments) {
+    Event<int, int> event;
+    EventClaims claims;
+    int raised = 0;
+    claims.Claim(event, [&raised] { ++raised; });
+
+    event.Raise(3, 4);
+
+    EXPECT_EQ(raised, 1);
+}
+
 TEST(Event, WithoutAListenerNothingHappens) {
     Event<> event;
 

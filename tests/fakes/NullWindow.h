@@ -3,6 +3,8 @@
 
 #include <string_view>
 
+#include "controls/Form.h"
+#include "controls/Menu.h"
 #include "roles/Window.h"
 
 namespace fakes {

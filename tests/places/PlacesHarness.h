@@ -15,6 +15,7 @@
 #include "fakes/SeededStores.h"
 #include "places/AddFavouriteRoom.h"
 #include "places/FavouritesRoom.h"
+#include "controls/Form.h"
 #include "places/HistoryRoom.h"
 
 namespace places_test {

@@ -247,7 +247,6 @@ TEST_F(FavouritesRoom, TheButtonOpensThePanel) {
     panel.cmdFavs.Click.Raise();
 
     EXPECT_EQ(panel.cmdFavs.Caption(), "<");
-    EXPECT_EQ(panel.cmdFavs.Left(), 2760);
     EXPECT_TRUE(panel.lblFavs.Visible());
     EXPECT_TRUE(panel.fraFavs.Visible());
     EXPECT_TRUE(panel.lstFavs.Visible());
@@ -262,12 +261,20 @@ TEST_F(FavouritesRoom, TheButtonClosesThePanelAndItsVideo) {
     panel.cmdFavs.Click.Raise();
 
     EXPECT_EQ(panel.cmdFavs.Caption(), ">");
-    EXPECT_EQ(panel.cmdFavs.Left(), 120);
     EXPECT_FALSE(panel.lblFavs.Visible());
     EXPECT_FALSE(panel.fraFavs.Visible());
     EXPECT_FALSE(panel.lstFavs.Visible());
     EXPECT_FALSE(panel.lstFavsAlt.Visible());
     EXPECT_EQ(window.Log, (Texts{"ClosePane", "Form_Resize"}));
+}
+
+TEST_F(FavouritesRoom, OpeningLeavesThePlaceOfTheButtonToTheLayout) {
+    panel.cmdFavs.Move(120, 1290, 195, 5000);
+
+    panel.cmdFavs.Click.Raise();
+
+    EXPECT_EQ(panel.cmdFavs.Left(), 120);
+    EXPECT_EQ(window.Log, Texts{"Form_Resize"});
 }
 
 TEST_F(FavouritesRoom, AnAttachedVideoComesBackWithThePanel) {

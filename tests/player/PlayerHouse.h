@@ -125,6 +125,7 @@ struct PlayerParts {
                  state, {kinds, songs, history, message, address, window},
                  {mci, datSong, dialogs, desktop, chance}) {
         controls.PutInto(frmBrowser, frmBrowser);
+        PlaceBars();
         desktop.Adopt(frmBrowser);
         desktop.Adopt(frmVideo);
         stores.Bind(datSong, "tblSong");
@@ -133,6 +134,16 @@ struct PlayerParts {
     void DoubleClickTrack(int row) {
         lstTracks.SetListIndex(row);
         lstTracks.DblClick.Raise();
+    }
+    /// The bars of a main window as large as it starts.
+    void PlaceBars() {
+        controls.transport.fraControls.Move(0, 0, 14220, 1680);
+        controls.transport.picTrackTitle.Move(1650, 180, 7050, 360);
+        controls.transport.picSongProgress.Move(1650, 630, 8790, 240);
+        controls.levels.picVolume.Move(10680, 600, 1935, 330);
+        controls.levels.picSpeed.Move(2370, 1050, 2700, 195);
+        player::KeepMarkerWidth(controls.levels.lblSongSpeed, controls.levels.picSpeed,
+                                player::kSpeedMarkerWidth);
     }
     const std::string& NowPlaying() const { return controls.transport.lblFileNowPlaying.Caption(); }
 

@@ -18,6 +18,7 @@
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeFiles.h"
 #include "web/Addresses.h"
+#include "controls/Form.h"
 #include "web/Web.h"
 
 namespace web_test {

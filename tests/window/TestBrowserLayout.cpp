@@ -4,6 +4,7 @@
 #include <tuple>
 #include <vector>
 
+#include "WindowWalk.h"
 #include "window/BrowserLayout.h"
 
 namespace {
@@ -40,6 +41,17 @@ std::ostream& operator<<(std::ostream& out, const Rect& rect) {
 
 Rect RectOf(const Control& control) {
     return {control.Left(), control.Top(), control.Width(), control.Height()};
+}
+
+/// Everything in a window, at any depth, that has a place: all but timers and menus.
+std::vector<const Control*> PlacedOf(const controls::Form& window) {
+    std::vector<const Control*> all;
+    for (const Control* control : walk::ControlsOf(window)) {
+        const bool elsewhere = control == &window || control->ControlKind() == controls::Kind::Timer ||
+                               control->ControlKind() == controls::Kind::Menu;
+        if (!elsewhere) all.push_back(control);
+    }
+    return all;
 }
 
 class BrowserLayoutTest : public testing::Test {
@@ -126,6 +138,54 @@ TEST_F(BrowserLayoutTest, TheGroundGoesFromItsTopToTheWindowsHeight) {
     const Control& ground = window.chrome.imgBG;
     EXPECT_EQ(ground.Width(), 15000);
     EXPECT_EQ(ground.Height(), 9000 - ground.Top());
+}
+
+TEST_F(BrowserLayoutTest, TheFavouritesButtonBegins120InWithThePanelClosed) {
+    Resize(15000, 9000);
+
+    EXPECT_EQ(window.favourites.cmdFavs.Left(), 120);
+}
+
+TEST_F(BrowserLayoutTest, TheFavouritesButtonBegins2760InWithThePanelOpen) {
+    OpenPanel();
+    Resize(15000, 9000);
+
+    EXPECT_EQ(window.favourites.cmdFavs.Left(), 2760);
+}
+
+TEST_F(BrowserLayoutTest, EveryControlThatShowsHasItsPlaceAfterOneRun) {
+    // What these two take of their bars follows from a text and a scale.
+    const Control* const track = &window.player.transport.lblTrack;
+    const Control* const speed = &window.player.levels.lblSongSpeed;
+    OpenPanel();
+    window.SetVisible(true);
+    Resize(15000, 9000);
+
+    std::size_t placed = 0;
+    for (const Control* control : PlacedOf(window)) {
+        if (!control->IsShown() || control == track || control == speed) continue;
+        SCOPED_TRACE(control->Name());
+        EXPECT_GT(control->Width(), 0);
+        EXPECT_GT(control->Height() + (control->ControlKind() == controls::Kind::Line ? 1 : 0), 0);
+        ++placed;
+    }
+    EXPECT_GT(placed, 40u);
+}
+
+TEST_F(BrowserLayoutTest, WhatAConstructorPlacedIsNotPlacedAgain) {
+    const std::vector<const Control*> all = PlacedOf(window);
+    std::vector<Rect> before;
+    for (const Control* control : all)
+        before.push_back(RectOf(*control));
+
+    OpenPanel();
+    ShowVideo();
+    Resize(15000, 9000);
+
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (before[i] == Rect{0, 0, 0, 0}) continue;
+        EXPECT_EQ(RectOf(*all[i]), before[i]) << all[i]->Name();
+    }
 }
 
 TEST_F(BrowserLayoutTest, TheFavouritesButtonEnds900AboveTheBottom) {
