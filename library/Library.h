@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "controls/ListBox.h"
 #include "library/AddMediaForm.h"
 #include "library/AddMediaRoom.h"
 #include "library/CleanUpRoom.h"
@@ -27,7 +28,6 @@
 #include "roles/TrackView.h"
 #include "roles/Window.h"
 #include "store/DataSource.h"
-#include "controls/ListBox.h"
 #include "store/Stores.h"
 
 namespace library {

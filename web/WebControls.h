@@ -1,5 +1,5 @@
-// The controls of the web subsystem on the main window. The places in the tab strip are given here; where everything
-// else is belongs to the layout.
+// The controls of the web subsystem on the main window. The places in the tab strip are given here; where
+// everything else is belongs to the layout.
 #pragma once
 
 #include "controls/ComboBox.h"

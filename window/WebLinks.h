@@ -1,9 +1,9 @@
 // What the web subsystem asks of other subjects, answered by the rooms that know.
 #pragma once
 
-#include "window/Desk.h"
 #include "controls/Form.h"
 #include "controls/Menu.h"
+#include "window/Desk.h"
 #include "window/RemoteLinks.h"
 
 namespace window {

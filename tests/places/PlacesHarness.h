@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/Number.h"
+#include "controls/Form.h"
 #include "controls/ListBox.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
@@ -15,7 +16,6 @@
 #include "fakes/SeededStores.h"
 #include "places/AddFavouriteRoom.h"
 #include "places/FavouritesRoom.h"
-#include "controls/Form.h"
 #include "places/HistoryRoom.h"
 
 namespace places_test {

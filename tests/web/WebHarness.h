@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/Text.h"
+#include "controls/Form.h"
 #include "controls/Frame.h"
 #include "controls/Menu.h"
 #include "fakes/FakeBrowserControl.h"
@@ -18,7 +19,6 @@
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeFiles.h"
 #include "web/Addresses.h"
-#include "controls/Form.h"
 #include "web/Web.h"
 
 namespace web_test {
