@@ -4,6 +4,7 @@
 #include "contracts/DialogsContract.h"
 #include "contracts/EventLoopContract.h"
 #include "contracts/WindowShapeContract.h"
+#include "controls/Form.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/RecordingWindowShape.h"

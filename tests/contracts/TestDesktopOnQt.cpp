@@ -11,6 +11,7 @@
 #include "contracts/DialogsContract.h"
 #include "contracts/EventLoopContract.h"
 #include "contracts/WindowShapeContract.h"
+#include "controls/Form.h"
 #include "platform/qt/Boxes.h"
 #include "platform/qt/DesktopWindows.h"
 #include "platform/qt/QtBench.h"

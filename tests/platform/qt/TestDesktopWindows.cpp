@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "controls/PictureBox.h"
 #include "platform/qt/DesktopWindows.h"
 #include "platform/qt/QtBench.h"
 

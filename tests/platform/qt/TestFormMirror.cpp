@@ -4,6 +4,11 @@
 #include <QMenuBar>
 #include <QTest>
 
+#include "controls/CommandButton.h"
+#include "controls/Form.h"
+#include "controls/Label.h"
+#include "controls/Menu.h"
+#include "controls/TextBox.h"
 #include "platform/qt/QtBench.h"
 
 namespace {

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/PictureBox.h"
 #include "platform/qt/Geometry.h"
 
 namespace {

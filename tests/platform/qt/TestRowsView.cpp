@@ -7,6 +7,7 @@
 #include <QToolTip>
 #include <chrono>
 
+#include "controls/ListBox.h"
 #include "platform/qt/RowsView.h"
 #include "platform/qt/Skin.h"
 

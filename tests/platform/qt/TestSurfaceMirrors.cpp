@@ -3,6 +3,9 @@
 #include <QTest>
 
 #include "controls/ControlArray.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/PictureBox.h"
 #include "platform/qt/QtBench.h"
 #include "platform/qt/Skin.h"
 
