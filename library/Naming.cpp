@@ -100,8 +100,4 @@ bool FitsLibrary(std::string_view path, const SongName& name) {
            fits(path, store::kLongestFilePath);
 }
 
-std::int64_t RandomIndex(std::int64_t count, ports::Chance& chance) {
-    return base::RoundHalfEven(chance.Below1() * static_cast<double>(count));
-}
-
 }  // namespace library

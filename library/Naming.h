@@ -1,12 +1,10 @@
 // How the path of a media file becomes the artist and the title of a song.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include "ports/Clock.h"
 #include "ports/Dialogs.h"
 #include "ports/Files.h"
 
@@ -40,8 +38,5 @@ std::optional<SongName> CleanSongName(std::string_view path, const SongName& raw
 /// The row can hold them: 80 characters of artist and of title, 255 of the path, blanks around them not
 /// counted.
 bool FitsLibrary(std::string_view path, const SongName& name);
-
-/// A random whole number from 0 to `count`, with `count` itself among them.
-std::int64_t RandomIndex(std::int64_t count, ports::Chance& chance);
 
 }  // namespace library

@@ -2,7 +2,8 @@
 #pragma once
 
 #include <array>
-#include <string_view>
+
+#include "player/Alias.h"
 
 namespace player {
 
@@ -13,23 +14,23 @@ struct AliasRow {
     bool a_playing;
     bool b_playing;
     Before current;
-    std::string_view alias;  ///< where the new song goes
-    bool silent;             ///< it starts at volume 0
+    Alias alias;  ///< where the new song goes
+    bool silent;  ///< it starts at volume 0
     FadeStart fade;
 };
 
 /// When both play, the older song is cut off and the new one sounds at once.
 inline constexpr std::array kAliasTable = {
-    AliasRow{false, false, Before::Any, "a", false, FadeStart::None},
-    AliasRow{false, true, Before::Any, "a", true, FadeStart::ToA},
-    AliasRow{true, false, Before::Any, "b", true, FadeStart::ToB},
-    AliasRow{true, true, Before::A, "b", false, FadeStart::ToB},
-    AliasRow{true, true, Before::NotA, "a", false, FadeStart::ToA},
+    AliasRow{false, false, Before::Any, Alias::A, false, FadeStart::None},
+    AliasRow{false, true, Before::Any, Alias::A, true, FadeStart::ToA},
+    AliasRow{true, false, Before::Any, Alias::B, true, FadeStart::ToB},
+    AliasRow{true, true, Before::A, Alias::B, false, FadeStart::ToB},
+    AliasRow{true, true, Before::NotA, Alias::A, false, FadeStart::ToA},
 };
 
 /// The row that counts; there is one for every case.
-constexpr const AliasRow& ChooseAlias(bool a_playing, bool b_playing, std::string_view current_alias) {
-    const Before current = current_alias == "a" ? Before::A : Before::NotA;
+constexpr const AliasRow& ChooseAlias(bool a_playing, bool b_playing, Alias current_alias) {
+    const Before current = current_alias == Alias::A ? Before::A : Before::NotA;
     for (const AliasRow& row : kAliasTable) {
         if (row.a_playing != a_playing || row.b_playing != b_playing) continue;
         if (row.current == Before::Any || row.current == current) return row;

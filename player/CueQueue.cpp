@@ -4,18 +4,19 @@
 
 namespace player {
 
-namespace {
+CueQueue::CueQueue(CueControls& controls, const controls::Label& quote, CueState& state)
+    : controls_(controls), quote_(quote), state_(state) {}
 
-/// A head with fewer characters is a number. One less than in the play order.
-constexpr std::size_t kShortestPathAtHead = 7;
-
-}  // namespace
-
-CueQueue::CueQueue(CueControls& controls, const controls::Label& lblQuote, CueState& state)
-    : controls_(controls), lblQuote_(lblQuote), state_(state) {}
+/// Only a file that becomes the head makes the head a path: songs that wait before it are played as they were
+/// cued.
+void CueQueue::CueFile(std::string_view path, std::string_view title) {
+    if (IsEmpty()) state_.CueHeadIsPath = true;
+    controls_.lstCuedSongsPath.AddItem(path);
+    controls_.lstCuedSongs.AddItem(title);
+}
 
 void CueQueue::Add(std::string_view text, std::string_view entry) {
-    // The last row may have gone without a word about the flag.
+    // Whoever took the last row may have left the flag.
     if (IsEmpty()) state_.CueHeadIsPath = false;
     controls_.lstCuedSongs.AddItem(text);
     controls_.lstCuedSongsPath.AddItem(entry);
@@ -23,15 +24,15 @@ void CueQueue::Add(std::string_view text, std::string_view entry) {
 }
 
 std::string CueQueue::TakePath() {
-    std::string path = base::Replace(SelectEntry(0), lblQuote_.Caption(), "");
+    std::string path = base::Replace(SelectEntry(0), quote_.Caption(), "");
     RemoveRow(0);
     state_.CueHeadIsId = !IsEmpty() && IsHeadShort();
     state_.CueHeadIsPath = !IsEmpty() && !IsHeadShort();
     return path;
 }
 
-std::string CueQueue::TakeEntry() {
-    std::string entry = SelectEntry(0);
+base::SongEntry CueQueue::TakeEntry() {
+    base::SongEntry entry(SelectEntry(0), base::kShortestPathFromCue);
     RemoveRow(0);
     state_.CueHeadIsId = !IsEmpty();
     return entry;
@@ -69,7 +70,7 @@ void CueQueue::RemoveRow(int row) {
 }
 
 bool CueQueue::IsHeadShort() const {
-    return base::Len(controls_.lstCuedSongsPath.List(0)) < kShortestPathAtHead;
+    return base::SongEntry(controls_.lstCuedSongsPath.List(0), base::kShortestPathAtCueHead).IsSongId();
 }
 
 }  // namespace player

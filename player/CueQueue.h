@@ -1,25 +1,32 @@
 // The cue list: what plays before the play order goes on.
 //
-// Two flags say how the head is to be played. They are set by whoever cues, and anew whenever a row goes. A
-// head is taken off before it is played, so that a missing one makes way for the next.
+// Two flags say how the head is to be played. They are set when a song is cued, and again whenever a row
+// goes. A head is taken off before it is played, so that a missing one makes way for the next.
 #pragma once
 
 #include <string>
+#include <string_view>
 
+#include "base/SongEntry.h"
 #include "controls/Label.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerState.h"
+#include "roles/CueList.h"
 
 namespace player {
 
-class CueQueue final {
+class CueQueue final : public roles::CueList {
 public:
-    CueQueue(CueControls& controls, const controls::Label& lblQuote, CueState& state);
+    CueQueue(CueControls& controls, const controls::Label& quote, CueState& state);
+
+    int SongCount() const override { return controls_.lstCuedSongs.ListCount(); }
+    int PathCount() const override { return controls_.lstCuedSongsPath.ListCount(); }
+    void SelectPath(int row) override { controls_.lstCuedSongsPath.SetListIndex(row); }
+    void CueFile(std::string_view path, std::string_view title) override;
 
     /// How the head is to be played; both are false while there is none, whatever the flags say.
     bool IsPathAtHead() const { return !IsEmpty() && state_.CueHeadIsPath; }
     bool IsIdAtHead() const { return !IsEmpty() && state_.CueHeadIsId; }
-    int Count() const { return controls_.lstCuedSongsPath.ListCount(); }
 
     /// Adds a song with the text to show and its entry, a number or a path.
     void Add(std::string_view text, std::string_view entry);
@@ -27,8 +34,8 @@ public:
     /// than 7.
     std::string TakePath();
     /// Takes the head off: its entry. What remains counts as numbers.
-    std::string TakeEntry();
-    /// Selects the entry of the selected row, and gives it.
+    base::SongEntry TakeEntry();
+    /// Selects the entry of the selected row, and returns it.
     std::string SelectEntryOfRow();
     /// Removes the selected row, if there is one; what remains counts as numbers.
     void RemoveSelectedRow();
@@ -38,11 +45,11 @@ public:
 private:
     std::string SelectEntry(int row);
     void RemoveRow(int row);
-    bool IsEmpty() const { return Count() == 0; }
+    bool IsEmpty() const { return PathCount() == 0; }
     bool IsHeadShort() const;
 
     CueControls& controls_;
-    const controls::Label& lblQuote_;
+    const controls::Label& quote_;
     CueState& state_;
 };
 

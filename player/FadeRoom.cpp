@@ -9,34 +9,38 @@ namespace player {
 
 namespace {
 
+constexpr std::int16_t kDefaultSeconds = 5;
 constexpr int kStepPercent = 2;
 constexpr int kQuietEnough = 3;  ///< below it the outgoing song is closed
 
 }  // namespace
 
-FadeRoom::FadeRoom(FadeControls& controls, FadeMenu& menu, const controls::PictureBox& picSongProgress,
-                   MciLayer& mci, LevelState& state, const Volume& volume, Panning& panning,
-                   AddressRow& address, MainWindow& window)
+FadeRoom::FadeRoom(FadeControls& controls, FadeMenu& menu, const controls::PictureBox& song_bar,
+                   MciLayer& mci, LevelState& state, const VolumeRoom& volume, PanningRoom& panning,
+                   FadeRoles roles)
     : controls_(controls),
       menu_(menu),
       fades_(menu.mnuQuickFade, menu.mnuMediumFade, menu.mnuLongFade, menu.mnuFadeOff),
-      picSongProgress_(picSongProgress),
+      song_bar_(song_bar),
       mci_(mci),
       state_(state),
       volume_(volume),
       panning_(panning),
-      address_(address),
-      window_(window) {
+      roles_(roles) {
     auto& lblStartFade = controls_.lblStartFade;
     claims_.Claim(lblStartFade.MouseDown, [this](int, int, double x, double) { lblStartFade_MouseDown(x); });
     claims_.Claim(lblStartFade.MouseMove, [this](int, int, double x, double) { lblStartFade_MouseMove(x); });
     claims_.Claim(lblStartFade.MouseUp,
                   [this](int button, int, double, double) { lblStartFade_MouseUp(button); });
     claims_.Claim(controls_.tmrFade.Tick, [this] { tmrFade_Tick(); });
-    claims_.Claim(menu_.mnuQuickFade.Click, [this] { mnuQuickFade_Click(); });
+    claims_.Claim(menu_.mnuQuickFade.Click, [this] { ChooseQuickFade(); });
     claims_.Claim(menu_.mnuMediumFade.Click, [this] { mnuMediumFade_Click(); });
     claims_.Claim(menu_.mnuLongFade.Click, [this] { mnuLongFade_Click(); });
     claims_.Claim(menu_.mnuFadeOff.Click, [this] { mnuFadeOff_Click(); });
+}
+
+void FadeRoom::SetDefaults() {
+    state_.FadeSeconds = kDefaultSeconds;
 }
 
 void FadeRoom::StartFade(bool to_b) {
@@ -53,32 +57,31 @@ void FadeRoom::RestartFade() {
 }
 
 void FadeRoom::ClearDrag() {
-    state_.FadeDragging = false;
+    state_.FadeDragging.End();
 }
 
 void FadeRoom::PlaceMarkerForSong() {
-    if (state_.FadeSeconds > picSongProgress_.ScaleWidth()) RunCheckedFade();
+    if (state_.FadeSeconds > song_bar_.ScaleWidth()) RunCheckedFade();
     PlaceMarker();
 }
 
 void FadeRoom::RestoreMarker() {
-    KeepMarkerWidth(controls_.lblStartFade, picSongProgress_, kSongMarkerWidth);
+    KeepMarkerWidth(controls_.lblStartFade, song_bar_, kSongMarkerWidth);
     PlaceMarker();
 }
 
 /// FadeSeconds before the end of the bar.
 void FadeRoom::PlaceMarker() {
-    controls_.lblStartFade.SetLeft(picSongProgress_.ScaleWidth() - state_.FadeSeconds);
+    controls_.lblStartFade.SetLeft(song_bar_.ScaleWidth() - state_.FadeSeconds);
 }
 
 void FadeRoom::lblStartFade_MouseDown(double x) {
-    state_.FadeDragging = true;
-    FadeDragX_ = Whole16(x);
+    state_.FadeDragging.Press(x);
 }
 
 void FadeRoom::lblStartFade_MouseMove(double x) {
-    if (state_.FadeDragging) {
-        DragMarker(x);
+    if (state_.FadeDragging.IsOn()) {
+        state_.FadeDragging.Move(controls_.lblStartFade, x, song_bar_.ScaleWidth());
         return;
     }
     const std::int64_t seconds = base::RoundHalfEven(controls_.lblStartFade.Left());
@@ -86,55 +89,44 @@ void FadeRoom::lblStartFade_MouseMove(double x) {
 }
 
 void FadeRoom::lblStartFade_MouseUp(int button) {
-    if (button == controls::kRightButton) window_.PopupMenu(menu_.mnuCrossfade);
-    state_.FadeDragging = false;
-    state_.FadeSeconds = Whole16(picSongProgress_.ScaleWidth() - controls_.lblStartFade.Left());
-    address_.FocusAddress();
-}
-
-/// The marker creeps by the ratio of the present to the pressed position; that is how it is meant to feel.
-void FadeRoom::DragMarker(double x) {
-    if (FadeDragX_ == 0) return;
-    auto& lblStartFade = controls_.lblStartFade;
-    lblStartFade.SetLeft(lblStartFade.Left() + x / FadeDragX_);
-    if (lblStartFade.Left() < 0) lblStartFade.SetLeft(0);
-    if (lblStartFade.Right() >= picSongProgress_.ScaleWidth()) {
-        lblStartFade.SetLeft(picSongProgress_.ScaleWidth() - lblStartFade.Width());
-    }
+    if (button == controls::kRightButton) roles_.window.PopupMenu(menu_.mnuCrossfade);
+    state_.FadeDragging.End();
+    state_.FadeSeconds = Whole16(song_bar_.ScaleWidth() - controls_.lblStartFade.Left());
+    roles_.address.FocusAddress();
 }
 
 void FadeRoom::tmrFade_Tick() {
     if (volume_.IsMuted()) return;
-    const std::string_view outgoing = state_.FadeToB ? "a" : "b";
-    const std::string_view incoming = state_.FadeToB ? "b" : "a";
+    const Alias outgoing = state_.FadeToB ? Alias::A : Alias::B;
+    const Alias incoming = state_.FadeToB ? Alias::B : Alias::A;
     LowerOutgoing(outgoing);
     if (RaiseIncoming(incoming)) return;
     StopFade();
-    mci_.MciClose(outgoing);
+    mci_.MciClose(TextOf(outgoing));
     panning_.SetPanningRunning(true);
 }
 
-int FadeRoom::Percent(std::string_view alias) {
-    return base::Saturated<int>(mci_.MciGetVolume(alias, "all"));
+int FadeRoom::Percent(Alias alias) {
+    return base::Saturated<int>(mci_.MciGetVolume(TextOf(alias), "all"));
 }
 
 /// A closed alias reads -1, so the close is repeated on every later tick of the ramp.
-void FadeRoom::LowerOutgoing(std::string_view alias) {
+void FadeRoom::LowerOutgoing(Alias alias) {
     if (Percent(alias) >= kQuietEnough) {
-        mci_.MciSetVolume(alias, "all", Percent(alias) - kStepPercent);
+        mci_.MciSetVolume(TextOf(alias), "all", Percent(alias) - kStepPercent);
     } else {
-        mci_.MciClose(alias);
+        mci_.MciClose(TextOf(alias));
     }
 }
 
 /// False when the song has reached its level.
-bool FadeRoom::RaiseIncoming(std::string_view alias) {
+bool FadeRoom::RaiseIncoming(Alias alias) {
     if (Percent(alias) >= state_.MusicVolume) return false;
-    mci_.MciSetVolume(alias, "all", Percent(alias) + kStepPercent);
+    mci_.MciSetVolume(TextOf(alias), "all", Percent(alias) + kStepPercent);
     return true;
 }
 
-void FadeRoom::mnuQuickFade_Click() {
+void FadeRoom::ChooseQuickFade() {
     TakeFade(menu_.mnuQuickFade, 60, 5);
 }
 
@@ -150,8 +142,8 @@ void FadeRoom::mnuFadeOff_Click() {
     UnTickFades();
     menu_.mnuFadeOff.SetChecked(true);
     controls_.tmrFade.SetInterval(1);
-    // FadeSeconds stays: the next song's marker stands by it again.
-    controls_.lblStartFade.SetLeft(picSongProgress_.ScaleWidth() - controls_.lblStartFade.Width());
+    // FadeSeconds stays: the next song's marker is placed by it again.
+    controls_.lblStartFade.SetLeft(song_bar_.ScaleWidth() - controls_.lblStartFade.Width());
 }
 
 void FadeRoom::TakeFade(controls::Menu& entry, int interval_ms, int seconds) {

@@ -6,32 +6,44 @@
 // end and takes 25.
 #pragma once
 
-#include <string_view>
-
 #include "controls/CheckGroup.h"
 #include "controls/Event.h"
 #include "controls/Menu.h"
 #include "controls/PictureBox.h"
 #include "player/MciLayer.h"
-#include "player/Outgoing.h"
+#include "player/PanningRoom.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
-#include "player/Roles.h"
+#include "player/VolumeRoom.h"
+#include "roles/AddressRow.h"
+#include "roles/Window.h"
 
 namespace player {
 
-class FadeRoom final : public Crossfade {
-public:
-    FadeRoom(FadeControls& controls, FadeMenu& menu, const controls::PictureBox& picSongProgress,
-             MciLayer& mci, LevelState& state, const Volume& volume, Panning& panning, AddressRow& address,
-             MainWindow& window);
+struct FadeRoles {
+    roles::AddressRow& address;
+    roles::Window& window;
+};
 
-    void StartFade(bool to_b) override;
-    void StopFade() override;
-    void RestartFade() override;
-    void ClearDrag() override;
-    void PlaceMarkerForSong() override;
+class FadeRoom final {
+public:
+    FadeRoom(FadeControls& controls, FadeMenu& menu, const controls::PictureBox& song_bar, MciLayer& mci,
+             LevelState& state, const VolumeRoom& volume, PanningRoom& panning, FadeRoles roles);
+
+    /// The start of a fade as it is before a length is chosen.
+    void SetDefaults();
+    /// What the entry mnuQuickFade does.
+    void ChooseQuickFade();
+    /// Starts the ramp towards "b", or else towards "a".
+    void StartFade(bool to_b);
+    void StopFade();
+    /// Lets the timer run in the direction that it had, whether or not there was a ramp.
+    void RestartFade();
+    /// Ends a drag of the marker, as a new song does.
+    void ClearDrag();
+    /// Puts the marker on the bar of a song that just started.
+    void PlaceMarkerForSong();
     /// Gives the marker its width and place, after the bar got another width or scale.
     void RestoreMarker();
 
@@ -40,7 +52,6 @@ private:
     void lblStartFade_MouseMove(double x);
     void lblStartFade_MouseUp(int button);
     void tmrFade_Tick();
-    void mnuQuickFade_Click();
     void mnuMediumFade_Click();
     void mnuLongFade_Click();
     void mnuFadeOff_Click();
@@ -48,22 +59,19 @@ private:
     void TakeFade(controls::Menu& entry, int interval_ms, int seconds);
     void RunCheckedFade();
     void PlaceMarker();
-    void DragMarker(double x);
-    int Percent(std::string_view alias);
-    void LowerOutgoing(std::string_view alias);
-    bool RaiseIncoming(std::string_view alias);
+    int Percent(Alias alias);
+    void LowerOutgoing(Alias alias);
+    bool RaiseIncoming(Alias alias);
 
     FadeControls& controls_;
     FadeMenu& menu_;
     controls::CheckGroup fades_;
-    const controls::PictureBox& picSongProgress_;
+    const controls::PictureBox& song_bar_;
     MciLayer& mci_;
     LevelState& state_;
-    const Volume& volume_;
-    Panning& panning_;
-    AddressRow& address_;
-    MainWindow& window_;
-    std::int16_t FadeDragX_ = 0;
+    const VolumeRoom& volume_;
+    PanningRoom& panning_;
+    FadeRoles roles_;
     controls::EventClaims claims_;
 };
 

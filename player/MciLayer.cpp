@@ -80,6 +80,14 @@ std::string MciLayer::MciStatusMode(std::string_view alias) {
     return mode->substr(0, mode->find(mode->back()));
 }
 
+Mode MciLayer::ModeOf(std::string_view alias) {
+    const std::string mode = MciStatusMode(alias);
+    if (mode == "playing") return Mode::Playing;
+    if (mode == "paused") return Mode::Paused;
+    if (mode == "stopped") return Mode::Stopped;
+    return mode == kMciModeError ? Mode::Error : Mode::Other;
+}
+
 std::int64_t MciLayer::MciLengthFrames(std::string_view alias) {
     SetTimeFormat(alias, "frames");
     return AskNumber(Join("status ", alias, " length"));

@@ -1,10 +1,11 @@
 // The one way to sound and picture: eighteen wrappers, each of which sends one command text to the media
 // control interface and reports the result.
 //
-// The layer knows no channels; an alias is a short text that the caller chooses. Volumes are percent, 0 to
-// 100, ten device units each; a speed of 100 is the device's 1000, its normal speed. Positions and lengths
-// are frames unless a name says milliseconds. Every call is synchronous and nothing is ever raised: a text
-// result is "Success" or the device's error text, a number is -1 and a mode "ERROR" when the command failed.
+// The layer does not know which aliases there are; an alias is a short text that the caller chooses. Volumes
+// are percent, 0 to 100, ten device units each; a speed of 100 is the device's 1000, its normal speed.
+// Positions and lengths are frames unless a name says milliseconds. Every call is synchronous and nothing is
+// ever raised: a text result is "Success" or the device's error text, a number is -1 and a mode "ERROR" when
+// the command failed.
 #pragma once
 
 #include <cstdint>
@@ -24,6 +25,9 @@ inline constexpr std::string_view kMciOutOfVolume = "out of volume";
 /// The only device type in use.
 inline constexpr std::string_view kMpegVideo = "MPEGVideo";
 
+/// What MciStatusMode says, as a type: Error when the alias is not open.
+enum class Mode { Playing, Paused, Stopped, Other, Error };
+
 class MciLayer final {
 public:
     /// All three must outlive the layer.
@@ -41,6 +45,7 @@ public:
     std::string MciResume(std::string_view alias);
     /// "playing", "paused", "stopped" and so on; "ERROR" when the alias is not open.
     std::string MciStatusMode(std::string_view alias);
+    Mode ModeOf(std::string_view alias);
     std::int64_t MciLengthFrames(std::string_view alias);
     /// Leaves the device in frames whatever happened.
     std::int64_t MciLengthMs(std::string_view alias);
@@ -58,7 +63,7 @@ public:
     std::int64_t MciFramesPerSecond(std::string_view alias);
     std::string MciCloseAll();
     /// `channel` is "left" or "right", in any case; any other text means both. A percent outside 0 to 100
-    /// sends nothing and gives "out of volume".
+    /// sends nothing and returns "out of volume".
     std::string MciSetVolume(std::string_view alias, std::string_view channel, int percent);
     std::int64_t MciGetVolume(std::string_view alias, std::string_view channel);
     /// No range is checked.

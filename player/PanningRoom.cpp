@@ -8,17 +8,17 @@ namespace {
 
 constexpr int kFullLevel = 100;
 constexpr int kLeftSteps = 10;     ///< instant: below it the left speaker plays
-constexpr int kInstantSteps = 19;  ///< instant: here the count starts anew
+constexpr int kInstantSteps = 19;  ///< instant: here the count starts again
 constexpr int kLastSweepStep = 99;
 
 }  // namespace
 
-PanningRoom::PanningRoom(PanningControls& controls, PanningMenu& menu, const controls::Timer& tmrFade,
-                         MciLayer& mci, const PlaybackState& state, Volume& volume)
+PanningRoom::PanningRoom(PanningControls& controls, PanningMenu& menu, const controls::Timer& fade_timer,
+                         MciLayer& mci, const PlaybackState& state, VolumeRoom& volume)
     : controls_(controls),
       menu_(menu),
       pannings_(menu.mnuPanInstant, menu.mnuPanQuick, menu.mnuPanMedium, menu.mnuPanLong, menu.mnuPanOff),
-      tmrFade_(tmrFade),
+      fade_timer_(fade_timer),
       mci_(mci),
       state_(state),
       volume_(volume) {
@@ -27,7 +27,7 @@ PanningRoom::PanningRoom(PanningControls& controls, PanningMenu& menu, const con
     claims_.Claim(menu_.mnuPanQuick.Click, [this] { mnuPanQuick_Click(); });
     claims_.Claim(menu_.mnuPanMedium.Click, [this] { mnuPanMedium_Click(); });
     claims_.Claim(menu_.mnuPanLong.Click, [this] { mnuPanLong_Click(); });
-    claims_.Claim(menu_.mnuPanOff.Click, [this] { mnuPanOff_Click(); });
+    claims_.Claim(menu_.mnuPanOff.Click, [this] { TurnPanningOff(); });
 }
 
 void PanningRoom::SetPanningRunning(bool running) {
@@ -36,7 +36,7 @@ void PanningRoom::SetPanningRunning(bool running) {
 
 void PanningRoom::tmrPanning_Tick() {
     PanStep_ = OneMore(PanStep_);
-    if (tmrFade_.Enabled() || volume_.IsMuted() || menu_.mnuPanOff.Checked()) return;
+    if (fade_timer_.Enabled() || volume_.IsMuted() || menu_.mnuPanOff.Checked()) return;
     if (menu_.mnuPanInstant.Checked()) {
         StepInstant();
     } else {
@@ -66,8 +66,8 @@ void PanningRoom::StepSweep() {
 }
 
 void PanningRoom::SendLevels(int left, int right) {
-    mci_.MciSetVolume(state_.CurrentAlias, "left", left);
-    mci_.MciSetVolume(state_.CurrentAlias, "right", right);
+    mci_.MciSetVolume(TextOf(state_.CurrentAlias), "left", left);
+    mci_.MciSetVolume(TextOf(state_.CurrentAlias), "right", right);
 }
 
 void PanningRoom::mnuPanInstant_Click() {
@@ -86,7 +86,7 @@ void PanningRoom::mnuPanLong_Click() {
     TakePanning(menu_.mnuPanLong, 100);
 }
 
-void PanningRoom::mnuPanOff_Click() {
+void PanningRoom::TurnPanningOff() {
     UnTickPanning();
     SetPanningRunning(false);
     volume_.volchanged();

@@ -12,17 +12,18 @@
 #include "player/PlayerControls.h"
 #include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
-#include "player/Roles.h"
+#include "player/VolumeRoom.h"
 
 namespace player {
 
-class PanningRoom final : public Panning {
+class PanningRoom final {
 public:
-    PanningRoom(PanningControls& controls, PanningMenu& menu, const controls::Timer& tmrFade, MciLayer& mci,
-                const PlaybackState& state, Volume& volume);
+    PanningRoom(PanningControls& controls, PanningMenu& menu, const controls::Timer& fade_timer,
+                MciLayer& mci, const PlaybackState& state, VolumeRoom& volume);
 
-    void SetPanningRunning(bool running) override;
-    void mnuPanOff_Click() override;
+    void SetPanningRunning(bool running);
+    /// What the entry mnuPanOff does.
+    void TurnPanningOff();
 
 private:
     void tmrPanning_Tick();
@@ -40,10 +41,10 @@ private:
     PanningControls& controls_;
     PanningMenu& menu_;
     controls::CheckGroup pannings_;
-    const controls::Timer& tmrFade_;
+    const controls::Timer& fade_timer_;
     MciLayer& mci_;
     const PlaybackState& state_;
-    Volume& volume_;
+    VolumeRoom& volume_;
     std::int16_t PanStep_ = 0;
     bool PanReversed_ = false;
     controls::EventClaims claims_;

@@ -1,42 +1,43 @@
 #include "player/PlayButtonsRoom.h"
 
-#include <string>
-
-#include "base/Number.h"
 #include "controls/Arrange.h"
 
 namespace player {
 
+namespace {
+
+constexpr std::string_view kA = TextOf(Alias::A);
+constexpr std::string_view kB = TextOf(Alias::B);
+
+}  // namespace
+
 PlayButtonsRoom::PlayButtonsRoom(PlayButtonControls& controls, PlayButtonMenu& menu, TrackListView tracks,
-                                 controls::Label& lblProgress, PlayOrder& order, MciLayer& mci,
-                                 PlayerState& state, PlayButtonRoles roles, NowPlayingMessage& message,
-                                 AddressRow& address)
+                                 controls::Label& song_marker, MciLayer& mci, PlayerState& state,
+                                 PlayButtonRooms rooms, roles::AddressRow& address)
     : controls_(controls),
       tracks_(tracks),
-      lblProgress_(lblProgress),
-      order_(order),
+      song_marker_(song_marker),
       mci_(mci),
       state_(state),
-      roles_(roles),
-      message_(message),
+      rooms_(rooms),
       address_(address) {
     ClaimTwin(claims_, controls_.imgPlay, controls_.imgPlayOver);
-    claims_.Claim(controls_.imgPlayOver.Click, [this] { imgPlayOver_Click(); });
+    claims_.Claim(controls_.imgPlayOver.Click, [this] { Play(); });
     ClaimTwin(claims_, controls_.imgPause, controls_.imgPauseOver);
-    claims_.Claim(controls_.imgPauseOver.Click, [this] { imgPauseOver_Click(); });
+    claims_.Claim(controls_.imgPauseOver.Click, [this] { Pause(); });
     ClaimTwin(claims_, controls_.imgStop, controls_.imgStopOver);
-    claims_.Claim(controls_.imgStopOver.Click, [this] { imgStopOver_Click(); });
+    claims_.Claim(controls_.imgStopOver.Click, [this] { Stop(); });
     claims_.Claim(tracks_.lstTracks.DblClick, [this] { lstTracks_DblClick(); });
-    claims_.Claim(menu.mnuPlay.Click, [this] { imgPlayOver_Click(); });
-    claims_.Claim(menu.mnuPause.Click, [this] { imgPauseOver_Click(); });
-    claims_.Claim(menu.mnuStop.Click, [this] { imgStopOver_Click(); });
+    claims_.Claim(menu.mnuPlay.Click, [this] { Play(); });
+    claims_.Claim(menu.mnuPause.Click, [this] { Pause(); });
+    claims_.Claim(menu.mnuStop.Click, [this] { Stop(); });
 }
 
-void PlayButtonsRoom::imgPlayOver_Click() {
+void PlayButtonsRoom::Play() {
     ShowPauseButtons();
-    if (IsAnyIn("paused")) {
+    if (IsAnyIn(Mode::Paused)) {
         ResumeCurrent();
-    } else if (!IsAnyIn("playing")) {
+    } else if (!IsAnyIn(Mode::Playing)) {
         lstTracks_DblClick();
     }
     address_.FocusAddress();
@@ -44,40 +45,44 @@ void PlayButtonsRoom::imgPlayOver_Click() {
 
 /// A pause during a crossfade drops the outgoing song here; the other one keeps the level it had.
 void PlayButtonsRoom::ResumeCurrent() {
-    if (state_.CurrentAlias != "a") {
-        mci_.MciClose("a");
-        mci_.MciResume("b");
+    if (state_.CurrentAlias != Alias::A) {
+        mci_.MciClose(kA);
+        mci_.MciResume(kB);
     } else {
-        mci_.MciResume("a");
-        mci_.MciClose("b");
+        mci_.MciResume(kA);
+        mci_.MciClose(kB);
     }
 }
 
-void PlayButtonsRoom::imgPauseOver_Click() {
-    mci_.MciPause("a");
-    mci_.MciPause("b");
-    roles_.crossfade.StopFade();
+void PlayButtonsRoom::Pause() {
+    mci_.MciPause(kA);
+    mci_.MciPause(kB);
+    rooms_.fade.StopFade();
     ShowPlayButtons();
     address_.FocusAddress();
 }
 
-void PlayButtonsRoom::imgStopOver_Click() {
+void PlayButtonsRoom::Stop() {
     state_.PlayerStopped = true;
-    mci_.MciStop("a");
-    mci_.MciStop("b");
-    mci_.MciClose("a");
-    mci_.MciClose("b");
-    lblProgress_.SetLeft(0);
-    roles_.video.ClosePane();
+    mci_.MciStop(kA);
+    mci_.MciStop(kB);
+    mci_.MciClose(kA);
+    mci_.MciClose(kB);
+    song_marker_.SetLeft(0);
+    rooms_.video.GivePaneBack();
     controls_.imgPlay.SetVisible(true);
     controls_.imgPlayOver.SetVisible(false);
     controls_.imgPause.SetVisible(false);
     controls_.imgPauseOver.SetVisible(false);
-    roles_.crossfade.StopFade();
-    roles_.panning.SetPanningRunning(true);
-    message_.SendNowPlaying("", "", "", "", "{0} - {1} {2}", false, "Music");
-    roles_.video.HideWindow();
+    rooms_.fade.StopFade();
+    rooms_.panning.SetPanningRunning(true);
+    rooms_.line.SendNothingPlaying();
+    rooms_.video.HideWindow();
     address_.FocusAddress();
+}
+
+bool PlayButtonsRoom::IsPlayShown() const {
+    return controls_.imgPlay.Visible() || controls_.imgPlayOver.Visible();
 }
 
 void PlayButtonsRoom::lstTracks_DblClick() {
@@ -87,30 +92,30 @@ void PlayButtonsRoom::lstTracks_DblClick() {
     } else if (IsIdle()) {
         ShowPlayButtons();
     }
-    roles_.video.theresize();
+    rooms_.video.theresize();
 }
 
 void PlayButtonsRoom::PlaySelectedTrack() {
-    if (tracks_.ListMaybeChanged) order_.CopyFrom(tracks_.lstMaybe);
+    if (tracks_.ListMaybeChanged) rooms_.order.CopyFrom(tracks_.lstMaybe);
     tracks_.ListMaybeChanged = false;
-    const std::string entry = order_.Select(tracks_.lstTracks.ListIndex());
-    if (IsSongId(entry)) {
-        roles_.player.GetSongInfo(base::WholeVal(entry));
+    const base::SongEntry entry = rooms_.order.Select(tracks_.lstTracks.ListIndex());
+    if (entry.IsSongId()) {
+        rooms_.playback.GetSongInfo(entry.SongId());
     } else {
-        roles_.player.PlaySong(entry);
+        rooms_.playback.PlaySong(entry.Text());
     }
     ShowPauseButtons();
 }
 
-bool PlayButtonsRoom::IsAnyIn(std::string_view mode) {
-    return mci_.MciStatusMode("a") == mode || mci_.MciStatusMode("b") == mode;
+bool PlayButtonsRoom::IsAnyIn(Mode mode) {
+    return mci_.ModeOf(kA) == mode || mci_.ModeOf(kB) == mode;
 }
 
 /// Either alias paused, stopped or closed; one that plays says nothing.
 bool PlayButtonsRoom::IsIdle() {
-    const std::string b = mci_.MciStatusMode("b");
-    const std::string a = mci_.MciStatusMode("a");
-    for (const std::string_view mode : {"paused", "stopped", "ERROR"}) {
+    const Mode b = mci_.ModeOf(kB);
+    const Mode a = mci_.ModeOf(kA);
+    for (const Mode mode : {Mode::Paused, Mode::Stopped, Mode::Error}) {
         if (a == mode || b == mode) return true;
     }
     return false;

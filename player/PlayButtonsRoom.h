@@ -1,43 +1,49 @@
 // Play, pause and stop, and the double click on a track.
 #pragma once
 
-#include <string_view>
-
 #include "controls/Event.h"
 #include "controls/Label.h"
+#include "player/FadeRoom.h"
 #include "player/MciLayer.h"
-#include "player/Outgoing.h"
+#include "player/MessengerLine.h"
+#include "player/PanningRoom.h"
 #include "player/PlayOrder.h"
+#include "player/PlaybackRoom.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
-#include "player/Roles.h"
+#include "player/VideoRoom.h"
+#include "roles/AddressRow.h"
 
 namespace player {
 
-/// What other rooms do for it.
-struct PlayButtonRoles {
-    SongPlayer& player;
-    Crossfade& crossfade;
-    Panning& panning;
-    VideoPane& video;
+struct PlayButtonRooms {
+    PlayOrder& order;
+    PlaybackRoom& playback;
+    FadeRoom& fade;
+    PanningRoom& panning;
+    VideoRoom& video;
+    MessengerLine& line;
 };
 
 class PlayButtonsRoom final {
 public:
     PlayButtonsRoom(PlayButtonControls& controls, PlayButtonMenu& menu, TrackListView tracks,
-                    controls::Label& lblProgress, PlayOrder& order, MciLayer& mci, PlayerState& state,
-                    PlayButtonRoles roles, NowPlayingMessage& message, AddressRow& address);
+                    controls::Label& song_marker, MciLayer& mci, PlayerState& state, PlayButtonRooms rooms,
+                    roles::AddressRow& address);
 
-    /// The click on Stop: ends both songs and tells the messenger.
-    void imgStopOver_Click();
+    /// Each as a click on its button.
+    void Play();
+    void Pause();
+    /// Ends both songs and notifies the messenger.
+    void Stop();
+    /// The next press of a play key plays.
+    bool IsPlayShown() const;
 
 private:
-    void imgPlayOver_Click();
-    void imgPauseOver_Click();
     void lstTracks_DblClick();
 
-    bool IsAnyIn(std::string_view mode);
+    bool IsAnyIn(Mode mode);
     bool IsIdle();
     void ResumeCurrent();
     void PlaySelectedTrack();
@@ -46,13 +52,11 @@ private:
 
     PlayButtonControls& controls_;
     TrackListView tracks_;
-    controls::Label& lblProgress_;
-    PlayOrder& order_;
+    controls::Label& song_marker_;
     MciLayer& mci_;
     PlayerState& state_;
-    PlayButtonRoles roles_;
-    NowPlayingMessage& message_;
-    AddressRow& address_;
+    PlayButtonRooms rooms_;
+    roles::AddressRow& address_;
     controls::EventClaims claims_;
 };
 

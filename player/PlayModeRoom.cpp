@@ -4,7 +4,7 @@
 
 namespace player {
 
-PlayModeRoom::PlayModeRoom(PlayModeControls& controls, PlayModeMenu& menu, AddressRow& address)
+PlayModeRoom::PlayModeRoom(PlayModeControls& controls, PlayModeMenu& menu, roles::AddressRow& address)
     : controls_(controls), menu_(menu), address_(address) {
     ClaimTwin(claims_, controls_.imgRepeat, controls_.imgRepeatOver);
     claims_.Claim(controls_.imgRepeatOver.Click, [this] { imgRepeatOver_Click(); });

@@ -3,19 +3,20 @@
 #pragma once
 
 #include "controls/Event.h"
-#include "player/Outgoing.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerMenu.h"
-#include "player/Roles.h"
+#include "roles/AddressRow.h"
 
 namespace player {
 
-class PlayModeRoom final : public PlayMode {
+class PlayModeRoom final {
 public:
-    PlayModeRoom(PlayModeControls& controls, PlayModeMenu& menu, AddressRow& address);
+    PlayModeRoom(PlayModeControls& controls, PlayModeMenu& menu, roles::AddressRow& address);
 
-    bool IsRepeating() const override;
-    bool IsShuffling() const override { return menu_.mnuShuffle.Checked(); }
+    bool IsRepeating() const;
+    /// The check of mnuRepeat, which goes along with the pictures.
+    bool IsRepeatChecked() const { return menu_.mnuRepeat.Checked(); }
+    bool IsShuffling() const { return menu_.mnuShuffle.Checked(); }
     /// Once the bright pictures were hidden: the plain ones say what the check of mnuRepeat says.
     void SettlePictures();
 
@@ -27,7 +28,7 @@ private:
 
     PlayModeControls& controls_;
     PlayModeMenu& menu_;
-    AddressRow& address_;
+    roles::AddressRow& address_;
     controls::EventClaims claims_;
 };
 

@@ -1,7 +1,7 @@
 #include "player/PlaybackRoom.h"
 
+#include "base/MediaKinds.h"
 #include "base/Number.h"
-#include "base/Text.h"
 #include "player/SongTitle.h"
 #include "player/Whole.h"
 
@@ -10,28 +10,24 @@ namespace player {
 namespace {
 
 constexpr double kTitleStart = 100;
-constexpr std::size_t kShortestCuedPath = 9;
-constexpr std::string_view kMessageFormat = "{0} - {1} {2}";
-constexpr std::string_view kMessageCategory = "Music";
 constexpr std::string_view kEveryTrackMissing = "Every track in this playlist is missing!";
 
 }  // namespace
 
-PlaybackRoom::PlaybackRoom(TitleControls& controls, controls::PictureBox& picSongProgress, MciLayer& mci,
-                           PlayerState& state, PlaybackParts parts, PlaybackRoles roles,
-                           PlaybackNeighbours neighbours)
+PlaybackRoom::PlaybackRoom(TitleControls& controls, controls::PictureBox& song_bar, MciLayer& mci,
+                           PlayerState& state, PlaybackRooms rooms, PlaybackRoles roles, PlaybackPorts ports)
     : controls_(controls),
-      picSongProgress_(picSongProgress),
+      song_bar_(song_bar),
       mci_(mci),
       state_(state),
-      parts_(parts),
+      rooms_(rooms),
       roles_(roles),
-      neighbours_(neighbours) {}
+      ports_(ports) {}
 
 void PlaybackRoom::PlaySong(std::string_view filename) {
     std::string path(filename);
     // This one, then whatever is cued and every row of the order: after that each has had its turn.
-    int turns = 1 + parts_.cue.Count() + parts_.order.Count();
+    int turns = 1 + rooms_.cue.PathCount() + rooms_.order.Count();
     // A loop, because a list may hold more missing tracks than the stack has room for.
     while (!CanPlay(path)) {
         if (IsEveryTrackMissing(--turns)) return;
@@ -45,22 +41,22 @@ void PlaybackRoom::EndOfSongCode() {
 }
 
 void PlaybackRoom::PassOverSong() {
-    const int turns_left = parts_.order.Count() - state_.MissingTrackCount - 1;
+    const int turns_left = rooms_.order.Count() - state_.MissingTrackCount - 1;
     if (!IsEveryTrackMissing(turns_left)) EndOfSongCode();
 }
 
 void PlaybackRoom::GetSongInfo(std::int64_t song_id) {
-    if (const auto path = parts_.songs.PathOf(song_id)) PlaySong(*path);
+    if (const auto path = rooms_.songs.PathOf(song_id)) PlaySong(*path);
 }
 
 void PlaybackRoom::PreviousTrack() {
-    if (parts_.order.Count() > 0) PlaySong(PathOfEntry(parts_.order.Previous()));
+    if (rooms_.order.Count() > 0) PlaySong(rooms_.songs.PathOfEntry(rooms_.order.Previous()));
 }
 
 bool PlaybackRoom::CanPlay(const std::string& filename) {
-    roles_.crossfade.ClearDrag();
+    rooms_.fade.ClearDrag();
     controls_.lblTrack.SetLeft(kTitleStart);
-    return neighbours_.kinds.IsMediaFile(filename) && neighbours_.kinds.FileExists(filename);
+    return base::IsMediaFile(filename) && ports_.files.FileExists(filename);
 }
 
 /// As many missing tracks in a row as the order has rows. Where the count is beyond that already, from tracks
@@ -68,10 +64,10 @@ bool PlaybackRoom::CanPlay(const std::string& filename) {
 bool PlaybackRoom::IsEveryTrackMissing(int turns_left) {
     controls_.lblNoFile.SetVisible(true);
     ++state_.MissingTrackCount;
-    if (state_.MissingTrackCount != parts_.order.Count() && turns_left > 0) return false;
+    if (state_.MissingTrackCount != rooms_.order.Count() && turns_left > 0) return false;
     // With nothing open the ticks would go on looking for the next song.
     if (state_.FramesPerSecond < 0) state_.PlayerStopped = true;
-    neighbours_.dialogs.MsgBox(kEveryTrackMissing);
+    ports_.dialogs.MsgBox(kEveryTrackMissing);
     return true;
 }
 
@@ -80,75 +76,66 @@ void PlaybackRoom::StartSong(const std::string& filename) {
     NoteStart(filename);
     CountThePlay(filename);
     BeginPlaying();
-    if (neighbours_.loop.IsEnding()) return;
+    if (ports_.loop.IsEnding()) return;
     PrepareVideoWindow(filename);
-    if (neighbours_.loop.IsEnding()) return;
-    roles_.video.ShowOrHideWindow();
+    if (ports_.loop.IsEnding()) return;
+    rooms_.video.ShowOrHideWindow();
     if (!OpenOnFreeAlias(filename)) state_.MissingTrackCount = missing_before;
     MeasureSong();
     ShowTitle(filename);
-    SendNowPlaying();
+    rooms_.line.SendNowPlaying();
     CaptionVideoWindow();
     ApplySpeedAndMute();
-    roles_.crossfade.PlaceMarkerForSong();
-    roles_.video.PutVideo();
+    rooms_.fade.PlaceMarkerForSong();
+    rooms_.video.PutVideo();
 }
 
 std::string PlaybackRoom::ChooseNextSong() {
-    if (state_.VideoPlaying) roles_.video.SavePlace();
-    if (roles_.mode.IsRepeating()) return controls_.lblFileNowPlaying.Caption();
-    if (parts_.cue.IsPathAtHead()) return parts_.cue.TakePath();
-    if (parts_.cue.IsIdAtHead()) return PathOfCuedEntry(parts_.cue.TakeEntry());
-    return PathOfEntry(parts_.order.Next(roles_.mode.IsShuffling()));
-}
-
-std::string PlaybackRoom::PathOfEntry(const std::string& entry) {
-    if (!IsSongId(entry)) return entry;
-    return neighbours_.paths.SongPathFromId(base::WholeVal(entry));
-}
-
-std::string PlaybackRoom::PathOfCuedEntry(const std::string& entry) {
-    if (base::Len(entry) >= kShortestCuedPath) return entry;
-    return neighbours_.paths.SongPathFromId(base::WholeVal(entry));
+    if (state_.VideoPlaying) rooms_.video.SavePlace();
+    if (rooms_.mode.IsRepeating()) return controls_.lblFileNowPlaying.Caption();
+    if (rooms_.cue.IsPathAtHead()) return rooms_.cue.TakePath();
+    if (rooms_.cue.IsIdAtHead()) return rooms_.songs.PathOfEntry(rooms_.cue.TakeEntry());
+    return rooms_.songs.PathOfEntry(rooms_.order.Next(rooms_.mode.IsShuffling()));
 }
 
 void PlaybackRoom::NoteStart(const std::string& filename) {
     controls_.lblNoFile.SetVisible(false);
     state_.MissingTrackCount = 0;
-    neighbours_.history.AddSiteToHistory("Music", filename);
+    roles_.history.AddSiteToHistory(roles::HistoryKind::Music, filename);
 }
 
 void PlaybackRoom::CountThePlay(const std::string& filename) {
-    if (!neighbours_.window.IsLoading()) parts_.songs.AddPlayCount(filename);
+    if (!roles_.start.IsLoading()) rooms_.songs.AddPlayCount(filename);
 }
 
 void PlaybackRoom::BeginPlaying() {
     state_.VideoPlaying = false;
     state_.PlayerStopped = false;
-    neighbours_.loop.Yield();
+    ports_.loop.Yield();
 }
 
 void PlaybackRoom::PrepareVideoWindow(const std::string& filename) {
     // During the yield a video may have started, which this song now follows.
     state_.VideoPlaying = false;
-    if (neighbours_.kinds.IsVideoFile(filename)) {
-        roles_.video.PrepareVideo();
+    if (base::IsVideoFile(filename)) {
+        rooms_.video.PrepareVideo();
     } else if (state_.VisualisationOn) {
-        roles_.video.PrepareLightShow();
+        rooms_.video.PrepareLightShow();
     } else {
-        roles_.video.PrepareMusic();
+        rooms_.video.PrepareMusic();
     }
 }
 
 /// False when the song could not be opened.
 bool PlaybackRoom::OpenOnFreeAlias(const std::string& filename) {
-    const bool a_playing = mci_.MciStatusMode("a") == "playing";
-    const bool b_playing = mci_.MciStatusMode("b") == "playing";
+    const bool a_playing = mci_.ModeOf(TextOf(Alias::A)) == Mode::Playing;
+    const bool b_playing = mci_.ModeOf(TextOf(Alias::B)) == Mode::Playing;
     const AliasRow& row = ChooseAlias(a_playing, b_playing, state_.CurrentAlias);
-    mci_.MciClose(row.alias);
-    const std::string opened = mci_.MciOpen(roles_.video.ParentHandle(), row.alias, filename, kMpegVideo);
-    if (row.silent) mci_.MciSetVolume(row.alias, "all", 0);
-    mci_.MciPlay(row.alias, "", "");
+    const std::string_view alias = TextOf(row.alias);
+    mci_.MciClose(alias);
+    const std::string opened = mci_.MciOpen(rooms_.video.ParentHandle(), alias, filename, kMpegVideo);
+    if (row.silent) mci_.MciSetVolume(alias, "all", 0);
+    mci_.MciPlay(alias, "", "");
     StartFadeOf(row);
     state_.CurrentAlias = row.alias;
     controls_.lblFileNowPlaying.SetCaption(filename);
@@ -156,42 +143,34 @@ bool PlaybackRoom::OpenOnFreeAlias(const std::string& filename) {
 }
 
 void PlaybackRoom::StartFadeOf(const AliasRow& row) {
-    if (row.fade != FadeStart::None) roles_.crossfade.StartFade(row.fade == FadeStart::ToB);
+    if (row.fade != FadeStart::None) rooms_.fade.StartFade(row.fade == FadeStart::ToB);
 }
 
 void PlaybackRoom::MeasureSong() {
-    state_.FramesPerSecond = Whole16(static_cast<double>(mci_.MciFramesPerSecond(state_.CurrentAlias)));
-    const auto frames = static_cast<double>(mci_.MciLengthFrames(state_.CurrentAlias));
+    state_.FramesPerSecond =
+        Whole16(static_cast<double>(mci_.MciFramesPerSecond(TextOf(state_.CurrentAlias))));
+    const auto frames = static_cast<double>(mci_.MciLengthFrames(TextOf(state_.CurrentAlias)));
     // A song that could not be opened leaves the display as it was.
     if (state_.FramesPerSecond <= 0 || frames < 0) return;
     const double seconds = frames / state_.FramesPerSecond;
-    picSongProgress_.SetScaleWidth(seconds);
+    song_bar_.SetScaleWidth(seconds);
     state_.TotalTimeText = base::MinutesAndSeconds(base::RoundHalfEven(seconds));
 }
 
 void PlaybackRoom::ShowTitle(const std::string& filename) {
-    const SongTitle song = TitleOfFile(neighbours_.kinds.FileNameOf(filename), state_.VideoPlaying);
+    const SongTitle song = TitleOfFile(base::FileNameOf(filename), state_.VideoPlaying);
     controls_.lblTrack.SetCaption(CaptionOf(song));
     state_.NowArtist = song.artist;
     state_.NowTitle = song.title;
 }
 
-void PlaybackRoom::SendNowPlaying() {
-    neighbours_.message.SendNowPlaying(state_.NowArtist, state_.NowTitle, state_.NowAlbum, "", kMessageFormat,
-                                       true, kMessageCategory);
-}
-
-void PlaybackRoom::SendNothingPlaying() {
-    neighbours_.message.SendNowPlaying("", "", "", "", kMessageFormat, false, kMessageCategory);
-}
-
 void PlaybackRoom::CaptionVideoWindow() {
-    if (state_.VideoPlaying) roles_.video.SetWindowCaption(controls_.lblTrack.Caption());
+    if (state_.VideoPlaying) rooms_.video.SetWindowCaption(controls_.lblTrack.Caption());
 }
 
 void PlaybackRoom::ApplySpeedAndMute() {
-    roles_.speed.ApplySpeed();
-    if (roles_.volume.IsMuted()) mci_.MciSetVolume(state_.CurrentAlias, "all", 0);
+    rooms_.speed.ApplySpeed();
+    if (rooms_.volume.IsMuted()) mci_.MciSetVolume(TextOf(state_.CurrentAlias), "all", 0);
 }
 
 }  // namespace player

@@ -1,7 +1,7 @@
 // Starts songs and decides what comes next.
 //
 // One alias carries the current song; the other exists so that the next can start before the current one
-// ends. Songs are never reused: an alias is closed and opened anew for each. A failure of the device is
+// ends. Songs are never reused: an alias is closed and opened again for each. A failure of the device is
 // silent; the step it happened in changes nothing and the next step runs.
 //
 // PlaySong yields. Timers and events may run meanwhile and may start another song; the outer one then goes on
@@ -14,71 +14,71 @@
 #include "controls/PictureBox.h"
 #include "player/AliasTable.h"
 #include "player/CueQueue.h"
+#include "player/FadeRoom.h"
 #include "player/MciLayer.h"
-#include "player/Outgoing.h"
+#include "player/MessengerLine.h"
+#include "player/PlayModeRoom.h"
 #include "player/PlayOrder.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerState.h"
-#include "player/Roles.h"
 #include "player/SongLookup.h"
+#include "player/SpeedRoom.h"
+#include "player/VideoRoom.h"
+#include "player/VolumeRoom.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
+#include "ports/Files.h"
+#include "roles/History.h"
+#include "roles/Start.h"
 
 namespace player {
 
-/// What playback keeps itself.
-struct PlaybackParts {
+struct PlaybackRooms {
     SongLookup& songs;
     PlayOrder& order;
     CueQueue& cue;
+    PlayModeRoom& mode;
+    FadeRoom& fade;
+    VolumeRoom& volume;
+    SpeedRoom& speed;
+    VideoRoom& video;
+    MessengerLine& line;
 };
 
-/// What other rooms do for it.
 struct PlaybackRoles {
-    PlayMode& mode;
-    Crossfade& crossfade;
-    Volume& volume;
-    Speed& speed;
-    VideoPane& video;
+    roles::History& history;
+    roles::Start& start;
 };
 
-/// What lies outside of the player.
-struct PlaybackNeighbours {
-    FileKinds& kinds;
-    SongPaths& paths;
-    HistoryLog& history;
-    NowPlayingMessage& message;
-    MainWindow& window;
+struct PlaybackPorts {
+    const ports::Files& files;
     ports::Dialogs& dialogs;
     ports::EventLoop& loop;
 };
 
-class PlaybackRoom final : public SongPlayer {
+class PlaybackRoom final {
 public:
-    PlaybackRoom(TitleControls& controls, controls::PictureBox& picSongProgress, MciLayer& mci,
-                 PlayerState& state, PlaybackParts parts, PlaybackRoles roles, PlaybackNeighbours neighbours);
+    PlaybackRoom(TitleControls& controls, controls::PictureBox& song_bar, MciLayer& mci, PlayerState& state,
+                 PlaybackRooms rooms, PlaybackRoles roles, PlaybackPorts ports);
 
     /// Plays a file, or, when it is missing or no media, whatever comes next, until one plays or as many were
     /// missing in a row as the play order has rows; a box then says so. A call ends in any case: at the
     /// latest when everything that is cued and in order had its turn.
-    void PlaySong(std::string_view filename) override;
-    void EndOfSongCode() override;
-    void PassOverSong() override;
-    void GetSongInfo(std::int64_t song_id) override;
+    void PlaySong(std::string_view filename);
+    /// Chooses and starts the next song.
+    void EndOfSongCode();
+    /// Skips to the song after one that could not be opened; it counts as a missing one.
+    void PassOverSong();
+    /// Plays the song with that number; nothing when there is none.
+    void GetSongInfo(std::int64_t song_id);
     /// Plays the entry before the current one in the play order.
     void PreviousTrack();
-    /// Sends what plays to the messenger.
-    void SendNowPlaying();
-    /// Sends that nothing plays.
-    void SendNothingPlaying();
 
 private:
     bool CanPlay(const std::string& filename);
     bool IsEveryTrackMissing(int turns_left);
     void StartSong(const std::string& filename);
     std::string ChooseNextSong();
-    std::string PathOfEntry(const std::string& entry);
-    std::string PathOfCuedEntry(const std::string& entry);
 
     void NoteStart(const std::string& filename);
     void CountThePlay(const std::string& filename);
@@ -92,12 +92,12 @@ private:
     void ApplySpeedAndMute();
 
     TitleControls& controls_;
-    controls::PictureBox& picSongProgress_;
+    controls::PictureBox& song_bar_;
     MciLayer& mci_;
     PlayerState& state_;
-    PlaybackParts parts_;
+    PlaybackRooms rooms_;
     PlaybackRoles roles_;
-    PlaybackNeighbours neighbours_;
+    PlaybackPorts ports_;
 };
 
 }  // namespace player

@@ -2,48 +2,83 @@
 
 namespace player {
 
-Player::Player(PlayerWindows windows, PlayerState& state, PlayerNeighbours neighbours, PlayerPorts ports)
-    : state_(state),
-      songs_(ports.datSong),
+Player::Player(PlayerWindows windows, PlayerState& state, PlayerRoles roles, PlayerPorts ports)
+    : watch_(ports.media),
+      mci_(watch_, ports.windows, ports.files),
+      songs_(ports.songs),
       order_(windows.controls.queue, ports.chance),
       cue_(windows.controls.queue, windows.controls.transport.lblQuote, state),
-      mode_(windows.controls.transport, windows.menu, neighbours.address),
-      volume_(windows.controls.levels, windows.menu, ports.mci, state, neighbours.address, neighbours.window),
-      speed_(windows.controls.levels, windows.menu, ports.mci, state, neighbours.address),
-      panning_(windows.controls.levels, windows.menu, windows.controls.levels.tmrFade, ports.mci, state,
-               volume_),
-      fade_(windows.controls.levels, windows.menu, windows.controls.transport.picSongProgress, ports.mci,
-            state, volume_, panning_, neighbours.address, neighbours.window),
-      video_(windows.frmVideo, windows.controls.video, windows.menu, windows.menu.mnuNone, ports.mci, state,
-             neighbours.window, ports.loop),
-      visuals_(windows.frmVideo, windows.menu, windows.controls.video.picVideo, state, video_,
-               neighbours.window, ports.chance),
-      playback_(windows.controls.transport, windows.controls.transport.picSongProgress, ports.mci, state,
-                {songs_, order_, cue_}, {mode_, fade_, volume_, speed_, video_},
-                {neighbours.kinds, neighbours.paths, neighbours.history, neighbours.message,
-                 neighbours.window, ports.dialogs, ports.loop}),
-      queue_(windows.controls.queue, windows.menu, windows.tracks, cue_, playback_, neighbours.address,
-             neighbours.window),
+      line_(state, roles.messenger),
+      mode_(windows.controls.transport, windows.menu, roles.address),
+      volume_(windows.controls.levels, windows.menu, mci_, state, roles.address, roles.highlights),
+      speed_(windows.controls.levels, windows.menu, mci_, state, roles.address),
+      panning_(windows.controls.levels, windows.menu, windows.controls.levels.tmrFade, mci_, state, volume_),
+      fade_(windows.controls.levels, windows.menu, windows.controls.transport.picSongProgress, mci_, state,
+            volume_, panning_, {.address = roles.address, .window = roles.window}),
+      video_(windows.video, windows.controls.video, windows.menu, windows.menu.mnuNone, mci_, state,
+             {.window = roles.window,
+              .layout = roles.layout,
+              .hole = roles.hole,
+              .keys = roles.keys,
+              .favourites = roles.favourites},
+             ports.loop),
+      visuals_(windows.video, windows.menu, windows.controls.video.picVideo, state, video_,
+               {.layout = roles.layout, .hole = roles.hole, .favourites = roles.favourites}, ports.chance),
+      playback_(windows.controls.transport, windows.controls.transport.picSongProgress, mci_, state,
+                {.songs = songs_,
+                 .order = order_,
+                 .cue = cue_,
+                 .mode = mode_,
+                 .fade = fade_,
+                 .volume = volume_,
+                 .speed = speed_,
+                 .video = video_,
+                 .line = line_},
+                {.history = roles.history, .start = roles.start},
+                {.files = ports.files, .dialogs = ports.dialogs, .loop = ports.loop}),
+      queue_(windows.controls.queue, windows.menu, windows.tracks, cue_, playback_, roles.address,
+             roles.highlights),
       buttons_(windows.controls.transport, windows.menu, windows.tracks,
-               windows.controls.transport.lblProgress, order_, ports.mci, state,
-               {playback_, fade_, panning_, video_}, neighbours.message, neighbours.address),
-      title_(windows.controls.transport, state, neighbours.window),
+               windows.controls.transport.lblProgress, mci_, state,
+               {.order = order_,
+                .playback = playback_,
+                .fade = fade_,
+                .panning = panning_,
+                .video = video_,
+                .line = line_},
+               roles.address),
+      title_(windows.controls.transport, state, roles.highlights),
       transport_(windows.controls.transport, windows.controls.transport, windows.controls.levels.lblStartFade,
-                 windows.controls.transport.lblTrack, ports.mci, state, {playback_, panning_, title_, video_},
-                 neighbours.address, neighbours.window),
+                 windows.controls.transport.lblTrack, mci_, state,
+                 {.playback = playback_, .panning = panning_, .title = title_, .video = video_},
+                 {.address = roles.address, .highlights = roles.highlights}),
       splitter_(windows.controls.splitter, windows.lists, windows.controls.transport.fraControls,
-                neighbours.window),
-      speaker_test_(windows.frmSpeakerTest, windows.menu, windows.controls.transport.lblTrack, ports.mci,
-                    state, {fade_, panning_, volume_}, neighbours.window) {}
+                roles.layout),
+      speaker_test_(windows.speaker_test, windows.menu, windows.controls.transport.lblTrack, mci_, state,
+                    {.fade = fade_, .panning = panning_, .volume = volume_}, roles.window),
+      playing_(windows.controls.transport, windows.tracks, mci_, state,
+               {.watch = watch_,
+                .mode = mode_,
+                .volume = volume_,
+                .speed = speed_,
+                .order = order_,
+                .cue = cue_}) {}
+
+void Player::StopAndForget() {
+    buttons_.Stop();
+    title_.Clear();
+}
+
+void Player::SetDefaults() {
+    volume_.SetDefaults();
+    fade_.SetDefaults();
+    transport_.HideMarker();
+}
 
 void Player::RestoreBars() {
     transport_.RestoreBarScale();
     fade_.RestoreMarker();
     speed_.PlaceMarker();
-}
-
-bool Player::IsVideoAttached() const {
-    return (state_.VideoPlaying || state_.VisualisationOn) && !state_.resized;
 }
 
 }  // namespace player

@@ -1,7 +1,4 @@
-// The player: builds its rooms in order, lets them meet through their roles, and answers the main window.
-//
-// Clicks that other parts of the program run ("the mnuQuickFade click") are raised on the control itself;
-// what is no control's event is a verb here.
+// The player: builds its rooms in order and hands out what the rest of the program may ask of it.
 #pragma once
 
 #include <string_view>
@@ -9,7 +6,9 @@
 #include "player/CueQueue.h"
 #include "player/FadeRoom.h"
 #include "player/MciLayer.h"
-#include "player/Outgoing.h"
+#include "player/MediaWatch.h"
+#include "player/MessengerLine.h"
+#include "player/NowPlaying.h"
 #include "player/PanningRoom.h"
 #include "player/PlayButtonsRoom.h"
 #include "player/PlayModeRoom.h"
@@ -33,6 +32,11 @@
 #include "ports/Clock.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
+#include "ports/Files.h"
+#include "ports/MediaControl.h"
+#include "ports/Windows.h"
+#include "roles/PlayerSetup.h"
+#include "roles/Transport.h"
 #include "store/DataSource.h"
 
 namespace player {
@@ -41,60 +45,75 @@ namespace player {
 struct PlayerWindows {
     PlayerControls& controls;
     PlayerMenu& menu;
-    VideoForm& frmVideo;
-    SpeakerTestForm& frmSpeakerTest;
+    VideoForm& video;
+    SpeakerTestForm& speaker_test;
     TrackListView tracks;
     SplitListView lists;
 };
 
-/// What lies outside of the player.
-struct PlayerNeighbours {
-    FileKinds& kinds;
-    SongPaths& paths;
-    HistoryLog& history;
-    NowPlayingMessage& message;
-    AddressRow& address;
-    MainWindow& window;
+struct PlayerRoles {
+    roles::Window& window;
+    roles::Layout& layout;
+    roles::Hole& hole;
+    roles::Highlights& highlights;
+    roles::MediaKeys& keys;
+    roles::AddressRow& address;
+    roles::History& history;
+    roles::Start& start;
+    roles::Favourites& favourites;
+    roles::Messenger& messenger;
 };
 
 struct PlayerPorts {
-    MciLayer& mci;
-    store::DataSource& datSong;  ///< the player's own: other walks do not disturb it
+    ports::MediaControl& media;
+    const ports::WindowServices& windows;
+    const ports::Files& files;
+    store::DataSource& songs;  ///< the player's own: other walks do not disturb it
     ports::Dialogs& dialogs;
     ports::EventLoop& loop;
     ports::Chance& chance;
 };
 
-class Player final {
+class Player final : public roles::Transport, public roles::PlayerSetup {
 public:
-    Player(PlayerWindows windows, PlayerState& state, PlayerNeighbours neighbours, PlayerPorts ports);
+    Player(PlayerWindows windows, PlayerState& state, PlayerRoles roles, PlayerPorts ports);
 
-    void PlaySong(std::string_view filename) { playback_.PlaySong(filename); }
-    void EndOfSongCode() { playback_.EndOfSongCode(); }
-    void GetSongInfo(std::int64_t song_id) { playback_.GetSongInfo(song_id); }
-    void PreviousTrack() { playback_.PreviousTrack(); }
-    /// What Stop does.
-    void StopCurrentSong() { buttons_.imgStopOver_Click(); }
-    /// Sends artist, title and the person's own text as they stand; or that nothing plays.
-    void SendNowPlaying() { playback_.SendNowPlaying(); }
-    void SendNothingPlaying() { playback_.SendNothingPlaying(); }
-    void volchanged() { volume_.volchanged(); }
-    void dontscrolltitle() { title_.dontscrolltitle(); }
-    void MoveSlider() { splitter_.MoveSlider(); }
-    void theresize() { video_.theresize(); }
-    void FollowMainWindow() { video_.FollowMainWindow(); }
-    /// Scales of the bars and places of their markers, after the layout gave the bars another width.
-    void RestoreBars();
-    /// After the bright pictures were hidden.
-    void SettlePictures() { mode_.SettlePictures(); }
-    /// A video or light show stands over its hole, so the hole follows the layout.
-    bool IsVideoAttached() const;
+    roles::NowPlaying& Playing() { return playing_; }
+    roles::MessengerLine& Line() { return line_; }
+    roles::CueList& Cue() { return cue_; }
+    roles::VideoPane& Video() { return video_; }
+
+    // roles::Transport
+    void PlaySong(std::string_view path) override { playback_.PlaySong(path); }
+    void Play() override { buttons_.Play(); }
+    void Pause() override { buttons_.Pause(); }
+    bool IsPlayShown() const override { return buttons_.IsPlayShown(); }
+    void Stop() override { buttons_.Stop(); }
+    void StopAndForget() override;
+    void Next() override { playback_.EndOfSongCode(); }
+    void Previous() override { playback_.PreviousTrack(); }
+    void SeekTo(double second) override { transport_.SeekTo(second); }
+    void SetSpeed(double percent) override { speed_.SetSpeed(percent); }
+    void SetVolume(double level) override { volume_.SetVolume(level); }
+    void ToggleMute() override { volume_.ToggleMute(); }
+    void IncreaseVolume() override { volume_.IncreaseVolume(); }
+    void DecreaseVolume() override { volume_.DecreaseVolume(); }
+
+    // roles::PlayerSetup
+    void SetDefaults() override;
+    void ChooseQuickFade() override { fade_.ChooseQuickFade(); }
+    void ClearVideoPicture() override { video_.ClearPicture(); }
+    void CloseMedia() override { mci_.MciCloseAll(); }
+    void RestoreBars() override;
+    void SettlePictures() override { mode_.SettlePictures(); }
 
 private:
-    PlayerState& state_;
+    MediaWatch watch_;
+    MciLayer mci_;
     SongLookup songs_;
     PlayOrder order_;
     CueQueue cue_;
+    MessengerLine line_;
     PlayModeRoom mode_;
     VolumeRoom volume_;
     SpeedRoom speed_;
@@ -109,6 +128,7 @@ private:
     TransportRoom transport_;
     SplitterRoom splitter_;
     SpeakerTestRoom speaker_test_;
+    NowPlaying playing_;
 };
 
 }  // namespace player

@@ -4,11 +4,14 @@
 #include <cstdint>
 #include <string>
 
+#include "player/Alias.h"
+#include "player/MarkerDrag.h"
+
 namespace player {
 
 struct PlaybackState {
-    /// Alias of the current song, "a" or "b"; empty before the first.
-    std::string CurrentAlias;
+    /// Alias of the current song.
+    Alias CurrentAlias = Alias::None;
     /// Set by Stop and by closing the music tab; the position tick does nothing meanwhile.
     bool PlayerStopped = true;
     /// Tracks in a row that were missing, no media or not to be opened; wide enough for any list.
@@ -19,7 +22,7 @@ struct PlaybackState {
     std::string TotalTimeText;
     /// The current song is a video.
     bool VideoPlaying = false;
-    /// The three texts of the now-playing message; the third is the person's own.
+    /// The three texts of the now-playing message; the third is the user's own.
     std::string NowArtist;
     std::string NowTitle;
     std::string NowAlbum;
@@ -41,7 +44,8 @@ struct LevelState {
     std::int32_t MusicVolume = 100;
     /// Left of the speed marker, in units of its bar.
     std::int16_t SongSpeed = 100;
-    bool FadeDragging = false;
+    /// The start-fade marker is dragged; a press on the song bar does not seek meanwhile.
+    MarkerDrag FadeDragging{DragEnds::EachEnd};
 };
 
 struct VideoState {
@@ -52,7 +56,7 @@ struct VideoState {
     bool VisualisationOn = false;
     /// 0 none, 1 strobe, 2 party, 3 mood, 4 animation.
     std::int16_t visual = 0;
-    /// Party turns into mood once while this stands.
+    /// Party turns into mood once while this is set.
     bool FirstLoad = false;
     /// The video window has been detached from the hole.
     bool resized = false;

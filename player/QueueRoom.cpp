@@ -15,10 +15,15 @@ constexpr double kFirstPathValue = 8;
 }  // namespace
 
 QueueRoom::QueueRoom(CueControls& controls, CueMenu& menu, TrackListView tracks, CueQueue& cue,
-                     SongPlayer& player, AddressRow& address, MainWindow& window)
-    : controls_(controls), tracks_(tracks), cue_(cue), player_(player), address_(address), window_(window) {
+                     PlaybackRoom& playback, roles::AddressRow& address, roles::Highlights& highlights)
+    : controls_(controls),
+      tracks_(tracks),
+      cue_(cue),
+      playback_(playback),
+      address_(address),
+      highlights_(highlights) {
     claims_.Claim(controls_.lstCuedSongs.DblClick, [this] { lstCuedSongs_DblClick(); });
-    claims_.Claim(controls_.lstCuedSongs.MouseMove, [this] { window_.NoMouseOvers(); });
+    claims_.Claim(controls_.lstCuedSongs.MouseMove, [this] { highlights_.NoMouseOvers(); });
     ClaimTwin(claims_, controls_.imgCueSong, controls_.imgCueSongOver);
     claims_.Claim(controls_.imgCueSongOver.Click, [this] { imgCueSongOver_Click(); });
     ClaimTwin(claims_, controls_.imgUnCue, controls_.imgUnCueOver);
@@ -48,9 +53,9 @@ void QueueRoom::lstCuedSongs_DblClick() {
     const auto number = base::ToNumber(entry);
     if (!number) return;
     if (*number < kFirstPathValue) {
-        player_.GetSongInfo(base::RoundHalfEven(*number));
+        playback_.GetSongInfo(base::RoundHalfEven(*number));
     } else {
-        player_.PlaySong(entry);
+        playback_.PlaySong(entry);
     }
     cue_.RemoveSelectedRow();
 }

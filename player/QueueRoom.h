@@ -3,17 +3,18 @@
 
 #include "controls/Event.h"
 #include "player/CueQueue.h"
-#include "player/Outgoing.h"
+#include "player/PlaybackRoom.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerMenu.h"
-#include "player/Roles.h"
+#include "roles/AddressRow.h"
+#include "roles/Highlights.h"
 
 namespace player {
 
 class QueueRoom final {
 public:
-    QueueRoom(CueControls& controls, CueMenu& menu, TrackListView tracks, CueQueue& cue, SongPlayer& player,
-              AddressRow& address, MainWindow& window);
+    QueueRoom(CueControls& controls, CueMenu& menu, TrackListView tracks, CueQueue& cue,
+              PlaybackRoom& playback, roles::AddressRow& address, roles::Highlights& highlights);
 
 private:
     void imgCueSongOver_Click();
@@ -23,9 +24,9 @@ private:
     CueControls& controls_;
     TrackListView tracks_;
     CueQueue& cue_;
-    SongPlayer& player_;
-    AddressRow& address_;
-    MainWindow& window_;
+    PlaybackRoom& playback_;
+    roles::AddressRow& address_;
+    roles::Highlights& highlights_;
     controls::EventClaims claims_;
 };
 

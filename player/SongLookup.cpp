@@ -1,21 +1,27 @@
 #include "player/SongLookup.h"
 
 #include "base/Number.h"
+#include "store/Songs.h"
 #include "store/Tables.h"
 
 namespace player {
 
 /// The numbers of the table are whole, so that equal numbers are equal texts.
 std::optional<std::string> SongLookup::PathOf(std::int64_t song_id) {
-    if (!datSong_.Open(store::kAllSongs)) return std::nullopt;
-    store::RecordSet& songs = datSong_.Recordset();
+    if (!songs_.Open(store::kAllSongs)) return std::nullopt;
+    store::RecordSet& songs = songs_.Recordset();
     if (!songs.MoveToFirst(store::tblSong::SongID, base::ToText(song_id))) return std::nullopt;
     return std::string(songs.Text(store::tblSong::FilePath));
 }
 
+std::string SongLookup::PathOfEntry(const base::SongEntry& entry) {
+    if (!entry.IsSongId()) return entry.Text();
+    return store::SongPathFromId(songs_, base::ToText(entry.SongId()));
+}
+
 void SongLookup::AddPlayCount(std::string_view filename) {
-    if (!datSong_.Open(store::kAllSongs)) return;
-    store::RecordSet& songs = datSong_.Recordset();
+    if (!songs_.Open(store::kAllSongs)) return;
+    store::RecordSet& songs = songs_.Recordset();
     if (!songs.MoveToFirst(store::tblSong::FilePath, filename) || !songs.Edit()) return;
     const std::int64_t plays = base::WholeVal(songs.Text(store::tblSong::PlayCount));
     songs.Set(store::tblSong::PlayCount, base::ToText(base::OneMore(plays)));

@@ -6,21 +6,24 @@
 #include <string>
 #include <string_view>
 
+#include "base/SongEntry.h"
 #include "store/DataSource.h"
 
 namespace player {
 
 class SongLookup final {
 public:
-    explicit SongLookup(store::DataSource& datSong) : datSong_(datSong) {}
+    explicit SongLookup(store::DataSource& songs) : songs_(songs) {}
 
     /// FilePath of the first song with that number; nothing when there is none or the store cannot be read.
     std::optional<std::string> PathOf(std::int64_t song_id);
+    /// The path itself, or what SongPathFromId finds for the SongID; empty when that is nothing.
+    std::string PathOfEntry(const base::SongEntry& entry);
     /// One more play for the first song with that path. A file outside the library changes nothing.
     void AddPlayCount(std::string_view filename);
 
 private:
-    store::DataSource& datSong_;
+    store::DataSource& songs_;
 };
 
 }  // namespace player

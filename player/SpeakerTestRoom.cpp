@@ -2,28 +2,23 @@
 
 namespace player {
 
-SpeakerTestRoom::SpeakerTestRoom(SpeakerTestForm& frmSpeakerTest, SpeakerTestMenu& menu,
-                                 const controls::Label& lblTrack, MciLayer& mci, const PlayerState& state,
-                                 SpeakerTestRoles roles, MainWindow& window)
-    : frmSpeakerTest_(frmSpeakerTest),
-      lblTrack_(lblTrack),
-      mci_(mci),
-      state_(state),
-      roles_(roles),
-      window_(window) {
+SpeakerTestRoom::SpeakerTestRoom(SpeakerTestForm& form, SpeakerTestMenu& menu, const controls::Label& title,
+                                 MciLayer& mci, const PlayerState& state, SpeakerTestRooms rooms,
+                                 roles::Window& window)
+    : form_(form), title_(title), mci_(mci), state_(state), rooms_(rooms), window_(window) {
     claims_.Claim(menu.mnuSoundTest.Click, [this] { mnuSoundTest_Click(); });
-    claims_.Claim(frmSpeakerTest_.cmdLeft.Click, [this] { cmdLeft_Click(); });
-    claims_.Claim(frmSpeakerTest_.cmdRight.Click, [this] { cmdRight_Click(); });
-    claims_.Claim(frmSpeakerTest_.cmdBoth.Click, [this] { cmdBoth_Click(); });
-    claims_.Claim(frmSpeakerTest_.Unload, [this](bool&) { frmSpeakerTest_Unload(); });
+    claims_.Claim(form_.cmdLeft.Click, [this] { cmdLeft_Click(); });
+    claims_.Claim(form_.cmdRight.Click, [this] { cmdRight_Click(); });
+    claims_.Claim(form_.cmdBoth.Click, [this] { cmdBoth_Click(); });
+    claims_.Claim(form_.Unload, [this](bool&) { frmSpeakerTest_Unload(); });
 }
 
 void SpeakerTestRoom::mnuSoundTest_Click() {
-    frmSpeakerTest_.Show();
-    frmSpeakerTest_.lblTrack.SetCaption(lblTrack_.Caption());
-    roles_.panning.mnuPanOff_Click();
-    roles_.crossfade.StopFade();
-    window_.EnableWindow(false);
+    form_.Show();
+    form_.lblTrack.SetCaption(title_.Caption());
+    rooms_.panning.TurnPanningOff();
+    rooms_.fade.StopFade();
+    window_.SetEnabled(false);
 }
 
 void SpeakerTestRoom::cmdLeft_Click() {
@@ -42,13 +37,13 @@ void SpeakerTestRoom::cmdBoth_Click() {
 }
 
 void SpeakerTestRoom::frmSpeakerTest_Unload() {
-    roles_.crossfade.RestartFade();
-    window_.EnableWindow(true);
-    roles_.volume.volchanged();
+    rooms_.fade.RestartFade();
+    window_.SetEnabled(true);
+    rooms_.volume.volchanged();
 }
 
 void SpeakerTestRoom::Send(std::string_view channel, int percent) {
-    mci_.MciSetVolume(state_.CurrentAlias, channel, percent);
+    mci_.MciSetVolume(TextOf(state_.CurrentAlias), channel, percent);
 }
 
 }  // namespace player

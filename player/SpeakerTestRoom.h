@@ -6,26 +6,27 @@
 
 #include "controls/Event.h"
 #include "controls/Label.h"
+#include "player/FadeRoom.h"
 #include "player/MciLayer.h"
-#include "player/Outgoing.h"
+#include "player/PanningRoom.h"
 #include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
-#include "player/Roles.h"
 #include "player/SpeakerTestForm.h"
+#include "player/VolumeRoom.h"
+#include "roles/Window.h"
 
 namespace player {
 
-/// What other rooms do for it.
-struct SpeakerTestRoles {
-    Crossfade& crossfade;
-    Panning& panning;
-    Volume& volume;
+struct SpeakerTestRooms {
+    FadeRoom& fade;
+    PanningRoom& panning;
+    VolumeRoom& volume;
 };
 
 class SpeakerTestRoom final {
 public:
-    SpeakerTestRoom(SpeakerTestForm& frmSpeakerTest, SpeakerTestMenu& menu, const controls::Label& lblTrack,
-                    MciLayer& mci, const PlayerState& state, SpeakerTestRoles roles, MainWindow& window);
+    SpeakerTestRoom(SpeakerTestForm& form, SpeakerTestMenu& menu, const controls::Label& title, MciLayer& mci,
+                    const PlayerState& state, SpeakerTestRooms rooms, roles::Window& window);
 
 private:
     void mnuSoundTest_Click();
@@ -35,12 +36,12 @@ private:
     void frmSpeakerTest_Unload();
     void Send(std::string_view channel, int percent);
 
-    SpeakerTestForm& frmSpeakerTest_;
-    const controls::Label& lblTrack_;
+    SpeakerTestForm& form_;
+    const controls::Label& title_;
     MciLayer& mci_;
     const PlayerState& state_;
-    SpeakerTestRoles roles_;
-    MainWindow& window_;
+    SpeakerTestRooms rooms_;
+    roles::Window& window_;
     controls::EventClaims claims_;
 };
 

@@ -6,13 +6,12 @@ namespace player {
 
 namespace {
 
-constexpr double kMarkerCentre = 3;
 constexpr double kMenuStep = 20;
 
 }  // namespace
 
 SpeedRoom::SpeedRoom(SpeedControls& controls, SpeedMenu& menu, MciLayer& mci, PlayerState& state,
-                     AddressRow& address)
+                     roles::AddressRow& address)
     : controls_(controls), menu_(menu), mci_(mci), state_(state), address_(address) {
     auto& lblSongSpeed = controls_.lblSongSpeed;
     claims_.Claim(controls_.picSpeed.MouseDown,
@@ -27,7 +26,8 @@ SpeedRoom::SpeedRoom(SpeedControls& controls, SpeedMenu& menu, MciLayer& mci, Pl
 }
 
 void SpeedRoom::ApplySpeed() {
-    mci_.MciSetSpeed(state_.CurrentAlias, WholeInt(controls_.lblSongSpeed.Left() + kMarkerCentre));
+    mci_.MciSetSpeed(TextOf(state_.CurrentAlias),
+                     WholeInt(controls_.lblSongSpeed.Left() + kSpeedMarkerCentre));
 }
 
 void SpeedRoom::PlaceMarker() {
@@ -36,49 +36,54 @@ void SpeedRoom::PlaceMarker() {
     controls_.lblSongSpeed.SetLeft(state_.SongSpeed);
 }
 
+int SpeedRoom::Speed() const {
+    return state_.SongSpeed + kSpeedMarkerCentre;
+}
+
+void SpeedRoom::SetSpeed(double percent) {
+    MoveMarker(percent - kSpeedMarkerCentre);
+}
+
 void SpeedRoom::picSpeed_MouseDown(double x) {
-    controls_.lblSongSpeed.SetLeft(x);
+    MoveMarker(x);
+}
+
+void SpeedRoom::MoveMarker(double left) {
+    controls_.lblSongSpeed.SetLeft(left);
     ApplySpeed();
     state_.SongSpeed = Whole16(controls_.lblSongSpeed.Left());
 }
 
 void SpeedRoom::lblSongSpeed_MouseDown(double x) {
-    SpeedDragging_ = true;
-    SpeedDragX_ = Whole16(x);
+    SpeedDragging_.Press(x);
 }
 
-/// Like the other markers, this one moves by the ratio of the present to the pressed position.
 void SpeedRoom::lblSongSpeed_MouseMove(double x) {
-    if (!SpeedDragging_ || SpeedDragX_ == 0) return;
     auto& lblSongSpeed = controls_.lblSongSpeed;
-    lblSongSpeed.SetLeft(lblSongSpeed.Left() + x / SpeedDragX_);
-    if (lblSongSpeed.Left() <= 0) {
-        lblSongSpeed.SetLeft(0);
-    } else {
-        KeepInsideRightEnd();
+    if (SpeedDragging_.Move(lblSongSpeed, x, controls_.picSpeed.ScaleWidth())) {
+        MoveMarker(lblSongSpeed.Left());
     }
-    picSpeed_MouseDown(lblSongSpeed.Left());
 }
 
 void SpeedRoom::lblSongSpeed_MouseUp() {
-    SpeedDragging_ = false;
+    SpeedDragging_.End();
     state_.SongSpeed = Whole16(controls_.lblSongSpeed.Left());
     address_.FocusAddress();
 }
 
 /// The device keeps the speed beyond the end; only the marker stays on the bar.
 void SpeedRoom::mnuIncreaseSpeed_Click() {
-    picSpeed_MouseDown(controls_.lblSongSpeed.Left() + kMenuStep);
+    MoveMarker(controls_.lblSongSpeed.Left() + kMenuStep);
     KeepInsideRightEnd();
 }
 
 void SpeedRoom::mnuDecreaseSpeed_Click() {
-    picSpeed_MouseDown(controls_.lblSongSpeed.Left() - kMenuStep);
+    MoveMarker(controls_.lblSongSpeed.Left() - kMenuStep);
     if (controls_.lblSongSpeed.Left() < 0) controls_.lblSongSpeed.SetLeft(0);
 }
 
 void SpeedRoom::mnuNormalSpeed_Click() {
-    picSpeed_MouseDown(controls_.picSpeed.ScaleWidth() / 2);
+    MoveMarker(controls_.picSpeed.ScaleWidth() / 2);
 }
 
 void SpeedRoom::KeepInsideRightEnd() {

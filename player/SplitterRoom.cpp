@@ -13,9 +13,9 @@ constexpr double kDragPart = 3;  ///< the splitter follows a third of the way
 
 }  // namespace
 
-SplitterRoom::SplitterRoom(SplitterControls& controls, SplitListView lists,
-                           const controls::Frame& fraControls, MainWindow& window)
-    : controls_(controls), lists_(lists), fraControls_(fraControls), window_(window) {
+SplitterRoom::SplitterRoom(SplitterControls& controls, SplitListView lists, const controls::Frame& panel,
+                           roles::Layout& layout)
+    : controls_(controls), lists_(lists), panel_(panel), layout_(layout) {
     auto& lblSlider = controls_.lblSlider;
     claims_.Claim(lblSlider.MouseDown, [this] { SliderDragging_ = true; });
     claims_.Claim(lblSlider.MouseMove, [this](int, int, double, double y) { lblSlider_MouseMove(y); });
@@ -26,7 +26,7 @@ void SplitterRoom::lblSlider_MouseMove(double y) {
     if (!SliderDragging_) return;
     controls_.lblSlider.SetTop(controls_.lblSlider.Top() + y / kDragPart);
     MoveSlider();
-    window_.PlaceBelowSplitter();
+    layout_.PlaceBelowSplitter();
 }
 
 void SplitterRoom::MoveSlider() {
@@ -43,13 +43,13 @@ void SplitterRoom::MoveSlider() {
 
 void SplitterRoom::ShareHeight() {
     auto& lblSlider = controls_.lblSlider;
-    if (lblSlider.Bottom() >= fraControls_.Top() - kRoomAboveControls) {
-        lblSlider.SetTop(fraControls_.Top() - (kBackFromControls + lblSlider.Height()));
+    if (lblSlider.Bottom() >= panel_.Top() - kRoomAboveControls) {
+        lblSlider.SetTop(panel_.Top() - (kBackFromControls + lblSlider.Height()));
     }
     lists_.lstArtists.SetHeight(lblSlider.Top() - lists_.lstArtists.Top());
     lists_.lstPlayLists.SetHeight(lists_.lstArtists.Height());
     lists_.lstTracks.SetTop(lblSlider.Bottom());
-    lists_.lstTracks.SetHeight(fraControls_.Top() - (lists_.lstArtists.Height() + kRoomAboveControls));
+    lists_.lstTracks.SetHeight(panel_.Top() - (lists_.lstArtists.Height() + kRoomAboveControls));
 }
 
 }  // namespace player

@@ -3,27 +3,26 @@
 
 #include "controls/Event.h"
 #include "controls/Frame.h"
-#include "player/Outgoing.h"
 #include "player/PlayerControls.h"
+#include "roles/Layout.h"
 
 namespace player {
 
 class SplitterRoom final {
 public:
-    SplitterRoom(SplitterControls& controls, SplitListView lists, const controls::Frame& fraControls,
-                 MainWindow& window);
-
-    /// Shares the height anew by the splitter's place.
-    void MoveSlider();
+    SplitterRoom(SplitterControls& controls, SplitListView lists, const controls::Frame& panel,
+                 roles::Layout& layout);
 
 private:
     void lblSlider_MouseMove(double y);
+    /// Shares the height again by the splitter's place.
+    void MoveSlider();
     void ShareHeight();
 
     SplitterControls& controls_;
     SplitListView lists_;
-    const controls::Frame& fraControls_;
-    MainWindow& window_;
+    const controls::Frame& panel_;
+    roles::Layout& layout_;
     bool SliderDragging_ = false;
     controls::EventClaims claims_;
 };

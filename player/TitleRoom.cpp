@@ -18,10 +18,10 @@ constexpr double kFurtherByteWidth = controls::Px(3);
 
 }  // namespace
 
-TitleRoom::TitleRoom(TitleControls& controls, TitleState& state, MainWindow& window)
-    : controls_(controls), state_(state), window_(window) {
+TitleRoom::TitleRoom(TitleControls& controls, TitleState& state, roles::Highlights& highlights)
+    : controls_(controls), state_(state), highlights_(highlights) {
     claims_.Claim(controls_.picTrackTitle.Click, [this] { trackscrollclick(); });
-    claims_.Claim(controls_.picTrackTitle.MouseMove, [this] { window_.NoMouseOvers(); });
+    claims_.Claim(controls_.picTrackTitle.MouseMove, [this] { highlights_.NoMouseOvers(); });
     claims_.Claim(controls_.lblTrack.Click, [this] { trackscrollclick(); });
     claims_.Claim(controls_.lblTrack.Change, [this] { lblTrack_Change(); });
 }
@@ -45,6 +45,10 @@ void TitleRoom::ScrollStep() {
 void TitleRoom::dontscrolltitle() {
     state_.ScrollTitle = false;
     controls_.lblTrack.Move(kRestLeft, 0, controls_.lblTrack.Width(), controls_.lblTrack.Height());
+}
+
+void TitleRoom::Clear() {
+    controls_.lblTrack.SetCaption("");
 }
 
 void TitleRoom::trackscrollclick() {

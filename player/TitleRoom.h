@@ -3,20 +3,22 @@
 #pragma once
 
 #include "controls/Event.h"
-#include "player/Outgoing.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerState.h"
-#include "player/Roles.h"
+#include "roles/Highlights.h"
 
 namespace player {
 
-class TitleRoom final : public TitleScroller {
+class TitleRoom final {
 public:
-    TitleRoom(TitleControls& controls, TitleState& state, MainWindow& window);
+    TitleRoom(TitleControls& controls, TitleState& state, roles::Highlights& highlights);
 
-    void ScrollStep() override;
+    /// One step of the title, or its resting place when it does not scroll.
+    void ScrollStep();
     /// Stops the title at its resting place.
     void dontscrolltitle();
+    /// Empties the title.
+    void Clear();
 
 private:
     void trackscrollclick();
@@ -24,7 +26,7 @@ private:
 
     TitleControls& controls_;
     TitleState& state_;
-    MainWindow& window_;
+    roles::Highlights& highlights_;
     controls::EventClaims claims_;
 };
 

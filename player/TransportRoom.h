@@ -4,41 +4,54 @@
 //
 // A song ends when the right edge of lblProgress is past lblStartFade, which starts a crossfade, or when the
 // percent played rounds to 100; one that could not be opened ends at the first tick. While PlayerStopped
-// stands a tick asks the device nothing.
+// is set a tick asks the device nothing.
 #pragma once
 
 #include <string>
 
 #include "controls/Event.h"
 #include "controls/Label.h"
+#include "player/MarkerDrag.h"
 #include "player/MciLayer.h"
-#include "player/Outgoing.h"
+#include "player/PanningRoom.h"
+#include "player/PlaybackRoom.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerState.h"
-#include "player/Roles.h"
+#include "player/TitleRoom.h"
+#include "player/VideoRoom.h"
+#include "roles/AddressRow.h"
+#include "roles/Highlights.h"
 
 namespace player {
 
-/// What other rooms do for it.
+struct TransportRooms {
+    PlaybackRoom& playback;
+    PanningRoom& panning;
+    TitleRoom& title;
+    VideoRoom& video;
+};
+
 struct TransportRoles {
-    SongPlayer& player;
-    Panning& panning;
-    TitleScroller& title;
-    VideoPane& video;
+    roles::AddressRow& address;
+    roles::Highlights& highlights;
 };
 
 class TransportRoom final {
 public:
-    TransportRoom(ProgressControls& controls, PanelControls& panel, const controls::Label& lblStartFade,
-                  const controls::Label& lblTrack, MciLayer& mci, const PlayerState& state,
-                  TransportRoles roles, AddressRow& address, MainWindow& window);
+    TransportRoom(ProgressControls& controls, PanelControls& panel, const controls::Label& fade_marker,
+                  const controls::Label& title, MciLayer& mci, const PlayerState& state, TransportRooms rooms,
+                  TransportRoles roles);
+
+    /// As a press on picSongProgress there. Nothing while the fade marker is dragged or no title shows.
+    void SeekTo(double second);
+    /// The position marker as it is before the first song.
+    void HideMarker();
 
     /// Gives the bar the song's length again, after it got another width.
     void RestoreBarScale();
 
 private:
     void tmrPlay_Tick();
-    void picSongProgress_MouseDown(double x);
     void picSongProgress_MouseWheel(int notches);
     void lblProgress_MouseDown(double x);
     void lblProgress_MouseMove(double x);
@@ -50,18 +63,16 @@ private:
     bool HasNoSong();
     bool EndSongWhenDue();
     void ShowEmptyTimeWithoutTotal();
-    bool HasSong() const { return !lblTrack_.Caption().empty(); }
+    bool HasSong() const { return !title_.Caption().empty(); }
 
     ProgressControls& controls_;
-    const controls::Label& lblStartFade_;
-    const controls::Label& lblTrack_;
+    const controls::Label& fade_marker_;
+    const controls::Label& title_;
     MciLayer& mci_;
     const PlayerState& state_;
+    TransportRooms rooms_;
     TransportRoles roles_;
-    AddressRow& address_;
-    MainWindow& window_;
-    bool ProgressDragging_ = false;
-    std::int16_t ProgressDragX_ = 0;
+    MarkerDrag ProgressDragging_{DragEnds::FirstThatHolds};
     controls::EventClaims claims_;
 };
 

@@ -19,48 +19,62 @@ constexpr double kHoleOffsetTop = controls::kFrameTitle + controls::kFrameMenu;
 
 }  // namespace
 
-VideoRoom::VideoRoom(VideoForm& frmVideo, VideoPaneControls& pane, VideoMenu& menu, controls::Menu& mnuNone,
-                     MciLayer& mci, PlayerState& state, MainWindow& window, ports::EventLoop& loop)
-    : frmVideo_(frmVideo),
+VideoRoom::VideoRoom(VideoForm& form, VideoPaneControls& pane, VideoMenu& menu, controls::Menu& no_show,
+                     MciLayer& mci, PlayerState& state, VideoRoles roles, ports::EventLoop& loop)
+    : form_(form),
       pane_(pane),
       menu_(menu),
-      mnuNone_(mnuNone),
+      no_show_(no_show),
       mci_(mci),
       state_(state),
-      window_(window),
+      roles_(roles),
       loop_(loop) {
-    auto& caption = frmVideo_.lblVideoCaption;
-    claims_.Claim(frmVideo_.Activate, [this] { frmVideo_Activate(); });
-    claims_.Claim(frmVideo_.Resize, [this] { frmVideo_Resize(); });
-    claims_.Claim(frmVideo_.Unload, [this](bool&) { frmVideo_Unload(); });
-    claims_.Claim(frmVideo_.KeyDown, [this](int key_code, int shift) { window_.KeyDown(key_code, shift); });
-    claims_.Claim(frmVideo_.cmdMax.Click, [this] { cmdMax_Click(); });
+    auto& caption = form_.lblVideoCaption;
+    claims_.Claim(form_.Activate, [this] { frmVideo_Activate(); });
+    claims_.Claim(form_.Resize, [this] { frmVideo_Resize(); });
+    claims_.Claim(form_.Unload, [this](bool&) { frmVideo_Unload(); });
+    claims_.Claim(form_.KeyDown, [this](int key_code, int shift) { roles_.keys.KeyDown(key_code, shift); });
+    claims_.Claim(form_.cmdMax.Click, [this] { cmdMax_Click(); });
     claims_.Claim(caption.DblClick, [this] { cmdMax_Click(); });
     claims_.Claim(caption.MouseDown, [this] { lblVideoCaption_MouseDown(); });
     claims_.Claim(caption.MouseMove,
                   [this](int, int, double x, double y) { lblVideoCaption_MouseMove(x, y); });
     claims_.Claim(caption.MouseUp, [this] { CaptionDragging_ = false; });
-    claims_.Claim(pane_.cmdAttachVid.Click, [this] { cmdAttachVid_Click(); });
+    claims_.Claim(pane_.cmdAttachVid.Click, [this] { Attach(); });
     claims_.Claim(menu_.mnuFullScreen.Click, [this] { mnuFullScreen_Click(); });
 }
 
+bool VideoRoom::IsVideoAttached() const {
+    return (state_.VideoPlaying || state_.VisualisationOn) && !state_.resized;
+}
+
+void VideoRoom::ShowPane() {
+    pane_.picVideo.SetVisible(true);
+    roles_.hole.MakeHole();
+}
+
+void VideoRoom::ClosePane() {
+    roles_.hole.CloseHole();
+    pane_.picVideo.SetVisible(false);
+}
+
 void VideoRoom::PrepareVideo() {
-    frmVideo_.tmrVisual.SetEnabled(false);
-    frmVideo_.picVid.SetBackColor(0x000000);
-    frmVideo_.imgAnim1.SetVisible(false);
-    frmVideo_.imgAnim2.SetVisible(false);
+    form_.tmrVisual.SetEnabled(false);
+    ClearPicture();
+    form_.imgAnim1.SetVisible(false);
+    form_.imgAnim2.SetVisible(false);
     state_.VideoPlaying = true;
     pane_.picVideo.SetVisible(true);
-    if (IsNormal()) frmVideo_.SetLeft(state_.VideoLeft);
+    if (IsNormal()) form_.SetLeft(state_.VideoLeft);
     loop_.Yield();
     if (loop_.IsEnding()) return;
     RestoreSize();
     if (IsMaximised()) {
         theresize();
-    } else if (window_.IsFavouritesPanelClosed()) {
-        window_.cmdFavs_Click();
+    } else if (roles_.favourites.IsPanelClosed()) {
+        roles_.favourites.TogglePanel();
     }
-    window_.Form_Resize();
+    roles_.layout.Form_Resize();
 }
 
 /// Height and width change places from one video to the next: they are kept as height and width, and read as
@@ -69,22 +83,22 @@ void VideoRoom::PrepareVideo() {
 void VideoRoom::RestoreSize() {
     const std::string& size = state_.VideoSizeText;
     if (size == kMaximisedSize) {
-        frmVideo_.SetState(controls::WindowState::Maximised);
+        form_.SetState(controls::WindowState::Maximised);
         return;
     }
     const std::size_t comma = base::InStr(size, ",");
     if (comma == 0 || !IsNormal()) return;
-    frmVideo_.SetWidth(base::Val(base::Left(size, comma - 1)));
-    frmVideo_.SetHeight(base::Val(base::Right(size, comma - 1)));
+    form_.SetWidth(base::Val(base::Left(size, comma - 1)));
+    form_.SetHeight(base::Val(base::Right(size, comma - 1)));
 }
 
 void VideoRoom::PrepareLightShow() {
     SetWindowCaption("Visualisations");
     // A video ended the show, and Stop took its place away; it is still on, so the next song brings it back.
-    frmVideo_.tmrVisual.SetEnabled(true);
-    if (pane_.picVideo.Visible() || window_.IsFavouritesPanelClosed()) return;
+    form_.tmrVisual.SetEnabled(true);
+    if (pane_.picVideo.Visible() || roles_.favourites.IsPanelClosed()) return;
     pane_.picVideo.SetVisible(true);
-    window_.Form_Resize();
+    roles_.layout.Form_Resize();
 }
 
 void VideoRoom::PrepareMusic() {
@@ -93,16 +107,16 @@ void VideoRoom::PrepareMusic() {
 
 void VideoRoom::TakeWindowAway() {
     pane_.picVideo.SetVisible(false);
-    window_.CloseHole();
-    window_.Form_Resize();
+    roles_.hole.CloseHole();
+    roles_.layout.Form_Resize();
 }
 
 void VideoRoom::ShowOrHideWindow() {
     if (!state_.VideoPlaying && !state_.VisualisationOn) {
-        frmVideo_.SetState(controls::WindowState::Normal);
+        form_.SetState(controls::WindowState::Normal);
         HideWindow();
-    } else if (!frmVideo_.Visible()) {
-        frmVideo_.Show();
+    } else if (!form_.Visible()) {
+        form_.Show();
         // It comes to the screen where its hole is.
         FollowMainWindow();
     } else if (!state_.resized) {
@@ -112,65 +126,68 @@ void VideoRoom::ShowOrHideWindow() {
 }
 
 void VideoRoom::HideWindow() {
-    frmVideo_.Hide();
+    form_.Hide();
 }
 
 void VideoRoom::SetWindowCaption(std::string_view caption) {
-    frmVideo_.SetCaption(caption);
-    frmVideo_.lblVideoCaption.SetCaption(caption);
+    form_.SetCaption(caption);
+    form_.lblVideoCaption.SetCaption(caption);
 }
 
 void VideoRoom::PutVideo() {
-    int width = WholeInt(frmVideo_.Width() / controls::kTwipsPerPixel);
-    int height = WholeInt(frmVideo_.Height() / controls::kTwipsPerPixel);
-    mci_.MciPutWindow(ParentHandle(), state_.CurrentAlias, 0, 0, width, height);
+    int width = WholeInt(form_.Width() / controls::kTwipsPerPixel);
+    int height = WholeInt(form_.Height() / controls::kTwipsPerPixel);
+    mci_.MciPutWindow(ParentHandle(), TextOf(state_.CurrentAlias), 0, 0, width, height);
 }
 
 void VideoRoom::SavePlace() {
-    state_.VideoLeft = Whole16(frmVideo_.Left());
-    state_.VideoSizeText =
-        IsMaximised() ? std::string(kMaximisedSize)
-                      : base::SingleToText(frmVideo_.Height()) + "," + base::SingleToText(frmVideo_.Width());
+    state_.VideoLeft = Whole16(form_.Left());
+    state_.VideoSizeText = IsMaximised()
+                               ? std::string(kMaximisedSize)
+                               : base::SingleToText(form_.Height()) + "," + base::SingleToText(form_.Width());
 }
 
-void VideoRoom::ClosePane() {
-    window_.CloseHole();
-    pane_.picVideo.SetVisible(false);
-    window_.PlaceVideoPane();
+void VideoRoom::ClearPicture() {
+    form_.picVid.SetBackColor(0x000000);
+}
+
+void VideoRoom::GivePaneBack() {
+    ClosePane();
+    roles_.layout.PlaceFavouritesPanel();
 }
 
 void VideoRoom::theresize() {
     state_.counter = OneMore(state_.counter);
     if (state_.counter != 2) return;
     state_.resized = true;
-    window_.CloseHole();
-    window_.RefreshWindow();
+    roles_.hole.CloseHole();
+    roles_.window.Refresh();
     // Without the hole it is seen only in front.
-    frmVideo_.BringToFront();
+    form_.BringToFront();
 }
 
-void VideoRoom::cmdAttachVid_Click() {
+void VideoRoom::Attach() {
     state_.counter = 0;
-    if (!frmVideo_.Visible()) {
+    if (!form_.Visible()) {
         TakeWindowAway();
         return;
     }
-    frmVideo_.SetState(controls::WindowState::Normal);
+    form_.SetState(controls::WindowState::Normal);
     theresize();
     state_.resized = false;
-    window_.MakeHole();
+    roles_.hole.MakeHole();
 }
 
 /// The hole goes with a main window that is minimised, so the window does as well.
 void VideoRoom::FollowMainWindow() {
     if (state_.resized || IsMaximised()) return;
-    const bool is_away = window_.State() == controls::WindowState::Minimised;
-    if (frmVideo_.Visible())
-        frmVideo_.SetState(is_away ? controls::WindowState::Minimised : controls::WindowState::Normal);
+    const bool is_away = roles_.window.State() == controls::WindowState::Minimised;
+    if (form_.Visible())
+        form_.SetState(is_away ? controls::WindowState::Minimised : controls::WindowState::Normal);
     if (!IsNormal()) return;
     const auto& hole = pane_.picVideo;
-    frmVideo_.Move(window_.Left() + hole.Left() + kHoleOffsetLeft,
-                   window_.Top() + hole.Top() + kHoleOffsetTop, hole.Width(), hole.Height());
+    form_.Move(roles_.window.Left() + hole.Left() + kHoleOffsetLeft,
+               roles_.window.Top() + hole.Top() + kHoleOffsetTop, hole.Width(), hole.Height());
 }
 
 void VideoRoom::frmVideo_Activate() {
@@ -178,19 +195,19 @@ void VideoRoom::frmVideo_Activate() {
     const bool was_detached = state_.resized;
     state_.resized = false;
     state_.counter = 0;
-    // It is attached again, so it follows the main window; behind it, it is seen through the hole only.
+    // It is attached again, so it follows the main window; below it, it is seen through the hole only.
     const bool is_attached = pane_.picVideo.Visible() && !IsMaximised();
-    if (was_detached && is_attached) window_.MakeHole();
+    if (was_detached && is_attached) roles_.hole.MakeHole();
 }
 
 void VideoRoom::frmVideo_Resize() {
-    const double width = frmVideo_.ContentWidth();
-    const double height = frmVideo_.ContentHeight();
-    auto& picVid = frmVideo_.picVid;
+    const double width = form_.ContentWidth();
+    const double height = form_.ContentHeight();
+    auto& picVid = form_.picVid;
     picVid.Move(0, 0, width, height);
-    frmVideo_.lblVideoCaption.Move(0, 0, width - kMaxButtonWidth, kCaptionHeight);
-    frmVideo_.cmdMax.Move(width - kMaxButtonWidth, 0, kMaxButtonWidth, kCaptionHeight);
-    for (controls::Image* picture : {&frmVideo_.imgAnim1, &frmVideo_.imgAnim2}) {
+    form_.lblVideoCaption.Move(0, 0, width - kMaxButtonWidth, kCaptionHeight);
+    form_.cmdMax.Move(width - kMaxButtonWidth, 0, kMaxButtonWidth, kCaptionHeight);
+    for (controls::Image* picture : {&form_.imgAnim1, &form_.imgAnim2}) {
         picture->SetLeft((picVid.Width() - picture->Width()) / 2);
         picture->SetTop((picVid.Height() - picture->Height()) / 2);
     }
@@ -199,37 +216,37 @@ void VideoRoom::frmVideo_Resize() {
 
 void VideoRoom::frmVideo_Unload() {
     TakeWindowAway();
-    mnuNone_.SetChecked(true);
+    no_show_.SetChecked(true);
 }
 
 void VideoRoom::cmdMax_Click() {
-    if (frmVideo_.cmdMax.Caption() == kNormalSign) {
-        frmVideo_.cmdMax.SetCaption(kMaximisedSign);
-        frmVideo_.SetState(controls::WindowState::Maximised);
+    if (form_.cmdMax.Caption() == kNormalSign) {
+        form_.cmdMax.SetCaption(kMaximisedSign);
+        form_.SetState(controls::WindowState::Maximised);
         return;
     }
-    frmVideo_.cmdMax.SetCaption(kNormalSign);
-    frmVideo_.SetState(controls::WindowState::Normal);
-    cmdAttachVid_Click();
+    form_.cmdMax.SetCaption(kNormalSign);
+    form_.SetState(controls::WindowState::Normal);
+    Attach();
 }
 
 void VideoRoom::lblVideoCaption_MouseDown() {
     state_.resized = true;
-    window_.CloseHole();
+    roles_.hole.CloseHole();
     CaptionDragging_ = true;
-    frmVideo_.BringToFront();
+    form_.BringToFront();
 }
 
 /// The pressed place is not taken off: the window's corner runs after the pointer. A maximised one stays.
 void VideoRoom::lblVideoCaption_MouseMove(double x, double y) {
     if (!CaptionDragging_ || !IsNormal()) return;
-    frmVideo_.Move(frmVideo_.Left() + x, frmVideo_.Top() + y, frmVideo_.Width(), frmVideo_.Height());
+    form_.Move(form_.Left() + x, form_.Top() + y, form_.Width(), form_.Height());
 }
 
 void VideoRoom::mnuFullScreen_Click() {
-    if (window_.State() == controls::WindowState::Maximised) return;
-    if (window_.State() == controls::WindowState::Minimised) window_.ShowWindow();
-    window_.SetState(controls::WindowState::Maximised);
+    if (roles_.window.State() == controls::WindowState::Maximised) return;
+    if (roles_.window.State() == controls::WindowState::Minimised) roles_.window.Show();
+    roles_.window.SetState(controls::WindowState::Maximised);
 }
 
 }  // namespace player

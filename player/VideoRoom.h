@@ -11,34 +11,59 @@
 #include "controls/Form.h"
 #include "controls/Menu.h"
 #include "player/MciLayer.h"
-#include "player/Outgoing.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
-#include "player/Roles.h"
 #include "player/VideoForm.h"
 #include "ports/EventLoop.h"
+#include "roles/Favourites.h"
+#include "roles/Hole.h"
+#include "roles/Layout.h"
+#include "roles/MediaKeys.h"
+#include "roles/VideoPane.h"
+#include "roles/Window.h"
 
 namespace player {
 
-class VideoRoom final : public VideoPane {
-public:
-    VideoRoom(VideoForm& frmVideo, VideoPaneControls& pane, VideoMenu& menu, controls::Menu& mnuNone,
-              MciLayer& mci, PlayerState& state, MainWindow& window, ports::EventLoop& loop);
+struct VideoRoles {
+    roles::Window& window;
+    roles::Layout& layout;
+    roles::Hole& hole;
+    roles::MediaKeys& keys;
+    roles::Favourites& favourites;
+};
 
-    void PrepareVideo() override;
-    void PrepareLightShow() override;
-    void PrepareMusic() override;
-    void ShowOrHideWindow() override;
-    void HideWindow() override;
-    void SetWindowCaption(std::string_view caption) override;
-    std::int64_t ParentHandle() const override { return frmVideo_.picVid.Handle(); }
-    void PutVideo() override;
-    void SavePlace() override;
+class VideoRoom final : public roles::VideoPane {
+public:
+    VideoRoom(VideoForm& form, VideoPaneControls& pane, VideoMenu& menu, controls::Menu& no_show,
+              MciLayer& mci, PlayerState& state, VideoRoles roles, ports::EventLoop& loop);
+
+    bool IsVideoAttached() const override;
+    void ShowPane() override;
     void ClosePane() override;
-    void theresize() override;
-    void cmdAttachVid_Click() override;
     void FollowMainWindow() override;
+
+    /// Gets the window ready for a video, a song with a light show, or a song alone.
+    void PrepareVideo();
+    void PrepareLightShow();
+    void PrepareMusic();
+    /// Shows the window for a video or a light show; otherwise makes it normal and hides it.
+    void ShowOrHideWindow();
+    void HideWindow();
+    void SetWindowCaption(std::string_view caption);
+    /// The platform's handle of picVid, the parent of both aliases.
+    std::int64_t ParentHandle() const { return form_.picVid.Handle(); }
+    /// Gives the current song's picture the size of the window.
+    void PutVideo();
+    /// Makes the picture black.
+    void ClearPicture();
+    /// Keeps place and size for the next video.
+    void SavePlace();
+    /// Closes the pane and gives its room back to the favourites panel.
+    void GivePaneBack();
+    void theresize();
+    /// Puts the window back over its hole; when it is hidden, closes the hole.
+    void Attach();
 
 private:
     void frmVideo_Activate();
@@ -50,16 +75,16 @@ private:
     void mnuFullScreen_Click();
     void RestoreSize();
     void TakeWindowAway();
-    bool IsNormal() const { return frmVideo_.State() == controls::WindowState::Normal; }
-    bool IsMaximised() const { return frmVideo_.State() == controls::WindowState::Maximised; }
+    bool IsNormal() const { return form_.State() == controls::WindowState::Normal; }
+    bool IsMaximised() const { return form_.State() == controls::WindowState::Maximised; }
 
-    VideoForm& frmVideo_;
+    VideoForm& form_;
     VideoPaneControls& pane_;
     VideoMenu& menu_;
-    controls::Menu& mnuNone_;  ///< of the light shows
+    controls::Menu& no_show_;  ///< of the light shows
     MciLayer& mci_;
     PlayerState& state_;
-    MainWindow& window_;
+    VideoRoles roles_;
     ports::EventLoop& loop_;
     bool CaptionDragging_ = false;
     controls::EventClaims claims_;

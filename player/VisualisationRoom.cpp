@@ -32,24 +32,24 @@ controls::Colour Mixed(int red, int green, int blue) {
 
 }  // namespace
 
-VisualisationRoom::VisualisationRoom(VideoForm& frmVideo, VisualMenu& menu, controls::PictureBox& picVideo,
-                                     PlayerState& state, VideoPane& video, MainWindow& window,
+VisualisationRoom::VisualisationRoom(VideoForm& form, VisualMenu& menu, controls::PictureBox& pane,
+                                     PlayerState& state, VideoRoom& video, VisualisationRoles roles,
                                      ports::Chance& chance)
-    : frmVideo_(frmVideo),
+    : form_(form),
       menu_(menu),
       shows_(menu.mnuAnim, menu.mnuStrobe, menu.mnuParty, menu.mnuMood, menu.mnuNone),
-      picVideo_(picVideo),
+      pane_(pane),
       state_(state),
       video_(video),
-      window_(window),
+      roles_(roles),
       chance_(chance) {
     claims_.Claim(menu_.mnuStrobe.Click, [this] { mnuStrobe_Click(); });
     claims_.Claim(menu_.mnuParty.Click, [this] { mnuParty_Click(); });
     claims_.Claim(menu_.mnuMood.Click, [this] { mnuMood_Click(); });
     claims_.Claim(menu_.mnuAnim.Click, [this] { mnuAnim_Click(); });
     claims_.Claim(menu_.mnuNone.Click, [this] { mnuNone_Click(); });
-    claims_.Claim(frmVideo_.Load, [this] { frmVideo_Load(); });
-    claims_.Claim(frmVideo_.tmrVisual.Tick, [this] { tmrVisual_Tick(); });
+    claims_.Claim(form_.Load, [this] { frmVideo_Load(); });
+    claims_.Claim(form_.tmrVisual.Tick, [this] { tmrVisual_Tick(); });
 }
 
 void VisualisationRoom::mnuStrobe_Click() {
@@ -80,25 +80,25 @@ void VisualisationRoom::mnuNone_Click() {
     UnTickVisual();
     state_.VisualisationOn = false;
     if (state_.VideoPlaying) return;
-    video_.ClosePane();
+    video_.GivePaneBack();
     video_.HideWindow();
-    frmVideo_.tmrVisual.SetEnabled(false);
-    window_.Form_Resize();
+    form_.tmrVisual.SetEnabled(false);
+    roles_.layout.Form_Resize();
 }
 
 void VisualisationRoom::SortVisualisations() {
-    window_.MakeHole();
-    video_.cmdAttachVid_Click();
+    roles_.hole.MakeHole();
+    video_.Attach();
     state_.resized = false;
     state_.VisualisationOn = true;
-    if (window_.IsFavouritesPanelClosed()) window_.cmdFavs_Click();
-    picVideo_.SetVisible(true);
-    frmVideo_.Show();
-    frmVideo_.tmrVisual.SetEnabled(true);
+    if (roles_.favourites.IsPanelClosed()) roles_.favourites.TogglePanel();
+    pane_.SetVisible(true);
+    form_.Show();
+    form_.tmrVisual.SetEnabled(true);
     UnTickVisual();
-    frmVideo_.imgAnim1.SetVisible(false);
-    frmVideo_.imgAnim2.SetVisible(false);
-    window_.Form_Resize();
+    form_.imgAnim1.SetVisible(false);
+    form_.imgAnim2.SetVisible(false);
+    roles_.layout.Form_Resize();
 }
 
 void VisualisationRoom::frmVideo_Load() {
@@ -107,7 +107,7 @@ void VisualisationRoom::frmVideo_Load() {
 
 void VisualisationRoom::tmrVisual_Tick() {
     VisualTick_ = OneMore(VisualTick_);
-    frmVideo_.tmrVisual.SetInterval(state_.visual == kMood ? kQuickInterval : kUsualInterval);
+    form_.tmrVisual.SetInterval(state_.visual == kMood ? kQuickInterval : kUsualInterval);
     switch (state_.visual) {
         case kAnimation:
             StepAnimation();
@@ -131,18 +131,18 @@ void VisualisationRoom::StepAnimation() {
         VisualTick_ = 0;
         return;
     }
-    frmVideo_.imgAnim1.SetVisible(VisualTick_ < 8);
-    frmVideo_.imgAnim2.SetVisible(VisualTick_ >= 8);
+    form_.imgAnim1.SetVisible(VisualTick_ < 8);
+    form_.imgAnim2.SetVisible(VisualTick_ >= 8);
 }
 
 void VisualisationRoom::StepStrobe() {
     if (VisualTick_ < 2) {
-        frmVideo_.picVid.SetBackColor(kBlue);
+        form_.picVid.SetBackColor(kBlue);
     } else if (VisualTick_ == 2) {
-        frmVideo_.picVid.SetBackColor(kWhite);
+        form_.picVid.SetBackColor(kWhite);
     } else {
         VisualTick_ = 0;
-        frmVideo_.picVid.SetBackColor(kBlack);
+        form_.picVid.SetBackColor(kBlack);
     }
 }
 
@@ -162,7 +162,7 @@ void VisualisationRoom::StepMood() {
     MoodRed_ = std::max<std::int16_t>(MoodRed_, 0);
     MoodGreen_ = std::max<std::int16_t>(MoodGreen_, 0);
     MoodBlue_ = std::max<std::int16_t>(MoodBlue_, 0);
-    frmVideo_.picVid.SetBackColor(Mixed(MoodRed_, MoodGreen_, MoodBlue_));
+    form_.picVid.SetBackColor(Mixed(MoodRed_, MoodGreen_, MoodBlue_));
 }
 
 void VisualisationRoom::WalkMoodColour() {
@@ -185,8 +185,8 @@ void VisualisationRoom::WalkMoodColour() {
 }
 
 void VisualisationRoom::ShowRandomColour() {
-    const int pick = WholeInt(chance_.Below1() * 4);
-    frmVideo_.picVid.SetBackColor(kPartyColours.at(static_cast<std::size_t>(std::clamp(pick, 0, 4))));
+    const int pick = ports::RandomIndex(4, chance_);
+    form_.picVid.SetBackColor(kPartyColours.at(static_cast<std::size_t>(std::clamp(pick, 0, 4))));
 }
 
 }  // namespace player

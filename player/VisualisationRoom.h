@@ -5,20 +5,28 @@
 #include "controls/Event.h"
 #include "controls/Menu.h"
 #include "controls/PictureBox.h"
-#include "player/Outgoing.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
-#include "player/Roles.h"
 #include "player/VideoForm.h"
+#include "player/VideoRoom.h"
 #include "ports/Clock.h"
+#include "roles/Favourites.h"
+#include "roles/Hole.h"
+#include "roles/Layout.h"
 
 namespace player {
 
+struct VisualisationRoles {
+    roles::Layout& layout;
+    roles::Hole& hole;
+    roles::Favourites& favourites;
+};
+
 class VisualisationRoom final {
 public:
-    VisualisationRoom(VideoForm& frmVideo, VisualMenu& menu, controls::PictureBox& picVideo,
-                      PlayerState& state, VideoPane& video, MainWindow& window, ports::Chance& chance);
+    VisualisationRoom(VideoForm& form, VisualMenu& menu, controls::PictureBox& pane, PlayerState& state,
+                      VideoRoom& video, VisualisationRoles roles, ports::Chance& chance);
 
 private:
     void mnuStrobe_Click();
@@ -39,13 +47,13 @@ private:
     void WalkMoodColour();
     void ShowRandomColour();
 
-    VideoForm& frmVideo_;
+    VideoForm& form_;
     VisualMenu& menu_;
     controls::CheckGroup shows_;
-    controls::PictureBox& picVideo_;
+    controls::PictureBox& pane_;
     PlayerState& state_;
-    VideoPane& video_;
-    MainWindow& window_;
+    VideoRoom& video_;
+    VisualisationRoles roles_;
     ports::Chance& chance_;
     std::int16_t VisualTick_ = 0;
     std::int16_t MoodRed_ = 1;

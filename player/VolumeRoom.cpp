@@ -19,24 +19,39 @@ int PercentOf(double left) {
 }  // namespace
 
 VolumeRoom::VolumeRoom(VolumeControls& controls, VolumeMenu& menu, MciLayer& mci, PlayerState& state,
-                       AddressRow& address, MainWindow& window)
-    : controls_(controls), menu_(menu), mci_(mci), state_(state), address_(address), window_(window) {
+                       roles::AddressRow& address, roles::Highlights& highlights)
+    : controls_(controls), menu_(menu), mci_(mci), state_(state), address_(address), highlights_(highlights) {
     claims_.Claim(controls_.picVolume.MouseWheel, [this](int notches) { picVolume_MouseWheel(notches); });
     claims_.Claim(controls_.lblVol.MouseDown, [this](int, int, double x, double) { lblVol_MouseDown(x); });
-    claims_.Claim(controls_.lblVol.MouseMove, [this] { window_.NoMouseOvers(); });
+    claims_.Claim(controls_.lblVol.MouseMove, [this] { highlights_.NoMouseOvers(); });
     claims_.Claim(controls_.lblFullVol.MouseDown, [this] { MoveLevel(kFullVolumeLeft); });
     claims_.Claim(controls_.imgVol.MouseDown, [this](int, int, double x, double) { imgVol_MouseDown(x); });
-    claims_.Claim(controls_.imgVol.MouseMove, [this] { window_.NoMouseOvers(); });
+    claims_.Claim(controls_.imgVol.MouseMove, [this] { highlights_.NoMouseOvers(); });
     claims_.Claim(controls_.lblMute.Click, [this] { lblMute_Click(); });
-    claims_.Claim(menu_.mnuIncreaseVolume.Click, [this] { mnuIncreaseVolume_Click(); });
-    claims_.Claim(menu_.mnuDecreaseVolume.Click, [this] { mnuDecreaseVolume_Click(); });
-    claims_.Claim(menu_.mnuMusicMute.Click, [this] { mnuMusicMute_Click(); });
+    claims_.Claim(menu_.mnuIncreaseVolume.Click, [this] { IncreaseVolume(); });
+    claims_.Claim(menu_.mnuDecreaseVolume.Click, [this] { DecreaseVolume(); });
+    claims_.Claim(menu_.mnuMusicMute.Click, [this] { ToggleMute(); });
+}
+
+void VolumeRoom::SetDefaults() {
+    state_.MusicVolume = kFullPercent;
+    controls_.lblMute.SetVisible(false);
+    menu_.mnuMusicMute.SetChecked(false);
+}
+
+double VolumeRoom::Volume() const {
+    return IsMuted() ? 0 : std::clamp(controls_.imgVol.Left() / kFullVolumeLeft, 0.0, 1.0);
+}
+
+void VolumeRoom::SetVolume(double volume) {
+    MoveLevel(volume * kFullVolumeLeft);
 }
 
 void VolumeRoom::volchanged() {
     auto& imgVol = controls_.imgVol;
     // The level goes out before the clamp: one beyond the bar is refused, and the device stays where it was.
-    mci_.MciSetVolume(state_.CurrentAlias == "a" ? "a" : "b", "all", PercentOf(imgVol.Left()));
+    const Alias alias = state_.CurrentAlias == Alias::A ? Alias::A : Alias::B;
+    mci_.MciSetVolume(TextOf(alias), "all", PercentOf(imgVol.Left()));
     imgVol.SetLeft(std::clamp(imgVol.Left(), 0.0, kFullVolumeLeft));
     state_.MusicVolume = PercentOf(imgVol.Left());
     controls_.lblMute.SetVisible(false);
@@ -67,29 +82,29 @@ void VolumeRoom::MoveLevel(double left) {
 }
 
 void VolumeRoom::lblMute_Click() {
-    mnuMusicMute_Click();
+    ToggleMute();
     address_.FocusAddress();
 }
 
-void VolumeRoom::mnuIncreaseVolume_Click() {
+void VolumeRoom::IncreaseVolume() {
     controls_.imgVol.SetLeft(controls_.imgVol.Left() + kMenuStep);
     volchanged();
 }
 
-void VolumeRoom::mnuDecreaseVolume_Click() {
+void VolumeRoom::DecreaseVolume() {
     controls_.imgVol.SetLeft(controls_.imgVol.Left() - kMenuStep);
     volchanged();
 }
 
-void VolumeRoom::mnuMusicMute_Click() {
+void VolumeRoom::ToggleMute() {
     if (!menu_.mnuMusicMute.Checked()) {
-        mci_.MciSetVolume(state_.CurrentAlias, "all", 0);
+        mci_.MciSetVolume(TextOf(state_.CurrentAlias), "all", 0);
         controls_.lblMute.SetVisible(true);
         menu_.mnuMusicMute.SetChecked(true);
         return;
     }
     // Units, not percent: anything above 100 is refused, and volchanged puts the true level.
-    mci_.MciSetVolume(state_.CurrentAlias, "all", WholeInt(controls_.imgVol.Left()));
+    mci_.MciSetVolume(TextOf(state_.CurrentAlias), "all", WholeInt(controls_.imgVol.Left()));
     volchanged();
 }
 

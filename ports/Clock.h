@@ -35,4 +35,10 @@ public:
     virtual double Below1() = 0;
 };
 
+/// A random whole number from 0 to `count`, with `count` itself among them; the two ends are half as likely
+/// as the others.
+inline int RandomIndex(int count, Chance& chance) {
+    return static_cast<int>(base::RoundHalfEven(chance.Below1() * count));
+}
+
 }  // namespace ports

@@ -13,7 +13,8 @@ public:
     virtual int PathCount() const = 0;
     /// Selects a row of `lstCuedSongsPath`.
     virtual void SelectPath(int row) = 0;
-    /// Adds a file at the end and marks the head as a path.
+    /// Adds a file at the end. One that becomes the head is played as a path; the songs before it stay what
+    /// they are.
     virtual void CueFile(std::string_view path, std::string_view title) = 0;
 };
 

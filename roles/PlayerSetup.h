@@ -6,7 +6,7 @@ namespace roles {
 class PlayerSetup {
 public:
     virtual ~PlayerSetup() = default;
-    /// Volume 100, mute off, `lblProgress` hidden.
+    /// Volume 100, mute off, fades 5 seconds before the end, `lblProgress` hidden.
     virtual void SetDefaults() = 0;
     /// The click of `mnuQuickFade`.
     virtual void ChooseQuickFade() = 0;

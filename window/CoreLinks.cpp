@@ -87,14 +87,11 @@ void CoreLinks::FocusAddress() {
 }
 
 void CoreLinks::SetPlayerDefaults() {
-    desk_.state.player.MusicVolume = 100;
-    Window().player.levels.lblMute.SetVisible(false);
-    Window().menus.mnuMusicMute.SetChecked(false);
-    Window().player.transport.lblProgress.SetVisible(false);
+    Room().player->SetDefaults();
 }
 
 void CoreLinks::ClearVideoPicture() {
-    desk_.windows.frmVideo.picVid.SetBackColor(0x000000);
+    Room().player->ClearVideoPicture();
 }
 
 void CoreLinks::SetSongSpeed(int speed) {
@@ -102,7 +99,7 @@ void CoreLinks::SetSongSpeed(int speed) {
 }
 
 void CoreLinks::ChooseQuickFade() {
-    Window().menus.mnuQuickFade.Click.Raise();
+    Room().player->ChooseQuickFade();
 }
 
 bool CoreLinks::IsTitleScrolling() const {
@@ -114,15 +111,15 @@ void CoreLinks::SetTitleScrolling(bool scrolling) {
 }
 
 void CoreLinks::StopPlaying() {
-    Room().player->StopCurrentSong();
+    Room().player->Stop();
 }
 
 void CoreLinks::CloseMedia() {
-    Room().mci->MciCloseAll();
+    Room().player->CloseMedia();
 }
 
 void CoreLinks::SendNothingPlaying() {
-    Room().player->SendNothingPlaying();
+    Room().player->Line().SendNothingPlaying();
 }
 
 void CoreLinks::NoMouseOvers() {
@@ -142,40 +139,39 @@ void CoreLinks::AllowPreferencesToUnload() {
 }
 
 void CoreLinks::ToggleMute() {
-    Window().menus.mnuMusicMute.Click.Raise();
+    Room().player->ToggleMute();
 }
 
 void CoreLinks::DecreaseVolume() {
-    Window().menus.mnuDecreaseVolume.Click.Raise();
+    Room().player->DecreaseVolume();
 }
 
 void CoreLinks::IncreaseVolume() {
-    Window().menus.mnuIncreaseVolume.Click.Raise();
+    Room().player->IncreaseVolume();
 }
 
 void CoreLinks::EndOfSongCode() {
-    Room().player->EndOfSongCode();
+    Room().player->Next();
 }
 
 void CoreLinks::PlayPreviousTrack() {
-    Room().player->PreviousTrack();
+    Room().player->Previous();
 }
 
 void CoreLinks::Stop() {
-    Room().player->StopCurrentSong();
+    Room().player->Stop();
 }
 
 bool CoreLinks::IsPlayShown() const {
-    const auto& buttons = Window().player.transport;
-    return buttons.imgPlay.Visible() || buttons.imgPlayOver.Visible();
+    return Room().player->IsPlayShown();
 }
 
 void CoreLinks::Play() {
-    Window().player.transport.imgPlayOver.Click.Raise();
+    Room().player->Play();
 }
 
 void CoreLinks::Pause() {
-    Window().player.transport.imgPauseOver.Click.Raise();
+    Room().player->Pause();
 }
 
 void CoreLinks::GoBack() {

@@ -8,7 +8,6 @@
 
 #include "library/Library.h"
 #include "places/Places.h"
-#include "player/MediaWatch.h"
 #include "player/Player.h"
 #include "ports/Clock.h"
 #include "ports/Database.h"
@@ -80,8 +79,6 @@ struct Rooms {
     std::optional<WindowRoom> window;
     std::optional<HoleRoom> hole;
     std::optional<SkinRoom> skin;
-    std::optional<player::MediaWatch> media_watch;
-    std::optional<player::MciLayer> mci;
     std::optional<MSN> msn;
     std::optional<player::Player> player;
     std::optional<RemoteRoom> remote;

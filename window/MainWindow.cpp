@@ -40,9 +40,7 @@ MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, 
       player_links_(desk_),
       library_links_(desk_),
       web_links_(desk_),
-      web_data_links_(desk_),
-      core_links_(desk_),
-      remote_links_(desk_) {
+      core_links_(desk_) {
     BuildGround();
     BuildPlayer();
     BuildLibrary();
@@ -64,8 +62,6 @@ void MainWindow::BuildGround() {
     rooms.window.emplace(window, window.chrome.fraMusicTab);
     rooms.hole.emplace(window, window.player.video.picVideo, desk_.ports.window_shape, desk_.ports.dialogs);
     rooms.skin.emplace(window.chrome, TwinsOf(window), [this] { desk_.rooms.player->SettlePictures(); });
-    rooms.media_watch.emplace(desk_.ports.media);
-    rooms.mci.emplace(*rooms.media_watch, desk_.ports.windows, desk_.ports.files);
     rooms.layout.emplace(window, desk_.state.web, player_links_);
     rooms.view.emplace(window, window.menus, window.library.lists,
                        [this] { desk_.rooms.layout->Form_Resize(); });
@@ -77,19 +73,47 @@ void MainWindow::BuildPlayer() {
     desk_.rooms.msn.emplace(desk_.ports.messenger, desk_.state.options);
     desk_.windows.player_songs.SetDatabaseName(*desk_.rooms.stores, StorePath(store::kMediaStore));
     desk_.rooms.player.emplace(
-        player::PlayerWindows{window.player,
-                              window.menus,
-                              desk_.windows.frmVideo,
-                              desk_.windows.frmSpeakerTest,
-                              {lists.lstTracks, lists.lstMaybe, desk_.state.ListMaybeChanged},
-                              {lists.lstArtists, lists.lstPlayLists, lists.lstTracks}},
+        player::PlayerWindows{.controls = window.player,
+                              .menu = window.menus,
+                              .video = desk_.windows.frmVideo,
+                              .speaker_test = desk_.windows.frmSpeakerTest,
+                              .tracks = {.lstTracks = lists.lstTracks,
+                                         .lstMaybe = lists.lstMaybe,
+                                         .ListMaybeChanged = desk_.state.ListMaybeChanged},
+                              .lists = {.lstArtists = lists.lstArtists,
+                                        .lstPlayLists = lists.lstPlayLists,
+                                        .lstTracks = lists.lstTracks}},
         desk_.state.player,
-        player::PlayerNeighbours{player_links_, player_links_, player_links_, player_links_, player_links_,
-                                 player_links_},
-        player::PlayerPorts{*desk_.rooms.mci, desk_.windows.player_songs, desk_.ports.dialogs,
-                            desk_.ports.events, desk_.ports.chance});
-    desk_.rooms.remote.emplace(
-        remote_links_, RemotePorts{desk_.ports.now_playing, desk_.ports.screen_saver, desk_.ports.events});
+        player::PlayerRoles{.window = web_links_,
+                            .layout = web_links_,
+                            .hole = player_links_,
+                            .highlights = web_links_,
+                            .keys = web_links_,
+                            .address = player_links_,
+                            .history = web_links_,
+                            .start = web_links_,
+                            .favourites = player_links_,
+                            .messenger = player_links_},
+        player::PlayerPorts{.media = desk_.ports.media,
+                            .windows = desk_.ports.windows,
+                            .files = desk_.ports.files,
+                            .songs = desk_.windows.player_songs,
+                            .dialogs = desk_.ports.dialogs,
+                            .loop = desk_.ports.events,
+                            .chance = desk_.ports.chance});
+    BuildRemote();
+}
+
+void MainWindow::BuildRemote() {
+    Rooms& rooms = desk_.rooms;
+    rooms.remote.emplace(
+        RemoteRoles{.transport = *rooms.player, .playing = rooms.player->Playing()},
+        RemoteActions{.raise = [this] { desk_.windows.BringToFront(); },
+                      .quit = [this] { desk_.windows.frmBrowser.menus.mnuExit.Click.Raise(); }},
+        RemotePorts{.board = desk_.ports.now_playing,
+                    .screen_saver = desk_.ports.screen_saver,
+                    .events = desk_.ports.events,
+                    .files = desk_.ports.files});
 }
 
 void MainWindow::BuildLibrary() {
@@ -136,7 +160,7 @@ void MainWindow::BuildPlaces() {
                             .lists = library.Lists(),
                             .played = library.View(),
                             .layout = web_links_,
-                            .video = web_data_links_,
+                            .video = desk_.rooms.player->Video(),
                             .highlights = web_links_,
                             .keys = web_links_,
                             .window = *desk_.rooms.window},
@@ -158,12 +182,12 @@ void MainWindow::BuildWeb() {
                       .layout = web_links_,
                       .highlights = web_links_,
                       .keys = web_links_,
-                      .transport = web_links_,
-                      .now_playing = web_links_,
-                      .messenger = web_links_,
+                      .transport = *desk_.rooms.player,
+                      .now_playing = desk_.rooms.player->Playing(),
+                      .messenger = desk_.rooms.player->Line(),
                       .track_lists = web_links_,
                       .media = web_links_,
-                      .cue = web_links_,
+                      .cue = desk_.rooms.player->Cue(),
                       .history = web_links_,
                       .start = web_links_},
         web::WebPorts{

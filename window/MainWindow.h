@@ -13,8 +13,6 @@
 #include "window/Desk.h"
 #include "window/LibraryLinks.h"
 #include "window/PlayerLinks.h"
-#include "window/RemoteLinks.h"
-#include "window/WebDataLinks.h"
 #include "window/WebLinks.h"
 
 namespace window {
@@ -39,6 +37,7 @@ public:
 private:
     void BuildGround();
     void BuildPlayer();
+    void BuildRemote();
     void BuildLibrary();
     void BuildPlaces();
     void BuildWeb();
@@ -51,9 +50,7 @@ private:
     PlayerLinks player_links_;
     LibraryLinks library_links_;
     WebLinks web_links_;
-    WebDataLinks web_data_links_;
     CoreLinks core_links_;
-    RemoteLinks remote_links_;
     controls::EventClaims claims_;
 };
 

@@ -1,38 +1,43 @@
 #include "window/PlayerLinks.h"
 
-#include "base/MediaKinds.h"
-#include "store/Songs.h"
-
 namespace window {
 
-bool PlayerLinks::IsMediaFile(std::string_view path) const {
-    return base::IsMediaFile(path);
+void PlayerLinks::MakeHole() {
+    desk_.rooms.hole->MakeHole();
+    // What shows through it goes there at once.
+    desk_.rooms.player->Video().FollowMainWindow();
 }
 
-bool PlayerLinks::IsVideoFile(std::string_view path) const {
-    return base::IsVideoFile(path);
+void PlayerLinks::CloseHole() {
+    desk_.rooms.hole->CloseHole();
 }
 
-bool PlayerLinks::FileExists(std::string_view path) const {
-    return desk_.ports.files.FileExists(path);
+std::string PlayerLinks::Address() const {
+    return desk_.rooms.web->Address().Address();
 }
 
-std::string PlayerLinks::FileNameOf(std::string_view path) const {
-    return base::FileNameOf(path);
+void PlayerLinks::SetAddress(std::string_view text) {
+    desk_.rooms.web->Address().SetAddress(text);
 }
 
-std::string PlayerLinks::SongPathFromId(std::int64_t song_id) {
-    return store::SongPathFromId(Window().library.sources.datSong, std::to_string(song_id));
+bool PlayerLinks::IsAddressVisible() const {
+    return desk_.rooms.web->Address().IsAddressVisible();
 }
 
-void PlayerLinks::AddSiteToHistory(std::string_view /*kind*/, std::string_view text) {
-    desk_.rooms.places->History().AddSiteToHistory(roles::HistoryKind::Music, text);
+void PlayerLinks::ClearList() {
+    desk_.rooms.web->Address().ClearList();
 }
 
-void PlayerLinks::SendNowPlaying(std::string_view first, std::string_view second, std::string_view third,
-                                 std::string_view extra, std::string_view format, bool enabled,
-                                 std::string_view category) {
-    desk_.rooms.msn->SendNowPlaying(first, second, third, extra, format, enabled, category);
+void PlayerLinks::AddToList(std::string_view text) {
+    desk_.rooms.web->Address().AddToList(text);
+}
+
+void PlayerLinks::SetTyped(std::string_view text) {
+    desk_.rooms.web->Address().SetTyped(text);
+}
+
+roles::AddressMode PlayerLinks::Mode() const {
+    return desk_.rooms.web->Address().Mode();
 }
 
 void PlayerLinks::FocusAddress() {
@@ -43,90 +48,37 @@ void PlayerLinks::ClearStaleAddress() {
     desk_.rooms.web->Address().ClearStaleAddress();
 }
 
-double PlayerLinks::Left() const {
-    return Window().Left();
+void PlayerLinks::LoadFavs() {
+    desk_.rooms.places->Favourites().LoadFavs();
 }
 
-double PlayerLinks::Top() const {
-    return Window().Top();
+void PlayerLinks::SettleAtStart() {
+    desk_.rooms.places->Favourites().SettleAtStart();
 }
 
-controls::WindowState PlayerLinks::State() const {
-    return Window().State();
-}
-
-void PlayerLinks::SetState(controls::WindowState state) {
-    Window().SetState(state);
-}
-
-void PlayerLinks::ShowWindow() {
-    Window().Show();
-}
-
-void PlayerLinks::EnableWindow(bool enabled) {
-    Window().SetEnabled(enabled);
-}
-
-void PlayerLinks::RefreshWindow() {
-    Window().Refresh();
-}
-
-void PlayerLinks::Form_Resize() {
-    desk_.rooms.layout->Form_Resize();
-}
-
-void PlayerLinks::PlaceBelowSplitter() {
-    desk_.rooms.layout->PlaceBelowSplitter();
-}
-
-void PlayerLinks::PlaceVideoPane() {
-    desk_.rooms.layout->PlaceFavouritesPanel();
-}
-
-void PlayerLinks::MakeHole() {
-    desk_.rooms.hole->MakeHole();
-    // What shows through it goes there at once.
-    desk_.rooms.player->FollowMainWindow();
-}
-
-void PlayerLinks::CloseHole() {
-    desk_.rooms.hole->CloseHole();
-}
-
-void PlayerLinks::NoMouseOvers() {
-    desk_.rooms.skin->NoMouseOvers();
-}
-
-void PlayerLinks::KeyDown(int key_code, int shift) {
-    desk_.rooms.keys->KeyDown(key_code, shift);
-}
-
-void PlayerLinks::PopupMenu(controls::Menu& menu) {
-    Window().PopupMenu(menu);
-}
-
-bool PlayerLinks::IsLoading() const {
-    return desk_.rooms.start_up->IsLoading();
-}
-
-bool PlayerLinks::IsFavouritesPanelClosed() const {
+bool PlayerLinks::IsPanelClosed() const {
     return desk_.rooms.places->Favourites().IsPanelClosed();
 }
 
-void PlayerLinks::cmdFavs_Click() {
+void PlayerLinks::TogglePanel() {
     desk_.rooms.places->Favourites().TogglePanel();
 }
 
+void PlayerLinks::SendNowPlaying(const roles::NowPlayingText& text) {
+    desk_.rooms.msn->SendNowPlaying(text.first, text.second, text.third, text.extra, text.format,
+                                    text.enabled, "Music");
+}
+
 bool PlayerLinks::IsPlayerStopped() const {
-    return desk_.state.player.PlayerStopped;
+    return desk_.rooms.player->Playing().IsStopped();
 }
 
 void PlayerLinks::StopPlayer() {
-    desk_.rooms.player->StopCurrentSong();
+    desk_.rooms.player->Stop();
 }
 
 bool PlayerLinks::IsVideoAttached() const {
-    return desk_.rooms.player->IsVideoAttached();
+    return desk_.rooms.player->Video().IsVideoAttached();
 }
 
 void PlayerLinks::RestoreBars() {

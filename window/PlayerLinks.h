@@ -1,62 +1,45 @@
-// What the player asks of its neighbours, answered by the rooms that know.
+// What the player and the layout ask of other subjects, as far as no other links answer it already.
 #pragma once
 
-#include "controls/Form.h"
-#include "controls/Menu.h"
+#include "roles/AddressRow.h"
+#include "roles/Favourites.h"
+#include "roles/Hole.h"
+#include "roles/Messenger.h"
 #include "window/Desk.h"
 
 namespace window {
 
-class PlayerLinks final : public player::FileKinds,
-                          public player::SongPaths,
-                          public player::HistoryLog,
-                          public player::NowPlayingMessage,
-                          public player::AddressRow,
-                          public player::MainWindow,
+class PlayerLinks final : public roles::Hole,
+                          public roles::AddressRow,
+                          public roles::Favourites,
+                          public roles::Messenger,
                           public LayoutPartners {
 public:
     explicit PlayerLinks(Desk& desk) : desk_(desk) {}
 
-    // player::FileKinds
-    bool IsMediaFile(std::string_view path) const override;
-    bool IsVideoFile(std::string_view path) const override;
-    bool FileExists(std::string_view path) const override;
-    std::string FileNameOf(std::string_view path) const override;
+    // roles::Hole and LayoutPartners
+    void MakeHole() override;
+    void CloseHole() override;
 
-    // player::SongPaths
-    std::string SongPathFromId(std::int64_t song_id) override;
-
-    // player::HistoryLog
-    void AddSiteToHistory(std::string_view kind, std::string_view text) override;
-
-    // player::NowPlayingMessage
-    void SendNowPlaying(std::string_view first, std::string_view second, std::string_view third,
-                        std::string_view extra, std::string_view format, bool enabled,
-                        std::string_view category) override;
-
-    // player::AddressRow
+    // roles::AddressRow
+    std::string Address() const override;
+    void SetAddress(std::string_view text) override;
+    bool IsAddressVisible() const override;
+    void ClearList() override;
+    void AddToList(std::string_view text) override;
+    void SetTyped(std::string_view text) override;
+    roles::AddressMode Mode() const override;
     void FocusAddress() override;
     void ClearStaleAddress() override;
 
-    // player::MainWindow
-    double Left() const override;
-    double Top() const override;
-    controls::WindowState State() const override;
-    void SetState(controls::WindowState state) override;
-    void ShowWindow() override;
-    void EnableWindow(bool enabled) override;
-    void RefreshWindow() override;
-    void Form_Resize() override;
-    void PlaceBelowSplitter() override;
-    void PlaceVideoPane() override;
-    void MakeHole() override;
-    void CloseHole() override;
-    void NoMouseOvers() override;
-    void KeyDown(int key_code, int shift) override;
-    void PopupMenu(controls::Menu& menu) override;
-    bool IsLoading() const override;
-    bool IsFavouritesPanelClosed() const override;
-    void cmdFavs_Click() override;
+    // roles::Favourites
+    void LoadFavs() override;
+    void SettleAtStart() override;
+    bool IsPanelClosed() const override;
+    void TogglePanel() override;
+
+    // roles::Messenger
+    void SendNowPlaying(const roles::NowPlayingText& text) override;
 
     // LayoutPartners
     bool IsPlayerStopped() const override;
@@ -65,8 +48,6 @@ public:
     void RestoreBars() override;
 
 private:
-    BrowserForm& Window() const { return desk_.windows.frmBrowser; }
-
     Desk& desk_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/Number.h"
 #include "base/Text.h"
@@ -17,7 +18,8 @@ std::int64_t ToMicroseconds(double seconds) {
 
 }  // namespace
 
-RemoteRoom::RemoteRoom(RemotePlayer& player, RemotePorts ports) : player_(player), ports_(ports) {
+RemoteRoom::RemoteRoom(RemoteRoles roles, RemoteActions actions, RemotePorts ports)
+    : roles_(roles), actions_(std::move(actions)), ports_(ports) {
     ports_.board.SetListener(this);
     ports_.events.AtHandlerEnd([this] { Look(); });
 }
@@ -30,75 +32,85 @@ RemoteRoom::~RemoteRoom() {
 void RemoteRoom::Look() {
     const Glance glance = TakeGlance();
     if (glance == glance_) return;
-    const bool jumped = glance.seeks != glance_.seeks;
+    const bool jumped = glance.player.seeks != glance_.player.seeks;
     glance_ = glance;
     shown_ = Now();
     // The sign of a song that ended by itself is gone once that is shown.
     glance_.ended_by_itself = false;
     ports_.board.Show(shown_);
     if (jumped && !IsStopped()) ports_.board.ShowJump(Position());
-    ports_.screen_saver.SetInhibited(IsPlaying() && player_.IsVideo());
+    ports_.screen_saver.SetInhibited(IsPlaying() && is_video_);
 }
 
 RemoteRoom::Glance RemoteRoom::TakeGlance() {
-    return {player_.Orders(),
-            player_.Seeks(),
-            IsPlaying() && player_.Status() != ports::PlaybackStatus::Playing,
-            player_.Volume(),
-            player_.HasSelectedTrack(),
-            player_.HasNext(),
-            player_.HasPrevious()};
+    return {.player = roles_.playing.Glance(),
+            .ended_by_itself = IsPlaying() && roles_.playing.Status() != roles::PlayerStatus::Playing};
+}
+
+ports::PlaybackStatus RemoteRoom::Status() {
+    switch (roles_.playing.Status()) {
+        case roles::PlayerStatus::Playing:
+            return ports::PlaybackStatus::Playing;
+        case roles::PlayerStatus::Paused:
+            return ports::PlaybackStatus::Paused;
+        case roles::PlayerStatus::Stopped:
+            break;
+    }
+    return ports::PlaybackStatus::Stopped;
 }
 
 ports::NowPlaying RemoteRoom::Now() {
+    const roles::PlayerGlance& player = glance_.player;
+    const roles::CurrentSong song = roles_.playing.Song();
     ports::NowPlaying now;
-    now.status = player_.Status();
+    now.status = Status();
     const bool has_song = now.status != ports::PlaybackStatus::Stopped;
-    if (has_song) DescribeTrack(now);
-    now.rate = std::clamp(player_.Speed() / 100.0, ports::kSlowestRate, ports::kFastestRate);
-    now.volume = player_.Volume();
-    now.can_play = has_song || player_.HasSelectedTrack();
+    if (has_song) DescribeTrack(now, song);
+    now.rate = std::clamp(song.speed / 100.0, ports::kSlowestRate, ports::kFastestRate);
+    now.volume = player.volume;
+    now.can_play = has_song || player.has_selected_track;
     now.can_pause = has_song;
     now.can_seek = now.length > 0;
-    now.can_go_next = player_.HasNext();
-    now.can_go_previous = player_.HasPrevious();
+    now.can_go_next = player.has_next;
+    now.can_go_previous = player.has_previous;
+    is_video_ = song.is_video;
     return now;
 }
 
-void RemoteRoom::DescribeTrack(ports::NowPlaying& now) {
-    now.track = player_.Openings();
-    now.title = base::Trim(player_.Title());
-    now.artist = base::Trim(player_.Artist());
-    now.path = player_.Path();
-    now.length = ToMicroseconds(player_.Length());
+void RemoteRoom::DescribeTrack(ports::NowPlaying& now, const roles::CurrentSong& song) {
+    now.track = glance_.player.openings;
+    now.title = base::Trim(song.title);
+    now.artist = base::Trim(song.artist);
+    now.path = ports_.files.ToNative(song.path);
+    now.length = ToMicroseconds(song.length);
 }
 
 void RemoteRoom::OnPlay() {
-    if (shown_.can_play) player_.Play();
+    if (shown_.can_play) roles_.transport.Play();
 }
 
 void RemoteRoom::OnPause() {
-    if (IsPlaying()) player_.Pause();
+    if (IsPlaying()) roles_.transport.Pause();
 }
 
 void RemoteRoom::OnPlayPause() {
     if (IsPlaying()) {
-        player_.Pause();
+        roles_.transport.Pause();
     } else {
         OnPlay();
     }
 }
 
 void RemoteRoom::OnStop() {
-    if (!IsStopped()) player_.Stop();
+    if (!IsStopped()) roles_.transport.Stop();
 }
 
 void RemoteRoom::OnNext() {
-    if (shown_.can_go_next) player_.Next();
+    if (shown_.can_go_next) roles_.transport.Next();
 }
 
 void RemoteRoom::OnPrevious() {
-    if (shown_.can_go_previous) player_.Previous();
+    if (shown_.can_go_previous) roles_.transport.Previous();
 }
 
 // Past the end means the next song; before the start, the start.
@@ -120,33 +132,33 @@ void RemoteRoom::OnSetPosition(std::int64_t track, std::int64_t position) {
 // A press on the bar plays from there; a song that was paused shall stay so.
 void RemoteRoom::SeekTo(std::int64_t position) {
     const bool was_playing = IsPlaying();
-    player_.SeekTo(static_cast<double>(position) / kMicroseconds);
-    if (!was_playing) player_.Pause();
+    roles_.transport.SeekTo(static_cast<double>(position) / kMicroseconds);
+    if (!was_playing) roles_.transport.Pause();
 }
 
 void RemoteRoom::OnSetRate(double rate) {
     if (!std::isfinite(rate) || rate < 0) return;
     if (rate > 0) {
-        player_.SetSpeed(std::clamp(rate, ports::kSlowestRate, ports::kFastestRate) * 100);
+        roles_.transport.SetSpeed(std::clamp(rate, ports::kSlowestRate, ports::kFastestRate) * 100);
     } else {
         OnPause();
     }
 }
 
 void RemoteRoom::OnSetVolume(double volume) {
-    if (!std::isnan(volume)) player_.SetVolume(std::clamp(volume, 0.0, 1.0));
+    if (!std::isnan(volume)) roles_.transport.SetVolume(std::clamp(volume, 0.0, 1.0));
 }
 
 void RemoteRoom::OnRaise() {
-    player_.Raise();
+    actions_.raise();
 }
 
 void RemoteRoom::OnQuit() {
-    player_.Quit();
+    actions_.quit();
 }
 
 std::int64_t RemoteRoom::Position() {
-    return IsStopped() ? 0 : ToMicroseconds(player_.Position());
+    return IsStopped() ? 0 : ToMicroseconds(roles_.playing.Position());
 }
 
 }  // namespace window

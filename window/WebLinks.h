@@ -4,7 +4,6 @@
 #include "controls/Form.h"
 #include "controls/Menu.h"
 #include "window/Desk.h"
-#include "window/RemoteLinks.h"
 
 namespace window {
 
@@ -12,16 +11,12 @@ class WebLinks final : public roles::Window,
                        public roles::Layout,
                        public roles::Highlights,
                        public roles::MediaKeys,
-                       public roles::Transport,
-                       public roles::NowPlaying,
-                       public roles::MessengerLine,
                        public roles::TrackLists,
                        public roles::MediaIntake,
-                       public roles::CueList,
                        public roles::History,
                        public roles::Start {
 public:
-    explicit WebLinks(Desk& desk) : desk_(desk), remote_(desk) {}
+    explicit WebLinks(Desk& desk) : desk_(desk) {}
 
     // roles::Window
     double Left() const override;
@@ -48,36 +43,6 @@ public:
     // roles::MediaKeys
     void KeyDown(int key_code, int shift) override;
 
-    // roles::Transport
-    void PlaySong(std::string_view path) override;
-    void Play() override;
-    void Pause() override;
-    bool IsPlayShown() const override;
-    void Stop() override;
-    void StopAndForget() override;
-    void Next() override;
-    void Previous() override;
-    void SeekTo(double second) override;
-    void SetSpeed(double percent) override;
-    void SetVolume(double level) override;
-    void ToggleMute() override;
-    void IncreaseVolume() override;
-    void DecreaseVolume() override;
-
-    // roles::NowPlaying
-    roles::PlayerGlance Glance() const override;
-    roles::PlayerStatus Status() override;
-    roles::CurrentSong Song() override;
-    double Position() override;
-    bool IsStopped() const override;
-    bool IsNoFileShown() const override;
-    std::string TrackCaption() const override;
-
-    // roles::MessengerLine
-    void SetCustomText(std::string_view text) override;
-    void SendNowPlaying() override;
-    void SendNothingPlaying() override;
-
     // roles::TrackLists
     void Command1() override;
     void RefillIfEmpty() override;
@@ -86,12 +51,6 @@ public:
     void AddMediaFromCommand(std::string_view path) override;
     void AddPlayList(std::string_view path) override;
     void OfferToAddMedia() override;
-
-    // roles::CueList
-    int SongCount() const override;
-    int PathCount() const override;
-    void SelectPath(int row) override;
-    void CueFile(std::string_view path, std::string_view title) override;
 
     // roles::History
     void AddSiteToHistory(roles::HistoryKind kind, std::string_view text) override;
@@ -106,7 +65,6 @@ private:
     Rooms& Room() const { return desk_.rooms; }
 
     Desk& desk_;
-    RemoteLinks remote_;
 };
 
 }  // namespace window

@@ -12,15 +12,6 @@
 namespace library {
 namespace {
 
-class FixedChance final : public ports::Chance {
-public:
-    explicit FixedChance(double value) : value_(value) {}
-    double Below1() override { return value_; }
-
-private:
-    double value_;
-};
-
 TEST(Naming, AFolderIsNoFile) {
     fakes::FakeFiles files;
     files.AddFile("C:\\music\\a.mp3");
@@ -203,18 +194,6 @@ TEST(Naming, TheLibraryHoldsEightyCharactersOfANameAnd255OfAPath) {
     EXPECT_FALSE(FitsLibrary(longest_path, {eighty + "x", eighty}));
     EXPECT_FALSE(FitsLibrary(longest_path, {eighty, eighty + "x"}));
     EXPECT_FALSE(FitsLibrary(longest_path + "p", {eighty, eighty}));
-}
-
-TEST(Naming, ARandomIndexIsRoundedSoThatTheCountComesOutToo) {
-    FixedChance lowest(0.0);
-    FixedChance middle(0.5);
-    FixedChance highest(0.9999999);
-
-    EXPECT_EQ(RandomIndex(10, lowest), 0);
-    EXPECT_EQ(RandomIndex(10, middle), 5);
-    EXPECT_EQ(RandomIndex(5, middle), 2);  // 2.5 goes to the even neighbour
-    EXPECT_EQ(RandomIndex(10, highest), 10);
-    EXPECT_EQ(RandomIndex(0, highest), 0);
 }
 
 }  // namespace

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <map>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,34 +21,18 @@
 
 namespace player_tests {
 
-struct FakeLibrary final : player::FileKinds, player::SongPaths {
-    bool IsMediaFile(std::string_view path) const override {
-        return base::EndsWith(path, ".mp3") || base::EndsWith(path, ".wav") || IsVideoFile(path);
+struct RecordingHistory final : roles::History {
+    void AddSiteToHistory(roles::HistoryKind kind, std::string_view text) override {
+        Rows.push_back(std::string(roles::TextOf(kind)) + ":" + std::string(text));
     }
-    bool IsVideoFile(std::string_view path) const override { return base::EndsWith(path, ".avi"); }
-    bool FileExists(std::string_view path) const override { return Existing.contains(std::string(path)); }
-    std::string FileNameOf(std::string_view path) const override {
-        return std::string(path.substr(path.find_last_of("\\/") + 1));
-    }
-    std::string SongPathFromId(std::int64_t song_id) override { return Songs[song_id]; }
-
-    std::set<std::string> Existing;
-    std::map<std::int64_t, std::string> Songs;
-};
-
-struct RecordingHistory final : player::HistoryLog {
-    void AddSiteToHistory(std::string_view kind, std::string_view text) override {
-        Rows.push_back(std::string(kind) + ":" + std::string(text));
-    }
+    void PopulateHistory(roles::HistoryKind) override {}
     std::vector<std::string> Rows;
 };
 
-struct RecordingMessage final : player::NowPlayingMessage {
-    void SendNowPlaying(std::string_view first, std::string_view second, std::string_view third,
-                        std::string_view extra, std::string_view format, bool enabled,
-                        std::string_view category) override {
-        std::string line = enabled ? "on" : "off";
-        for (const std::string_view part : {category, format, first, second, third, extra}) {
+struct RecordingMessenger final : roles::Messenger {
+    void SendNowPlaying(const roles::NowPlayingText& text) override {
+        std::string line = text.enabled ? "on" : "off";
+        for (const std::string_view part : {text.format, text.first, text.second, text.third, text.extra}) {
             line += "|" + std::string(part);
         }
         Sent.push_back(line);
@@ -60,27 +42,47 @@ struct RecordingMessage final : player::NowPlayingMessage {
     std::function<void()> WhenSent;  ///< a look at how things stand at that moment
 };
 
-struct RecordingAddressRow final : player::AddressRow {
+/// The player only moves the focus there and lets it clear itself.
+struct RecordingAddressRow final : roles::AddressRow {
+    std::string Address() const override { return {}; }
+    void SetAddress(std::string_view) override {}
+    bool IsAddressVisible() const override { return true; }
+    void ClearList() override {}
+    void AddToList(std::string_view) override {}
+    void SetTyped(std::string_view) override {}
+    roles::AddressMode Mode() const override { return roles::AddressMode::Web; }
     void FocusAddress() override { ++Focused; }
     void ClearStaleAddress() override { ++Cleared; }
     int Focused = 0;
     int Cleared = 0;
 };
 
-struct FakeMainWindow final : player::MainWindow {
+/// The main window, as one that notes what it is asked for.
+struct FakeMainWindow final : roles::Window,
+                              roles::Layout,
+                              roles::Hole,
+                              roles::Highlights,
+                              roles::MediaKeys,
+                              roles::Start,
+                              roles::Favourites {
     int VideoPanePlacings = 0;
     double Left() const override { return 1500; }
     double Top() const override { return 900; }
+    double Width() const override { return 15000; }
     controls::WindowState State() const override { return Now; }
     void SetState(controls::WindowState state) override {
         Now = state;
         Calls.emplace_back(state == controls::WindowState::Maximised ? "maximise" : "normal");
     }
-    void ShowWindow() override { Calls.emplace_back("show"); }
-    void EnableWindow(bool enabled) override { Calls.emplace_back(enabled ? "enable" : "disable"); }
-    void RefreshWindow() override { Calls.emplace_back("refresh"); }
+    void SetCaption(std::string_view) override {}
+    void Show() override { Calls.emplace_back("show"); }
+    void SetEnabled(bool enabled) override { Calls.emplace_back(enabled ? "enable" : "disable"); }
+    void Refresh() override { Calls.emplace_back("refresh"); }
+    void PopupMenu(controls::Menu& menu) override { Calls.push_back("popup " + menu.Name()); }
+    void ShowMusicPanel(bool) override {}
+    void BringMusicPanelToFront() override {}
     void Form_Resize() override { Calls.emplace_back("resize"); }
-    void PlaceVideoPane() override { ++VideoPanePlacings; }
+    void PlaceFavouritesPanel() override { ++VideoPanePlacings; }
     void PlaceBelowSplitter() override { Calls.emplace_back("below splitter"); }
     void MakeHole() override { Calls.emplace_back("make hole"); }
     void CloseHole() override { Calls.emplace_back("close hole"); }
@@ -88,10 +90,12 @@ struct FakeMainWindow final : player::MainWindow {
     void KeyDown(int key_code, int shift) override {
         Calls.push_back("key " + base::ToText(key_code) + " " + base::ToText(shift));
     }
-    void PopupMenu(controls::Menu& menu) override { Calls.push_back("popup " + menu.Name()); }
     bool IsLoading() const override { return Loading; }
-    bool IsFavouritesPanelClosed() const override { return FavouritesClosed; }
-    void cmdFavs_Click() override { Calls.emplace_back("favourites"); }
+    void SetStage(std::string_view) override {}
+    void LoadFavs() override {}
+    void SettleAtStart() override {}
+    bool IsPanelClosed() const override { return FavouritesClosed; }
+    void TogglePanel() override { Calls.emplace_back("favourites"); }
 
     std::vector<std::string> TakeCalls() { return std::exchange(Calls, {}); }
 
@@ -110,20 +114,35 @@ struct NoWindows final : ports::WindowServices {
     bool GetWindowRect(std::int64_t, ports::WindowRect&) const override { return false; }
 };
 
-/// The player on a desk of its own, over the media, the files and the kinds of files that a test gives it;
-/// which outlive it.
+/// The player on a desk of its own, over the media and the files that a test gives it; which outlive it.
 struct PlayerParts {
-    PlayerParts(ports::MediaControl& media, const ports::Files& files, player::FileKinds& kinds,
-                player::SongPaths& songs)
+    PlayerParts(ports::MediaControl& media, const ports::Files& files)
         : mci(media, no_windows, files),
-          player({controls,
-                  menu,
-                  frmVideo,
-                  frmSpeakerTest,
-                  {lstTracks, lstMaybe, ListMaybeChanged},
-                  {lstArtists, lstPlayLists, lstTracks}},
-                 state, {kinds, songs, history, message, address, window},
-                 {mci, datSong, dialogs, desktop, chance}) {
+          player(
+              {.controls = controls,
+               .menu = menu,
+               .video = frmVideo,
+               .speaker_test = frmSpeakerTest,
+               .tracks = {.lstTracks = lstTracks, .lstMaybe = lstMaybe, .ListMaybeChanged = ListMaybeChanged},
+               .lists = {.lstArtists = lstArtists, .lstPlayLists = lstPlayLists, .lstTracks = lstTracks}},
+              state,
+              {.window = window,
+               .layout = window,
+               .hole = window,
+               .highlights = window,
+               .keys = window,
+               .address = address,
+               .history = history,
+               .start = window,
+               .favourites = window,
+               .messenger = message},
+              {.media = media,
+               .windows = no_windows,
+               .files = files,
+               .songs = datSong,
+               .dialogs = dialogs,
+               .loop = desktop,
+               .chance = chance}) {
         controls.PutInto(frmBrowser, frmBrowser);
         PlaceBars();
         desktop.Adopt(frmBrowser);
@@ -145,13 +164,15 @@ struct PlayerParts {
         player::KeepMarkerWidth(controls.levels.lblSongSpeed, controls.levels.picSpeed,
                                 player::kSpeedMarkerWidth);
     }
+    /// With no track selected this calls theresize, and else shows only which buttons fit.
+    void DoubleClickNoTrack() { DoubleClickTrack(-1); }
     const std::string& NowPlaying() const { return controls.transport.lblFileNowPlaying.Caption(); }
 
     fakes::FakeDesktop desktop;
     fakes::FakeDialogs dialogs;
     fakes::SeededStores stores{desktop};
     RecordingHistory history;
-    RecordingMessage message;
+    RecordingMessenger message;
     RecordingAddressRow address;
     FakeMainWindow window;
     FakeChance chance;
@@ -168,7 +189,7 @@ struct PlayerParts {
     controls::ListBox lstPlayLists{"lstPlayLists"};
     bool ListMaybeChanged = false;
     player::PlayerState state;
-    player::MciLayer mci;
+    player::MciLayer mci;  ///< a second one, for tests that ask the device themselves
     player::Player player;
 };
 
@@ -176,13 +197,12 @@ struct PlayerParts {
 struct FakeMedia {
     fakes::FakeFiles files;
     fakes::FakeMediaControl device;
-    FakeLibrary library;
 };
 
 /// Songs at "C:\m\", half a minute long unless a test says otherwise; quick fade and no panning, as at the
 /// start.
 struct PlayerHouse : FakeMedia, PlayerParts {
-    PlayerHouse() : PlayerParts(device, files, library, library) {
+    PlayerHouse() : PlayerParts(device, files) {
         menu.mnuQuickFade.SetChecked(true);
         menu.mnuPanOff.SetChecked(true);
         controls.video.picVideo.Move(300, 6000, 2400, 1800);
@@ -192,12 +212,10 @@ struct PlayerHouse : FakeMedia, PlayerParts {
     std::string AddSong(std::string_view name, int length_ms = 30000, int song_id = 0) {
         std::string path = "C:\\m\\" + std::string(name);
         files.AddFile(path);
-        library.Existing.insert(path);
         const int frames = base::EndsWith(path, ".avi") ? 25 : 1000;
         device.AddFile(files.GetShortPathName(path),
                        {.milliseconds = length_ms, .frames_per_second = frames});
         if (song_id > 0) {
-            library.Songs[song_id] = path;
             stores.Seed("tblSong", {{base::ToText(song_id), "", "", path, "0"}});
         }
         return path;
@@ -207,7 +225,6 @@ struct PlayerHouse : FakeMedia, PlayerParts {
     std::string AddBrokenSong(std::string_view name) {
         std::string path = "C:\\m\\" + std::string(name);
         files.AddFile(path);
-        library.Existing.insert(path);
         device.AddBroken(files.GetShortPathName(path));
         return path;
     }
@@ -238,6 +255,7 @@ struct PlayerHouse : FakeMedia, PlayerParts {
     std::vector<std::string> TakeCommands() { return device.NewCommands(); }
     bool IsOpen(std::string_view alias) const { return device.IsOpen(alias); }
     /// Path of the song that plays on an alias; empty when none does.
+    std::string PlayingOn(player::Alias alias) const { return PlayingOn(player::TextOf(alias)); }
     std::string PlayingOn(std::string_view alias) const {
         if (device.Mode(alias) != "playing") return {};
         return files.FromNative(files.ToNative(device.PathOf(alias)));

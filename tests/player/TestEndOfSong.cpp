@@ -17,7 +17,7 @@ TEST(EndOfSong, RepeatsTheSongWhileACueWaits) {
     house.menu.mnuCueSong.Click.Raise();
     house.menu.mnuRepeat.Click.Raise();
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.NowPlaying(), song);
     EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 1);
@@ -30,7 +30,7 @@ TEST(EndOfSong, RepeatsWhileOnlyTheBrightPictureShows) {
     house.player.PlaySong(song);
     house.controls.transport.imgNoRepeatOver.Click.Raise();
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.NowPlaying(), song);
 }
@@ -43,7 +43,7 @@ TEST(EndOfSong, WalksThePlayOrderRoundAndRound) {
 
     Texts played;
     for (int i = 0; i < 3; ++i) {
-        house.player.EndOfSongCode();
+        house.player.Next();
         played.push_back(house.NowPlaying());
     }
 
@@ -56,7 +56,7 @@ TEST(EndOfSong, PlaysAnEntryOfLessThanEightCharactersByItsNumber) {
     const auto song = house.AddSong("seven.mp3", 30000, 1234567);
 
     house.DoubleClickTrack(0);
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.NowPlaying(), song);
     EXPECT_EQ(house.history.Rows.size(), 2U);
@@ -75,7 +75,7 @@ TEST(EndOfSong, ShufflesOverTheWholeOrderWithBothEndsHalfAsLikely) {
 
     for (const auto& [chance, row] : picks) {
         house.chance.Value = chance;
-        house.player.EndOfSongCode();
+        house.player.Next();
 
         EXPECT_EQ(house.controls.queue.lstNowPlaying.ListIndex(), row) << chance;
     }
@@ -89,7 +89,7 @@ TEST(EndOfSong, MayShuffleToTheSongThatJustPlayed) {
     house.menu.mnuShuffle.Click.Raise();
     house.chance.Value = 0.5;
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.NowPlaying(), "C:\\m\\1.mp3") << "half of 1 rounds to the even 0";
 }
@@ -101,7 +101,7 @@ TEST(EndOfSong, DoesNotShuffleAListOfOne) {
     house.menu.mnuShuffle.Click.Raise();
     house.chance.Value = 0.9;
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.controls.queue.lstNowPlaying.ListIndex(), 0);
     EXPECT_EQ(house.history.Rows.size(), 2U);
@@ -116,7 +116,7 @@ TEST(EndOfSong, PlaysACuedNumber) {
     house.lstTracks.SetListIndex(1);
     house.menu.mnuCueSong.Click.Raise();
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.NowPlaying(), cued);
     EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
@@ -131,7 +131,7 @@ TEST(EndOfSong, TakesTheQuotesOffACuedPath) {
     house.controls.queue.lstCuedSongsPath.AddItem("\"" + song + "\"");
     house.state.CueHeadIsPath = true;
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.NowPlaying(), song);
     EXPECT_FALSE(house.state.CueHeadIsPath);
@@ -148,7 +148,7 @@ TEST(EndOfSong, TakesASevenCharacterNumberAtTheHeadForAPathAndLaterForANumber) {
     }
     house.state.CueHeadIsPath = true;
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.NowPlaying(), first);
     EXPECT_TRUE(house.state.CueHeadIsPath);
@@ -162,7 +162,7 @@ TEST(EndOfSong, SendsASevenCharacterNumberToTheLibraryOnTheNumberBranch) {
     house.lstTracks.SetListIndex(0);
     house.menu.mnuCueSong.Click.Raise();
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.NowPlaying(), song);
 }
@@ -177,7 +177,7 @@ TEST(EndOfSong, MovesOnFromAMissingCue) {
     }
     house.DoubleClickTrack(1);
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.NowPlaying(), "C:\\m\\here.mp3");
     EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
@@ -187,13 +187,13 @@ TEST(EndOfSong, MovesOnFromAMissingCue) {
 TEST(EndOfSong, TakesAnEntryOfEightCharactersOnTheNumberBranchForANumber) {
     PlayerHouse house;
     house.AddSong("a.mp3");
-    house.library.Existing.insert("C:\\b.mp3");
+    house.files.AddFile("C:\\b.mp3");
     house.AddTrack("next", "C:\\m\\a.mp3");
     house.DoubleClickTrack(0);
     house.Cue("short path", "C:\\b.mp3");
     house.state.CueHeadIsId = true;
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
     EXPECT_NE(house.NowPlaying(), "C:\\b.mp3") << "fewer than nine characters are a number here";
@@ -202,11 +202,11 @@ TEST(EndOfSong, TakesAnEntryOfEightCharactersOnTheNumberBranchForANumber) {
 TEST(EndOfSong, TakesAnEntryOfNineCharactersOnTheNumberBranchForAPath) {
     PlayerHouse house;
     const std::string path = "C:\\bb.mp3";
-    house.library.Existing.insert(path);
+    house.files.AddFile(path);
     house.Cue("path", path);
     house.state.CueHeadIsId = true;
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.NowPlaying(), path);
 }
@@ -220,7 +220,7 @@ TEST(EndOfSong, ThePathBranchGoesBeforeTheNumberBranch) {
     house.state.CueHeadIsPath = true;
     house.state.CueHeadIsId = true;
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.NowPlaying(), path);
     EXPECT_FALSE(house.state.CueHeadIsPath);
@@ -234,7 +234,7 @@ TEST(EndOfSong, TheNumberBranchLeavesTheFlagOfThePathAlone) {
     house.Cue("path", house.AddSong("path.mp3"));
     house.state.CueHeadIsId = true;
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_TRUE(house.state.CueHeadIsId) << "rows remain, of whatever kind";
     EXPECT_FALSE(house.state.CueHeadIsPath);
@@ -247,7 +247,7 @@ TEST(EndOfSong, AFlagWithoutACuedRowIsNoCue) {
     house.DoubleClickTrack(0);
     house.state.CueHeadIsPath = true;
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.NowPlaying(), "C:\\m\\2.mp3");
     EXPECT_FALSE(house.controls.transport.lblNoFile.Visible());
@@ -259,9 +259,9 @@ TEST(EndOfSong, PlaysThePreviousTrack) {
         house.AddTrack(name, house.AddSong(name));
     house.DoubleClickTrack(1);
 
-    house.player.PreviousTrack();
+    house.player.Previous();
     const std::string before = house.NowPlaying();
-    house.player.PreviousTrack();
+    house.player.Previous();
 
     EXPECT_EQ(before, "C:\\m\\1.mp3");
     EXPECT_EQ(house.NowPlaying(), "C:\\m\\3.mp3");

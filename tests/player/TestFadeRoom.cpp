@@ -326,7 +326,7 @@ TEST(FadeRoom, ReleaseKeepsTheSecondsAndRightPopsUpTheMenu) {
     PlayerHouse::Release(house.marker, controls::kRightButton);
 
     EXPECT_EQ(house.state.FadeSeconds, 60);
-    EXPECT_FALSE(house.state.FadeDragging);
+    EXPECT_FALSE(house.state.FadeDragging.IsOn());
     EXPECT_EQ(house.window.TakeCalls(), Texts{"popup mnuCrossfade"});
     EXPECT_EQ(house.address.Focused, 1);
 }

@@ -174,6 +174,16 @@ TEST_F(MciLayerTest, ModeOfAClosedAliasIsError) {
     EXPECT_EQ(mci.MciStatusMode("a"), "ERROR");
 }
 
+TEST_F(MciLayerTest, TheModeAsATypeSaysTheSame) {
+    EXPECT_EQ(mci.ModeOf("a"), player::Mode::Error);
+    OpenSong();
+    EXPECT_EQ(mci.ModeOf("a"), player::Mode::Stopped);
+    mci.MciPlay("a", "", "");
+    EXPECT_EQ(mci.ModeOf("a"), player::Mode::Playing);
+    mci.MciPause("a");
+    EXPECT_EQ(mci.ModeOf("a"), player::Mode::Paused);
+}
+
 TEST_F(MciLayerTest, LengthsOfAVideoAreFramesAndMilliseconds) {
     OpenFilm();
 

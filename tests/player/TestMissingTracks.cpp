@@ -37,7 +37,7 @@ TEST(MissingTracks, MovesOnFromAMissingTrackAtOnce) {
 TEST(MissingTracks, EndsWithTheMissingBoxOnAnEmptyPlayOrder) {
     PlayerHouse house;
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
     EXPECT_TRUE(house.controls.transport.lblNoFile.Visible());
@@ -80,7 +80,7 @@ TEST(MissingTracks, ACountBeyondTheListsLengthStillEndsInTheBoxWhenAllAreMissing
     house.Cue("three", PlayerHouse::Gone("3.mp3"));
     house.state.CueHeadIsPath = true;
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.dialogs.Boxes.size(), 2U);
     EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
@@ -120,9 +120,9 @@ TEST(MissingTracks, RepeatOfAFileThatIsGoneTriesItOnceForEachRow) {
     house.AddTrack("b", house.AddSong("b.mp3"));
     house.DoubleClickTrack(0);
     house.menu.mnuRepeat.Click.Raise();
-    house.library.Existing.erase(song);
+    house.files.Remove(song);
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
     EXPECT_EQ(house.state.MissingTrackCount, 2);
@@ -165,7 +165,7 @@ TEST(MissingTracks, WalksAVeryLongRowOfMissingCues) {
         house.Cue("gone", PlayerHouse::Gone("gone.mp3"));
     house.state.CueHeadIsPath = true;
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
     EXPECT_EQ(house.NowPlaying(), "C:\\m\\here.mp3") << "round from the missing second row";
@@ -186,7 +186,6 @@ TEST(MissingTracks, LeavesTheDisplayWhenASongCannotBeOpened) {
     house.player.PlaySong(house.AddSong("good.mp3", 61000));
     const std::string broken = "C:\\m\\broken.mp3";
     house.files.AddFile(broken);
-    house.library.Existing.insert(broken);
 
     house.player.PlaySong(broken);
 

@@ -115,7 +115,7 @@ TEST(PanningRoom, TheCountStandsStillDuringACrossfadeSinceTheTimerIsOff) {
     house.RunFor(1000);
     house.device.SetFrame("a", 16000);
     house.RunFor(50);
-    ASSERT_EQ(house.state.CurrentAlias, "b");
+    ASSERT_EQ(house.state.CurrentAlias, player::Alias::B);
     ASSERT_FALSE(house.controls.levels.tmrPanning.Enabled());
 
     house.RunFor(51 * 60);

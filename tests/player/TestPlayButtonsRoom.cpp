@@ -104,22 +104,23 @@ TEST(PlayButtonsRoom, DoubleClickOnNothingShowsPlayUnlessBothPlay) {
 }
 
 TEST(PlayButtonsRoom, PlayActsOnTheModesOfBothAliases) {
+    using player::Alias;
     struct Case {
         const char* a;
         const char* b;
-        const char* current;
+        Alias current;
         Texts orders;
     };
     const std::vector<Case> cases = {
-        {"paused", "ERROR", "a", {"Resume a", "Close b"}},
-        {"paused", "paused", "a", {"Resume a", "Close b"}},
-        {"paused", "paused", "b", {"Close a", "Resume b"}},
-        {"ERROR", "paused", "b", {"Close a", "Resume b"}},
-        {"playing", "paused", "b", {"Close a", "Resume b"}},
-        {"paused", "playing", "", {"Close a", "Resume b"}},
-        {"playing", "ERROR", "a", {}},
-        {"ERROR", "playing", "b", {}},
-        {"stopped", "playing", "b", {}},
+        {"paused", "ERROR", Alias::A, {"Resume a", "Close b"}},
+        {"paused", "paused", Alias::A, {"Resume a", "Close b"}},
+        {"paused", "paused", Alias::B, {"Close a", "Resume b"}},
+        {"ERROR", "paused", Alias::B, {"Close a", "Resume b"}},
+        {"playing", "paused", Alias::B, {"Close a", "Resume b"}},
+        {"paused", "playing", Alias::None, {"Close a", "Resume b"}},
+        {"playing", "ERROR", Alias::A, {}},
+        {"ERROR", "playing", Alias::B, {}},
+        {"stopped", "playing", Alias::B, {}},
     };
     for (const Case& one : cases) {
         PlayerHouse house;
@@ -130,7 +131,8 @@ TEST(PlayButtonsRoom, PlayActsOnTheModesOfBothAliases) {
 
         house.controls.transport.imgPlayOver.Click.Raise();
 
-        EXPECT_EQ(Orders(house.TakeCommands()), one.orders) << one.a << " " << one.b << " " << one.current;
+        EXPECT_EQ(Orders(house.TakeCommands()), one.orders)
+            << one.a << " " << one.b << " " << player::TextOf(one.current);
         EXPECT_EQ(Buttons(house), kPausePair);
         EXPECT_EQ(house.address.Focused, 1);
     }
@@ -288,7 +290,7 @@ TEST(PlayButtonsRoom, StopStopsBothThenClosesBothAndTellsTheMessenger) {
     EXPECT_EQ(Buttons(house), (Shown{true, false, false, false}));
     EXPECT_FALSE(house.controls.levels.tmrFade.Enabled());
     EXPECT_TRUE(house.controls.levels.tmrPanning.Enabled());
-    EXPECT_EQ(house.message.Sent, Texts{"off|Music|{0} - {1} {2}||||"});
+    EXPECT_EQ(house.message.Sent, Texts{"off|{0} - {1} {2}||||"});
     EXPECT_FALSE(house.frmVideo.Visible());
     EXPECT_EQ(house.address.Focused, 1);
     EXPECT_EQ(house.window.VideoPanePlacings, 1);

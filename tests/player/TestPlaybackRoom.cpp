@@ -23,7 +23,7 @@ TEST(PlaybackRoom, OpensAndPlaysTheFirstSongOnA) {
         "put a window at 0 0 320 240",
     };
     EXPECT_EQ(Orders(house.TakeCommands()), expected);
-    EXPECT_EQ(house.state.CurrentAlias, "a");
+    EXPECT_EQ(house.state.CurrentAlias, player::Alias::A);
     EXPECT_EQ(house.NowPlaying(), song);
     EXPECT_FALSE(house.state.PlayerStopped);
 }
@@ -61,7 +61,7 @@ TEST(PlaybackRoom, ShowsTheTitleAndTellsHistoryAndMessenger) {
     EXPECT_EQ(house.controls.transport.lblTrack.Caption(), "Owls - Fly");
     EXPECT_EQ(house.controls.transport.lblTrack.Left(), 100);
     EXPECT_EQ(house.history.Rows, Texts{"Music:" + song});
-    EXPECT_EQ(house.message.Sent, Texts{"on|Music|{0} - {1} {2}|Owls |Fly|at home|"});
+    EXPECT_EQ(house.message.Sent, Texts{"on|{0} - {1} {2}|Owls |Fly|at home|"});
 }
 
 TEST(PlaybackRoom, CountsThePlay) {
@@ -109,7 +109,7 @@ TEST(PlaybackRoom, GoesBackToAForTheThirdSong) {
 
     house.player.PlaySong(house.AddSong("c.mp3"));
 
-    EXPECT_EQ(house.state.CurrentAlias, "a");
+    EXPECT_EQ(house.state.CurrentAlias, player::Alias::A);
     EXPECT_EQ(house.LevelOf("a"), 0);
     EXPECT_FALSE(house.state.FadeToB);
 }
@@ -131,7 +131,7 @@ struct AliasCase {
     const char* what;
     bool a_plays;
     bool b_plays;
-    const char* current;
+    player::Alias current;
     Texts first_orders;
     bool fades;
     bool to_b;
@@ -139,23 +139,35 @@ struct AliasCase {
 
 TEST(PlaybackRoom, EachStateOfTheTwoDevicesHasItsCommandsAndItsFade) {
     const std::vector<AliasCase> cases = {
-        {"none", false, false, "b", {"Close a", "open", "play a from 0 to 30000"}, false, false},
+        {"none", false, false, player::Alias::B, {"Close a", "open", "play a from 0 to 30000"}, false, false},
         {"b",
          false,
          true,
-         "b",
+         player::Alias::B,
          {"Close a", "open", "setaudio a Volume to 0", "play a from 0 to 30000"},
          true,
          false},
         {"a",
          true,
          false,
-         "a",
+         player::Alias::A,
          {"Close b", "open", "setaudio b Volume to 0", "play b from 0 to 30000"},
          true,
          true},
-        {"both, a current", true, true, "a", {"Close b", "open", "play b from 0 to 30000"}, true, true},
-        {"both, b current", true, true, "b", {"Close a", "open", "play a from 0 to 30000"}, true, false},
+        {"both, a current",
+         true,
+         true,
+         player::Alias::A,
+         {"Close b", "open", "play b from 0 to 30000"},
+         true,
+         true},
+        {"both, b current",
+         true,
+         true,
+         player::Alias::B,
+         {"Close a", "open", "play a from 0 to 30000"},
+         true,
+         false},
     };
     for (const AliasCase& one : cases) {
         PlayerHouse house;
@@ -208,7 +220,7 @@ TEST(PlaybackRoom, HistoryAndCountComeBeforeTheYieldAndTheDeviceAfterIt) {
         EXPECT_FALSE(house.state.PlayerStopped);
         EXPECT_TRUE(house.TakeCommands().empty());
         EXPECT_TRUE(house.window.TakeCalls().empty());
-        EXPECT_EQ(house.state.CurrentAlias, "");
+        EXPECT_EQ(house.state.CurrentAlias, player::Alias::None);
     });
 
     house.player.PlaySong(song);
@@ -256,7 +268,7 @@ TEST(PlaybackRoom, ASongThatStartsDuringTheYieldIsCrossedOverToTheOuterOne) {
 
     EXPECT_EQ(house.PlayingOn("a"), inner);
     EXPECT_EQ(house.PlayingOn("b"), outer);
-    EXPECT_EQ(house.state.CurrentAlias, "b");
+    EXPECT_EQ(house.state.CurrentAlias, player::Alias::B);
     EXPECT_TRUE(house.state.FadeToB);
 }
 
@@ -277,8 +289,9 @@ TEST(PlaybackRoom, PlaysTheFirstOfTwoSongsWithOneNumber) {
     PlayerHouse house;
     const auto first = house.AddSong("first.mp3", 30000, 5);
     house.AddSong("second.mp3", 30000, 5);
+    house.AddTrack("first or second", "5");
 
-    house.player.GetSongInfo(5);
+    house.DoubleClickTrack(0);
 
     EXPECT_EQ(house.PlayingOn("a"), first);
 }
@@ -296,8 +309,9 @@ TEST(PlaybackRoom, CountsThePlayOfTheFirstOfTwoRowsWithOnePath) {
 
 TEST(PlaybackRoom, PlaysNothingForANumberThatNoSongHas) {
     PlayerHouse house;
+    house.AddTrack("gone", "99");
 
-    house.player.GetSongInfo(99);
+    house.DoubleClickTrack(0);
 
     EXPECT_TRUE(house.TakeCommands().empty());
     EXPECT_FALSE(house.controls.transport.lblNoFile.Visible());
@@ -381,7 +395,7 @@ TEST(PlaybackRoom, EndsADragOfTheMarker) {
 
     house.player.PlaySong(house.AddSong("a.mp3"));
 
-    EXPECT_FALSE(house.state.FadeDragging);
+    EXPECT_FALSE(house.state.FadeDragging.IsOn());
 }
 
 TEST(PlaybackRoom, StartsNothingOnceTheProgramIsEnding) {

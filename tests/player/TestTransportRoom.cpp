@@ -300,9 +300,9 @@ TEST(TransportRoom, TheWheelStaysInTheSong) {
 
 TEST(TransportRoom, TheWheelDoesNothingWithoutASongOrDuringADragOfTheFadeMarker) {
     Playing house;
-    house.state.FadeDragging = true;
+    house.state.FadeDragging.Press(1);
     house.bar.MouseWheel.Raise(1);
-    house.state.FadeDragging = false;
+    house.state.FadeDragging.End();
     house.menu.mnuStop.Click.Raise();
     house.TakeCommands();
 
@@ -314,9 +314,9 @@ TEST(TransportRoom, TheWheelDoesNothingWithoutASongOrDuringADragOfTheFadeMarker)
 
 TEST(TransportRoom, APressOnTheBarDoesNothingWhileTheFadeMarkerIsDraggedOrNothingPlays) {
     Playing house;
-    house.state.FadeDragging = true;
+    house.state.FadeDragging.Press(1);
     PlayerHouse::Press(house.bar, 33.3);
-    house.state.FadeDragging = false;
+    house.state.FadeDragging.End();
     house.controls.transport.lblTrack.SetCaption("");
 
     PlayerHouse::Press(house.bar, 33.3);

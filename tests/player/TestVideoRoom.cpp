@@ -83,7 +83,7 @@ TEST(VideoRoom, ASongTakesTheWindowAway) {
 
 TEST(VideoRoom, AVideoAfterADoubleClickedSongIsSeenThroughItsHole) {
     PlayerHouse house;
-    house.player.theresize();
+    house.DoubleClickNoTrack();
 
     house.player.PlaySong(house.AddSong("a.avi"));
 
@@ -97,11 +97,11 @@ TEST(VideoRoom, HeightAndWidthChangePlacesFromOneVideoToTheNext) {
     house.DoubleClickTrack(0);
     house.Float(3000, 200, 6000, 4500);
 
-    house.player.EndOfSongCode();
+    house.player.Next();
     const std::string first_text = house.state.VideoSizeText;
     const double first_width = house.frmVideo.Width();
     const double first_height = house.frmVideo.Height();
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.state.VideoLeft, 3000);
     EXPECT_EQ(first_text, "4500,6000");
@@ -119,7 +119,7 @@ TEST(VideoRoom, TheKeptSizeIsToldAsPlainNumbers) {
     house.DoubleClickTrack(0);
     house.Float(1234.5, 0, 3000.25, 2000.5);
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.state.VideoLeft, 1234) << "halves to the even neighbour";
     EXPECT_EQ(house.state.VideoSizeText, "2000.5,3000.25");
@@ -131,7 +131,7 @@ TEST(VideoRoom, ASongsEndKeepsNothingOfTheWindow) {
     house.DoubleClickTrack(0);
     house.frmVideo.Move(3000, 200, 6000, 4500);
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.state.VideoLeft, 0);
     EXPECT_EQ(house.state.VideoSizeText, "");
@@ -157,7 +157,7 @@ TEST(VideoRoom, AMaximisedVideoMaximisesTheNextOne) {
     house.window.FavouritesClosed = true;
     house.window.TakeCalls();
 
-    house.player.EndOfSongCode();
+    house.player.Next();
 
     EXPECT_EQ(house.state.VideoSizeText, "Max");
     EXPECT_EQ(house.frmVideo.State(), controls::WindowState::Maximised);
@@ -221,11 +221,11 @@ TEST(VideoRoom, AProgramThatEndsMeanwhilePlaysNothing) {
 TEST(VideoRoom, TheSecondCallOfTheresizeDetaches) {
     PlayerHouse house;
 
-    house.player.theresize();
+    house.DoubleClickNoTrack();
     const Texts first = house.window.TakeCalls();
-    house.player.theresize();
+    house.DoubleClickNoTrack();
     const Texts second = house.window.TakeCalls();
-    house.player.theresize();
+    house.DoubleClickNoTrack();
 
     EXPECT_TRUE(first.empty());
     EXPECT_EQ(second, (Texts{"close hole", "refresh"}));

@@ -188,18 +188,18 @@ TEST(VisualisationRoom, AStopOrAVideoOnlyInterruptsAShow) {
     PlayerHouse house;
     house.menu.mnuParty.Click.Raise();
     house.player.PlaySong(house.AddSong("a.mp3"));
-    house.player.StopCurrentSong();
+    house.player.Stop();
     ASSERT_FALSE(house.frmVideo.Visible());
     house.player.PlaySong(house.AddSong("b.avi"));
     ASSERT_FALSE(house.frmVideo.tmrVisual.Enabled());
 
-    house.player.StopCurrentSong();
+    house.player.Stop();
     house.player.PlaySong(house.AddSong("c.mp3"));
 
     EXPECT_TRUE(house.frmVideo.Visible());
     EXPECT_TRUE(house.frmVideo.tmrVisual.Enabled());
     EXPECT_TRUE(house.controls.video.picVideo.Visible());
-    EXPECT_TRUE(house.player.IsVideoAttached());
+    EXPECT_TRUE(house.player.Video().IsVideoAttached());
 }
 
 TEST(VisualisationRoom, AShowBehindAClosedPanelLeavesThePlaceToTheMainWindow) {
@@ -259,7 +259,7 @@ TEST(VisualisationRoom, ASongWithAShowKeepsTheWindow) {
 
     EXPECT_TRUE(house.frmVideo.Visible());
     EXPECT_EQ(house.frmVideo.Caption(), "Visualisations");
-    EXPECT_TRUE(house.player.IsVideoAttached());
+    EXPECT_TRUE(house.player.Video().IsVideoAttached());
 }
 
 }  // namespace

@@ -63,7 +63,7 @@ TEST(VolumeRoom, ALevelBeyondTheBarIsRefusedAndTheDeviceCatchesUpLater) {
     PlayerHouse::Press(house.controls.levels.lblVol, 112 * 17.85);
     const Texts sent = house.TakeCommands();
     const int level = house.LevelOf("a");
-    house.player.volchanged();
+    house.player.SetVolume(1);
 
     EXPECT_TRUE(sent.empty());
     EXPECT_EQ(level, 50);
@@ -183,7 +183,7 @@ TEST(VolumeRoom, UnmuteSendsTheUnitsWheneverTheyAreAPercent) {
 TEST(VolumeRoom, UsesBUnlessTheCurrentAliasIsA) {
     PlayerHouse house;
 
-    house.player.volchanged();
+    house.player.SetVolume(1);
 
     EXPECT_EQ(house.TakeCommands(), Texts{"setaudio b Volume to 1000"});
 }

@@ -7,12 +7,14 @@
 #include <vector>
 
 #include "fakes/FakeDesktop.h"
+#include "fakes/FakeFiles.h"
 #include "fakes/FakeNowPlayingBoard.h"
 #include "fakes/FakeScreenSaver.h"
 
 namespace {
 
 using ports::PlaybackStatus;
+using roles::PlayerStatus;
 using Calls = std::vector<std::string>;
 
 constexpr std::int64_t kSecond = 1'000'000;
@@ -20,42 +22,53 @@ constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double kEndless = std::numeric_limits<double>::infinity();
 
 /// A player that notes what it is asked to do.
-struct RecordingPlayer final : window::RemotePlayer {
-    std::uint64_t Orders() const override { return OrderCount; }
-    std::int64_t Openings() const override { return OpeningCount; }
-    std::uint64_t Seeks() const override { return SeekCount; }
-    PlaybackStatus Status() override {
+struct RecordingPlayer final : roles::Transport, roles::NowPlaying {
+    roles::PlayerGlance Glance() const override {
+        return {.orders = OrderCount,
+                .openings = OpeningCount,
+                .seeks = SeekCount,
+                .volume = Level,
+                .has_selected_track = Selected,
+                .has_next = NextThere,
+                .has_previous = PreviousThere};
+    }
+    roles::PlayerStatus Status() override {
         ++StatusQuestions;
         return Now;
     }
-    bool IsVideo() const override { return Video; }
-    std::string Artist() const override { return "Owls "; }
-    std::string Title() const override { return " Nightjar"; }
-    std::string Path() const override { return "/m/Owls - Nightjar.mp3"; }
-    double Length() override { return LengthSeconds; }
+    roles::CurrentSong Song() override {
+        return {.artist = "Owls ",
+                .title = " Nightjar",
+                .path = "C:\\m\\Owls - Nightjar.mp3",
+                .length = LengthSeconds,
+                .speed = SpeedPercent,
+                .is_video = Video};
+    }
     double Position() override { return PositionSeconds; }
-    int Speed() const override { return SpeedPercent; }
-    double Volume() const override { return Level; }
-    bool HasSelectedTrack() const override { return Selected; }
-    bool HasNext() const override { return NextThere; }
-    bool HasPrevious() const override { return PreviousThere; }
+    bool IsStopped() const override { return false; }
+    bool IsNoFileShown() const override { return false; }
+    std::string TrackCaption() const override { return {}; }
+    void PlaySong(std::string_view) override { Did("song"); }
     void Play() override { Did("play"); }
     void Pause() override { Did("pause"); }
+    bool IsPlayShown() const override { return false; }
     void Stop() override { Did("stop"); }
+    void StopAndForget() override { Did("forget"); }
     void Next() override { Did("next"); }
     void Previous() override { Did("previous"); }
     void SeekTo(double second) override { Did("seek " + std::to_string(second)); }
     void SetSpeed(double percent) override { Did("speed " + std::to_string(percent)); }
     void SetVolume(double level) override { Did("volume " + std::to_string(level)); }
-    void Raise() override { Did("raise"); }
-    void Quit() override { Did("quit"); }
+    void ToggleMute() override { Did("mute"); }
+    void IncreaseVolume() override { Did("louder"); }
+    void DecreaseVolume() override { Did("quieter"); }
 
     void Did(std::string what) { Done.push_back(std::move(what)); }
 
     std::uint64_t OrderCount = 0;
     std::int64_t OpeningCount = 0;
     std::uint64_t SeekCount = 0;
-    PlaybackStatus Now = PlaybackStatus::Stopped;
+    roles::PlayerStatus Now = roles::PlayerStatus::Stopped;
     int StatusQuestions = 0;
     bool Video = false;
     double LengthSeconds = 180;
@@ -71,16 +84,20 @@ struct RecordingPlayer final : window::RemotePlayer {
 class RemoteRoomTest : public testing::Test {
 protected:
     RemoteRoomTest() {
-        room.emplace(player, window::RemotePorts{board, screen_saver, desktop});
+        room.emplace(window::RemoteRoles{.transport = player, .playing = player},
+                     window::RemoteActions{.raise = [this] { player.Did("raise"); },
+                                           .quit = [this] { player.Did("quit"); }},
+                     window::RemotePorts{
+                         .board = board, .screen_saver = screen_saver, .events = desktop, .files = files});
         desktop.EndHandler();
     }
 
     /// A song is opened and plays from the start.
     void StartSong() {
         ++player.OpeningCount;
-        ChangeTo(PlaybackStatus::Playing);
+        ChangeTo(PlayerStatus::Playing);
     }
-    void ChangeTo(PlaybackStatus status) {
+    void ChangeTo(PlayerStatus status) {
         ++player.OrderCount;
         player.Now = status;
         desktop.EndHandler();
@@ -91,6 +108,7 @@ protected:
     fakes::FakeDesktop desktop;
     fakes::FakeNowPlayingBoard board;
     fakes::FakeScreenSaver screen_saver;
+    fakes::FakeFiles files;
     std::optional<window::RemoteRoom> room;
 };
 
@@ -111,7 +129,7 @@ TEST_F(RemoteRoomTest, ASongIsShownWithAllThatIsKnown) {
     EXPECT_EQ(board.Shown.track, 1);
     EXPECT_EQ(board.Shown.title, "Nightjar");
     EXPECT_EQ(board.Shown.artist, "Owls");
-    EXPECT_EQ(board.Shown.path, "/m/Owls - Nightjar.mp3");
+    EXPECT_EQ(board.Shown.path, files.ToNative("C:\\m\\Owls - Nightjar.mp3"));
     EXPECT_EQ(board.Shown.length, 180 * kSecond);
     EXPECT_DOUBLE_EQ(board.Shown.rate, 1.03);
     EXPECT_TRUE(board.Shown.can_pause);
@@ -137,7 +155,7 @@ TEST_F(RemoteRoomTest, AHandlerThatChangedNothingIsNoNews) {
 }
 
 TEST_F(RemoteRoomTest, WhileNothingPlaysTheDeviceIsNotAsked) {
-    ChangeTo(PlaybackStatus::Stopped);
+    ChangeTo(PlayerStatus::Stopped);
     const int asked = player.StatusQuestions;
 
     for (int i = 0; i < 100; ++i)
@@ -150,7 +168,7 @@ TEST_F(RemoteRoomTest, ASongThatEndsByItselfIsShownOnce) {
     StartSong();
     const std::size_t news = board.News.size();
 
-    player.Now = PlaybackStatus::Stopped;
+    player.Now = PlayerStatus::Stopped;
     desktop.EndHandler();
     desktop.EndHandler();
 
@@ -186,7 +204,7 @@ TEST_F(RemoteRoomTest, AJumpIsToldWithItsPlace) {
 TEST_F(RemoteRoomTest, PlayingOnIsNoJump) {
     StartSong();
     player.PositionSeconds = 60;
-    ChangeTo(PlaybackStatus::Paused);
+    ChangeTo(PlayerStatus::Paused);
 
     EXPECT_TRUE(board.Jumps.empty());
     EXPECT_EQ(Remote().Position(), 60 * kSecond);
@@ -212,7 +230,7 @@ TEST_F(RemoteRoomTest, PlayPauseGoesByWhatPlays) {
     Remote().OnPlayPause();
     StartSong();
     Remote().OnPlayPause();
-    ChangeTo(PlaybackStatus::Paused);
+    ChangeTo(PlayerStatus::Paused);
     Remote().OnPlayPause();
 
     EXPECT_EQ(player.Done, (Calls{"play", "pause", "play"}));
@@ -308,7 +326,7 @@ TEST_F(RemoteRoomTest, APositionForAnotherTrackIsLeftAlone) {
 
 TEST_F(RemoteRoomTest, APausedSongStaysPausedAfterASeek) {
     StartSong();
-    ChangeTo(PlaybackStatus::Paused);
+    ChangeTo(PlayerStatus::Paused);
 
     Remote().OnSetPosition(1, 90 * kSecond);
 
@@ -359,7 +377,7 @@ TEST_F(RemoteRoomTest, TheRateShownStaysInItsRange) {
     EXPECT_DOUBLE_EQ(board.Shown.rate, 2.0);
     player.SpeedPercent = -17;
 
-    ChangeTo(PlaybackStatus::Playing);
+    ChangeTo(PlayerStatus::Playing);
 
     EXPECT_DOUBLE_EQ(board.Shown.rate, 0.03);
 }
@@ -383,12 +401,12 @@ TEST_F(RemoteRoomTest, TheScreenStaysOnWhileAVideoPlays) {
     player.Video = true;
     StartSong();
     EXPECT_TRUE(screen_saver.Inhibited);
-    ChangeTo(PlaybackStatus::Paused);
+    ChangeTo(PlayerStatus::Paused);
     EXPECT_FALSE(screen_saver.Inhibited);
-    ChangeTo(PlaybackStatus::Playing);
+    ChangeTo(PlayerStatus::Playing);
     EXPECT_TRUE(screen_saver.Inhibited);
 
-    ChangeTo(PlaybackStatus::Stopped);
+    ChangeTo(PlayerStatus::Stopped);
 
     EXPECT_FALSE(screen_saver.Inhibited);
 }
@@ -396,7 +414,7 @@ TEST_F(RemoteRoomTest, TheScreenStaysOnWhileAVideoPlays) {
 TEST_F(RemoteRoomTest, AVideoThatEndsByItselfLetsTheScreenGoDark) {
     player.Video = true;
     StartSong();
-    player.Now = PlaybackStatus::Stopped;
+    player.Now = PlayerStatus::Stopped;
 
     desktop.EndHandler();
 

@@ -2,11 +2,13 @@
 
 #include <thread>
 
+#include "base/MediaKinds.h"
+
 namespace damage {
 
 using Clock = std::chrono::steady_clock;
 
-LivePlayer::LivePlayer() : PlayerParts(engine, files, kinds, kinds), now_(Clock::now()) {
+LivePlayer::LivePlayer() : PlayerParts(engine, files), now_(Clock::now()) {
     menu.mnuFadeOff.Click.Raise();
     menu.mnuPanOff.SetChecked(true);
     // The next song starts at the end of the one before.
@@ -37,7 +39,7 @@ bool LivePlayer::RunUntil(const std::function<bool()>& done, double seconds) {
 }
 
 bool LivePlayer::IsPlaying() {
-    return mci.MciStatusMode(state.CurrentAlias) == "playing";
+    return mci.MciStatusMode(player::TextOf(state.CurrentAlias)) == "playing";
 }
 
 }  // namespace damage

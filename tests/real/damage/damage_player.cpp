@@ -88,9 +88,10 @@ private:
         return std::chrono::duration<double>(Clock::now() - then).count();
     }
     static std::string StateOf(LivePlayer& player) {
-        return ", mode " + player.mci.MciStatusMode(player.state.CurrentAlias) + ", place " +
-               std::to_string(player.mci.MciPosition(player.state.CurrentAlias)) + ", length " +
-               std::to_string(player.mci.MciLengthFrames(player.state.CurrentAlias)) + ", " +
+        return ", mode " + player.mci.MciStatusMode(player::TextOf(player.state.CurrentAlias)) + ", place " +
+               std::to_string(player.mci.MciPosition(player::TextOf(player.state.CurrentAlias))) +
+               ", length " +
+               std::to_string(player.mci.MciLengthFrames(player::TextOf(player.state.CurrentAlias))) + ", " +
                std::to_string(player.state.FramesPerSecond) + " frames a second";
     }
     static bool Tell(const char* outcome, double seconds, const std::string& how) {

@@ -22,14 +22,12 @@ struct HeardMedia {
 
     linux::LinuxFiles files{"/nowhere/Brindlepost"};
     TimedMedia media;
-    player_tests::FakeLibrary library;
 };
 
 /// Quick fade and no panning, as at the start; no song is known to the library.
 class PlayingHouse final : public HeardMedia, public player_tests::PlayerParts {
 public:
-    explicit PlayingHouse(PrivateSound& server)
-        : HeardMedia(server), PlayerParts(media, files, library, library) {
+    explicit PlayingHouse(PrivateSound& server) : HeardMedia(server), PlayerParts(media, files) {
         menu.mnuQuickFade.SetChecked(true);
         menu.mnuPanOff.SetChecked(true);
         controls.levels.imgVol.SetLeft(player::kFullVolumeLeft);
@@ -39,14 +37,12 @@ public:
     /// Plays a file by its native path.
     void Play(const std::string& native_path) {
         const std::string path = files.FromNative(native_path);
-        library.Existing.insert(path);
         player.PlaySong(path);
     }
     /// The rows of the play order, by native paths.
     void SetOrder(const std::vector<std::string>& native_paths) {
         for (const std::string& native_path : native_paths) {
             const std::string path = files.FromNative(native_path);
-            library.Existing.insert(path);
             lstTracks.AddItem(path);
             lstMaybe.AddItem(path);
         }
