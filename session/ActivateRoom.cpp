@@ -19,7 +19,7 @@ constexpr std::array kStoreFiles = {store::kFavouritesStore, store::kMediaStore,
 }  // namespace
 
 ActivateRoom::ActivateRoom(ActivateForm& form, ConnectionState& connection, SessionState& session,
-                           RevealedWindow main_window, controls::Form& frmLogin, Tabs& tabs,
+                           RevealedWindow main_window, controls::Form& frmLogin, roles::Tabs& tabs,
                            ports::Files& files, ports::Dialogs& dialogs, ports::EventLoop& events,
                            std::string_view app_path)
     : form_(form),

@@ -17,8 +17,8 @@
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
+#include "roles/Tabs.h"
 #include "session/ActivateForm.h"
-#include "session/Outgoing.h"
 #include "session/SessionMenu.h"
 #include "session/SessionState.h"
 
@@ -30,18 +30,17 @@ struct RevealedWindow {
     SessionMenu& menu;
 };
 
-class ActivateRoom final : public StageLabel, public Splash {
+class ActivateRoom final {
 public:
     /// `app_path` is the application folder in drive form, without a backslash at its end.
     ActivateRoom(ActivateForm& form, ConnectionState& connection, SessionState& session,
-                 RevealedWindow main_window, controls::Form& frmLogin, Tabs& tabs, ports::Files& files,
+                 RevealedWindow main_window, controls::Form& frmLogin, roles::Tabs& tabs, ports::Files& files,
                  ports::Dialogs& dialogs, ports::EventLoop& events, std::string_view app_path);
 
-    // StageLabel
-    void SetStage(std::string_view stage) override;
-
-    // Splash
-    void StartCounting() override;
+    /// The text that says what is being loaded. Loads the window if it never was.
+    void SetStage(std::string_view stage);
+    /// Shows the splash and lets it count up to the main window.
+    void StartCounting();
 
     /// Runs the rest of the start after a connection was found.
     void DoLoading();
@@ -68,7 +67,7 @@ private:
     SessionState& session_;
     RevealedWindow main_window_;
     controls::Form& frm_login_;
-    Tabs& tabs_;
+    roles::Tabs& tabs_;
     ports::Files& files_;
     ports::Dialogs& dialogs_;
     ports::EventLoop& events_;

@@ -18,7 +18,7 @@ std::string Trimmed(std::string_view text) {
 }  // namespace
 
 LoginRoom::LoginRoom(LoginForm& form, LoginState& login, SessionState& session, controls::Form& frmBrowser,
-                     Splash& splash, OtherInstance& other_instance, store::Stores& stores,
+                     ActivateRoom& splash, ports::InstanceLock& instance, store::Stores& stores,
                      ports::Files& files, ports::Dialogs& dialogs, ports::EventLoop& events,
                      std::string_view app_path)
     : form_(form),
@@ -26,7 +26,7 @@ LoginRoom::LoginRoom(LoginForm& form, LoginState& login, SessionState& session, 
       session_(session),
       frm_browser_(frmBrowser),
       splash_(splash),
-      other_instance_(other_instance),
+      instance_(instance),
       stores_(stores),
       files_(files),
       dialogs_(dialogs),
@@ -47,7 +47,7 @@ bool LoginRoom::HasFile(std::string_view file) const {
 }
 
 void LoginRoom::Form_Load() {
-    if (other_instance_.IsRunning()) return;
+    if (IsSecondRun()) return;
     FirstLogin_ = true;
     load_ticks_ = 0;
     if (!HasFile(store::kLoginStore) || !HasFile(store::kHistoryStore)) {
@@ -64,7 +64,7 @@ void LoginRoom::Form_Load() {
 
 // A window cannot be hidden while it is being loaded to be shown, so a second run hides it here.
 void LoginRoom::Form_Activate() {
-    if (other_instance_.IsRunning()) form_.frmLogin.Hide();
+    if (IsSecondRun()) form_.frmLogin.Hide();
 }
 
 // With somebody logged in the window only serves its wizard, and closing it puts that away.

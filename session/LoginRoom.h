@@ -12,35 +12,27 @@
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
+#include "ports/InstanceLock.h"
+#include "session/ActivateRoom.h"
 #include "session/LoginForm.h"
-#include "session/Outgoing.h"
 #include "session/SessionState.h"
 
 namespace session {
 
-/// The login page, as the wizard for new users hands over to it.
-class LoginPage {
-public:
-    virtual ~LoginPage() = default;
-    /// Reads the users again and is filled in for this one.
-    virtual void OfferUser(std::string_view name, std::string_view password) = 0;
-};
-
-class LoginRoom final : public LoginPage, public LoginWindow {
+class LoginRoom final {
 public:
     /// `app_path` is the application folder in drive form, without a backslash at its end.
     LoginRoom(LoginForm& form, LoginState& login, SessionState& session, controls::Form& frmBrowser,
-              Splash& splash, OtherInstance& other_instance, store::Stores& stores, ports::Files& files,
+              ActivateRoom& splash, ports::InstanceLock& instance, store::Stores& stores, ports::Files& files,
               ports::Dialogs& dialogs, ports::EventLoop& events, std::string_view app_path);
 
     void DoLogin();
     void LoadUsers();
 
-    // LoginPage
-    void OfferUser(std::string_view name, std::string_view password) override;
-
-    // LoginWindow: the password of the user who left does not stay in its box.
-    void ShowLogin() override;
+    /// Reads the users again and fills the page in for this one.
+    void OfferUser(std::string_view name, std::string_view password);
+    /// Shows the window with an empty password box: what the last user typed does not stay there.
+    void ShowLogin();
 
 private:
     void Form_Load();
@@ -52,6 +44,7 @@ private:
     void cmdLogin_Click();
     void tmrLoad_Tick();
 
+    bool IsSecondRun() { return instance_.TryBecomeFirst() == ports::Instance::Second; }
     bool HasFile(std::string_view file) const;
     void ReadMultipleUsers();
     /// Takes what the current row of tblLogin remembers; true when the row logs in automatically.
@@ -66,8 +59,8 @@ private:
     LoginState& login_;
     SessionState& session_;
     controls::Form& frm_browser_;
-    Splash& splash_;
-    OtherInstance& other_instance_;
+    ActivateRoom& splash_;
+    ports::InstanceLock& instance_;
     store::Stores& stores_;
     ports::Files& files_;
     ports::Dialogs& dialogs_;

@@ -1,23 +1,26 @@
 // The multimedia keys of the keyboard, wherever the focus is.
 #pragma once
 
-#include "session/Outgoing.h"
+#include "roles/FrontPage.h"
+#include "roles/MediaKeys.h"
+#include "roles/PageOpener.h"
+#include "roles/Transport.h"
 
 namespace session {
 
-class MediaKeys final {
+class MediaKeys final : public roles::MediaKeys {
 public:
-    MediaKeys(MediaKeyActions& actions, AddressBar& address_bar);
+    MediaKeys(roles::Transport& transport, roles::FrontPage& page, roles::PageOpener& opener)
+        : transport_(transport), page_(page), opener_(opener) {}
 
-    /// Does what the key means. Other keys, and any key with shift, control or alt, do nothing.
-    void KeyDown(int key_code, int shift);
+    void KeyDown(int key_code, int shift) override;
 
 private:
     void PlayOrPause();
-    void GoHome();
 
-    MediaKeyActions& actions_;
-    AddressBar& address_bar_;
+    roles::Transport& transport_;
+    roles::FrontPage& page_;
+    roles::PageOpener& opener_;
 };
 
 }  // namespace session

@@ -14,11 +14,11 @@ std::string Stored(const controls::TextBox& box) {
 
 }  // namespace
 
-NewUserRoom::NewUserRoom(LoginForm& form, LoginPage& login_page, const SessionState& session,
+NewUserRoom::NewUserRoom(LoginForm& form, LoginRoom& login, const SessionState& session,
                          const controls::Form& frmBrowser, const controls::Form& frmInfo,
                          ports::Dialogs& dialogs)
     : form_(form),
-      login_page_(login_page),
+      login_(login),
       session_(session),
       frm_browser_(frmBrowser),
       frm_info_(frmInfo),
@@ -106,7 +106,7 @@ void NewUserRoom::cmdFinish_Click() {
         return;
     }
     ShowPages(false, false);
-    login_page_.OfferUser(form_.txtNewUser.Text(), form_.txtPass1.Text());
+    login_.OfferUser(form_.txtNewUser.Text(), form_.txtPass1.Text());
 }
 
 bool NewUserRoom::AddUser() {

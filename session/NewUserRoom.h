@@ -15,7 +15,7 @@ namespace session {
 
 class NewUserRoom final {
 public:
-    NewUserRoom(LoginForm& form, LoginPage& login_page, const SessionState& session,
+    NewUserRoom(LoginForm& form, LoginRoom& login, const SessionState& session,
                 const controls::Form& frmBrowser, const controls::Form& frmInfo, ports::Dialogs& dialogs);
 
     /// Shows the login window on the wizard's first page, for the preferences.
@@ -35,7 +35,7 @@ private:
     bool AddUser();
 
     LoginForm& form_;
-    LoginPage& login_page_;
+    LoginRoom& login_;
     const SessionState& session_;
     const controls::Form& frm_browser_;
     const controls::Form& frm_info_;

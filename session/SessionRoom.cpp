@@ -3,14 +3,15 @@
 namespace session {
 
 SessionRoom::SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState& session, LoginState& login,
-                         SettingsRoom& settings, MediaKeys& keys, SessionNeighbours neighbours,
-                         ports::Dialogs& dialogs, ports::EventLoop& events)
+                         SettingsRoom& settings, LoginRoom& login_room, MediaKeys& keys,
+                         SessionEndRoles roles, ports::Dialogs& dialogs, ports::EventLoop& events)
     : windows_(windows),
       session_(session),
       login_(login),
       settings_(settings),
+      login_room_(login_room),
       keys_(keys),
-      neighbours_(neighbours),
+      roles_(roles),
       dialogs_(dialogs),
       events_(events) {
     claims_.Claim(windows_.frmBrowser.QueryUnload, [this](bool& cancel) { Form_QueryUnload(cancel); });
@@ -28,7 +29,7 @@ void SessionRoom::mnuExit_Click() {
     windows_.frmBrowser.UnloadWindow();
 }
 
-// Pages opened before anybody logged in are nobody's work: then there is no question.
+// Tabs opened before the login are not asked about.
 void SessionRoom::Form_QueryUnload(bool& cancel) {
     if (closing_ || session_.NothingBegun) return;
     closing_ = true;
@@ -49,21 +50,21 @@ void SessionRoom::EndSession() {
         session_.LoggingOut = false;
         Leave();
     }
-    // A store that cannot be written keeps nobody.
+    // A store that cannot be written must not block the exit.
     if (windows_.frmBrowser.IsLoaded()) windows_.frmBrowser.UnloadWindow();
 }
 
 void SessionRoom::Leave() {
     session_.mainclose = true;
-    neighbours_.player.StopPlaying();
-    neighbours_.player.SendNothingPlaying();
+    roles_.transport.Stop();
+    roles_.messenger.SendNothingPlaying();
     events_.Yield();
     SaveSettings();
 }
 
 bool SessionRoom::HasOpenTabs() const {
-    for (int i = 1; i < neighbours_.tabs.TabCount(); ++i) {
-        if (neighbours_.tabs.IsTabVisible(i)) return true;
+    for (int i = 1; i < roles_.tabs.Count(); ++i) {
+        if (roles_.tabs.IsTabVisible(i)) return true;
     }
     return false;
 }
@@ -78,15 +79,15 @@ void SessionRoom::SaveSettings() {
 }
 
 void SessionRoom::UnloadWindows() {
-    neighbours_.dialogs.AllowPreferencesToUnload();
+    windows_.unloadme = true;
     for (controls::Form* window :
          {&windows_.frmActivate, &windows_.frmLogin, &windows_.frmAdd, &windows_.frmAbout,
           &windows_.frmAddMedia, &windows_.frmInfo, &windows_.frmSpeakerTest}) {
         window->UnloadWindow();
     }
-    neighbours_.player.StopPlaying();
-    neighbours_.player.SendNothingPlaying();
-    neighbours_.player.CloseMedia();
+    roles_.transport.Stop();
+    roles_.messenger.SendNothingPlaying();
+    roles_.player.CloseMedia();
     windows_.frmVideo.UnloadWindow();
     windows_.frmBrowser.UnloadWindow();
 }
@@ -99,14 +100,14 @@ void SessionRoom::mnuLogout_Click() {
                     "Log Out Brindlepost")) {
             return;
         }
-        for (int i = 1; i < neighbours_.tabs.TabCount(); ++i)
-            neighbours_.tabs.CloseTab(i);
+        for (int i = 1; i < roles_.tabs.Count(); ++i)
+            roles_.tabs.CloseTab(i);
     }
     // What it still adds for the person who leaves ends here; at its end it would show the main window.
     windows_.frmAddMedia.UnloadWindow();
     // From here on closing the login window ends the program.
     session_.LoggedIn = false;
-    neighbours_.login_window.ShowLogin();
+    login_room_.ShowLogin();
     windows_.frmActivate.Hide();
     windows_.frmBrowser.Hide();
 }
@@ -116,17 +117,17 @@ void SessionRoom::Form_Activate() {
         settings_.LoadSettings();
         login_.NewLogin = false;
     }
-    neighbours_.skin.NoMouseOvers();
+    roles_.highlights.NoMouseOvers();
     session_.mainclose = false;
-    neighbours_.address_bar.FocusAddress();
+    roles_.address_row.FocusAddress();
 }
 
 void SessionRoom::Form_Click() {
-    if (neighbours_.address_bar.IsAddressVisible()) neighbours_.address_bar.FocusAddress();
+    if (roles_.address_row.IsAddressVisible()) roles_.address_row.FocusAddress();
 }
 
 void SessionRoom::Form_MouseMove() {
-    neighbours_.skin.NoMouseOvers();
+    roles_.highlights.NoMouseOvers();
 }
 
 }  // namespace session

@@ -11,8 +11,14 @@
 #include "controls/Form.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
+#include "roles/AddressRow.h"
+#include "roles/Highlights.h"
+#include "roles/MessengerLine.h"
+#include "roles/PlayerSetup.h"
+#include "roles/Tabs.h"
+#include "roles/Transport.h"
+#include "session/LoginRoom.h"
 #include "session/MediaKeys.h"
-#include "session/Outgoing.h"
 #include "session/SessionMenu.h"
 #include "session/SessionState.h"
 #include "session/SettingsRoom.h"
@@ -30,22 +36,23 @@ struct SessionWindows {
     controls::Form& frmInfo;
     controls::Form& frmSpeakerTest;
     controls::Form& frmVideo;
+    bool& unloadme;  ///< the preferences may unload
 };
 
-/// What the end of a session asks of others.
-struct SessionNeighbours {
-    Tabs& tabs;
-    AddressBar& address_bar;
-    SessionPlayer& player;
-    Skin& skin;
-    LoginWindow& login_window;
-    ClosingDialogs& dialogs;
+/// What the end of a session asks of other subjects.
+struct SessionEndRoles {
+    roles::Tabs& tabs;
+    roles::AddressRow& address_row;
+    roles::Transport& transport;
+    roles::MessengerLine& messenger;
+    roles::PlayerSetup& player;
+    roles::Highlights& highlights;
 };
 
 class SessionRoom final {
 public:
     SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState& session, LoginState& login,
-                SettingsRoom& settings, MediaKeys& keys, SessionNeighbours neighbours,
+                SettingsRoom& settings, LoginRoom& login_room, MediaKeys& keys, SessionEndRoles roles,
                 ports::Dialogs& dialogs, ports::EventLoop& events);
 
     /// Stores the settings and, unless the user only logs out, unloads every window.
@@ -53,6 +60,8 @@ public:
     void Form_QueryUnload(bool& cancel);
     /// The system wants the program to end: as an exit, without the question.
     void EndSession();
+    /// Ends the program as its menu does.
+    void Exit() { mnuExit_Click(); }
 
 private:
     void mnuExit_Click();
@@ -70,8 +79,9 @@ private:
     SessionState& session_;
     LoginState& login_;
     SettingsRoom& settings_;
+    LoginRoom& login_room_;
     MediaKeys& keys_;
-    SessionNeighbours neighbours_;
+    SessionEndRoles roles_;
     ports::Dialogs& dialogs_;
     ports::EventLoop& events_;
     bool closing_ = false;  // the question of the close is up, or the close is under way

@@ -17,23 +17,23 @@ constexpr std::string_view kHomePagesGroup = "Home Pages";
 
 SettingsRoom::SettingsRoom(SettingsControls controls, OptionControls& boxes, SessionOptions& options,
                            const SessionState& session, const ConnectionState& connection, web::WebState& web,
-                           StageLabel& stage, Tabs& tabs, AddressBar& address_bar, SessionPlayer& player,
-                           ports::Clock& clock, ports::EventLoop& events)
+                           ActivateRoom& splash, roles::Tabs& tabs, roles::PageOpener& opener,
+                           player::TitleState& title, ports::Clock& clock, ports::EventLoop& events)
     : controls_(controls),
       boxes_(boxes),
       options_(options),
       session_(session),
       connection_(connection),
       web_(web),
-      stage_(stage),
+      splash_(splash),
       tabs_(tabs),
-      address_bar_(address_bar),
-      player_(player),
+      opener_(opener),
+      title_(title),
       clock_(clock),
       events_(events) {}
 
 void SettingsRoom::LoadSettings() {
-    stage_.SetStage("Previous settings");
+    splash_.SetStage("Previous settings");
     events_.Yield();
     music_tab_in_front_ = web_.MusicTabActive;
     std::vector<Row> rows;
@@ -44,7 +44,7 @@ void SettingsRoom::LoadSettings() {
     OpenHomePages();
     events_.Yield();
     FillTypes();
-    stage_.SetStage("Media GUI");
+    splash_.SetStage("Media GUI");
     events_.Yield();
     if (!IsOver()) PlaceMusicTab();
 }
@@ -74,7 +74,7 @@ void SettingsRoom::RestoreRow(const Row& row) {
             controls_.txtRefresh.SetText(row.text);
             break;
         case SettingsRow::SearchField:
-            stage_.SetStage("Library search");
+            splash_.SetStage("Library search");
             events_.Yield();
             RestoreSearchField(row.text);
             break;
@@ -89,7 +89,7 @@ void SettingsRoom::RestoreRow(const Row& row) {
             music_tab_in_front_ = web_.MusicTabActive;
             break;
         case SettingsRow::ScrollTitle:
-            player_.SetTitleScrolling(on);
+            title_.ScrollTitle = on;
             break;
         default:
             RestoreOption(row.row, on);
@@ -153,13 +153,12 @@ void SettingsRoom::RestoreDependents(SettingsRow row, bool on) {
 
 void SettingsRoom::OpenHomePages() {
     if (!connection_.Internet_Connection || !options_.Open_Home_Pages) return;
-    stage_.SetStage("Home pages");
+    splash_.SetStage("Home pages");
     events_.Yield();
     for (const HomePage& page : HomePages()) {
         if (IsOver()) return;
-        address_bar_.SetAddress(page.address);
-        address_bar_.PressEnter();
-        tabs_.NameTab(tabs_.TabCount() - 1, page.name);
+        opener_.Enter(page.address);
+        tabs_.NameTab(tabs_.Count() - 1, page.name);
         web_.TabsShown = true;
         web_.currentbrowser = 1;
     }
@@ -195,12 +194,12 @@ void SettingsRoom::FillTypes() {
 
 void SettingsRoom::PlaceMusicTab() {
     if (music_tab_in_front_) {
-        tabs_.BringMusicTabToFront();
+        tabs_.BringMusicTabForward();
         return;
     }
     tabs_.CloseMusicTab();
     events_.Yield();
-    if (tabs_.TabCount() >= 2) tabs_.BringTabToFront(1);
+    if (tabs_.Count() >= 2) tabs_.BringForward(1);
     events_.Yield();
 }
 
@@ -239,7 +238,7 @@ std::string SettingsRoom::TextToStore(SettingsRow row) const {
         case SettingsRow::MusicTab:
             return std::string(base::FlagText(web_.MusicTabActive));
         default:
-            return std::string(base::FlagText(player_.IsTitleScrolling()));
+            return std::string(base::FlagText(title_.ScrollTitle));
     }
 }
 

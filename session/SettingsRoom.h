@@ -13,10 +13,13 @@
 #include "controls/ComboBox.h"
 #include "controls/Menu.h"
 #include "controls/TextBox.h"
+#include "player/PlayerState.h"
 #include "ports/Clock.h"
 #include "ports/EventLoop.h"
+#include "roles/PageOpener.h"
+#include "roles/Tabs.h"
+#include "session/ActivateRoom.h"
 #include "session/Options.h"
-#include "session/Outgoing.h"
 #include "session/SessionState.h"
 #include "store/DataSource.h"
 #include "store/Settings.h"
@@ -42,8 +45,8 @@ class SettingsRoom final {
 public:
     SettingsRoom(SettingsControls controls, OptionControls& boxes, SessionOptions& options,
                  const SessionState& session, const ConnectionState& connection, web::WebState& web,
-                 StageLabel& stage, Tabs& tabs, AddressBar& address_bar, SessionPlayer& player,
-                 ports::Clock& clock, ports::EventLoop& events);
+                 ActivateRoom& splash, roles::Tabs& tabs, roles::PageOpener& opener,
+                 player::TitleState& title, ports::Clock& clock, ports::EventLoop& events);
 
     /// Returns early, with what was done so far, if the store cannot be read.
     void LoadSettings();
@@ -83,10 +86,10 @@ private:
     const SessionState& session_;
     const ConnectionState& connection_;
     web::WebState& web_;
-    StageLabel& stage_;
-    Tabs& tabs_;
-    AddressBar& address_bar_;
-    SessionPlayer& player_;
+    ActivateRoom& splash_;
+    roles::Tabs& tabs_;
+    roles::PageOpener& opener_;
+    player::TitleState& title_;
     ports::Clock& clock_;
     ports::EventLoop& events_;
     bool music_tab_in_front_ = true;

@@ -9,7 +9,7 @@ namespace session {
 namespace {
 
 constexpr int kLoadTick = 5;
-constexpr int kStartSpeed = 100;
+constexpr std::int16_t kStartSpeed = 100;
 /// What stands between two quoted paths of a command line.
 constexpr std::string_view kBetweenPaths = "\" \"";
 constexpr std::string_view kPathMark = "^";
@@ -21,21 +21,19 @@ std::string WholeNumber(double value) {
 }  // namespace
 
 StartUpRoom::StartUpRoom(StartUpControls& controls, StartUpTargets targets, SessionState& session,
-                         const LoginState& login, web::WebState& web, SettingsRoom& settings,
-                         HandOffRoom& hand_off, StartUpNeighbours neighbours, store::Stores& stores,
-                         ports::Files& files, ports::EventLoop& events, std::string_view app_path,
-                         std::string_view command)
+                         const LoginState& login, web::WebState& web, player::LevelState& levels,
+                         StartUpRooms rooms, StartUpRoles roles, StartUpPorts ports, store::Stores& stores,
+                         std::string_view app_path, std::string_view command)
     : controls_(controls),
       targets_(targets),
       session_(session),
       login_(login),
       web_(web),
-      settings_(settings),
-      hand_off_(hand_off),
-      neighbours_(neighbours),
+      levels_(levels),
+      rooms_(rooms),
+      roles_(roles),
+      ports_(ports),
       stores_(stores),
-      files_(files),
-      events_(events),
       app_path_(app_path),
       command_(command) {
     claims_.Claim(targets_.frmBrowser.Load, [this] { Form_Load(); });
@@ -47,14 +45,14 @@ void StartUpRoom::Form_Load() {
     targets_.menu.mnuLogout.SetEnabled(login_.Allow_Multiple_Users);
     targets_.menu.mnuExit.SetEnabled(true);
     BindStores();
-    hand_off_.Prepare();
+    rooms_.hand_off.Prepare();
     load_ticks_ = 0;
     web_.BackdropHidden = true;
-    if (neighbours_.other_instance.IsRunning()) {
+    if (ports_.instance.TryBecomeFirst() == ports::Instance::Second) {
         HandOver();
         return;
     }
-    hand_off_.Deliver(command_);
+    rooms_.hand_off.Deliver(command_);
     SetPlayerDefaults();
     TakeArguments();
     controls_.tmrLoad.SetEnabled(true);
@@ -73,34 +71,34 @@ void StartUpRoom::SetStartValues() {
 
 // A file that is not there is passed over without a word: the splash refuses it.
 void StartUpRoom::BindStores() {
-    Bind(targets_.datSong, store::kMediaStore);
-    Bind(targets_.datPlayList, store::kMediaStore);
-    Bind(targets_.datFav, store::kFavouritesStore);
-    Bind(targets_.datHistory, store::kHistoryStore);
+    Bind(targets_.sources.datSong, store::kMediaStore);
+    Bind(targets_.sources.datPlayList, store::kMediaStore);
+    Bind(targets_.sources.datFav, store::kFavouritesStore);
+    Bind(targets_.sources.datHistory, store::kHistoryStore);
 }
 
 void StartUpRoom::Bind(store::DataSource& source, std::string_view file) {
     const std::string path = std::string(app_path_).append(file);
-    if (files_.FileExists(path)) source.SetDatabaseName(stores_, path);
+    if (ports_.files.FileExists(path)) source.SetDatabaseName(stores_, path);
 }
 
 void StartUpRoom::HandOver() {
     session_.NothingBegun = true;
-    neighbours_.other_instance.HandOver(command_);
+    ports_.instance.HandOff(command_);
     targets_.frmBrowser.UnloadWindow();
 }
 
 void StartUpRoom::SetPlayerDefaults() {
-    neighbours_.player.SetPlayerDefaults();
-    events_.Yield();
-    neighbours_.player.ClearVideoPicture();
-    neighbours_.favourites.TogglePanel();
+    roles_.player.SetDefaults();
+    ports_.events.Yield();
+    roles_.player.ClearVideoPicture();
+    roles_.favourites.TogglePanel();
     web_.currentbrowser = 0;
     web_.TabsShown = true;
-    neighbours_.player.SetSongSpeed(kStartSpeed);
-    neighbours_.skin.NoMouseOvers();
+    levels_.SongSpeed = kStartSpeed;
+    roles_.highlights.NoMouseOvers();
     web_.MusicTabActive = true;
-    neighbours_.player.ChooseQuickFade();
+    roles_.player.ChooseQuickFade();
 }
 
 void StartUpRoom::TakeArguments() {
@@ -108,12 +106,12 @@ void StartUpRoom::TakeArguments() {
     if (command_.empty()) return;
     session_.StartArguments = base::Split(base::Replace(command_, kBetweenPaths, kPathMark), kPathMark);
     session_.StartArgument = 0;
-    neighbours_.tabs.NavigateBackdrop(web::MakerAddress(web::kBackdropQuery));
+    roles_.tabs.NavigateBackdrop(web::MakerAddress(web::kBackdropQuery));
 }
 
 // A start that was refused, or a program that ends, during one of the yields goes no further.
 bool StartUpRoom::IsOver() const {
-    return session_.NothingBegun || session_.mainclose || events_.IsEnding();
+    return session_.NothingBegun || session_.mainclose || ports_.events.IsEnding();
 }
 
 void StartUpRoom::tmrLoad_Tick() {
@@ -124,33 +122,33 @@ void StartUpRoom::tmrLoad_Tick() {
     if (!IsOver()) LoadSettingsOnce();
     if (!IsOver()) OpenInitialPages();
     if (IsOver()) return;
-    neighbours_.favourites.SettleFavourites();
+    roles_.favourites.SettleAtStart();
     if (IsOver()) return;
     ShowSplash();
-    neighbours_.tabs.CorrectTabs();
+    roles_.tabs.CorrectTabs();
 }
 
 void StartUpRoom::FillLists() {
-    neighbours_.media_lists.Command1();
+    roles_.track_lists.Command1();
     if (IsOver()) return;
-    neighbours_.stage.SetStage("History files");
-    events_.Yield();
-    if (!IsOver()) neighbours_.history.PopulateHistory("Web");
+    rooms_.splash.SetStage("History files");
+    ports_.events.Yield();
+    if (!IsOver()) roles_.history.PopulateHistory(roles::HistoryKind::Web);
 }
 
 void StartUpRoom::LoadSettingsOnce() {
     if (session_.FirstLoadDone) return;
     session_.FirstLoadDone = true;
-    neighbours_.stage.SetStage("Previous settings");
-    events_.Yield();
-    settings_.LoadSettings();
+    rooms_.splash.SetStage("Previous settings");
+    ports_.events.Yield();
+    rooms_.settings.LoadSettings();
 }
 
 void StartUpRoom::OpenInitialPages() {
-    if (base::Trim(neighbours_.address_bar.Address()).empty()) return;
-    neighbours_.stage.SetStage("Initial pages");
-    events_.Yield();
-    neighbours_.address_bar.PressEnter();
+    if (base::Trim(roles_.address_row.Address()).empty()) return;
+    rooms_.splash.SetStage("Initial pages");
+    ports_.events.Yield();
+    roles_.opener.Enter(roles_.address_row.Address());
 }
 
 // Settling the favourites has put the main window in front. Somebody may have been logged in automatically
@@ -162,7 +160,7 @@ void StartUpRoom::ShowSplash() {
     targets_.frmActivate.Show();
     targets_.frmActivate.BringToFront();
     if (targets_.frmLogin.Visible()) targets_.frmLogin.BringToFront();
-    if (session_.LoggedIn) neighbours_.splash.StartCounting();
+    if (session_.LoggedIn) rooms_.splash.StartCounting();
 }
 
 }  // namespace session

@@ -12,10 +12,20 @@
 #include "controls/Event.h"
 #include "controls/Form.h"
 #include "controls/Timer.h"
+#include "player/PlayerState.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
+#include "ports/InstanceLock.h"
+#include "roles/AddressRow.h"
+#include "roles/Favourites.h"
+#include "roles/Highlights.h"
+#include "roles/History.h"
+#include "roles/PageOpener.h"
+#include "roles/PlayerSetup.h"
+#include "roles/Tabs.h"
+#include "roles/TrackLists.h"
+#include "session/ActivateRoom.h"
 #include "session/HandOffRoom.h"
-#include "session/Outgoing.h"
 #include "session/SessionMenu.h"
 #include "session/SessionState.h"
 #include "session/SettingsRoom.h"
@@ -32,6 +42,14 @@ struct StartUpControls {
     controls::Timer tmrLoad{"tmrLoad", kLoadInterval};
 };
 
+/// The record sets that the start binds to their stores.
+struct StartUpSources {
+    store::DataSource& datSong;
+    store::DataSource& datPlayList;
+    store::DataSource& datFav;
+    store::DataSource& datHistory;
+};
+
 /// What the start sets up besides its own group.
 struct StartUpTargets {
     controls::Form& frmBrowser;
@@ -39,24 +57,32 @@ struct StartUpTargets {
     controls::Form& frmLogin;
     SessionMenu& menu;
     const controls::Control& picVideo;
-    store::DataSource& datSong;
-    store::DataSource& datPlayList;
-    store::DataSource& datFav;
-    store::DataSource& datHistory;
+    StartUpSources sources;
 };
 
-/// What the start asks of others.
-struct StartUpNeighbours {
-    MediaLists& media_lists;
-    HistoryLists& history;
-    FavouritesStart& favourites;
-    Tabs& tabs;
-    AddressBar& address_bar;
-    SessionPlayer& player;
-    Skin& skin;
-    OtherInstance& other_instance;
-    StageLabel& stage;
-    Splash& splash;
+/// What the start asks of other subjects.
+struct StartUpRoles {
+    roles::TrackLists& track_lists;
+    roles::History& history;
+    roles::Favourites& favourites;
+    roles::Tabs& tabs;
+    roles::AddressRow& address_row;
+    roles::PageOpener& opener;
+    roles::PlayerSetup& player;
+    roles::Highlights& highlights;
+};
+
+/// The rooms of the session that the start uses.
+struct StartUpRooms {
+    SettingsRoom& settings;
+    ActivateRoom& splash;
+    HandOffRoom& hand_off;
+};
+
+struct StartUpPorts {
+    ports::Files& files;
+    ports::EventLoop& events;
+    ports::InstanceLock& instance;
 };
 
 class StartUpRoom final {
@@ -64,9 +90,9 @@ public:
     /// `app_path` is the application folder in drive form, without a backslash at its end; `command` is the
     /// command line as one text.
     StartUpRoom(StartUpControls& controls, StartUpTargets targets, SessionState& session,
-                const LoginState& login, web::WebState& web, SettingsRoom& settings, HandOffRoom& hand_off,
-                StartUpNeighbours neighbours, store::Stores& stores, ports::Files& files,
-                ports::EventLoop& events, std::string_view app_path, std::string_view command);
+                const LoginState& login, web::WebState& web, player::LevelState& levels, StartUpRooms rooms,
+                StartUpRoles roles, StartUpPorts ports, store::Stores& stores, std::string_view app_path,
+                std::string_view command);
 
     /// The start-up timer runs: the lists are not loaded yet.
     bool IsLoading() const { return controls_.tmrLoad.Enabled(); }
@@ -92,12 +118,11 @@ private:
     SessionState& session_;
     const LoginState& login_;
     web::WebState& web_;
-    SettingsRoom& settings_;
-    HandOffRoom& hand_off_;
-    StartUpNeighbours neighbours_;
+    player::LevelState& levels_;
+    StartUpRooms rooms_;
+    StartUpRoles roles_;
+    StartUpPorts ports_;
     store::Stores& stores_;
-    ports::Files& files_;
-    ports::EventLoop& events_;
     std::string app_path_;
     std::string command_;
     int load_ticks_ = 0;

@@ -12,8 +12,9 @@ using controls::Px;
 
 }  // namespace
 
-BrowserLayout::BrowserLayout(BrowserForm& window, const web::WebState& tabs, LayoutPartners& partners)
-    : window_(window), tabs_(tabs), partners_(partners) {}
+BrowserLayout::BrowserLayout(BrowserForm& window, const web::WebState& tabs, const bool& PlayerStopped,
+                             LayoutRoles roles)
+    : window_(window), tabs_(tabs), PlayerStopped_(PlayerStopped), roles_(roles) {}
 
 void BrowserLayout::Form_Resize() {
     // The spring-back and the click of the stop button change the window once more; one run is enough for
@@ -33,10 +34,10 @@ void BrowserLayout::Form_Resize() {
     PlaceFavouritesPanel();
     PlaceVideoPane();
     PlacePaneChains();
-    partners_.RestoreBars();
+    roles_.player.RestoreBars();
     PlaceAddToPlaylist();
     PlaceTaskPanel();
-    if (partners_.IsPlayerStopped()) partners_.StopPlayer();
+    if (PlayerStopped_) roles_.transport.Stop();
     PlaceAddressBox();
     resizing_ = false;
 }

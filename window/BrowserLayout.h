@@ -8,6 +8,11 @@
 
 #include <functional>
 
+#include "roles/Hole.h"
+#include "roles/Layout.h"
+#include "roles/PlayerSetup.h"
+#include "roles/Transport.h"
+#include "roles/VideoPane.h"
 #include "web/WebState.h"
 #include "window/BrowserForm.h"
 
@@ -17,32 +22,24 @@ namespace window {
 inline constexpr double kSmallestWidth = 9225;
 inline constexpr double kSmallestHeight = 7590;
 
-/// What the layout asks of the rooms.
-class LayoutPartners {
-public:
-    virtual ~LayoutPartners() = default;
-    /// The stop flag: nothing is playing.
-    virtual bool IsPlayerStopped() const = 0;
-    /// The click of imgStopOver.
-    virtual void StopPlayer() = 0;
-    /// A video or light show is in picVideo, over the hole.
-    virtual bool IsVideoAttached() const = 0;
-    virtual void MakeHole() = 0;
-    virtual void CloseHole() = 0;
-    /// Gives the song bar and the speed bar their scales, and their markers the places of their values.
-    virtual void RestoreBars() = 0;
+struct LayoutRoles {
+    roles::Transport& transport;
+    roles::VideoPane& video;
+    roles::PlayerSetup& player;
+    roles::Hole& hole;
 };
 
-class BrowserLayout final {
+class BrowserLayout final : public roles::Layout {
 public:
-    BrowserLayout(BrowserForm& window, const web::WebState& tabs, LayoutPartners& partners);
+    BrowserLayout(BrowserForm& window, const web::WebState& tabs, const bool& PlayerStopped,
+                  LayoutRoles roles);
 
-    void Form_Resize();
+    void Form_Resize() override;
     /// After the splitter moved: places the search row below it, and the tracks from there down to the
     /// controls.
-    void PlaceBelowSplitter();
+    void PlaceBelowSplitter() override;
     /// After picVideo was shown or hidden: makes or takes back its space in the favourites panel.
-    void PlaceFavouritesPanel();
+    void PlaceFavouritesPanel() override;
 
 private:
     void PlaceFormGround();
@@ -87,7 +84,8 @@ private:
 
     BrowserForm& window_;
     const web::WebState& tabs_;
-    LayoutPartners& partners_;
+    const bool& PlayerStopped_;
+    LayoutRoles roles_;
     bool resizing_ = false;
 };
 

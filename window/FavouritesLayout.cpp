@@ -60,9 +60,9 @@ void BrowserLayout::PlaceVideoPane() {
     const double top = panel.fraFavs.Top() + panel.imgAdd.Bottom() + kGap;
     window_.player.video.picVideo.Move(panel.fraFavs.Left() + kGap, top, panel.fraFavs.Width() - 2 * kGap,
                                        panel.fraFavs.Bottom() - kGap - top);
-    if (!partners_.IsVideoAttached()) return;
-    partners_.CloseHole();
-    partners_.MakeHole();
+    if (!roles_.video.IsVideoAttached()) return;
+    roles_.hole.CloseHole();
+    roles_.hole.MakeHole();
 }
 
 bool BrowserLayout::IsPanelOpen() const {

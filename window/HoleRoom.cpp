@@ -36,9 +36,9 @@ bool IsEmpty(const ports::WindowRect& box) {
 
 }  // namespace
 
-HoleRoom::HoleRoom(controls::Form& window, controls::PictureBox& picVideo, ports::WindowShape& shape,
-                   ports::Dialogs& dialogs)
-    : window_(window), picVideo_(picVideo), shape_(shape), dialogs_(dialogs) {}
+HoleRoom::HoleRoom(controls::Form& window, controls::PictureBox& picVideo, roles::VideoPane& video,
+                   ports::WindowShape& shape, ports::Dialogs& dialogs)
+    : window_(window), picVideo_(picVideo), video_(video), shape_(shape), dialogs_(dialogs) {}
 
 bool HoleRoom::ShapeWindow(std::string_view shape_name, const ShapeCoordinates& coordinates) {
     std::optional<ports::Hole> hole = HoleOf(shape_name, coordinates);
@@ -60,6 +60,7 @@ void HoleRoom::MakeHole() {
     const int border = Pixels(controls::kFrameBorder);
     ShapeWindow("RectAngle", {{left + border, top + Pixels(kAboveHole), right + border,
                                bottom + Pixels(kAboveControls), kCorner, kCorner}});
+    video_.FollowMainWindow();
 }
 
 void HoleRoom::CloseHole() {

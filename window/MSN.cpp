@@ -27,16 +27,14 @@ ports::CopyData BlockOf(std::string_view text) {
 
 }  // namespace
 
-void MSN::SendNowPlaying(std::string_view first, std::string_view second, std::string_view third,
-                         std::string_view extra, std::string_view format, bool enabled,
-                         std::string_view /*category*/) {
+void MSN::SendNowPlaying(const roles::NowPlayingText& text) {
     if (!options_.Loaded || !options_.Allow_MSN_Name) return;
-    std::string text(kSeparator);
-    for (const std::string_view field :
-         {kCategory, std::string_view(enabled ? "1" : "0"), format, first, second, third, extra}) {
-        text.append(field).append(kSeparator);
+    std::string line(kSeparator);
+    for (const std::string_view field : {kCategory, std::string_view(text.enabled ? "1" : "0"), text.format,
+                                         text.first, text.second, text.third, text.extra}) {
+        line.append(field).append(kSeparator);
     }
-    messenger_.SendToWindows(kMessengerClass, BlockOf(text));
+    messenger_.SendToWindows(kMessengerClass, BlockOf(line));
 }
 
 }  // namespace window

@@ -35,210 +35,211 @@ session::SettingsControls SettingsControlsOf(BrowserForm& window, store::DataSou
 }  // namespace
 
 MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, std::function<void()> ended)
-    : desk_{windows, ports, {}, {}},
+    : windows_(windows),
+      ports_(ports),
       ended_(std::move(ended)),
-      player_links_(desk_),
-      library_links_(desk_),
-      web_links_(desk_),
-      core_links_(desk_) {
-    BuildGround();
-    BuildPlayer();
-    BuildLibrary();
-    BuildWeb();
-    BuildPlaces();
-    BuildSession(command);
+      trouble_(windows.trouble, state_.session, ports.dialogs),
+      stores_(ports.database, ports.events, trouble_),
+      window_(windows.frmBrowser, windows.frmBrowser.chrome.fraMusicTab),
+      msn_(ports.messenger, state_.options),
+      player_(BuildPlayer()),
+      hole_(windows.frmBrowser, windows.frmBrowser.player.video.picVideo, player_.Video(), ports.window_shape,
+            ports.dialogs),
+      skin_(windows.frmBrowser.chrome, TwinsOf(windows.frmBrowser), [this] { player_.SettlePictures(); }),
+      layout_(windows.frmBrowser, state_.web, state_.player.PlayerStopped, RolesOfLayout()),
+      view_(windows.frmBrowser, windows.frmBrowser.menus, windows.frmBrowser.library.lists,
+            [this] { layout_.Form_Resize(); }),
+      library_(BuildLibrary()),
+      places_(BuildPlaces()),
+      web_(BuildWeb()),
+      session_(BuildSession(command)),
+      remote_({.transport = player_, .playing = player_.Playing()},
+              {.raise = [this] { windows_.BringToFront(); }, .quit = [this] { session_.Exit(); }},
+              {.board = ports.now_playing,
+               .screen_saver = ports.screen_saver,
+               .events = ports.events,
+               .files = ports.files}) {
+    Connect();
     claims_.Claim(windows.frmBrowser.Unload, [this](bool&) { frmBrowser_Unload(); });
 }
 
+void MainWindow::Connect() {
+    relays_.address_row.Connect(web_.Address());
+    relays_.favourites.Connect(places_.Favourites());
+    relays_.front_page.Connect(web_.Front());
+    relays_.highlights.Connect(skin_);
+    relays_.history.Connect(places_.History());
+    relays_.hole.Connect(hole_);
+    relays_.layout.Connect(layout_);
+    relays_.media_keys.Connect(session_.Keys());
+    relays_.page_opener.Connect(web_.Opener());
+    relays_.start.Connect(session_);
+}
+
 void MainWindow::Start() {
-    desk_.windows.frmBrowser.LoadWindow();
-}
-
-void MainWindow::BuildGround() {
-    BrowserForm& window = desk_.windows.frmBrowser;
-    Rooms& rooms = desk_.rooms;
-    rooms.trouble.emplace(desk_.windows.trouble, desk_.state.session, desk_.ports.dialogs);
-    rooms.stores.emplace(desk_.ports.database, desk_.ports.events, *rooms.trouble);
-    rooms.window.emplace(window, window.chrome.fraMusicTab);
-    rooms.hole.emplace(window, window.player.video.picVideo, desk_.ports.window_shape, desk_.ports.dialogs);
-    rooms.skin.emplace(window.chrome, TwinsOf(window), [this] { desk_.rooms.player->SettlePictures(); });
-    rooms.layout.emplace(window, desk_.state.web, player_links_);
-    rooms.view.emplace(window, window.menus, window.library.lists,
-                       [this] { desk_.rooms.layout->Form_Resize(); });
-}
-
-void MainWindow::BuildPlayer() {
-    BrowserForm& window = desk_.windows.frmBrowser;
-    auto& lists = window.library.lists;
-    desk_.rooms.msn.emplace(desk_.ports.messenger, desk_.state.options);
-    desk_.windows.player_songs.SetDatabaseName(*desk_.rooms.stores, StorePath(store::kMediaStore));
-    desk_.rooms.player.emplace(
-        player::PlayerWindows{.controls = window.player,
-                              .menu = window.menus,
-                              .video = desk_.windows.frmVideo,
-                              .speaker_test = desk_.windows.frmSpeakerTest,
-                              .tracks = {.lstTracks = lists.lstTracks,
-                                         .lstMaybe = lists.lstMaybe,
-                                         .ListMaybeChanged = desk_.state.ListMaybeChanged},
-                              .lists = {.lstArtists = lists.lstArtists,
-                                        .lstPlayLists = lists.lstPlayLists,
-                                        .lstTracks = lists.lstTracks}},
-        desk_.state.player,
-        player::PlayerRoles{.window = web_links_,
-                            .layout = web_links_,
-                            .hole = player_links_,
-                            .highlights = web_links_,
-                            .keys = web_links_,
-                            .address = player_links_,
-                            .history = web_links_,
-                            .start = web_links_,
-                            .favourites = player_links_,
-                            .messenger = player_links_},
-        player::PlayerPorts{.media = desk_.ports.media,
-                            .windows = desk_.ports.windows,
-                            .files = desk_.ports.files,
-                            .songs = desk_.windows.player_songs,
-                            .dialogs = desk_.ports.dialogs,
-                            .loop = desk_.ports.events,
-                            .chance = desk_.ports.chance});
-    BuildRemote();
-}
-
-void MainWindow::BuildRemote() {
-    Rooms& rooms = desk_.rooms;
-    rooms.remote.emplace(
-        RemoteRoles{.transport = *rooms.player, .playing = rooms.player->Playing()},
-        RemoteActions{.raise = [this] { desk_.windows.BringToFront(); },
-                      .quit = [this] { desk_.windows.frmBrowser.menus.mnuExit.Click.Raise(); }},
-        RemotePorts{.board = desk_.ports.now_playing,
-                    .screen_saver = desk_.ports.screen_saver,
-                    .events = desk_.ports.events,
-                    .files = desk_.ports.files});
-}
-
-void MainWindow::BuildLibrary() {
-    BrowserForm& window = desk_.windows.frmBrowser;
-    const Ports& ports = desk_.ports;
-    desk_.rooms.library.emplace(
-        library::LibraryWindows{.controls = window.library,
-                                .menu = window.menus,
-                                .add_media = desk_.windows.add_media,
-                                .lstOpenWith = window.hand_off.lstOpenWith,
-                                .datHistory = desk_.windows.history.datHistory},
-        library::LibraryState{.ListMaybeChanged = desk_.state.ListMaybeChanged,
-                              .Include_Sub_Folders = desk_.state.options.Include_Sub_Folders,
-                              .last_clean_up_age = desk_.state.options.DaysStampAge},
-        *desk_.rooms.stores,
-        library::LibraryRoles{.start = library_links_,
-                              .favourites = library_links_,
-                              .history = library_links_,
-                              .highlights = library_links_,
-                              .window = *desk_.rooms.window},
-        library::LibraryPorts{
-            .files = ports.files, .dialogs = ports.dialogs, .loop = ports.events, .clock = ports.clock});
-}
-
-std::string MainWindow::StorePath(std::string_view file) const {
-    return desk_.ports.files.ApplicationFolder().append(file);
-}
-
-void MainWindow::BuildPlaces() {
-    BrowserForm& window = desk_.windows.frmBrowser;
-    library::Library& library = *desk_.rooms.library;
-    web::Web& web = *desk_.rooms.web;
-    desk_.rooms.places.emplace(
-        places::PlacesWindows{.favourites = window.favourites,
-                              .history = desk_.windows.history,
-                              .menu = window.menus,
-                              .add = desk_.windows.add,
-                              .datSong = window.library.sources.datSong},
-        places::PlacesState{.Save_History = desk_.state.options.Save_History,
-                            .mainclose = desk_.state.session.mainclose},
-        places::PlacesRoles{.address = web.Address(),
-                            .opener = web.Opener(),
-                            .page = web.Front(),
-                            .lists = library.Lists(),
-                            .played = library.View(),
-                            .layout = web_links_,
-                            .video = desk_.rooms.player->Video(),
-                            .highlights = web_links_,
-                            .keys = web_links_,
-                            .window = *desk_.rooms.window},
-        places::PlacesPorts{.dialogs = desk_.ports.dialogs, .loop = desk_.ports.events});
-}
-
-void MainWindow::BuildWeb() {
-    BrowserForm& window = desk_.windows.frmBrowser;
-    State& state = desk_.state;
-    desk_.rooms.web.emplace(
-        window.web, window.menus, state.web,
-        web::SessionFacts{.Internet_Connection = state.connection.Internet_Connection,
-                          .Save_History = state.options.Save_History,
-                          .Allow_Multiple_Users = state.login.Allow_Multiple_Users,
-                          .Auto_Login = state.options.Auto_Login,
-                          .StartedWithArguments = state.session.StartedWithArguments,
-                          .credentials = state.login},
-        web::WebRoles{.window = web_links_,
-                      .layout = web_links_,
-                      .highlights = web_links_,
-                      .keys = web_links_,
-                      .transport = *desk_.rooms.player,
-                      .now_playing = desk_.rooms.player->Playing(),
-                      .messenger = desk_.rooms.player->Line(),
-                      .track_lists = web_links_,
-                      .media = web_links_,
-                      .cue = desk_.rooms.player->Cue(),
-                      .history = web_links_,
-                      .start = web_links_},
-        web::WebPorts{
-            .files = desk_.ports.files, .events = desk_.ports.events, .dialogs = desk_.ports.dialogs});
-}
-
-void MainWindow::BuildSession(std::string_view command) {
-    Windows& windows = desk_.windows;
-    BrowserForm& window = windows.frmBrowser;
-    State& state = desk_.state;
-    Rooms& rooms = desk_.rooms;
-    const Ports& ports = desk_.ports;
-    const std::string app_path = ports.files.ApplicationFolder();
-    rooms.keys.emplace(core_links_, core_links_);
-    rooms.activate.emplace(windows.activate, state.connection, state.session,
-                           session::RevealedWindow{window, window.menus}, windows.login.frmLogin, core_links_,
-                           ports.files, ports.dialogs, ports.events, app_path);
-    rooms.settings.emplace(SettingsControlsOf(window, windows.history.datHistory), windows.info.options,
-                           state.options, state.session, state.connection, state.web, *rooms.activate,
-                           core_links_, core_links_, core_links_, ports.clock, ports.events);
-    rooms.login.emplace(windows.login, state.login, state.session, window, *rooms.activate, core_links_,
-                        *rooms.stores, ports.files, ports.dialogs, ports.events, app_path);
-    rooms.new_user.emplace(windows.login, *rooms.login, state.session, window, windows.info.frmInfo,
-                           ports.dialogs);
-    rooms.session.emplace(
-        session::SessionWindows{window, windows.activate.frmActivate, windows.login.frmLogin,
-                                windows.add.frmAdd, windows.about.frmAbout, windows.add_media.frmAddMedia,
-                                windows.info.frmInfo, windows.frmSpeakerTest, windows.frmVideo},
-        window.menus, state.session, state.login, *rooms.settings, *rooms.keys,
-        session::SessionNeighbours{core_links_, core_links_, core_links_, core_links_, *rooms.login,
-                                   core_links_},
-        ports.dialogs, ports.events);
-    rooms.hand_off.emplace(window.hand_off, ports.instance, [this] { desk_.windows.BringToFront(); });
-    rooms.start_up.emplace(
-        windows.start_up,
-        session::StartUpTargets{window, windows.activate.frmActivate, windows.login.frmLogin, window.menus,
-                                window.player.video.picVideo, window.library.sources.datSong,
-                                window.library.sources.datPlayList, window.favourites.datFav,
-                                windows.history.datHistory},
-        state.session, state.login, state.web, *rooms.settings, *rooms.hand_off,
-        session::StartUpNeighbours{core_links_, core_links_, core_links_, core_links_, core_links_,
-                                   core_links_, core_links_, core_links_, *rooms.activate, *rooms.activate},
-        *rooms.stores, ports.files, ports.events, app_path, command);
+    windows_.frmBrowser.LoadWindow();
 }
 
 void MainWindow::End() {
-    desk_.rooms.session->EndSession();
+    session_.EndSession();
+}
+
+player::Player MainWindow::BuildPlayer() {
+    BrowserForm& window = windows_.frmBrowser;
+    auto& lists = window.library.lists;
+    windows_.player_songs.SetDatabaseName(stores_,
+                                          ports_.files.ApplicationFolder().append(store::kMediaStore));
+    return player::Player({.controls = window.player,
+                           .menu = window.menus,
+                           .video = windows_.frmVideo,
+                           .speaker_test = windows_.frmSpeakerTest,
+                           .tracks = {.lstTracks = lists.lstTracks,
+                                      .lstMaybe = lists.lstMaybe,
+                                      .ListMaybeChanged = state_.ListMaybeChanged},
+                           .lists = {.lstArtists = lists.lstArtists,
+                                     .lstPlayLists = lists.lstPlayLists,
+                                     .lstTracks = lists.lstTracks}},
+                          state_.player,
+                          {.window = window_,
+                           .layout = relays_.layout,
+                           .hole = relays_.hole,
+                           .highlights = relays_.highlights,
+                           .keys = relays_.media_keys,
+                           .address = relays_.address_row,
+                           .history = relays_.history,
+                           .start = relays_.start,
+                           .favourites = relays_.favourites,
+                           .messenger = msn_},
+                          {.media = ports_.media,
+                           .windows = ports_.windows,
+                           .files = ports_.files,
+                           .songs = windows_.player_songs,
+                           .dialogs = ports_.dialogs,
+                           .loop = ports_.events,
+                           .chance = ports_.chance});
+}
+
+LayoutRoles MainWindow::RolesOfLayout() {
+    return {.transport = player_, .video = player_.Video(), .player = player_, .hole = hole_};
+}
+
+library::Library MainWindow::BuildLibrary() {
+    BrowserForm& window = windows_.frmBrowser;
+    return library::Library(
+        {.controls = window.library,
+         .menu = window.menus,
+         .add_media = windows_.add_media,
+         .lstOpenWith = window.hand_off.lstOpenWith,
+         .datHistory = windows_.history.datHistory},
+        {.ListMaybeChanged = state_.ListMaybeChanged,
+         .Include_Sub_Folders = state_.options.Include_Sub_Folders,
+         .last_clean_up_age = state_.options.DaysStampAge},
+        stores_,
+        {.start = relays_.start,
+         .favourites = relays_.favourites,
+         .history = relays_.history,
+         .highlights = skin_,
+         .window = window_},
+        {.files = ports_.files, .dialogs = ports_.dialogs, .loop = ports_.events, .clock = ports_.clock});
+}
+
+places::Places MainWindow::BuildPlaces() {
+    BrowserForm& window = windows_.frmBrowser;
+    return places::Places(
+        {.favourites = window.favourites,
+         .history = windows_.history,
+         .menu = window.menus,
+         .add = windows_.add,
+         .datSong = window.library.sources.datSong},
+        {.Save_History = state_.options.Save_History, .mainclose = state_.session.mainclose},
+        {.address = relays_.address_row,
+         .opener = relays_.page_opener,
+         .page = relays_.front_page,
+         .lists = library_.Lists(),
+         .played = library_.View(),
+         .layout = layout_,
+         .video = player_.Video(),
+         .highlights = skin_,
+         .keys = relays_.media_keys,
+         .window = window_},
+        {.dialogs = ports_.dialogs, .loop = ports_.events});
+}
+
+web::Web MainWindow::BuildWeb() {
+    BrowserForm& window = windows_.frmBrowser;
+    return web::Web(window.web, window.menus, state_.web,
+                    {.Internet_Connection = state_.connection.Internet_Connection,
+                     .Save_History = state_.options.Save_History,
+                     .Allow_Multiple_Users = state_.login.Allow_Multiple_Users,
+                     .Auto_Login = state_.options.Auto_Login,
+                     .StartedWithArguments = state_.session.StartedWithArguments,
+                     .credentials = state_.login},
+                    {.window = window_,
+                     .layout = layout_,
+                     .highlights = skin_,
+                     .keys = relays_.media_keys,
+                     .transport = player_,
+                     .now_playing = player_.Playing(),
+                     .messenger = player_.Line(),
+                     .track_lists = library_.Lists(),
+                     .media = library_.Intake(),
+                     .cue = player_.Cue(),
+                     .history = places_.History(),
+                     .start = relays_.start},
+                    {.files = ports_.files, .events = ports_.events, .dialogs = ports_.dialogs});
+}
+
+session::Session MainWindow::BuildSession(std::string_view command) {
+    BrowserForm& window = windows_.frmBrowser;
+    return session::Session({.activate = windows_.activate,
+                             .login = windows_.login,
+                             .start_up = windows_.start_up,
+                             .hand_off = window.hand_off,
+                             .menu = window.menus,
+                             .options = windows_.info.options,
+                             .settings = SettingsControlsOf(window, windows_.history.datHistory),
+                             .windows = {.frmBrowser = window,
+                                         .frmActivate = windows_.activate.frmActivate,
+                                         .frmLogin = windows_.login.frmLogin,
+                                         .frmAdd = windows_.add.frmAdd,
+                                         .frmAbout = windows_.about.frmAbout,
+                                         .frmAddMedia = windows_.add_media.frmAddMedia,
+                                         .frmInfo = windows_.info.frmInfo,
+                                         .frmSpeakerTest = windows_.frmSpeakerTest,
+                                         .frmVideo = windows_.frmVideo,
+                                         .unloadme = windows_.info.unloadme},
+                             .sources = {.datSong = window.library.sources.datSong,
+                                         .datPlayList = window.library.sources.datPlayList,
+                                         .datFav = window.favourites.datFav,
+                                         .datHistory = windows_.history.datHistory},
+                             .picVideo = window.player.video.picVideo},
+                            {.connection = state_.connection,
+                             .login = state_.login,
+                             .session = state_.session,
+                             .options = state_.options,
+                             .web = state_.web,
+                             .player = state_.player},
+                            {.track_lists = library_.Lists(),
+                             .history = places_.History(),
+                             .favourites = places_.Favourites(),
+                             .tabs = web_.Tabs(),
+                             .address_row = web_.Address(),
+                             .opener = web_.Opener(),
+                             .page = web_.Front(),
+                             .transport = player_,
+                             .messenger = player_.Line(),
+                             .player = player_,
+                             .highlights = skin_},
+                            {.files = ports_.files,
+                             .dialogs = ports_.dialogs,
+                             .events = ports_.events,
+                             .clock = ports_.clock,
+                             .instance = ports_.instance},
+                            stores_, command, [this] { windows_.BringToFront(); });
 }
 
 void MainWindow::frmBrowser_Unload() {
-    desk_.rooms.stores->Close();
+    stores_.Close();
     ended_();
 }
 

@@ -1,7 +1,6 @@
-// Builds the rooms of the main window and the windows around it, in order, and connects them.
+// Builds the subjects of the program around the main window, in order, and connects them.
 //
-// A room gets its own group, record sets, ports and small interfaces. The interfaces that lead to other rooms
-// are answered by the links, which forward each verb to the room that knows, in one line.
+// Each subject is given the roles of those that are built before it, and relays for the others.
 #pragma once
 
 #include <functional>
@@ -9,18 +8,69 @@
 #include <string_view>
 
 #include "controls/Event.h"
-#include "window/CoreLinks.h"
-#include "window/Desk.h"
-#include "window/LibraryLinks.h"
-#include "window/PlayerLinks.h"
-#include "window/WebLinks.h"
+#include "library/Library.h"
+#include "places/Places.h"
+#include "player/Player.h"
+#include "ports/Clock.h"
+#include "ports/Database.h"
+#include "ports/Dialogs.h"
+#include "ports/EventLoop.h"
+#include "ports/Files.h"
+#include "ports/InstanceLock.h"
+#include "ports/MediaControl.h"
+#include "ports/Messenger.h"
+#include "ports/NowPlaying.h"
+#include "ports/ScreenSaver.h"
+#include "ports/Windows.h"
+#include "session/Session.h"
+#include "session/StoreTroubleRoom.h"
+#include "store/Stores.h"
+#include "web/Web.h"
+#include "window/BrowserLayout.h"
+#include "window/HoleRoom.h"
+#include "window/MSN.h"
+#include "window/RemoteRoom.h"
+#include "window/SkinRoom.h"
+#include "window/Switchboard.h"
+#include "window/ViewRoom.h"
+#include "window/WindowRoom.h"
+#include "window/Windows.h"
 
 namespace window {
+
+/// The outside world, one port each.
+struct Ports {
+    ports::Database& database;
+    ports::Files& files;
+    ports::MediaControl& media;
+    ports::WindowServices& windows;
+    ports::WindowShape& window_shape;
+    ports::Dialogs& dialogs;
+    ports::EventLoop& events;
+    ports::Clock& clock;
+    ports::Chance& chance;
+    ports::InstanceLock& instance;
+    ports::Messenger& messenger;
+    ports::NowPlayingBoard& now_playing;
+    ports::ScreenSaver& screen_saver;
+};
+
+/// Plain data that several subjects know.
+struct State {
+    session::ConnectionState connection;
+    session::LoginState login;
+    session::SessionState session;
+    session::SessionOptions options;
+    web::WebState web;
+    player::PlayerState player;
+    /// The track list was refilled; the player copies it again at the next double click.
+    bool ListMaybeChanged = true;
+};
 
 class MainWindow final {
 public:
     /// `command` is the command line as one text; `ended` is called once the main window is unloaded and the
-    /// stores are closed. Windows, ports and everything behind them must outlive the main window.
+    /// stores are closed. Windows and ports must outlive the main window.
     MainWindow(Windows& windows, Ports ports, std::string_view command, std::function<void()> ended);
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
@@ -31,26 +81,37 @@ public:
     void End();
 
     /// For tests and the program's outer shell.
-    const State& Known() const { return desk_.state; }
-    Rooms& AllRooms() { return desk_.rooms; }
+    const State& Known() const { return state_; }
 
 private:
-    void BuildGround();
-    void BuildPlayer();
-    void BuildRemote();
-    void BuildLibrary();
-    void BuildPlaces();
-    void BuildWeb();
-    void BuildSession(std::string_view command);
-    std::string StorePath(std::string_view file) const;
+    player::Player BuildPlayer();
+    LayoutRoles RolesOfLayout();
+    library::Library BuildLibrary();
+    places::Places BuildPlaces();
+    web::Web BuildWeb();
+    session::Session BuildSession(std::string_view command);
+    void Connect();
     void frmBrowser_Unload();
 
-    Desk desk_;
+    Windows& windows_;
+    Ports ports_;
     std::function<void()> ended_;
-    PlayerLinks player_links_;
-    LibraryLinks library_links_;
-    WebLinks web_links_;
-    CoreLinks core_links_;
+    State state_;
+    Switchboard relays_;
+    session::StoreTroubleRoom trouble_;
+    store::Stores stores_;
+    WindowRoom window_;
+    MSN msn_;
+    player::Player player_;
+    HoleRoom hole_;
+    SkinRoom skin_;
+    BrowserLayout layout_;
+    ViewRoom view_;
+    library::Library library_;
+    places::Places places_;
+    web::Web web_;
+    session::Session session_;
+    RemoteRoom remote_;
     controls::EventClaims claims_;
 };
 

@@ -9,6 +9,7 @@
 
 #include "controls/Event.h"
 #include "controls/Image.h"
+#include "roles/Highlights.h"
 #include "window/ChromeControls.h"
 
 namespace window {
@@ -17,13 +18,13 @@ namespace window {
 inline constexpr std::size_t kTwinCount = 16;
 using BrightTwins = std::array<controls::Image*, kTwinCount>;
 
-class SkinRoom final {
+class SkinRoom final : public roles::Highlights {
 public:
     /// `settled` runs whenever the twins were hidden, for pictures that show a state.
     SkinRoom(ChromeControls& controls, const BrightTwins& twins, std::function<void()> settled);
 
-    /// Hides every bright twin and puts lblCopyright's colour back.
-    void NoMouseOvers();
+    /// Puts lblCopyright's colour back, too.
+    void NoMouseOvers() override;
 
 private:
     void lblCopyright_MouseMove();

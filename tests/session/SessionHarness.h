@@ -21,6 +21,7 @@
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeFiles.h"
 #include "fakes/FakeInstanceLock.h"
+#include "fakes/NullPlayer.h"
 #include "fakes/SeededStores.h"
 #include "session/ActivateForm.h"
 #include "session/ActivateRoom.h"
@@ -50,97 +51,121 @@ inline int PlaceOf(const Texts& log, std::string_view text) {
 }
 
 /// Everything outside of start-up and session. One log, in the order of the calls.
-class Neighbours final : public session::MediaLists,
-                         public session::HistoryLists,
-                         public session::FavouritesStart,
-                         public session::Tabs,
-                         public session::AddressBar,
-                         public session::SessionPlayer,
-                         public session::Skin,
-                         public session::OtherInstance,
-                         public session::ClosingDialogs,
-                         public session::MediaKeyActions {
+class Neighbours final : public roles::TrackLists,
+                         public roles::History,
+                         public roles::Favourites,
+                         public roles::Tabs,
+                         public roles::AddressRow,
+                         public roles::PageOpener,
+                         public roles::FrontPage,
+                         public roles::MessengerLine,
+                         public roles::Highlights,
+                         public fakes::NullTransport,
+                         public fakes::NullPlayerSetup,
+                         public ports::InstanceLock {
 public:
-    // session::MediaLists
+    // roles::TrackLists
     void Command1() override {
         Log.emplace_back("Command1");
         if (OnCommand1) OnCommand1();
     }
+    void RefillIfEmpty() override { Log.emplace_back("RefillIfEmpty"); }
 
-    // session::HistoryLists
-    void PopulateHistory(std::string_view kind) override { Note("PopulateHistory ", kind); }
+    // roles::History
+    void AddSiteToHistory(roles::HistoryKind, std::string_view text) override { Note("AddSite ", text); }
+    void PopulateHistory(roles::HistoryKind kind) override { Note("PopulateHistory ", TextOf(kind)); }
 
-    // session::FavouritesStart
-    void TogglePanel() override { Log.emplace_back("TogglePanel"); }
-    void SettleFavourites() override {
+    // roles::Favourites
+    void LoadFavs() override { Log.emplace_back("LoadFavs"); }
+    void SettleAtStart() override {
         Log.emplace_back("SettleFavourites");
         if (OnSettle) OnSettle();
     }
+    bool IsPanelClosed() const override { return true; }
+    void TogglePanel() override { Log.emplace_back("TogglePanel"); }
 
-    // session::Tabs
-    int TabCount() const override { return static_cast<int>(TabsVisible.size()); }
+    // roles::Tabs
+    int Count() const override { return static_cast<int>(TabsVisible.size()); }
     bool IsTabVisible(int index) const override { return TabsVisible[static_cast<std::size_t>(index)]; }
     void CloseTab(int index) override {
         TabsVisible[static_cast<std::size_t>(index)] = false;
         Note("CloseTab ", base::ToText(index));
     }
-    void BringTabToFront(int index) override { Note("BringTabToFront ", base::ToText(index)); }
+    void BringForward(int index) override { Note("BringTabToFront ", base::ToText(index)); }
     void NameTab(int index, std::string_view caption) override {
         Note("NameTab " + base::ToText(index) + " ", caption);
     }
     bool IsMusicTabVisible() const override { return MusicTabVisible; }
     void OpenMusicTab() override { Log.emplace_back("OpenMusicTab"); }
-    void BringMusicTabToFront() override { Log.emplace_back("BringMusicTabToFront"); }
+    void BringMusicTabForward() override { Log.emplace_back("BringMusicTabToFront"); }
     void CloseMusicTab() override { Log.emplace_back("CloseMusicTab"); }
     void CorrectTabs() override { Log.emplace_back("CorrectTabs"); }
     void NavigateBackdrop(std::string_view address) override { Note("NavigateBackdrop ", address); }
 
-    // session::AddressBar
+    // roles::AddressRow
     std::string Address() const override { return Typed; }
     void SetAddress(std::string_view address) override { Typed = address; }
     bool IsAddressVisible() const override { return AddressVisible; }
-    void PressEnter() override {
-        Note("PressEnter ", Typed);
+    void ClearList() override { Log.emplace_back("ClearList"); }
+    void AddToList(std::string_view text) override { Note("AddToList ", text); }
+    void SetTyped(std::string_view text) override { Note("SetTyped ", text); }
+    roles::AddressMode Mode() const override { return roles::AddressMode::Web; }
+    void FocusAddress() override { Log.emplace_back("FocusAddress"); }
+    void ClearStaleAddress() override { Log.emplace_back("ClearStaleAddress"); }
+
+    // roles::PageOpener
+    void OpenTab(std::string_view address) override { Note("OpenTab ", address); }
+    void Enter(std::string_view text) override {
+        Note("Enter ", text);
         TabsVisible.push_back(true);
         if (OnEnter) OnEnter();
     }
-    void cmdGo() override { Note("cmdGo ", Typed); }
-    void FocusAddress() override { Log.emplace_back("FocusAddress"); }
 
-    // session::SessionPlayer
-    void SetPlayerDefaults() override { Log.emplace_back("SetPlayerDefaults"); }
-    void ClearVideoPicture() override { Log.emplace_back("ClearVideoPicture"); }
-    void SetSongSpeed(int speed) override { Note("SetSongSpeed ", base::ToText(speed)); }
-    void ChooseQuickFade() override { Log.emplace_back("ChooseQuickFade"); }
-    bool IsTitleScrolling() const override { return TitleScrolling; }
-    void SetTitleScrolling(bool scrolling) override { TitleScrolling = scrolling; }
-    void StopPlaying() override { Log.emplace_back("StopPlaying"); }
-    void CloseMedia() override { Log.emplace_back("CloseMedia"); }
+    // roles::FrontPage
+    bool IsPageVisible() const override { return false; }
+    std::string LocationURL() const override { return {}; }
+    std::string LocationName() const override { return {}; }
+    void GoBack() override { Log.emplace_back("GoBack"); }
+    void GoForward() override { Log.emplace_back("GoForward"); }
+    void Refresh() override { Log.emplace_back("Refresh"); }
+
+    // roles::MessengerLine
+    void SetCustomText(std::string_view text) override { Note("SetCustomText ", text); }
+    void SendNowPlaying() override { Log.emplace_back("SendNowPlaying"); }
     void SendNothingPlaying() override { Log.emplace_back("SendNothingPlaying"); }
 
-    // session::Skin
+    // roles::Highlights
     void NoMouseOvers() override { Log.emplace_back("NoMouseOvers"); }
 
-    // session::OtherInstance
-    bool IsRunning() const override { return OtherRuns; }
-    void HandOver(std::string_view command) override { Note("HandOver ", command); }
-
-    // session::ClosingDialogs
-    void AllowPreferencesToUnload() override { Log.emplace_back("AllowPreferencesToUnload"); }
-
-    // session::MediaKeyActions
-    void ToggleMute() override { Log.emplace_back("ToggleMute"); }
-    void DecreaseVolume() override { Log.emplace_back("DecreaseVolume"); }
-    void IncreaseVolume() override { Log.emplace_back("IncreaseVolume"); }
-    void EndOfSongCode() override { Log.emplace_back("EndOfSongCode"); }
-    void PlayPreviousTrack() override { Log.emplace_back("PlayPreviousTrack"); }
-    void Stop() override { Log.emplace_back("Stop"); }
+    // roles::Transport
     bool IsPlayShown() const override { return PlayShown; }
     void Play() override { Log.emplace_back("Play"); }
     void Pause() override { Log.emplace_back("Pause"); }
-    void GoBack() override { Log.emplace_back("GoBack"); }
-    void GoForward() override { Log.emplace_back("GoForward"); }
-    void RefreshPage() override { Log.emplace_back("RefreshPage"); }
+    void Stop() override { Log.emplace_back("Stop"); }
+    void Next() override { Log.emplace_back("Next"); }
+    void Previous() override { Log.emplace_back("Previous"); }
+    void ToggleMute() override { Log.emplace_back("ToggleMute"); }
+    void DecreaseVolume() override { Log.emplace_back("DecreaseVolume"); }
+    void IncreaseVolume() override { Log.emplace_back("IncreaseVolume"); }
+
+    // roles::PlayerSetup
+    void SetDefaults() override { Log.emplace_back("SetDefaults"); }
+    void ClearVideoPicture() override { Log.emplace_back("ClearVideoPicture"); }
+    void ChooseQuickFade() override { Log.emplace_back("ChooseQuickFade"); }
+    void CloseMedia() override { Log.emplace_back("CloseMedia"); }
+
+    // ports::InstanceLock
+    ports::Instance TryBecomeFirst() override {
+        return OtherRuns ? ports::Instance::Second : ports::Instance::First;
+    }
+    std::string Failure() const override { return {}; }
+    bool HandOff(std::string_view text) override {
+        Note("HandOver ", text);
+        return true;
+    }
+    void SetListener(ports::HandOffListener*) override {}
+    int FileDescriptor() const override { return -1; }
+    void Serve() override {}
 
     void Note(std::string_view what, std::string_view with) { Log.push_back(std::string(what).append(with)); }
 
@@ -149,7 +174,6 @@ public:
     std::string Typed;
     bool MusicTabVisible = true;
     bool AddressVisible = true;
-    bool TitleScrolling = false;
     bool OtherRuns = false;
     bool PlayShown = true;
     std::function<void()> OnCommand1;
@@ -204,8 +228,10 @@ protected:
             claims.Claim(form->Unload, [this, form](bool&) { near.Note("Unload ", form->Name()); });
         }
         claims.Claim(w.frmBrowser.Unload, [this](bool&) { near.Log.emplace_back("Unload frmBrowser"); });
-        claims.Claim(activate.frmActivate.Unload,
-                     [this](bool&) { near.Log.emplace_back("Unload frmActivate"); });
+        claims.Claim(activate.frmActivate.Unload, [this](bool&) {
+            if (unloadme) near.Log.emplace_back("the preferences may unload");
+            near.Log.emplace_back("Unload frmActivate");
+        });
     }
 
     void SeedUser(std::string_view name, std::string_view password, std::string_view remember = "False",
@@ -273,6 +299,8 @@ protected:
     session::ConnectionState connection;
     session::LoginState login;
     web::WebState web;
+    player::PlayerState player;
+    bool unloadme = false;  ///< of the preferences
     controls::EventClaims claims;
 
     session::ActivateRoom splash{activate, connection, session, {w.frmBrowser, w}, login_form.frmLogin,
@@ -291,33 +319,38 @@ protected:
         splash,
         near,
         near,
-        near,
+        player,
         desktop,
         desktop};
-    session::MediaKeys keys{near, near};
-    session::SessionRoom session_room{{w.frmBrowser, activate.frmActivate, login_form.frmLogin, w.frmAdd,
-                                       w.frmAbout, w.frmAddMedia, w.frmInfo, w.frmSpeakerTest, w.frmVideo},
-                                      w,
-                                      session,
-                                      login,
-                                      settings,
-                                      keys,
-                                      {near, near, near, near, login_room, near},
-                                      boxes,
-                                      desktop};
+    session::MediaKeys keys{near, near, near};
+    session::SessionRoom session_room{
+        {w.frmBrowser, activate.frmActivate, login_form.frmLogin, w.frmAdd, w.frmAbout, w.frmAddMedia,
+         w.frmInfo, w.frmSpeakerTest, w.frmVideo, unloadme},
+        w,
+        session,
+        login,
+        settings,
+        login_room,
+        keys,
+        {near, near, near, near, near, near},
+        boxes,
+        desktop};
     session::HandOffRoom hand_off{mailbox, instance, [] {}};
     session::StartUpRoom start{start_controls,
-                               {w.frmBrowser, activate.frmActivate, login_form.frmLogin, w, w.picVideo,
-                                w.datSong, w.datPlayList, w.datFav, w.datHistory},
+                               {w.frmBrowser,
+                                activate.frmActivate,
+                                login_form.frmLogin,
+                                w,
+                                w.picVideo,
+                                {w.datSong, w.datPlayList, w.datFav, w.datHistory}},
                                session,
                                login,
                                web,
-                               settings,
-                               hand_off,
-                               {near, near, near, near, near, near, near, near, splash, splash},
+                               player,
+                               {settings, splash, hand_off},
+                               {near, near, near, near, near, near, near, near},
+                               {files, desktop, near},
                                stores.Stores,
-                               files,
-                               desktop,
                                kAppPath,
                                Command};
 

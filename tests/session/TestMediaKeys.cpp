@@ -12,14 +12,14 @@ TEST_F(MediaKeys, EachKeyHasItsAction) {
     } cases[] = {{173, "ToggleMute"},
                  {174, "DecreaseVolume"},
                  {175, "IncreaseVolume"},
-                 {176, "EndOfSongCode"},
-                 {177, "PlayPreviousTrack"},
+                 {176, "Next"},
+                 {177, "Previous"},
                  {178, "Stop"},
                  {179, "Play"},
                  {166, "GoBack"},
                  {167, "GoForward"},
-                 {168, "RefreshPage"},
-                 {172, "cmdGo brindlepost://start"}};
+                 {168, "Refresh"},
+                 {172, "OpenTab brindlepost://start"}};
     for (const auto& one : cases) {
         near.Log.clear();
 

@@ -28,9 +28,9 @@ TEST_F(SessionRoom, ExitUnloadsEveryWindowInOrder) {
 
     w.mnuExit.Click.Raise();
 
-    EXPECT_EQ(near.Log, (Texts{"StopPlaying", "SendNothingPlaying", "AllowPreferencesToUnload",
+    EXPECT_EQ(near.Log, (Texts{"Stop", "SendNothingPlaying", "the preferences may unload",
                                "Unload frmActivate", "Unload frmAdd", "Unload frmAbout", "Unload frmAddMedia",
-                               "Unload frmInfo", "Unload frmSpeakerTest", "StopPlaying", "SendNothingPlaying",
+                               "Unload frmInfo", "Unload frmSpeakerTest", "Stop", "SendNothingPlaying",
                                "CloseMedia", "Unload frmVideo", "Unload frmBrowser"}));
     EXPECT_FALSE(w.frmBrowser.IsLoaded());
     EXPECT_FALSE(login_form.frmLogin.IsLoaded());
@@ -132,7 +132,7 @@ TEST_F(SessionRoom, AnEndByTheSystemSavesAndUnloadsWithoutTheQuestion) {
     EXPECT_TRUE(session.mainclose);
     EXPECT_FALSE(w.frmBrowser.IsLoaded());
     EXPECT_EQ(Count(near.Log, "Unload frmBrowser"), 1);
-    EXPECT_EQ(near.Log.front(), "StopPlaying");
+    EXPECT_EQ(near.Log.front(), "Stop");
 }
 
 TEST_F(SessionRoom, AnEndByTheSystemBeforeTheLoginUnloadsEverything) {

@@ -137,11 +137,11 @@ TEST_F(SettingsRoom, TheTitleScrollsUnlessTheTextIsFalse) {
     } cases[] = {{"False", false}, {"", true}, {"maybe", true}, {"false", true}};
     for (const auto& one : cases) {
         SetSetting(8, one.text);
-        near.TitleScrolling = !one.on;
+        player.ScrollTitle = !one.on;
 
         settings.LoadSettings();
 
-        EXPECT_EQ(near.TitleScrolling, one.on) << one.text;
+        EXPECT_EQ(player.ScrollTitle, one.on) << one.text;
     }
 }
 
@@ -384,8 +384,8 @@ TEST_F(SettingsRoom, HomePagesOpenInTableOrder) {
 
     settings.OpenHomePages();
 
-    EXPECT_EQ(near.Log, (Texts{"PressEnter http://one.example/", "NameTab 1   - One",
-                               "PressEnter http://two.example/", "NameTab 2   - Two"}));
+    EXPECT_EQ(near.Log, (Texts{"Enter http://one.example/", "NameTab 1   - One", "Enter http://two.example/",
+                               "NameTab 2   - Two"}));
     EXPECT_TRUE(web.TabsShown);
     EXPECT_EQ(web.currentbrowser, 1);
     EXPECT_EQ(activate.lblLoading.Caption(), "Home pages");
@@ -401,7 +401,7 @@ TEST_F(SettingsRoom, APageThatMovesTheRecordSetStopsNothing) {
 
     settings.OpenHomePages();
 
-    EXPECT_EQ(near.TabCount(), 3);
+    EXPECT_EQ(near.Count(), 3);
 }
 
 TEST_F(SettingsRoom, NoHomePagesOpenWithoutConnectionOrOption) {
@@ -424,7 +424,7 @@ TEST_F(SettingsRoom, NoMorePagesOpenOnceTheProgramEnds) {
 
     settings.OpenHomePages();
 
-    EXPECT_EQ(near.TabCount(), 2);
+    EXPECT_EQ(near.Count(), 2);
 }
 
 TEST_F(SettingsRoom, WithoutHomePagesTheMusicTabDecides) {
@@ -492,7 +492,7 @@ TEST_F(SettingsRoom, StoringWritesWhatIsSet) {
     w.mnuSearchBroad.SetChecked(false);
     w.mnuSearchArtist.SetChecked(true);
     web.MusicTabActive = false;
-    near.TitleScrolling = false;
+    player.ScrollTitle = false;
 
     EXPECT_TRUE(settings.StoreSettings());
 

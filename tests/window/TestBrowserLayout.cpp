@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "WindowWalk.h"
+#include "fakes/NullPlayer.h"
 #include "window/BrowserLayout.h"
 
 namespace {
@@ -13,9 +14,8 @@ using controls::Control;
 using controls::kTwipsPerPixel;
 
 // What the layout asks for, written down; its click of the stop button lays out again, as the real one may.
-struct FakePartners final : window::LayoutPartners {
-    bool IsPlayerStopped() const override { return stopped; }
-    void StopPlayer() override {
+struct FakePlayer final : fakes::NullTransport, fakes::NullVideoPane, fakes::NullPlayerSetup, roles::Hole {
+    void Stop() override {
         calls.emplace_back("stop");
         if (on_stop) on_stop();
     }
@@ -77,8 +77,8 @@ protected:
 
     window::BrowserForm window;
     web::WebState tabs;
-    FakePartners partners;
-    window::BrowserLayout layout{window, tabs, partners};
+    FakePlayer partners;
+    window::BrowserLayout layout{window, tabs, partners.stopped, {partners, partners, partners, partners}};
 };
 
 TEST_F(BrowserLayoutTest, TheFormGroundTakesTheWindowsSize) {

@@ -1,10 +1,16 @@
 #include <gtest/gtest.h>
 
 #include "fakes/FakeDialogs.h"
+#include "fakes/NullPlayer.h"
 #include "fakes/RecordingWindowShape.h"
 #include "window/HoleRoom.h"
 
 namespace {
+
+struct FollowingVideo final : fakes::NullVideoPane {
+    void FollowMainWindow() override { ++follows; }
+    int follows = 0;
+};
 
 class HoleRoomTest : public testing::Test {
 protected:
@@ -15,9 +21,10 @@ protected:
 
     controls::Form window{"frmBrowser", "Brindlepost"};
     controls::PictureBox picVideo{"picVideo"};
+    FollowingVideo video;
     fakes::RecordingWindowShape shape;
     fakes::FakeDialogs dialogs;
-    window::HoleRoom room{window, picVideo, shape, dialogs};
+    window::HoleRoom room{window, picVideo, video, shape, dialogs};
 };
 
 using Holes = std::vector<std::optional<ports::Hole>>;
@@ -28,6 +35,12 @@ TEST_F(HoleRoomTest, MakeHoleCutsTheVideoPaneOutOfTheWindow) {
     room.MakeHole();
 
     EXPECT_EQ(shape.Holes, Holes{pane});
+}
+
+TEST_F(HoleRoomTest, TheVideoWindowGoesToItsHoleAtOnce) {
+    room.MakeHole();
+
+    EXPECT_EQ(video.follows, 1);
 }
 
 TEST_F(HoleRoomTest, CloseHoleMakesTheWindowWhole) {

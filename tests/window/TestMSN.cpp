@@ -27,7 +27,7 @@ protected:
 };
 
 TEST_F(MSNTest, TheTextHoldsEveryFieldBetweenSeparators) {
-    msn.SendNowPlaying("Owls ", "Nightjar", "at home", "more", kFormat, true, "Music");
+    msn.SendNowPlaying({"Owls ", "Nightjar", "at home", "more", kFormat, true});
 
     ASSERT_EQ(messenger.Sent.size(), 1U);
     EXPECT_EQ(messenger.Sent[0].lpData,
@@ -35,7 +35,7 @@ TEST_F(MSNTest, TheTextHoldsEveryFieldBetweenSeparators) {
 }
 
 TEST_F(MSNTest, TheBlockSaysWhatItIsAndHowLong) {
-    msn.SendNowPlaying("a", "b", "", "", kFormat, true, "Music");
+    msn.SendNowPlaying({"a", "b", "", "", kFormat, true});
 
     // 37 characters and the terminator.
     EXPECT_EQ(messenger.Sent[0].dwData, 1351U);
@@ -45,7 +45,7 @@ TEST_F(MSNTest, TheBlockSaysWhatItIsAndHowLong) {
 }
 
 TEST_F(MSNTest, ByteForByte) {
-    msn.SendNowPlaying("", "", "", "", "", false, "Music");
+    msn.SendNowPlaying({"", "", "", "", "", false});
 
     EXPECT_EQ(
         messenger.Sent[0].lpData,
@@ -57,19 +57,19 @@ TEST_F(MSNTest, ByteForByte) {
 }
 
 TEST_F(MSNTest, ThatNothingPlaysIsADigitAndEmptyFields) {
-    msn.SendNowPlaying("", "", "", "", kFormat, false, "Music");
+    msn.SendNowPlaying({"", "", "", "", kFormat, false});
 
     EXPECT_EQ(messenger.Sent[0].lpData, Wide(u"\\0Music\\00\\0{0} - {1} {2}\\0\\0\\0\\0\\0"));
 }
 
 TEST_F(MSNTest, TheCategoryIsNotUsed) {
-    msn.SendNowPlaying("a", "b", "c", "", kFormat, true, "Games");
+    msn.SendNowPlaying({"a", "b", "c", "", kFormat, true});
 
     EXPECT_EQ(messenger.Sent[0].lpData, Wide(u"\\0Music\\01\\0{0} - {1} {2}\\0a\\0b\\0c\\0\\0"));
 }
 
 TEST_F(MSNTest, LettersOfAnyScriptGoOutUnchanged) {
-    msn.SendNowPlaying("Bj\xC3\xB6rk ", "\xE6\xAD\x8C", "\xF0\x9F\x8E\xB5", "", kFormat, true, "Music");
+    msn.SendNowPlaying({"Bj\xC3\xB6rk ", "\xE6\xAD\x8C", "\xF0\x9F\x8E\xB5", "", kFormat, true});
 
     EXPECT_EQ(messenger.Sent[0].lpData,
               Wide(u"\\0Music\\01\\0{0} - {1} {2}\\0Bj\u00F6rk \\0\u6B4C\\0\U0001F3B5\\0\\0"));
@@ -80,7 +80,7 @@ TEST_F(MSNTest, EveryMessengerIsTold) {
     const std::size_t other = messenger.AddWindow("SomethingElse");
     const std::size_t second = messenger.AddWindow("MsnMsgrUIManager");
 
-    msn.SendNowPlaying("a", "b", "c", "", kFormat, true, "Music");
+    msn.SendNowPlaying({"a", "b", "c", "", kFormat, true});
 
     EXPECT_EQ(messenger.Windows[first].Received, messenger.Sent);
     EXPECT_EQ(messenger.Windows[second].Received, messenger.Sent);
@@ -91,7 +91,7 @@ TEST_F(MSNTest, NotAllowedNobodyIsLookedFor) {
     messenger.AddWindow("MsnMsgrUIManager");
     options.Allow_MSN_Name = false;
 
-    msn.SendNowPlaying("a", "b", "c", "", kFormat, true, "Music");
+    msn.SendNowPlaying({"a", "b", "c", "", kFormat, true});
 
     EXPECT_EQ(messenger.Searches, 0);
     EXPECT_TRUE(messenger.Windows[0].Received.empty());
@@ -101,17 +101,17 @@ TEST_F(MSNTest, BeforeTheSettingsAreReadNobodyIsLookedFor) {
     messenger.AddWindow("MsnMsgrUIManager");
     options.Loaded = false;
 
-    msn.SendNowPlaying("", "", "", "", kFormat, false, "Music");
+    msn.SendNowPlaying({"", "", "", "", kFormat, false});
 
     EXPECT_EQ(messenger.Searches, 0);
 }
 
 TEST_F(MSNTest, TheOptionCountsAtTheTimeOfSending) {
     options.Allow_MSN_Name = false;
-    msn.SendNowPlaying("a", "b", "c", "", kFormat, true, "Music");
+    msn.SendNowPlaying({"a", "b", "c", "", kFormat, true});
     options.Allow_MSN_Name = true;
 
-    msn.SendNowPlaying("a", "b", "c", "", kFormat, true, "Music");
+    msn.SendNowPlaying({"a", "b", "c", "", kFormat, true});
 
     EXPECT_EQ(messenger.Searches, 1);
 }

@@ -1,0 +1,48 @@
+#include "session/Session.h"
+
+#include <utility>
+
+namespace session {
+
+Session::Session(SessionControls controls, SessionData data, SessionRoles roles, SessionPorts ports,
+                 store::Stores& stores, std::string_view command, std::function<void()> bring_to_front)
+    : keys_(roles.transport, roles.page, roles.opener),
+      splash_(controls.activate, data.connection, data.session,
+              {.frmBrowser = controls.windows.frmBrowser, .menu = controls.menu}, controls.login.frmLogin,
+              roles.tabs, ports.files, ports.dialogs, ports.events, ports.files.ApplicationFolder()),
+      settings_(controls.settings, controls.options, data.options, data.session, data.connection, data.web,
+                splash_, roles.tabs, roles.opener, data.player, ports.clock, ports.events),
+      login_(controls.login, data.login, data.session, controls.windows.frmBrowser, splash_, ports.instance,
+             stores, ports.files, ports.dialogs, ports.events, ports.files.ApplicationFolder()),
+      new_user_(controls.login, login_, data.session, controls.windows.frmBrowser, controls.windows.frmInfo,
+                ports.dialogs),
+      session_(controls.windows, controls.menu, data.session, data.login, settings_, login_, keys_,
+               {.tabs = roles.tabs,
+                .address_row = roles.address_row,
+                .transport = roles.transport,
+                .messenger = roles.messenger,
+                .player = roles.player,
+                .highlights = roles.highlights},
+               ports.dialogs, ports.events),
+      hand_off_(controls.hand_off, ports.instance, std::move(bring_to_front)),
+      start_up_(controls.start_up,
+                {.frmBrowser = controls.windows.frmBrowser,
+                 .frmActivate = controls.activate.frmActivate,
+                 .frmLogin = controls.login.frmLogin,
+                 .menu = controls.menu,
+                 .picVideo = controls.picVideo,
+                 .sources = controls.sources},
+                data.session, data.login, data.web, data.player,
+                {.settings = settings_, .splash = splash_, .hand_off = hand_off_},
+                {.track_lists = roles.track_lists,
+                 .history = roles.history,
+                 .favourites = roles.favourites,
+                 .tabs = roles.tabs,
+                 .address_row = roles.address_row,
+                 .opener = roles.opener,
+                 .player = roles.player,
+                 .highlights = roles.highlights},
+                {.files = ports.files, .events = ports.events, .instance = ports.instance}, stores,
+                ports.files.ApplicationFolder(), command) {}
+
+}  // namespace session

@@ -1,0 +1,104 @@
+// The session: start-up, login, settings, exit and log out. Builds its rooms in order and hands out what
+// other subjects may ask of them.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "ports/Clock.h"
+#include "ports/Dialogs.h"
+#include "ports/EventLoop.h"
+#include "ports/Files.h"
+#include "ports/InstanceLock.h"
+#include "roles/FrontPage.h"
+#include "roles/Start.h"
+#include "session/ActivateRoom.h"
+#include "session/HandOffRoom.h"
+#include "session/LoginRoom.h"
+#include "session/MediaKeys.h"
+#include "session/NewUserRoom.h"
+#include "session/SessionMenu.h"
+#include "session/SessionRoom.h"
+#include "session/SessionState.h"
+#include "session/SettingsRoom.h"
+#include "session/StartUpRoom.h"
+#include "store/Stores.h"
+
+namespace session {
+
+/// The windows and groups of the session, and what it shows or reads of others'.
+struct SessionControls {
+    ActivateForm& activate;
+    LoginForm& login;
+    StartUpControls& start_up;
+    HandOffControls& hand_off;
+    SessionMenu& menu;
+    OptionControls& options;
+    SettingsControls settings;
+    SessionWindows windows;
+    StartUpSources sources;
+    const controls::Control& picVideo;
+};
+
+/// Plain data that the whole program knows.
+struct SessionData {
+    ConnectionState& connection;
+    LoginState& login;
+    SessionState& session;
+    SessionOptions& options;
+    web::WebState& web;
+    player::PlayerState& player;
+};
+
+struct SessionRoles {
+    roles::TrackLists& track_lists;
+    roles::History& history;
+    roles::Favourites& favourites;
+    roles::Tabs& tabs;
+    roles::AddressRow& address_row;
+    roles::PageOpener& opener;
+    roles::FrontPage& page;
+    roles::Transport& transport;
+    roles::MessengerLine& messenger;
+    roles::PlayerSetup& player;
+    roles::Highlights& highlights;
+};
+
+struct SessionPorts {
+    ports::Files& files;
+    ports::Dialogs& dialogs;
+    ports::EventLoop& events;
+    ports::Clock& clock;
+    ports::InstanceLock& instance;
+};
+
+class Session final : public roles::Start {
+public:
+    /// `command` is the command line as one text; `bring_to_front` brings the program's windows to the user.
+    Session(SessionControls controls, SessionData data, SessionRoles roles, SessionPorts ports,
+            store::Stores& stores, std::string_view command, std::function<void()> bring_to_front);
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    roles::MediaKeys& Keys() { return keys_; }
+    /// Ends the program as its menu does.
+    void Exit() { session_.Exit(); }
+    /// The system wants the program to end: as an exit, without the question.
+    void EndSession() { session_.EndSession(); }
+
+    // roles::Start
+    bool IsLoading() const override { return start_up_.IsLoading(); }
+    void SetStage(std::string_view stage) override { splash_.SetStage(stage); }
+
+private:
+    MediaKeys keys_;
+    ActivateRoom splash_;
+    SettingsRoom settings_;
+    LoginRoom login_;
+    NewUserRoom new_user_;
+    SessionRoom session_;
+    HandOffRoom hand_off_;
+    StartUpRoom start_up_;
+};
+
+}  // namespace session
