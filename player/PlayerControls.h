@@ -187,7 +187,7 @@ struct PlayerControls {
 struct TrackListView {
     controls::ListBox& lstTracks;
     controls::ListBox& lstMaybe;
-    bool& ListMaybeChanged;  ///< the tracks were refilled: the play order is copied anew at the next double
+    bool& ListMaybeChanged;  ///< the tracks were refilled: the play order is copied again at the next double
                              ///< click
 };
 

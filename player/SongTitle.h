@@ -12,7 +12,7 @@ struct SongTitle {
 };
 
 /// Splits a file name at its first " - ". A name without one is by "Unknown". The title loses the last 4
-/// characters, the extension; one shorter than that stays whole. A video gets " [Video]" behind its title.
+/// characters, the extension; one shorter than that stays whole. A video gets " [Video]" after its title.
 SongTitle TitleOfFile(std::string_view name, bool is_video);
 
 /// Both trimmed, with " - " between them.
