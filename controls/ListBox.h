@@ -46,8 +46,6 @@ public:
     /// Selects the first row with exactly this text; returns false, and changes nothing, if there is none.
     bool SelectText(std::string_view text);
 
-    bool IsSorted() const { return sorted_ == Sorted::Yes; }
-
     /// A muted text that the screen draws while the list is empty.
     const std::string& Hint() const { return hint_; }
     void SetHint(std::string_view hint) { Assign(hint_, hint, Property::Refresh); }

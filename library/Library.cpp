@@ -1,17 +1,23 @@
 #include "library/Library.h"
 
 namespace library {
+namespace {
+
+LibraryListRoles RolesOfLists(const LibraryRoles& others) {
+    return {.start = others.start,
+            .favourites = others.favourites,
+            .history = others.history,
+            .highlights = others.highlights};
+}
+
+}  // namespace
 
 Library::Library(LibraryWindows windows, LibraryState state, store::Stores& stores, LibraryRoles others,
                  LibraryPorts ports)
     : lists_(windows.controls.lists,
              {.lstAddToPlaylist = windows.controls.playlists.lstAddToPlaylist,
               .lstOpenWith = windows.lstOpenWith},
-             windows.controls.sources, state.ListMaybeChanged, ports.loop, *this,
-             {.start = others.start,
-              .favourites = others.favourites,
-              .history = others.history,
-              .highlights = others.highlights}),
+             windows.controls.sources, state.ListMaybeChanged, ports.loop, *this, RolesOfLists(others)),
       playlists_(windows.controls.playlists, windows.menu, windows.controls.sources, lists_, ports.dialogs,
                  others.highlights),
       search_(windows.controls.search, windows.menu, windows.controls.sources, lists_, others.highlights),

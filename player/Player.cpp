@@ -1,6 +1,17 @@
 #include "player/Player.h"
 
 namespace player {
+namespace {
+
+VideoRoles RolesOfVideo(const PlayerRoles& roles) {
+    return {.window = roles.window,
+            .layout = roles.layout,
+            .hole = roles.hole,
+            .keys = roles.keys,
+            .favourites = roles.favourites};
+}
+
+}  // namespace
 
 Player::Player(PlayerWindows windows, PlayerState& state, PlayerRoles roles, PlayerPorts ports)
     : watch_(ports.media),
@@ -16,37 +27,16 @@ Player::Player(PlayerWindows windows, PlayerState& state, PlayerRoles roles, Pla
       fade_(windows.controls.levels, windows.menu, windows.controls.transport.picSongProgress, mci_, state,
             volume_, panning_, {.address = roles.address, .window = roles.window}),
       video_(windows.video, windows.controls.video, windows.menu, windows.menu.mnuNone, mci_, state,
-             {.window = roles.window,
-              .layout = roles.layout,
-              .hole = roles.hole,
-              .keys = roles.keys,
-              .favourites = roles.favourites},
-             ports.loop),
+             RolesOfVideo(roles), ports.loop),
       visuals_(windows.video, windows.menu, windows.controls.video.picVideo, state, video_,
                {.layout = roles.layout, .hole = roles.hole, .favourites = roles.favourites}, ports.chance),
       playback_(windows.controls.transport, windows.controls.transport.picSongProgress, mci_, state,
-                {.songs = songs_,
-                 .order = order_,
-                 .cue = cue_,
-                 .mode = mode_,
-                 .fade = fade_,
-                 .volume = volume_,
-                 .speed = speed_,
-                 .video = video_,
-                 .line = line_},
-                {.history = roles.history, .start = roles.start},
+                RoomsOfPlayback(), {.history = roles.history, .start = roles.start},
                 {.files = ports.files, .dialogs = ports.dialogs, .loop = ports.loop}),
       queue_(windows.controls.queue, windows.menu, windows.tracks, cue_, playback_, roles.address,
              roles.highlights),
       buttons_(windows.controls.transport, windows.menu, windows.tracks,
-               windows.controls.transport.lblProgress, mci_, state,
-               {.order = order_,
-                .playback = playback_,
-                .fade = fade_,
-                .panning = panning_,
-                .video = video_,
-                .line = line_},
-               roles.address),
+               windows.controls.transport.lblProgress, mci_, state, RoomsOfButtons(), roles.address),
       title_(windows.controls.transport, state, roles.highlights),
       transport_(windows.controls.transport, windows.controls.transport, windows.controls.levels.lblStartFade,
                  windows.controls.transport.lblTrack, mci_, state,
@@ -56,13 +46,32 @@ Player::Player(PlayerWindows windows, PlayerState& state, PlayerRoles roles, Pla
                 roles.layout),
       speaker_test_(windows.speaker_test, windows.menu, windows.controls.transport.lblTrack, mci_, state,
                     {.fade = fade_, .panning = panning_, .volume = volume_}, roles.window),
-      playing_(windows.controls.transport, windows.tracks, mci_, state,
-               {.watch = watch_,
-                .mode = mode_,
-                .volume = volume_,
-                .speed = speed_,
-                .order = order_,
-                .cue = cue_}) {}
+      playing_(windows.controls.transport, windows.tracks, mci_, state, RoomsOfPlaying()) {}
+
+PlaybackRooms Player::RoomsOfPlayback() {
+    return {.songs = songs_,
+            .order = order_,
+            .cue = cue_,
+            .mode = mode_,
+            .fade = fade_,
+            .volume = volume_,
+            .speed = speed_,
+            .video = video_,
+            .line = line_};
+}
+
+PlayButtonRooms Player::RoomsOfButtons() {
+    return {.order = order_,
+            .playback = playback_,
+            .fade = fade_,
+            .panning = panning_,
+            .video = video_,
+            .line = line_};
+}
+
+NowPlayingRooms Player::RoomsOfPlaying() const {
+    return {.watch = watch_, .mode = mode_, .volume = volume_, .speed = speed_, .order = order_, .cue = cue_};
+}
 
 void Player::StopAndForget() {
     buttons_.Stop();

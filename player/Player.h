@@ -108,6 +108,10 @@ public:
     void SettlePictures() override { mode_.SettlePictures(); }
 
 private:
+    PlaybackRooms RoomsOfPlayback();
+    PlayButtonRooms RoomsOfButtons();
+    NowPlayingRooms RoomsOfPlaying() const;
+
     MediaWatch watch_;
     MciLayer mci_;
     SongLookup songs_;

@@ -3,6 +3,38 @@
 #include <utility>
 
 namespace session {
+namespace {
+
+SessionEndRoles RolesOfEnd(const SessionRoles& roles) {
+    return {.tabs = roles.tabs,
+            .address_row = roles.address_row,
+            .transport = roles.transport,
+            .messenger = roles.messenger,
+            .player = roles.player,
+            .highlights = roles.highlights};
+}
+
+StartUpTargets TargetsOfStart(const SessionControls& controls) {
+    return {.frmBrowser = controls.windows.frmBrowser,
+            .frmActivate = controls.activate.frmActivate,
+            .frmLogin = controls.login.frmLogin,
+            .menu = controls.menu,
+            .picVideo = controls.picVideo,
+            .sources = controls.sources};
+}
+
+StartUpRoles RolesOfStart(const SessionRoles& roles) {
+    return {.track_lists = roles.track_lists,
+            .history = roles.history,
+            .favourites = roles.favourites,
+            .tabs = roles.tabs,
+            .address_row = roles.address_row,
+            .opener = roles.opener,
+            .player = roles.player,
+            .highlights = roles.highlights};
+}
+
+}  // namespace
 
 Session::Session(SessionControls controls, SessionData data, SessionRoles roles, SessionPorts ports,
                  store::Stores& stores, std::string_view command, std::function<void()> bring_to_front)
@@ -17,31 +49,10 @@ Session::Session(SessionControls controls, SessionData data, SessionRoles roles,
       new_user_(controls.login, login_, data.session, controls.windows.frmBrowser, controls.windows.frmInfo,
                 ports.dialogs),
       session_(controls.windows, controls.menu, data.session, data.login, settings_, login_, keys_,
-               {.tabs = roles.tabs,
-                .address_row = roles.address_row,
-                .transport = roles.transport,
-                .messenger = roles.messenger,
-                .player = roles.player,
-                .highlights = roles.highlights},
-               ports.dialogs, ports.events),
+               RolesOfEnd(roles), ports.dialogs, ports.events),
       hand_off_(controls.hand_off, ports.instance, std::move(bring_to_front)),
-      start_up_(controls.start_up,
-                {.frmBrowser = controls.windows.frmBrowser,
-                 .frmActivate = controls.activate.frmActivate,
-                 .frmLogin = controls.login.frmLogin,
-                 .menu = controls.menu,
-                 .picVideo = controls.picVideo,
-                 .sources = controls.sources},
-                data.session, data.login, data.web, data.player,
-                {.settings = settings_, .splash = splash_, .hand_off = hand_off_},
-                {.track_lists = roles.track_lists,
-                 .history = roles.history,
-                 .favourites = roles.favourites,
-                 .tabs = roles.tabs,
-                 .address_row = roles.address_row,
-                 .opener = roles.opener,
-                 .player = roles.player,
-                 .highlights = roles.highlights},
+      start_up_(controls.start_up, TargetsOfStart(controls), data.session, data.login, data.web, data.player,
+                {.settings = settings_, .splash = splash_, .hand_off = hand_off_}, RolesOfStart(roles),
                 {.files = ports.files, .events = ports.events, .instance = ports.instance}, stores,
                 ports.files.ApplicationFolder(), command) {}
 

@@ -1,30 +1,38 @@
 #include "web/Web.h"
 
 namespace web {
+namespace {
+
+TabRoles RolesOfTabs(const WebRoles& roles) {
+    return {.window = roles.window,
+            .layout = roles.layout,
+            .highlights = roles.highlights,
+            .transport = roles.transport,
+            .track_lists = roles.track_lists,
+            .media = roles.media,
+            .messenger = roles.messenger};
+}
+
+AddressRoles RolesOfOpener(const WebRoles& roles) {
+    return {.keys = roles.keys,
+            .transport = roles.transport,
+            .now_playing = roles.now_playing,
+            .track_lists = roles.track_lists,
+            .media = roles.media,
+            .cue = roles.cue,
+            .history = roles.history,
+            .messenger = roles.messenger,
+            .start = roles.start};
+}
+
+}  // namespace
 
 Web::Web(WebControls& controls, WebMenu& menu, WebState& state, SessionFacts session, WebRoles roles,
          WebPorts ports)
     : address_(controls.address, state),
       guard_(session.Internet_Connection, ports.dialogs),
-      tabs_(controls.tabs, menu, state, address_,
-            {.window = roles.window,
-             .layout = roles.layout,
-             .highlights = roles.highlights,
-             .transport = roles.transport,
-             .track_lists = roles.track_lists,
-             .media = roles.media,
-             .messenger = roles.messenger},
-            ports.events, *this),
-      opener_(controls.address, state, session.StartedWithArguments, address_, tabs_,
-              {.keys = roles.keys,
-               .transport = roles.transport,
-               .now_playing = roles.now_playing,
-               .track_lists = roles.track_lists,
-               .media = roles.media,
-               .cue = roles.cue,
-               .history = roles.history,
-               .messenger = roles.messenger,
-               .start = roles.start},
+      tabs_(controls.tabs, menu, state, address_, RolesOfTabs(roles), ports.events, *this),
+      opener_(controls.address, state, session.StartedWithArguments, address_, tabs_, RolesOfOpener(roles),
               {.files = ports.files, .events = ports.events}),
       pages_(controls.navigation, menu, state, session, address_, tabs_, guard_,
              {.track_lists = roles.track_lists, .media = roles.media, .history = roles.history},

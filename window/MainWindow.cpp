@@ -53,12 +53,7 @@ MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, 
       places_(BuildPlaces()),
       web_(BuildWeb()),
       session_(BuildSession(command)),
-      remote_({.transport = player_, .playing = player_.Playing()},
-              {.raise = [this] { windows_.BringToFront(); }, .quit = [this] { session_.Exit(); }},
-              {.board = ports.now_playing,
-               .screen_saver = ports.screen_saver,
-               .events = ports.events,
-               .files = ports.files}) {
+      remote_({.transport = player_, .playing = player_.Playing()}, ActionsOfRemote(), PortsOfRemote()) {
     Connect();
     claims_.Claim(windows.frmBrowser.Unload, [this](bool&) { frmBrowser_Unload(); });
 }
@@ -84,6 +79,19 @@ void MainWindow::End() {
     session_.EndSession();
 }
 
+player::PlayerRoles MainWindow::RolesOfPlayer() {
+    return {.window = window_,
+            .layout = relays_.layout,
+            .hole = relays_.hole,
+            .highlights = relays_.highlights,
+            .keys = relays_.media_keys,
+            .address = relays_.address_row,
+            .history = relays_.history,
+            .start = relays_.start,
+            .favourites = relays_.favourites,
+            .messenger = msn_};
+}
+
 player::Player MainWindow::BuildPlayer() {
     BrowserForm& window = windows_.frmBrowser;
     auto& lists = window.library.lists;
@@ -99,17 +107,7 @@ player::Player MainWindow::BuildPlayer() {
                            .lists = {.lstArtists = lists.lstArtists,
                                      .lstPlayLists = lists.lstPlayLists,
                                      .lstTracks = lists.lstTracks}},
-                          state_.player,
-                          {.window = window_,
-                           .layout = relays_.layout,
-                           .hole = relays_.hole,
-                           .highlights = relays_.highlights,
-                           .keys = relays_.media_keys,
-                           .address = relays_.address_row,
-                           .history = relays_.history,
-                           .start = relays_.start,
-                           .favourites = relays_.favourites,
-                           .messenger = msn_},
+                          state_.player, RolesOfPlayer(),
                           {.media = ports_.media,
                            .windows = ports_.windows,
                            .files = ports_.files,
@@ -189,53 +187,72 @@ web::Web MainWindow::BuildWeb() {
                     {.files = ports_.files, .events = ports_.events, .dialogs = ports_.dialogs});
 }
 
-session::Session MainWindow::BuildSession(std::string_view command) {
+session::SessionControls MainWindow::ControlsOfSession() {
     BrowserForm& window = windows_.frmBrowser;
-    return session::Session({.activate = windows_.activate,
-                             .login = windows_.login,
-                             .start_up = windows_.start_up,
-                             .hand_off = window.hand_off,
-                             .menu = window.menus,
-                             .options = windows_.info.options,
-                             .settings = SettingsControlsOf(window, windows_.history.datHistory),
-                             .windows = {.frmBrowser = window,
-                                         .frmActivate = windows_.activate.frmActivate,
-                                         .frmLogin = windows_.login.frmLogin,
-                                         .frmAdd = windows_.add.frmAdd,
-                                         .frmAbout = windows_.about.frmAbout,
-                                         .frmAddMedia = windows_.add_media.frmAddMedia,
-                                         .frmInfo = windows_.info.frmInfo,
-                                         .frmSpeakerTest = windows_.frmSpeakerTest,
-                                         .frmVideo = windows_.frmVideo,
-                                         .unloadme = windows_.info.unloadme},
-                             .sources = {.datSong = window.library.sources.datSong,
-                                         .datPlayList = window.library.sources.datPlayList,
-                                         .datFav = window.favourites.datFav,
-                                         .datHistory = windows_.history.datHistory},
-                             .picVideo = window.player.video.picVideo},
+    return {.activate = windows_.activate,
+            .login = windows_.login,
+            .start_up = windows_.start_up,
+            .hand_off = window.hand_off,
+            .menu = window.menus,
+            .options = windows_.info.options,
+            .settings = SettingsControlsOf(window, windows_.history.datHistory),
+            .windows = {.frmBrowser = window,
+                        .frmActivate = windows_.activate.frmActivate,
+                        .frmLogin = windows_.login.frmLogin,
+                        .frmAdd = windows_.add.frmAdd,
+                        .frmAbout = windows_.about.frmAbout,
+                        .frmAddMedia = windows_.add_media.frmAddMedia,
+                        .frmInfo = windows_.info.frmInfo,
+                        .frmSpeakerTest = windows_.frmSpeakerTest,
+                        .frmVideo = windows_.frmVideo,
+                        .unloadme = windows_.info.unloadme},
+            .sources = {.datSong = window.library.sources.datSong,
+                        .datPlayList = window.library.sources.datPlayList,
+                        .datFav = window.favourites.datFav,
+                        .datHistory = windows_.history.datHistory},
+            .picVideo = window.player.video.picVideo};
+}
+
+session::SessionRoles MainWindow::RolesOfSession() {
+    return {.track_lists = library_.Lists(),
+            .history = places_.History(),
+            .favourites = places_.Favourites(),
+            .tabs = web_.Tabs(),
+            .address_row = web_.Address(),
+            .opener = web_.Opener(),
+            .page = web_.Front(),
+            .transport = player_,
+            .messenger = player_.Line(),
+            .player = player_,
+            .highlights = skin_};
+}
+
+session::Session MainWindow::BuildSession(std::string_view command) {
+    return session::Session(ControlsOfSession(),
                             {.connection = state_.connection,
                              .login = state_.login,
                              .session = state_.session,
                              .options = state_.options,
                              .web = state_.web,
                              .player = state_.player},
-                            {.track_lists = library_.Lists(),
-                             .history = places_.History(),
-                             .favourites = places_.Favourites(),
-                             .tabs = web_.Tabs(),
-                             .address_row = web_.Address(),
-                             .opener = web_.Opener(),
-                             .page = web_.Front(),
-                             .transport = player_,
-                             .messenger = player_.Line(),
-                             .player = player_,
-                             .highlights = skin_},
+                            RolesOfSession(),
                             {.files = ports_.files,
                              .dialogs = ports_.dialogs,
                              .events = ports_.events,
                              .clock = ports_.clock,
                              .instance = ports_.instance},
                             stores_, command, [this] { windows_.BringToFront(); });
+}
+
+RemoteActions MainWindow::ActionsOfRemote() {
+    return {.raise = [this] { windows_.BringToFront(); }, .quit = [this] { session_.Exit(); }};
+}
+
+RemotePorts MainWindow::PortsOfRemote() const {
+    return {.board = ports_.now_playing,
+            .screen_saver = ports_.screen_saver,
+            .events = ports_.events,
+            .files = ports_.files};
 }
 
 void MainWindow::frmBrowser_Unload() {

@@ -84,12 +84,17 @@ public:
     const State& Known() const { return state_; }
 
 private:
+    player::PlayerRoles RolesOfPlayer();
     player::Player BuildPlayer();
     LayoutRoles RolesOfLayout();
     library::Library BuildLibrary();
     places::Places BuildPlaces();
     web::Web BuildWeb();
+    session::SessionControls ControlsOfSession();
+    session::SessionRoles RolesOfSession();
     session::Session BuildSession(std::string_view command);
+    RemoteActions ActionsOfRemote();
+    RemotePorts PortsOfRemote() const;
     void Connect();
     void frmBrowser_Unload();
 

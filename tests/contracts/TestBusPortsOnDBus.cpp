@@ -18,10 +18,10 @@
 namespace contracts {
 namespace {
 
-using bus_bench::MessengerPeer;
-using bus_bench::PlayerWatcher;
-using bus_bench::PrivateBus;
-using bus_bench::SaverService;
+using dbus_tests::MessengerPeer;
+using dbus_tests::PlayerWatcher;
+using dbus_tests::PrivateBus;
+using dbus_tests::SaverService;
 
 QString Text(const std::string& text) {
     return QString::fromStdString(text);
@@ -73,8 +73,8 @@ public:
             windows_[window]->Name(), QStringLiteral("/") + classes_[window],
             QStringLiteral("MsnMsgrUIManager.Window"), QStringLiteral("CopyData"));
         session_.Tell(last << kLast << 0U << QByteArray());
-        EXPECT_TRUE(
-            bus_bench::WaitFor([&received] { return !received.empty() && received.back().dwData == kLast; }));
+        EXPECT_TRUE(dbus_tests::WaitFor(
+            [&received] { return !received.empty() && received.back().dwData == kLast; }));
         return {received.begin(), received.end() - 1};
     }
 
@@ -174,7 +174,7 @@ public:
             session_->WaitForAnswers();
             return service_.Promises() == 0;
         }
-        return bus_bench::WaitFor([this] { return service_.Promises() == 0; });
+        return dbus_tests::WaitFor([this] { return service_.Promises() == 0; });
     }
     void EndProgram() override {
         saver_.reset();

@@ -63,7 +63,7 @@ private:
     std::string text_;
     std::string title_;
     std::string offered_;
-    qt::Boxes boxes_{bench::TheLoop()};
+    qt::Boxes boxes_{qt_tests::TheLoop()};
 };
 
 /// Runs a handler as an event.
@@ -84,8 +84,8 @@ private:
 // the runner of the tests.
 class QtLoopBench final : public EventLoopBench {
 public:
-    QtLoopBench() : screen_(bench::TheLoop(), {}) {}
-    ports::EventLoop& Loop() override { return bench::TheLoop(); }
+    QtLoopBench() : screen_(qt_tests::TheLoop(), {}) {}
+    ports::EventLoop& Loop() override { return qt_tests::TheLoop(); }
     void Adopt(controls::Form& form) override { screen_.Adopt(form); }
     void Run(std::function<void()> handler) override {
         Runner runner(std::move(handler));
@@ -99,11 +99,11 @@ public:
     bool YieldUntil(const std::function<bool()>& done) override {
         const auto start = std::chrono::steady_clock::now();
         while (!done() && std::chrono::steady_clock::now() - start < std::chrono::seconds(5)) {
-            bench::TheLoop().Yield();
+            qt_tests::TheLoop().Yield();
         }
         return done();
     }
-    void AskToEnd() override { bench::TheLoop().Quit(); }
+    void AskToEnd() override { qt_tests::TheLoop().Quit(); }
 
 private:
     qt::Screen screen_;
@@ -121,7 +121,7 @@ public:
     }
 
 private:
-    bench::Desk desk_;
+    qt_tests::Desk desk_;
     qt::MainWindowShape shape_{desk_.screen, desk_.form};
 };
 

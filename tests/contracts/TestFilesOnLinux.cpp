@@ -20,8 +20,8 @@ public:
     }
 
 private:
-    linux_bench::PlayFolder folder_;
-    linux_bench::Unprivileged rights_{folder_};
+    linux_tests::PlayFolder folder_;
+    linux_tests::Unprivileged rights_{folder_};
     linux::LinuxFiles files_;
     std::vector<std::string> closed_;
 };

@@ -32,8 +32,8 @@ public:
     void MakeUnusable() override { ASSERT_EQ(::chmod(folder_.Path().c_str(), 0500), 0); }
 
 private:
-    linux_bench::PlayFolder folder_;
-    linux_bench::Unprivileged rights_{folder_};
+    linux_tests::PlayFolder folder_;
+    linux_tests::Unprivileged rights_{folder_};
 };
 
 INSTANTIATE_TEST_SUITE_P(Linux, InstanceLockContract,

@@ -14,7 +14,7 @@
 #include "library/AddMediaRoom.h"
 #include "library/LibraryPane.h"
 
-namespace testing_library {
+namespace library_tests {
 
 /// The main window and the lists; of the window only Show is asked for.
 struct RecordingMainWindow final : fakes::NullWindow, roles::TrackLists {
@@ -53,4 +53,4 @@ struct AddMediaDialog {
         Form, Stores.Stores, "C:\\app", SubFolders, Main, Main, {Files, Dialogs, Desktop}};
 };
 
-}  // namespace testing_library
+}  // namespace library_tests

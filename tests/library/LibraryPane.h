@@ -16,7 +16,7 @@
 #include "library/PlayListRoom.h"
 #include "library/SearchRoom.h"
 
-namespace testing_library {
+namespace library_tests {
 
 using Rows = std::vector<std::string>;
 
@@ -109,4 +109,4 @@ struct LibraryPane {
     library::SearchRoom SearchingRoom{Search, menu, Sources, ListsRoom, Neighbours};
 };
 
-}  // namespace testing_library
+}  // namespace library_tests

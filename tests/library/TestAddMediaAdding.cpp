@@ -10,8 +10,8 @@
 
 namespace {
 
-using testing_library::AddMediaDialog;
-using testing_library::Rows;
+using library_tests::AddMediaDialog;
+using library_tests::Rows;
 using SongRows = std::vector<fakes::SeededStores::Row>;
 
 class AddMediaAddingTest : public testing::Test, protected AddMediaDialog {

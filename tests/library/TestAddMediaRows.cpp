@@ -8,7 +8,7 @@
 
 namespace {
 
-using testing_library::AddMediaDialog;
+using library_tests::AddMediaDialog;
 using SongRows = std::vector<fakes::SeededStores::Row>;
 
 class AddMediaRowsTest : public testing::Test, protected AddMediaDialog {

@@ -8,9 +8,9 @@
 
 namespace {
 
-using testing_library::AddMediaDialog;
-using testing_library::Rows;
-using testing_library::RowsOf;
+using library_tests::AddMediaDialog;
+using library_tests::Rows;
+using library_tests::RowsOf;
 
 class AddMediaSearchTest : public testing::Test, protected AddMediaDialog {};
 

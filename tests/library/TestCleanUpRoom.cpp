@@ -10,11 +10,11 @@
 
 namespace {
 
+using library_tests::LibraryPane;
+using library_tests::PlayListRow;
+using library_tests::Rows;
+using library_tests::RowsOf;
 using ports::BoxAnswer;
-using testing_library::LibraryPane;
-using testing_library::PlayListRow;
-using testing_library::Rows;
-using testing_library::RowsOf;
 
 class CleanUpRoomTest : public testing::Test, protected LibraryPane {
 protected:

@@ -142,7 +142,7 @@ protected:
         return rows;
     }
 
-    linux_bench::PlayFolder folder_;
+    linux_tests::PlayFolder folder_;
     std::string store_file_ = folder_ / "dbMedia.mdb";
     std::set<std::string> paths_;
 };

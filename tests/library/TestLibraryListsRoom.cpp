@@ -12,11 +12,11 @@
 namespace {
 
 using library::SearchField;
-using testing_library::LibraryPane;
-using testing_library::PlayListRow;
-using testing_library::Rows;
-using testing_library::RowsOf;
-using testing_library::Song;
+using library_tests::LibraryPane;
+using library_tests::PlayListRow;
+using library_tests::Rows;
+using library_tests::RowsOf;
+using library_tests::Song;
 
 class LibraryListsRoomTest : public testing::Test, protected LibraryPane {
 protected:

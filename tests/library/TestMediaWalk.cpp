@@ -11,8 +11,8 @@
 
 namespace {
 
-using testing_library::Rows;
-using testing_library::RowsOf;
+using library_tests::Rows;
+using library_tests::RowsOf;
 
 class MediaWalkTest : public testing::Test {
 protected:

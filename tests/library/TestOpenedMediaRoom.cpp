@@ -9,8 +9,8 @@
 
 namespace {
 
-using testing_library::AddMediaDialog;
-using testing_library::Song;
+using library_tests::AddMediaDialog;
+using library_tests::Song;
 using SongRow = fakes::SeededStores::Row;
 
 class OpenedMediaRoomTest : public testing::Test, protected AddMediaDialog {

@@ -8,12 +8,12 @@
 
 namespace {
 
+using library_tests::LibraryPane;
+using library_tests::PlayListRow;
+using library_tests::Rows;
+using library_tests::RowsOf;
+using library_tests::Song;
 using ports::BoxAnswer;
-using testing_library::LibraryPane;
-using testing_library::PlayListRow;
-using testing_library::Rows;
-using testing_library::RowsOf;
-using testing_library::Song;
 
 class PlayListRoomTest : public testing::Test, protected LibraryPane {
 protected:

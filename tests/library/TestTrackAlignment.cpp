@@ -13,9 +13,9 @@
 
 namespace {
 
-using testing_library::LibraryPane;
-using testing_library::PlayListRow;
-using testing_library::Song;
+using library_tests::LibraryPane;
+using library_tests::PlayListRow;
+using library_tests::Song;
 
 constexpr int kSteps = 400;
 

@@ -14,10 +14,10 @@
 
 namespace {
 
-using testing_library::LibraryPane;
-using testing_library::Rows;
-using testing_library::RowsOf;
-using testing_library::Song;
+using library_tests::LibraryPane;
+using library_tests::Rows;
+using library_tests::RowsOf;
+using library_tests::Song;
 
 class TrackMatchRoomTest : public testing::Test, protected LibraryPane {
 protected:

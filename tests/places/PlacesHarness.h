@@ -18,7 +18,7 @@
 #include "places/FavouritesRoom.h"
 #include "places/HistoryRoom.h"
 
-namespace places_test {
+namespace places_tests {
 
 using Texts = std::vector<std::string>;
 using Row = fakes::FakeDatabase::Row;
@@ -191,4 +191,4 @@ protected:
                                 boxes};
 };
 
-}  // namespace places_test
+}  // namespace places_tests

@@ -2,11 +2,11 @@
 
 namespace {
 
-using places_test::Row;
-using places_test::RowsOf;
-using places_test::Texts;
+using places_tests::Row;
+using places_tests::RowsOf;
+using places_tests::Texts;
 
-class AddFavouriteRoom : public places_test::FavouritesTest {
+class AddFavouriteRoom : public places_tests::FavouritesTest {
 protected:
     void OpenFilledIn(std::string_view group, std::string_view name, std::string_view url) {
         Load();

@@ -2,10 +2,10 @@
 
 namespace {
 
-using places_test::Row;
-using places_test::RowsOf;
-using places_test::Texts;
-using FavouritesRoom = places_test::FavouritesTest;
+using places_tests::Row;
+using places_tests::RowsOf;
+using places_tests::Texts;
+using FavouritesRoom = places_tests::FavouritesTest;
 
 controls::DropData Files(Texts files) {
     controls::DropData data;

@@ -3,8 +3,8 @@
 
 namespace {
 
-using places_test::Row;
-using places_test::Texts;
+using places_tests::Row;
+using places_tests::Texts;
 using roles::HistoryKind;
 
 constexpr int kLastSetting = store::NumberOf(store::SettingsRow::EndMark);
@@ -39,9 +39,9 @@ protected:
     places::HistoryMenu menu;
     store::DataSource songs{"datSong"};
     bool Save_History = true;
-    places_test::RecordingAddressRow address;
-    places_test::FakeFrontPage page;
-    places_test::RecordingPlayedSongs played;
+    places_tests::RecordingAddressRow address;
+    places_tests::FakeFrontPage page;
+    places_tests::RecordingPlayedSongs played;
     places::HistoryRoom room{
         controls, menu, songs, Save_History, {.address = address, .page = page, .played = played}, boxes};
 };

@@ -34,7 +34,7 @@
 #include "session/SettingsRoom.h"
 #include "session/StartUpRoom.h"
 
-namespace session_test {
+namespace session_tests {
 
 using Texts = std::vector<std::string>;
 using Row = fakes::FakeDatabase::Row;
@@ -362,4 +362,4 @@ private:
     }
 };
 
-}  // namespace session_test
+}  // namespace session_tests

@@ -2,9 +2,9 @@
 
 namespace {
 
-using ActivateRoom = session_test::CoreTest;
-using session_test::Count;
-using session_test::Texts;
+using ActivateRoom = session_tests::CoreTest;
+using session_tests::Count;
+using session_tests::Texts;
 
 constexpr std::string_view kMissingText =
     "Some of your databases are not in there correct directory, please re-install the application to ensure "
@@ -67,7 +67,7 @@ TEST_F(ActivateRoom, AMissingStoreIsRefusedWithABox) {
         EXPECT_EQ(boxes.Boxes[0].title, "Database missing...") << file;
         EXPECT_EQ(boxes.Boxes[0].icon, ports::BoxIcon::Critical) << file;
         EXPECT_EQ(boxes.Boxes[0].buttons, ports::BoxButtons::Ok) << file;
-        files.AddFile(std::string(session_test::kAppPath).append(file));
+        files.AddFile(std::string(session_tests::kAppPath).append(file));
     }
 }
 
@@ -221,7 +221,7 @@ TEST_F(ActivateRoom, NobodyStartsTheProbeInANormalRun) {
 }
 
 /// The probe, with a page engine behind it.
-class ConnectionProbe : public session_test::CoreTest {
+class ConnectionProbe : public session_tests::CoreTest {
 protected:
     ConnectionProbe() {
         splash.SetStage("Media Library");

@@ -2,8 +2,8 @@
 
 namespace {
 
-using LoginRoom = session_test::CoreTest;
-using session_test::Row;
+using LoginRoom = session_tests::CoreTest;
+using session_tests::Row;
 
 TEST_F(LoginRoom, TheLoginIsDesignedAtRest) {
     EXPECT_FALSE(login_form.tmrLoad.Enabled());
@@ -384,7 +384,7 @@ TEST_F(LoginRoom, AMissingLoginOrHistoryStoreStopsWithoutAWord) {
         EXPECT_FALSE(login_form.tmrLoad.Enabled()) << file;
         EXPECT_FALSE(w.frmBrowser.IsLoaded()) << file;
         EXPECT_TRUE(boxes.Boxes.empty()) << file;
-        files.AddFile(std::string(session_test::kAppPath).append(file));
+        files.AddFile(std::string(session_tests::kAppPath).append(file));
     }
 }
 
@@ -418,7 +418,7 @@ TEST_F(LoginRoom, ClosingTheLoginEndsTheProgram) {
     EXPECT_FALSE(activate.frmActivate.IsLoaded());
     EXPECT_FALSE(login_form.frmLogin.IsLoaded());
     EXPECT_TRUE(session.mainclose);
-    EXPECT_EQ(session_test::Count(near.Log, "CloseMedia"), 1);
+    EXPECT_EQ(session_tests::Count(near.Log, "CloseMedia"), 1);
 }
 
 TEST_F(LoginRoom, ClosingTheLoginAsksNothingAboutOpenTabs) {

@@ -2,8 +2,8 @@
 
 namespace {
 
-using MediaKeys = session_test::CoreTest;
-using session_test::Texts;
+using MediaKeys = session_tests::CoreTest;
+using session_tests::Texts;
 
 TEST_F(MediaKeys, EachKeyHasItsAction) {
     const struct {

@@ -2,9 +2,9 @@
 
 namespace {
 
-using session_test::Row;
+using session_tests::Row;
 
-class NewUserRoom : public session_test::CoreTest {
+class NewUserRoom : public session_tests::CoreTest {
 protected:
     void OpenWizard() {
         OpenLogin();

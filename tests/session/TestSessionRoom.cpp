@@ -2,11 +2,11 @@
 
 namespace {
 
-using session_test::Count;
-using session_test::PlaceOf;
-using session_test::Texts;
+using session_tests::Count;
+using session_tests::PlaceOf;
+using session_tests::Texts;
 
-class SessionRoom : public session_test::CoreTest {
+class SessionRoom : public session_tests::CoreTest {
 protected:
     /// A person at work: logged in, the main window in front.
     void LogIn() {

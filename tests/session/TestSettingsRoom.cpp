@@ -5,14 +5,14 @@
 
 namespace {
 
-using session_test::Count;
-using session_test::PlaceOf;
-using session_test::Row;
-using session_test::Texts;
+using session_tests::Count;
+using session_tests::PlaceOf;
+using session_tests::Row;
+using session_tests::Texts;
 
 constexpr int kEndMark = store::NumberOf(store::SettingsRow::EndMark);
 
-class SettingsRoom : public session_test::CoreTest {
+class SettingsRoom : public session_tests::CoreTest {
 protected:
     SettingsRoom() {
         BindSettings();

@@ -2,12 +2,12 @@
 
 namespace {
 
-using session_test::Count;
-using session_test::PlaceOf;
-using session_test::Texts;
-using StartUpRoom = session_test::CoreTest;
+using session_tests::Count;
+using session_tests::PlaceOf;
+using session_tests::Texts;
+using StartUpRoom = session_tests::CoreTest;
 
-class StartUpWithFiles : public session_test::CoreTest {
+class StartUpWithFiles : public session_tests::CoreTest {
 protected:
     StartUpWithFiles() : CoreTest("\"C:\\a b.mp3\" \"C:\\c.mp3\"") {}
 };

@@ -2,8 +2,8 @@
 
 namespace {
 
-using AddressRoom = web_test::WebTest;
-using web_test::Calls;
+using AddressRoom = web_tests::WebTest;
+using web_tests::Calls;
 
 const std::vector<std::string_view> kPlayerWords{"PlaySong", "AddMediaFromCommand", "AddSiteToHistory",
                                                  "AddPlayList", "Command1"};

@@ -2,8 +2,8 @@
 
 namespace {
 
-using BrowserEventsRoom = web_test::WebTest;
-using web_test::Calls;
+using BrowserEventsRoom = web_tests::WebTest;
+using web_tests::Calls;
 
 TEST_F(BrowserEventsRoom, ATitleReachesTabMenuAndWindow) {
     const int tab = Open("http://one.example/");

@@ -2,8 +2,8 @@
 
 namespace {
 
-using RefreshRoom = web_test::WebTest;
-using web_test::Calls;
+using RefreshRoom = web_tests::WebTest;
+using web_tests::Calls;
 
 TEST_F(RefreshRoom, ItIsOffAtFirst) {
     EXPECT_FALSE(groups.refresh.imgCheckChecked.Visible());

@@ -2,12 +2,12 @@
 
 namespace {
 
-using web_test::Calls;
+using web_tests::Calls;
 
 const std::string kMailLogin = std::string(web::LiveLoginUrl) + "in";
 const std::string kOtherLogin = "http://" + std::string(web::MySpaceHost) + "/";
 
-class SiteLogin : public web_test::WebTest {
+class SiteLogin : public web_tests::WebTest {
 protected:
     SiteLogin() {
         web_[kMailLogin] = {"Mail", {}, ""};

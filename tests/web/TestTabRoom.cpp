@@ -2,8 +2,8 @@
 
 namespace {
 
-using TabRoom = web_test::WebTest;
-using web_test::Calls;
+using TabRoom = web_tests::WebTest;
+using web_tests::Calls;
 
 TEST_F(TabRoom, TheTemplateIsNeverShown) {
     Open("http://one.example/");

@@ -2,8 +2,8 @@
 
 namespace {
 
-using WebCommandsRoom = web_test::WebTest;
-using web_test::Calls;
+using WebCommandsRoom = web_tests::WebTest;
+using web_tests::Calls;
 
 const std::string kHelpPage =
     std::string(web::MakerSiteUrl) +

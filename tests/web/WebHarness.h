@@ -21,7 +21,7 @@
 #include "web/Addresses.h"
 #include "web/Web.h"
 
-namespace web_test {
+namespace web_tests {
 
 using Calls = std::vector<std::string>;
 
@@ -286,4 +286,4 @@ private:
     }
 };
 
-}  // namespace web_test
+}  // namespace web_tests

@@ -241,7 +241,7 @@ std::string Joined(const Names& names) {
 std::vector<const controls::Control*> OneOfAName(const controls::Form& window) {
     std::vector<const controls::Control*> controls;
     std::map<std::string, std::size_t> arrays;
-    for (const controls::Control* control : walk::ControlsOf(window)) {
+    for (const controls::Control* control : window_tests::ControlsOf(window)) {
         if (control->Index() < 0) {
             controls.push_back(control);
             continue;
@@ -280,7 +280,7 @@ Table TableOf(const Section& section) {
         // The heap has no order that stays.
         if (control->Index() >= 0) one.address = nullptr;
         if (const auto rooms = ExceptionOf(section, *control)) one.row.rooms = Listed(*rooms);
-        one.row.events = walk::ClaimedEvents(*control);
+        one.row.events = window_tests::ClaimedEvents(*control);
         placed.push_back(std::move(one));
     }
     for (const store::DataSource* data : section.data)

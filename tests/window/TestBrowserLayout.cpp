@@ -46,7 +46,7 @@ Rect RectOf(const Control& control) {
 /// Everything in a window, at any depth, that has a place: all but timers and menus.
 std::vector<const Control*> PlacedOf(const controls::Form& window) {
     std::vector<const Control*> all;
-    for (const Control* control : walk::ControlsOf(window)) {
+    for (const Control* control : window_tests::ControlsOf(window)) {
         const bool elsewhere = control == &window || control->ControlKind() == controls::Kind::Timer ||
                                control->ControlKind() == controls::Kind::Menu;
         if (!elsewhere) all.push_back(control);

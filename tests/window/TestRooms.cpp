@@ -99,7 +99,7 @@ TEST_F(RoomsTest, NobodyListensToWhatHasNoRoom) {
 
 TEST_F(RoomsTest, TheMenuEntriesThatNobodyAnswersAreThoseThatAreNotBuilt) {
     std::set<std::string> unanswered;
-    for (const controls::Control* control : walk::ControlsOf(program.Browser())) {
+    for (const controls::Control* control : window_tests::ControlsOf(program.Browser())) {
         const auto* entry = dynamic_cast<const controls::Menu*>(control);
         if (entry == nullptr || entry->IsSeparator() || !entry->Entries().empty()) continue;
         if (!entry->Click.IsClaimed()) unanswered.insert(entry->Name());

@@ -3,7 +3,7 @@
 #include "controls/FolderLists.h"
 #include "controls/WebBrowser.h"
 
-namespace walk {
+namespace window_tests {
 namespace {
 
 using controls::Control;
@@ -82,4 +82,4 @@ Names ClaimedEvents(const Control& control) {
     return claimed;
 }
 
-}  // namespace walk
+}  // namespace window_tests

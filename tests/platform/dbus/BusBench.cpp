@@ -10,7 +10,7 @@
 #include <QDeadlineTimer>
 #include <utility>
 
-namespace bus_bench {
+namespace dbus_tests {
 namespace {
 
 QString Text(const char* text) {
@@ -243,4 +243,4 @@ QDBusObjectPath PortalObject::Inhibit(const QString& window, uint flags, const Q
     return QDBusObjectPath(path);
 }
 
-}  // namespace bus_bench
+}  // namespace dbus_tests

@@ -18,7 +18,7 @@
 
 #include "ports/Messenger.h"
 
-namespace bus_bench {
+namespace dbus_tests {
 
 /// Runs events until `done` says so; false when it has not within five seconds.
 bool WaitFor(const std::function<bool()>& done);
@@ -192,4 +192,4 @@ private:
     uint cookie_;
 };
 
-}  // namespace bus_bench
+}  // namespace dbus_tests

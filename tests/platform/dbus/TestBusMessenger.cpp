@@ -8,7 +8,7 @@
 
 namespace {
 
-using bus_bench::MessengerPeer;
+using dbus_tests::MessengerPeer;
 
 const QString kClass = QStringLiteral("MsnMsgrUIManager");
 
@@ -20,7 +20,7 @@ protected:
         messenger.emplace(*session);
     }
 
-    bus_bench::PrivateBus bus;
+    dbus_tests::PrivateBus bus;
     std::optional<dbus::SessionBus> session;
     std::optional<dbus::BusMessenger> messenger;
     const ports::CopyData block{1351, 4, {'a', 0, 0, 0}};
@@ -33,7 +33,7 @@ TEST_F(BusMessengerTest, EveryNameThatBeginsWithTheClassIsTold) {
 
     messenger->SendToWindows("MsnMsgrUIManager", block);
 
-    EXPECT_TRUE(bus_bench::WaitFor([&] { return !one.Received().empty() && !two.Received().empty(); }));
+    EXPECT_TRUE(dbus_tests::WaitFor([&] { return !one.Received().empty() && !two.Received().empty(); }));
     EXPECT_EQ(one.Received(), std::vector{block});
     EXPECT_EQ(two.Received(), std::vector{block});
     EXPECT_TRUE(other.Received().empty());
@@ -44,7 +44,7 @@ TEST_F(BusMessengerTest, NoReplyIsWanted) {
 
     messenger->SendToWindows("MsnMsgrUIManager", block);
 
-    EXPECT_TRUE(bus_bench::WaitFor([&] { return !one.Received().empty(); }));
+    EXPECT_TRUE(dbus_tests::WaitFor([&] { return !one.Received().empty(); }));
     EXPECT_FALSE(one.WasReplyWanted());
 }
 
@@ -55,7 +55,7 @@ TEST_F(BusMessengerTest, TheLastWordsGoOutBeforeTheEnd) {
     messenger.reset();
     session.reset();
 
-    EXPECT_TRUE(bus_bench::WaitFor([&] { return one.Received().size() == 1; }));
+    EXPECT_TRUE(dbus_tests::WaitFor([&] { return one.Received().size() == 1; }));
 }
 
 TEST_F(BusMessengerTest, OnADeadBusNothingHappens) {
@@ -67,7 +67,7 @@ TEST_F(BusMessengerTest, OnADeadBusNothingHappens) {
 }
 
 TEST(BusMessengerWithoutABus, NothingHappens) {
-    bus_bench::PrivateBus gone;
+    dbus_tests::PrivateBus gone;
     gone.Kill();
     dbus::SessionBus session(gone.Address());
     session.Join();

@@ -8,15 +8,15 @@
 
 namespace {
 
-using bus_bench::SaverService;
-using bus_bench::WaitFor;
+using dbus_tests::SaverService;
+using dbus_tests::WaitFor;
 using Calls = std::vector<std::string>;
 
 class BusScreenSaverTest : public testing::Test {
 protected:
     BusScreenSaverTest() { session.Join(); }
 
-    bus_bench::PrivateBus bus;
+    dbus_tests::PrivateBus bus;
     dbus::SessionBus session{bus.Address()};
     dbus::BusScreenSaver saver{session};
 };

@@ -14,8 +14,8 @@
 
 namespace {
 
-using bus_bench::Peer;
-using bus_bench::PlayerWatcher;
+using dbus_tests::Peer;
+using dbus_tests::PlayerWatcher;
 
 const QString kName = QStringLiteral("org.mpris.MediaPlayer2.brindlepost");
 const QString kPlayer = QStringLiteral("org.mpris.MediaPlayer2.Player");
@@ -48,7 +48,7 @@ protected:
         return now;
     }
 
-    bus_bench::PrivateBus bus;
+    dbus_tests::PrivateBus bus;
     dbus::SessionBus session{bus.Address()};
     fakes::RecordingRemoteControl control;
     dbus::MprisBoard board{session};
@@ -188,11 +188,11 @@ TEST_F(MprisBoardTest, OnADeadBusNothingHappens) {
     board.Show(Song());
     board.ShowJump(5);
 
-    EXPECT_TRUE(bus_bench::WaitFor([this] { return !session.IsJoined(); }));
+    EXPECT_TRUE(dbus_tests::WaitFor([this] { return !session.IsJoined(); }));
 }
 
 TEST(MprisBoardEarly, WhatWasShownBeforeTheBusIsSeenOnIt) {
-    bus_bench::PrivateBus bus;
+    dbus_tests::PrivateBus bus;
     dbus::SessionBus session(bus.Address());
     dbus::MprisBoard board(session);
     ports::NowPlaying now;

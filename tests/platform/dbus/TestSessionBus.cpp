@@ -7,7 +7,7 @@
 namespace {
 
 TEST(SessionBus, WorkThatWaitsForTheBusIsDoneWhenItIsJoined) {
-    bus_bench::PrivateBus bus;
+    dbus_tests::PrivateBus bus;
     dbus::SessionBus session(bus.Address());
     int done = 0;
     session.WhenJoined([&done] { ++done; });
@@ -22,7 +22,7 @@ TEST(SessionBus, WorkThatWaitsForTheBusIsDoneWhenItIsJoined) {
 }
 
 TEST(SessionBus, AnAnswerComesAsAnEvent) {
-    bus_bench::PrivateBus bus;
+    dbus_tests::PrivateBus bus;
     dbus::SessionBus session(bus.Address());
     session.Join();
     QStringList names;
@@ -31,12 +31,12 @@ TEST(SessionBus, AnAnswerComesAsAnEvent) {
                 [&names](const QDBusMessage& reply) { names = reply.arguments().value(0).toStringList(); });
 
     EXPECT_TRUE(names.isEmpty());
-    EXPECT_TRUE(bus_bench::WaitFor([&names] { return !names.isEmpty(); }));
+    EXPECT_TRUE(dbus_tests::WaitFor([&names] { return !names.isEmpty(); }));
     EXPECT_TRUE(names.contains(QStringLiteral("org.freedesktop.DBus")));
 }
 
 TEST(SessionBus, WaitingForAnswersAnswersThem) {
-    bus_bench::PrivateBus bus;
+    dbus_tests::PrivateBus bus;
     dbus::SessionBus session(bus.Address());
     session.Join();
     int answers = 0;
@@ -52,7 +52,7 @@ TEST(SessionBus, WaitingForAnswersAnswersThem) {
 }
 
 TEST(SessionBus, AnErrorIsAnAnswerToo) {
-    bus_bench::PrivateBus bus;
+    dbus_tests::PrivateBus bus;
     dbus::SessionBus session(bus.Address());
     session.Join();
     QDBusMessage::MessageType type = QDBusMessage::InvalidMessage;
@@ -65,7 +65,7 @@ TEST(SessionBus, AnErrorIsAnAnswerToo) {
 }
 
 TEST(SessionBus, ABusThatDiesMeanwhileAnswersWithAnErrorAndIsLeft) {
-    bus_bench::PrivateBus bus;
+    dbus_tests::PrivateBus bus;
     dbus::SessionBus session(bus.Address());
     session.Join();
     bus.Kill();
@@ -77,7 +77,7 @@ TEST(SessionBus, ABusThatDiesMeanwhileAnswersWithAnErrorAndIsLeft) {
     session.WaitForAnswers();
 
     EXPECT_TRUE(failed || !session.IsJoined());
-    EXPECT_TRUE(bus_bench::WaitFor([&session] { return !session.IsJoined(); }));
+    EXPECT_TRUE(dbus_tests::WaitFor([&session] { return !session.IsJoined(); }));
     session.Tell(dbus::BusCall(QStringLiteral("GetId")));
 }
 

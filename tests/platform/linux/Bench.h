@@ -10,7 +10,7 @@
 #include <fstream>
 #include <string>
 
-namespace linux_bench {
+namespace linux_tests {
 
 /// A folder of the test's own, gone afterwards.
 class PlayFolder {
@@ -61,4 +61,4 @@ private:
     bool is_root_;
 };
 
-}  // namespace linux_bench
+}  // namespace linux_tests

@@ -71,7 +71,7 @@ TEST_F(CommandTextTest, NamesThatAPathCannotHoldLeadBackToTheirFiles) {
 }
 
 TEST_F(CommandTextTest, AFileThatIsThereIsNoAddress) {
-    const linux_bench::PlayFolder folder;
+    const linux_tests::PlayFolder folder;
     folder.Write("www.song.com.mp3");
     folder.Write("a:b.mp3");
 
@@ -84,7 +84,7 @@ TEST_F(CommandTextTest, AFileThatIsThereIsNoAddress) {
 }
 
 TEST_F(CommandTextTest, DotsOnTheWayAreResolvedAsTheSystemDoes) {
-    const linux_bench::PlayFolder folder;
+    const linux_tests::PlayFolder folder;
     folder.Make("x/deep");
     folder.Make("y");
     folder.Link("../x/deep", "y/link");

@@ -14,8 +14,8 @@
 namespace linux {
 namespace {
 
-using linux_bench::PlayFolder;
-using linux_bench::Unprivileged;
+using linux_tests::PlayFolder;
+using linux_tests::Unprivileged;
 using Names = std::vector<std::string>;
 
 class LinuxFilesTest : public testing::Test {

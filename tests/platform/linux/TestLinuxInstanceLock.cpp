@@ -19,7 +19,7 @@
 namespace linux {
 namespace {
 
-using linux_bench::PlayFolder;
+using linux_tests::PlayFolder;
 using ports::Instance;
 
 struct Pipe {
@@ -224,7 +224,7 @@ TEST(LinuxInstanceLock, AMissingFolderIsNamedInTheReason) {
 
 TEST(LinuxInstanceLock, AReadOnlyFolderIsNamedInTheReason) {
     const PlayFolder folder;
-    const linux_bench::Unprivileged rights(folder);
+    const linux_tests::Unprivileged rights(folder);
     ASSERT_EQ(::chmod(folder.Path().c_str(), 0555), 0);
     LinuxInstanceLock lock(folder.Path());
 

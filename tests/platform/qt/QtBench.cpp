@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-namespace bench {
+namespace qt_tests {
 
 qt::Loop& TheLoop() {
     static qt::Loop loop;
@@ -27,11 +27,11 @@ void PlaceAt(controls::Control& control, int left, int top, int width, int heigh
     control.Move(left * kTwips, top * kTwips, width * kTwips, height * kTwips);
 }
 
-}  // namespace bench
+}  // namespace qt_tests
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qt::Application application(argv[0], bench::TheLoop());
+    qt::Application application(argv[0], qt_tests::TheLoop());
     return RUN_ALL_TESTS();
 }

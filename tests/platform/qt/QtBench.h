@@ -9,7 +9,7 @@
 #include "platform/qt/Loop.h"
 #include "platform/qt/Screen.h"
 
-namespace bench {
+namespace qt_tests {
 
 /// The loop that the application object of this program runs on.
 qt::Loop& TheLoop();
@@ -47,4 +47,4 @@ private:
 /// Puts a control at a place in pixels.
 void PlaceAt(controls::Control& control, int left, int top, int width, int height);
 
-}  // namespace bench
+}  // namespace qt_tests

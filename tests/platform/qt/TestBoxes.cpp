@@ -33,7 +33,7 @@ protected:
     ports::Dialogs& boxes() { return boxes_; }
 
 private:
-    qt::Boxes boxes_{bench::TheLoop()};
+    qt::Boxes boxes_{qt_tests::TheLoop()};
 };
 
 TEST_F(BoxesTest, ABoxShowsItsTextAndTitleLetterForLetter) {

@@ -13,8 +13,8 @@ ports::Hole SquareHole(int left, int top, int size) {
 TEST(DesktopWindows, TheRectangleOfAVideoSurfaceIsWhereItStandsOnTheScreen) {
     controls::PictureBox video("picVid");
     video.SetLook("video");
-    bench::PlaceAt(video, 10, 20, 100, 50);
-    const bench::Desk desk(video);
+    qt_tests::PlaceAt(video, 10, 20, 100, 50);
+    const qt_tests::Desk desk(video);
     ports::WindowRect rect;
 
     const bool known = qt::DesktopWindows().GetWindowRect(video.Handle(), rect);
@@ -39,7 +39,7 @@ class MainWindowShape : public testing::Test {
 protected:
     QRegion Mask() { return desk.screen.WindowOf(desk.form)->mask(); }
 
-    bench::Desk desk;
+    qt_tests::Desk desk;
     qt::MainWindowShape shape{desk.screen, desk.form};
 };
 

@@ -16,12 +16,12 @@ namespace {
 class FormMirrorTest : public testing::Test {
 protected:
     ~FormMirrorTest() override { claims_.Release(); }
-    QWidget* Window(bench::Desk& desk) { return desk.screen.WindowOf(desk.form); }
+    QWidget* Window(qt_tests::Desk& desk) { return desk.screen.WindowOf(desk.form); }
     controls::EventClaims claims_;
 };
 
 TEST_F(FormMirrorTest, AWindowIsShownWithItsTitleAndContentSize) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
 
     desk.form.SetCaption("Another");
     desk.screen.CatchUp();
@@ -32,7 +32,7 @@ TEST_F(FormMirrorTest, AWindowIsShownWithItsTitleAndContentSize) {
 }
 
 TEST_F(FormMirrorTest, AWindowThatWasNeverPlacedIsCentred) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
 
     const QPoint centre = Window(desk)->geometry().center();
 
@@ -41,7 +41,7 @@ TEST_F(FormMirrorTest, AWindowThatWasNeverPlacedIsCentred) {
 }
 
 TEST_F(FormMirrorTest, AHiddenWindowIsGoneFromTheScreen) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
 
     desk.form.Hide();
     desk.screen.CatchUp();
@@ -50,44 +50,44 @@ TEST_F(FormMirrorTest, AHiddenWindowIsGoneFromTheScreen) {
 }
 
 TEST_F(FormMirrorTest, AnotherSizeByThePersonIsWrittenBackAndRaisesResizeOnce) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
     int resizes = 0;
     claims_.Claim(desk.form.Resize, [&resizes] { ++resizes; });
 
     for (int i = 1; i <= 5; ++i)
         Window(desk)->resize(400 + i * 10, 300);
-    ASSERT_TRUE(bench::WaitFor([&] { return resizes > 0; }));
+    ASSERT_TRUE(qt_tests::WaitFor([&] { return resizes > 0; }));
 
     EXPECT_EQ(resizes, 1);
     EXPECT_EQ(desk.form.ContentWidth(), 450 * 15);
 }
 
 TEST_F(FormMirrorTest, ASizeBelowTheLeastOneSpringsBack) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
     claims_.Claim(desk.form.Resize, [&desk] {
         if (desk.form.Width() < 3000) desk.form.SetWidth(3000);
     });
 
     Window(desk)->resize(50, 300);
 
-    EXPECT_TRUE(bench::WaitFor([&] { return Window(desk)->width() == 196; }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return Window(desk)->width() == 196; }));
     EXPECT_EQ(desk.form.Width(), 3000);
 }
 
 TEST_F(FormMirrorTest, AMoveByThePersonIsWrittenBackWithoutResize) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
     int resizes = 0;
     claims_.Claim(desk.form.Resize, [&resizes] { ++resizes; });
 
     Window(desk)->setGeometry(QRect(QPoint(102, 124), Window(desk)->size()));
 
-    EXPECT_TRUE(bench::WaitFor([&] { return desk.form.Left() == 1500; }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return desk.form.Left() == 1500; }));
     EXPECT_EQ(desk.form.Top(), 1500);
     EXPECT_EQ(resizes, 0);
 }
 
 TEST_F(FormMirrorTest, AnAssignedPlaceIsTaken) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
 
     desk.form.Move(1500, 1500, 3000, 3000);
     desk.screen.CatchUp();
@@ -96,7 +96,7 @@ TEST_F(FormMirrorTest, AnAssignedPlaceIsTaken) {
 }
 
 TEST_F(FormMirrorTest, TheCloseBoxAsksAndMayBeRefused) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
     bool refuse = true;
     int asked = 0;
     claims_.Claim(desk.form.QueryUnload, [&](bool& cancel) {
@@ -116,7 +116,7 @@ TEST_F(FormMirrorTest, TheCloseBoxAsksAndMayBeRefused) {
 }
 
 TEST_F(FormMirrorTest, ADisabledWindowCannotBeClosed) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
     desk.form.SetEnabled(false);
     desk.screen.CatchUp();
 
@@ -127,20 +127,20 @@ TEST_F(FormMirrorTest, ADisabledWindowCannotBeClosed) {
 }
 
 TEST_F(FormMirrorTest, TheStateGoesBothWays) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
 
     desk.form.SetState(controls::WindowState::Maximised);
     desk.screen.CatchUp();
-    EXPECT_TRUE(bench::WaitFor([&] { return Window(desk)->isMaximized(); }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return Window(desk)->isMaximized(); }));
 
     Window(desk)->showNormal();
-    EXPECT_TRUE(bench::WaitFor([&] { return desk.form.State() == controls::WindowState::Normal; }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return desk.form.State() == controls::WindowState::Normal; }));
 }
 
 TEST_F(FormMirrorTest, AMenuBarStandsAboveTheContent) {
     controls::Menu file("mnuFile", "File");
     controls::Label label("lblA");
-    bench::Desk desk(label);
+    qt_tests::Desk desk(label);
 
     desk.form.SetMenuBar({&file});
     desk.form.SetContentSize(400 * 15, 300 * 15);
@@ -156,19 +156,20 @@ TEST_F(FormMirrorTest, GoingToAnotherWindowOfTheProgramActivatesIt) {
     int activations = 0;
     controls::EventClaims claims;
     claims.Claim(other.Activate, [&activations] { ++activations; });
-    bench::Desk desk;
+    qt_tests::Desk desk;
     other.SetContentSize(3000, 3000);
     desk.screen.Adopt(other);
     other.Show();
     desk.screen.CatchUp();
-    ASSERT_TRUE(bench::WaitFor([&] { return QApplication::activeWindow() == desk.screen.WindowOf(other); }));
+    ASSERT_TRUE(
+        qt_tests::WaitFor([&] { return QApplication::activeWindow() == desk.screen.WindowOf(other); }));
     Window(desk)->activateWindow();
-    ASSERT_TRUE(bench::WaitFor([&] { return QApplication::activeWindow() == Window(desk); }));
+    ASSERT_TRUE(qt_tests::WaitFor([&] { return QApplication::activeWindow() == Window(desk); }));
     activations = 0;
 
     desk.screen.WindowOf(other)->activateWindow();
 
-    EXPECT_TRUE(bench::WaitFor([&] { return activations == 1; }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return activations == 1; }));
     other.Hide();
     desk.screen.CatchUp();
 }
@@ -176,9 +177,9 @@ TEST_F(FormMirrorTest, GoingToAnotherWindowOfTheProgramActivatesIt) {
 TEST_F(FormMirrorTest, TheKeyboardGoesToTheFirstTextBox) {
     controls::CommandButton button("cmdA", "A");
     controls::TextBox text("txtA");
-    bench::PlaceAt(button, 0, 0, 50, 20);
-    bench::PlaceAt(text, 0, 100, 50, 20);
-    bench::Desk desk(button, text);
+    qt_tests::PlaceAt(button, 0, 0, 50, 20);
+    qt_tests::PlaceAt(text, 0, 100, 50, 20);
+    qt_tests::Desk desk(button, text);
 
     EXPECT_EQ(Window(desk)->focusWidget(), desk.Find(text));
 }

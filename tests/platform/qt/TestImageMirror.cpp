@@ -20,8 +20,8 @@ protected:
         red.fill(Qt::red);
         red.save(folder_.filePath("images/pale.bmp"));
         options_.ProgramFolder = folder_.path().toStdString();
-        bench::PlaceAt(image_, 0, 0, 40, 40);
-        bench::PlaceAt(over_, 0, 0, 40, 40);
+        qt_tests::PlaceAt(image_, 0, 0, 40, 40);
+        qt_tests::PlaceAt(over_, 0, 0, 40, 40);
         over_.SetVisible(false);
     }
 
@@ -33,7 +33,7 @@ protected:
 };
 
 TEST_F(ImageMirrorTest, APictureFillsItsControl) {
-    bench::Desk desk(options_, image_);
+    qt_tests::Desk desk(options_, image_);
 
     image_.SetPicture("\\images\\pale.bmp");
     desk.screen.CatchUp();
@@ -46,7 +46,7 @@ TEST_F(ImageMirrorTest, APictureFillsItsControl) {
 TEST_F(ImageMirrorTest, APictureOnASurfaceKeepsItsSizeInTheMiddle) {
     image_.SetLook("tool");
     image_.SetPicture("\\images\\pale.bmp");
-    const bench::Desk desk(options_, image_);
+    const qt_tests::Desk desk(options_, image_);
 
     const QImage shown = desk.Find(image_)->grab().toImage();
 
@@ -57,7 +57,7 @@ TEST_F(ImageMirrorTest, APictureOnASurfaceKeepsItsSizeInTheMiddle) {
 TEST_F(ImageMirrorTest, APictureThatDoesSomethingIsAButtonToTheKeyboard) {
     int clicks = 0;
     claims_.Claim(image_.Click, [&clicks] { ++clicks; });
-    const bench::Desk desk(image_);
+    const qt_tests::Desk desk(image_);
     ASSERT_NE(desk.Find<QToolButton>(image_), nullptr);
     desk.Find(image_)->setFocus();
 
@@ -71,7 +71,7 @@ TEST_F(ImageMirrorTest, TheKeyboardPressesTheBrightTwin) {
     int clicks = 0;
     claims_.Claim(image_.MouseMove, [this](int, int, double, double) { over_.SetVisible(true); });
     claims_.Claim(over_.Click, [&clicks] { ++clicks; });
-    bench::Desk desk(image_, over_);
+    qt_tests::Desk desk(image_, over_);
 
     desk.Find(image_)->setFocus();
     QTest::keyClick(desk.Find(image_), Qt::Key_Return);
@@ -82,7 +82,7 @@ TEST_F(ImageMirrorTest, TheKeyboardPressesTheBrightTwin) {
 }
 
 TEST_F(ImageMirrorTest, ABackgroundIsNoButton) {
-    const bench::Desk desk(image_);
+    const qt_tests::Desk desk(image_);
 
     EXPECT_EQ(desk.Find<QToolButton>(image_), nullptr);
     EXPECT_EQ(desk.Find(image_)->focusPolicy(), Qt::NoFocus);
@@ -91,9 +91,9 @@ TEST_F(ImageMirrorTest, ABackgroundIsNoButton) {
 TEST_F(ImageMirrorTest, TextOnAPaleFaceIsDark) {
     controls::Label label("tabLabel", "MMMM");
     label.SetLook("tab");
-    bench::PlaceAt(label, 2, 2, 36, 36);
+    qt_tests::PlaceAt(label, 2, 2, 36, 36);
     image_.SetPicture("/images/pale.bmp");
-    bench::Desk desk(options_, image_, label);
+    qt_tests::Desk desk(options_, image_, label);
     const auto has_ink = [&desk] {
         const QImage shown = desk.screen.WindowOf(desk.form)->grab(QRect(0, 0, 40, 40)).toImage();
         for (int y = 0; y < 40; ++y) {

@@ -20,7 +20,7 @@ namespace {
 class ListMirrorTest : public testing::Test {
 protected:
     ListMirrorTest() {
-        bench::PlaceAt(list_, 0, 0, 200, 120);
+        qt_tests::PlaceAt(list_, 0, 0, 200, 120);
         for (const char* row : {"Amber", "Birch", "Cedar", "Dusk"})
             list_.AddItem(row);
     }
@@ -35,12 +35,12 @@ protected:
     controls::EventClaims claims_;
 };
 
-QWidget* Rows(const bench::Desk& desk, const controls::ListBox& list) {
+QWidget* Rows(const qt_tests::Desk& desk, const controls::ListBox& list) {
     return desk.Find<QListView>(list)->viewport();
 }
 
 TEST_F(ListMirrorTest, RowsAreShownAsTheyAre) {
-    bench::Desk desk(list_);
+    qt_tests::Desk desk(list_);
 
     list_.AddItem("Elm");
     list_.RemoveItem(0);
@@ -54,7 +54,7 @@ TEST_F(ListMirrorTest, RowsAreShownAsTheyAre) {
 
 TEST_F(ListMirrorTest, APressOnARowSelectsItAndRaisesClick) {
     Listen();
-    const bench::Desk desk(list_);
+    const qt_tests::Desk desk(list_);
 
     QTest::mouseClick(Rows(desk, list_), Qt::LeftButton, Qt::NoModifier, QPoint(20, 60));
 
@@ -64,7 +64,7 @@ TEST_F(ListMirrorTest, APressOnARowSelectsItAndRaisesClick) {
 
 TEST_F(ListMirrorTest, APressOnTheSelectedRowRaisesClickAgain) {
     Listen();
-    const bench::Desk desk(list_);
+    const qt_tests::Desk desk(list_);
 
     for (int i = 0; i < 2; ++i) {
         QTest::mousePress(Rows(desk, list_), Qt::LeftButton, Qt::NoModifier, QPoint(20, 60));
@@ -76,7 +76,7 @@ TEST_F(ListMirrorTest, APressOnTheSelectedRowRaisesClickAgain) {
 
 TEST_F(ListMirrorTest, APressBelowTheLastRowAndTheRightButtonSelectNothing) {
     Listen();
-    const bench::Desk desk(list_);
+    const qt_tests::Desk desk(list_);
 
     QTest::mouseClick(Rows(desk, list_), Qt::LeftButton, Qt::NoModifier, QPoint(20, 110));
     QTest::mouseClick(Rows(desk, list_), Qt::RightButton, Qt::NoModifier, QPoint(20, 60));
@@ -88,7 +88,7 @@ TEST_F(ListMirrorTest, APressBelowTheLastRowAndTheRightButtonSelectNothing) {
 TEST_F(ListMirrorTest, AnAssignedRowIsShownAsChosenAndBroughtIntoView) {
     for (int i = 0; i < 100; ++i)
         list_.AddItem("Row");
-    bench::Desk desk(list_);
+    qt_tests::Desk desk(list_);
 
     list_.SetListIndex(50);
     desk.screen.CatchUp();
@@ -101,7 +101,7 @@ TEST_F(ListMirrorTest, AnAssignedRowIsShownAsChosenAndBroughtIntoView) {
 
 TEST_F(ListMirrorTest, ArrowKeysSelectAndRaiseClick) {
     Listen();
-    bench::Desk desk(list_);
+    qt_tests::Desk desk(list_);
     list_.SetFocus();
     desk.screen.CatchUp();
 
@@ -115,7 +115,7 @@ TEST_F(ListMirrorTest, ArrowKeysSelectAndRaiseClick) {
 
 TEST_F(ListMirrorTest, TypingLettersGoesToTheRowThatBeginsSo) {
     Listen();
-    bench::Desk desk(list_);
+    qt_tests::Desk desk(list_);
     list_.SetFocus();
     desk.screen.CatchUp();
 
@@ -126,7 +126,7 @@ TEST_F(ListMirrorTest, TypingLettersGoesToTheRowThatBeginsSo) {
 
 TEST_F(ListMirrorTest, ADoubleClickAndEnterRaiseDblClick) {
     Listen();
-    bench::Desk desk(list_);
+    qt_tests::Desk desk(list_);
     list_.SetListIndex(1);
     list_.SetFocus();
     desk.screen.CatchUp();
@@ -143,7 +143,7 @@ TEST_F(ListMirrorTest, EnterBelongsToTheKeyHandlerThatDoesSomethingWithIt) {
     claims_.Claim(list_.KeyDown, [&label](int code, int) {
         if (code == controls::kKeyEnter) label.SetCaption("went");
     });
-    bench::Desk desk(list_, label);
+    qt_tests::Desk desk(list_, label);
     list_.SetListIndex(1);
     list_.SetFocus();
     desk.screen.CatchUp();
@@ -156,7 +156,7 @@ TEST_F(ListMirrorTest, EnterBelongsToTheKeyHandlerThatDoesSomethingWithIt) {
 TEST_F(ListMirrorTest, DeleteComesAsAKey) {
     int code = 0;
     claims_.Claim(list_.KeyDown, [&code](int key, int) { code = key; });
-    bench::Desk desk(list_);
+    qt_tests::Desk desk(list_);
     list_.SetFocus();
     desk.screen.CatchUp();
 
@@ -166,7 +166,7 @@ TEST_F(ListMirrorTest, DeleteComesAsAKey) {
 }
 
 TEST_F(ListMirrorTest, AMillionRowsAddedTouchTheScreenOnce) {
-    bench::Desk desk(list_);
+    qt_tests::Desk desk(list_);
     const auto start = std::chrono::steady_clock::now();
 
     for (int i = 0; i < 1'000'000; ++i)
@@ -180,7 +180,7 @@ TEST_F(ListMirrorTest, AMillionRowsAddedTouchTheScreenOnce) {
 
 TEST_F(ListMirrorTest, AHiddenListIsShownAsItIsWhenItComesIntoView) {
     list_.SetVisible(false);
-    bench::Desk desk(list_);
+    qt_tests::Desk desk(list_);
     list_.AddItem("Elm");
     list_.SetListIndex(4);
     desk.screen.CatchUp();
@@ -196,7 +196,7 @@ TEST_F(ListMirrorTest, AHiddenListIsShownAsItIsWhenItComesIntoView) {
 TEST(HiddenList, RowsThatComeOneByOneCostTheScreenNothing) {
     controls::ListBox list("lstHidden", controls::Sorted::Yes);
     list.SetVisible(false);
-    bench::Desk desk(list);
+    qt_tests::Desk desk(list);
     const auto start = std::chrono::steady_clock::now();
 
     for (int i = 0; i < 100'000; ++i) {
@@ -213,7 +213,7 @@ TEST_F(ListMirrorTest, ADropIsToldByItsPlaceAmongTheRows) {
         list_.AddItem("Row");
     double y = 0;
     claims_.Claim(list_.OLEDragDrop, [&y](const controls::DropData&, double, double at_y) { y = at_y; });
-    const bench::Desk desk(list_);
+    const qt_tests::Desk desk(list_);
     desk.Find<QListView>(list_)->verticalScrollBar()->setValue(240);
     QMimeData data;
     data.setText("17");
@@ -228,7 +228,7 @@ TEST_F(ListMirrorTest, ADropIsToldByItsPlaceAmongTheRows) {
 
 TEST_F(ListMirrorTest, AClickHandlerMayEmptyItsList) {
     claims_.Claim(list_.Click, [this] { list_.Clear(); });
-    const bench::Desk desk(list_);
+    const qt_tests::Desk desk(list_);
 
     QTest::mouseClick(Rows(desk, list_), Qt::LeftButton, Qt::NoModifier, QPoint(20, 30));
 
@@ -251,7 +251,7 @@ protected:
 TEST_F(ComboMirrorTest, APersonsChoiceSelectsTheRowAndRaisesClick) {
     int clicks = 0;
     claims_.Claim(list_.Click, [&clicks] { ++clicks; });
-    bench::Desk desk(list_);
+    qt_tests::Desk desk(list_);
     list_.SetFocus();
     desk.screen.CatchUp();
 
@@ -262,7 +262,7 @@ TEST_F(ComboMirrorTest, APersonsChoiceSelectsTheRowAndRaisesClick) {
 }
 
 TEST_F(ComboMirrorTest, AnAssignedTextIsShown) {
-    bench::Desk desk(list_, free_);
+    qt_tests::Desk desk(list_, free_);
 
     list_.SetText("Music");
     free_.SetText("http://example.org");
@@ -275,7 +275,7 @@ TEST_F(ComboMirrorTest, AnAssignedTextIsShown) {
 TEST_F(ComboMirrorTest, TypingIntoAFreeOneChangesItsText) {
     int changes = 0;
     claims_.Claim(free_.Change, [&changes] { ++changes; });
-    const bench::Desk desk(free_);
+    const qt_tests::Desk desk(free_);
 
     QTest::keyClicks(desk.Find<QComboBox>(free_)->lineEdit(), "ab");
 
@@ -286,7 +286,7 @@ TEST_F(ComboMirrorTest, TypingIntoAFreeOneChangesItsText) {
 TEST_F(ComboMirrorTest, KeysInItsLineComeAsItsKeys) {
     int code = 0;
     claims_.Claim(free_.KeyDown, [&code](int key, int) { code = key; });
-    bench::Desk desk(free_);
+    qt_tests::Desk desk(free_);
     desk.Find<QComboBox>(free_)->lineEdit()->setFocus();
 
     QTest::keyClick(desk.Find<QComboBox>(free_)->lineEdit(), Qt::Key_Return);
@@ -295,7 +295,7 @@ TEST_F(ComboMirrorTest, KeysInItsLineComeAsItsKeys) {
 }
 
 TEST_F(ComboMirrorTest, AFreeTextStaysWhenTheRowsGo) {
-    bench::Desk desk(free_);
+    qt_tests::Desk desk(free_);
     free_.SetText("typed");
 
     free_.Clear();
@@ -310,7 +310,7 @@ TEST(TextMirror, TypingChangesTheTextAndTellsOfIt) {
     int changes = 0;
     controls::EventClaims claims;
     claims.Claim(text.Change, [&changes] { ++changes; });
-    const bench::Desk desk(text);
+    const qt_tests::Desk desk(text);
 
     QTest::keyClicks(desk.Find(text), "hey");
 
@@ -321,8 +321,8 @@ TEST(TextMirror, TypingChangesTheTextAndTellsOfIt) {
 TEST(TextMirror, ALongTextIsShownFromItsBeginning) {
     controls::TextBox text("txtA");
     controls::TextBox other("txtB");
-    bench::PlaceAt(text, 0, 0, 100, 24);
-    bench::Desk desk(text, other);
+    qt_tests::PlaceAt(text, 0, 0, 100, 24);
+    qt_tests::Desk desk(text, other);
     other.SetFocus();
     desk.screen.CatchUp();
 
@@ -338,7 +338,7 @@ TEST(TextMirror, WhatAChangeHandlerMakesOfTheTextIsShown) {
     claims.Claim(text.Change, [&text] {
         if (text.Text() == "bad") text.SetText("good");
     });
-    const bench::Desk desk(text);
+    const qt_tests::Desk desk(text);
 
     QTest::keyClicks(desk.Find(text), "bad");
 
@@ -348,7 +348,7 @@ TEST(TextMirror, WhatAChangeHandlerMakesOfTheTextIsShown) {
 TEST(TextMirror, AHintIsShownAndSpokenAndIsNoText) {
     controls::TextBox text("txtA");
     text.SetHint("Type here");
-    const bench::Desk desk(text);
+    const qt_tests::Desk desk(text);
 
     EXPECT_EQ(desk.Find<QLineEdit>(text)->placeholderText(), "Type here");
     EXPECT_EQ(desk.Find(text)->accessibleName(), "Type here");
@@ -358,7 +358,7 @@ TEST(TextMirror, AHintIsShownAndSpokenAndIsNoText) {
 TEST(TextMirror, APasswordIsShownAsDots) {
     controls::TextBox text("txtPassword");
     text.SetPassword(true);
-    const bench::Desk desk(text);
+    const qt_tests::Desk desk(text);
 
     EXPECT_EQ(desk.Find<QLineEdit>(text)->echoMode(), QLineEdit::Password);
 }

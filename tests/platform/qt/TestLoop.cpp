@@ -36,7 +36,7 @@ public:
 
 private:
     EndCounter() {
-        bench::TheLoop().AtHandlerEnd([this] {
+        qt_tests::TheLoop().AtHandlerEnd([this] {
             if (OnEnd) OnEnd();
         });
     }
@@ -61,7 +61,7 @@ TEST(Loop, WorkAtTheEndOfAHandlerRunsOnceWhenTheOutermostEventIsOver) {
 }
 
 TEST(Loop, ManyYieldsCostNextToNothing) {
-    qt::Loop& loop = bench::TheLoop();
+    qt::Loop& loop = qt_tests::TheLoop();
     const auto start = std::chrono::steady_clock::now();
 
     for (int i = 0; i < 100'000; ++i)
@@ -82,7 +82,7 @@ TEST(Loop, AHandlerInsideAYieldEndsWithItsOwnWork) {
         QCoreApplication::postEvent(&inner, new QEvent(QEvent::User));
         const auto start = std::chrono::steady_clock::now();
         while (!ran && std::chrono::steady_clock::now() - start < std::chrono::seconds(5))
-            bench::TheLoop().Yield();
+            qt_tests::TheLoop().Yield();
         EndCounter::Get().OnEnd = {};
     });
 
@@ -138,7 +138,7 @@ std::optional<Qt::CursorShape> ForcedPointer() {
 void YieldFor(std::chrono::milliseconds time) {
     const auto end = std::chrono::steady_clock::now() + time;
     while (std::chrono::steady_clock::now() < end)
-        bench::TheLoop().Yield();
+        qt_tests::TheLoop().Yield();
 }
 
 TEST(LoopPointer, AHandlerThatYieldsForLongHasTheHourglassUntilItEnds) {
@@ -161,8 +161,8 @@ TEST(LoopPointer, EventsOfAYieldDoNotTakeTheHourglassAway) {
     std::optional<Qt::CursorShape> after;
 
     RunInAHandler([&] {
-        bench::TheLoop().ShowHourglass();
-        QTimer::singleShot(0, [] { bench::TheLoop().ShowHourglass(); });
+        qt_tests::TheLoop().ShowHourglass();
+        QTimer::singleShot(0, [] { qt_tests::TheLoop().ShowHourglass(); });
         YieldFor(std::chrono::milliseconds(20));
         after = ForcedPointer();
     });
@@ -176,9 +176,9 @@ TEST(LoopPointer, ABoxHasTheCommonPointer) {
     std::optional<Qt::CursorShape> after;
 
     RunInAHandler([&] {
-        bench::TheLoop().ShowHourglass();
+        qt_tests::TheLoop().ShowHourglass();
         {
-            const qt::Loop::Nested box(bench::TheLoop());
+            const qt::Loop::Nested box(qt_tests::TheLoop());
             inside = ForcedPointer();
         }
         after = ForcedPointer();

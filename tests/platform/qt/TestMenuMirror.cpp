@@ -21,7 +21,7 @@ protected:
     }
     ~MenuMirrorTest() override { claims_.Release(); }
 
-    void Show(bench::Desk& desk) {
+    void Show(qt_tests::Desk& desk) {
         desk.form.SetMenuBar({&file_});
         desk.screen.CatchUp();
         menu_ = desk.screen.WindowOf(desk.form)->findChild<QMenuBar*>()->actions().at(0)->menu();
@@ -38,7 +38,7 @@ protected:
 };
 
 TEST_F(MenuMirrorTest, AnEntrysToolTipShowsOverIt) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
     open_.SetToolTipText("Be careful");
     Show(desk);
     menu_->popup(QPoint(50, 50));
@@ -53,7 +53,7 @@ TEST_F(MenuMirrorTest, AnEntrysToolTipShowsOverIt) {
 }
 
 TEST_F(MenuMirrorTest, TheTreeIsShownInOrder) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
     Show(desk);
 
     ASSERT_EQ(menu_->actions().size(), 3);
@@ -65,7 +65,7 @@ TEST_F(MenuMirrorTest, TheTreeIsShownInOrder) {
 TEST_F(MenuMirrorTest, AChosenEntryRaisesClick) {
     int clicks = 0;
     claims_.Claim(open_.Click, [&clicks] { ++clicks; });
-    bench::Desk desk;
+    qt_tests::Desk desk;
     Show(desk);
 
     menu_->actions()[0]->trigger();
@@ -74,7 +74,7 @@ TEST_F(MenuMirrorTest, AChosenEntryRaisesClick) {
 }
 
 TEST_F(MenuMirrorTest, MarksCaptionsAndStatesFollowTheEntry) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
     Show(desk);
 
     open_.SetChecked(true);
@@ -91,7 +91,7 @@ TEST_F(MenuMirrorTest, MarksCaptionsAndStatesFollowTheEntry) {
 
 TEST_F(MenuMirrorTest, ChoosingDoesNotTurnTheMarkByItself) {
     open_.SetChecked(true);
-    bench::Desk desk;
+    qt_tests::Desk desk;
     Show(desk);
 
     menu_->actions()[0]->trigger();
@@ -101,7 +101,7 @@ TEST_F(MenuMirrorTest, ChoosingDoesNotTurnTheMarkByItself) {
 }
 
 TEST_F(MenuMirrorTest, AnEntryAddedLaterComesIntoItsPlace) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
     Show(desk);
 
     file_.AddEntry(late_, 1);
@@ -112,18 +112,18 @@ TEST_F(MenuMirrorTest, AnEntryAddedLaterComesIntoItsPlace) {
 }
 
 TEST_F(MenuMirrorTest, AMenuPopsUpAtThePointer) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
     Show(desk);
 
     desk.form.PopupMenu(file_);
     desk.screen.CatchUp();
 
-    EXPECT_TRUE(bench::WaitFor([this] { return menu_->isVisible(); }));
+    EXPECT_TRUE(qt_tests::WaitFor([this] { return menu_->isVisible(); }));
     menu_->close();
 }
 
 TEST_F(MenuMirrorTest, AMenuThatIsInNoBarPopsUpToo) {
-    bench::Desk desk;
+    qt_tests::Desk desk;
 
     desk.form.PopupMenu(special_);
     desk.screen.CatchUp();

@@ -36,7 +36,7 @@ public:
 class PagesTest : public testing::Test {
 protected:
     PagesTest() {
-        bench::PlaceAt(browser_, 0, 0, 300, 200);
+        qt_tests::PlaceAt(browser_, 0, 0, 300, 200);
         options_.LoadPages = [this] {
             ++loads_;
             auto factory = std::make_unique<RecordingFactory>();
@@ -51,7 +51,7 @@ protected:
 };
 
 TEST_F(PagesTest, TheEngineIsNotLoadedBeforeAPageIsWanted) {
-    bench::Desk desk(options_, browser_);
+    qt_tests::Desk desk(options_, browser_);
 
     desk.screen.ReleasePages();
 
@@ -60,7 +60,7 @@ TEST_F(PagesTest, TheEngineIsNotLoadedBeforeAPageIsWanted) {
 
 TEST_F(PagesTest, AnAddressAskedForEarlyIsGoneToOnceEnginesMayBeMade) {
     browser_.Navigate("http://example.org/");
-    bench::Desk desk(options_, browser_);
+    qt_tests::Desk desk(options_, browser_);
     const int loads_before = loads_;
 
     desk.screen.ReleasePages();
@@ -72,13 +72,13 @@ TEST_F(PagesTest, AnAddressAskedForEarlyIsGoneToOnceEnginesMayBeMade) {
 
 TEST_F(PagesTest, EnginesAreReleasedByThemselvesAfterTheFirstPaint) {
     browser_.Navigate("http://example.org/");
-    const bench::Desk desk(options_, browser_);
+    const qt_tests::Desk desk(options_, browser_);
 
-    EXPECT_TRUE(bench::WaitFor([this] { return loads_ == 1; }));
+    EXPECT_TRUE(qt_tests::WaitFor([this] { return loads_ == 1; }));
 }
 
 TEST_F(PagesTest, LaterAnEngineIsThereAtOnce) {
-    bench::Desk desk(options_, browser_);
+    qt_tests::Desk desk(options_, browser_);
     desk.screen.ReleasePages();
 
     browser_.Navigate("http://example.org/");
@@ -87,11 +87,11 @@ TEST_F(PagesTest, LaterAnEngineIsThereAtOnce) {
 }
 
 TEST_F(PagesTest, ThePageFillsItsPlace) {
-    bench::Desk desk(options_, browser_);
+    qt_tests::Desk desk(options_, browser_);
     desk.screen.ReleasePages();
     browser_.Navigate("http://example.org/");
 
-    bench::PlaceAt(browser_, 0, 0, 350, 250);
+    qt_tests::PlaceAt(browser_, 0, 0, 350, 250);
     desk.screen.CatchUp();
 
     EXPECT_EQ(factory_->Widgets[0]->geometry(), QRect(0, 0, 350, 250));
@@ -102,7 +102,7 @@ TEST_F(PagesTest, WithoutAnEngineTheControlStaysBlank) {
         ++loads_;
         return std::unique_ptr<qt::PageFactory>();
     };
-    bench::Desk desk(options_, browser_);
+    qt_tests::Desk desk(options_, browser_);
     desk.screen.ReleasePages();
 
     browser_.Navigate("http://example.org/");
@@ -114,7 +114,7 @@ TEST_F(PagesTest, WithoutAnEngineTheControlStaysBlank) {
 
 TEST_F(PagesTest, TheControlLetsGoOfItsEngineWhenTheScreenEnds) {
     {
-        bench::Desk desk(options_, browser_);
+        qt_tests::Desk desk(options_, browser_);
         desk.screen.ReleasePages();
         browser_.Navigate("http://example.org/");
     }
@@ -133,7 +133,7 @@ protected:
 };
 
 TEST_F(PagesTest, MultimediaKeysReachTheWindowThoughAPageHasTheFocus) {
-    bench::Desk desk(options_, browser_);
+    qt_tests::Desk desk(options_, browser_);
     std::vector<int> keys;
     controls::EventClaims claims;
     claims.Claim(desk.form.KeyDown, [&keys](int code, int /*shift*/) { keys.push_back(code); });

@@ -20,7 +20,7 @@ TEST(Screen, AWindowThatIsNotShownIsNotMadeAtTheStart) {
     controls::Label label("lblA");
     controls::Form form("frmHidden", "Hidden");
     form.Add(label);
-    qt::Screen screen(bench::TheLoop(), {});
+    qt::Screen screen(qt_tests::TheLoop(), {});
 
     screen.Adopt(form);
 
@@ -36,11 +36,11 @@ TEST(Screen, ItsTimersRunAllTheSame) {
     int ticks = 0;
     controls::EventClaims claims;
     claims.Claim(timer.Tick, [&ticks] { ++ticks; });
-    qt::Screen screen(bench::TheLoop(), {});
+    qt::Screen screen(qt_tests::TheLoop(), {});
 
     screen.Adopt(form);
 
-    EXPECT_TRUE(bench::WaitFor([&] { return ticks > 0; }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return ticks > 0; }));
 }
 
 TEST(Screen, HiddenWindowsAreMadeOnceTheFirstHasBeenPainted) {
@@ -48,20 +48,20 @@ TEST(Screen, HiddenWindowsAreMadeOnceTheFirstHasBeenPainted) {
     controls::Form hidden("frmVideo", "Video", controls::BorderStyle::None);
     video.SetLook("video");
     hidden.Add(video);
-    bench::Desk desk;
+    qt_tests::Desk desk;
     desk.screen.Adopt(hidden);
 
-    EXPECT_TRUE(bench::WaitFor([&] { return video.Handle() != 0; }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return video.Handle() != 0; }));
     EXPECT_FALSE(desk.screen.WindowOf(hidden)->isVisible());
 }
 
 TEST(Screen, APictureWindowIsActivatedBeforeThePressInItIsTold) {
     controls::Label caption("lblVideoCaption", "Film");
-    bench::PlaceAt(caption, 0, 0, 100, 20);
+    qt_tests::PlaceAt(caption, 0, 0, 100, 20);
     controls::Form picture("frmVideo", "Video", controls::BorderStyle::None);
     picture.SetContentSize(3000, 3000);
     picture.Add(caption);
-    bench::Desk desk;
+    qt_tests::Desk desk;
     desk.screen.Adopt(picture);
     picture.Show();
     desk.screen.CatchUp();
@@ -79,8 +79,8 @@ TEST(Screen, APictureWindowIsActivatedBeforeThePressInItIsTold) {
 
 TEST(Screen, WhatThePointerBroughtUpComesBackAfterAnActivationHidIt) {
     controls::Image plain("imgPlay");
-    bench::PlaceAt(plain, 0, 0, 100, 100);
-    bench::Desk desk(plain);
+    qt_tests::PlaceAt(plain, 0, 0, 100, 100);
+    qt_tests::Desk desk(plain);
     controls::Form other("frmOther", "Other");
     other.SetContentSize(3000, 3000);
     desk.screen.Adopt(other);
@@ -97,20 +97,20 @@ TEST(Screen, WhatThePointerBroughtUpComesBackAfterAnActivationHidIt) {
 
     desk.screen.WindowOf(desk.form)->activateWindow();
 
-    EXPECT_TRUE(bench::WaitFor([&] { return told.ends_with("activated pointed "); })) << told;
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return told.ends_with("activated pointed "); })) << told;
 }
 
 TEST(Screen, TheFirstPaintIsToldOnce) {
     controls::Form form("frmA", "A");
     form.SetContentSize(3000, 3000);
     int told = 0;
-    qt::Screen screen(bench::TheLoop(), {});
+    qt::Screen screen(qt_tests::TheLoop(), {});
     screen.AfterFirstPaint = [&told] { ++told; };
     screen.Adopt(form);
     form.Show();
     screen.CatchUp();
 
-    EXPECT_TRUE(bench::WaitFor([&] { return told > 0; }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return told > 0; }));
     screen.WindowOf(form)->repaint();
 
     EXPECT_EQ(told, 1);
@@ -119,10 +119,10 @@ TEST(Screen, TheFirstPaintIsToldOnce) {
 TEST(Screen, WhatAHandlerChangedIsOnTheScreenWhenItIsOver) {
     controls::CommandButton button("cmdA", "A");
     controls::ListBox list("lstA");
-    bench::PlaceAt(button, 0, 0, 50, 20);
+    qt_tests::PlaceAt(button, 0, 0, 50, 20);
     controls::EventClaims claims;
     claims.Claim(button.Click, [&list] { list.AddItem("One"); });
-    const bench::Desk desk(button, list);
+    const qt_tests::Desk desk(button, list);
 
     QTest::mouseClick(desk.Find(button), Qt::LeftButton);
 
@@ -134,7 +134,7 @@ TEST(Screen, AnEndedScreenLeavesTheControlsAlone) {
     controls::Form form("frmA", "A");
     form.Add(label);
     {
-        qt::Screen screen(bench::TheLoop(), {});
+        qt::Screen screen(qt_tests::TheLoop(), {});
         screen.Adopt(form);
         form.Show();
         screen.CatchUp();

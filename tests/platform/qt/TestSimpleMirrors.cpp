@@ -19,7 +19,7 @@ namespace {
 
 TEST(LabelMirror, ACaptionIsShownAndSpoken) {
     controls::Label label("lblA", "Old");
-    bench::Desk desk(label);
+    qt_tests::Desk desk(label);
 
     label.SetCaption("New");
     desk.screen.CatchUp();
@@ -30,8 +30,8 @@ TEST(LabelMirror, ACaptionIsShownAndSpoken) {
 
 TEST(LabelMirror, AChangedLookIsPainted) {
     controls::Label label("lblA");
-    bench::PlaceAt(label, 0, 0, 20, 20);
-    bench::Desk desk(label);
+    qt_tests::PlaceAt(label, 0, 0, 20, 20);
+    qt_tests::Desk desk(label);
 
     label.SetLook("well");
     desk.screen.CatchUp();
@@ -44,7 +44,7 @@ TEST(LabelMirror, AClickableLabelIsReachedAndPressedByKeyboard) {
     int clicks = 0;
     controls::EventClaims claims;
     claims.Claim(label.Click, [&clicks] { ++clicks; });
-    bench::Desk desk(label);
+    qt_tests::Desk desk(label);
     desk.Find(label)->setFocus();
 
     QTest::keyClick(desk.Find(label), Qt::Key_Return);
@@ -54,11 +54,11 @@ TEST(LabelMirror, AClickableLabelIsReachedAndPressedByKeyboard) {
 
 TEST(ButtonMirror, APressRaisesClickOnce) {
     controls::CommandButton button("cmdA", "A");
-    bench::PlaceAt(button, 0, 0, 80, 30);
+    qt_tests::PlaceAt(button, 0, 0, 80, 30);
     int clicks = 0;
     controls::EventClaims claims;
     claims.Claim(button.Click, [&clicks] { ++clicks; });
-    const bench::Desk desk(button);
+    const qt_tests::Desk desk(button);
 
     QTest::mouseClick(desk.Find(button), Qt::LeftButton);
 
@@ -70,7 +70,7 @@ TEST(ButtonMirror, SpaceAndEnterPressIt) {
     int clicks = 0;
     controls::EventClaims claims;
     claims.Claim(button.Click, [&clicks] { ++clicks; });
-    const bench::Desk desk(button);
+    const qt_tests::Desk desk(button);
     desk.Find(button)->setFocus();
 
     QTest::keyClick(desk.Find(button), Qt::Key_Space);
@@ -81,10 +81,10 @@ TEST(ButtonMirror, SpaceAndEnterPressIt) {
 
 TEST(ButtonMirror, ACaptionChangedInItsOwnClickIsShown) {
     controls::CommandButton button("cmdFavs", "<");
-    bench::PlaceAt(button, 0, 0, 40, 40);
+    qt_tests::PlaceAt(button, 0, 0, 40, 40);
     controls::EventClaims claims;
     claims.Claim(button.Click, [&button] { button.SetCaption(">"); });
-    const bench::Desk desk(button);
+    const qt_tests::Desk desk(button);
 
     QTest::mouseClick(desk.Find(button), Qt::LeftButton);
 
@@ -93,11 +93,11 @@ TEST(ButtonMirror, ACaptionChangedInItsOwnClickIsShown) {
 
 TEST(CheckMirror, APersonsClickSetsTheControlAndRaisesOneClick) {
     controls::CheckBox check("chkA", "Check");
-    bench::PlaceAt(check, 0, 0, 100, 20);
+    qt_tests::PlaceAt(check, 0, 0, 100, 20);
     int clicks = 0;
     controls::EventClaims claims;
     claims.Claim(check.Click, [&clicks] { ++clicks; });
-    const bench::Desk desk(check);
+    const qt_tests::Desk desk(check);
 
     QTest::mouseClick(desk.Find(check), Qt::LeftButton, Qt::NoModifier, QPoint(8, 10));
 
@@ -107,7 +107,7 @@ TEST(CheckMirror, APersonsClickSetsTheControlAndRaisesOneClick) {
 
 TEST(CheckMirror, AnAssignedCheckIsShown) {
     controls::CheckBox check("chkA", "Check");
-    bench::Desk desk(check);
+    qt_tests::Desk desk(check);
 
     check.SetChecked(true);
     desk.screen.CatchUp();
@@ -117,7 +117,7 @@ TEST(CheckMirror, AnAssignedCheckIsShown) {
 
 TEST(ProgressMirror, TheValueIsShown) {
     controls::ProgressBar bar("pbLoad");
-    bench::Desk desk(bar);
+    qt_tests::Desk desk(bar);
 
     bar.SetValue(40);
     desk.screen.CatchUp();
@@ -129,9 +129,9 @@ TEST(LineMirror, ALineWithoutHeightCanStillBeSeen) {
     controls::Line line("TabLineLeft");
     controls::Line pale("TabLineRight");
     pale.SetLook("pale");
-    bench::PlaceAt(line, 0, 10, 100, 0);
-    bench::PlaceAt(pale, 0, 10, 100, 0);
-    const bench::Desk desk(line, pale);
+    qt_tests::PlaceAt(line, 0, 10, 100, 0);
+    qt_tests::PlaceAt(pale, 0, 10, 100, 0);
+    const qt_tests::Desk desk(line, pale);
 
     EXPECT_EQ(desk.Find(line)->height(), 1);
     EXPECT_EQ(desk.Find(pale)->height(), 2);
@@ -144,9 +144,9 @@ TEST(TimerMirror, ItTicksWhileItIsEnabled) {
     claims.Claim(timer.Tick, [&] {
         if (++ticks == 3) timer.SetEnabled(false);
     });
-    const bench::Desk desk(timer);
+    const qt_tests::Desk desk(timer);
 
-    EXPECT_TRUE(bench::WaitFor([&] { return ticks >= 3; }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return ticks >= 3; }));
     QTest::qWait(20);
     EXPECT_EQ(ticks, 3);
 }
@@ -159,9 +159,9 @@ TEST(TimerMirror, AnIntervalOfZeroNeverTicks) {
     controls::EventClaims claims;
     claims.Claim(still.Tick, [&ticks] { ++ticks; });
     claims.Claim(other.Tick, [&others] { ++others; });
-    const bench::Desk desk(still, other);
+    const qt_tests::Desk desk(still, other);
 
-    EXPECT_TRUE(bench::WaitFor([&] { return others >= 3; }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return others >= 3; }));
 
     EXPECT_EQ(ticks, 0);
 }
@@ -181,9 +181,9 @@ TEST(TimerMirror, EnablingItAgainStartsItsIntervalAgain) {
             pusher.SetEnabled(false);
         }
     });
-    const bench::Desk desk(late, pusher);
+    const qt_tests::Desk desk(late, pusher);
 
-    EXPECT_TRUE(bench::WaitFor([&] { return pushes == 15 && ticks > 0; }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return pushes == 15 && ticks > 0; }));
 
     EXPECT_EQ(ticks_while_pushed, 0);
 }
@@ -200,9 +200,9 @@ TEST(TimerMirror, AHandlerThatYieldsIsNotEnteredAgain) {
         --depth;
         ++ticks;
     });
-    const bench::Desk desk(timer);
+    const qt_tests::Desk desk(timer);
 
-    EXPECT_TRUE(bench::WaitFor([&] { return ticks >= 2; }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return ticks >= 2; }));
     timer.SetEnabled(false);
 
     EXPECT_EQ(deepest, 1);

@@ -14,11 +14,11 @@ namespace {
 TEST(PictureBoxMirror, MarkersKeepTheirUnitsWhenTheBarIsWidened) {
     controls::PictureBox bar("picSongProgress");
     controls::Label marker("lblProgress");
-    bench::PlaceAt(bar, 0, 0, 100, 20);
+    qt_tests::PlaceAt(bar, 0, 0, 100, 20);
     bar.Add(marker);
     bar.SetScaleWidth(200);
     marker.Move(100, 0, 20, 300);
-    bench::Desk desk(bar);
+    qt_tests::Desk desk(bar);
 
     bar.SetWidth(300 * 15);
     desk.screen.CatchUp();
@@ -29,10 +29,10 @@ TEST(PictureBoxMirror, MarkersKeepTheirUnitsWhenTheBarIsWidened) {
 TEST(PictureBoxMirror, ANewScaleMovesNothingOnTheScreen) {
     controls::PictureBox bar("picSongProgress");
     controls::Label marker("lblProgress");
-    bench::PlaceAt(bar, 0, 0, 100, 20);
+    qt_tests::PlaceAt(bar, 0, 0, 100, 20);
     bar.Add(marker);
-    bench::PlaceAt(marker, 50, 0, 10, 20);
-    bench::Desk desk(bar);
+    qt_tests::PlaceAt(marker, 50, 0, 10, 20);
+    qt_tests::Desk desk(bar);
 
     bar.SetScaleWidth(245);
     desk.screen.CatchUp();
@@ -42,8 +42,8 @@ TEST(PictureBoxMirror, ANewScaleMovesNothingOnTheScreen) {
 
 TEST(PictureBoxMirror, ItsColourIsPainted) {
     controls::PictureBox box("picVid");
-    bench::PlaceAt(box, 0, 0, 20, 20);
-    bench::Desk desk(box);
+    qt_tests::PlaceAt(box, 0, 0, 20, 20);
+    qt_tests::Desk desk(box);
 
     box.SetBackColor(0x00ff00);
     desk.screen.CatchUp();
@@ -55,7 +55,7 @@ TEST(PictureBoxMirror, AVideoSurfaceHasAHandleOfItsOwn) {
     controls::PictureBox video("picVid");
     controls::PictureBox plain("picPlain");
     video.SetLook("video");
-    const bench::Desk desk(video, plain);
+    const qt_tests::Desk desk(video, plain);
 
     EXPECT_NE(video.Handle(), 0);
     EXPECT_EQ(QWidget::find(static_cast<WId>(video.Handle())), desk.Find(video));
@@ -67,10 +67,10 @@ TEST(PictureBoxMirror, ABarIsFilledUpToItsMarker) {
     controls::Label marker("lblProgress");
     bar.SetLook("progress");
     marker.SetLook("marker");
-    bench::PlaceAt(bar, 0, 0, 100, 20);
+    qt_tests::PlaceAt(bar, 0, 0, 100, 20);
     bar.Add(marker);
-    bench::PlaceAt(marker, 56, 0, 8, 20);
-    const bench::Desk desk(bar);
+    qt_tests::PlaceAt(marker, 56, 0, 8, 20);
+    const qt_tests::Desk desk(bar);
 
     const QImage shown = desk.Find(bar)->grab().toImage();
 
@@ -82,10 +82,10 @@ TEST(PictureBoxMirror, ABarIsFilledUpToItsMarker) {
 TEST(FrameMirror, WhatStandsInItMovesAndHidesWithIt) {
     controls::Frame frame("fraA");
     controls::Label label("lblA", "A");
-    bench::PlaceAt(frame, 50, 60, 200, 100);
-    bench::PlaceAt(label, 10, 10, 50, 20);
+    qt_tests::PlaceAt(frame, 50, 60, 200, 100);
+    qt_tests::PlaceAt(label, 10, 10, 50, 20);
     frame.Add(label);
-    bench::Desk desk(frame);
+    qt_tests::Desk desk(frame);
 
     frame.SetVisible(false);
     desk.screen.CatchUp();
@@ -96,7 +96,7 @@ TEST(FrameMirror, WhatStandsInItMovesAndHidesWithIt) {
 
 TEST(MirrorChildren, AMemberLoadedLaterComesToTheScreenByItself) {
     controls::ControlArray<controls::Label> labels("tabLabel");
-    bench::Desk desk(labels(0));
+    qt_tests::Desk desk(labels(0));
 
     controls::Label& second = labels.Load(1);
     second.SetVisible(true);
@@ -111,7 +111,7 @@ TEST(MirrorChildren, ADeeperMemberLoadedLaterComesToTheScreenToo) {
     controls::ControlArray<controls::Label> labels("tabLabel");
     controls::Frame frame("fraA");
     frame.Add(labels(0));
-    bench::Desk desk(frame);
+    qt_tests::Desk desk(frame);
 
     controls::Label& second = labels.Load(1);
 
@@ -124,8 +124,8 @@ TEST(MirrorChildren, TheLastOneBroughtToTheFrontIsInFront) {
     controls::Label second("lblB");
     controls::Label third("lblC");
     for (controls::Label* label : {&first, &second, &third})
-        bench::PlaceAt(*label, 0, 0, 50, 50);
-    bench::Desk desk(first, second, third);
+        qt_tests::PlaceAt(*label, 0, 0, 50, 50);
+    qt_tests::Desk desk(first, second, third);
 
     second.BringToFront();
     first.BringToFront();
@@ -140,7 +140,7 @@ TEST(MirrorChildren, AControlPutIntoAnotherContainerStandsThere) {
     controls::Frame right("fraRight");
     controls::Label label("lblA");
     left.Add(label);
-    bench::Desk desk(left, right);
+    qt_tests::Desk desk(left, right);
 
     right.Add(label);
     desk.screen.CatchUp();

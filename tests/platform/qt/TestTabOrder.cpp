@@ -12,10 +12,10 @@ TEST(TabOrder, TheTabKeyGoesDownAndAlongTheRows) {
     controls::TextBox last("txtLast");
     controls::TextBox right("txtRight");
     controls::TextBox left("txtLeft");
-    bench::PlaceAt(last, 0, 100, 50, 20);
-    bench::PlaceAt(right, 100, 3, 50, 20);
-    bench::PlaceAt(left, 0, 5, 50, 20);
-    bench::Desk desk(last, right, left);
+    qt_tests::PlaceAt(last, 0, 100, 50, 20);
+    qt_tests::PlaceAt(right, 100, 3, 50, 20);
+    qt_tests::PlaceAt(left, 0, 5, 50, 20);
+    qt_tests::Desk desk(last, right, left);
     desk.Find(left)->setFocus();
 
     QTest::keyClick(desk.Find(left), Qt::Key_Tab);
@@ -30,11 +30,11 @@ TEST(TabOrder, APanelIsGoneThroughBeforeTheNext) {
     controls::Frame panel("fraA");
     controls::TextBox inside("txtInside");
     controls::TextBox beside("txtBeside");
-    bench::PlaceAt(panel, 0, 0, 100, 200);
-    bench::PlaceAt(inside, 0, 150, 50, 20);
-    bench::PlaceAt(beside, 200, 0, 50, 20);
+    qt_tests::PlaceAt(panel, 0, 0, 100, 200);
+    qt_tests::PlaceAt(inside, 0, 150, 50, 20);
+    qt_tests::PlaceAt(beside, 200, 0, 50, 20);
     panel.Add(inside);
-    bench::Desk desk(panel, beside);
+    qt_tests::Desk desk(panel, beside);
     desk.Find(inside)->setFocus();
 
     QTest::keyClick(desk.Find(inside), Qt::Key_Tab);

@@ -47,7 +47,7 @@ void DoubleClick(QWidget* widget, QPoint at) {
 
 class WidgetMirrorTest : public testing::Test {
 protected:
-    WidgetMirrorTest() { bench::PlaceAt(label_, 10, 20, 100, 30); }
+    WidgetMirrorTest() { qt_tests::PlaceAt(label_, 10, 20, 100, 30); }
     void Listen(controls::Control& control) {
         claims_.Claim(control.MouseDown,
                       [this](int b, int s, double x, double y) { log_.Add("down", b, s, x, y); });
@@ -64,7 +64,7 @@ protected:
 
 TEST_F(WidgetMirrorTest, APressAndReleaseAreDownUpAndClickInTwips) {
     Listen(label_);
-    const bench::Desk desk(label_);
+    const qt_tests::Desk desk(label_);
 
     QTest::mouseClick(desk.Find(label_), Qt::LeftButton, Qt::ShiftModifier, QPoint(4, 6));
 
@@ -73,7 +73,7 @@ TEST_F(WidgetMirrorTest, APressAndReleaseAreDownUpAndClickInTwips) {
 
 TEST_F(WidgetMirrorTest, TheRightButtonDoesNotClick) {
     Listen(label_);
-    const bench::Desk desk(label_);
+    const qt_tests::Desk desk(label_);
 
     QTest::mouseClick(desk.Find(label_), Qt::RightButton, Qt::NoModifier, QPoint(4, 6));
 
@@ -82,7 +82,7 @@ TEST_F(WidgetMirrorTest, TheRightButtonDoesNotClick) {
 
 TEST_F(WidgetMirrorTest, AReleaseOutsideIsNoClick) {
     Listen(label_);
-    const bench::Desk desk(label_);
+    const qt_tests::Desk desk(label_);
 
     QTest::mousePress(desk.Find(label_), Qt::LeftButton, Qt::NoModifier, QPoint(4, 6));
     QTest::mouseRelease(desk.Find(label_), Qt::LeftButton, Qt::NoModifier, QPoint(400, 6));
@@ -93,7 +93,7 @@ TEST_F(WidgetMirrorTest, AReleaseOutsideIsNoClick) {
 TEST_F(WidgetMirrorTest, ADoubleClickTakesThePlaceOfTheSecondPressAndClick) {
     Listen(label_);
     claims_.Claim(label_.DblClick, [this] { log_.Text += "double;"; });
-    const bench::Desk desk(label_);
+    const qt_tests::Desk desk(label_);
 
     DoubleClick(desk.Find(label_), QPoint(1, 1));
 
@@ -103,7 +103,7 @@ TEST_F(WidgetMirrorTest, ADoubleClickTakesThePlaceOfTheSecondPressAndClick) {
 TEST_F(WidgetMirrorTest, TwoQuickClicksAreTwoClicksWhereNobodyWantsADoubleOne) {
     int clicks = 0;
     claims_.Claim(label_.Click, [&clicks] { ++clicks; });
-    const bench::Desk desk(label_);
+    const qt_tests::Desk desk(label_);
 
     DoubleClick(desk.Find(label_), QPoint(1, 1));
 
@@ -112,7 +112,7 @@ TEST_F(WidgetMirrorTest, TwoQuickClicksAreTwoClicksWhereNobodyWantsADoubleOne) {
 
 TEST_F(WidgetMirrorTest, AMoveWithoutAButtonIsToldToTheControlUnderThePointerOnly) {
     controls::Frame frame("fraA");
-    bench::PlaceAt(frame, 0, 0, 200, 200);
+    qt_tests::PlaceAt(frame, 0, 0, 200, 200);
     frame.Add(label_);
     std::string moves;
     int frame_moves = 0;
@@ -121,7 +121,7 @@ TEST_F(WidgetMirrorTest, AMoveWithoutAButtonIsToldToTheControlUnderThePointerOnl
     });
     controls::EventClaims frame_claims;
     frame_claims.Claim(frame.MouseMove, [&frame_moves](int, int, double, double) { ++frame_moves; });
-    const bench::Desk desk(frame);
+    const qt_tests::Desk desk(frame);
 
     SendMouse(desk.Find(label_), QEvent::MouseMove, QPoint(5, 5), Qt::NoButton);
 
@@ -132,8 +132,8 @@ TEST_F(WidgetMirrorTest, AMoveWithoutAButtonIsToldToTheControlUnderThePointerOnl
 /// A bar with a knob on it; the bar listens.
 struct BarAndKnob {
     BarAndKnob() {
-        bench::PlaceAt(bar, 0, 0, 200, 20);
-        bench::PlaceAt(knob, 5, 0, 10, 20);
+        qt_tests::PlaceAt(bar, 0, 0, 200, 20);
+        qt_tests::PlaceAt(knob, 5, 0, 10, 20);
         bar.Add(knob);
         claims.Claim(bar.MouseWheel, [this](int notches) { turned.push_back(notches); });
     }
@@ -145,7 +145,7 @@ struct BarAndKnob {
 
 TEST_F(WidgetMirrorTest, ANotchOfTheWheelIsToldUpAndDown) {
     BarAndKnob parts;
-    const bench::Desk desk(parts.bar);
+    const qt_tests::Desk desk(parts.bar);
 
     TurnWheel(desk.Find(parts.bar), 120);
     TurnWheel(desk.Find(parts.bar), -360);
@@ -155,7 +155,7 @@ TEST_F(WidgetMirrorTest, ANotchOfTheWheelIsToldUpAndDown) {
 
 TEST_F(WidgetMirrorTest, TheWheelOverAControlIsToldToTheContainerThatListens) {
     BarAndKnob parts;
-    const bench::Desk desk(parts.bar);
+    const qt_tests::Desk desk(parts.bar);
 
     TurnWheel(desk.Find(parts.knob), 120);
 
@@ -164,7 +164,7 @@ TEST_F(WidgetMirrorTest, TheWheelOverAControlIsToldToTheContainerThatListens) {
 
 TEST_F(WidgetMirrorTest, AFineWheelIsGatheredIntoNotches) {
     BarAndKnob parts;
-    const bench::Desk desk(parts.bar);
+    const qt_tests::Desk desk(parts.bar);
 
     for (int i = 0; i < 9; ++i)
         TurnWheel(desk.Find(parts.bar), 30);
@@ -175,7 +175,7 @@ TEST_F(WidgetMirrorTest, AFineWheelIsGatheredIntoNotches) {
 }
 
 TEST_F(WidgetMirrorTest, AToolTipIsNoMarkup) {
-    bench::Desk desk(label_);
+    qt_tests::Desk desk(label_);
 
     label_.SetToolTipText("<img src=x>Rock & Roll");
     desk.screen.CatchUp();
@@ -185,7 +185,7 @@ TEST_F(WidgetMirrorTest, AToolTipIsNoMarkup) {
 
 TEST_F(WidgetMirrorTest, ADisabledControlIsDeafAndSoIsOneInADisabledWindow) {
     Listen(label_);
-    bench::Desk desk(label_);
+    qt_tests::Desk desk(label_);
     label_.SetEnabled(false);
     desk.screen.CatchUp();
     QTest::mouseClick(desk.Find(label_), Qt::LeftButton);
@@ -198,9 +198,9 @@ TEST_F(WidgetMirrorTest, ADisabledControlIsDeafAndSoIsOneInADisabledWindow) {
 }
 
 TEST_F(WidgetMirrorTest, PlaceVisibilityToolTipAndNameFollowTheControl) {
-    bench::Desk desk(label_);
+    qt_tests::Desk desk(label_);
 
-    bench::PlaceAt(label_, 30, 40, 50, 60);
+    qt_tests::PlaceAt(label_, 30, 40, 50, 60);
     label_.SetToolTipText("Tip");
     label_.SetAccessibleName("Spoken");
     desk.screen.CatchUp();
@@ -215,7 +215,7 @@ TEST_F(WidgetMirrorTest, PlaceVisibilityToolTipAndNameFollowTheControl) {
 
 TEST_F(WidgetMirrorTest, AControlWithoutANameIsCalledByItsOwn) {
     controls::PictureBox box("picTrackTitle");
-    const bench::Desk desk(box);
+    const qt_tests::Desk desk(box);
 
     EXPECT_EQ(desk.Find(box)->accessibleName(), "Track Title");
 }
@@ -225,7 +225,7 @@ TEST_F(WidgetMirrorTest, AKeyGoesToTheControlThatHasTheKeyboard) {
     claims_.Claim(text_.KeyDown, [&keys](int code, int shift) {
         keys += std::to_string(code) + "/" + std::to_string(shift) + ";";
     });
-    bench::Desk desk(text_);
+    qt_tests::Desk desk(text_);
     text_.SetFocus();
     desk.screen.CatchUp();
 
@@ -237,7 +237,7 @@ TEST_F(WidgetMirrorTest, AKeyGoesToTheControlThatHasTheKeyboard) {
 
 TEST_F(WidgetMirrorTest, AKeyNobodyListensToThereGoesToTheWindow) {
     int code = 0;
-    bench::Desk desk(text_);
+    qt_tests::Desk desk(text_);
     claims_.Claim(desk.form.KeyDown, [&code](int key, int) { code = key; });
     text_.SetFocus();
     desk.screen.CatchUp();
@@ -257,7 +257,7 @@ TEST_F(WidgetMirrorTest, EnterAndEscapePressTheWindowsButtons) {
     controls::EventClaims claims;
     claims.Claim(ok.Click, [&pressed] { pressed += "ok;"; });
     claims.Claim(cancel.Click, [&pressed] { pressed += "cancel;"; });
-    bench::Desk desk(text_, ok, cancel);
+    qt_tests::Desk desk(text_, ok, cancel);
     text_.SetFocus();
     desk.screen.CatchUp();
 
@@ -271,12 +271,12 @@ TEST_F(WidgetMirrorTest, FocusIsToldOnceItIsThere) {
     int focused = 0;
     controls::TextBox other("txtB");
     claims_.Claim(text_.GotFocus, [&focused] { ++focused; });
-    bench::Desk desk(other, text_);
+    qt_tests::Desk desk(other, text_);
 
     text_.SetFocus();
     desk.screen.CatchUp();
 
-    EXPECT_TRUE(bench::WaitFor([&] { return focused == 1; }));
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return focused == 1; }));
     EXPECT_TRUE(desk.Find(text_)->hasFocus());
 }
 
@@ -289,7 +289,7 @@ TEST_F(WidgetMirrorTest, FilesDroppedOnAControlArriveInDriveForm) {
     });
     qt::ScreenOptions options;
     options.ToDriveForm = [](const std::string& native) { return "C:" + native; };
-    const bench::Desk desk(std::move(options), label_);
+    const qt_tests::Desk desk(std::move(options), label_);
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile("/a.mp3")});
 
@@ -304,7 +304,7 @@ TEST_F(WidgetMirrorTest, FilesDroppedOnAControlArriveInDriveForm) {
 }
 
 TEST_F(WidgetMirrorTest, ADragOverAControlThatTakesNoneIsRefused) {
-    const bench::Desk desk(label_);
+    const qt_tests::Desk desk(label_);
     QMimeData data;
     data.setText("1");
 

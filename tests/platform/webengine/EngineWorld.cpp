@@ -6,7 +6,7 @@
 
 #include "base/Text.h"
 
-namespace webengine_test {
+namespace webengine_tests {
 
 namespace {
 
@@ -74,4 +74,4 @@ ports::BrowserControl& EngineWorld::Other() {
     return *other_;
 }
 
-}  // namespace webengine_test
+}  // namespace webengine_tests

@@ -10,7 +10,7 @@
 #include "platform/webengine/PageModule.h"
 #include "platform/webengine/PageServer.h"
 
-namespace webengine_test {
+namespace webengine_tests {
 
 /// One factory for the whole test program: there is one engine in a process.
 qt::PageFactory& Factory();
@@ -24,7 +24,7 @@ public:
     EngineWorld();
     ports::BrowserControl& Browser() override { return *browser_; }
     ports::BrowserControl& Other() override;
-    bool WaitFor(const std::function<bool()>& done) override { return webengine_test::WaitFor(done); }
+    bool WaitFor(const std::function<bool()>& done) override { return webengine_tests::WaitFor(done); }
 
     PageServer& Server() { return server_; }
     QTemporaryDir& Folder() { return folder_; }
@@ -41,4 +41,4 @@ private:
     ports::BrowserControl* other_ = nullptr;
 };
 
-}  // namespace webengine_test
+}  // namespace webengine_tests

@@ -4,7 +4,7 @@
 #include <QTcpSocket>
 #include <stdexcept>
 
-namespace webengine_test {
+namespace webengine_tests {
 
 PageServer::PageServer() {
     if (!listen(QHostAddress::LocalHost)) throw std::runtime_error("no port on 127.0.0.1");
@@ -37,4 +37,4 @@ void PageServer::Serve(QTcpSocket& socket) {
     socket.disconnectFromHost();
 }
 
-}  // namespace webengine_test
+}  // namespace webengine_tests

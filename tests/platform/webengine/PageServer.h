@@ -5,7 +5,7 @@
 #include <QHash>
 #include <QTcpServer>
 
-namespace webengine_test {
+namespace webengine_tests {
 
 struct Answer {
     QByteArray body;
@@ -35,4 +35,4 @@ private:
     QByteArray last_;
 };
 
-}  // namespace webengine_test
+}  // namespace webengine_tests

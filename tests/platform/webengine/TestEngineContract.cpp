@@ -6,7 +6,7 @@ namespace contracts {
 namespace {
 
 std::unique_ptr<BrowserWorld> MakeEngineWorld() {
-    return std::make_unique<webengine_test::EngineWorld>();
+    return std::make_unique<webengine_tests::EngineWorld>();
 }
 
 }  // namespace

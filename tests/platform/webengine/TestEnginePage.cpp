@@ -10,8 +10,8 @@
 
 namespace {
 
-using webengine_test::EngineWorld;
-using webengine_test::WaitFor;
+using webengine_tests::EngineWorld;
+using webengine_tests::WaitFor;
 
 class EnginePage : public testing::Test {
 protected:
@@ -187,7 +187,7 @@ TEST_F(EnginePage, ADownloadEndsInItsFolderUnderACleanName) {
         "Content-Type: application/octet-stream\r\n"
         "Content-Disposition: attachment; filename=\"..\\..\\.evil/../x:y.bin\"\r\n"};
     ASSERT_TRUE(Arrive(world.Site + "/plain"));
-    const QDir folder(webengine_test::DownloadFolder());
+    const QDir folder(webengine_tests::DownloadFolder());
 
     world.Browser().Navigate(world.Site + "/file");
 

@@ -33,7 +33,7 @@ TEST(NoticePage, EveryAddressFailsLater) {
     page->Navigate("http://one.example/");
     const bool at_once = !heard.Failed.empty();
 
-    EXPECT_TRUE(webengine_test::WaitFor([&] { return !heard.Failed.empty(); }));
+    EXPECT_TRUE(webengine_tests::WaitFor([&] { return !heard.Failed.empty(); }));
     EXPECT_FALSE(at_once);
     EXPECT_EQ(page->LocationURL(), "");
 }
