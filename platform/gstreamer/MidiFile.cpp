@@ -8,7 +8,7 @@
 namespace gstreamer {
 namespace {
 
-constexpr std::size_t kLargestFile = 16 * 1024 * 1024;
+constexpr std::size_t kLargestFile = std::size_t{16} * 1024 * 1024;
 constexpr std::string_view kHeader = "MThd";
 constexpr std::size_t kChunkHead = 8;
 constexpr std::size_t kHeaderSize = 6;

@@ -40,6 +40,7 @@ int main(int argument_count, char** arguments) {
     std::error_code ignored_if_there;
     std::filesystem::create_directories(folder, ignored_if_there);
     std::vector<std::string> ids;
+    ids.reserve(store::kSettings.size());
     for (const store::Setting& setting : store::kSettings)
         ids.push_back(base::ToText(store::NumberOf(setting.row)));
     for (const ports::StoreLayout& layout : store::kStoreLayouts) {

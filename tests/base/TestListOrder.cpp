@@ -30,29 +30,29 @@ protected:
     // Letters in both cases, texts that begin alike, letters beyond ASCII (two of which have a small letter
     // in ASCII), stray bytes, and a zero, which also stands behind the end of a shorter text.
     std::string RandomText() {
-        static const std::array<std::string, 20> kPieces = {"a",
-                                                            "A",
-                                                            "b",
-                                                            "B",
-                                                            "The Same Beginning ",
-                                                            "THE SAME BEGINNING ",
-                                                            " ",
-                                                            "-",
-                                                            "\u00e9",
-                                                            "\u00c9",
-                                                            "\u0130",
-                                                            "\u212a",
-                                                            "\u0416",
-                                                            "\u0436",
-                                                            "\U0001f600",
-                                                            "\xff",
-                                                            "\x80",
-                                                            "\xc3",
-                                                            std::string(1, '\0'),
-                                                            "k"};
+        static const std::array<std::string, 20> pieces = {"a",
+                                                           "A",
+                                                           "b",
+                                                           "B",
+                                                           "The Same Beginning ",
+                                                           "THE SAME BEGINNING ",
+                                                           " ",
+                                                           "-",
+                                                           "\u00e9",
+                                                           "\u00c9",
+                                                           "\u0130",
+                                                           "\u212a",
+                                                           "\u0416",
+                                                           "\u0436",
+                                                           "\U0001f600",
+                                                           "\xff",
+                                                           "\x80",
+                                                           "\xc3",
+                                                           std::string(1, '\0'),
+                                                           "k"};
         std::string text;
         for (std::size_t i = Below(8); i > 0; --i)
-            text += kPieces[Below(kPieces.size())];
+            text += pieces[Below(pieces.size())];
         return text;
     }
 

@@ -2,8 +2,7 @@
 
 Thirteen kinds times forty damages ("all"), or for each kind a share of them that reaches every damage over the kinds
 ("sample", the default), or the damages FROM to TO, where those from 40 on are the same at other places. After each damaged file the next song must start: by itself, or, when the damage made a long
-song of it, when the person goes on. Each kind plays in a process of its own, several at a time;
-one that a damage ends
+song of it, when the person goes on. Each kind plays in a process of its own, several at a time; one that a damage ends
 is told by the damage's name and signal, and the rest of its kind goes on in a new process.
 """
 
@@ -22,7 +21,7 @@ KINDS = ["mp3", "wma", "mpg", "mpeg", "wav", "wmv", "mid", "mp4", "m4a", "mov", 
 DAMAGES = 40
 EACH_IN_SAMPLE = 8
 AT_A_TIME = 5
-#Start, patience and the way to the next song, each at its bound.
+# Start, patience and the way to the next song, each at its bound.
 LONGEST_CASE = 20
 
 
@@ -60,7 +59,7 @@ class Batch:
                 self.results[current] = line.strip()
         child.wait()
         bound.cancel()
-#What it started, its sound server, may have outlived it.
+        # What it started, its sound server, may have outlived it.
         try:
             os.killpg(child.pid, signal.SIGKILL)
         except ProcessLookupError:
