@@ -12,6 +12,7 @@ namespace {
 
 std::vector<std::string> Rows(const ListBox& list) {
     std::vector<std::string> rows;
+    rows.reserve(static_cast<std::size_t>(list.ListCount()));
     for (int row = 0; row < list.ListCount(); ++row)
         rows.emplace_back(list.List(row));
     return rows;

@@ -58,7 +58,7 @@ ports::MediaReply FakeMediaControl::SendString(std::string_view command) {
 }
 
 std::string FakeMediaControl::ErrorString(int error) const {
-    static const std::map<int, std::string> kTexts = {
+    static const std::map<int, std::string> texts = {
         {kUnrecognisedKeyword, "The driver cannot recognize the specified command parameter."},
         {kUnrecognisedCommand, "The driver cannot recognize the specified command."},
         {kNotOpen, "The specified device is not open or is not recognized by MCI."},
@@ -75,8 +75,8 @@ std::string FakeMediaControl::ErrorString(int error) const {
          "The specified file cannot be played. The file may be corrupt, or not in the correct format."},
         {kAliasInUse, "The specified alias is already being used in this application. Use a unique alias."},
     };
-    const auto found = kTexts.find(error);
-    return found == kTexts.end() ? std::string() : found->second;
+    const auto found = texts.find(error);
+    return found == texts.end() ? std::string() : found->second;
 }
 
 int FakeMediaControl::Run(const Words& words, std::string& answer) {

@@ -16,7 +16,6 @@ namespace {
 
 using library_tests::LibraryPane;
 using library_tests::Rows;
-using library_tests::RowsOf;
 using library_tests::Song;
 
 class TrackMatchRoomTest : public testing::Test, protected LibraryPane {

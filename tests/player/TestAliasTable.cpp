@@ -19,7 +19,7 @@ struct Case {
 };
 
 TEST(AliasTable, HasARowForEveryState) {
-    constexpr std::array cases = {
+    constexpr std::array kCases = {
         Case{false, false, Alias::None, Alias::A, false, FadeStart::None},
         Case{false, false, Alias::B, Alias::A, false, FadeStart::None},
         Case{false, true, Alias::B, Alias::A, true, FadeStart::ToA},
@@ -31,7 +31,7 @@ TEST(AliasTable, HasARowForEveryState) {
         Case{true, true, Alias::None, Alias::A, false, FadeStart::ToA},
     };
 
-    for (const Case& one : cases) {
+    for (const Case& one : kCases) {
         const auto& row = ChooseAlias(one.a, one.b, one.current);
         EXPECT_EQ(row.alias, one.alias) << one.a << one.b << TextOf(one.current);
         EXPECT_EQ(row.silent, one.silent) << one.a << one.b << TextOf(one.current);

@@ -4,7 +4,6 @@
 
 namespace {
 
-using player_tests::Orders;
 using player_tests::PlayerHouse;
 using Texts = std::vector<std::string>;
 

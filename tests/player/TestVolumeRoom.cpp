@@ -4,7 +4,6 @@
 
 namespace {
 
-using player_tests::Orders;
 using player_tests::PlayerHouse;
 using Texts = std::vector<std::string>;
 
@@ -96,7 +95,7 @@ TEST(VolumeRoom, ALevelIsRoundedToTheEvenPercent) {
 
         PlayerHouse::Press(house.controls.levels.lblVol, left);
 
-        EXPECT_EQ(house.TakeCommands(), Texts{"setaudio a Volume to " + base::ToText(percent * 10)}) << left;
+        EXPECT_EQ(house.TakeCommands(), Texts{"setaudio a Volume to " + base::ToText(10L * percent)}) << left;
         EXPECT_EQ(house.state.MusicVolume, percent) << left;
     }
 }

@@ -3,7 +3,6 @@
 namespace {
 
 using session_tests::Count;
-using session_tests::PlaceOf;
 using session_tests::Texts;
 
 class SessionRoom : public session_tests::CoreTest {

@@ -6,7 +6,6 @@
 namespace {
 
 using session_tests::Count;
-using session_tests::PlaceOf;
 using session_tests::Row;
 using session_tests::Texts;
 

@@ -3,7 +3,6 @@
 namespace {
 
 using session_tests::Count;
-using session_tests::PlaceOf;
 using session_tests::Texts;
 using StartUpRoom = session_tests::CoreTest;
 

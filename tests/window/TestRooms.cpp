@@ -27,9 +27,9 @@ std::string WrittenPage() {
 }
 
 bool HasHeader(const std::string& room) {
-    static const std::vector<std::string> kFolders = {"session", "library", "player",
-                                                      "web",     "places",  "window"};
-    return std::any_of(kFolders.begin(), kFolders.end(), [&room](const std::string& folder) {
+    static const std::vector<std::string> folders = {"session", "library", "player",
+                                                     "web",     "places",  "window"};
+    return std::any_of(folders.begin(), folders.end(), [&room](const std::string& folder) {
         return std::filesystem::exists(kSource / folder / (room + ".h"));
     });
 }

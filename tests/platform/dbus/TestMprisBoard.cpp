@@ -14,7 +14,6 @@
 
 namespace {
 
-using dbus_tests::Peer;
 using dbus_tests::PlayerWatcher;
 
 const QString kName = QStringLiteral("org.mpris.MediaPlayer2.brindlepost");

@@ -30,7 +30,7 @@ void Press(QDialog& box, const char* caption) {
 
 class BoxesTest : public testing::Test {
 protected:
-    ports::Dialogs& boxes() { return boxes_; }
+    ports::Dialogs& Boxes() { return boxes_; }
 
 private:
     qt::Boxes boxes_{qt_tests::TheLoop()};
@@ -45,7 +45,7 @@ TEST_F(BoxesTest, ABoxShowsItsTextAndTitleLetterForLetter) {
         Press(box, "OK");
     });
 
-    const ports::BoxAnswer answer = boxes().MsgBox("First & <b>line</b>\r\nSecond", ports::BoxButtons::Ok,
+    const ports::BoxAnswer answer = Boxes().MsgBox("First & <b>line</b>\r\nSecond", ports::BoxButtons::Ok,
                                                    "Title", ports::BoxIcon::Information);
 
     EXPECT_EQ(answer, ports::BoxAnswer::Ok);
@@ -60,25 +60,25 @@ TEST_F(BoxesTest, AnEmptyTitleIsTheProgramsName) {
         box.reject();
     });
 
-    boxes().MsgBox("Text");
+    Boxes().MsgBox("Text");
 
     EXPECT_EQ(title, "Brindlepost");
 }
 
 TEST_F(BoxesTest, YesAndNoAreAnsweredByTheirButtons) {
     WhenOpen([](QDialog& box) { Press(box, "Yes"); });
-    EXPECT_EQ(boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::Yes);
+    EXPECT_EQ(Boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::Yes);
 
     WhenOpen([](QDialog& box) { Press(box, "No"); });
-    EXPECT_EQ(boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::No);
+    EXPECT_EQ(Boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::No);
 }
 
 TEST_F(BoxesTest, EscapeAnswersNoAndEnterTheFirstButton) {
     WhenOpen([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-    EXPECT_EQ(boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::No);
+    EXPECT_EQ(Boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::No);
 
     WhenOpen([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
-    EXPECT_EQ(boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::Yes);
+    EXPECT_EQ(Boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::Yes);
 }
 
 TEST_F(BoxesTest, ALongTextScrollsAndTheBoxStaysOnTheScreen) {
@@ -91,7 +91,7 @@ TEST_F(BoxesTest, ALongTextScrollsAndTheBoxStaysOnTheScreen) {
         box.accept();
     });
 
-    boxes().MsgBox(text);
+    Boxes().MsgBox(text);
 
     EXPECT_GT(height, 100);
     EXPECT_LT(height, 500);
@@ -106,7 +106,7 @@ TEST_F(BoxesTest, AnInputBoxGivesWhatWasTyped) {
         QTest::keyClick(edit, Qt::Key_Return);
     });
 
-    const std::string typed = boxes().InputBox("What?", "Title", "Old");
+    const std::string typed = Boxes().InputBox("What?", "Title", "Old");
 
     EXPECT_EQ(offered, "Old");
     EXPECT_EQ(typed, "New");
@@ -115,7 +115,7 @@ TEST_F(BoxesTest, AnInputBoxGivesWhatWasTyped) {
 TEST_F(BoxesTest, ACancelledInputBoxGivesTheEmptyText) {
     WhenOpen([](QDialog& box) { Press(box, "Cancel"); });
 
-    EXPECT_EQ(boxes().InputBox("What?", "Title", "Old"), "");
+    EXPECT_EQ(Boxes().InputBox("What?", "Title", "Old"), "");
 }
 
 TEST_F(BoxesTest, TimersGoOnWhileABoxIsOpen) {
@@ -126,7 +126,7 @@ TEST_F(BoxesTest, TimersGoOnWhileABoxIsOpen) {
     });
     timer.start(1);
 
-    boxes().MsgBox("Wait");
+    Boxes().MsgBox("Wait");
 
     EXPECT_GE(ticks, 3);
 }
@@ -134,7 +134,7 @@ TEST_F(BoxesTest, TimersGoOnWhileABoxIsOpen) {
 TEST_F(BoxesTest, AnEndingProgramTakesItsBoxesWithIt) {
     QTimer::singleShot(0, [] { QCoreApplication::exit(0); });
 
-    EXPECT_EQ(boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::No);
+    EXPECT_EQ(Boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::No);
 }
 
 }  // namespace

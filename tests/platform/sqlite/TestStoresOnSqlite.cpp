@@ -126,11 +126,11 @@ private:
     unsigned Below(unsigned limit) { return static_cast<unsigned>(chance_() % limit); }
 
     std::string AnyText() {
-        static const std::vector<std::string> kParts{"",  "a", "\xc3\xa9",   "'", "\"",
-                                                     " ", "|", "long text ", "\n"};
+        static const std::vector<std::string> parts{"",  "a", "\xc3\xa9",   "'", "\"",
+                                                    " ", "|", "long text ", "\n"};
         std::string text;
         for (unsigned i = Below(5); i > 0; --i)
-            text += kParts[Below(static_cast<unsigned>(kParts.size()))];
+            text += parts[Below(static_cast<unsigned>(parts.size()))];
         if (Below(50) == 0) text.append(Below(70'000), 'x');
         return text;
     }

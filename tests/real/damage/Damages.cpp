@@ -33,6 +33,8 @@ Bytes Flip(Ground ground, std::size_t count, std::size_t end) {
     return ground.bytes;
 }
 
+// A damage is given its ground by value, for many of them change it in place.
+// NOLINTBEGIN(performance-unnecessary-value-param)
 Bytes CutTo(Bytes bytes, std::size_t size) {
     bytes.resize(std::min(size, bytes.size()));
     return bytes;
@@ -130,6 +132,7 @@ constexpr std::array<Damage, kDamages> kTable{{
     {"20000 bytes of noise in front", [](Ground g) { return Noise(g.places, 20000) + g.bytes; }},
     {"nothing but noise", [](Ground g) { return Noise(g.places, g.bytes.size()); }},
 }};
+// NOLINTEND(performance-unnecessary-value-param)
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <numbers>
 
 #include "platform/gstreamer/Gain.h"
@@ -14,7 +15,7 @@ constexpr std::size_t kGrain = kRate / 1000;  // nearly a millisecond
 constexpr std::size_t kGrainsPerHop = 5;
 constexpr std::size_t kHop = kGrainsPerHop * kGrain;
 // The sound server's clock is known to so many grains, one way or the other.
-constexpr int kSlack = 12;
+constexpr std::ptrdiff_t kSlack = 12;
 constexpr int kSoonest = 190;
 constexpr int kLatest = 260;
 

@@ -88,7 +88,8 @@ protected:
         if (seconds < 0) return -1;
         const auto first = from + static_cast<std::size_t>(seconds * kRate);
         const std::size_t glance = first + kRate / 50;  // behind the ramp and what a codec smears
-        const double later = static_cast<double>(glance + kGlance / 2 - first) / kRate;
+        constexpr std::size_t kHalfGlance = kGlance / 2;
+        const double later = static_cast<double>(glance + kHalfGlance - first) / kRate;
         return PlaceOf(server_.Between(glance, glance + kGlance).left) - later;
     }
     /// The place heard minus the place told at the same moment, in seconds.
@@ -235,6 +236,7 @@ std::size_t EntriesOf(const char* folder) {
 TEST_F(Places, SongsOneAfterAnotherAreAllHeardAndLeaveNothingBehind) {
     constexpr int kFiles = 6;
     std::vector<std::string> songs;
+    songs.reserve(kFiles);
     for (int i = 0; i < kFiles; ++i)
         songs.push_back(
             files_.Make("song" + std::to_string(i) + ".mp3", {.hertz = 400.0 + 100 * i, .seconds = 2}));
