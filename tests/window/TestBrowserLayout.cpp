@@ -175,6 +175,7 @@ TEST_F(BrowserLayoutTest, EveryControlThatShowsHasItsPlaceAfterOneRun) {
 TEST_F(BrowserLayoutTest, WhatAConstructorPlacedIsNotPlacedAgain) {
     const std::vector<const Control*> all = PlacedOf(window);
     std::vector<Rect> before;
+    before.reserve(all.size());
     for (const Control* control : all)
         before.push_back(RectOf(*control));
 
