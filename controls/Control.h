@@ -89,6 +89,7 @@ struct DropData {
     std::vector<std::string> Files;  ///< full paths in drive form
     std::string Text;                ///< the text format; empty when there is none
     bool HasText = false;
+    int Row = -1;  ///< the row of a list it was dropped on; -1 below the last row and on any other control
 };
 
 class Control {

@@ -1,6 +1,9 @@
 #include "platform/qt/Drops.h"
 
 #include <QUrl>
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/qt/Geometry.h"
 
@@ -12,19 +15,34 @@ std::string BytesOf(const QUrl& url) {
     return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
 }
 
+bool HasLocal(const QMimeData& data) {
+    return std::ranges::any_of(data.urls(), &QUrl::isLocalFile);
+}
+
+/// The native paths of the files; a path that cannot be looked at counts as a file's.
+std::vector<std::string> FilesOf(const QMimeData& data) {
+    std::vector<std::string> files;
+    for (const QUrl& url : data.urls()) {
+        std::error_code unknown;
+        if (!url.isLocalFile()) continue;
+        if (std::string path = BytesOf(url); !std::filesystem::is_directory(path, unknown))
+            files.push_back(std::move(path));
+    }
+    return files;
+}
+
 }  // namespace
 
 bool IsDroppable(const QMimeData& data) {
-    return data.hasUrls() || data.hasText();
+    return HasLocal(data) ? !FilesOf(data).empty() : data.hasText();
 }
 
 controls::DropData DropDataOf(const QMimeData& data,
                               const std::function<std::string(const std::string&)>& drive_form) {
     controls::DropData drop;
-    for (const QUrl& url : data.urls()) {
-        if (url.isLocalFile()) drop.Files.push_back(drive_form(BytesOf(url)));
-    }
-    if (drop.Files.empty() && data.hasText()) {
+    for (const std::string& path : FilesOf(data))
+        drop.Files.push_back(drive_form(path));
+    if (!HasLocal(data) && data.hasText()) {
         drop.HasText = true;
         drop.Text = data.text().toStdString();
     }

@@ -12,10 +12,10 @@
 
 namespace qt {
 
-/// Files of this computer, or a text.
+/// Files of this computer, or a text. Folders alone are refused.
 bool IsDroppable(const QMimeData& data);
-/// `drive_form` turns a native path, in bytes, into the controls' form. Files from elsewhere are left out. A
-/// drag that has files carries no text, whatever text its source puts beside them.
+/// `drive_form` turns a native path, in bytes, into the controls' form. Folders and files from elsewhere are
+/// left out. A drag that has files or folders carries no text, whatever text its source puts beside them.
 controls::DropData DropDataOf(const QMimeData& data,
                               const std::function<std::string(const std::string&)>& drive_form);
 

@@ -21,6 +21,7 @@ private:
     bool IsPassive() const override { return false; }
     bool PressEnter() override;
     int ScrolledUp() const override { return view_->Offset(); }
+    int RowAt(int y) const override { return view_->RowAt(y); }
     void DragOut();
     void ShowRows();
     controls::ListBox& list_;

@@ -219,17 +219,26 @@ void WidgetMirror::FocusCame(const QFocusEvent& event) {
     Mirrored().GotFocus.Raise();
 }
 
-bool WidgetMirror::Dropped(QEvent& event) {
+bool WidgetMirror::DraggedOver(QDropEvent& event) {
     if (!Mirrored().OLEDragDrop.IsClaimed()) return false;
-    auto& drop = static_cast<QDropEvent&>(event);
-    if (!IsDroppable(*drop.mimeData())) return false;
-    drop.setDropAction(Qt::CopyAction);
-    drop.accept();
-    if (event.type() != QEvent::Drop) return true;
-    const controls::DropData data =
-        DropDataOf(*drop.mimeData(), [this](const std::string& path) { return stage_.DriveForm(path); });
-    const QPointF at = Point(drop.position() + QPointF(0, ScrolledUp()));
-    Mirrored().OLEDragDrop.Raise(data, at.x(), at.y());
+    // Qt asks for each place only after the way in was accepted; the files need no second look.
+    if (event.type() == QEvent::DragEnter && !IsDroppable(*event.mimeData())) return false;
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+    return true;
+}
+
+// The program that the files come from waits until the drop event is over, and would hang for as long as a
+// handler reads a long list or shows a box. So the handler runs right after it.
+bool WidgetMirror::Dropped(QDropEvent& event) {
+    if (!DraggedOver(event)) return false;
+    controls::DropData data =
+        DropDataOf(*event.mimeData(), [this](const std::string& path) { return stage_.DriveForm(path); });
+    data.Row = RowAt(static_cast<int>(event.position().y()));
+    const QPointF at = Point(event.position() + QPointF(0, ScrolledUp()));
+    QMetaObject::invokeMethod(
+        this, [this, data = std::move(data), at] { Mirrored().OLEDragDrop.Raise(data, at.x(), at.y()); },
+        Qt::QueuedConnection);
     return true;
 }
 
@@ -257,8 +266,9 @@ bool WidgetMirror::eventFilter(QObject* watched, QEvent* event) {
             return false;
         case QEvent::DragEnter:
         case QEvent::DragMove:
+            return DraggedOver(static_cast<QDropEvent&>(*event));
         case QEvent::Drop:
-            return Dropped(*event);
+            return Dropped(static_cast<QDropEvent&>(*event));
         default:
             return false;
     }

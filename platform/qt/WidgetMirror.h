@@ -1,6 +1,7 @@
 // What all visible controls have in common: place, visibility, tool tip, the mouse, the keyboard, drops.
 #pragma once
 
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -35,6 +36,8 @@ protected:
     virtual void Place();
     /// How far the control's content is scrolled up, in pixels: drops count places in the content.
     virtual int ScrolledUp() const { return 0; }
+    /// The row at a height of the surface, in pixels; -1 where there is none.
+    virtual int RowAt(int /*y*/) const { return -1; }
     /// Raises the key at the nearest container that listens; true when the key is used up.
     bool KeyPressed(const QKeyEvent& event);
     /// Enter on the control itself; true when it did something.
@@ -47,7 +50,8 @@ private:
     bool MouseReleased(const QMouseEvent& event);
     bool WheelTurned(const QWheelEvent& event);
     bool PressWindowButton(int key_code);
-    bool Dropped(QEvent& event);
+    bool DraggedOver(QDropEvent& event);
+    bool Dropped(QDropEvent& event);
     void FocusCame(const QFocusEvent& event);
     QPointF Point(const QPointF& in_surface) const;
 

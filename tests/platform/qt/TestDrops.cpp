@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QTemporaryDir>
 #include <QUrl>
 
 #include "platform/qt/Drops.h"
@@ -54,6 +55,33 @@ TEST(Drops, ADragWithFilesCarriesNoText) {
     data.setText("/music/One.mp3");
 
     EXPECT_FALSE(qt::DropDataOf(data, Drive).HasText);
+}
+
+TEST(Drops, AFolderIsRefused) {
+    const QTemporaryDir folder;
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(folder.path())});
+
+    EXPECT_FALSE(qt::IsDroppable(data));
+    EXPECT_TRUE(qt::DropDataOf(data, Drive).Files.empty());
+    EXPECT_FALSE(qt::DropDataOf(data, Drive).HasText);
+}
+
+TEST(Drops, AFolderAmongFilesIsLeftOut) {
+    const QTemporaryDir folder;
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(folder.path()), QUrl::fromLocalFile("/music/Two.mp3")});
+
+    EXPECT_TRUE(qt::IsDroppable(data));
+    EXPECT_EQ(qt::DropDataOf(data, Drive).Files, std::vector<std::string>{"C:/music/Two.mp3"});
+}
+
+TEST(Drops, AnAddressFromElsewhereIsAText) {
+    QMimeData data;
+    data.setUrls({QUrl("http://example.org/page")});
+
+    EXPECT_TRUE(qt::IsDroppable(data));
+    EXPECT_EQ(qt::DropDataOf(data, Drive).Text, "http://example.org/page");
 }
 
 TEST(Drops, APictureAloneIsNothingToDrop) {

@@ -14,6 +14,7 @@
 #include "controls/ListBox.h"
 #include "controls/TextBox.h"
 #include "platform/qt/QtBench.h"
+#include "platform/qt/Skin.h"
 
 namespace {
 
@@ -208,22 +209,47 @@ TEST(HiddenList, RowsThatComeOneByOneCostTheScreenNothing) {
     EXPECT_EQ(list.ListCount(), 100'000);
 }
 
-TEST_F(ListMirrorTest, ADropIsToldByItsPlaceAmongTheRows) {
+void DropTextAt(QWidget* surface, const QPoint& at) {
+    QMimeData data;
+    data.setText("17");
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(surface, &enter);
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(surface, &drop);
+}
+
+TEST_F(ListMirrorTest, ADropIsReportedWithItsRowAndPlace) {
     for (int i = 0; i < 100; ++i)
         list_.AddItem("Row");
     double y = 0;
-    claims_.Claim(list_.OLEDragDrop, [&y](const controls::DropData&, double, double at_y) { y = at_y; });
+    int row = -1;
+    claims_.Claim(list_.OLEDragDrop, [&](const controls::DropData& data, double, double at_y) {
+        y = at_y;
+        row = data.Row;
+    });
     const qt_tests::Desk desk(list_);
     desk.Find<QListView>(list_)->verticalScrollBar()->setValue(240);
-    QMimeData data;
-    data.setText("17");
 
-    QDragEnterEvent enter(QPoint(2, 30), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(Rows(desk, list_), &enter);
-    QDropEvent drop(QPointF(2, 30), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(Rows(desk, list_), &drop);
+    DropTextAt(Rows(desk, list_), QPoint(2, 30));
 
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return row >= 0; }));
+    EXPECT_EQ(row, 270 / qt::skin::kRowHeight);
     EXPECT_EQ(y, 270 * 15);
+}
+
+TEST_F(ListMirrorTest, ADropBelowTheLastRowIsOnNone) {
+    bool dropped = false;
+    int row = 0;
+    claims_.Claim(list_.OLEDragDrop, [&](const controls::DropData& data, double, double) {
+        dropped = true;
+        row = data.Row;
+    });
+    const qt_tests::Desk desk(list_);
+
+    DropTextAt(Rows(desk, list_), QPoint(2, 4 * qt::skin::kRowHeight + 3));
+
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return dropped; }));
+    EXPECT_EQ(row, -1);
 }
 
 TEST_F(ListMirrorTest, AClickHandlerMayEmptyItsList) {

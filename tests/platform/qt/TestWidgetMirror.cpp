@@ -280,7 +280,7 @@ TEST_F(WidgetMirrorTest, FocusIsToldOnceItIsThere) {
     EXPECT_TRUE(desk.Find(text_)->hasFocus());
 }
 
-TEST_F(WidgetMirrorTest, FilesDroppedOnAControlArriveInDriveForm) {
+TEST_F(WidgetMirrorTest, FilesDroppedOnAControlArriveInDriveFormAfterTheDrop) {
     controls::DropData dropped;
     double x = 0;
     claims_.Claim(label_.OLEDragDrop, [&](const controls::DropData& data, double at_x, double) {
@@ -298,9 +298,12 @@ TEST_F(WidgetMirrorTest, FilesDroppedOnAControlArriveInDriveForm) {
     QDropEvent drop(QPointF(2, 3), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(desk.Find(label_), &drop);
 
-    EXPECT_EQ(dropped.Files, std::vector<std::string>{"C:/a.mp3"});
-    EXPECT_EQ(x, 30);
     EXPECT_TRUE(drop.isAccepted());
+    EXPECT_TRUE(dropped.Files.empty()) << "the source of the drag waits";
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return !dropped.Files.empty(); }));
+    EXPECT_EQ(dropped.Files, std::vector<std::string>{"C:/a.mp3"});
+    EXPECT_EQ(dropped.Row, -1);
+    EXPECT_EQ(x, 30);
 }
 
 TEST_F(WidgetMirrorTest, ADragOverAControlThatTakesNoneIsRefused) {
