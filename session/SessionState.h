@@ -43,13 +43,10 @@ struct SessionOptions {
     bool Include_Sub_Folders = true;
     /// Stored in the end mark at every end of a session, read by nothing.
     bool Show_Activation = false;
-    /// The day of the last clean-up as a number yyyymmdd, and today's number minus it: a plain difference,
-    /// not a count of days.
+    /// The age of the last clean-up, as session/DateAge.h counts it.
     std::int32_t DaysStampA = 0;
-    std::int32_t DaysStampAge = 0;
-    /// The day of the last back-up of all play lists in the same form; the back-up will show it.
+    /// The day of the last back-up of all play lists as a number yyyymmdd.
     std::int32_t LastPlayListBackUp = 0;
-    std::int32_t LastPlayListBackUpAge = 0;
 };
 
 /// Public flags of the main window that belong to no subject.

@@ -4,6 +4,7 @@
 
 #include "base/Number.h"
 #include "base/Text.h"
+#include "session/DateAge.h"
 #include "store/Tables.h"
 
 namespace session {
@@ -79,10 +80,10 @@ void SettingsRoom::RestoreRow(const Row& row) {
             RestoreSearchField(row.text);
             break;
         case SettingsRow::LastCleanUp:
-            RestoreDate(row, options_.DaysStampA, options_.DaysStampAge);
+            options_.DaysStampA = AgeOf(RestoreDate(row), clock_);
             break;
         case SettingsRow::LastBackUp:
-            RestoreDate(row, options_.LastPlayListBackUp, options_.LastPlayListBackUpAge);
+            options_.LastPlayListBackUp = RestoreDate(row);
             break;
         case SettingsRow::MusicTab:
             web_.MusicTabActive = on || session_.StartedWithArguments;
@@ -109,19 +110,13 @@ void SettingsRoom::RestoreSearchField(std::string_view field) {
     controls_.mnuSearchFilename.SetChecked(field == "Filename");
 }
 
-std::int32_t SettingsRoom::Today() const {
-    return base::Saturated<std::int32_t>(base::WholeVal(ports::DateStamp(clock_.Today())));
-}
-
-// 0 means never, and counts from today on. The text may be anything, so the age is kept in range as well.
-void SettingsRoom::RestoreDate(const Row& row, std::int32_t& stamp, std::int32_t& age) {
-    const std::int32_t today = Today();
-    stamp = base::Saturated<std::int32_t>(base::WholeVal(row.text));
-    if (stamp == 0) {
-        stamp = today;
-        ReplaceText(row.row, base::ToText(today));
-    }
-    age = base::Saturated<std::int32_t>(std::int64_t{today} - stamp);
+// 0 means never, and counts from today on.
+std::int32_t SettingsRoom::RestoreDate(const Row& row) {
+    const std::int32_t date = DateOf(row.text);
+    if (date != 0) return date;
+    const std::int32_t today = Today(clock_);
+    ReplaceText(row.row, base::ToText(today));
+    return today;
 }
 
 void SettingsRoom::ReplaceText(SettingsRow row, std::string_view text) {

@@ -68,11 +68,10 @@ private:
     void RestoreRow(const Row& row);
     void RestoreRepeat(bool repeat);
     void RestoreSearchField(std::string_view field);
-    void RestoreDate(const Row& row, std::int32_t& stamp, std::int32_t& age);
+    std::int32_t RestoreDate(const Row& row);
     void RestoreOption(store::SettingsRow row, bool on);
     void RestoreDependents(store::SettingsRow row, bool on);
     void ReplaceText(store::SettingsRow row, std::string_view text);
-    std::int32_t Today() const;
     std::vector<HomePage> HomePages();
     void FillTypes();
     void PlaceMusicTab();

@@ -131,7 +131,7 @@ library::Library MainWindow::BuildLibrary() {
          .datHistory = windows_.history.datHistory},
         {.ListMaybeChanged = state_.ListMaybeChanged,
          .Include_Sub_Folders = state_.options.Include_Sub_Folders,
-         .last_clean_up_age = state_.options.DaysStampAge},
+         .last_clean_up_age = state_.options.DaysStampA},
         stores_,
         {.start = relays_.start,
          .favourites = relays_.favourites,

@@ -86,10 +86,8 @@ TEST_F(SettingsRoom, ADateOfZeroBecomesToday) {
 
     EXPECT_EQ(Setting(5), "20260309");
     EXPECT_EQ(Setting(6), "20260309");
-    EXPECT_EQ(options.DaysStampA, 20260309);
-    EXPECT_EQ(options.DaysStampAge, 0);
+    EXPECT_EQ(options.DaysStampA, 0);
     EXPECT_EQ(options.LastPlayListBackUp, 20260309);
-    EXPECT_EQ(options.LastPlayListBackUpAge, 0);
 }
 
 TEST_F(SettingsRoom, AnAgeIsThePlainDifferenceOfTheStamps) {
@@ -98,9 +96,8 @@ TEST_F(SettingsRoom, AnAgeIsThePlainDifferenceOfTheStamps) {
 
     settings.LoadSettings();
 
-    EXPECT_EQ(options.DaysStampA, 20251231);
-    EXPECT_EQ(options.DaysStampAge, 9078);
-    EXPECT_EQ(options.LastPlayListBackUpAge, 81);
+    EXPECT_EQ(options.DaysStampA, 9078);
+    EXPECT_EQ(options.LastPlayListBackUp, 20260228);
     EXPECT_EQ(Setting(5), "20251231");
     EXPECT_EQ(Setting(6), "20260228");
 }
@@ -122,10 +119,8 @@ TEST_F(SettingsRoom, ADateBeyond32BitsStaysAtTheEndOfTheirRange) {
 
         settings.LoadSettings();
 
-        EXPECT_EQ(options.DaysStampA, one.stamp) << one.text;
-        EXPECT_EQ(options.DaysStampAge, one.age) << one.text;
+        EXPECT_EQ(options.DaysStampA, one.age) << one.text;
         EXPECT_EQ(options.LastPlayListBackUp, one.stamp) << one.text;
-        EXPECT_EQ(options.LastPlayListBackUpAge, one.age) << one.text;
     }
 }
 
@@ -223,15 +218,26 @@ TEST_F(SettingsRoom, TheMessengerNamesBoxFollowsTheCustomText) {
 }
 
 TEST_F(SettingsRoom, MultipleUsersEnableTheirControls) {
-    for (const bool on : {false, true}) {
-        SetSetting(14, base::FlagText(on));
+    for (const auto& [text, on] :
+         {std::pair{"False", false}, {"True", true}, {"False", false}, {"", true}, {"unknown", true}}) {
+        SetSetting(14, text);
 
         settings.LoadSettings();
 
-        EXPECT_EQ(checks.chkMultiLogin.Checked(), on);
-        EXPECT_EQ(checks.chkAutoLogin.Enabled(), on);
-        EXPECT_EQ(checks.cmdNewUser.Visible(), on);
+        EXPECT_EQ(checks.chkMultiLogin.Checked(), on) << text;
+        EXPECT_EQ(checks.chkAutoLogin.Enabled(), on) << text;
+        EXPECT_EQ(checks.cmdNewUser.Visible(), on) << text;
     }
+}
+
+TEST_F(SettingsRoom, TheMessengerTextEnablesTheBoxOfItsNamesAlsoWithoutTheMessenger) {
+    SetSetting(11, "False");
+    SetSetting(12, "True");
+
+    settings.LoadSettings();
+
+    EXPECT_FALSE(checks.chkCustom.Enabled());
+    EXPECT_TRUE(checks.chkSaveMSN.Enabled());
 }
 
 TEST_F(SettingsRoom, NothingAfterTheEndMarkIsRead) {
@@ -502,6 +508,29 @@ TEST_F(SettingsRoom, StoringWritesWhatIsSet) {
     EXPECT_EQ(Setting(7), "False");
     EXPECT_EQ(Setting(8), "False");
     EXPECT_EQ(Setting(kEndMark), "False");
+}
+
+TEST_F(SettingsRoom, StoredRowsAreOfTheKindSettings) {
+    settings.LoadSettings();
+    store::DataSource source("datSeed");
+    stores.Bind(source, "tblHistory");
+    source.Open("SELECT * from tblHistory");
+    store::RecordSet& rows = source.Recordset();
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        rows.Edit();
+        rows.Set(store::tblHistory::HistoryType, "Web");
+        rows.Update();
+    }
+
+    settings.StoreSettings();
+
+    for (const Row& row : stores.Rows("tblHistory")) {
+        const store::SettingsWriter writer =
+            store::kSettings[static_cast<std::size_t>(base::WholeVal(row[0]) - 1)].writer;
+        const bool is_stored = writer == store::SettingsWriter::EndOfSession ||
+                               writer == store::SettingsWriter::EveryEndOfSession;
+        EXPECT_EQ(row[1], is_stored ? "Settings" : "Web") << row[0];
+    }
 }
 
 TEST_F(SettingsRoom, TheStoredSearchFieldIsTheFirstChecked) {
