@@ -176,6 +176,21 @@ std::string QuoteFree(std::string_view path) {
     return WithStandIns(path, [](unsigned char byte) { return byte == '"'; });
 }
 
+std::string SeparatorFree(std::string_view text) {
+    return WithStandIns(text, [](unsigned char byte) { return IsSeparator(static_cast<char>(byte)); });
+}
+
+// The stand-in of "/" is none to TextToBytes, for no file's name holds one: on the disk it stays as it is.
+std::string WithSeparators(std::string_view name) {
+    std::string text(name);
+    for (const char separator : {'\\', '/'}) {
+        std::string stand_in;
+        AppendStandIn(stand_in, Byte(separator));
+        text = Replace(text, stand_in, std::string_view(&separator, 1));
+    }
+    return text;
+}
+
 std::optional<std::string> NativePath(std::string_view path, const std::vector<Volume>& volumes) {
     if (path.find('\0') != std::string_view::npos) return std::nullopt;
     if (!HasDrive(path)) return AppendNative({}, path);

@@ -36,6 +36,12 @@ std::string BlankFree(std::string_view path);
 /// Stand-ins for double quotes, for where a path is put between quotes.
 std::string QuoteFree(std::string_view path);
 
+/// A text as one name of a path, the name of a file that is called after it: stand-ins for both separators.
+std::string SeparatorFree(std::string_view text);
+
+/// The text that SeparatorFree made this name of.
+std::string WithSeparators(std::string_view name);
+
 /// A mounted volume: its letter ('D' and up), the folder it is mounted at in native bytes, and its name.
 struct Volume {
     char letter = 'D';

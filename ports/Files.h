@@ -94,7 +94,8 @@ public:
     /// The bytes of a file, at most `limit` of them; nothing when it cannot be read.
     virtual std::optional<std::string> ReadText(std::string_view path,
                                                 std::size_t limit = kLongestText) const = 0;
-    /// Makes the file, or replaces what is in it. A write that fails may leave a part of the text in it.
+    /// Makes the file, or replaces what is in it. The text is written beside it first: a write that fails
+    /// leaves the file as it was, or no file.
     virtual FileResult WriteText(std::string_view path, std::string_view bytes) = 0;
     static constexpr std::size_t kLongestText = std::size_t{64} << 20U;
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <utility>
 
 #include "platform/linux/Descriptor.h"
@@ -59,6 +60,16 @@ bool WriteAll(const Descriptor& file, std::string_view bytes) {
     }
     return true;
 }
+
+// A link stays a link: what it leads to is written. One that leads nowhere is replaced.
+std::string BehindLinks(const std::string& native) {
+    struct stat status {};
+    if (native.empty() || ::lstat(native.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) return native;
+    std::array<char, PATH_MAX> buffer{};
+    return ::realpath(native.c_str(), buffer.data()) != nullptr ? std::string(buffer.data()) : native;
+}
+
+constexpr std::string_view kBeside = ".brindlepost-";
 
 }  // namespace
 
@@ -133,14 +144,25 @@ std::optional<std::string> LinuxFiles::ReadText(std::string_view path, std::size
     return text;
 }
 
+// The new text is complete on the disk, in a hidden file beside the old one, before it takes its place.
 ports::FileResult LinuxFiles::WriteText(std::string_view path, std::string_view bytes) {
-    const std::string native = ToNative(path);
+    const std::string native = BehindLinks(ToNative(path));
     if (native.empty()) return ports::FileResult::Missing;
-    Descriptor file = OpenAtOnce(native, O_WRONLY | O_CREAT);
+    struct stat old {};
+    const bool is_there = ::stat(native.c_str(), &old) == 0;
+    if (is_there && !S_ISREG(old.st_mode)) return ports::FileResult::Failed;
+    const std::string beside =
+        native.substr(0, native.rfind('/') + 1) + std::string(kBeside) + std::to_string(::getpid());
+    ::unlink(beside.c_str());
+    Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
     if (!file.IsOpen()) return ResultOf(errno);
-    if (!IsRegular(file)) return ports::FileResult::Failed;
-    if (::ftruncate(file.Number(), 0) != 0 || !WriteAll(file, bytes) || !file.Close()) return ResultOf(errno);
-    return ports::FileResult::Done;
+    const bool is_written = (!is_there || ::fchmod(file.Number(), old.st_mode & 07777U) == 0) &&
+                            WriteAll(file, bytes) && ::fsync(file.Number()) == 0 && file.Close() &&
+                            ::rename(beside.c_str(), native.c_str()) == 0;
+    if (is_written) return ports::FileResult::Done;
+    const ports::FileResult result = ResultOf(errno);
+    ::unlink(beside.c_str());
+    return result;
 }
 
 std::string LinuxFiles::GetShortPathName(std::string_view path) const {

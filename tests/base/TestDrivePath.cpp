@@ -102,6 +102,21 @@ TEST(DrivePath, AQuoteFreePathKeepsItsBlanks) {
     EXPECT_EQ(QuoteFree("a \"b\"").find('"'), std::string::npos);
 }
 
+TEST(DrivePath, ATextThatIsAFileNameIsOneNameAndComesBack) {
+    for (const auto* text : {"AC/DC", "a\\b", "..", "../../etc", "/", "\\", "C:\\x", "a/b\\c", "Björk – ½"}) {
+        const std::string name = SeparatorFree(text);
+
+        const std::optional<std::string> native = NativePath("C:\\lists\\" + name + ".mpl", {});
+
+        ASSERT_TRUE(native.has_value()) << text;
+        EXPECT_EQ(native->rfind('/'), std::string_view("/lists").size()) << text;
+        EXPECT_EQ(DrivePath(*native, {}), "C:\\lists\\" + name + ".mpl") << text;
+        EXPECT_EQ(WithSeparators(name), text);
+    }
+    EXPECT_EQ(SeparatorFree("plain name"), "plain name");
+    EXPECT_EQ(WithSeparators("plain name"), "plain name");
+}
+
 TEST(ShortPaths, APathThatIsShortEnoughOnlyLosesItsBlanks) {
     ShortPaths paths;
 

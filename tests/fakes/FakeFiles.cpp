@@ -154,7 +154,8 @@ ports::FileResult FakeFiles::MakeFolder(std::string_view path) {
 }
 
 ports::FileResult FakeFiles::DeleteFile(std::string_view path) {
-    if (forced_result_ != ports::FileResult::Done) return forced_result_;
+    using ports::FileResult;
+    if (forced_result_ != FileResult::Done && forced_result_ != FileResult::DiskFull) return forced_result_;
     const Node* const node = Find(path);
     if (node == nullptr) return ports::FileResult::Missing;
     if (node->is_folder) return ports::FileResult::Failed;

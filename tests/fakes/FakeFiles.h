@@ -27,7 +27,8 @@ public:
     void Remove(std::string_view path);
     /// A folder's contents, or a file's text, can no longer be read; its attributes still can.
     void MakeUnreadable(std::string_view path);
-    /// What every later write, deletion and new folder results in; Done gives the real result again.
+    /// What every later write, deletion and new folder results in; Done gives the real result again. A full
+    /// disk lets files be deleted.
     void FailChangesWith(ports::FileResult result) { forced_result_ = result; }
     /// The text of a file, empty for a missing one.
     std::string TextOf(std::string_view path) const;

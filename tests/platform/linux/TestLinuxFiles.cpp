@@ -1,11 +1,13 @@
 #include "platform/linux/LinuxFiles.h"
 
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 
 #include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/linux/Bench.h"
@@ -166,6 +168,53 @@ TEST_F(LinuxFilesTest, WhatTheAccountMayNotDoIsRefused) {
     EXPECT_EQ(files_.WriteText(In("shut/a.mpl"), "x"), ports::FileResult::Refused);
     EXPECT_EQ(files_.DeleteFile(In("shut/a.mpl")), ports::FileResult::Refused);
     EXPECT_EQ(files_.MakeFolder(In("shut/new")), ports::FileResult::Refused);
+}
+
+class SmallDisk {
+public:
+    explicit SmallDisk(std::string place) : place_(std::move(place)) {
+        ::mkdir(place_.c_str(), 0700);
+        is_mounted_ = ::mount("tmpfs", place_.c_str(), "tmpfs", 0, "size=64k") == 0;
+    }
+    ~SmallDisk() {
+        if (is_mounted_) ::umount(place_.c_str());
+    }
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+    bool IsMounted() const { return is_mounted_; }
+
+private:
+    std::string place_;
+    bool is_mounted_ = false;
+};
+
+TEST_F(LinuxFilesTest, AWriteToAFullDiskLeavesTheOldFileAndNothingBesideIt) {
+    const SmallDisk disk(folder_ / "disk");
+    if (!disk.IsMounted()) GTEST_SKIP() << "only the superuser may make a small disk";
+    folder_.Write("disk/a.mpl", "old");
+
+    EXPECT_EQ(files_.WriteText(In("disk/a.mpl"), std::string(200'000, 'x')), ports::FileResult::DiskFull);
+    EXPECT_EQ(files_.WriteText(In("disk/b.mpl"), std::string(200'000, 'x')), ports::FileResult::DiskFull);
+
+    EXPECT_EQ(files_.ReadText(In("disk/a.mpl"), 10), "old");
+    EXPECT_EQ(files_.ListFolder(In("disk"))->Files, Names{"a.mpl"});
+    EXPECT_EQ(files_.WriteText(In("disk/a.mpl"), "new"), ports::FileResult::Done);
+    EXPECT_EQ(files_.ReadText(In("disk/a.mpl"), 10), "new");
+}
+
+TEST_F(LinuxFilesTest, AWrittenFileKeepsItsRightsAndALinkToIt) {
+    folder_.Write("a.mpl", "old");
+    ASSERT_EQ(::chmod((folder_ / "a.mpl").c_str(), 0640), 0);
+    folder_.Link("a.mpl", "to a.mpl");
+
+    EXPECT_EQ(files_.WriteText(In("to a.mpl"), "new"), ports::FileResult::Done);
+
+    struct stat status {};
+    ASSERT_EQ(::lstat((folder_ / "a.mpl").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+    EXPECT_EQ(files_.ReadText(In("a.mpl"), 10), "new");
+    ASSERT_EQ(::lstat((folder_ / "to a.mpl").c_str(), &status), 0);
+    EXPECT_TRUE(S_ISLNK(status.st_mode));
 }
 
 TEST_F(LinuxFilesTest, AFileInAFolderThatMayNotBeEnteredDoesNotExist) {
