@@ -7,6 +7,7 @@
 #include <QIcon>
 #include <QSocketNotifier>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -15,6 +16,7 @@
 #include "platform/dbus/BusScreenSaver.h"
 #include "platform/dbus/MprisBoard.h"
 #include "platform/gstreamer/MediaEngine.h"
+#include "platform/gstreamer/Threads.h"
 #include "platform/linux/CommandText.h"
 #include "platform/linux/EndSignal.h"
 #include "platform/linux/LinuxFiles.h"
@@ -52,9 +54,7 @@ int NoDisplay(const std::string& what) {
     return kNoDisplay;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int RunProgram(int argc, char** argv) {
     qt::PrepareEnvironment();
     if (const std::string missing = qt::MissingDisplay(); !missing.empty()) return NoDisplay(missing);
 
@@ -113,4 +113,13 @@ int main(int argc, char** argv) {
     });
     main_window.Start();
     return loop.Run();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const int code = RunProgram(argc, argv);
+    // A thread that a frozen sound server holds must not meet exit handlers at work.
+    if (gstreamer::Threads::HasGivenUp()) std::_Exit(code);
+    return code;
 }

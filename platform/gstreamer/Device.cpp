@@ -1,11 +1,12 @@
 #include "platform/gstreamer/Device.h"
 
 #include <algorithm>
-#include <thread>
+#include <utility>
 
 #include "base/Number.h"
 #include "platform/gstreamer/DeviceShare.h"
 #include "platform/gstreamer/MciErrors.h"
+#include "platform/gstreamer/Threads.h"
 #include "platform/gstreamer/Worker.h"
 
 namespace gstreamer {
@@ -33,7 +34,9 @@ std::string_view ModeWord(Mode mode) {
 
 }  // namespace
 
-Device::Device() : share_(std::make_shared<DeviceShare>()) {}
+Device::Device(std::shared_ptr<Threads> threads) : share_(std::make_shared<DeviceShare>()) {
+    share_->threads = std::move(threads);
+}
 
 Device::~Device() {
     const std::lock_guard lock(share_->mutex);
@@ -44,7 +47,7 @@ Device::~Device() {
 int Device::Open(const OpenRequest& request) {
     std::unique_lock lock(share_->mutex);
     share_->request = request;
-    std::thread([share = share_] { RunWorker(share); }).detach();
+    share_->threads->Start([share = share_] { RunWorker(share); });
     const bool in_time =
         share_->opened.wait_for(lock, kOpenTimeout, [this] { return share_->open_result.has_value(); });
     return in_time ? *share_->open_result : kNotReady;

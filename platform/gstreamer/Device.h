@@ -20,6 +20,7 @@
 namespace gstreamer {
 
 struct DeviceShare;
+class Threads;
 
 struct OpenRequest {
     std::string native_path;
@@ -28,7 +29,8 @@ struct OpenRequest {
 
 class Device final {
 public:
-    Device();
+    /// The worker is one of `threads`.
+    explicit Device(std::shared_ptr<Threads> threads);
     /// Closes without waiting.
     ~Device();
     Device(const Device&) = delete;
@@ -48,10 +50,6 @@ public:
     void PutPicture(const std::array<int, 4>& place);
     /// The answer to a status command.
     std::string Status(const Command& command);
-
-    /// True once the worker of a device has ended.
-    static bool HasEnded(const std::weak_ptr<DeviceShare>& share) { return share.expired(); }
-    std::weak_ptr<DeviceShare> Share() const { return share_; }
 
 private:
     std::int64_t ToNanoseconds(std::int64_t place) const;

@@ -44,6 +44,7 @@ struct DeviceShare {
     std::condition_variable opened;   ///< for the one who opens
     std::shared_ptr<Gain> gain = std::make_shared<Gain>();
 
+    std::shared_ptr<Threads> threads;  ///< of the engine
     OpenRequest request;
     std::optional<int> open_result;
     MediaFacts facts;

@@ -1,18 +1,16 @@
 #include "platform/gstreamer/MediaEngine.h"
 
-#include <algorithm>
 #include <chrono>
-#include <thread>
 #include <utility>
 
 #include "platform/gstreamer/MciErrors.h"
 #include "platform/gstreamer/Pipeline.h"
+#include "platform/gstreamer/SpareSink.h"
 
 namespace gstreamer {
 namespace {
 
 constexpr std::chrono::seconds kFarewell{1};
-constexpr std::chrono::milliseconds kGlance{2};
 
 // Only what needs no answer and no place of its own can be told to all devices.
 bool CanBeForAll(Verb verb) {
@@ -25,16 +23,11 @@ MediaEngine::MediaEngine(Resolver resolve) : resolve_(std::move(resolve)) {}
 
 MediaEngine::~MediaEngine() {
     CloseAll();
-    const auto until = std::chrono::steady_clock::now() + kFarewell;
-    const auto have_ended = [this] {
-        return std::all_of(closing_.begin(), closing_.end(), Device::HasEnded);
-    };
-    while (!have_ended() && std::chrono::steady_clock::now() < until)
-        std::this_thread::sleep_for(kGlance);
+    if (threads_->End(kFarewell)) SpareSink::Release();
 }
 
 void MediaEngine::WarmUp() {
-    std::thread(LoadElements).detach();
+    threads_->Start(LoadElements);
 }
 
 ports::MediaReply MediaEngine::SendString(std::string_view command) {
@@ -65,15 +58,13 @@ int MediaEngine::Open(const Command& command) {
         return kTypeNotInstalled;
     const std::string path = resolve_(command.target);
     if (path.empty()) return kFileNotFound;
-    auto device = std::make_unique<Device>();
+    auto device = std::make_unique<Device>(threads_);
     const int error = device->Open({.native_path = path, .parent = command.parent});
-    closing_.push_back(device->Share());
     if (error == kNoError) devices_[command.alias] = std::move(device);
     return error;
 }
 
 void MediaEngine::Close(const std::string& alias) {
-    std::erase_if(closing_, Device::HasEnded);
     devices_.erase(alias);
 }
 

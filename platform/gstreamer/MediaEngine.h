@@ -10,9 +10,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/gstreamer/Device.h"
+#include "platform/gstreamer/Threads.h"
 #include "ports/MediaControl.h"
 
 namespace gstreamer {
@@ -23,7 +23,8 @@ public:
     using Resolver = std::function<std::string(std::string_view)>;
 
     explicit MediaEngine(Resolver resolve);
-    /// Closes everything, waiting a second at most.
+    /// Closes everything and joins its threads, waiting a second at most; `Threads::HasGivenUp` tells whether
+    /// that was enough.
     ~MediaEngine() override;
     MediaEngine(const MediaEngine&) = delete;
     MediaEngine& operator=(const MediaEngine&) = delete;
@@ -45,7 +46,7 @@ private:
 
     Resolver resolve_;
     std::map<std::string, std::unique_ptr<Device>> devices_;
-    std::vector<std::weak_ptr<DeviceShare>> closing_;
+    std::shared_ptr<Threads> threads_ = std::make_shared<Threads>();
 };
 
 }  // namespace gstreamer

@@ -15,6 +15,7 @@
 #include "platform/gstreamer/MciErrors.h"
 #include "platform/gstreamer/MidiFile.h"
 #include "platform/gstreamer/Playout.h"
+#include "platform/gstreamer/SpareSink.h"
 
 namespace gstreamer {
 namespace {
@@ -179,6 +180,7 @@ void LoadElements() {
         gst_element_set_state(element, GST_STATE_NULL);
         gst_object_unref(element);
     }
+    SpareSink::Keep();
 }
 
 bool CanReachSoundServer() {
@@ -337,7 +339,10 @@ GstElement* Pipeline::MakeSoundSink(bool silent) {
         SetInt(sink, "alignment-threshold", kTimesMayBeOff);
     }
     silent_ = !CanBeUsed(sink);
-    if (!silent_) return sink;
+    if (!silent_) {
+        SpareSink::Keep();
+        return sink;
+    }
     sink = gst_element_factory_make("fakesink", nullptr);
     g_object_set(sink, "sync", TRUE, nullptr);
     return sink;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/gstreamer/MciErrors.h"
+#include "platform/gstreamer/Threads.h"
 
 namespace gstreamer {
 namespace {
@@ -157,7 +158,7 @@ private:
         ++glances_;
         next_glance_ = Anchor::Clock::now() + kServerGlance / 2;
         share_.looking = true;
-        std::thread([weak = weak_share_] { Look(weak); }).detach();
+        share_.threads->Start([weak = weak_share_] { Look(weak); });
     }
 
     static void Look(const std::weak_ptr<DeviceShare>& weak) {

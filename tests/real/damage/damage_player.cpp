@@ -2,15 +2,19 @@
 //
 //     damage_player KIND NUMBER...
 //
-// A line "begin" stands before each damage, so that one that ends the process is known by name. "ok" is a
-// damage after which the next song started; how it got there is behind it.
+// The kind "kept" has files of its own, kept because they once ended the process: the number counts them
+// round and round. A line "begin" stands before each damage, so that one that ends the process is known by
+// name. "ok" is a damage after which the next song started; how it got there is behind it.
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "real/damage/Damages.h"
 #include "real/damage/LivePlayer.h"
@@ -22,6 +26,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using damage::LivePlayer;
 
+constexpr const char* kKept = "kept";
 /// Nothing may take longer: neither a command nor the way to the next song.
 constexpr double kBound = 6;
 /// The good songs, damaged or following.
@@ -46,12 +51,31 @@ std::string MakeMedia(sound::GeneratedMedia& files, const std::string& name) {
     return files.Make(name, {.seconds = kSongSeconds});
 }
 
+/// The files that are kept, by name.
+std::vector<std::filesystem::path> KeptFiles() {
+    const std::filesystem::directory_iterator files(KEPT_MEDIA);
+    std::vector<std::filesystem::path> kept(begin(files), end(files));
+    std::sort(kept.begin(), kept.end());
+    return kept;
+}
+
+const std::filesystem::path& KeptFile(int number) {
+    static const std::vector<std::filesystem::path> kept = KeptFiles();
+    return kept.at(static_cast<std::size_t>(number) % kept.size());
+}
+
+std::string NameOf(const std::string& kind, int number) {
+    if (kind == kKept) return KeptFile(number).filename();
+    return number < 0 ? "no damage" : std::string(damage::NameOf(number));
+}
+
 class Bench {
 public:
     explicit Bench(std::string kind)
         : kind_(std::move(kind)),
-          original_(ContentOf(MakeMedia(files_, "good." + kind_))),
-          other_(ContentOf(MakeMedia(files_, kind_ == "avi" ? "other.mp3" : "other.avi"))),
+          original_(kind_ == kKept ? "none" : ContentOf(MakeMedia(files_, "good." + kind_))),
+          other_(kind_ == kKept ? "none"
+                                : ContentOf(MakeMedia(files_, kind_ == "avi" ? "other.mp3" : "other.avi"))),
           next_(MakeMedia(files_, "next.wav")) {}
 
     bool IsReady() const {
@@ -60,9 +84,7 @@ public:
 
     /// True when the next song started.
     bool Try(int number) {
-        const std::string path =
-            files_.Write("damaged" + std::to_string(number) + "." + kind_,
-                         number < 0 ? original_ : damage::Damaged(original_, other_, number));
+        const std::string path = MakeDamaged(number);
         LivePlayer player;
         player.AddTrack(path);
         player.AddTrack(next_);
@@ -84,6 +106,11 @@ public:
     }
 
 private:
+    std::string MakeDamaged(int number) {
+        if (kind_ == kKept) return KeptFile(number);
+        return files_.Write("damaged" + std::to_string(number) + "." + kind_,
+                            number < 0 ? original_ : damage::Damaged(original_, other_, number));
+    }
     static double SecondsSince(Clock::time_point then) {
         return std::chrono::duration<double>(Clock::now() - then).count();
     }
@@ -117,8 +144,7 @@ int main(int argc, char** argv) {
     bool all_well = true;
     for (int i = 2; i < argc; ++i) {
         const int number = std::atoi(argv[i]);
-        const std::string name = number < 0 ? "no damage" : std::string(damage::NameOf(number));
-        std::printf("begin %s %d %s\n", argv[1], number, name.c_str());
+        std::printf("begin %s %d %s\n", argv[1], number, NameOf(argv[1], number).c_str());
         std::fflush(stdout);
         all_well = bench.Try(number) && all_well;
     }

@@ -1,6 +1,6 @@
 """Damaged media through the whole player on the real engine: `test_damage.py BUILD_FOLDER [all|sample|FROM-TO] [KIND...]`.
 
-Thirteen kinds times forty damages ("all"), or for each kind a share of them that reaches every damage over the kinds
+Thirteen kinds, and the two files that are kept, times forty damages ("all"), or for each kind a share of them that reaches every damage over the kinds
 ("sample", the default), or the damages FROM to TO, where those from 40 on are the same at other places. After each damaged file the next song must start: by itself, or, when the damage made a long
 song of it, when the person goes on. Each kind plays in a process of its own, several at a time; one that a damage ends
 is told by the damage's name and signal, and the rest of its kind goes on in a new process.
@@ -17,7 +17,7 @@ import tempfile
 import threading
 import time
 
-KINDS = ["mp3", "wma", "mpg", "mpeg", "wav", "wmv", "mid", "mp4", "m4a", "mov", "avi", "vob", "jpeg"]
+KINDS = ["mp3", "wma", "mpg", "mpeg", "wav", "wmv", "mid", "mp4", "m4a", "mov", "avi", "vob", "jpeg", "kept"]
 DAMAGES = 40
 EACH_IN_SAMPLE = 8
 AT_A_TIME = 5
@@ -44,9 +44,9 @@ class Batch:
     def _play(self, program, numbers, folder):
         """None when all were told; otherwise the damage that ended the process, and how."""
         environment = dict(os.environ, TMPDIR=str(folder))
-        child = subprocess.Popen([program, self.kind, *map(str, numbers)], stdout=subprocess.PIPE,
-                                 stderr=subprocess.DEVNULL, stdin=subprocess.DEVNULL, env=environment, text=True,
-                                 start_new_session=True)
+        errors = open(folder / f"{self.kind}.stderr", "w+", errors="replace")
+        child = subprocess.Popen([program, self.kind, *map(str, numbers)], stdout=subprocess.PIPE, stderr=errors,
+                                 stdin=subprocess.DEVNULL, env=environment, text=True, start_new_session=True)
         bound = threading.Timer(LONGEST_CASE * (len(numbers) + 1), child.kill)
         bound.start()
         current = None
@@ -64,11 +64,14 @@ class Batch:
             os.killpg(child.pid, signal.SIGKILL)
         except ProcessLookupError:
             pass
+        errors.seek(0)
+        last_words = [line.strip() for line in errors if line.strip()][-3:]
+        errors.close()
         if all(number in self.results for number in numbers):
             return None
         how = signal.Signals(-child.returncode).name if child.returncode < 0 else f"exit code {child.returncode}"
         left = [number for number in numbers if number not in self.results]
-        return left[0], f"CRASHED {how}"
+        return left[0], f"CRASHED {how}: {' / '.join(last_words)}"
 
 
 def sample_of(index):
