@@ -11,13 +11,18 @@
 namespace library {
 
 CleanUpRoom::CleanUpRoom(TaskControls& controls, CleanUpMenu& menu, CleanUpStores stores,
-                         const std::int32_t& last_clean_up_age, roles::TrackLists& lists, CleanUpPorts ports)
+                         const std::int32_t& last_clean_up_age, roles::TrackLists& lists,
+                         roles::Highlights& highlights, CleanUpPorts ports)
     : controls_(controls),
       stores_(stores),
       last_clean_up_age_(last_clean_up_age),
       lists_(lists),
       ports_(ports) {
     claims_.Claim(menu.mnuCleanUp.Click, [this] { mnuCleanUp_Click(); });
+    const auto hide_overs = [&highlights] { highlights.NoMouseOvers(); };
+    claims_.Claim(controls_.fraTask.MouseMove, hide_overs);
+    claims_.Claim(controls_.imgTaskBG.MouseMove, hide_overs);
+    claims_.Claim(controls_.fraTaskCenter.MouseMove, hide_overs);
 }
 
 // The menu stays open to the user while a run yields; a second run would empty the lists of the first.

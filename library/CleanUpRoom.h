@@ -17,6 +17,7 @@
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
+#include "roles/Highlights.h"
 #include "roles/TrackLists.h"
 #include "store/DataSource.h"
 
@@ -40,7 +41,8 @@ public:
     /// `last_clean_up_age` is the age of the last run as the session found it: the plain difference of two
     /// numbers yyyymmdd.
     CleanUpRoom(TaskControls& controls, CleanUpMenu& menu, CleanUpStores stores,
-                const std::int32_t& last_clean_up_age, roles::TrackLists& lists, CleanUpPorts ports);
+                const std::int32_t& last_clean_up_age, roles::TrackLists& lists,
+                roles::Highlights& highlights, CleanUpPorts ports);
 
 private:
     void mnuCleanUp_Click();

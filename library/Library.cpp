@@ -23,7 +23,7 @@ Library::Library(LibraryWindows windows, LibraryState state, store::Stores& stor
       search_(windows.controls.search, windows.menu, windows.controls.sources, lists_, others.highlights),
       clean_up_(windows.controls.task, windows.menu,
                 {.datSong = windows.controls.sources.datSong, .datHistory = windows.datHistory},
-                state.last_clean_up_age, lists_,
+                state.last_clean_up_age, lists_, others.highlights,
                 {.files = ports.files, .dialogs = ports.dialogs, .loop = ports.loop, .clock = ports.clock}),
       track_match_(windows.controls.track_import,
                    {.lblFoundNo = windows.controls.task.lblFoundNo,

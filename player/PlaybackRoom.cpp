@@ -10,6 +10,9 @@ namespace player {
 namespace {
 
 constexpr double kTitleStart = 100;
+/// Ticks of 50 ms, two seconds: a short title has its turning point where it begins, and would drop out of
+/// its box before it was read.
+constexpr int kTitleRest = 40;
 constexpr std::string_view kEveryTrackMissing = "Every track in this playlist is missing!";
 
 }  // namespace
@@ -55,7 +58,8 @@ void PlaybackRoom::PreviousTrack() {
 
 bool PlaybackRoom::CanPlay(const std::string& filename) {
     rooms_.fade.ClearDrag();
-    controls_.lblTrack.SetLeft(kTitleStart);
+    controls_.lblTrack.Move(kTitleStart, 0, controls_.lblTrack.Width(), controls_.lblTrack.Height());
+    state_.title_rest = kTitleRest;
     return base::IsMediaFile(filename) && ports_.files.FileExists(filename);
 }
 

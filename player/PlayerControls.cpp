@@ -71,10 +71,13 @@ FadeControls::FadeControls() {
 VolumeControls::VolumeControls() {
     picVolume.SetLook("level");
     picVolume.SetAccessibleName("Volume");
-    lblVol.Move(0, 0, kFullVolumeLeft + Px(1), kVolumeBarHeight);
+    lblNoVol.Move(0, 0, kKnobWidth / 2, kVolumeBarHeight);
+    lblNoVol.SetLook("bare");
+    Name(lblNoVol, "No sound");
+    lblVol.Move(lblNoVol.Right(), 0, kFullVolumeLeft + Px(1), kVolumeBarHeight);
     lblVol.SetLook("bare");
     lblVol.SetAccessibleName("Volume");
-    lblFullVol.Move(lblVol.Right(), 0, kKnobWidth - Px(1), kVolumeBarHeight);
+    lblFullVol.Move(lblVol.Right(), 0, kKnobWidth / 2 - Px(1), kVolumeBarHeight);
     lblFullVol.SetLook("bare");
     Name(lblFullVol, "Full volume");
     imgVol.Move(kFullVolumeLeft, 0, kKnobWidth, kVolumeBarHeight);
@@ -121,7 +124,7 @@ void TransportControls::PutInto(controls::Container& pane) {
 void LevelControls::PutInto(TransportControls& transport) {
     transport.picSongProgress.Add(lblStartFade);
     transport.fraControls.Add(picVolume, lblMute, picSpeed, lblSpeedLabel, tmrFade, tmrPanning);
-    picVolume.Add(imgVol, lblVol, lblFullVol);
+    picVolume.Add(imgVol, lblNoVol, lblVol, lblFullVol);
     picSpeed.Add(lblSongSpeed);
 }
 

@@ -89,14 +89,15 @@ struct FadeControls {
     controls::Timer tmrFade{"tmrFade", 60};
 };
 
-/// The volume. imgVol, the knob, is in picVolume below lblVol, which begins at the left end of the bar, so
-/// that the x of a press on lblVol is a Left of imgVol. lblFullVol covers the part of the knob that is beyond
-/// the end of the bar.
+/// The volume. imgVol, the knob, is in picVolume below lblVol, which begins half a knob in: the x of a press
+/// on lblVol is a Left of imgVol, so the middle of the knob goes to the pointer. lblNoVol and lblFullVol
+/// cover the half knobs beyond both ends.
 struct VolumeControls {
     VolumeControls();
 
     controls::PictureBox picVolume{"picVolume"};
     controls::Label lblVol{"lblVol"};
+    controls::Label lblNoVol{"lblNoVol"};
     controls::Label lblFullVol{"lblFullVol"};
     controls::Image imgVol{"imgVol", "knob"};
     controls::Label lblMute{"lblMute", "Mute"};  ///< visible while the sound is off

@@ -67,6 +67,8 @@ struct VideoState {
 struct TitleState {
     /// The title scrolls in picTrackTitle.
     bool ScrollTitle = true;
+    /// Ticks for which a new title still rests before it scrolls.
+    int title_rest = 0;
 };
 
 struct PlayerState : PlaybackState, CueState, LevelState, VideoState, TitleState {};

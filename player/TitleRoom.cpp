@@ -31,6 +31,10 @@ void TitleRoom::ScrollStep() {
         dontscrolltitle();
         return;
     }
+    if (state_.title_rest > 0) {
+        --state_.title_rest;
+        return;
+    }
     auto& lblTrack = controls_.lblTrack;
     const double width = controls_.picTrackTitle.Width();
     if (lblTrack.Right() >= width - kRightMargin || lblTrack.Left() > kTurningLeft) {
@@ -40,6 +44,10 @@ void TitleRoom::ScrollStep() {
     } else {
         lblTrack.SetTop(lblTrack.Top() + kStep);
     }
+}
+
+void TitleRoom::ShowWhether(bool stopped) {
+    controls_.lblTrack.SetLook(stopped ? "display off" : "display");
 }
 
 void TitleRoom::dontscrolltitle() {

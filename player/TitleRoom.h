@@ -1,5 +1,5 @@
 // The title that runs through its box: out to the left, down out of the box, in again from the right on the
-// top line.
+// top line. A new one rests first, so that it can be read.
 #pragma once
 
 #include "controls/Event.h"
@@ -15,6 +15,8 @@ public:
 
     /// One step of the title, or its resting place when it does not scroll.
     void ScrollStep();
+    /// The title of a song that was stopped stays, muted.
+    void ShowWhether(bool stopped);
     /// Stops the title at its resting place.
     void dontscrolltitle();
     /// Empties the title.

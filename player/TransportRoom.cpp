@@ -58,6 +58,7 @@ void TransportRoom::HideMarker() {
 
 void TransportRoom::tmrPlay_Tick() {
     roles_.address.ClearStaleAddress();
+    ShowWhetherStopped();
     if (state_.PlayerStopped) return;
     MoveMarker();
     ShowRunningTime();
@@ -65,6 +66,12 @@ void TransportRoom::tmrPlay_Tick() {
     rooms_.title.ScrollStep();
     rooms_.video.FollowMainWindow();
     ShowEmptyTimeWithoutTotal();
+}
+
+/// What a stopped song leaves on the panel, its title and its time, is muted until the next one plays.
+void TransportRoom::ShowWhetherStopped() {
+    rooms_.title.ShowWhether(state_.PlayerStopped);
+    controls_.lblRunningTime.SetLook(state_.PlayerStopped ? "readout off" : "readout");
 }
 
 void TransportRoom::MoveMarker() {

@@ -57,6 +57,7 @@ private:
     void lblProgress_MouseMove(double x);
     void lblProgress_MouseUp();
 
+    void ShowWhetherStopped();
     void MoveMarker();
     void ShowRunningTime();
     bool IsAtStartFade() const;

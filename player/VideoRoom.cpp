@@ -175,7 +175,16 @@ void VideoRoom::Attach() {
     form_.SetState(controls::WindowState::Normal);
     theresize();
     state_.resized = false;
+    MakeRoomForPane();
     roles_.hole.MakeHole();
+}
+
+/// The panel may have been closed while the window floated.
+void VideoRoom::MakeRoomForPane() {
+    if (roles_.favourites.IsPanelClosed()) roles_.favourites.TogglePanel();
+    if (pane_.picVideo.Visible()) return;
+    pane_.picVideo.SetVisible(true);
+    roles_.layout.Form_Resize();
 }
 
 /// The hole goes with a main window that is minimised, so the window does as well.
@@ -191,13 +200,16 @@ void VideoRoom::FollowMainWindow() {
 }
 
 void VideoRoom::frmVideo_Activate() {
+    // With the panel closed it would be attached where nobody sees it.
+    const bool must_float = state_.resized && roles_.favourites.IsPanelClosed();
     theresize();
     const bool was_detached = state_.resized;
-    state_.resized = false;
+    state_.resized = must_float;
     state_.counter = 0;
     // It is attached again, so it follows the main window; below it, it is seen through the hole only.
-    const bool is_attached = pane_.picVideo.Visible() && !IsMaximised();
-    if (was_detached && is_attached) roles_.hole.MakeHole();
+    if (!was_detached || !IsVideoAttached() || IsMaximised()) return;
+    MakeRoomForPane();
+    roles_.hole.MakeHole();
 }
 
 void VideoRoom::frmVideo_Resize() {

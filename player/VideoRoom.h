@@ -75,6 +75,7 @@ private:
     void mnuFullScreen_Click();
     void RestoreSize();
     void TakeWindowAway();
+    void MakeRoomForPane();
     bool IsNormal() const { return form_.State() == controls::WindowState::Normal; }
     bool IsMaximised() const { return form_.State() == controls::WindowState::Maximised; }
 

@@ -24,6 +24,7 @@ VolumeRoom::VolumeRoom(VolumeControls& controls, VolumeMenu& menu, MciLayer& mci
     claims_.Claim(controls_.picVolume.MouseWheel, [this](int notches) { picVolume_MouseWheel(notches); });
     claims_.Claim(controls_.lblVol.MouseDown, [this](int, int, double x, double) { lblVol_MouseDown(x); });
     claims_.Claim(controls_.lblVol.MouseMove, [this] { highlights_.NoMouseOvers(); });
+    claims_.Claim(controls_.lblNoVol.MouseDown, [this] { MoveLevel(0); });
     claims_.Claim(controls_.lblFullVol.MouseDown, [this] { MoveLevel(kFullVolumeLeft); });
     claims_.Claim(controls_.imgVol.MouseDown, [this](int, int, double x, double) { imgVol_MouseDown(x); });
     claims_.Claim(controls_.imgVol.MouseMove, [this] { highlights_.NoMouseOvers(); });

@@ -159,7 +159,8 @@ void TabRoom::ShowNothingInFront() {
     roles_.window.SetCaption(kTitle);
     strip_.EndLeftLine(roles_.window.Width());
     state_.TabsShown = false;
-    if (address_.Typed() == state_.LastTabUrl) address_.SetTyped(MakerAddress("/"));
+    // The backdrop's address is the program's own and of no use to the user.
+    if (address_.Typed() == state_.LastTabUrl) address_.SetTyped("");
 }
 
 void TabRoom::ShowMusicInFront() {

@@ -48,6 +48,8 @@ void TabControls::PutInto(controls::Container& container) {
 
 AddressControls::AddressControls() {
     cmbType.SetAccessibleName("What the address box does");
+    // What the box does while no mode was chosen.
+    cmbType.SetHint("Web");
     cmbAddress.SetAccessibleName("Earlier addresses");
     txtAddress.SetAccessibleName("Address");
     txtAddress.SetHint("Type an address, a file or a search and press Enter");

@@ -55,7 +55,9 @@ void BrowserLayout::PlaceFavouritesButtons(double bottom) {
     MoveTwins(panel.imgdelete.Right() + Px(2), top, Px(48), kButtonHeight, panel.imgView, panel.imgViewOver);
 }
 
+// A hidden pane keeps its place: the panel has no room for it, and a hole in no room is a slit in the page.
 void BrowserLayout::PlaceVideoPane() {
+    if (!window_.player.video.picVideo.Visible()) return;
     auto& panel = window_.favourites;
     const double top = panel.fraFavs.Top() + panel.imgAdd.Bottom() + kGap;
     window_.player.video.picVideo.Move(panel.fraFavs.Left() + kGap, top, panel.fraFavs.Width() - 2 * kGap,

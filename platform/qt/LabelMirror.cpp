@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPainter>
 
+#include "base/Text.h"
 #include "controls/Image.h"
 #include "platform/qt/Geometry.h"
 #include "platform/qt/Skin.h"
@@ -40,6 +41,7 @@ Writing WritingOf(const controls::Label& label, bool pointed_at) {
     if (look == "muted") return {skin::TextFont(), skin::kMuted};
     if (look == "status") return {skin::TextFont(skin::kSmallSize), skin::kMuted};
     if (look == "display" || look == "accent") return {skin::TextFont(), skin::kAccent};
+    if (look == "display off" || look == "readout off") return {skin::TextFont(), skin::kMuted};
     if (look == "well" || look == "raised" || look == "panel") return {skin::TextFont(), skin::kText, 10};
     if (look == "button") return {skin::TextFont(), pointed_at ? skin::kKnob : skin::kAccent};
     if (look == "warning") return {skin::TextFont(), skin::kWarning};
@@ -131,7 +133,8 @@ private:
             return;
         }
         // A title that runs through its box is cut by the box.
-        if (label_.Look() != "display") text = metrics.elidedText(text, Qt::ElideRight, place.width());
+        if (!base::StartsWith(label_.Look(), "display"))
+            text = metrics.elidedText(text, Qt::ElideRight, place.width());
         painter.drawText(place, static_cast<int>(AlignmentOf(label_)) | Qt::AlignVCenter | Qt::TextSingleLine,
                          text);
     }

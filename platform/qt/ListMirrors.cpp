@@ -159,7 +159,11 @@ void ComboMirror::Apply(Property property) {
             ShowText();
             break;
         case Property::Refresh:
-            if (box_->lineEdit() != nullptr) box_->lineEdit()->setPlaceholderText(ToQt(combo_.Hint()));
+            if (box_->lineEdit() != nullptr) {
+                box_->lineEdit()->setPlaceholderText(ToQt(combo_.Hint()));
+            } else {
+                box_->setPlaceholderText(ToQt(combo_.Hint()));
+            }
             break;
         default:
             WidgetMirror::Apply(property);

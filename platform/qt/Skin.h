@@ -21,6 +21,9 @@
 //   "muted"            secondary text
 //   "status"           small secondary text
 //   "display"          amber text, cut by its box and not shortened
+//   "display off"      the same, muted
+//   "readout"          figures in a well
+//   "readout off"      the same, muted
 //   "accent"           amber text
 //   "link"             amber text, underlined under the pointer
 //   "warning"          light red text

@@ -56,8 +56,8 @@ protected:
     Rows phases;  // what the status told, in order
     std::function<void()> on_phase;
     controls::EventClaims claims;
-    library::CleanUpRoom room{task, menu,      {Sources.datSong, datHistory},
-                              age,  ListsRoom, {files, Dialogs, Desktop, Desktop}};
+    library::CleanUpRoom room{task,      menu,       {Sources.datSong, datHistory},     age,
+                              ListsRoom, Neighbours, {files, Dialogs, Desktop, Desktop}};
 };
 
 TEST_F(CleanUpRoomTest, ItAsksFirstAndTellsTheAgeOfTheLastRun) {

@@ -171,8 +171,8 @@ protected:
     library::TaskControls task_;
     library::CleanUpMenu menu_;
     std::int32_t age_ = 0;
-    library::CleanUpRoom cleaning_room_{task_, menu_,     {Sources.datSong, datHistory_},
-                                        age_,  ListsRoom, {files_, Dialogs, Desktop, Desktop}};
+    library::CleanUpRoom cleaning_room_{task_,     menu_,      {Sources.datSong, datHistory_},     age_,
+                                        ListsRoom, Neighbours, {files_, Dialogs, Desktop, Desktop}};
     bool interrupted_ = false;
     std::map<std::string, std::string, std::less<>> texts_;  // the row that each entry stands for
 

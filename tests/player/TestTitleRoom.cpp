@@ -73,14 +73,60 @@ TEST(TitleRoom, EachPlaceHasItsStep) {
     }
 }
 
-TEST(TitleRoom, ANewSongBeginsAtTheLeftOnTheLineItWasOn) {
+TEST(TitleRoom, ANewSongBeginsAtTheLeftOnTheTopLine) {
     Title house;
     house.label.Move(-700, 80, 1000, 345);
 
     house.player.PlaySong(house.AddSong("a.mp3"));
 
     EXPECT_EQ(house.label.Left(), 100);
-    EXPECT_EQ(house.label.Top(), 80);
+    EXPECT_EQ(house.label.Top(), 0);
+}
+
+TEST(TitleRoom, ANewTitleRestsForTwoSecondsBeforeItScrolls) {
+    Title house;
+    house.player.PlaySong(house.AddSong("a.mp3"));
+    house.controls.levels.lblStartFade.SetLeft(1e9);
+
+    house.Ticks(40);
+    const double rested = house.label.Top();
+    house.Ticks(1);
+
+    EXPECT_EQ(rested, 0);
+    EXPECT_EQ(house.label.Left(), 100);
+    EXPECT_EQ(house.label.Top(), 40);
+}
+
+TEST(TitleRoom, ATitleThatShallNotScrollGoesToItsPlaceAtOnce) {
+    Title house;
+    house.state.ScrollTitle = false;
+    house.player.PlaySong(house.AddSong("a.mp3"));
+    house.controls.levels.lblStartFade.SetLeft(1e9);
+
+    house.Ticks(1);
+
+    EXPECT_EQ(house.label.Left(), 5);
+}
+
+TEST(TitleRoom, WhatAStoppedSongLeavesIsMutedUntilTheNextPlays) {
+    Title house;
+    const auto& time = house.controls.transport.lblRunningTime;
+    house.player.PlaySong(house.AddSong("Ann - a.mp3"));
+    house.Ticks(1);
+    ASSERT_EQ(house.label.Look(), "display");
+    const std::string shown = time.Caption();
+
+    house.player.Stop();
+    house.Ticks(1);
+
+    EXPECT_EQ(house.label.Look(), "display off");
+    EXPECT_EQ(time.Look(), "readout off");
+    EXPECT_EQ(house.label.Caption(), "Ann - a");
+    EXPECT_EQ(time.Caption(), shown);
+    house.player.PlaySong(house.AddSong("b.mp3"));
+    house.Ticks(1);
+    EXPECT_EQ(house.label.Look(), "display");
+    EXPECT_EQ(time.Look(), "readout");
 }
 
 TEST(TitleRoom, TheToolTipsNameTheSongInFull) {

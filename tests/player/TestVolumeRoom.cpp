@@ -45,13 +45,44 @@ TEST(VolumeRoom, APressBehindTheBarIsFullVolume) {
     EXPECT_EQ(house.Left(), 1785);
 }
 
+TEST(VolumeRoom, APressBeforeTheBarIsNoVolume) {
+    Playing house;
+
+    PlayerHouse::Press(house.controls.levels.lblNoVol, 60);
+
+    EXPECT_EQ(house.TakeCommands(), Texts{"setaudio a Volume to 0"});
+    EXPECT_EQ(house.Left(), 0);
+}
+
+// The pointer in the middle of the whole bar is 5 pixels less into lblVol.
+TEST(VolumeRoom, APressInTheMiddleIsHalfTheVolume) {
+    Playing house;
+    auto& levels = house.controls.levels;
+    const double middle = levels.picVolume.Width() / 2;
+    ASSERT_EQ(levels.picVolume.Width(), 1785 + 150);
+
+    PlayerHouse::Press(levels.lblVol, middle - levels.lblVol.Left());
+
+    EXPECT_EQ(house.state.MusicVolume, 50);
+    EXPECT_EQ(levels.imgVol.Left() + levels.imgVol.Width() / 2, middle) << "the knob is where the pointer is";
+}
+
+TEST(VolumeRoom, TheWholeBarTakesPresses) {
+    const PlayerHouse house;
+    const auto& levels = house.controls.levels;
+
+    EXPECT_EQ(levels.lblNoVol.Left(), 0);
+    EXPECT_EQ(levels.lblVol.Left(), levels.lblNoVol.Right());
+    EXPECT_EQ(levels.lblFullVol.Left(), levels.lblVol.Right());
+    EXPECT_EQ(levels.lblFullVol.Right(), levels.picVolume.Width());
+}
+
 TEST(VolumeRoom, NoPressOnTheBarIsBeyondItsEnd) {
     PlayerHouse house;
 
     const double last_pixel = house.controls.levels.lblVol.Width() - controls::kTwipsPerPixel;
 
     EXPECT_EQ(last_pixel, 1785);
-    EXPECT_EQ(house.controls.levels.lblFullVol.Right(), house.controls.levels.picVolume.Width());
 }
 
 TEST(VolumeRoom, ALevelBeyondTheBarIsRefusedAndTheDeviceCatchesUpLater) {

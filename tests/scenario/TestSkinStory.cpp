@@ -89,6 +89,9 @@ TEST_F(SkinStory, EveryGroundAndListPutsTheLightsOut) {
                                          &browser.library.playlists.imgBG2,
                                          &browser.library.playlists.fraPlayListCenter,
                                          &browser.library.playlists.lstAddToPlaylist,
+                                         &browser.library.task.fraTask,
+                                         &browser.library.task.imgTaskBG,
+                                         &browser.library.task.fraTaskCenter,
                                          &browser.favourites.fraFavs,
                                          &browser.favourites.lstFavs,
                                          &browser.favourites.lstFavsAlt,
@@ -104,6 +107,31 @@ TEST_F(SkinStory, EveryGroundAndListPutsTheLightsOut) {
         std::erase(still, "imgPlayOver");
         EXPECT_EQ(still, Names{});
     }
+}
+
+// Notes which controls were hidden, in order.
+struct HidingObserver final : controls::ControlObserver {
+    void OnPropertyChanged(controls::Control& control, controls::Property property) override {
+        if (property == controls::Property::Visible && !control.Visible()) hidden.push_back(control.Name());
+    }
+    Names hidden;
+};
+
+TEST_F(SkinStory, TheLightsGoOutInTheirOrder) {
+    HidingObserver observer;
+    for (const Pair& pair : pairs) {
+        pair.bright->SetVisible(true);
+        pair.bright->SetObserver(&observer);
+    }
+
+    MoveOver(program.Browser().chrome.imgBG);
+
+    for (const Pair& pair : pairs)
+        pair.bright->SetObserver(nullptr);
+    EXPECT_EQ(observer.hidden, (Names{"imgStopOver", "imgPauseOver", "imgCueSongOver", "imgAddSongOver",
+                                      "imgRemoveSongOver", "imgUnCueOver", "imgNoRepeatOver", "imgRepeatOver",
+                                      "imgCancelOver", "imgOkOver", "imgDeletePlayListOver", "imgForwardOver",
+                                      "imgBackOver", "imgdeleteover", "imgAddOver", "imgViewOver"}));
 }
 
 TEST_F(SkinStory, RepeatShowsItsStateOnceThePointerHasGone) {

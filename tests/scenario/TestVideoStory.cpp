@@ -99,6 +99,132 @@ TEST_F(VideoStory, AVideoOpensAClosedPanel) {
     EXPECT_EQ(LastHole(), HoleOf(Browser().player.video.picVideo));
 }
 
+/// Of every window that is on the screen: what a closed panel must leave alone.
+struct Place {
+    double left, top, width, height;
+    bool operator==(const Place&) const = default;
+};
+
+Place PlaceOf(const controls::Control& control) {
+    return {control.Left(), control.Top(), control.Width(), control.Height()};
+}
+
+TEST_F(VideoStory, ClosingThePanelOverAVideoLeavesTheWindowWhole) {
+    PlayTrack(1);
+    program.Wait(500);
+    const Place before = PlaceOf(program.windows.frmVideo);
+
+    program.Click(Browser().favourites.cmdFavs);
+    program.Wait(500);
+
+    EXPECT_EQ(LastHole(), std::nullopt);
+    EXPECT_EQ(PlaceOf(program.windows.frmVideo), before);
+    EXPECT_EQ(computer.media.Mode("a"), "playing");
+}
+
+TEST_F(VideoStory, NoHoleIsCutByAnySizeWhileThePanelIsClosed) {
+    PlayTrack(1);
+    program.Wait(500);
+    program.Click(Browser().favourites.cmdFavs);
+
+    Browser().Move(Browser().Left(), Browser().Top(), Browser().Width() + 1500, Browser().Height() + 1500);
+    program.Wait(100);
+
+    EXPECT_EQ(LastHole(), std::nullopt);
+}
+
+TEST_F(VideoStory, OpeningThePanelBringsTheHoleBack) {
+    PlayTrack(1);
+    program.Wait(500);
+    program.Click(Browser().favourites.cmdFavs);
+    Browser().Move(Browser().Left(), Browser().Top(), Browser().Width() + 1500, Browser().Height() + 1500);
+
+    program.Click(Browser().favourites.cmdFavs);
+    program.Wait(100);
+
+    const auto& hole = Browser().player.video.picVideo;
+    EXPECT_EQ(LastHole(), HoleOf(hole));
+    EXPECT_GT(hole.Height(), 1500);
+    EXPECT_EQ(program.windows.frmVideo.Height(), hole.Height());
+}
+
+TEST_F(VideoStory, ClosingThePanelOverALightShowLeavesTheWindowWhole) {
+    PlayTrack(0);
+    program.Click(Browser().menus.mnuMood);
+    program.Wait(500);
+    ASSERT_EQ(LastHole(), HoleOf(Browser().player.video.picVideo));
+    const Place before = PlaceOf(program.windows.frmVideo);
+
+    program.Click(Browser().favourites.cmdFavs);
+    program.Wait(500);
+
+    EXPECT_EQ(LastHole(), std::nullopt);
+    EXPECT_EQ(PlaceOf(program.windows.frmVideo), before);
+}
+
+TEST_F(VideoStory, AttachingWithThePanelClosedOpensIt) {
+    PlayTrack(1);
+    program.Wait(500);
+    program.windows.frmVideo.lblVideoCaption.MouseDown.Raise(1, 0, 10, 10);
+    program.windows.frmVideo.lblVideoCaption.MouseUp.Raise(1, 0, 10, 10);
+    program.Click(Browser().favourites.cmdFavs);
+
+    program.Click(Browser().player.video.cmdAttachVid);
+    program.Wait(100);
+
+    EXPECT_EQ(Browser().favourites.cmdFavs.Caption(), "<");
+    EXPECT_EQ(LastHole(), HoleOf(Browser().player.video.picVideo));
+}
+
+TEST_F(VideoStory, AttachingAfterThePanelWasClosedAndOpenedMakesRoomForTheVideo) {
+    PlayTrack(1);
+    program.Wait(500);
+    program.windows.frmVideo.lblVideoCaption.MouseDown.Raise(1, 0, 10, 10);
+    program.windows.frmVideo.lblVideoCaption.MouseUp.Raise(1, 0, 10, 10);
+    program.Click(Browser().favourites.cmdFavs);
+    program.Click(Browser().favourites.cmdFavs);
+
+    program.Click(Browser().player.video.cmdAttachVid);
+    program.Wait(100);
+
+    const auto& hole = Browser().player.video.picVideo;
+    EXPECT_TRUE(hole.Visible());
+    EXPECT_EQ(LastHole(), HoleOf(hole));
+    EXPECT_LE(Browser().favourites.lstFavs.Bottom() + Browser().favourites.fraFavs.Top(), hole.Top());
+}
+
+TEST_F(VideoStory, AFloatingVideoThatIsClickedGoesBackIntoThePanelThatWasClosedAndOpened) {
+    PlayTrack(1);
+    program.Wait(500);
+    auto& video = program.windows.frmVideo;
+    video.lblVideoCaption.MouseDown.Raise(1, 0, 10, 10);
+    video.lblVideoCaption.MouseUp.Raise(1, 0, 10, 10);
+    program.Click(Browser().favourites.cmdFavs);
+    program.Click(Browser().favourites.cmdFavs);
+
+    video.Activate.Raise();
+    program.Wait(200);
+
+    EXPECT_TRUE(Browser().player.video.picVideo.Visible());
+    EXPECT_EQ(LastHole(), HoleOf(Browser().player.video.picVideo));
+}
+
+TEST_F(VideoStory, AFloatingVideoThatIsClickedStaysInSightWhileThePanelIsClosed) {
+    PlayTrack(1);
+    program.Wait(500);
+    auto& video = program.windows.frmVideo;
+    video.lblVideoCaption.MouseDown.Raise(1, 0, 10, 10);
+    video.lblVideoCaption.MouseMove.Raise(1, 0, 3000, 900);
+    video.lblVideoCaption.MouseUp.Raise(1, 0, 10, 10);
+    program.Click(Browser().favourites.cmdFavs);
+    const Place before = PlaceOf(video);
+
+    video.Activate.Raise();
+    program.Wait(200);
+
+    EXPECT_EQ(PlaceOf(video), before);
+}
+
 TEST_F(VideoStory, StopClosesTheHole) {
     PlayTrack(1);
     program.Wait(500);

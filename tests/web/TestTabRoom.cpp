@@ -372,15 +372,15 @@ TEST_F(TabRoom, TheTabMenuOpensTheMusicTab) {
     EXPECT_TRUE(groups.tabs.imgMusicTab.Visible());
 }
 
-TEST_F(TabRoom, WithNothingInFrontTheMakersAddressReplacesTheLastOne) {
+TEST_F(TabRoom, WithNothingInFrontTheLastAddressGoes) {
     groups.tabs.tabMusicClose.Click.Raise();
-    groups.address.txtAddress.SetText("");
-    state.LastTabUrl = "";
+    groups.address.txtAddress.SetText("http://example.org/");
+    state.LastTabUrl = "http://example.org/";
 
     rooms.Tabs().CorrectTabs();
 
     EXPECT_EQ(near.Caption, "Brindlepost");
-    EXPECT_EQ(groups.address.txtAddress.Text(), std::string(web::MakerSiteUrl) + "/");
+    EXPECT_EQ(groups.address.txtAddress.Text(), "");
     EXPECT_FALSE(state.TabsShown);
     EXPECT_EQ(groups.tabs.TabLineLeft.X2(), near.WindowWidth);
 }

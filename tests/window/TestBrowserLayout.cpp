@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -419,6 +420,82 @@ TEST_F(BrowserLayoutTest, AnAttachedVideoGetsItsHoleAnew) {
     Resize(15000, 9000);
 
     EXPECT_EQ(partners.calls, (std::vector<std::string>{"close hole", "make hole", "bars"}));
+}
+
+TEST_F(BrowserLayoutTest, AHiddenVideoKeepsItsPlaceAndCutsNoHole) {
+    OpenPanel();
+    ShowVideo();
+    Resize(15000, 9000);
+    const Rect before = RectOf(window.player.video.picVideo);
+    partners.calls.clear();
+    window.player.video.picVideo.SetVisible(false);
+    window.favourites.cmdFavs.SetCaption(">");
+
+    Resize(16000, 10000);
+
+    EXPECT_EQ(RectOf(window.player.video.picVideo), before);
+    EXPECT_EQ(partners.calls, (std::vector<std::string>{"bars"}));
+}
+
+// What was moved, in order, and the widths that the box of the address went through.
+struct MoveObserver final : controls::ControlObserver {
+    void OnPropertyChanged(Control& control, controls::Property property) override {
+        if (property != controls::Property::Geometry) return;
+        moved.push_back(control.Name());
+        widths.push_back(control.Width());
+    }
+    std::vector<std::string> moved;
+    std::vector<double> widths;
+};
+
+TEST_F(BrowserLayoutTest, TheStepsFollowOneAnother) {
+    OpenPanel();
+    ShowVideo();
+    // One control of each step; the wide window moves every one of them.
+    const std::vector<Control*> of_steps = {&window.chrome.imgFormBG,
+                                            &window.chrome.imgBG,
+                                            &window.favourites.cmdFavs,
+                                            &window.web.tabs.Browser(0),
+                                            &window.web.address.cmbAddress,
+                                            &window.web.refresh.imgCheck,
+                                            &window.chrome.fraMusicTab,
+                                            &window.library.lists.lstPlayLists,
+                                            &window.player.transport.imgControlsBG,
+                                            &window.favourites.fraFavs,
+                                            &window.player.video.picVideo,
+                                            &window.player.transport.picRunningTime,
+                                            &window.library.playlists.fraAddToPlaylist,
+                                            &window.library.task.fraTask};
+    std::vector<std::string> names;
+    MoveObserver observer;
+    for (Control* control : of_steps) {
+        names.push_back(control->Name());
+        control->SetObserver(&observer);
+    }
+
+    Resize(15000, 9000);
+
+    for (Control* control : of_steps)
+        control->SetObserver(nullptr);
+    std::vector<std::string> first;
+    for (const std::string& name : observer.moved) {
+        if (std::ranges::find(first, name) == first.end()) first.push_back(name);
+    }
+    EXPECT_EQ(first, names);
+}
+
+TEST_F(BrowserLayoutTest, TheAddressTextLiesOverTheTextPartOfItsBoxUntilItsLastPlace) {
+    Control& txtAddress = window.web.address.txtAddress;
+    MoveObserver observer;
+    txtAddress.SetObserver(&observer);
+
+    Resize(15000, 9000);
+
+    txtAddress.SetObserver(nullptr);
+    const Control& box = window.web.address.cmbAddress;
+    ASSERT_EQ(observer.widths.size(), 3U);
+    EXPECT_EQ(observer.widths[1], box.Width() - 250);
+    EXPECT_EQ(observer.widths[2], box.Width() - 320);
 }
 
 TEST_F(BrowserLayoutTest, WithoutAVideoNoHoleIsCut) {

@@ -3,6 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "WindowWalk.h"
+#include "base/Text.h"
+#include "window/BrowserForm.h"
 #include "window/SkinRoom.h"
 
 namespace {
@@ -90,6 +93,17 @@ TEST_F(SkinRoomTest, ThePointerOverAnyGroundHidesTheTwins) {
 
         EXPECT_FALSE(twins[0]->Visible());
     }
+}
+
+TEST(FreshWindow, EveryTwinIsHidden) {
+    const window::BrowserForm window;
+    int twins = 0;
+    for (const controls::Control* control : window_tests::ControlsOf(window)) {
+        if (!base::LCase(control->Name()).ends_with("over")) continue;
+        ++twins;
+        EXPECT_FALSE(control->Visible()) << control->Name();
+    }
+    EXPECT_EQ(twins, 17);
 }
 
 TEST_F(SkinRoomTest, ARoomThatEndsGivesItsGroundsBack) {

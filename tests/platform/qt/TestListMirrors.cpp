@@ -298,6 +298,17 @@ TEST_F(ComboMirrorTest, AnAssignedTextIsShown) {
     EXPECT_EQ(desk.Find<QComboBox>(free_)->currentText(), "http://example.org");
 }
 
+TEST_F(ComboMirrorTest, AListWithoutAChoiceShowsItsHint) {
+    list_.SetHint("Web");
+    const qt_tests::Desk desk(list_);
+
+    const auto* box = desk.Find<QComboBox>(list_);
+
+    EXPECT_EQ(box->currentIndex(), -1);
+    EXPECT_EQ(box->placeholderText(), "Web");
+    EXPECT_EQ(list_.Text(), "");
+}
+
 TEST_F(ComboMirrorTest, TypingIntoAFreeOneChangesItsText) {
     int changes = 0;
     claims_.Claim(free_.Change, [&changes] { ++changes; });
