@@ -63,6 +63,7 @@ struct Neighbours final : roles::Start,
     bool IsPanelClosed() const override { return true; }
     void TogglePanel() override {}
     void AddSiteToHistory(roles::HistoryKind, std::string_view) override {}
+    void DeleteHistory() override { History->DeleteHistory(); }
     void PopulateHistory(roles::HistoryKind kind) override { History->PopulateHistory(kind); }
     void OnRemoveKey() override {}
     void OnInitialTrack(std::string_view) override {}
@@ -176,6 +177,7 @@ struct Program {
     controls::Label lblDuplicatesNoRemoved{"lblDuplicatesNoRemoved", "0"};
     controls::Label lblStatus{"lblStatus", "imported"};
     controls::ListBox lstOpenWith{"lstOpenWith"};
+    controls::ListBox lstEditPlayList{"lstEditPlayList"};
     library::PlayListMenu PlayListMenu;
     library::SearchMenu SearchMenu;
     places::HistoryMenu HistoryMenu;
@@ -187,7 +189,7 @@ struct Program {
 
     library::LibraryListsRoom ListsRoom{
         Lists,
-        {PlayLists.lstAddToPlaylist, lstOpenWith},
+        {PlayLists.lstAddToPlaylist, lstEditPlayList, lstOpenWith},
         Sources,
         ListMaybeChanged,
         Store.Loop(),

@@ -85,6 +85,7 @@ class EndInTrouble final : public store::StoreTrouble {
 class NoLists final : public roles::TrackLists {
 public:
     void Command1() override {}
+    void DisplayPlayLists() override {}
     void RefillIfEmpty() override {}
 };
 

@@ -16,6 +16,7 @@ Library::Library(LibraryWindows windows, LibraryState state, store::Stores& stor
                  LibraryPorts ports)
     : lists_(windows.controls.lists,
              {.lstAddToPlaylist = windows.controls.playlists.lstAddToPlaylist,
+              .lstEditPlayList = windows.lstEditPlayList,
               .lstOpenWith = windows.lstOpenWith},
              windows.controls.sources, state.ListMaybeChanged, ports.loop, *this, RolesOfLists(others)),
       playlists_(windows.controls.playlists, windows.menu, windows.controls.sources, lists_, ports.dialogs,

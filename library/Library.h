@@ -37,6 +37,7 @@ struct LibraryWindows {
     LibraryControls& controls;
     LibraryMenu& menu;
     AddMediaForm& add_media;
+    controls::ListBox& lstEditPlayList;    ///< of the preferences, shows the playlists as well
     const controls::ListBox& lstOpenWith;  ///< the paths that the program was started with
     store::DataSource& datHistory;         ///< keeps the date of the last clean-up
 };

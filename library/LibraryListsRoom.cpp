@@ -100,6 +100,7 @@ void LibraryListsRoom::DisplayPlayLists() {
         controls_.lstPlayLists.AddItem(name);
         shared_.lstAddToPlaylist.AddItem(name);
     }
+    shared_.lstEditPlayList.CopyRowsFrom(controls_.lstPlayLists);
 }
 
 void LibraryListsRoom::DisplayArtists(std::string_view playlist) {

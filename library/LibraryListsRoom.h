@@ -45,6 +45,7 @@ struct LibraryListRoles {
 /// The controls of other groups that the lists share.
 struct SharedLists {
     controls::ListBox& lstAddToPlaylist;   ///< gets the playlist names alone
+    controls::ListBox& lstEditPlayList;    ///< gets the rows of lstPlayLists
     const controls::ListBox& lstOpenWith;  ///< the paths that the program was started with
 };
 
@@ -61,6 +62,8 @@ public:
     /// with.
     void Command1() override;
     void RefillIfEmpty() override;
+    /// Each playlist once, in first-seen order, at most 100.
+    void DisplayPlayLists() override;
 
     // roles::TrackView
     void BeginView() override;
@@ -68,8 +71,6 @@ public:
     void AddPlayedSong(std::string_view song_id, std::string_view artist, std::string_view title) override;
     void EndView() override;
 
-    /// Each playlist once, in first-seen order, at most 100.
-    void DisplayPlayLists();
     /// The artists of a playlist; of the whole library for an empty name or "[All Media]".
     void DisplayArtists(std::string_view playlist);
     /// The tracks of a playlist and an artist. An empty playlist or "[All Media]" is the library; an empty

@@ -42,6 +42,7 @@ public:
     /// with history off.
     void AddSiteToHistory(roles::HistoryKind kind, std::string_view text) override;
     void PopulateHistory(roles::HistoryKind kind) override;
+    void DeleteHistory() override { mnuHistory_Click(); }
 
 private:
     void mnuHistory_Click();

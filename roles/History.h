@@ -50,6 +50,8 @@ public:
     virtual void AddSiteToHistory(HistoryKind kind, std::string_view text) = 0;
     /// Music fills the music pane with the last 20 songs, any other kind the list of the address row.
     virtual void PopulateHistory(HistoryKind kind) = 0;
+    /// Asks whether the whole history shall be deleted, and does it on Yes.
+    virtual void DeleteHistory() = 0;
 };
 
 }  // namespace roles

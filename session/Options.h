@@ -25,6 +25,8 @@ struct OptionControls {
     controls::CheckBox chkGoogle{"chkGoogle", "Allow quick Google searching on address bar"};
     controls::CheckBox chkFile{"chkFile", "Allow file open on address bar"};
     controls::CheckBox chkSubFolders{"chkSubFolders", "Include sub-folders when adding new media."};
+    /// Stands beside the others, and nothing is stored for it.
+    controls::CheckBox chkWebAddress{"chkWebAddress", "Use address bar for more than just websites"};
     controls::CommandButton cmdNewUser{"cmdNewUser", "Create New User"};
 };
 
@@ -32,6 +34,8 @@ struct Option {
     store::SettingsRow row;
     bool SessionOptions::*flag;  ///< null: nothing but the box
     controls::CheckBox OptionControls::*box;
+    /// The box without which this one is stored as not ticked; null for none.
+    controls::CheckBox OptionControls::*parent = nullptr;
 };
 
 /// In the order in which the preferences show and store them.
@@ -40,12 +44,13 @@ inline constexpr std::array kOptions = {
     Option{store::SettingsRow::OpenHomePages, &SessionOptions::Open_Home_Pages,
            &OptionControls::chkHomePages},
     Option{store::SettingsRow::MessengerName, &SessionOptions::Allow_MSN_Name, &OptionControls::chkMSN},
-    Option{store::SettingsRow::MessengerCustom, &SessionOptions::Allow_MSN_Custom,
-           &OptionControls::chkCustom},
+    Option{store::SettingsRow::MessengerCustom, &SessionOptions::Allow_MSN_Custom, &OptionControls::chkCustom,
+           &OptionControls::chkMSN},
     Option{store::SettingsRow::SaveMessengerNames, &SessionOptions::Save_MSN_names,
-           &OptionControls::chkSaveMSN},
+           &OptionControls::chkSaveMSN, &OptionControls::chkCustom},
     Option{store::SettingsRow::MultipleUsers, nullptr, &OptionControls::chkMultiLogin},
-    Option{store::SettingsRow::AutoLogin, &SessionOptions::Auto_Login, &OptionControls::chkAutoLogin},
+    Option{store::SettingsRow::AutoLogin, &SessionOptions::Auto_Login, &OptionControls::chkAutoLogin,
+           &OptionControls::chkMultiLogin},
     Option{store::SettingsRow::SaveHistory, &SessionOptions::Save_History, &OptionControls::chkHistory},
     Option{store::SettingsRow::Search, &SessionOptions::Allow_Search, &OptionControls::chkGoogle},
     Option{store::SettingsRow::OpenFile, &SessionOptions::Allow_Open_File, &OptionControls::chkFile},

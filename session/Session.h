@@ -1,5 +1,5 @@
-// The session: start-up, login, settings, exit and log out. Builds its rooms in order and hands out what
-// other subjects may ask of them.
+// The session: start-up, login, settings, preferences, exit and log out. Builds its rooms in order and hands
+// out what other subjects may ask of them.
 #pragma once
 
 #include <functional>
@@ -13,10 +13,13 @@
 #include "roles/FrontPage.h"
 #include "roles/Start.h"
 #include "session/ActivateRoom.h"
+#include "session/BackUpRoom.h"
 #include "session/HandOffRoom.h"
 #include "session/LoginRoom.h"
+#include "session/MaintenanceRoom.h"
 #include "session/MediaKeys.h"
 #include "session/NewUserRoom.h"
+#include "session/PreferencesRoom.h"
 #include "session/SessionMenu.h"
 #include "session/SessionRoom.h"
 #include "session/SessionState.h"
@@ -33,7 +36,8 @@ struct SessionControls {
     StartUpControls& start_up;
     HandOffControls& hand_off;
     SessionMenu& menu;
-    OptionControls& options;
+    PreferencesMenu& preferences_menu;
+    InfoForm& info;
     SettingsControls settings;
     SessionWindows windows;
     StartUpSources sources;
@@ -97,6 +101,9 @@ private:
     LoginRoom login_;
     NewUserRoom new_user_;
     SessionRoom session_;
+    MaintenanceRoom maintenance_;
+    BackUpRoom back_up_;
+    PreferencesRoom preferences_;
     HandOffRoom hand_off_;
     StartUpRoom start_up_;
 };

@@ -1,4 +1,5 @@
-// The menu entries that end a session; captions and order are in window/MenuTree.cpp.
+// The menu entries of the session: those that end it, and those that open the preferences; captions and order
+// are in window/MenuTree.cpp.
 #pragma once
 
 #include "controls/Menu.h"
@@ -9,6 +10,12 @@ namespace session {
 struct SessionMenu {
     controls::Menu mnuExit{"mnuExit"};
     controls::Menu mnuLogout{"mnuLogout"};
+};
+
+/// Answered by PreferencesRoom.
+struct PreferencesMenu {
+    controls::Menu mnuPreferences{"mnuPreferences"};
+    controls::Menu mnuEditPlaylists{"mnuEditPlaylists"};
 };
 
 }  // namespace session

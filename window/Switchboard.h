@@ -75,6 +75,7 @@ class HistoryRelay final : public Relay<roles::History> {
         Answers().AddSiteToHistory(kind, text);
     }
     void PopulateHistory(roles::HistoryKind kind) override { Answers().PopulateHistory(kind); }
+    void DeleteHistory() override { Answers().DeleteHistory(); }
 };
 
 class HoleRelay final : public Relay<roles::Hole> {

@@ -65,8 +65,6 @@ struct SeparatorMenu {
 /// The entries whose command is not built yet.
 struct UnansweredMenu {
     controls::Menu mnuOpenMediaFile{"mnuOpenMediaFile"};
-    controls::Menu mnuEditPlaylists{"mnuEditPlaylists"};
-    controls::Menu mnuPreferences{"mnuPreferences"};
     controls::Menu mnuAbout{"mnuAbout"};
 };
 
@@ -79,6 +77,7 @@ struct WindowMenu : OpeningMenu,
                     web::WebMenu,
                     library::LibraryMenu,
                     places::PlacesMenu,
-                    session::SessionMenu {};
+                    session::SessionMenu,
+                    session::PreferencesMenu {};
 
 }  // namespace window

@@ -2,7 +2,7 @@
 
 namespace window {
 
-Windows::Windows(ports::Files& files) : add_media(files) {
+Windows::Windows(ports::Files& files) : add_media(files), info(files) {
     // Timers and data that the main window's rooms keep besides its groups.
     frmBrowser.Add(start_up.tmrLoad, trouble.tmrTrouble);
 }

@@ -10,6 +10,7 @@
 #include "player/SpeakerTestForm.h"
 #include "player/VideoForm.h"
 #include "session/ActivateForm.h"
+#include "session/InfoForm.h"
 #include "session/LoginForm.h"
 #include "session/StartUpRoom.h"
 #include "session/StoreTroubleRoom.h"
@@ -29,7 +30,7 @@ struct Windows {
     library::AddMediaForm add_media;
     player::VideoForm frmVideo;
     player::SpeakerTestForm frmSpeakerTest;
-    InfoForm info;
+    session::InfoForm info;
     AboutForm about;
     session::StoreTroubleControls trouble;
     places::HistoryControls history;

@@ -20,6 +20,7 @@ namespace library_tests {
 struct RecordingMainWindow final : fakes::NullWindow, roles::TrackLists {
     void Show() override { Calls.emplace_back("show"); }
     void Command1() override { Calls.emplace_back("Command1"); }
+    void DisplayPlayLists() override {}
     void RefillIfEmpty() override { Calls.emplace_back("RefillIfEmpty"); }
 
     Rows Calls;

@@ -53,6 +53,7 @@ struct RecordingNeighbours final : roles::Start,
     void AddSiteToHistory(roles::HistoryKind kind, std::string_view text) override {
         Remember(std::string("site ").append(roles::TextOf(kind)).append(" "), text);
     }
+    void DeleteHistory() override { Remember("delete history", ""); }
     void PopulateHistory(roles::HistoryKind kind) override {
         Remember("history ", roles::TextOf(kind));
         if (OnHistory) OnHistory();
@@ -92,6 +93,7 @@ struct LibraryPane {
     library::LibraryListControls Lists;
     library::PlayListControls PlayLists;
     library::SearchControls Search;
+    controls::ListBox lstEditPlayList{"lstEditPlayList"};
     controls::ListBox lstOpenWith{"lstOpenWith"};
     library::LibraryMenu menu;
 
@@ -99,7 +101,7 @@ struct LibraryPane {
 
     library::LibraryListsRoom ListsRoom{
         Lists,
-        {PlayLists.lstAddToPlaylist, lstOpenWith},
+        {PlayLists.lstAddToPlaylist, lstEditPlayList, lstOpenWith},
         Sources,
         ListMaybeChanged,
         Desktop,

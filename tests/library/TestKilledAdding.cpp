@@ -54,6 +54,7 @@ struct EndInTrouble final : store::StoreTrouble {
 
 struct NoLists final : roles::TrackLists {
     void Command1() override {}
+    void DisplayPlayLists() override {}
     void RefillIfEmpty() override {}
 };
 

@@ -414,7 +414,7 @@ TEST_F(LibraryListsRoomTest, AReloadWithoutDataSourcesShowsEmptyLists) {
     library::LibraryListControls other;
     library::LibraryListsRoom room{
         other,
-        {names, lstOpenWith},
+        {names, lstEditPlayList, lstOpenWith},
         unbound,
         ListMaybeChanged,
         Desktop,

@@ -118,6 +118,7 @@ public:
     }
 
     void FollowMainWindow() override { Log.emplace_back("FollowMainWindow"); }
+    void DisplayPlayLists() override { Log.emplace_back("DisplayPlayLists"); }
     void RefillIfEmpty() override { Log.emplace_back("RefillIfEmpty"); }
 
     bool VideoAttached = false;

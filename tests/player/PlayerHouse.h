@@ -25,6 +25,7 @@ struct RecordingHistory final : roles::History {
     void AddSiteToHistory(roles::HistoryKind kind, std::string_view text) override {
         Rows.push_back(std::string(roles::TextOf(kind)) + ":" + std::string(text));
     }
+    void DeleteHistory() override {}
     void PopulateHistory(roles::HistoryKind) override {}
     std::vector<std::string> Rows;
 };

@@ -69,10 +69,15 @@ public:
         Log.emplace_back("Command1");
         if (OnCommand1) OnCommand1();
     }
+    void DisplayPlayLists() override {
+        Log.emplace_back("DisplayPlayLists");
+        if (OnDisplayPlayLists) OnDisplayPlayLists();
+    }
     void RefillIfEmpty() override { Log.emplace_back("RefillIfEmpty"); }
 
     // roles::History
     void AddSiteToHistory(roles::HistoryKind, std::string_view text) override { Note("AddSite ", text); }
+    void DeleteHistory() override { Log.emplace_back("DeleteHistory"); }
     void PopulateHistory(roles::HistoryKind kind) override { Note("PopulateHistory ", TextOf(kind)); }
 
     // roles::Favourites
@@ -177,6 +182,7 @@ public:
     bool OtherRuns = false;
     bool PlayShown = true;
     std::function<void()> OnCommand1;
+    std::function<void()> OnDisplayPlayLists;
     std::function<void()> OnSettle;
     std::function<void()> OnEnter;
 };

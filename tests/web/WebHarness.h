@@ -106,6 +106,7 @@ struct RecordingRoles final : roles::Window,
 
     // roles::TrackLists
     void Command1() override { Note("Command1"); }
+    void DisplayPlayLists() override {}
     void RefillIfEmpty() override { Note("RefillIfEmpty"); }
 
     // roles::MediaIntake
@@ -128,6 +129,7 @@ struct RecordingRoles final : roles::Window,
     void AddSiteToHistory(roles::HistoryKind kind, Text text) override {
         Note("AddSiteToHistory " + std::string(roles::TextOf(kind)) + " " + std::string(text));
     }
+    void DeleteHistory() override {}
     void PopulateHistory(roles::HistoryKind kind) override {
         Note("PopulateHistory " + std::string(roles::TextOf(kind)));
     }

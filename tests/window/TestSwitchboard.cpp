@@ -45,6 +45,7 @@ struct RecordingHistory final : roles::History {
     void AddSiteToHistory(roles::HistoryKind kind, std::string_view text) override {
         Log.push_back(std::string(TextOf(kind)).append(" ").append(text));
     }
+    void DeleteHistory() override { Log.emplace_back("DeleteHistory"); }
     void PopulateHistory(roles::HistoryKind kind) override { Log.emplace_back(TextOf(kind)); }
     std::vector<std::string> Log;
 };

@@ -1,0 +1,48 @@
+// The preferences window: three panes in one place, chosen by the buttons beside them.
+#pragma once
+
+#include "controls/CommandButton.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "ports/Files.h"
+#include "session/BackUpRoom.h"
+#include "session/MaintenanceRoom.h"
+#include "session/Options.h"
+#include "store/DataSource.h"
+
+namespace session {
+
+struct InfoForm {
+    /// `files` must outlive the form.
+    explicit InfoForm(const ports::Files& files);
+
+    controls::Form frmInfo{"frmInfo", "Brindlepost - Preferences", controls::BorderStyle::FixedDialog};
+    controls::CommandButton cmdOptions{"cmdOptions", "Options"};
+    controls::CommandButton cmdHistory{"cmdHistory", "Maintenance"};
+    controls::CommandButton cmdBackingUp{"cmdBackingUp", "Back-up"};
+
+    controls::Frame fraOptions{"fraOptions"};
+    controls::Label lblOptions{"lblOptions", "OPTIONS"};
+    OptionControls options;
+    controls::Label lblFileType{"lblFileType"};  ///< what the program did about the file type
+    controls::CommandButton cmdApply{"cmdApply", "Apply"};
+
+    MaintenanceControls maintenance;
+    BackUpControls back_up;
+
+    // The window's own, so that its walks disturb no other window's.
+    store::DataSource datHistory{"datHistory"};
+    store::DataSource datSong{"datSong"};
+    store::DataSource datPlayList{"datPlayList"};
+    store::DataSource datFolder{"datFolder"};
+    /// The window may unload; until then closing it only hides it.
+    bool unloadme = false;
+
+private:
+    void FillOptions();
+    void FillMaintenance();
+    void FillBackUp();
+};
+
+}  // namespace session
