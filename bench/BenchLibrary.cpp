@@ -52,12 +52,14 @@ struct Neighbours final : roles::Start,
                           roles::Favourites,
                           roles::History,
                           roles::Highlights,
+                          roles::MediaKeys,
                           library::LibraryListener,
                           roles::AddressRow,
                           roles::FrontPage,
                           roles::TrackView {
     bool IsLoading() const override { return false; }
     void SetStage(std::string_view) override {}
+    bool IsOver() const override { return false; }
     void LoadFavs() override {}
     void SettleAtStart() override {}
     bool IsPanelClosed() const override { return true; }
@@ -68,6 +70,7 @@ struct Neighbours final : roles::Start,
     void OnRemoveKey() override {}
     void OnInitialTrack(std::string_view) override {}
     void NoMouseOvers() override {}
+    void KeyDown(int, int) override {}
 
     std::string Address() const override { return "typed"; }
     void SetAddress(std::string_view) override {}
@@ -194,7 +197,7 @@ struct Program {
         ListMaybeChanged,
         Store.Loop(),
         Around,
-        {.start = Around, .favourites = Around, .history = Around, .highlights = Around}};
+        {.start = Around, .favourites = Around, .history = Around, .highlights = Around, .keys = Around}};
     library::PlayListRoom PlayListRoom{PlayLists, PlayListMenu, NoSources, ListsRoom, Boxes, Around};
     library::SearchRoom SearchRoom{Search, SearchMenu, Sources, ListsRoom, Around};
     library::TrackMatchRoom MatchRoom{

@@ -7,7 +7,8 @@ LibraryListRoles RolesOfLists(const LibraryRoles& others) {
     return {.start = others.start,
             .favourites = others.favourites,
             .history = others.history,
-            .highlights = others.highlights};
+            .highlights = others.highlights,
+            .keys = others.keys};
 }
 
 }  // namespace

@@ -23,6 +23,7 @@
 #include "roles/Highlights.h"
 #include "roles/History.h"
 #include "roles/MediaIntake.h"
+#include "roles/MediaKeys.h"
 #include "roles/Start.h"
 #include "roles/TrackLists.h"
 #include "roles/TrackView.h"
@@ -53,6 +54,7 @@ struct LibraryRoles {
     roles::Favourites& favourites;
     roles::History& history;
     roles::Highlights& highlights;
+    roles::MediaKeys& keys;
     roles::Window& window;
 };
 

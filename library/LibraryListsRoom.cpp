@@ -63,22 +63,26 @@ LibraryListsRoom::LibraryListsRoom(LibraryListControls& controls, SharedLists sh
     claims_.Claim(controls_.lstPlayLists.Click, [this] { lstPlayLists_Click(); });
     claims_.Claim(controls_.lstPlayLists.MouseMove, hide_overs);
     claims_.Claim(controls_.lstArtists.Click, [this] { lstArtists_Click(); });
-    claims_.Claim(controls_.lstArtists.KeyDown, [this](int key_code, int) { List_KeyDown(key_code); });
+    claims_.Claim(controls_.lstArtists.KeyDown,
+                  [this](int key_code, int shift) { List_KeyDown(key_code, shift); });
     claims_.Claim(controls_.lstArtists.MouseMove, hide_overs);
     claims_.Claim(controls_.lstTracks.Click, [this] { lstTracks_Click(); });
-    claims_.Claim(controls_.lstTracks.KeyDown, [this](int key_code, int) { List_KeyDown(key_code); });
+    claims_.Claim(controls_.lstTracks.KeyDown,
+                  [this](int key_code, int shift) { List_KeyDown(key_code, shift); });
     claims_.Claim(controls_.lstTracks.MouseMove, hide_overs);
 }
 
 void LibraryListsRoom::Command1() {
     others_.start.SetStage("Media Library");
+    // The first stage brings the splash up, which may refuse the start.
+    if (others_.start.IsOver()) return;
     DisplayPlayLists();
     DisplayArtists({});
     DisplayTracks({}, {});
     others_.start.SetStage("Favourites");
     others_.favourites.LoadFavs();
     others_.start.SetStage("Initial tracks");
-    for (int row = 0; row < shared_.lstOpenWith.ListCount(); ++row) {
+    for (int row = 0; row < shared_.lstOpenWith.ListCount() && !others_.start.IsOver(); ++row) {
         listener_.OnInitialTrack(std::string(shared_.lstOpenWith.List(row)));
     }
 }
@@ -271,8 +275,13 @@ void LibraryListsRoom::lstTracks_Click() {
     controls_.lstTracks.DragText = entry.IsSongId() ? entry.Text() : std::string();
 }
 
-void LibraryListsRoom::List_KeyDown(int key_code) {
-    if (key_code == controls::kKeyDelete) listener_.OnRemoveKey();
+// After a double click on a track the keyboard is here, so the multimedia keys are passed on.
+void LibraryListsRoom::List_KeyDown(int key_code, int shift) {
+    if (key_code == controls::kKeyDelete) {
+        listener_.OnRemoveKey();
+    } else {
+        others_.keys.KeyDown(key_code, shift);
+    }
 }
 
 void LibraryListsRoom::ClearTracks() {

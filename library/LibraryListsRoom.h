@@ -18,6 +18,7 @@
 #include "roles/Favourites.h"
 #include "roles/Highlights.h"
 #include "roles/History.h"
+#include "roles/MediaKeys.h"
 #include "roles/Start.h"
 #include "roles/TrackLists.h"
 #include "roles/TrackView.h"
@@ -40,6 +41,7 @@ struct LibraryListRoles {
     roles::Favourites& favourites;
     roles::History& history;
     roles::Highlights& highlights;
+    roles::MediaKeys& keys;
 };
 
 /// The controls of other groups that the lists share.
@@ -103,7 +105,7 @@ private:
     void lstPlayLists_Click();
     void lstArtists_Click();
     void lstTracks_Click();
-    void List_KeyDown(int key_code);
+    void List_KeyDown(int key_code, int shift);
 
     void ClearTracks();
     void AddTrack(std::string_view song_id, std::string_view artist, std::string_view title);

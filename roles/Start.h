@@ -12,6 +12,8 @@ public:
     virtual bool IsLoading() const = 0;
     /// The text on the splash that says what is being loaded. Loads the splash window if it never was.
     virtual void SetStage(std::string_view stage) = 0;
+    /// The start was refused, or the windows unload: nothing is loaded any more and no store is opened.
+    virtual bool IsOver() const = 0;
 };
 
 }  // namespace roles

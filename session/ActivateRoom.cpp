@@ -74,14 +74,19 @@ void ActivateRoom::Form_Load() {
 
 // The splash has no close box; what else may close it must not leave the program without a window.
 void ActivateRoom::Form_QueryUnload(bool& cancel) {
-    cancel = !session_.mainclose && !session_.NothingBegun && !events_.IsEnding();
+    cancel = !IsOver();
 }
 
 void ActivateRoom::lblLoading_Change() {
     form_.pbLoad.SetValue(form_.pbLoad.Value() + kStageStep);
 }
 
+// An end that comes while the splash counts must not meet the main window on its way in.
 void ActivateRoom::Timer1_Tick() {
+    if (IsOver()) {
+        form_.Timer1.SetEnabled(false);
+        return;
+    }
     form_.frmActivate.Show();
     form_.pbLoad.SetValue(form_.pbLoad.Value() + 1);
     if (form_.pbLoad.Value() >= kFull) RevealMainWindow();

@@ -58,6 +58,7 @@ private:
     void cmdClose_Click();
 
     bool AreStoresThere() const;
+    bool IsOver() const { return session_.IsOver() || events_.IsEnding(); }
     void RefuseMissingStores();
     void LoadMediaLibraryStage();
     void RevealMainWindow();

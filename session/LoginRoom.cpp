@@ -1,5 +1,7 @@
 #include "session/LoginRoom.h"
 
+#include <utility>
+
 #include "base/Number.h"
 #include "base/Text.h"
 #include "store/Settings.h"
@@ -35,7 +37,7 @@ LoginRoom::LoginRoom(LoginForm& form, LoginState& login, SessionState& session, 
     claims_.Claim(form_.frmLogin.Load, [this] { Form_Load(); });
     claims_.Claim(form_.frmLogin.Activate, [this] { Form_Activate(); });
     claims_.Claim(form_.frmLogin.QueryUnload, [this](bool& cancel) { Form_QueryUnload(cancel); });
-    claims_.Claim(form_.frmLogin.Unload, [this](bool&) { Form_Unload(); });
+    claims_.Claim(form_.frmLogin.Unload, [this](bool& cancel) { Form_Unload(cancel); });
     claims_.Claim(form_.cmbUser.Click, [this] { cmbUser_Click(); });
     claims_.Claim(form_.txtPassword.KeyDown, [this](int key_code, int) { txtPassword_KeyDown(key_code); });
     claims_.Claim(form_.cmdLogin.Click, [this] { cmdLogin_Click(); });
@@ -47,7 +49,7 @@ bool LoginRoom::HasFile(std::string_view file) const {
 }
 
 void LoginRoom::Form_Load() {
-    if (IsSecondRun()) return;
+    if (!IsFirstRun()) return;
     FirstLogin_ = true;
     load_ticks_ = 0;
     if (!HasFile(store::kLoginStore) || !HasFile(store::kHistoryStore)) {
@@ -64,20 +66,21 @@ void LoginRoom::Form_Load() {
 
 // A window cannot be hidden while it is being loaded to be shown, so a second run hides it here.
 void LoginRoom::Form_Activate() {
-    if (IsSecondRun()) form_.frmLogin.Hide();
+    if (!IsFirstRun()) form_.frmLogin.Hide();
 }
 
 // With somebody logged in the window only serves its wizard, and closing it puts that away.
 void LoginRoom::Form_QueryUnload(bool& cancel) {
-    if (!session_.LoggedIn || session_.mainclose) return;
+    if (!session_.LoggedIn || session_.IsOver()) return;
     cancel = true;
     form_.cmdCancel.Click.Raise();
     form_.frmLogin.Hide();
 }
 
-void LoginRoom::Form_Unload() {
-    form_.tmrLoad.SetEnabled(false);
-    if (!session_.LoggedIn && !session_.mainclose) frm_browser_.UnloadWindow();
+// With nobody logged in, closing the window ends the program, unless that has to stay to save its stores.
+void LoginRoom::Form_Unload(bool& cancel) {
+    if (!session_.LoggedIn && !session_.mainclose) cancel = !frm_browser_.UnloadWindow();
+    if (!cancel) form_.tmrLoad.SetEnabled(false);
 }
 
 void LoginRoom::tmrLoad_Tick() {
@@ -121,7 +124,8 @@ void LoginRoom::LoadUsers() {
     form_.cmbUser.SetText(strName_);
     form_.txtPassword.SetText(strPass_);
     FocusFirstEmptyBox();
-    if (auto_login && !strPass_.empty()) cmdLogin_Click();
+    // A user who was quick is in the wizard already, and makes a profile of their own.
+    if (auto_login && !strPass_.empty() && form_.fraLogin.Visible()) cmdLogin_Click();
 }
 
 bool LoginRoom::TakeRemembered() {
@@ -129,6 +133,8 @@ bool LoginRoom::TakeRemembered() {
     if (row.Text(store::tblLogin::RememberMe) == base::FlagText(true)) {
         form_.chkRememberMe.SetChecked(true);
         strName_ = row.Text(store::tblLogin::UserName);
+        // The password of a row before belongs to another name.
+        strPass_.clear();
     }
     if (row.Text(store::tblLogin::AutoLogin) != base::FlagText(true)) return false;
     form_.chkAuto.SetChecked(true);
@@ -152,7 +158,7 @@ void LoginRoom::ShowLogin() {
 }
 
 void LoginRoom::FocusFirstEmptyBox() {
-    // A person who was quick stands in the wizard already.
+    // The wizard may be open.
     if (!form_.fraLogin.Visible()) return;
     if (form_.cmbUser.Text().empty()) {
         form_.cmbUser.SetFocus();
@@ -171,8 +177,6 @@ void LoginRoom::txtPassword_KeyDown(int key_code) {
 }
 
 void LoginRoom::cmdLogin_Click() {
-    if (!FirstLogin_) login_.NewLogin = true;
-    FirstLogin_ = false;
     // After a log out the answer of the login before must not stand for this one.
     LoginDone_ = false;
     strName_ = form_.cmbUser.Text();
@@ -222,6 +226,9 @@ void LoginRoom::LogIn() {
     login_.HotmailP = Trimmed(row.Text(store::tblLogin::HotmailP));
     login_.FaceBookE = Trimmed(row.Text(store::tblLogin::FaceBookE));
     login_.FaceBookP = Trimmed(row.Text(store::tblLogin::FaceBookP));
+    // The start loads the settings for the first user. A refused try is no login: after it the settings would
+    // be loaded, and the home pages opened, a second time.
+    if (!std::exchange(FirstLogin_, false)) login_.NewLogin = true;
     DoLogin();
 }
 

@@ -38,13 +38,13 @@ private:
     void Form_Load();
     void Form_Activate();
     void Form_QueryUnload(bool& cancel);
-    void Form_Unload();
+    void Form_Unload(bool& cancel);
     void cmbUser_Click();
     void txtPassword_KeyDown(int key_code);
     void cmdLogin_Click();
     void tmrLoad_Tick();
 
-    bool IsSecondRun() { return instance_.TryBecomeFirst() == ports::Instance::Second; }
+    bool IsFirstRun() { return instance_.TryBecomeFirst() == ports::Instance::First; }
     bool HasFile(std::string_view file) const;
     void ReadMultipleUsers();
     /// Takes what the current row of tblLogin remembers; true when the row logs in automatically.
@@ -71,7 +71,7 @@ private:
     std::string strPass_;
     bool LoginDone_ = false;
     bool SkipAutoLogin_ = false;  // the wizard filled name and password in
-    bool FirstLogin_ = true;
+    bool FirstLogin_ = true;      // nobody has logged in yet
     int load_ticks_ = 0;
     controls::EventClaims claims_;
 };

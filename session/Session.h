@@ -80,7 +80,7 @@ class Session final : public roles::Start {
 public:
     /// `command` is the command line as one text; `bring_to_front` brings the program's windows to the user.
     Session(SessionControls controls, SessionData data, SessionRoles roles, SessionPorts ports,
-            store::Stores& stores, std::string_view command, std::function<void()> bring_to_front);
+            SessionStores stores, std::string_view command, std::function<void()> bring_to_front);
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
@@ -93,6 +93,7 @@ public:
     // roles::Start
     bool IsLoading() const override { return start_up_.IsLoading(); }
     void SetStage(std::string_view stage) override { splash_.SetStage(stage); }
+    bool IsOver() const override { return start_up_.IsOver(); }
 
 private:
     MediaKeys keys_;

@@ -1,10 +1,13 @@
 #include "session/SessionRoom.h"
 
+#include <utility>
+
 namespace session {
 
 SessionRoom::SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState& session, LoginState& login,
                          SettingsRoom& settings, LoginRoom& login_room, MediaKeys& keys,
-                         SessionEndRoles roles, ports::Dialogs& dialogs, ports::EventLoop& events)
+                         SessionEndRoles roles, SessionStores stores, ports::Dialogs& dialogs,
+                         ports::EventLoop& events)
     : windows_(windows),
       session_(session),
       login_(login),
@@ -12,6 +15,7 @@ SessionRoom::SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState
       login_room_(login_room),
       keys_(keys),
       roles_(roles),
+      stores_(stores),
       dialogs_(dialogs),
       events_(events) {
     claims_.Claim(windows_.frmBrowser.QueryUnload, [this](bool& cancel) { Form_QueryUnload(cancel); });
@@ -29,37 +33,47 @@ void SessionRoom::mnuExit_Click() {
     windows_.frmBrowser.UnloadWindow();
 }
 
-// Tabs opened before the login are not asked about.
+// Tabs opened before the login are not asked about. A second close waits for the first; the system may end
+// the program while the question is up.
 void SessionRoom::Form_QueryUnload(bool& cancel) {
-    if (closing_ || session_.NothingBegun) return;
+    if (unloading_ || session_.NothingBegun) return;
+    cancel = true;
+    if (closing_) return;
     closing_ = true;
     session_.LoggingOut = false;
-    if (session_.LoggedIn && HasOpenTabs() &&
-        !Agrees("You currently have web tabs open, are you sure you want to exit?", "Exit Brindlepost")) {
-        closing_ = false;
-        cancel = true;
-        return;
-    }
-    Leave();
+    const bool agreed =
+        !session_.LoggedIn || !HasOpenTabs() ||
+        Agrees("You currently have web tabs open, are you sure you want to exit?", "Exit Brindlepost");
+    cancel = !unloading_ && (!agreed || !Leave());
+    closing_ = false;
 }
 
 void SessionRoom::EndSession() {
-    if (session_.mainclose) return;
-    if (!session_.NothingBegun) {
-        closing_ = true;
-        session_.LoggingOut = false;
-        Leave();
+    if (unloading_) return;
+    if (session_.NothingBegun) {
+        windows_.frmBrowser.UnloadWindow();
+        return;
     }
-    // A store that cannot be written must not block the exit.
-    if (windows_.frmBrowser.IsLoaded()) windows_.frmBrowser.UnloadWindow();
+    closing_ = true;
+    session_.LoggingOut = false;
+    BeginToLeave();
+    if (unloading_) return;
+    // The system waits for no answer: what cannot be written is lost.
+    settings_.StoreSettings();
+    stores_.stores.CommitAll();
+    UnloadWindows();
 }
 
-void SessionRoom::Leave() {
+void SessionRoom::BeginToLeave() {
     session_.mainclose = true;
     roles_.transport.Stop();
     roles_.messenger.SendNothingPlaying();
     events_.Yield();
-    SaveSettings();
+}
+
+bool SessionRoom::Leave() {
+    BeginToLeave();
+    return unloading_ || SaveSettings();
 }
 
 bool SessionRoom::HasOpenTabs() const {
@@ -73,12 +87,42 @@ bool SessionRoom::Agrees(std::string_view text, std::string_view title) {
     return dialogs_.MsgBox(text, ports::BoxButtons::YesNo, title) == ports::BoxAnswer::Yes;
 }
 
-void SessionRoom::SaveSettings() {
-    if (!settings_.StoreSettings()) return;
-    if (!session_.LoggingOut) UnloadWindows();
+bool SessionRoom::SaveSettings() {
+    // A store that could never be read has no settings to lose.
+    const bool stored = settings_.StoreSettings() || !settings_.WereLoaded();
+    // The program goes on, and with it the tries to write.
+    if (session_.LoggingOut) return stored;
+    if (!stores_.stores.CommitAll() || !stored) {
+        session_.mainclose = false;
+        if (!MayEndUnsaved()) return false;
+        session_.mainclose = true;
+    }
+    if (!unloading_) UnloadWindows();
+    return true;
+}
+
+// At the first try the user is told, and may put right what is wrong; from then on each try asks.
+bool SessionRoom::MayEndUnsaved() {
+    stores_.trouble.Forget();
+    std::string why = stores_.stores.WhyUnwritten();
+    if (why.empty()) why = "The file \"dbHistory.mdb\" can not be opened.";
+    if (std::exchange(save_failed_, true)) {
+        return dialogs_.MsgBox("Your settings and your last changes can still not be saved.\n\n" + why +
+                                   "\n\nEnd Brindlepost without saving them?",
+                               ports::BoxButtons::YesNo, "Exit Brindlepost",
+                               ports::BoxIcon::Critical) == ports::BoxAnswer::Yes ||
+               unloading_;
+    }
+    dialogs_.MsgBox(
+        "Your settings and your last changes could not be saved.\n\n" + why +
+            "\n\nBrindlepost stays open, so that you can put this right and exit again. If it still "
+            "can not save then, you may end it without saving.",
+        ports::BoxButtons::Ok, "Exit Brindlepost", ports::BoxIcon::Critical);
+    return unloading_;
 }
 
 void SessionRoom::UnloadWindows() {
+    unloading_ = true;
     windows_.unloadme = true;
     for (controls::Form* window :
          {&windows_.frmActivate, &windows_.frmLogin, &windows_.frmAdd, &windows_.frmAbout,
@@ -112,7 +156,9 @@ void SessionRoom::mnuLogout_Click() {
     windows_.frmBrowser.Hide();
 }
 
+// An activation that comes while the close is under way must not take it back.
 void SessionRoom::Form_Activate() {
+    if (session_.mainclose && closing_) return;
     if (login_.NewLogin) {
         settings_.LoadSettings();
         login_.NewLogin = false;

@@ -1,8 +1,9 @@
 // The end of a session: exit and log out; and the small events of the main window.
 //
 // Exit: the main window is asked to unload, asks the user if pages are open, stops the player, saves, and
-// unloads every window; its own unload is the last. Log out saves first and asks then, so a user who stays
-// has saved already.
+// unloads every window; its own unload is the last. What cannot be saved keeps the windows up; at the next
+// try the user may end without it. An end by the system asks nothing and saves what it can. Log out saves
+// first and asks then, so a user who stays has saved already.
 #pragma once
 
 #include <string_view>
@@ -22,6 +23,8 @@
 #include "session/SessionMenu.h"
 #include "session/SessionState.h"
 #include "session/SettingsRoom.h"
+#include "session/StoreTroubleRoom.h"
+#include "store/Stores.h"
 
 namespace session {
 
@@ -49,14 +52,21 @@ struct SessionEndRoles {
     roles::Highlights& highlights;
 };
 
+/// What must be written before the windows go.
+struct SessionStores {
+    store::Stores& stores;
+    StoreTroubleRoom& trouble;
+};
+
 class SessionRoom final {
 public:
     SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState& session, LoginState& login,
                 SettingsRoom& settings, LoginRoom& login_room, MediaKeys& keys, SessionEndRoles roles,
-                ports::Dialogs& dialogs, ports::EventLoop& events);
+                SessionStores stores, ports::Dialogs& dialogs, ports::EventLoop& events);
 
-    /// Stores the settings and, unless the user only logs out, unloads every window.
-    void SaveSettings();
+    /// Stores the settings and, unless the user only logs out, writes every change to its file and unloads
+    /// every window. False when that failed, the user knows, and the windows stay.
+    bool SaveSettings();
     void Form_QueryUnload(bool& cancel);
     /// The system wants the program to end: as an exit, without the question.
     void EndSession();
@@ -72,7 +82,9 @@ private:
 
     bool HasOpenTabs() const;
     bool Agrees(std::string_view text, std::string_view title);
-    void Leave();
+    void BeginToLeave();
+    bool Leave();
+    bool MayEndUnsaved();
     void UnloadWindows();
 
     SessionWindows windows_;
@@ -82,9 +94,12 @@ private:
     LoginRoom& login_room_;
     MediaKeys& keys_;
     SessionEndRoles roles_;
+    SessionStores stores_;
     ports::Dialogs& dialogs_;
     ports::EventLoop& events_;
-    bool closing_ = false;  // the question of the close is up, or the close is under way
+    bool closing_ = false;      // the question of the close is up, or the close is under way
+    bool unloading_ = false;    // the windows go
+    bool save_failed_ = false;  // the user knows that the next exit may end without saving
     controls::EventClaims claims_;
 };
 

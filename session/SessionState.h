@@ -52,7 +52,8 @@ struct SessionOptions {
 /// Public flags of the main window that belong to no subject.
 struct SessionState {
     bool LoggedIn = false;
-    /// The close was accepted; False again when the window is next activated.
+    /// The close was accepted. False again when the window is next activated, but for an activation that
+    /// comes while the close is under way.
     bool mainclose = false;
     /// The save leaves the windows loaded: the user only logs out.
     bool LoggingOut = false;
@@ -70,6 +71,9 @@ struct SessionState {
     bool SplashPending = true;
     /// Width and height of the video pane at the start, joined by a comma, for restoring it.
     std::string VideoPaneSize;
+
+    /// Nothing is loaded any more and no window may refuse to unload.
+    bool IsOver() const { return NothingBegun || mainclose; }
 };
 
 }  // namespace session

@@ -51,7 +51,9 @@ public:
     /// Returns early, with what was done so far, if the store cannot be read.
     void LoadSettings();
     void OpenHomePages();
-    /// Writes the rows that the end of a session writes. False when the store cannot be read.
+    /// The rows were read, so there is something to store.
+    bool WereLoaded() const { return options_.Loaded; }
+    /// Puts the rows that the end of a session writes into the store. False when the store cannot be read.
     bool StoreSettings();
 
 private:
@@ -77,7 +79,7 @@ private:
     void PlaceMusicTab();
     std::string_view SearchField() const;
     std::string TextToStore(store::SettingsRow row) const;
-    bool IsOver() const { return session_.mainclose || events_.IsEnding(); }
+    bool IsOver() const { return session_.IsOver() || events_.IsEnding(); }
 
     SettingsControls controls_;
     OptionControls& boxes_;

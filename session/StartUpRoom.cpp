@@ -48,8 +48,9 @@ void StartUpRoom::Form_Load() {
     rooms_.hand_off.Prepare();
     load_ticks_ = 0;
     web_.BackdropHidden = true;
-    if (ports_.instance.TryBecomeFirst() == ports::Instance::Second) {
-        HandOver();
+    if (const ports::Instance instance = ports_.instance.TryBecomeFirst();
+        instance != ports::Instance::First) {
+        HandOver(instance);
         return;
     }
     rooms_.hand_off.Deliver(command_);
@@ -82,9 +83,15 @@ void StartUpRoom::Bind(store::DataSource& source, std::string_view file) {
     if (ports_.files.FileExists(path)) source.SetDatabaseName(stores_, path);
 }
 
-void StartUpRoom::HandOver() {
+// Without the lock the stores may belong to another run, whatever the reason.
+void StartUpRoom::HandOver(ports::Instance instance) {
     session_.NothingBegun = true;
-    ports_.instance.HandOff(command_);
+    if (instance == ports::Instance::Second) {
+        ports_.instance.HandOff(command_);
+    } else {
+        ports_.dialogs.MsgBox(ports_.instance.Failure(), ports::BoxButtons::Ok, "Brindlepost",
+                              ports::BoxIcon::Critical);
+    }
     targets_.frmBrowser.UnloadWindow();
 }
 
@@ -107,11 +114,6 @@ void StartUpRoom::TakeArguments() {
     session_.StartArguments = base::Split(base::Replace(command_, kBetweenPaths, kPathMark), kPathMark);
     session_.StartArgument = 0;
     roles_.tabs.NavigateBackdrop(web::MakerAddress(web::kBackdropQuery));
-}
-
-// A start that was refused, or a program that ends, during one of the yields goes no further.
-bool StartUpRoom::IsOver() const {
-    return session_.NothingBegun || session_.mainclose || ports_.events.IsEnding();
 }
 
 void StartUpRoom::tmrLoad_Tick() {
@@ -160,7 +162,9 @@ void StartUpRoom::ShowSplash() {
     targets_.frmActivate.Show();
     targets_.frmActivate.BringToFront();
     if (targets_.frmLogin.Visible()) targets_.frmLogin.BringToFront();
-    if (session_.LoggedIn) rooms_.splash.StartCounting();
+    if (!session_.LoggedIn) return;
+    targets_.frmBrowser.Hide();
+    rooms_.splash.StartCounting();
 }
 
 }  // namespace session

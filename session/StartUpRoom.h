@@ -13,6 +13,7 @@
 #include "controls/Form.h"
 #include "controls/Timer.h"
 #include "player/PlayerState.h"
+#include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
 #include "ports/InstanceLock.h"
@@ -83,6 +84,7 @@ struct StartUpPorts {
     ports::Files& files;
     ports::EventLoop& events;
     ports::InstanceLock& instance;
+    ports::Dialogs& dialogs;
 };
 
 class StartUpRoom final {
@@ -96,6 +98,8 @@ public:
 
     /// The start-up timer runs: the lists are not loaded yet.
     bool IsLoading() const { return controls_.tmrLoad.Enabled(); }
+    /// The start was refused, or the program ends, at a yield perhaps: nothing more is loaded.
+    bool IsOver() const { return session_.IsOver() || ports_.events.IsEnding(); }
 
 private:
     void Form_Load();
@@ -104,14 +108,13 @@ private:
     void SetStartValues();
     void BindStores();
     void Bind(store::DataSource& source, std::string_view file);
-    void HandOver();
+    void HandOver(ports::Instance instance);
     void SetPlayerDefaults();
     void TakeArguments();
     void FillLists();
     void LoadSettingsOnce();
     void OpenInitialPages();
     void ShowSplash();
-    bool IsOver() const;
 
     StartUpControls& controls_;
     StartUpTargets targets_;

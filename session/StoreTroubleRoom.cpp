@@ -17,6 +17,11 @@ void StoreTroubleRoom::OnStoreTrouble(std::string_view /*file*/, ports::Database
     controls_.tmrTrouble.SetEnabled(true);
 }
 
+void StoreTroubleRoom::Forget() {
+    messages_.clear();
+    controls_.tmrTrouble.SetEnabled(false);
+}
+
 void StoreTroubleRoom::tmrTrouble_Tick() {
     controls_.tmrTrouble.SetEnabled(false);
     while (!messages_.empty()) {

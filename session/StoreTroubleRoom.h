@@ -24,6 +24,8 @@ public:
     StoreTroubleRoom(StoreTroubleControls& controls, const SessionState& session, ports::Dialogs& dialogs);
 
     void OnStoreTrouble(std::string_view file, ports::DatabaseError error, std::string_view message) override;
+    /// The boxes that wait are not shown: the user was told otherwise.
+    void Forget();
 
 private:
     void tmrTrouble_Tick();

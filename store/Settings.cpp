@@ -40,6 +40,11 @@ bool MoveToSetting(RecordSet& history, SettingsRow row) {
 }
 
 bool WriteSetting(RecordSet& history, std::string_view text) {
+    // A row that is right already needs no write, which may not be possible.
+    if (history.Text(tblHistory::HistoryType) == kSettingsType &&
+        history.Text(tblHistory::HistoryText) == text) {
+        return true;
+    }
     if (!history.Edit()) return false;
     history.Set(tblHistory::HistoryType, kSettingsType);
     history.Set(tblHistory::HistoryText, text);

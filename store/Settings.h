@@ -79,8 +79,8 @@ inline constexpr std::array kSettings = {
     Setting{SettingsRow::MessengerName, "True", Truth::UnlessFalse, SettingsWriter::Preferences},
     Setting{SettingsRow::MessengerCustom, "True", Truth::UnlessFalse, SettingsWriter::Preferences},
     Setting{SettingsRow::SaveMessengerNames, "True", Truth::UnlessFalse, SettingsWriter::Preferences},
-    // The login reads this row by the other rule: only "True" shows its window, and with no user stored yet
-    // nobody could log in.
+    // The login reads this row by the other rule: only "True" brings its window up a second time, enables the
+    // log out before the main window shows, and lets pages be logged in to.
     Setting{SettingsRow::MultipleUsers, "True", Truth::UnlessFalse, SettingsWriter::Preferences},
     // Without stored site names it does nothing.
     Setting{SettingsRow::AutoLogin, "True", Truth::UnlessFalse, SettingsWriter::Preferences},

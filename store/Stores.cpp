@@ -45,13 +45,18 @@ std::string_view Reason(DatabaseError error) {
     }
 }
 
-std::string Message(std::string_view file, const ports::DatabaseResult& result, bool writing) {
+std::string Sentence(std::string_view file, const ports::DatabaseResult& result, bool writing) {
     const std::string_view name = file.substr(file.find_last_of("\\/") + 1);
-    std::string message =
+    std::string sentence =
         "The file \"" + std::string(name) + "\" can not be " + (writing ? "written" : "opened");
-    message += ": " + std::string(Reason(result.error)) + ".";
+    sentence += ": " + std::string(Reason(result.error)) + ".";
     if (result.error == DatabaseError::InputOutput && !result.text.empty())
-        message += "\n(" + result.text + ")";
+        sentence += "\n(" + result.text + ")";
+    return sentence;
+}
+
+std::string Message(std::string_view file, const ports::DatabaseResult& result, bool writing) {
+    std::string message = Sentence(file, result, writing);
     if (writing) {
         message +=
             "\nYour changes are kept while the program runs, and saved as soon as the file can be written.";
@@ -90,20 +95,18 @@ struct Stores::Store {
     const ports::StoreLayout* layout = nullptr;
     std::unique_ptr<ports::StoreFile> file;
     std::deque<TableImage> images;
-    DatabaseError told = DatabaseError::None;  // the trouble that the listener knows of
-    int pause = 0;                             // length of the pause after the next failed write
-    int pausing = 0;                           // ends of handlers still to pass before the next try
+    ports::DatabaseResult told;  // the trouble that the listener knows of
+    int pause = 0;               // length of the pause after the next failed write
+    int pausing = 0;             // ends of handlers still to pass before the next try
 
     bool HasChanges() const {
         return std::any_of(images.begin(), images.end(),
                            [](const TableImage& image) { return !image.table.Journal().empty(); });
     }
     // A file in trouble is tried without waiting, so that the program stays quick.
-    int Waiting() const {
-        return told == DatabaseError::None ? ports::kPatientMilliseconds : ports::kNoWaiting;
-    }
+    int Waiting() const { return told.Ok() ? ports::kPatientMilliseconds : ports::kNoWaiting; }
     void Recover() {
-        told = DatabaseError::None;
+        told = {};
         pause = pausing = 0;
     }
 };
@@ -198,7 +201,7 @@ bool Stores::Commit(Store& store, int wait_milliseconds) {
 void Stores::Tell(Store& store, const ports::DatabaseResult& result, bool writing) {
     store.pausing = store.pause;
     store.pause = std::min(store.pause * 2 + 1, kLongestPause);
-    if (std::exchange(store.told, result.error) == result.error) return;
+    if (std::exchange(store.told, result).error == result.error) return;
     trouble_.OnStoreTrouble(store.path, result.error, Message(store.path, result, writing));
 }
 
@@ -207,6 +210,16 @@ bool Stores::CommitAll() {
     for (std::size_t i = 0; i < stores_.size(); ++i)
         all = Commit(*stores_[i], ports::kPatientMilliseconds) && all;
     return all;
+}
+
+std::string Stores::WhyUnwritten() const {
+    std::string why;
+    for (const auto& store : stores_) {
+        if (!store->HasChanges() || store->told.Ok()) continue;
+        if (!why.empty()) why += "\n";
+        why += Sentence(store->path, store->told, true);
+    }
+    return why;
 }
 
 bool Stores::Close() {

@@ -47,6 +47,8 @@ public:
     /// Writes every change and closes the files. A file that could not be written stays open, and the result
     /// is false. The images stay usable, and a later change opens its file again.
     bool Close();
+    /// Why changes are not in their files, a sentence and a line a file, for a box; empty when all are.
+    std::string WhyUnwritten() const;
 
 private:
     struct Store;

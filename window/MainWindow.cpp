@@ -138,6 +138,7 @@ library::Library MainWindow::BuildLibrary() {
          .favourites = relays_.favourites,
          .history = relays_.history,
          .highlights = skin_,
+         .keys = relays_.media_keys,
          .window = window_},
         {.files = ports_.files, .dialogs = ports_.dialogs, .loop = ports_.events, .clock = ports_.clock});
 }
@@ -243,7 +244,7 @@ session::Session MainWindow::BuildSession(std::string_view command) {
                              .events = ports_.events,
                              .clock = ports_.clock,
                              .instance = ports_.instance},
-                            stores_, command, [this] { windows_.BringToFront(); });
+                            {.stores = stores_, .trouble = trouble_}, command, [this] { windows_.BringToFront(); });
 }
 
 RemoteActions MainWindow::ActionsOfRemote() {

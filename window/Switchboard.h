@@ -101,6 +101,7 @@ class PageOpenerRelay final : public Relay<roles::PageOpener> {
 class StartRelay final : public Relay<roles::Start> {
     bool IsLoading() const override { return Answers().IsLoading(); }
     void SetStage(std::string_view stage) override { Answers().SetStage(stage); }
+    bool IsOver() const override { return Answers().IsOver(); }
 };
 
 /// The relays, one a role.

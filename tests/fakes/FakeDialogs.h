@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,7 @@ public:
     ports::BoxAnswer MsgBox(std::string_view text, ports::BoxButtons buttons, std::string_view title,
                             ports::BoxIcon icon) override {
         Boxes.push_back({std::string(text), std::string(title), buttons, icon});
+        if (OnBox) OnBox();
         if (Answers.empty())
             return buttons == ports::BoxButtons::Ok ? ports::BoxAnswer::Ok : ports::BoxAnswer::No;
         const ports::BoxAnswer answer = Answers.front();
@@ -42,6 +44,8 @@ public:
         return typed;
     }
 
+    /// What happens while a box is up.
+    std::function<void()> OnBox;
     std::vector<ShownBox> Boxes;
     std::vector<ShownInput> Inputs;
     /// Answers in turn; Ok or No when they run out.

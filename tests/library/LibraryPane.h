@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Number.h"
 #include "base/Text.h"
 #include "controls/ListBox.h"
 #include "fakes/FakeDesktop.h"
@@ -43,9 +44,11 @@ struct RecordingNeighbours final : roles::Start,
                                    roles::Favourites,
                                    roles::History,
                                    roles::Highlights,
+                                   roles::MediaKeys,
                                    library::LibraryListener {
     bool IsLoading() const override { return false; }
     void SetStage(std::string_view stage) override { Remember("stage ", stage); }
+    bool IsOver() const override { return Over; }
     void LoadFavs() override { Remember("favourites", ""); }
     void SettleAtStart() override { Remember("settle", ""); }
     bool IsPanelClosed() const override { return true; }
@@ -61,6 +64,9 @@ struct RecordingNeighbours final : roles::Start,
     void OnRemoveKey() override { ++RemoveKeys; }
     void OnInitialTrack(std::string_view path) override { Remember("media ", path); }
     void NoMouseOvers() override { ++OversHidden; }
+    void KeyDown(int key_code, int shift) override {
+        Remember("key ", base::ToText(key_code) + " " + base::ToText(shift));
+    }
 
     void Remember(std::string_view what, std::string_view detail) {
         Calls.push_back(std::string(what).append(detail));
@@ -68,6 +74,7 @@ struct RecordingNeighbours final : roles::Start,
 
     std::vector<std::string> Calls;
     std::function<void()> OnHistory;
+    bool Over = false;
     int RemoveKeys = 0;
     int OversHidden = 0;
 };
@@ -99,14 +106,17 @@ struct LibraryPane {
 
     bool ListMaybeChanged = false;
 
-    library::LibraryListsRoom ListsRoom{
-        Lists,
-        {PlayLists.lstAddToPlaylist, lstEditPlayList, lstOpenWith},
-        Sources,
-        ListMaybeChanged,
-        Desktop,
-        Neighbours,
-        {.start = Neighbours, .favourites = Neighbours, .history = Neighbours, .highlights = Neighbours}};
+    library::LibraryListsRoom ListsRoom{Lists,
+                                        {PlayLists.lstAddToPlaylist, lstEditPlayList, lstOpenWith},
+                                        Sources,
+                                        ListMaybeChanged,
+                                        Desktop,
+                                        Neighbours,
+                                        {.start = Neighbours,
+                                         .favourites = Neighbours,
+                                         .history = Neighbours,
+                                         .highlights = Neighbours,
+                                         .keys = Neighbours}};
     library::PlayListRoom PlayListsRoom{PlayLists, menu, Sources, ListsRoom, Dialogs, Neighbours};
     library::SearchRoom SearchingRoom{Search, menu, Sources, ListsRoom, Neighbours};
 };

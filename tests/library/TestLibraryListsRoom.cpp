@@ -412,14 +412,17 @@ TEST_F(LibraryListsRoomTest, AReloadWithoutDataSourcesShowsEmptyLists) {
     library::MediaSources unbound;
     controls::ListBox names{"names"};
     library::LibraryListControls other;
-    library::LibraryListsRoom room{
-        other,
-        {names, lstEditPlayList, lstOpenWith},
-        unbound,
-        ListMaybeChanged,
-        Desktop,
-        Neighbours,
-        {.start = Neighbours, .favourites = Neighbours, .history = Neighbours, .highlights = Neighbours}};
+    library::LibraryListsRoom room{other,
+                                   {names, lstEditPlayList, lstOpenWith},
+                                   unbound,
+                                   ListMaybeChanged,
+                                   Desktop,
+                                   Neighbours,
+                                   {.start = Neighbours,
+                                    .favourites = Neighbours,
+                                    .history = Neighbours,
+                                    .highlights = Neighbours,
+                                    .keys = Neighbours}};
 
     room.Command1();
 
@@ -477,6 +480,25 @@ TEST_F(LibraryListsRoomTest, TheDeleteKeyOnArtistsOrTracksRemoves) {
     Lists.lstTracks.KeyDown.Raise(controls::kKeyEnter, 0);
 
     EXPECT_EQ(Neighbours.RemoveKeys, 2);
+}
+
+TEST_F(LibraryListsRoomTest, OtherKeysOnArtistsOrTracksArePassedOn) {
+    Lists.lstArtists.KeyDown.Raise(179, 0);
+    Lists.lstTracks.KeyDown.Raise(176, 4);
+
+    EXPECT_EQ(Neighbours.Calls, (std::vector<std::string>{"key 179 0", "key 176 4"}));
+}
+
+TEST_F(LibraryListsRoomTest, AReloadOfARefusedStartReadsNothing) {
+    SeedThreeSongs();
+    lstOpenWith.AddItem("C:\\Music\\Owl - Song.mp3");
+    Neighbours.Over = true;
+
+    ListsRoom.Command1();
+
+    EXPECT_EQ(Neighbours.Calls, (std::vector<std::string>{"stage Media Library"}));
+    EXPECT_EQ(Lists.lstPlayLists.ListCount(), 0);
+    EXPECT_EQ(Stores.Database.Opens, 0);
 }
 
 TEST_F(LibraryListsRoomTest, TheMouseOverAListHidesTheBrightPictures) {

@@ -93,6 +93,7 @@ struct FakeMainWindow final : roles::Window,
     }
     bool IsLoading() const override { return Loading; }
     void SetStage(std::string_view) override {}
+    bool IsOver() const override { return false; }
     void LoadFavs() override {}
     void SettleAtStart() override {}
     bool IsPanelClosed() const override { return FavouritesClosed; }

@@ -173,6 +173,75 @@ TEST_F(SessionStory, WhatIsPlayedIsThereInTheNextRun) {
     EXPECT_NE(Browser().library.lists.lstTracks.List(0).find("Sun"), std::string_view::npos);
 }
 
+TEST_F(SessionStory, AnExitThatCannotSaveSaysWhyAndStaysUntilTheUserGivesUp) {
+    const std::pair<ports::DatabaseError, const char*> troubles[] = {
+        {ports::DatabaseError::DiskFull, "the disk is full"},
+        {ports::DatabaseError::Locked, "another program is holding it"},
+        {ports::DatabaseError::ReadOnly, "the file or its folder is read-only"}};
+    for (const auto& [trouble, reason] : troubles) {
+        SCOPED_TRACE(reason);
+        Run();
+        program->Click(Browser().menus.mnuShuffle);
+        computer.database.FailApply(scenario::kHistoryPath, trouble);
+
+        program->Click(Browser().menus.mnuExit);
+        program->Wait(1000);
+        ASSERT_EQ(program->BoxTexts().size(), 1U);
+        EXPECT_NE(program->BoxTexts()[0].find(reason), std::string::npos);
+        EXPECT_FALSE(program->ended);
+        EXPECT_TRUE(Browser().Visible());
+        EXPECT_TRUE(Browser().Enabled());
+
+        program->dialogs.Answers = {ports::BoxAnswer::Yes};
+        program->Click(Browser().menus.mnuExit);
+        EXPECT_EQ(program->BoxTexts().size(), 2U);
+        EXPECT_TRUE(program->ended);
+        for (const controls::Form* window : program->windows.All())
+            EXPECT_FALSE(window->IsLoaded()) << window->Name();
+        computer.database.FailApply(scenario::kHistoryPath, ports::DatabaseError::None);
+    }
+}
+
+TEST_F(SessionStory, AnExitSavesWhatOnlyTheStoresOfOthersCouldNotTakeBefore) {
+    Browser().library.lists.lstTracks.SetListIndex(0);
+    computer.database.FailApply(scenario::kMediaPath, ports::DatabaseError::Locked);
+    program->DoubleClick(Browser().library.lists.lstTracks);
+    program->Wait(1000);
+    EXPECT_EQ(program->BoxTexts().size(), 1U) << "told while it ran";
+
+    program->Click(Browser().menus.mnuExit);
+    EXPECT_FALSE(program->ended);
+    computer.database.FailApply(scenario::kMediaPath, ports::DatabaseError::None);
+    program->Click(Browser().menus.mnuExit);
+
+    EXPECT_TRUE(program->ended);
+    EXPECT_EQ(computer.database.Rows(scenario::kMediaPath, "tblSong")[0][4], "1");
+}
+
+TEST_F(SessionStory, AnEndByTheSystemGoesOnThoughNothingCanBeSaved) {
+    program->Click(Browser().menus.mnuShuffle);
+    computer.database.FailApply(scenario::kHistoryPath, ports::DatabaseError::DiskFull);
+
+    program->main_window.End();
+
+    EXPECT_TRUE(program->BoxTexts().empty());
+    EXPECT_TRUE(program->ended);
+}
+
+TEST_F(SessionStory, ADamagedHistoryStoreIsToldAtTheStartAndHoldsUpNoExit) {
+    computer.database.FailOpen(scenario::kHistoryPath, ports::DatabaseError::Damaged);
+    Run();
+    const std::size_t told = program->BoxTexts().size();
+    EXPECT_EQ(told, 1U);
+
+    program->Click(Browser().menus.mnuExit);
+
+    EXPECT_EQ(program->BoxTexts().size(), told);
+    EXPECT_TRUE(program->ended);
+    for (const controls::Form* window : program->windows.All())
+        EXPECT_FALSE(window->IsLoaded()) << window->Name();
+}
+
 TEST_F(SessionStory, AStoreThatCannotBeWrittenIsToldAndTheProgramGoesOn) {
     computer.database.FailApply(scenario::kHistoryPath, ports::DatabaseError::DiskFull);
 

@@ -26,6 +26,84 @@ TEST_F(StartStory, TheFirstStartShowsTheSplashWithTheLoginInFront) {
     EXPECT_TRUE(program.BoxTexts().empty());
 }
 
+/// The stages of the splash as they come: caption, the bar after it, and the yields since the stage before.
+class StageWatch final : private controls::ControlObserver {
+public:
+    struct Stage {
+        std::string caption;
+        int bar;
+        bool yielded_before;
+
+        bool operator==(const Stage&) const = default;
+    };
+
+    explicit StageWatch(Program& program) : program_(program) {
+        program_.windows.activate.lblLoading.SetObserver(this);
+        program_.windows.activate.pbLoad.SetObserver(this);
+    }
+    ~StageWatch() override {
+        program_.windows.activate.lblLoading.SetObserver(nullptr);
+        program_.windows.activate.pbLoad.SetObserver(nullptr);
+    }
+
+    std::vector<Stage> Stages;
+
+private:
+    void OnPropertyChanged(controls::Control&, controls::Property property) override {
+        const auto& splash = program_.windows.activate;
+        if (property == controls::Property::Caption) {
+            Stages.push_back({splash.lblLoading.Caption(), 0, program_.desktop.Yields > yields_});
+            yields_ = program_.desktop.Yields;
+        } else if (property == controls::Property::Value && !Stages.empty()) {
+            Stages.back().bar = splash.pbLoad.Value();
+        }
+    }
+
+    Program& program_;
+    int yields_ = 0;
+};
+
+std::ostream& operator<<(std::ostream& out, const StageWatch::Stage& stage) {
+    return out << stage.caption << " " << stage.bar << (stage.yielded_before ? " after a yield" : "");
+}
+
+// The lists load in one go; before every other stage the loop had its turn.
+TEST_F(StartStory, TheSplashTellsItsStagesInOrderAndTheBarGrowsByTen) {
+    Program program(computer);
+    StageWatch watch(program);
+
+    program.Start();
+
+    EXPECT_EQ(watch.Stages, (std::vector<StageWatch::Stage>{{"Logging in", 10, true},
+                                                            {"Media Library", 20, true},
+                                                            {"Favourites", 30, false},
+                                                            {"Initial tracks", 40, false},
+                                                            {"History files", 50, false},
+                                                            {"Previous settings", 60, true},
+                                                            {"Library search", 70, true},
+                                                            {"Home pages", 80, true},
+                                                            {"Media GUI", 90, true}}));
+}
+
+TEST_F(StartStory, TheStartSetsThePlayerUp) {
+    Program program(computer);
+    auto& player = program.Browser().player;
+    player.transport.lblProgress.SetVisible(true);
+    player.levels.lblMute.SetVisible(true);
+    program.Browser().menus.mnuMusicMute.SetChecked(true);
+    program.windows.frmVideo.picVid.SetBackColor(0x00FF00);
+
+    program.main_window.Start();
+
+    EXPECT_FALSE(player.transport.lblProgress.Visible());
+    EXPECT_FALSE(player.levels.lblMute.Visible());
+    EXPECT_FALSE(program.Browser().menus.mnuMusicMute.Checked());
+    EXPECT_EQ(program.windows.frmVideo.picVid.BackColor(), 0x000000U);
+    EXPECT_TRUE(program.Browser().menus.mnuQuickFade.Checked());
+    EXPECT_EQ(program.main_window.Known().player.MusicVolume, 100);
+    EXPECT_EQ(program.main_window.Known().player.SongSpeed, 100);
+}
+
 TEST_F(StartStory, TheSplashWaitsForTheLogin) {
     Program program(computer);
     program.Start();
@@ -133,6 +211,7 @@ TEST_F(StartStory, AMissingStoreIsToldOnceAndEndsTheProgram) {
         EXPECT_EQ(program.dialogs.Boxes[0].title, "Database missing...");
         EXPECT_EQ(program.dialogs.Boxes[0].icon, ports::BoxIcon::Critical);
         EXPECT_TRUE(program.ended);
+        EXPECT_EQ(another.database.Opens, 0);
         EXPECT_FALSE(program.Browser().Visible());
         EXPECT_FALSE(program.windows.activate.frmActivate.Visible());
         EXPECT_FALSE(program.windows.login.frmLogin.Visible());

@@ -33,6 +33,7 @@
 #include "session/SessionRoom.h"
 #include "session/SettingsRoom.h"
 #include "session/StartUpRoom.h"
+#include "session/StoreTroubleRoom.h"
 
 namespace session_tests {
 
@@ -161,9 +162,10 @@ public:
 
     // ports::InstanceLock
     ports::Instance TryBecomeFirst() override {
+        if (LockFails) return ports::Instance::Failed;
         return OtherRuns ? ports::Instance::Second : ports::Instance::First;
     }
-    std::string Failure() const override { return {}; }
+    std::string Failure() const override { return "The folder is gone."; }
     bool HandOff(std::string_view text) override {
         Note("HandOver ", text);
         return true;
@@ -180,6 +182,7 @@ public:
     bool MusicTabVisible = true;
     bool AddressVisible = true;
     bool OtherRuns = false;
+    bool LockFails = false;
     bool PlayShown = true;
     std::function<void()> OnCommand1;
     std::function<void()> OnDisplayPlayLists;
@@ -307,6 +310,8 @@ protected:
     web::WebState web;
     player::PlayerState player;
     bool unloadme = false;  ///< of the preferences
+    session::StoreTroubleControls trouble_controls;
+    session::StoreTroubleRoom trouble{trouble_controls, session, boxes};
     controls::EventClaims claims;
 
     session::ActivateRoom splash{activate, connection, session, {w.frmBrowser, w}, login_form.frmLogin,
@@ -339,6 +344,7 @@ protected:
         login_room,
         keys,
         {near, near, near, near, near, near},
+        {stores.Stores, trouble},
         boxes,
         desktop};
     session::HandOffRoom hand_off{mailbox, instance, [] {}};
@@ -355,7 +361,7 @@ protected:
                                player,
                                {settings, splash, hand_off},
                                {near, near, near, near, near, near, near, near},
-                               {files, desktop, near},
+                               {files, desktop, near, boxes},
                                stores.Stores,
                                kAppPath,
                                Command};

@@ -45,6 +45,15 @@ TEST_F(ActivateRoom, TheFirstStageLoadsTheSplashAndBringsUpTheLogin) {
     EXPECT_TRUE(boxes.Boxes.empty());
 }
 
+TEST_F(ActivateRoom, LoadingSetsTheBarToZero) {
+    activate.pbLoad.SetValue(50);
+
+    splash.SetStage("Logging in");
+
+    EXPECT_EQ(activate.lblLoading.Caption(), "Logging in");
+    EXPECT_EQ(activate.pbLoad.Value(), 10);
+}
+
 TEST_F(ActivateRoom, LaterStagesLoadNothing) {
     splash.SetStage("Media Library");
     login_form.frmLogin.Hide();
@@ -69,6 +78,33 @@ TEST_F(ActivateRoom, AMissingStoreIsRefusedWithABox) {
         EXPECT_EQ(boxes.Boxes[0].buttons, ports::BoxButtons::Ok) << file;
         files.AddFile(std::string(session_tests::kAppPath).append(file));
     }
+}
+
+TEST_F(ActivateRoom, AMissingStoreStopsBothTimers) {
+    splash.SetStage("Media Library");
+    RemoveFile("\\dbMedia.mdb");
+    activate.Timer1.SetEnabled(true);
+    activate.Timer2.SetEnabled(true);
+    bool timers_run = true;
+    boxes.OnBox = [&] { timers_run = activate.Timer1.Enabled() || activate.Timer2.Enabled(); };
+
+    splash.DoLoading();
+
+    EXPECT_EQ(boxes.Boxes.size(), 1U);
+    EXPECT_FALSE(timers_run);
+}
+
+TEST_F(ActivateRoom, LoadingGoesOnWithTheMainWindowShownAndHidden) {
+    splash.SetStage("Logging in");
+    w.frmBrowser.LoadWindow();
+    near.Log.clear();
+
+    splash.DoLoading();
+
+    EXPECT_EQ(near.Log, (Texts{"NoMouseOvers", "FocusAddress"})) << "its activation";
+    EXPECT_FALSE(w.frmBrowser.Visible());
+    EXPECT_TRUE(activate.Timer1.Enabled());
+    EXPECT_EQ(activate.lblLoading.Caption(), "Media Library");
 }
 
 TEST_F(ActivateRoom, AMissingStoreStopsTheProgramAtTheSplash) {
@@ -144,6 +180,36 @@ TEST_F(ActivateRoom, CountingAddsOneATickAndRevealsAtOneHundred) {
     EXPECT_FALSE(activate.frmActivate.Visible());
     EXPECT_TRUE(activate.frmActivate.IsLoaded());
     EXPECT_FALSE(activate.Timer1.Enabled());
+}
+
+TEST_F(ActivateRoom, TheRevealGoesInOrder) {
+    splash.SetStage("Media Library");
+    activate.pbLoad.SetValue(99);
+    w.frmBrowser.LoadWindow();
+    w.frmBrowser.SetEnabled(false);
+    w.mnuExit.SetEnabled(false);
+    struct : controls::ControlObserver {
+        void OnPropertyChanged(controls::Control& control, controls::Property property) override {
+            if (property == controls::Property::Enabled) Log->push_back("enabled " + control.Name());
+            if (property == controls::Property::Visible)
+                Log->push_back((control.Visible() ? "shown " : "hidden ") + control.Name());
+        }
+        Texts* Log = nullptr;
+    } watch;
+    watch.Log = &near.Log;
+    const std::vector<controls::Control*> watched = {&w.frmBrowser, &w.mnuExit, &w.mnuLogout,
+                                                     &activate.frmActivate};
+    for (controls::Control* control : watched)
+        control->SetObserver(&watch);
+    near.Log.clear();
+
+    activate.Timer1.Tick.Raise();
+
+    for (controls::Control* control : watched)
+        control->SetObserver(nullptr);
+    EXPECT_EQ(near.Log,
+              (Texts{"enabled frmBrowser", "enabled mnuExit", "enabled mnuLogout", "shown frmBrowser",
+                     "NoMouseOvers", "FocusAddress", "hidden frmActivate", "OpenMusicTab"}));
 }
 
 TEST_F(ActivateRoom, AFullBarStillWaitsForATick) {

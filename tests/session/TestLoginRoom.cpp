@@ -333,6 +333,140 @@ TEST_F(LoginRoom, TheFirstLoginIsNoNewOneAndEachLaterOneIs) {
     EXPECT_TRUE(login.NewLogin);
 }
 
+TEST_F(LoginRoom, ARefusedFirstTryLoadsNothingASecondTime) {
+    SeedUser("ann", "a");
+    OpenLogin();
+    TypeLogin("ann", "wrong");
+    login_form.cmdLogin.Click.Raise();
+    TypeLogin("ann", "");
+    login_form.cmdLogin.Click.Raise();
+    TypeLogin("ann", "a");
+
+    login_form.cmdLogin.Click.Raise();
+
+    EXPECT_TRUE(session.LoggedIn);
+    EXPECT_FALSE(login.NewLogin);
+}
+
+TEST_F(LoginRoom, ARefusedTryAfterALogOutStillLeavesTheNextANewLogin) {
+    SeedUser("ann", "a");
+    OpenLogin();
+    TypeLogin("ann", "a");
+    login_form.cmdLogin.Click.Raise();
+    login_room.ShowLogin();
+    TypeLogin("ann", "wrong");
+    login_form.cmdLogin.Click.Raise();
+    EXPECT_FALSE(login.NewLogin);
+    TypeLogin("ann", "a");
+
+    login_form.cmdLogin.Click.Raise();
+
+    EXPECT_TRUE(login.NewLogin);
+}
+
+TEST_F(LoginRoom, OfSeveralAutoLoginsTheLastOneWins) {
+    SeedUser("ann", "a", "False", "True");
+    SeedUser("bob", "b", "False", "True");
+
+    OpenLogin();
+
+    EXPECT_TRUE(session.LoggedIn);
+    EXPECT_EQ(login_form.cmbUser.Text(), "bob");
+    EXPECT_EQ(stores.Rows("tblLogin")[0][9], "False");
+    EXPECT_EQ(stores.Rows("tblLogin")[1][9], "True");
+}
+
+TEST_F(LoginRoom, ARememberedUserAfterAnAutomaticOneIsNotGivenTheOthersPassword) {
+    SeedUser("ann", "a", "False", "True");
+    SeedUser("bob", "b", "True", "False");
+
+    OpenLogin();
+
+    EXPECT_TRUE(boxes.Boxes.empty());
+    EXPECT_FALSE(session.LoggedIn);
+    EXPECT_EQ(login_form.cmbUser.Text(), "bob");
+    EXPECT_EQ(login_form.txtPassword.Text(), "");
+}
+
+TEST_F(LoginRoom, AnAutomaticUserAfterARememberedOneLogsIn) {
+    SeedUser("bob", "b", "True", "False");
+    SeedUser("ann", "a", "False", "True");
+
+    OpenLogin();
+
+    EXPECT_TRUE(session.LoggedIn);
+    EXPECT_EQ(login_form.cmbUser.Text(), "ann");
+}
+
+TEST_F(LoginRoom, NobodyIsLoggedInBehindAnOpenWizard) {
+    SeedUser("ann", "a", "False", "True");
+    splash.SetStage("Media Library");
+    login_form.cmdNew.Click.Raise();
+
+    desktop.Advance(600);
+
+    EXPECT_FALSE(session.LoggedIn);
+    EXPECT_TRUE(login_form.fraNew.Visible());
+    EXPECT_EQ(login_form.txtPassword.Text(), "a");
+}
+
+TEST_F(LoginRoom, AUserMadeBeforeTheFifthTickStaysFilledInAndLaterOnesDoNot) {
+    SeedUser("bob", "b", "True", "True");
+    splash.SetStage("Media Library");
+    desktop.Advance(200);
+    login_room.OfferUser("ann", "pw");
+    EXPECT_EQ(login_form.cmbUser.Text(), "ann");
+
+    desktop.Advance(400);
+    EXPECT_EQ(login_form.cmbUser.Text(), "ann");
+    EXPECT_EQ(login_form.txtPassword.Text(), "pw");
+    EXPECT_FALSE(session.LoggedIn);
+
+    login_room.LoadUsers();
+    EXPECT_TRUE(session.LoggedIn) << "the fifth tick ended the skipping";
+}
+
+TEST_F(LoginRoom, LoadingTheUsersClearsNoTick) {
+    SeedUser("ann", "a");
+    login_form.chkRememberMe.SetChecked(true);
+    login_form.chkAuto.SetChecked(true);
+
+    OpenLogin();
+
+    EXPECT_TRUE(login_form.chkRememberMe.Checked());
+    EXPECT_TRUE(login_form.chkAuto.Checked());
+}
+
+TEST_F(LoginRoom, ALoginHandsOverInOrder) {
+    SeedUser("ann", "a");
+    OpenLogin();
+    w.frmBrowser.Show();
+    activate.frmActivate.Hide();
+    TypeLogin("ann", "a");
+    struct : controls::ControlObserver {
+        void OnPropertyChanged(controls::Control& control, controls::Property property) override {
+            if (property == controls::Property::Visible)
+                Log->push_back((control.Visible() ? "shown " : "hidden ") + control.Name());
+            if (property == controls::Property::Timer) Log->push_back("started " + control.Name());
+        }
+        session_tests::Texts* Log = nullptr;
+    } watch;
+    watch.Log = &near.Log;
+    near.Log.clear();
+    for (controls::Control* control : std::initializer_list<controls::Control*>{
+             &w.frmBrowser, &login_form.frmLogin, &activate.frmActivate, &activate.Timer1})
+        control->SetObserver(&watch);
+
+    login_room.DoLogin();
+
+    for (controls::Control* control : std::initializer_list<controls::Control*>{
+             &w.frmBrowser, &login_form.frmLogin, &activate.frmActivate, &activate.Timer1})
+        control->SetObserver(nullptr);
+    EXPECT_TRUE(session.LoggedIn);
+    EXPECT_EQ(near.Log, (session_tests::Texts{"hidden frmBrowser", "hidden frmLogin", "shown frmActivate",
+                                              "started Timer1"}));
+}
+
 TEST_F(LoginRoom, AWrongPasswordIsToldAfterALogOutToo) {
     SeedUser("ann", "a");
     OpenLogin();

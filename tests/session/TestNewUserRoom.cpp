@@ -90,6 +90,39 @@ TEST_F(NewUserRoom, PasswordsMustMatchAndNotBeBlank) {
     }
 }
 
+TEST_F(NewUserRoom, TheNameIsCheckedBeforeThePasswords) {
+    SeedUser("ann", "a");
+    OpenWizard();
+    TypeUser(" ", "one", "two");
+    login_form.cmdNext.Click.Raise();
+    EXPECT_EQ(LastBox(), "Your user name can not be nothing or just spaces.");
+
+    TypeUser("ann", "one", "two");
+    login_form.cmdNext.Click.Raise();
+
+    EXPECT_EQ(LastBox(), "This username is already in use. Please type a new one.");
+    EXPECT_EQ(boxes.Boxes.size(), 2U);
+}
+
+TEST_F(NewUserRoom, ABlankNameIsRefusedBeforeItIsLookedFor) {
+    SeedUser("   ", "a");
+    OpenWizard();
+    TypeUser("   ", "one", "two");
+
+    login_form.cmdNext.Click.Raise();
+
+    EXPECT_EQ(LastBox(), "Your user name can not be nothing or just spaces.");
+}
+
+TEST_F(NewUserRoom, TheSecondPasswordBoxIsNotCleared) {
+    OpenLogin();
+    login_form.txtPass2.SetText("old");
+
+    login_form.cmdNew.Click.Raise();
+
+    EXPECT_EQ(login_form.txtPass2.Text(), "old");
+}
+
 TEST_F(NewUserRoom, NextAndBackTurnThePages) {
     OpenWizard();
     TypeUser("ann", "pw", "pw");

@@ -106,6 +106,203 @@ TEST_F(SessionRoom, ASecondCloseDuringTheFirstChangesNothing) {
     EXPECT_EQ(Count(near.Log, "Unload frmBrowser"), 1);
 }
 
+TEST_F(SessionRoom, ASecondCloseWhileTheQuestionIsUpWaitsForTheAnswer) {
+    LogIn();
+    near.TabsVisible = {false, true};
+    boxes.Answers = {ports::BoxAnswer::No};
+    bool second = true;
+    boxes.OnBox = [&] { second = w.frmBrowser.UnloadWindow(); };
+
+    w.mnuExit.Click.Raise();
+
+    EXPECT_FALSE(second);
+    EXPECT_EQ(boxes.Boxes.size(), 1U);
+    EXPECT_TRUE(w.frmBrowser.IsLoaded());
+}
+
+TEST_F(SessionRoom, TheLoginUnloadsAfterTheSplash) {
+    LogIn();
+    w.frmAdd.LoadWindow();
+    struct : controls::ControlObserver {
+        void OnPropertyChanged(controls::Control& control, controls::Property property) override {
+            if (property == controls::Property::Window && !static_cast<controls::Form&>(control).IsLoaded())
+                Log->emplace_back("Unload frmLogin");
+        }
+        Texts* Log = nullptr;
+    } watch;
+    watch.Log = &near.Log;
+    login_form.frmLogin.SetObserver(&watch);
+
+    w.mnuExit.Click.Raise();
+
+    login_form.frmLogin.SetObserver(nullptr);
+    const int login_place = session_tests::PlaceOf(near.Log, "Unload frmLogin");
+    EXPECT_EQ(login_place, session_tests::PlaceOf(near.Log, "Unload frmActivate") + 1);
+    EXPECT_EQ(login_place, session_tests::PlaceOf(near.Log, "Unload frmAdd") - 1);
+}
+
+TEST_F(SessionRoom, AnActivationDuringTheCloseDoesNotTakeItBack) {
+    LogIn();
+    login.NewLogin = true;
+    desktop.Post([this] { w.frmBrowser.Activate.Raise(); });
+
+    w.mnuExit.Click.Raise();
+
+    EXPECT_TRUE(session.mainclose);
+    EXPECT_TRUE(login.NewLogin);
+    EXPECT_FALSE(activate.frmActivate.IsLoaded());
+    EXPECT_FALSE(login_form.frmLogin.IsLoaded());
+    EXPECT_FALSE(w.frmBrowser.IsLoaded());
+    EXPECT_EQ(Count(near.Log, "FocusAddress"), 0);
+}
+
+TEST_F(SessionRoom, AnEndByTheSystemWhileTheSplashCountsRevealsNothing) {
+    SeedUser("ann", "a");
+    StartProgram();
+    TypeLogin("ann", "a");
+    login_form.cmdLogin.Click.Raise();
+    activate.pbLoad.SetValue(99);
+    near.Log.clear();
+    desktop.Post([this] { activate.Timer1.Tick.Raise(); });
+
+    session_room.EndSession();
+
+    EXPECT_EQ(near.Log,
+              (Texts{"Stop", "SendNothingPlaying", "the preferences may unload", "Unload frmActivate", "Stop",
+                     "SendNothingPlaying", "CloseMedia", "Unload frmBrowser"}));
+    EXPECT_FALSE(w.frmBrowser.Visible());
+    EXPECT_FALSE(login_form.frmLogin.IsLoaded());
+    EXPECT_FALSE(activate.Timer1.Enabled());
+}
+
+TEST_F(SessionRoom, WhatCannotBeSavedKeepsTheWindowsUp) {
+    LogIn();
+    w.txtRefresh.SetText("123");
+    stores.Database.FailApply(fakes::SeededStores::kHistoryPath, ports::DatabaseError::DiskFull);
+
+    w.mnuExit.Click.Raise();
+
+    ASSERT_EQ(boxes.Boxes.size(), 1U);
+    EXPECT_EQ(boxes.Boxes[0].title, "Exit Brindlepost");
+    EXPECT_EQ(boxes.Boxes[0].icon, ports::BoxIcon::Critical);
+    EXPECT_EQ(boxes.Boxes[0].buttons, ports::BoxButtons::Ok);
+    EXPECT_EQ(
+        boxes.Boxes[0].text,
+        "Your settings and your last changes could not be saved.\n\n"
+        "The file \"dbHistory.mdb\" can not be written: the disk is full.\n\n"
+        "Brindlepost stays open, so that you can put this right and exit again. If it still can not save "
+        "then, you may end it without saving.");
+    for (const controls::Form* window : {&w.frmBrowser, &activate.frmActivate, &login_form.frmLogin})
+        EXPECT_TRUE(window->IsLoaded()) << window->Name();
+    EXPECT_TRUE(w.frmBrowser.Visible());
+    EXPECT_FALSE(session.mainclose);
+    EXPECT_EQ(Count(near.Log, "CloseMedia"), 0);
+}
+
+TEST_F(SessionRoom, ASecondExitAsksWhetherToEndWithoutSaving) {
+    LogIn();
+    w.txtRefresh.SetText("123");
+    stores.Database.FailApply(fakes::SeededStores::kHistoryPath, ports::DatabaseError::ReadOnly);
+    w.mnuExit.Click.Raise();
+    boxes.Boxes.clear();
+    boxes.Answers = {ports::BoxAnswer::No, ports::BoxAnswer::Yes};
+
+    w.mnuExit.Click.Raise();
+    ASSERT_EQ(boxes.Boxes.size(), 1U);
+    EXPECT_EQ(boxes.Boxes[0].text,
+              "Your settings and your last changes can still not be saved.\n\n"
+              "The file \"dbHistory.mdb\" can not be written: the file or its folder is read-only.\n\n"
+              "End Brindlepost without saving them?");
+    EXPECT_EQ(boxes.Boxes[0].buttons, ports::BoxButtons::YesNo);
+    EXPECT_TRUE(w.frmBrowser.IsLoaded());
+    w.mnuExit.Click.Raise();
+
+    EXPECT_EQ(boxes.Boxes.size(), 2U);
+    EXPECT_TRUE(session.mainclose);
+    EXPECT_FALSE(w.frmBrowser.IsLoaded());
+    EXPECT_FALSE(activate.frmActivate.IsLoaded());
+    EXPECT_FALSE(login_form.frmLogin.IsLoaded());
+}
+
+TEST_F(SessionRoom, ASecondExitSavesWhatCanBeSavedAgain) {
+    LogIn();
+    w.txtRefresh.SetText("123");
+    stores.Database.FailApply(fakes::SeededStores::kHistoryPath, ports::DatabaseError::Locked);
+    w.mnuExit.Click.Raise();
+    stores.Database.FailApply(fakes::SeededStores::kHistoryPath, ports::DatabaseError::None);
+    w.txtRefresh.SetText("124");
+
+    w.mnuExit.Click.Raise();
+
+    EXPECT_EQ(boxes.Boxes.size(), 1U);
+    EXPECT_EQ(Setting(3), "124");
+    EXPECT_FALSE(w.frmBrowser.IsLoaded());
+}
+
+TEST_F(SessionRoom, AnEndByTheSystemGoesOnWithoutSaving) {
+    LogIn();
+    w.txtRefresh.SetText("123");
+    stores.Database.FailApply(fakes::SeededStores::kHistoryPath, ports::DatabaseError::DiskFull);
+
+    session_room.EndSession();
+
+    EXPECT_TRUE(boxes.Boxes.empty());
+    EXPECT_FALSE(w.frmBrowser.IsLoaded());
+}
+
+TEST_F(SessionRoom, AnEndByTheSystemWhileTheQuestionIsUpEndsOnce) {
+    LogIn();
+    near.TabsVisible = {false, true};
+    boxes.Answers = {ports::BoxAnswer::Yes};
+    boxes.OnBox = [this] { session_room.EndSession(); };
+
+    w.mnuExit.Click.Raise();
+
+    EXPECT_EQ(Count(near.Log, "CloseMedia"), 1);
+    EXPECT_EQ(Count(near.Log, "Unload frmBrowser"), 1);
+    EXPECT_FALSE(w.frmBrowser.IsLoaded());
+}
+
+TEST_F(SessionRoom, AnEndByTheSystemWhileTheUserReadsThatNothingWasSavedEndsOnce) {
+    LogIn();
+    w.txtRefresh.SetText("123");
+    stores.Database.FailApply(fakes::SeededStores::kHistoryPath, ports::DatabaseError::DiskFull);
+    boxes.OnBox = [this] { session_room.EndSession(); };
+
+    w.mnuExit.Click.Raise();
+
+    EXPECT_EQ(boxes.Boxes.size(), 1U);
+    EXPECT_EQ(Count(near.Log, "Unload frmBrowser"), 1);
+    EXPECT_FALSE(w.frmBrowser.IsLoaded());
+}
+
+TEST_F(SessionRoom, SettingsThatWereNeverReadHoldUpNoExit) {
+    stores.Database.FailOpen(fakes::SeededStores::kHistoryPath, ports::DatabaseError::Damaged);
+    LogIn();
+
+    w.mnuExit.Click.Raise();
+
+    EXPECT_TRUE(boxes.Boxes.empty());
+    EXPECT_EQ(near.Log,
+              (Texts{"Stop", "SendNothingPlaying", "the preferences may unload", "Unload frmActivate", "Stop",
+                     "SendNothingPlaying", "CloseMedia", "Unload frmBrowser"}));
+    EXPECT_FALSE(w.frmBrowser.IsLoaded());
+}
+
+TEST_F(SessionRoom, AClosedLoginComesBackWhenItsEndCannotSave) {
+    SeedUser("ann", "a");
+    StartProgram();
+    w.txtRefresh.SetText("123");
+    stores.Database.FailApply(fakes::SeededStores::kHistoryPath, ports::DatabaseError::DiskFull);
+
+    const bool closed = login_form.frmLogin.UnloadWindow();
+
+    EXPECT_FALSE(closed);
+    EXPECT_EQ(boxes.Boxes.size(), 1U);
+    EXPECT_TRUE(login_form.frmLogin.Visible());
+    EXPECT_TRUE(w.frmBrowser.IsLoaded());
+}
+
 TEST_F(SessionRoom, AStoreThatCannotBeReadLeavesTheOtherWindowsAlone) {
     LogIn();
     session.mainclose = false;
@@ -208,6 +405,32 @@ TEST_F(SessionRoom, ANoToTheLogOutStaysButHasSavedAlready) {
     EXPECT_FALSE(login_form.frmLogin.Visible());
     EXPECT_TRUE(near.Log.empty());
     EXPECT_TRUE(session.LoggedIn);
+}
+
+TEST_F(SessionRoom, ALogOutSavesBeforeItAsks) {
+    LogIn();
+    near.TabsVisible = {false, true};
+    w.txtRefresh.SetText("77");
+    std::string at_the_question;
+    boxes.OnBox = [&] { at_the_question = Setting(3); };
+
+    w.mnuLogout.Click.Raise();
+
+    EXPECT_EQ(at_the_question, "77");
+}
+
+TEST_F(SessionRoom, ALogOutWhoseSettingsCannotBeWrittenGoesOn) {
+    LogIn();
+    w.txtRefresh.SetText("77");
+    stores.Database.FailApply(fakes::SeededStores::kHistoryPath, ports::DatabaseError::DiskFull);
+
+    w.mnuLogout.Click.Raise();
+    desktop.EndHandler();
+
+    EXPECT_TRUE(login_form.frmLogin.Visible());
+    EXPECT_EQ(stores.Trouble.Troubles.size(), 1U);
+    stores.Database.FailApply(fakes::SeededStores::kHistoryPath, ports::DatabaseError::None);
+    EXPECT_EQ(Setting(3), "77");
 }
 
 TEST_F(SessionRoom, ExitAfterALogOutThatWasRefusedEndsTheProgram) {

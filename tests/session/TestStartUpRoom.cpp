@@ -70,6 +70,31 @@ TEST_F(StartUpRoom, AMissingFileIsPassedOverWithoutABox) {
     EXPECT_TRUE(start.IsLoading());
 }
 
+TEST_F(StartUpRoom, EachMissingFileLeavesItsOwnSourcesUnbound) {
+    const std::pair<const char*, const store::DataSource*> files_and_sources[] = {
+        {"\\dbFavs.mdb", &w.datFav}, {"\\dbHistory.mdb", &w.datHistory}};
+    for (const auto& [file, source] : files_and_sources)
+        RemoveFile(file);
+
+    w.frmBrowser.LoadWindow();
+
+    for (const auto& [file, source] : files_and_sources)
+        EXPECT_FALSE(source->IsBound()) << file;
+    EXPECT_TRUE(w.datSong.IsBound());
+    EXPECT_TRUE(boxes.Boxes.empty());
+    EXPECT_TRUE(start.IsLoading());
+}
+
+TEST_F(StartUpRoom, ThePictureIsClearedAfterAYieldThatFollowsTheDefaults) {
+    desktop.Post([this] { near.Log.emplace_back("yield"); });
+
+    w.frmBrowser.LoadWindow();
+
+    const int yielded = session_tests::PlaceOf(near.Log, "yield");
+    EXPECT_EQ(yielded, session_tests::PlaceOf(near.Log, "SetDefaults") + 1);
+    EXPECT_EQ(yielded, session_tests::PlaceOf(near.Log, "ClearVideoPicture") - 1);
+}
+
 TEST_F(StartUpRoom, AStartWithoutACommandHasNoArguments) {
     w.frmBrowser.LoadWindow();
 
@@ -102,6 +127,18 @@ TEST_F(StartUpWithFiles, ASecondRunHandsOverAndUnloads) {
     EXPECT_FALSE(activate.frmActivate.IsLoaded());
     EXPECT_FALSE(login_form.frmLogin.IsLoaded());
     EXPECT_FALSE(start.IsLoading());
+    EXPECT_EQ(stores.Database.Opens, 0);
+}
+
+TEST_F(StartUpWithFiles, ARunThatCannotBeTheOnlyOneSaysSoAndUnloads) {
+    near.LockFails = true;
+
+    w.frmBrowser.Show();
+    desktop.Advance(5000);
+
+    EXPECT_EQ(LastBox(), "The folder is gone.");
+    EXPECT_EQ(near.Log, (Texts{"mailbox ", "Unload frmBrowser"}));
+    EXPECT_FALSE(w.frmBrowser.IsLoaded());
     EXPECT_EQ(stores.Database.Opens, 0);
 }
 
@@ -216,6 +253,24 @@ TEST_F(StartUpRoom, AnAutomaticLoginWhileTheListsFillStillReveals) {
     EXPECT_TRUE(w.frmBrowser.Visible());
     EXPECT_TRUE(w.frmBrowser.Enabled());
     EXPECT_FALSE(activate.frmActivate.Visible());
+}
+
+TEST_F(StartUpRoom, TheSplashThatCountsAgainHidesTheMainWindow) {
+    SeedUser("ann", "a", "False", "True");
+    near.OnCommand1 = [this] {
+        splash.SetStage("Media Library");
+        for (int i = 0; i < 400; ++i)
+            desktop.Advance(100);
+    };
+    near.OnSettle = [this] { w.frmBrowser.Show(); };
+    w.frmBrowser.Show();
+
+    desktop.Advance(50);
+
+    EXPECT_TRUE(session.LoggedIn);
+    EXPECT_FALSE(w.frmBrowser.Visible());
+    EXPECT_TRUE(activate.frmActivate.Visible());
+    EXPECT_TRUE(activate.Timer1.Enabled());
 }
 
 TEST_F(StartUpRoom, ALoginClosedWhileTheListsFillEndsTheStart) {

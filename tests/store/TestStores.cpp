@@ -287,6 +287,25 @@ TEST_F(StoresTest, CommitAllTriesAtOnceWhateverFailedBefore) {
     EXPECT_GT(stores_.Database.LastWait, 0);
 }
 
+TEST_F(StoresTest, WhatIsUnwrittenIsSaidInASentenceAFile) {
+    AddSong("1");
+    const auto favourites = stores_.OpenTable("tblFavs");
+    favourites->Recordset().Delete();
+    EXPECT_EQ(stores_.Stores.WhyUnwritten(), "");
+    stores_.Database.FailApply(kMedia, DatabaseError::DiskFull);
+    stores_.Database.FailApply(SeededStores::kFavouritesPath, DatabaseError::Locked);
+    stores_.Stores.CommitAll();
+
+    EXPECT_EQ(stores_.Stores.WhyUnwritten(),
+              "The file \"dbMedia.mdb\" can not be written: the disk is full.\n"
+              "The file \"dbFavs.mdb\" can not be written: another program is holding it.");
+
+    stores_.Database.FailApply(kMedia, DatabaseError::None);
+    stores_.Database.FailApply(SeededStores::kFavouritesPath, DatabaseError::None);
+    stores_.Stores.CommitAll();
+    EXPECT_EQ(stores_.Stores.WhyUnwritten(), "");
+}
+
 TEST_F(StoresTest, AChangeAfterCloseOpensTheFileAgain) {
     AddSong("1");
     stores_.Stores.Close();

@@ -137,6 +137,7 @@ struct RecordingRoles final : roles::Window,
     // roles::Start
     bool IsLoading() const override { return Loading; }
     void SetStage(Text) override { Note("SetStage"); }
+    bool IsOver() const override { return false; }
 
     Calls Log;
     std::string Caption;
