@@ -1,5 +1,8 @@
 #include "player/PlaybackRoom.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "base/MediaKinds.h"
 #include "base/Number.h"
 #include "player/SongTitle.h"
@@ -28,12 +31,15 @@ PlaybackRoom::PlaybackRoom(TitleControls& controls, controls::PictureBox& song_b
       ports_(ports) {}
 
 void PlaybackRoom::PlaySong(std::string_view filename) {
-    std::string path(filename);
+    Play(std::string(filename), false);
+}
+
+void PlaybackRoom::Play(std::string path, bool at_end) {
     // This one, then whatever is cued and every row of the order: after that each has had its turn.
     int turns = 1 + rooms_.cue.PathCount() + rooms_.order.Count();
     // A loop, because a list may hold more missing tracks than the stack has room for.
     while (!CanPlay(path)) {
-        if (IsEveryTrackMissing(--turns)) return;
+        if (IsEveryTrackMissing(--turns, at_end)) return;
         path = ChooseNextSong();
     }
     StartSong(path);
@@ -43,9 +49,13 @@ void PlaybackRoom::EndOfSongCode() {
     PlaySong(ChooseNextSong());
 }
 
+void PlaybackRoom::EndSong() {
+    Play(ChooseNextSong(), true);
+}
+
 void PlaybackRoom::PassOverSong() {
     const int turns_left = rooms_.order.Count() - state_.MissingTrackCount - 1;
-    if (!IsEveryTrackMissing(turns_left)) EndOfSongCode();
+    if (!IsEveryTrackMissing(turns_left, true)) EndSong();
 }
 
 void PlaybackRoom::GetSongInfo(std::int64_t song_id) {
@@ -65,12 +75,13 @@ bool PlaybackRoom::CanPlay(const std::string& filename) {
 
 /// As many missing tracks in a row as the order has rows. Where the count is beyond that already, from tracks
 /// that were missing before, the turns that are left decide.
-bool PlaybackRoom::IsEveryTrackMissing(int turns_left) {
+bool PlaybackRoom::IsEveryTrackMissing(int turns_left, bool at_end) {
     controls_.lblNoFile.SetVisible(true);
     ++state_.MissingTrackCount;
     if (state_.MissingTrackCount != rooms_.order.Count() && turns_left > 0) return false;
-    // With nothing open the ticks would go on looking for the next song.
-    if (state_.FramesPerSecond < 0) state_.PlayerStopped = true;
+    // With nothing open, or a song at its end, the ticks would go on looking for the next song, also while
+    // the box is up.
+    if (at_end || state_.FramesPerSecond < 0) state_.PlayerStopped = true;
     ports_.dialogs.MsgBox(kEveryTrackMissing);
     return true;
 }
@@ -91,6 +102,7 @@ void PlaybackRoom::StartSong(const std::string& filename) {
     CaptionVideoWindow();
     ApplySpeedAndMute();
     rooms_.fade.PlaceMarkerForSong();
+    short_songs_ = song_bar_.ScaleWidth() < state_.FadeSeconds ? short_songs_ + 1 : 0;
     rooms_.video.PutVideo();
 }
 
@@ -115,6 +127,8 @@ void PlaybackRoom::CountThePlay(const std::string& filename) {
 void PlaybackRoom::BeginPlaying() {
     state_.VideoPlaying = false;
     state_.PlayerStopped = false;
+    // A tick of the yield must not take the song before, which failed, for this one.
+    state_.FramesPerSecond = std::max<std::int16_t>(state_.FramesPerSecond, 0);
     ports_.loop.Yield();
 }
 
@@ -155,10 +169,16 @@ void PlaybackRoom::MeasureSong() {
         Whole16(static_cast<double>(mci_.MciFramesPerSecond(TextOf(state_.CurrentAlias))));
     const auto frames = static_cast<double>(mci_.MciLengthFrames(TextOf(state_.CurrentAlias)));
     // A song that could not be opened leaves the display as it was.
+    if (frames == 0) state_.TotalTimeText.clear();
     if (state_.FramesPerSecond <= 0 || frames < 0) return;
     const double seconds = frames / state_.FramesPerSecond;
     song_bar_.SetScaleWidth(seconds);
     state_.TotalTimeText = base::MinutesAndSeconds(base::RoundHalfEven(seconds));
+}
+
+void PlaybackRoom::MeasureLateLength() {
+    MeasureSong();
+    if (state_.FramesPerSecond > 0) rooms_.fade.PlaceMarkerForSong();
 }
 
 void PlaybackRoom::ShowTitle(const std::string& filename) {

@@ -67,6 +67,14 @@ public:
     void PlaySong(std::string_view filename);
     /// Chooses and starts the next song.
     void EndOfSongCode();
+    /// The same because the current song is at its end: when every track is missing the player stops, or each
+    /// tick would end the song again.
+    void EndSong();
+    /// Songs shorter than the fade end as soon as they have begun, until as many in a row did so as the play
+    /// order has rows; from then on each is played to its end, until one is longer.
+    bool MayEndBeforeItsEnd() const { return short_songs_ <= rooms_.order.Count(); }
+    /// Takes the length of a song that did not tell it when it was opened, once it is known.
+    void MeasureLateLength();
     /// Skips to the song after one that could not be opened; it counts as a missing one.
     void PassOverSong();
     /// Plays the song with that number; nothing when there is none.
@@ -76,7 +84,8 @@ public:
 
 private:
     bool CanPlay(const std::string& filename);
-    bool IsEveryTrackMissing(int turns_left);
+    void Play(std::string path, bool at_end);
+    bool IsEveryTrackMissing(int turns_left, bool at_end);
     void StartSong(const std::string& filename);
     std::string ChooseNextSong();
 
@@ -98,6 +107,7 @@ private:
     PlaybackRooms rooms_;
     PlaybackRoles roles_;
     PlaybackPorts ports_;
+    int short_songs_ = 0;  ///< in a row, shorter than the fade
 };
 
 }  // namespace player

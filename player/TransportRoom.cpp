@@ -60,9 +60,11 @@ void TransportRoom::tmrPlay_Tick() {
     roles_.address.ClearStaleAddress();
     ShowWhetherStopped();
     if (state_.PlayerStopped) return;
+    if (LengthIsUnknown()) rooms_.playback.MeasureLateLength();
     MoveMarker();
     ShowRunningTime();
     if (EndSongWhenDue()) return;
+    if (LengthIsUnknown()) ShowUnknownLength();
     rooms_.title.ScrollStep();
     rooms_.video.FollowMainWindow();
     ShowEmptyTimeWithoutTotal();
@@ -97,17 +99,28 @@ bool TransportRoom::HasNoSong() {
     return state_.FramesPerSecond < 0 && mci_.ModeOf(TextOf(state_.CurrentAlias)) == Mode::Error;
 }
 
+/// The song that was started last plays and does not tell how long it is.
+bool TransportRoom::LengthIsUnknown() {
+    return state_.FramesPerSecond < 0 && mci_.ModeOf(TextOf(state_.CurrentAlias)) != Mode::Error;
+}
+
+/// Where the marker and the time of the song before were.
+void TransportRoom::ShowUnknownLength() {
+    controls_.lblProgress.SetLeft(0);
+    controls_.lblRunningTime.SetCaption(kEmptyTime);
+}
+
 bool TransportRoom::EndSongWhenDue() {
     if (HasNoSong()) {
         rooms_.playback.PassOverSong();
         return true;
     }
-    if (IsAtStartFade()) {
+    if (!LengthIsUnknown() && IsAtStartFade() && rooms_.playback.MayEndBeforeItsEnd()) {
         rooms_.panning.SetPanningRunning(false);
     } else if (mci_.MciPercentPlayed(TextOf(state_.CurrentAlias)) != 100) {
         return false;
     }
-    rooms_.playback.EndOfSongCode();
+    rooms_.playback.EndSong();
     return true;
 }
 

@@ -62,6 +62,8 @@ private:
     void ShowRunningTime();
     bool IsAtStartFade() const;
     bool HasNoSong();
+    bool LengthIsUnknown();
+    void ShowUnknownLength();
     bool EndSongWhenDue();
     void ShowEmptyTimeWithoutTotal();
     bool HasSong() const { return !title_.Caption().empty(); }

@@ -139,8 +139,8 @@ int FakeMediaControl::Close(const Words& words) {
 int FakeMediaControl::Status(Device& device, const Words& words, std::string& answer) {
     const std::string what = Lower(words, 2);
     if (what == "mode") answer = device.mode;
-    if (what == "length")
-        answer = base::ToText(FromMs(device, static_cast<double>(device.media.milliseconds)));
+    const auto told_ms = static_cast<double>(device.media.tells_length ? device.media.milliseconds : 0);
+    if (what == "length") answer = base::ToText(FromMs(device, told_ms));
     if (what == "position") answer = base::ToText(FromMs(device, device.position_ms));
     if (what == "volume") answer = base::ToText((device.left + device.right) / 2);
     if (Lower(words, 3) == "volume" && what == "left") answer = base::ToText(device.left);
@@ -185,7 +185,7 @@ int FakeMediaControl::Play(Device& device, const Words& words) {
     }
     if (from > to) return kOutOfRange;
     device.position_ms = from;
-    device.end_ms = to;
+    device.end_ms = device.media.tells_length ? to : static_cast<double>(device.media.milliseconds);
     device.mode = "playing";
     return 0;
 }
@@ -224,7 +224,12 @@ void FakeMediaControl::Advance(int milliseconds) {
         if (device.position_ms < device.end_ms) continue;
         device.position_ms = device.end_ms;
         device.mode = "stopped";
+        device.media.tells_length = true;
     }
+}
+
+void FakeMediaControl::TellLength(std::string_view alias) {
+    if (Device* device = Find(alias)) device->media.tells_length = true;
 }
 
 void FakeMediaControl::FailNext(std::string_view beginning, int error) {

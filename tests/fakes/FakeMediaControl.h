@@ -16,6 +16,8 @@ namespace fakes {
 struct FakeMedia {
     std::int64_t milliseconds = 10'000;
     int frames_per_second = 1000;
+    bool tells_length =
+        true;  ///< otherwise the length is 0 until the end was reached, as of a recorded stream
 };
 
 class FakeMediaControl final : public ports::MediaControl {
@@ -46,6 +48,8 @@ public:
     int Right(std::string_view alias) const;
     /// Device units, 1000 is normal; -1 when it is not open.
     int Speed(std::string_view alias) const;
+    /// The length of what a device plays is known from now on.
+    void TellLength(std::string_view alias);
     /// Moves a device to a frame without a command.
     void SetFrame(std::string_view alias, std::int64_t frame);
     std::int64_t Frame(std::string_view alias) const;

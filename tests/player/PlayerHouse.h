@@ -223,6 +223,13 @@ struct PlayerHouse : FakeMedia, PlayerParts {
         return path;
     }
 
+    /// One that does not tell how long it is.
+    std::string AddSongWithoutLength(std::string_view name, int length_ms) {
+        std::string path = AddSong(name, length_ms);
+        device.AddFile(files.GetShortPathName(path), {.milliseconds = length_ms, .tells_length = false});
+        return path;
+    }
+
     /// A file that exists and cannot be opened.
     std::string AddBrokenSong(std::string_view name) {
         std::string path = "C:\\m\\" + std::string(name);

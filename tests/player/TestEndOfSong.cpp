@@ -267,4 +267,70 @@ TEST(EndOfSong, PlaysThePreviousTrack) {
     EXPECT_EQ(house.NowPlaying(), "C:\\m\\3.mp3");
 }
 
+TEST(EndOfSong, ASongOfUnknownLengthAfterAnotherPlaysToItsEnd) {
+    PlayerHouse house;
+    house.AddTrack("a", house.AddSong("a.mp3", 10'000));
+    house.AddTrack("b", house.AddSongWithoutLength("b.mp3", 8'000));
+    house.AddTrack("c", house.AddSong("c.mp3", 10'000));
+    house.DoubleClickTrack(0);
+    house.RunFor(5'500);
+    ASSERT_EQ(house.NowPlaying(), "C:\\m\\b.mp3");
+
+    house.RunFor(7'000);
+
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\b.mp3") << "none of the end of the song before";
+    EXPECT_EQ(house.controls.transport.lblRunningTime.Caption(), "0:00/0:00");
+    EXPECT_EQ(house.controls.transport.lblProgress.Left(), 0);
+
+    house.RunFor(1'500);
+
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\c.mp3");
+    EXPECT_EQ(house.history.Rows.size(), 3U);
+}
+
+TEST(EndOfSong, ALengthThatIsKnownLateIsShownAndEndsTheSong) {
+    PlayerHouse house;
+    house.AddTrack("a", house.AddSong("a.mp3", 10'000));
+    house.AddTrack("b", house.AddSongWithoutLength("b.mp3", 20'000));
+    house.DoubleClickTrack(1);
+    house.RunFor(2'000);
+
+    house.device.TellLength("a");
+    house.RunFor(1'000);
+
+    EXPECT_EQ(house.controls.transport.lblRunningTime.Caption(), "0:03/0:20");
+    EXPECT_EQ(house.controls.levels.lblStartFade.Left(), 15);
+    house.RunFor(12'500);
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\a.mp3");
+}
+
+TEST(EndOfSong, AListOfSongsShorterThanTheFadeIsPlayedWholeAfterOneRound) {
+    PlayerHouse house;
+    for (const char* name : {"1.mp3", "2.mp3", "3.mp3"})
+        house.AddTrack(name, house.AddSong(name, 4'000));
+    house.DoubleClickTrack(0);
+
+    house.RunFor(500);
+    EXPECT_EQ(house.history.Rows.size(), 4U) << "each ends at once, and the first is on again";
+
+    house.RunFor(20'000);
+    EXPECT_LE(house.history.Rows.size(), 10U) << "four seconds each, not a twentieth";
+    EXPECT_GE(house.history.Rows.size(), 8U) << "and one after another";
+}
+
+TEST(EndOfSong, ALongerSongLetsShortOnesEndAtOnceAgain) {
+    PlayerHouse house;
+    for (const char* name : {"1.mp3", "2.mp3"})
+        house.AddTrack(name, house.AddSong(name, 4'000));
+    house.AddTrack("long", house.AddSong("long.mp3", 10'000));
+    house.DoubleClickTrack(0);
+
+    house.RunFor(500);
+    ASSERT_EQ(house.NowPlaying(), "C:\\m\\long.mp3");
+    house.RunFor(5'500);
+
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\long.mp3") << "the short ones went by";
+    EXPECT_EQ(house.history.Rows.size(), 6U);
+}
+
 }  // namespace

@@ -238,4 +238,56 @@ TEST(MissingTracks, RepeatsASongThatCannotBeOpenedNoMoreThanTheListIsLong) {
     EXPECT_TRUE(house.state.PlayerStopped);
 }
 
+TEST(MissingTracks, AListThatWentWhileItsSongPlayedIsToldOfOnceAtTheSongsEnd) {
+    PlayerHouse house;
+    const auto song = house.AddSong("a.mp3");
+    house.AddTrack("a", song);
+    house.AddTrack("b", house.AddSong("b.mp3"));
+    house.DoubleClickTrack(0);
+    for (const char* name : {"a.mp3", "b.mp3"})
+        house.files.Remove("C:\\m\\" + std::string(name));
+
+    house.RunFor(60'000);
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_TRUE(house.state.PlayerStopped);
+}
+
+TEST(MissingTracks, AListThatIsGoneLeavesTheSongThatPlaysAloneUntilItsEnd) {
+    PlayerHouse house;
+    const auto song = house.AddSong("a.mp3");
+    house.AddTrack("a", song);
+    house.DoubleClickTrack(0);
+    house.lstTracks.Clear();
+    house.lstMaybe.Clear();
+    house.AddTrack("one", PlayerHouse::Gone("1.mp3"));
+    house.AddTrack("two", PlayerHouse::Gone("2.mp3"));
+    house.DoubleClickTrack(0);
+    ASSERT_EQ(house.dialogs.Boxes.size(), 1U);
+
+    house.RunFor(10'000);
+    EXPECT_EQ(house.PlayingOn("a"), song);
+    EXPECT_FALSE(house.state.PlayerStopped);
+    house.RunFor(60'000);
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 2U) << "one for the double click, one for the end of the song";
+    EXPECT_TRUE(house.state.PlayerStopped);
+}
+
+TEST(MissingTracks, AFailureOfBeforeDoesNotPassOverTheSongThatIsBeingStarted) {
+    PlayerHouse house;
+    house.AddTrack("broken", house.AddBrokenSong("broken.mp3"));
+    house.AddTrack("good", house.AddSong("good.mp3"));
+    house.AddTrack("better", house.AddSong("better.mp3"));
+    house.DoubleClickTrack(0);
+    ASSERT_LT(house.state.FramesPerSecond, 0);
+    house.desktop.Post([&house] { house.controls.transport.tmrPlay.Tick.Raise(); });
+
+    house.DoubleClickTrack(1);
+
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\good.mp3");
+    EXPECT_EQ(house.history.Rows,
+              (std::vector<std::string>{"Music:C:\\m\\broken.mp3", "Music:C:\\m\\good.mp3"}));
+}
+
 }  // namespace

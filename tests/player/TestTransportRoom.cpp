@@ -102,18 +102,26 @@ TEST(TransportRoom, ATickThatEndsASongDoesNothingElse) {
 }
 
 TEST(TransportRoom, TheNumberOfFramesASecondMayBeMissing) {
-    for (const int frames_per_second : {0, -1}) {
-        Playing house;
-        house.GoTo(10);
-        const double left = house.marker.Left();
-        house.state.FramesPerSecond = static_cast<std::int16_t>(frames_per_second);
+    Playing house;
+    house.GoTo(10);
+    const double left = house.marker.Left();
+    house.state.FramesPerSecond = 0;
 
-        house.GoTo(20);
+    house.GoTo(20);
 
-        EXPECT_EQ(house.marker.Left(), left) << frames_per_second;
-        EXPECT_EQ(house.time.Caption(), "0:10/1:40") << frames_per_second;
-        EXPECT_EQ(house.PlayingOn("a"), "C:\\m\\a.mp3") << "the percent test still asks the device";
-    }
+    EXPECT_EQ(house.marker.Left(), left);
+    EXPECT_EQ(house.time.Caption(), "0:10/1:40");
+    EXPECT_EQ(house.PlayingOn("a"), "C:\\m\\a.mp3") << "the percent test still asks the device";
+}
+
+TEST(TransportRoom, TheNumberOfFramesASecondIsAskedForUntilItIsKnown) {
+    Playing house;
+    house.GoTo(10);
+    house.state.FramesPerSecond = -1;
+
+    house.GoTo(20);
+
+    EXPECT_EQ(house.time.Caption(), "0:20/1:40");
 }
 
 TEST(TransportRoom, ASongThatWasCutOffLeavesTheDisplayAsItWas) {
