@@ -243,18 +243,19 @@ bool BackUpRoom::IsFolderAccepted(bool is_list_chosen) {
 
 // The hidden folder list goes down the path. Where it finds no folder, one is made.
 std::string BackUpRoom::MakeDirectory(std::string_view folder) {
-    std::string path(base::Left(folder, 3));
+    std::string path(folder.substr(0, 3));
+    FileResult result = controls_.Dir1.SetPath(path) ? FileResult::Done : FileResult::Missing;
     for (const std::string& part : base::Split(folder.substr(3), "\\")) {
-        if (part.empty()) continue;
-        path = base::BuildPath(path, part);
-        if (controls_.Dir1.SetPath(path)) continue;
-        const FileResult result = ports_.files.MakeFolder(path);
-        if (result == FileResult::Done && controls_.Dir1.SetPath(path)) continue;
-        ports_.dialogs.MsgBox("The back up folder \"" + ports_.files.DisplayPath(path) +
-                              "\" can not be made: " + std::string(Reason(result)) + ".");
-        return {};
+        if (result != FileResult::Done) break;
+        path = base::BuildPath(controls_.Dir1.Path(), part);
+        if (part.empty() || controls_.Dir1.SetPath(path)) continue;
+        result = ports_.files.MakeFolder(path);
+        if (result == FileResult::Done && !controls_.Dir1.SetPath(path)) result = FileResult::Missing;
     }
-    return controls_.Dir1.SetPath(path) ? controls_.Dir1.Path() : path;
+    if (result == FileResult::Done) return controls_.Dir1.Path();
+    ports_.dialogs.MsgBox("The back up folder \"" + ports_.files.DisplayPath(path) +
+                          "\" can not be made: " + std::string(Reason(result)) + ".");
+    return {};
 }
 
 void BackUpRoom::BackUpFiles(std::string_view folder, Notes& notes) {
@@ -276,6 +277,7 @@ void BackUpRoom::CollectTracks() {
     std::string lines;
     for (int row = 0; row < controls_.lstEditPlayListTracks.ListCount(); ++row) {
         controls_.lstEditPlayListTracks.SetListIndex(row);
+        if (controls_.lblEditTrackNumber.Caption().empty()) continue;  // the song has left the library
         lines += OneLine(controls_.txtEditArtist.Text());
         lines += kSeparator;
         lines += OneLine(controls_.txtEditTitle.Text());

@@ -108,12 +108,11 @@ void InfoForm::FillMaintenance() {
 void InfoForm::FillBackUp() {
     constexpr double kLabel = 96;
     constexpr double kField = kMargin + kLabel;
-    constexpr double kLists = 168;
     constexpr double kFolder = kFirstRow + 52;
     constexpr double kLast = kFolder + kBox + kGap;
     constexpr double kColumns = kLast + 20 + kGap;
     constexpr double kListTop = kColumns + kHeading + kGap;
-    constexpr double kArtist = kListTop + kLists - 20;
+    constexpr double kArtist = kLastRow - kMargin - 2 * kBox - kGap;
     constexpr double kListWidth = (kInner - kMargin) / 2;
     BackUpControls& pane = back_up;
     MakePane(pane.fraBackUp, pane.lblBackUp);
@@ -131,8 +130,8 @@ void InfoForm::FillBackUp() {
     Place(pane.txtEditArtist, kField, kArtist, kInner - kLabel, kBox);
     Place(pane.lblEditTitle, kMargin, kArtist + kBox + kGap, kLabel, kBox);
     Place(pane.txtEditTitle, kField, kArtist + kBox + kGap, kInner - kLabel, kBox);
-    Place(pane.lblEditNumber, kMargin, kLastRow, kLabel, kButton);
-    Place(pane.lblEditTrackNumber, kField, kLastRow, 80, kButton);
+    Place(pane.lblEditNumber, kMargin, kLastRow + 6, kLabel, 20);
+    Place(pane.lblEditTrackNumber, kField, kLastRow + 6, 80, 20);
     Place(pane.cmdBackUpAll, kPaneWidth - kMargin - 112 - kGap - 112, kLastRow, 112, kButton);
     Place(pane.cmdBackUp, kPaneWidth - kMargin - 112, kLastRow, 112, kButton);
 
@@ -153,6 +152,7 @@ void InfoForm::FillBackUp() {
     pane.lblEditTrackNumber.SetAccessibleName("Number of the track");
     pane.cmdBackUpAll.SetToolTipText("Write the chosen play list to the folder");
     pane.cmdBackUp.SetToolTipText("Write every play list to the folder");
+    pane.cmdBackUpAll.SetLook("accent");
     pane.cmdBackUpAll.SetDefault(true);
 }
 

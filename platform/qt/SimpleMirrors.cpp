@@ -50,9 +50,11 @@ protected:
         constexpr int kSide = 16;
         QPainter painter(this);
         const QRect box(0, (height() - kSide) / 2, kSide, kSide);
-        const QRgb line = isChecked() || underMouse() ? skin::kAccent : skin::kLine;
-        skin::RoundBox(painter, box, QColor(isChecked() ? 0xff4a3218 : skin::kWell), line, 3);
-        if (isChecked()) skin::Tick(painter, box, QColor(skin::kAccent));
+        const QRgb lit = isEnabled() ? skin::kAccent : skin::kDisabled;
+        const bool is_lit = isEnabled() && (isChecked() || underMouse());
+        const QRgb ground = isEnabled() && isChecked() ? 0xff4a3218 : skin::kWell;
+        skin::RoundBox(painter, box, QColor(ground), is_lit ? lit : skin::kLine, 3);
+        if (isChecked()) skin::Tick(painter, box, QColor(lit));
         painter.setPen(isEnabled() ? QColor(skin::kText) : QColor(skin::kDisabled));
         const QRect words = rect().adjusted(kSide + 7, 0, 0, 0);
         const QString caption =

@@ -26,6 +26,7 @@
 #include "session/ActivateForm.h"
 #include "session/ActivateRoom.h"
 #include "session/HandOffRoom.h"
+#include "session/InfoForm.h"
 #include "session/LoginForm.h"
 #include "session/LoginRoom.h"
 #include "session/MediaKeys.h"
@@ -296,7 +297,8 @@ protected:
     fakes::SeededStores stores{desktop};
     Neighbours near;
     Windows w;
-    session::OptionControls checks;
+    session::InfoForm info{files};
+    session::OptionControls& checks = info.options;
     session::ActivateForm activate;
     session::LoginForm login_form;
     session::StartUpControls start_controls;
@@ -309,7 +311,7 @@ protected:
     session::LoginState login;
     web::WebState web;
     player::PlayerState player;
-    bool unloadme = false;  ///< of the preferences
+    bool& unloadme = info.unloadme;
     session::StoreTroubleControls trouble_controls;
     session::StoreTroubleRoom trouble{trouble_controls, session, boxes};
     controls::EventClaims claims;
