@@ -17,7 +17,7 @@ MaintenanceControls::MaintenanceControls() {
 
 MaintenanceRoom::MaintenanceRoom(MaintenanceControls& controls, MaintenanceSources sources,
                                  controls::Form& frmAddMedia, roles::TrackLists& lists,
-                                 roles::History& history, store::Stores& stores, ports::Dialogs& dialogs,
+                                 roles::History& history, SessionStores stores, ports::Dialogs& dialogs,
                                  ports::EventLoop& loop)
     : sources_(sources),
       frm_add_media_(frmAddMedia),
@@ -34,8 +34,8 @@ MaintenanceRoom::MaintenanceRoom(MaintenanceControls& controls, MaintenanceSourc
 
 void MaintenanceRoom::cmdReset_Click() {
     if (!Agrees("Are you sure you want to reset all the play counts?", "Reset Play Count")) return;
-    if (!ResetPlayCounts() || !stores_.CommitAll()) {
-        dialogs_.MsgBox("The play counts could not be saved.");
+    if (!ResetPlayCounts() || !stores_.stores.CommitAll()) {
+        stores_.trouble.TellUnsaved("The play counts could not be saved.", stores_.stores);
         return;
     }
     dialogs_.MsgBox("All media files play count's have been reset to 0.");
@@ -58,10 +58,10 @@ bool MaintenanceRoom::ResetPlayCounts() {
 void MaintenanceRoom::cmdEmpty_Click() {
     constexpr std::string_view kTitle = "Emptying Library";
     if (!Agrees("Are you sure you want to delete every file from your media library?", kTitle)) return;
-    const bool is_empty = ClearSongs() && ClearFolders() && ClearPlayLists() && stores_.CommitAll();
+    const bool is_empty = ClearSongs() && ClearFolders() && ClearPlayLists() && stores_.stores.CommitAll();
     lists_.Command1();
     if (!is_empty) {
-        dialogs_.MsgBox("The empty media library could not be saved.");
+        stores_.trouble.TellUnsaved("The empty media library could not be saved.", stores_.stores);
         return;
     }
     if (Agrees("Media library is now empty.\r\nWould you like to add new media now?", kTitle))

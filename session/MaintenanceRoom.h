@@ -14,8 +14,8 @@
 #include "ports/EventLoop.h"
 #include "roles/History.h"
 #include "roles/TrackLists.h"
+#include "session/StoreTroubleRoom.h"
 #include "store/DataSource.h"
-#include "store/Stores.h"
 
 namespace session {
 
@@ -43,7 +43,7 @@ struct MaintenanceSources {
 class MaintenanceRoom final {
 public:
     MaintenanceRoom(MaintenanceControls& controls, MaintenanceSources sources, controls::Form& frmAddMedia,
-                    roles::TrackLists& lists, roles::History& history, store::Stores& stores,
+                    roles::TrackLists& lists, roles::History& history, SessionStores stores,
                     ports::Dialogs& dialogs, ports::EventLoop& loop);
 
 private:
@@ -64,7 +64,7 @@ private:
     controls::Form& frm_add_media_;
     roles::TrackLists& lists_;
     roles::History& history_;
-    store::Stores& stores_;
+    SessionStores stores_;
     ports::Dialogs& dialogs_;
     ports::EventLoop& loop_;
     controls::EventClaims claims_;

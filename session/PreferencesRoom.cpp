@@ -9,7 +9,7 @@
 namespace session {
 
 PreferencesRoom::PreferencesRoom(InfoForm& form, PreferencesMenu& menu, BackUpRoom& back_up,
-                                 NewUserRoom& new_user, store::Stores& stores, ports::Dialogs& dialogs,
+                                 NewUserRoom& new_user, SessionStores stores, ports::Dialogs& dialogs,
                                  std::string_view app_path)
     : form_(form),
       back_up_(back_up),
@@ -51,9 +51,9 @@ void PreferencesRoom::mnuEditPlaylists_Click() {
 }
 
 void PreferencesRoom::Form_Load() {
-    form_.datHistory.SetDatabaseName(stores_, app_path_ + std::string(store::kHistoryStore));
+    form_.datHistory.SetDatabaseName(stores_.stores, app_path_ + std::string(store::kHistoryStore));
     for (store::DataSource* source : {&form_.datSong, &form_.datPlayList, &form_.datFolder})
-        source->SetDatabaseName(stores_, app_path_ + std::string(store::kMediaStore));
+        source->SetDatabaseName(stores_.stores, app_path_ + std::string(store::kMediaStore));
     cmdOptions_Click();
 }
 
@@ -112,8 +112,8 @@ void PreferencesRoom::chkMultiLogin_Click() {
 }
 
 void PreferencesRoom::cmdApply_Click() {
-    if (!StoreOptions() || !stores_.CommitAll()) {
-        dialogs_.MsgBox("Your settings could not be saved.");
+    if (!StoreOptions() || !stores_.stores.CommitAll()) {
+        stores_.trouble.TellUnsaved("Your settings could not be saved.", stores_.stores);
         return;
     }
     dialogs_.MsgBox(

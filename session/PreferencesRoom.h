@@ -14,7 +14,7 @@
 #include "session/InfoForm.h"
 #include "session/NewUserRoom.h"
 #include "session/SessionMenu.h"
-#include "store/Stores.h"
+#include "session/StoreTroubleRoom.h"
 
 namespace session {
 
@@ -22,7 +22,7 @@ class PreferencesRoom final {
 public:
     /// `app_path` is the application folder in drive form, without a backslash at its end.
     PreferencesRoom(InfoForm& form, PreferencesMenu& menu, BackUpRoom& back_up, NewUserRoom& new_user,
-                    store::Stores& stores, ports::Dialogs& dialogs, std::string_view app_path);
+                    SessionStores stores, ports::Dialogs& dialogs, std::string_view app_path);
 
 private:
     void mnuPreferences_Click();
@@ -47,7 +47,7 @@ private:
     InfoForm& form_;
     BackUpRoom& back_up_;
     NewUserRoom& new_user_;
-    store::Stores& stores_;
+    SessionStores stores_;
     ports::Dialogs& dialogs_;
     std::string app_path_;
     controls::EventClaims claims_;

@@ -52,12 +52,6 @@ struct SessionEndRoles {
     roles::Highlights& highlights;
 };
 
-/// What must be written before the windows go.
-struct SessionStores {
-    store::Stores& stores;
-    StoreTroubleRoom& trouble;
-};
-
 class SessionRoom final {
 public:
     SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState& session, LoginState& login,

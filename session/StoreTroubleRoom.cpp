@@ -22,6 +22,16 @@ void StoreTroubleRoom::Forget() {
     controls_.tmrTrouble.SetEnabled(false);
 }
 
+void StoreTroubleRoom::TellUnsaved(std::string_view what, const store::Stores& stores) {
+    const std::string why = stores.WhyUnwritten();
+    if (why.empty()) {
+        dialogs_.MsgBox(what);
+        return;
+    }
+    Forget();
+    dialogs_.MsgBox(std::string(what).append("\r\n").append(why));
+}
+
 void StoreTroubleRoom::tmrTrouble_Tick() {
     controls_.tmrTrouble.SetEnabled(false);
     while (!messages_.empty()) {

@@ -26,6 +26,9 @@ public:
     void OnStoreTrouble(std::string_view file, ports::DatabaseError error, std::string_view message) override;
     /// The boxes that wait are not shown: the user was told otherwise.
     void Forget();
+    /// A box that says what could not be saved, and why. Where the stores know why, it stands for the boxes
+    /// that wait.
+    void TellUnsaved(std::string_view what, const store::Stores& stores);
 
 private:
     void tmrTrouble_Tick();
@@ -35,6 +38,12 @@ private:
     ports::Dialogs& dialogs_;
     std::deque<std::string> messages_;
     controls::EventClaims claims_;
+};
+
+/// What a room needs that says to the user that something is saved.
+struct SessionStores {
+    store::Stores& stores;
+    StoreTroubleRoom& trouble;
 };
 
 }  // namespace session

@@ -68,7 +68,7 @@ protected:
         w.frmAddMedia,
         near,
         near,
-        stores.Stores,
+        {stores.Stores, trouble},
         boxes,
         desktop};
     session::BackUpRoom back_up{
@@ -77,7 +77,8 @@ protected:
         options,
         near,
         {.files = files, .dialogs = boxes, .clock = desktop, .loop = desktop}};
-    session::PreferencesRoom preferences{info, menu, back_up, wizard, stores.Stores, boxes, kAppPath};
+    session::PreferencesRoom preferences{info,  menu,    back_up, wizard, {stores.Stores, trouble},
+                                         boxes, kAppPath};
 
 private:
     int play_list_key_ = 0;

@@ -86,9 +86,11 @@ TEST_F(MaintenanceRoom, ALibraryThatCannotBeEmptiedIsNotSaidToBeEmpty) {
 
     info.maintenance.cmdEmpty.Click.Raise();
 
-    EXPECT_EQ(BoxTexts(), (Texts{kEmptyQuestion, "The empty media library could not be saved."}));
+    EXPECT_EQ(BoxTexts(),
+              (Texts{kEmptyQuestion,
+                     "The empty media library could not be saved.\r\nThe file \"dbMedia.mdb\" can not be "
+                     "written: the file or its folder is read-only."}));
     EXPECT_EQ(Count(near.Log, "Command1"), 1);
-    EXPECT_FALSE(stores.Trouble.Troubles.empty());
 }
 
 TEST_F(MaintenanceRoom, ALibraryThatCannotBeReadIsNotSaidToBeEmpty) {
@@ -127,7 +129,10 @@ TEST_F(MaintenanceRoom, CountsThatCannotBeSavedAreNotSaidToBeReset) {
 
     info.maintenance.cmdReset.Click.Raise();
 
-    EXPECT_EQ(BoxTexts(), (Texts{kResetQuestion, "The play counts could not be saved."}));
+    EXPECT_EQ(BoxTexts(),
+              (Texts{kResetQuestion,
+                     "The play counts could not be saved.\r\nThe file \"dbMedia.mdb\" can not be written: "
+                     "the disk is full."}));
 }
 
 TEST_F(MaintenanceRoom, AddMediaOpensItsDialog) {

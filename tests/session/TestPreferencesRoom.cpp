@@ -1,3 +1,4 @@
+#include "base/Text.h"
 #include "session/PreferencesPane.h"
 
 namespace {
@@ -202,13 +203,16 @@ TEST_F(PreferencesRoom, NothingIsSaidToBeSavedThatIsNot) {
     for (const auto error :
          {ports::DatabaseError::DiskFull, ports::DatabaseError::ReadOnly, ports::DatabaseError::Locked}) {
         Open();
-        checks.chkHistory.SetChecked(false);
+        checks.chkHistory.SetChecked(!checks.chkHistory.Checked());
         stores.Database.FailApply(kHistoryPath, error);
         boxes.Boxes.clear();
 
         info.cmdApply.Click.Raise();
 
-        EXPECT_EQ(BoxTexts(), Texts{"Your settings could not be saved."});
+        ASSERT_EQ(boxes.Boxes.size(), 1U);
+        EXPECT_TRUE(base::StartsWith(
+            boxes.Boxes[0].text, "Your settings could not be saved.\r\nThe file \"dbHistory.mdb\" can not"))
+            << boxes.Boxes[0].text;
         EXPECT_TRUE(info.frmInfo.Visible());
         EXPECT_EQ(stores.Trouble.Troubles.back().error, error);
 
@@ -216,8 +220,7 @@ TEST_F(PreferencesRoom, NothingIsSaidToBeSavedThatIsNot) {
         info.cmdApply.Click.Raise();
 
         EXPECT_EQ(BoxTexts().back(), kSaved);
-        EXPECT_EQ(Setting(SettingsRow::SaveHistory), "False");
-        checks.chkHistory.SetChecked(true);
+        EXPECT_EQ(Setting(SettingsRow::SaveHistory), base::FlagText(checks.chkHistory.Checked()));
     }
 }
 

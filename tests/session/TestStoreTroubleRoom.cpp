@@ -68,6 +68,34 @@ TEST_F(StoreTroubleRoom, EveryKindOfTroubleIsTold) {
     }
 }
 
+TEST_F(StoreTroubleRoom, WhatCouldNotBeSavedIsToldAtOnceAndOnceOnly) {
+    history.Open(store::kAllHistory);
+    history.Recordset().AddNew();
+    history.Recordset().Set(store::tblHistory::HistoryID, "1");
+    history.Recordset().Update();
+    database.FailApply(kPath, ports::DatabaseError::DiskFull);
+    ASSERT_FALSE(stores.CommitAll());
+
+    room.TellUnsaved("Not saved.", stores);
+    desktop.Advance(1000);
+
+    ASSERT_EQ(boxes.Boxes.size(), 1U);
+    EXPECT_EQ(boxes.Boxes[0].text,
+              "Not saved.\r\nThe file \"dbHistory.mdb\" can not be written: the disk is full.");
+}
+
+TEST_F(StoreTroubleRoom, ABoxThatWaitsStaysWhereTheStoresKnowNoReason) {
+    database.FailOpen(kPath, ports::DatabaseError::Damaged);
+    history.Open(store::kAllHistory);
+
+    room.TellUnsaved("Not saved.", stores);
+    desktop.Advance(10);
+
+    ASSERT_EQ(boxes.Boxes.size(), 2U);
+    EXPECT_EQ(boxes.Boxes[0].text, "Not saved.");
+    EXPECT_NE(boxes.Boxes[1].text.find("damaged"), std::string::npos);
+}
+
 TEST_F(StoreTroubleRoom, SeveralTroublesAreToldOneAfterAnother) {
     room.OnStoreTrouble("C:\\a", ports::DatabaseError::Locked, "first");
     room.OnStoreTrouble("C:\\b", ports::DatabaseError::Locked, "second");
