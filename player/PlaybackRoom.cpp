@@ -13,9 +13,9 @@ namespace player {
 namespace {
 
 constexpr double kTitleStart = 100;
-/// Ticks of 50 ms, two seconds: a short title has its turning point where it begins, and would drop out of
+/// Ticks of 50 ms, three seconds: a short title has its turning point where it begins, and would drop out of
 /// its box before it was read.
-constexpr int kTitleRest = 40;
+constexpr int kTitleRest = 60;
 constexpr std::string_view kEveryTrackMissing = "Every track in this playlist is missing!";
 
 }  // namespace

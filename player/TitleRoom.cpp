@@ -47,11 +47,18 @@ void TitleRoom::ScrollStep() {
 }
 
 void TitleRoom::ShowWhether(bool stopped) {
-    controls_.lblTrack.SetLook(stopped ? "display off" : "display");
+    const std::string_view look = stopped ? "display off" : "display";
+    if (controls_.lblTrack.Look() == look) return;
+    controls_.lblTrack.SetLook(look);
+    if (stopped) Rest();
 }
 
 void TitleRoom::dontscrolltitle() {
     state_.ScrollTitle = false;
+    Rest();
+}
+
+void TitleRoom::Rest() {
     controls_.lblTrack.Move(kRestLeft, 0, controls_.lblTrack.Width(), controls_.lblTrack.Height());
 }
 

@@ -15,7 +15,7 @@ public:
 
     /// One step of the title, or its resting place when it does not scroll.
     void ScrollStep();
-    /// The title of a song that was stopped stays, muted.
+    /// The title of a song that was stopped stays, muted, at its resting place.
     void ShowWhether(bool stopped);
     /// Stops the title at its resting place.
     void dontscrolltitle();
@@ -23,6 +23,7 @@ public:
     void Clear();
 
 private:
+    void Rest();
     void trackscrollclick();
     void lblTrack_Change();
 

@@ -45,7 +45,7 @@ Writing WritingOf(const controls::Label& label, bool pointed_at) {
     if (look == "well" || look == "raised" || look == "panel") return {skin::TextFont(), skin::kText, 10};
     if (look == "button") return {skin::TextFont(), pointed_at ? skin::kKnob : skin::kAccent};
     if (look == "warning") return {skin::TextFont(), skin::kWarning};
-    if (look == "caption") return {skin::TextFont(), skin::kText, 10};
+    if (look == "caption" || look == "strip") return {skin::TextFont(), skin::kText, 10};
     if (look == "tab front") return {skin::TextFont(), skin::kInk};
     if (look == "tab") return {skin::TextFont(), StandsOnPaleFace(label) ? skin::kInk : 0xffd9cdbf};
     if (look == "link") {

@@ -162,6 +162,10 @@ void ComboMirror::Apply(Property property) {
             if (box_->lineEdit() != nullptr) {
                 box_->lineEdit()->setPlaceholderText(ToQt(combo_.Hint()));
             } else {
+                // It is what the box stands for until a row is chosen, so it looks like a choice.
+                QPalette palette = box_->palette();
+                palette.setColor(QPalette::PlaceholderText, QColor(skin::kText));
+                box_->setPalette(palette);
                 box_->setPlaceholderText(ToQt(combo_.Hint()));
             }
             break;

@@ -83,12 +83,12 @@ TEST(TitleRoom, ANewSongBeginsAtTheLeftOnTheTopLine) {
     EXPECT_EQ(house.label.Top(), 0);
 }
 
-TEST(TitleRoom, ANewTitleRestsForTwoSecondsBeforeItScrolls) {
+TEST(TitleRoom, ANewTitleRestsForThreeSecondsBeforeItScrolls) {
     Title house;
     house.player.PlaySong(house.AddSong("a.mp3"));
     house.controls.levels.lblStartFade.SetLeft(1e9);
 
-    house.Ticks(40);
+    house.Ticks(60);
     const double rested = house.label.Top();
     house.Ticks(1);
 
@@ -127,6 +127,18 @@ TEST(TitleRoom, WhatAStoppedSongLeavesIsMutedUntilTheNextPlays) {
     house.Ticks(1);
     EXPECT_EQ(house.label.Look(), "display");
     EXPECT_EQ(time.Look(), "readout");
+}
+
+TEST(TitleRoom, AStoppedTitleIsInSightWhereverItWasOnItsWay) {
+    Title house;
+    house.Ticks(1);
+    house.label.Move(2900, 0, 1000, 345);
+
+    house.player.Stop();
+    house.Ticks(2);
+
+    EXPECT_EQ(house.label.Left(), 5);
+    EXPECT_TRUE(house.state.ScrollTitle) << "the next title scrolls again";
 }
 
 TEST(TitleRoom, TheToolTipsNameTheSongInFull) {

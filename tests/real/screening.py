@@ -66,6 +66,10 @@ class Screening:
     def _sql(self, store, text):
         subprocess.run(["sqlite3", str(self.application / (store + ".mdb")), text], check=True)
 
+    def rows_of(self, store, query):
+        """What a store holds, a line a row."""
+        return self.stage.run("sqlite3", str(self.application / (store + ".mdb")), query).splitlines()
+
     # -- what a person does --
 
     def play(self, title):

@@ -31,7 +31,8 @@ class StageError(Exception):
 
 
 # What the stage needs out of a build folder.
-KIT = ["app/Brindlepost", "platform/webengine/*.so", "images/*.png", "images/*.bmp", "stores/*.mdb", "bench/bare_window"]
+KIT = ["app/Brindlepost", "platform/webengine/*.so", "images/*.png", "images/*.bmp", "stores/*.mdb", "bench/bare_window",
+       "tests/real/drag_source"]
 
 
 def become_unprivileged(build):

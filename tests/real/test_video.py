@@ -122,6 +122,21 @@ class Show:
         time.sleep(0.1)
         self.see_picture("the picture after the main window moved", "Wide")
 
+    def panel_closed(self):
+        """Closing the favourites panel closes the hole whole, and opening it brings the picture back."""
+        x, y, width, height = hole = self.screening.video_rect()
+        self.screening.press("Favourites panel")
+        wait_for("the music pane in the panel's place",
+                 lambda: self.screening.control_rect("Playlists")[0] < x + width // 2)
+        time.sleep(0.3)
+        for place in ((x + 5, y + height - 5), (x + width / 2, y + height / 2), (x + width - 5, y + height - 1),
+                      (x + width / 2, y + height + 1)):
+            left = self.colour(*place)
+            check(max(left) < 80, f"{left} shows through at {place}")
+        check(self.screening.video_rect() == hole, f"the video went to {self.screening.video_rect()}")
+        self.screening.press("Favourites panel")
+        self.see_picture("the picture after the panel opened again", "Wide")
+
     def another_program_between(self):
         x, y, width, height = self.screening.video_rect()
         other = self.stage.spawn(["xlogo", "-geometry", f"{width}x{height}+{x}+{y}", "-bg", "#884400"])
@@ -270,7 +285,7 @@ class Show:
         check("rror" not in self.stage.program_output(), self.stage.program_output()[-2000:])
 
     def steps(self):
-        return [self.hole, self.moved_and_resized, self.another_program_between, self.minimised, self.maximised,
+        return [self.hole, self.moved_and_resized, self.panel_closed, self.another_program_between, self.minimised, self.maximised,
                 self.floating, self.resized_while_paused, self.full_screen, self.song_closes_the_hole,
                 self.strobe_warns, self.strobe, self.party, self.mood, self.animation, self.no_show, self.still_runs]
 

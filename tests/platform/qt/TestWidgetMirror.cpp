@@ -4,6 +4,7 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
 #include <QWheelEvent>
@@ -304,6 +305,19 @@ TEST_F(WidgetMirrorTest, FilesDroppedOnAControlArriveInDriveFormAfterTheDrop) {
     EXPECT_EQ(dropped.Files, std::vector<std::string>{"C:/a.mp3"});
     EXPECT_EQ(dropped.Row, -1);
     EXPECT_EQ(x, 30);
+}
+
+TEST_F(WidgetMirrorTest, ALineOfTextThatTakesDropsRefusesAFolder) {
+    claims_.Claim(text_.OLEDragDrop, [] {});
+    const qt_tests::Desk desk(text_);
+    const QTemporaryDir folder;
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(folder.path())});
+
+    QDragEnterEvent enter(QPoint(2, 3), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(desk.Find(text_), &enter);
+
+    EXPECT_FALSE(enter.isAccepted());
 }
 
 TEST_F(WidgetMirrorTest, ADragOverAControlThatTakesNoneIsRefused) {

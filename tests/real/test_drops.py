@@ -1,0 +1,188 @@
+"""Drags from another program onto the running one: `test_drops.py BUILD_FOLDER`.
+
+The other program is `drag_source`, whose window is one large thing to drag. It says what came of each drag.
+"""
+
+import contextlib
+import re
+import sys
+import time
+
+import stage as stages
+from screening import Screening
+from stage import make_tone, wait_for
+
+PAGE = "<!doctype html><title>A dropped page</title><body>Dropped."
+MANY = 50
+SMALLEST = (9225 // 15, 7590 // 15)  # pixels with the frame of the program's own reckoning
+
+
+class Failed(Exception):
+    """What came of a drag is not what should."""
+
+
+def check(condition, text):
+    if not condition:
+        raise Failed(text)
+
+
+class Dropping:
+    def __init__(self, stage):
+        self.stage = stage
+        self.folder = stage.folder / "Files"
+        self.page = self.folder / "page.html"
+        self.one = make_tone(self.folder / "Ann - One.mp3", 440, 60)
+        self.page.write_text(PAGE, encoding="utf-8")
+        self.many = []
+        for number in range(MANY):
+            song = self.folder / f"Ben - Song {number:02}.mp3"
+            song.write_bytes(self.one.read_bytes())
+            self.many.append(song)
+        self.screening = Screening(stage, [("Known", make_tone(stage.folder / "Music" / "Film - Known.mp3", 660, 60))])
+        self.eyes = self.screening.eyes
+        window = self.screening.main_window()
+        stage.run("xdotool", "windowmove", "--sync", window, "0", "0")
+        stage.run("xdotool", "windowsize", "--sync", window, "1000", "700")
+
+    # -- what a person does --
+
+    @contextlib.contextmanager
+    def source(self, *words):
+        """The other program's window, at the right of the screen, and the file of its answers."""
+        answers = self.stage.folder / f"answers-{time.monotonic_ns()}"
+        with open(answers, "wb") as output:
+            program = self.stage.spawn([str(self.stage.build / "tests/real/drag_source"), *map(str, words)],
+                                       stdout=output)
+        window = self.stage.window("Drag source")
+        self.stage.run("xdotool", "windowmove", "--sync", window, "1060", "700")
+        try:
+            yield window, answers
+        finally:
+            program.terminate()
+            program.wait(5)
+
+    def drag(self, place, *words):
+        """Drags files or a text to a place on the screen; "taken" or "refused"."""
+        with self.source(*words) as (window, answers):
+            x, y, width, height = self.stage.window_rect(window)
+            start = (x + width // 2, y + height // 2)
+            self.stage.run("xdotool", "mousemove", *map(str, start), "mousedown", "1")
+            for step in range(1, 21):
+                at = [str(round(a + (b - a) * step / 20)) for a, b in zip(start, place)]
+                self.stage.run("xdotool", "mousemove", *at)
+                time.sleep(0.02)
+            # The last place is asked for again, as by a hand that is never quite still.
+            self.stage.run("xdotool", "mousemove_relative", "1", "1")
+            time.sleep(0.3)
+            self.stage.run("xdotool", "mouseup", "1")
+            return wait_for("the end of the drag", lambda: answers.read_text(encoding="utf-8").strip())
+
+    def place_of(self, name, role=None):
+        return self.eyes.centre(name, role)
+
+    # -- what a person sees --
+
+    def songs(self):
+        return self.screening.rows_of("dbMedia", "select artist || ' - ' || title from tblSong")
+
+    def played(self):
+        """The paths of the history, the newest first."""
+        return self.screening.rows_of(
+            "dbHistory", "select HistoryText from tblHistory where HistoryType = 'Music' order by HistoryID desc")
+
+    def cued(self):
+        return [row.strip() for row in self.eyes.rows("Up next")]
+
+    # -- the steps --
+
+    def one_file_plays(self):
+        check(self.drag(self.place_of("Address", "text"), self.one) == "taken", "the file was refused")
+        wait_for("the song in the history", lambda: self.played() and "Ann - One.mp3" in self.played()[0])
+        wait_for("the song in the library", lambda: "Ann - One" in self.songs())
+        check(self.cued() == [], f"{self.cued()} are cued")
+
+    def fifty_files_are_cued_once_each(self):
+        check(self.drag(self.place_of("Address", "text"), *self.many) == "taken", "the files were refused")
+        names = [song.stem for song in self.many]
+        wait_for("the first to play", lambda: names[0] + ".mp3" in self.played()[0])
+        wait_for("the others on the cue list", lambda: self.cued() == names[1:], 20)
+        wait_for("all in the library", lambda: sorted(s for s in self.songs() if s.startswith("Ben")) == names)
+
+    def a_text_is_taken(self):
+        before = self.played()
+        check(self.drag(self.place_of("Address", "text"), "--text", "http://127.0.0.1:9/") == "taken",
+              "the text was refused")
+        check(self.played() == before, "a text started something")
+
+    def a_folder_is_refused(self):
+        before = (self.played(), self.cued(), self.songs())
+        for name in ("Address", "Favourites by group"):
+            check(self.drag(self.place_of(name), self.folder) == "refused", f"{name} took a folder")
+        check((self.played(), self.cued(), self.songs()) == before, "the folder did something")
+
+    def a_folder_among_files_is_left_out(self):
+        check(self.drag(self.place_of("Address", "text"), self.folder, self.one) == "taken", "the file was refused")
+        wait_for("the song to play", lambda: "Ann - One.mp3" in self.played()[0])
+
+    def nothing_takes_files_where_nothing_listens(self):
+        check(self.drag(self.place_of("Stop"), self.one) == "refused", "a button took a file")
+
+    def a_page_goes_to_the_favourites(self):
+        check(self.drag(self.place_of("Favourites by group"), self.page) == "taken", "the page was refused")
+        window = self.stage.window("Add Favourite")
+        wait_for("the page's place in the box", lambda: any(
+            "page.html" in self.eyes.text(node) for node in self.eyes.nodes() if node.get_role_name() == "text"))
+        self.stage.key("Escape")
+        wait_for("the box to go", lambda: not self.stage.has_window_id(window))
+
+    def a_small_window_springs_back(self):
+        window = self.screening.main_window()
+        info = self.stage.run("xwininfo", "-id", window)
+        x, y, width, height = (int(re.search(rf"{name}:\s+(-?\d+)", info)[1])
+                               for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
+        # The window manager's grip is the right end of the bar below the window.
+        grip = (x + width - 6, y + height + 2)
+        self.stage.run("xdotool", "mousemove", *map(str, grip), "mousedown", "1")
+        for step in range(1, 21):
+            self.stage.run("xdotool", "mousemove", str(grip[0] - 40 * step), str(grip[1] - 28 * step))
+            time.sleep(0.02)
+        self.stage.run("xdotool", "mouseup", "1")
+        wait_for("the window at its smallest", lambda: self.is_smallest(window), 5)
+        self.stage.run("xdotool", "windowsize", window, "300", "200")
+        time.sleep(0.3)
+        wait_for("the window to spring back", lambda: self.is_smallest(window), 5)
+
+    def is_smallest(self, window):
+        """As large as the smallest size less the frame that the program reckons with."""
+        _, _, width, height = self.stage.window_rect(window)
+        return 0 <= SMALLEST[0] - width <= 10 and 0 <= SMALLEST[1] - height <= 60
+
+    def still_runs(self):
+        check(self.screening.program.poll() is None, "the program ended")
+        check("rror" not in self.stage.program_output(), self.stage.program_output()[-2000:])
+
+    def steps(self):
+        return [self.one_file_plays, self.fifty_files_are_cued_once_each, self.a_text_is_taken,
+                self.a_folder_is_refused, self.a_folder_among_files_is_left_out,
+                self.nothing_takes_files_where_nothing_listens, self.a_page_goes_to_the_favourites,
+                self.a_small_window_springs_back, self.still_runs]
+
+
+def main():
+    build = stages.become_unprivileged(sys.argv[1])
+    failures = 0
+    with stages.Stage(build) as stage:
+        dropping = Dropping(stage)
+        for number, step in enumerate(dropping.steps(), 1):
+            if stage.run_steps([step], picture=f"failure-{number:02d}.png"):
+                continue
+            failures += 1
+            if dropping.screening.program.poll() is not None:
+                break
+    if not failures:
+        stage.remove()
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
