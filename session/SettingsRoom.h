@@ -1,8 +1,7 @@
 // The settings rows of the history store (store/Settings.h): read at the start and at each new login, written
 // at exit and log out.
 //
-// The options' rows are read here and shown in their boxes; nothing writes them yet, as the preferences are
-// not built.
+// The options' rows are read here and shown in their boxes; PreferencesRoom writes them.
 #pragma once
 
 #include <cstdint>

@@ -1,0 +1,252 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "base/Text.h"
+#include "scenario/Program.h"
+
+namespace {
+
+using ports::BoxAnswer;
+using scenario::Computer;
+using scenario::Program;
+using Texts = std::vector<std::string>;
+
+class PreferencesStory : public testing::Test {
+protected:
+    PreferencesStory() {
+        computer.AddUser("Ann", "rose");
+        computer.AddToLibrary(1, "Sun", "Rise");
+        computer.AddToLibrary(2, "Moon", "Fall");
+        computer.AddPage("http://one.example/", "One");
+        computer.AddPage("http://two.example/", "Two");
+    }
+
+    /// Ends the run before, if there is one, and starts and logs in.
+    void Run() {
+        if (program) program->Click(Browser().menus.mnuExit);
+        program.reset();
+        program = std::make_unique<Program>(computer);
+        program->StartAndLogIn("Ann", "rose");
+    }
+    window::BrowserForm& Browser() { return program->Browser(); }
+    session::InfoForm& Info() { return program->windows.info; }
+    session::BackUpControls& BackUp() { return Info().back_up; }
+    Texts Rows(const controls::ListBox& list) { return Program::RowsOf(list); }
+    Texts History() {
+        Texts texts;
+        for (const auto& row : computer.database.Rows(scenario::kHistoryPath, "tblHistory"))
+            if (row[1] != "Settings") texts.push_back(row[2]);
+        return texts;
+    }
+    Texts Types() {
+        const controls::ComboBox& types = Browser().web.address.cmbType;
+        Texts texts;
+        for (int row = 0; row < types.ListCount(); ++row)
+            texts.emplace_back(types.List(row));
+        return texts;
+    }
+    void SeedPlayList(const std::string& name, const std::vector<std::string>& song_ids) {
+        computer.database.Seed(scenario::kMediaPath, "tblPlayList",
+                               {{std::to_string(++key_), name, "", "", ""}});
+        for (const std::string& id : song_ids) {
+            computer.database.Seed(scenario::kMediaPath, "tblPlayList",
+                                   {{std::to_string(++key_), name, id, "", ""}});
+        }
+    }
+
+    Computer computer;
+    std::unique_ptr<Program> program;
+
+private:
+    int key_ = 0;
+};
+
+TEST_F(PreferencesStory, AChangedOptionHoldsFromTheNextStart) {
+    Run();
+    program->Click(Browser().menus.mnuPreferences);
+    ASSERT_TRUE(Info().frmInfo.Visible());
+    Info().options.chkHistory.SetChecked(false);
+    Info().options.chkFile.SetChecked(false);
+    program->Click(Info().cmdApply);
+    EXPECT_FALSE(Info().frmInfo.Visible());
+    EXPECT_EQ(computer.Setting(16), "False");
+    EXPECT_EQ(computer.Setting(18), "False");
+
+    program->GoTo("one.example");
+    program->LetPagesArrive();
+    EXPECT_EQ(History(), Texts{"http://one.example/"}) << "the running session keeps its options";
+    EXPECT_EQ(Types(), (Texts{"Web", "MSN", "File", "Search"}));
+    program->dialogs.Answers = {BoxAnswer::Yes};
+    Run();
+
+    EXPECT_EQ(Types(), (Texts{"Web", "MSN", "Search"}));
+    program->GoTo("two.example");
+    program->LetPagesArrive();
+    EXPECT_EQ(History(), Texts{"http://one.example/"});
+    program->Click(Browser().menus.mnuPreferences);
+    EXPECT_FALSE(Info().options.chkHistory.Checked());
+    EXPECT_FALSE(Info().options.chkFile.Checked());
+    EXPECT_TRUE(Info().options.chkGoogle.Checked());
+}
+
+TEST_F(PreferencesStory, WithoutTheMessengerItsOtherRowsAreOffAndStayDisabled) {
+    Run();
+    program->Click(Browser().menus.mnuPreferences);
+    Info().options.chkMSN.SetChecked(false);
+    program->Click(Info().cmdApply);
+    for (const int row : {11, 12, 13})
+        EXPECT_EQ(computer.Setting(row), "False") << row;
+
+    Run();
+
+    EXPECT_FALSE(Info().options.chkCustom.Enabled());
+    EXPECT_FALSE(Info().options.chkSaveMSN.Enabled());
+}
+
+TEST_F(PreferencesStory, SettingsAreNotSavedOnceThatIsOff) {
+    Run();
+    program->Click(Browser().menus.mnuPreferences);
+    Info().options.chkSettings.SetChecked(false);
+    program->Click(Info().cmdApply);
+    Run();
+    program->Click(Browser().menus.mnuShuffle);
+
+    Run();
+
+    EXPECT_FALSE(Browser().menus.mnuShuffle.Checked());
+}
+
+TEST_F(PreferencesStory, ClosedTheWindowHidesAndTheExitUnloadsIt) {
+    Run();
+    program->Click(Browser().menus.mnuPreferences);
+    Info().frmInfo.UnloadWindow();
+    EXPECT_FALSE(Info().frmInfo.Visible());
+    EXPECT_TRUE(Info().frmInfo.IsLoaded());
+    program->Click(Browser().menus.mnuPreferences);
+
+    program->Click(Browser().menus.mnuExit);
+
+    EXPECT_TRUE(program->ended);
+    EXPECT_FALSE(Info().frmInfo.IsLoaded());
+}
+
+TEST_F(PreferencesStory, ANewUserIsMadeFromThePreferencesAndCancelReturnsToThem) {
+    Run();
+    program->Click(Browser().menus.mnuPreferences);
+    program->Click(Info().options.cmdNewUser);
+    auto& login = program->windows.login;
+    ASSERT_TRUE(login.fraNew.Visible());
+
+    program->Click(login.cmdCancel);
+
+    EXPECT_FALSE(login.frmLogin.Visible());
+    EXPECT_TRUE(Info().frmInfo.Visible());
+
+    program->Click(Info().options.cmdNewUser);
+    login.txtNewUser.SetText("Bob");
+    login.txtPass1.SetText("oak");
+    login.txtPass2.SetText("oak");
+    program->Click(login.cmdNext);
+    program->Click(login.cmdFinish);
+
+    const auto users = computer.database.Rows(scenario::kLoginPath, "tblLogin");
+    ASSERT_EQ(users.size(), 2U);
+    EXPECT_EQ(users[1][0], "Bob");
+}
+
+TEST_F(PreferencesStory, AnEmptiedLibraryIsEmptyEverywhereAndCanBeFilledAgain) {
+    SeedPlayList("Evening", {"2", "1"});
+    Run();
+    program->Click(Browser().menus.mnuPreferences);
+    program->Click(Info().cmdHistory);
+    program->dialogs.Answers = {BoxAnswer::Yes, BoxAnswer::Yes};
+
+    program->Click(Info().maintenance.cmdEmpty);
+
+    EXPECT_EQ(Browser().library.lists.lstTracks.ListCount(), 0);
+    EXPECT_EQ(Rows(Browser().library.lists.lstPlayLists),
+              (Texts{"  [All Media]", "  [Last 20]", "  [Top 20]"}));
+    EXPECT_EQ(Rows(Browser().library.lists.lstArtists), Texts{"  [All Artists]"});
+    for (const char* table : {"tblSong", "tblPlayList", "tblFolder"})
+        EXPECT_TRUE(computer.database.Rows(scenario::kMediaPath, table).empty()) << table;
+    auto& dialog = program->windows.add_media;
+    ASSERT_TRUE(dialog.frmAddMedia.Visible());
+    computer.AddSong("C:\\Songs\\Star - Light.mp3");
+    ASSERT_TRUE(dialog.Dir1.SetPath("C:\\Songs"));
+    program->Click(dialog.cmdGetFiles);
+    program->Wait(500);
+    program->Click(dialog.imgAddAllOver);
+    EXPECT_EQ(Rows(Browser().library.lists.lstTracks), Texts{"Star - Light"});
+    EXPECT_EQ(computer.database.Rows(scenario::kMediaPath, "tblSong")[0][0], "1");
+}
+
+TEST_F(PreferencesStory, APlayedSongStaysInTheHistoryWhenItsCountIsReset) {
+    Run();
+    Browser().library.lists.lstTracks.SetListIndex(0);
+    program->DoubleClick(Browser().library.lists.lstTracks);
+    ASSERT_EQ(computer.database.Rows(scenario::kMediaPath, "tblSong")[0][4], "1");
+    program->Click(Browser().menus.mnuPreferences);
+    program->Click(Info().cmdHistory);
+    program->dialogs.Answers = {BoxAnswer::Yes};
+
+    program->Click(Info().maintenance.cmdReset);
+
+    EXPECT_EQ(computer.database.Rows(scenario::kMediaPath, "tblSong")[0][4], "0");
+    EXPECT_EQ(History().size(), 1U);
+}
+
+TEST_F(PreferencesStory, AddMediaOfTheMaintenanceOpensTheDialog) {
+    Run();
+    program->Click(Browser().menus.mnuPreferences);
+    program->Click(Info().cmdHistory);
+
+    program->Click(Info().maintenance.cmdAddMedia);
+
+    EXPECT_TRUE(program->windows.add_media.frmAddMedia.Visible());
+}
+
+// Rows 11 to 20 go with the history. The next rows get their numbers, and are options from then on.
+TEST_F(PreferencesStory, AfterTheHistoryIsDeletedItsNumbersAreHistoryAndOptionsAtOnce) {
+    Run();
+    program->GoTo("one.example");
+    program->LetPagesArrive();
+    program->Click(Browser().menus.mnuPreferences);
+    program->Click(Info().cmdHistory);
+    program->dialogs.Answers = {BoxAnswer::Yes};
+    program->Click(Info().maintenance.cmdDeleteHistory);
+    EXPECT_EQ(program->BoxTexts(), Texts{"Are you sure you want to delete all of your history?"});
+    EXPECT_TRUE(History().empty());
+    ASSERT_EQ(computer.database.Rows(scenario::kHistoryPath, "tblHistory").size(), 10U);
+
+    program->GoTo("two.example");
+    program->LetPagesArrive();
+    EXPECT_EQ(History(), Texts{"http://two.example/"});
+    program->Click(Info().cmdApply);
+
+    const auto rows = computer.database.Rows(scenario::kHistoryPath, "tblHistory");
+    ASSERT_EQ(rows.size(), 11U);
+    EXPECT_EQ(rows[10], (std::vector<std::string>{"11", "Settings", "True"}));
+}
+
+TEST_F(PreferencesStory, ThePlaylistsEntryBacksUpWhatTheMusicPaneShows) {
+    SeedPlayList("Evening", {"2", "1"});
+    SeedPlayList("AC/DC", {"1"});
+    Run();
+    program->Click(Browser().menus.mnuEditPlaylists);
+    ASSERT_TRUE(Info().frmInfo.Visible());
+    ASSERT_TRUE(BackUp().fraBackUp.Visible());
+    EXPECT_EQ(Rows(BackUp().lstEditPlayList), Rows(Browser().library.lists.lstPlayLists));
+    EXPECT_EQ(BackUp().lblLastBackup.Caption(), "0 days ago.");
+
+    BackUp().lstEditPlayList.SelectText("Evening");
+    EXPECT_EQ(Rows(BackUp().lstEditPlayListTracks), (Texts{"Fall", "Rise"}));
+    program->Click(BackUp().cmdBackUpAll);
+    EXPECT_EQ(computer.files.TextOf("C:\\app\\BackUp\\Evening.mpl"), "Moon - Fall\r\nSun - Rise\r\n\r\n");
+
+    program->Click(BackUp().cmdBackUp);
+    EXPECT_EQ(computer.files.ListFolder("C:\\app\\BackUp")->Files.size(), 2U);
+    EXPECT_TRUE(program->BoxTexts().empty());
+}
+
+}  // namespace
