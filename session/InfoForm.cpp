@@ -45,10 +45,14 @@ double DepthOf(const Option& option) {
 InfoForm::InfoForm(const ports::Files& files) : back_up(files) {
     frmInfo.SetContentSize(controls::Px(kPaneLeft + kPaneWidth + kMargin),
                            controls::Px(kPaneHeight + 2 * kMargin));
-    frmInfo.Add(cmdOptions, cmdHistory, cmdBackingUp, fraOptions, maintenance.fraMisc, back_up.fraBackUp);
-    double top = kMargin;
+    frmInfo.Add(fraPanes, fraOptions, maintenance.fraMisc, back_up.fraBackUp);
+    fraPanes.Add(cmdOptions, cmdHistory, cmdBackingUp);
+    fraPanes.SetLook("bare");
+    fraPanes.SetAccessibleName("Panes");
+    Place(fraPanes, kMargin, kMargin, kNavigation, 3 * (kButton + kGap));
+    double top = 0;
     for (controls::CommandButton* button : {&cmdOptions, &cmdHistory, &cmdBackingUp}) {
-        Place(*button, kMargin, top, kNavigation, kButton);
+        Place(*button, 0, top, kNavigation, kButton);
         top += kButton + kGap;
     }
     cmdOptions.SetToolTipText("What the program does, and keeps");

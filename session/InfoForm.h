@@ -18,6 +18,7 @@ struct InfoForm {
     explicit InfoForm(const ports::Files& files);
 
     controls::Form frmInfo{"frmInfo", "Brindlepost - Preferences", controls::BorderStyle::FixedDialog};
+    controls::Frame fraPanes{"fraPanes"};  ///< the buttons, so that the keyboard goes through them first
     controls::CommandButton cmdOptions{"cmdOptions", "Options"};
     controls::CommandButton cmdHistory{"cmdHistory", "Maintenance"};
     controls::CommandButton cmdBackingUp{"cmdBackingUp", "Back-up"};

@@ -18,6 +18,12 @@ SAVED = ("Your settings have been saved.\n"
          "Most changes will only take affect when you restart this application.")
 SONGS = [(1, "Ada Larkspur", "Morning Tone"), (2, "Bell Tower", "Two Pitches"), (3, "Björk", "Hæ – ½"),
          (4, "Ada Larkspur", "Evening Tone")]
+KEYBOARD_ORDER = ["Options", "Maintenance", "Back-up", "Save settings on log out and close", "Open home pages on startup",
+                  "Show \"What I'm listening to\" on MSN", "Allow multiple logins",
+                  "Use auto-logins (hotmail + myspace)", "Save history",
+                  "Use address bar for more than just websites", "Allow quick Google searching on address bar",
+                  "Allow file open on address bar", "Include sub-folders when adding new media.", "Create New User",
+                  "Apply"]
 LISTS = {"Evening": [4, 2, 1], "AC/DC\\live": [3], "..": [1, 99, 2]}
 
 
@@ -114,6 +120,82 @@ def play_lists_are_backed_up(person):
     wait_for("the date", lambda: person.setting(6) != "0")
 
 
+def back_ups_that_cannot_be_are_told(person):
+    file = person.files / "file"
+    file.write_text("kept")
+    shut = person.files / "shut"
+    shut.mkdir()
+    (shut / "Evening.mpl").write_bytes(b"old")
+    shut.chmod(0o500)
+    dated = person.setting(6)
+    tries = [
+        (str(file), f'The back up folder "{file}" can not be made: a file stands in its place.'),
+        (str(shut / "below"), f'The back up folder "{shut}/below" can not be made: the folder is read-only, or is not yours.'),
+        ("Z:\\lists", 'The back up folder "Z:\\" can not be made: the drive or the folder is not there.'),
+        ("C:/lists", "Directories should be seperated by a backslash '\\'"),
+        ("\\\\server\\share", "Application must be stored on a hard drive e.g. 'C:\\' not a server"),
+        ("", "Please make sure you have selected a back up folder path and a play list to back up."),
+        (str(shut), f'Not backed up to "{shut}":\nEvening: the folder is read-only, or is not yours.\n'
+                    "Earlier back ups are still as they were."),
+    ]
+    person.choose_text("Play lists", "Evening")
+    for folder, text in tries:
+        person.write_into("Back up folder", folder)
+        if not folder:
+            person.stage.key("BackSpace")
+        person.stage.key("Return")
+        person.answer_box("Brindlepost$", text, "OK")
+    person.picture("refused")
+    check_equal("the old back-up", (shut / "Evening.mpl").read_bytes(), b"old")
+    check_equal("what lies in the folder", os.listdir(shut), ["Evening.mpl"])
+    check_equal("the file in the way", file.read_text(), "kept")
+    check_equal("the date", person.setting(6), dated)
+    shut.chmod(0o700)
+    person.write_into("Back up folder", str(shut))
+    person.stage.key("Return")
+    wait_for("the new back-up", lambda: (shut / "Evening.mpl").read_bytes().startswith(b"Ada"))
+    check_equal("what lies in the folder", os.listdir(shut), ["Evening.mpl"])
+
+
+def the_library_is_emptied(person):
+    person.press("Maintenance", "push button")
+    person.picture("maintenance")
+    person.focus_by_tab("Reset Play Count")
+    person.stage.key("Return")
+    person.answer_box("Reset Play Count$", "Are you sure you want to reset all the play counts?", "Yes")
+    person.answer_box("Brindlepost$", "All media files play count's have been reset to 0.", "OK")
+    check_equal("the counts", person.rows_of("dbMedia", "select distinct PlayCount from tblSong"), ["0"])
+    person.press("Empty Library", "push button")
+    person.answer_box("Emptying Library$", "Are you sure you want to delete every file from your media library?", "Yes")
+    person.answer_box("Emptying Library$", "Media library is now empty.\nWould you like to add new media now?", "No")
+    check_equal("the rows left", person.rows_of("dbMedia", "select count(*) from tblSong union all "
+                                                "select count(*) from tblPlayList"), ["0", "0"])
+    check_equal("the tracks shown", person.eyes.rows("Tracks"), [])
+    person.stage.key("Escape")
+    wait_for("Escape to hide the preferences", lambda: not person.stage.has_window("Brindlepost - Preferences"))
+    person.leave_by_menu()
+
+
+def the_keyboard_reaches_every_option(person):
+    """The buttons of the panes first, then the options in the order in which they are read."""
+    person.press("Options", "push button")
+    order = []
+    for _ in range(40):
+        node = next((n for n in person.eyes.nodes() if n.get_state_set().contains(person.eyes.focused)
+                     and n.get_role_name() in ("check box", "push button", "text", "list")), None)
+        name = node.get_name() if node else None
+        if order and name == order[0]:
+            break
+        order.append(name)
+        person.stage.key("Tab")
+    check_equal("the order of the keyboard", order, KEYBOARD_ORDER)
+    person.press("Save history", "check box")
+    ticked = person.eyes.is_ticked(person.eyes.find("Save history"))
+    person.stage.key("space")
+    wait_for("the blank to change the tick", lambda: person.eyes.is_ticked(person.eyes.find("Save history")) != ticked)
+    person.press("Back-up", "push button")
+
+
 def main():
     wanted = sys.argv[2:]
     build = stage.become_unprivileged(sys.argv[1])
@@ -142,7 +224,8 @@ def person_on(scene, files):
     return person
 
 
-PARTS = [options_are_stored_and_hold_after_a_restart, play_lists_are_backed_up]
+PARTS = [options_are_stored_and_hold_after_a_restart, play_lists_are_backed_up, the_keyboard_reaches_every_option,
+         back_ups_that_cannot_be_are_told, the_library_is_emptied]
 
 if __name__ == "__main__":
     sys.exit(main())
