@@ -103,14 +103,17 @@ void InfoForm::FillMaintenance() {
                 {maintenance.lblDeleteHistory, maintenance.cmdDeleteHistory}};
     double top = kFirstRow + kGap;
     for (const auto& row : rows) {
-        Place(row.label, kMargin, top - 2, kInner - kWidth - kMargin, kButton + 4);
+        Place(row.label, kMargin, top + 4, kInner - kWidth - kMargin, 24);
         Place(row.button, kPaneWidth - kMargin - kWidth, top, kWidth, kButton);
         top += kStep;
     }
+    // The one text that takes two lines.
+    maintenance.lblReset.Move(maintenance.lblReset.Left(), maintenance.cmdReset.Top(),
+                              maintenance.lblReset.Width(), maintenance.cmdReset.Height());
 }
 
 void InfoForm::FillBackUp() {
-    constexpr double kLabel = 96;
+    constexpr double kLabel = 104;
     constexpr double kField = kMargin + kLabel;
     constexpr double kFolder = kFirstRow + 52;
     constexpr double kLast = kFolder + kBox + kGap;
