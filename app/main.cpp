@@ -91,7 +91,8 @@ int RunProgram(int argc, char** argv) {
     window::Windows windows(files);
     const webengine::PageSettings pages{DownloadFolder(), to_native};
     qt::Screen screen(loop, {folder, [&files](const std::string& path) { return files.FromNative(path); },
-                             [&folder, &pages] { return webengine::LoadPages(folder, pages); }});
+                             [&folder, &pages] { return webengine::LoadPages(folder, pages); },
+                             [&folder] { return webengine::EngineVersion(folder); }});
     screen.AfterFirstPaint = [&media, &bus] {
         media.WarmUp();
         bus.Join();
@@ -102,7 +103,7 @@ int RunProgram(int argc, char** argv) {
 
     window::MainWindow main_window(windows,
                                    {database, files, media, window_services, window_shape, boxes, loop, clock,
-                                    chance, instance, messenger, board, screen_saver},
+                                    chance, instance, messenger, board, screen_saver, screen},
                                    command, [&loop] { loop.Quit(); });
     QSocketNotifier hand_over(instance.FileDescriptor(), QSocketNotifier::Read);
     QObject::connect(&hand_over, &QSocketNotifier::activated, &hand_over, [&instance] { instance.Serve(); });

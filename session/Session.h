@@ -10,7 +10,9 @@
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
 #include "ports/InstanceLock.h"
+#include "ports/PageEngine.h"
 #include "roles/FrontPage.h"
+#include "roles/NowPlaying.h"
 #include "roles/Start.h"
 #include "session/ActivateRoom.h"
 #include "session/BackUpRoom.h"
@@ -63,6 +65,7 @@ struct SessionRoles {
     roles::PageOpener& opener;
     roles::FrontPage& page;
     roles::Transport& transport;
+    roles::NowPlaying& playing;
     roles::MessengerLine& messenger;
     roles::PlayerSetup& player;
     roles::Highlights& highlights;
@@ -74,6 +77,7 @@ struct SessionPorts {
     ports::EventLoop& events;
     ports::Clock& clock;
     ports::InstanceLock& instance;
+    ports::PageEngine& pages;
 };
 
 class Session final : public roles::Start {

@@ -2,12 +2,13 @@
 
 #include <utility>
 
+#include "base/Text.h"
+
 namespace session {
 
 SessionRoom::SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState& session, LoginState& login,
                          SettingsRoom& settings, LoginRoom& login_room, MediaKeys& keys,
-                         SessionEndRoles roles, SessionStores stores, ports::Dialogs& dialogs,
-                         ports::EventLoop& events)
+                         SessionEndRoles roles, SessionStores stores, SessionEndPorts ports)
     : windows_(windows),
       session_(session),
       login_(login),
@@ -16,8 +17,7 @@ SessionRoom::SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState
       keys_(keys),
       roles_(roles),
       stores_(stores),
-      dialogs_(dialogs),
-      events_(events) {
+      ports_(ports) {
     claims_.Claim(windows_.frmBrowser.QueryUnload, [this](bool& cancel) { Form_QueryUnload(cancel); });
     claims_.Claim(windows_.frmBrowser.Activate, [this] { Form_Activate(); });
     claims_.Claim(windows_.frmBrowser.Click, [this] { Form_Click(); });
@@ -68,7 +68,7 @@ void SessionRoom::BeginToLeave() {
     session_.mainclose = true;
     roles_.transport.Stop();
     roles_.messenger.SendNothingPlaying();
-    events_.Yield();
+    ports_.events.Yield();
 }
 
 bool SessionRoom::Leave() {
@@ -84,7 +84,7 @@ bool SessionRoom::HasOpenTabs() const {
 }
 
 bool SessionRoom::Agrees(std::string_view text, std::string_view title) {
-    return dialogs_.MsgBox(text, ports::BoxButtons::YesNo, title) == ports::BoxAnswer::Yes;
+    return ports_.dialogs.MsgBox(text, ports::BoxButtons::YesNo, title) == ports::BoxAnswer::Yes;
 }
 
 bool SessionRoom::SaveSettings() {
@@ -107,13 +107,13 @@ bool SessionRoom::MayEndUnsaved() {
     std::string why = stores_.stores.WhyUnwritten();
     if (why.empty()) why = "The file \"dbHistory.mdb\" can not be opened.";
     if (std::exchange(save_failed_, true)) {
-        return dialogs_.MsgBox("Your settings and your last changes can still not be saved.\n\n" + why +
-                                   "\n\nEnd Brindlepost without saving them?",
-                               ports::BoxButtons::YesNo, "Exit Brindlepost",
-                               ports::BoxIcon::Critical) == ports::BoxAnswer::Yes ||
+        return ports_.dialogs.MsgBox("Your settings and your last changes can still not be saved.\n\n" + why +
+                                         "\n\nEnd Brindlepost without saving them?",
+                                     ports::BoxButtons::YesNo, "Exit Brindlepost",
+                                     ports::BoxIcon::Critical) == ports::BoxAnswer::Yes ||
                unloading_;
     }
-    dialogs_.MsgBox(
+    ports_.dialogs.MsgBox(
         "Your settings and your last changes could not be saved.\n\n" + why +
             "\n\nBrindlepost stays open, so that you can put this right and exit again. If it still "
             "can not save then, you may end it without saving.",
@@ -147,10 +147,7 @@ void SessionRoom::mnuLogout_Click() {
         for (int i = 1; i < roles_.tabs.Count(); ++i)
             roles_.tabs.CloseTab(i);
     }
-    // What it still adds for the person who leaves ends here; at its end it would show the main window.
-    windows_.frmAddMedia.UnloadWindow();
-    // From here on closing the login window ends the program.
-    session_.LoggedIn = false;
+    TakeUserAway();
     login_room_.ShowLogin();
     windows_.frmActivate.Hide();
     windows_.frmBrowser.Hide();
@@ -166,6 +163,28 @@ void SessionRoom::Form_Activate() {
     roles_.highlights.NoMouseOvers();
     session_.mainclose = false;
     roles_.address_row.FocusAddress();
+}
+
+// Nothing of a user may be seen, heard or found by the next one. Dialogs that refuse to unload hide; one that
+// still works ends its work, at whose end it would show the main window.
+void SessionRoom::TakeUserAway() {
+    // From here on closing the login window ends the program.
+    session_.LoggedIn = false;
+    for (controls::Form* window : {&windows_.frmAdd, &windows_.frmAbout, &windows_.frmAddMedia,
+                                   &windows_.frmInfo, &windows_.frmSpeakerTest}) {
+        window->UnloadWindow();
+    }
+    // Messengers are told nothing where nothing was played.
+    if (roles_.playing.Status() != roles::PlayerStatus::Stopped ||
+        !base::Trim(roles_.playing.TrackCaption()).empty())
+        roles_.transport.StopAndForget();
+    roles_.player.CloseMedia();
+    windows_.frmVideo.Hide();
+    ports_.pages.ForgetVisits();
+    roles_.address_row.SetTyped("");
+    const bool multiple_users = login_.Allow_Multiple_Users;
+    login_ = {};
+    login_.Allow_Multiple_Users = multiple_users;
 }
 
 void SessionRoom::Form_Click() {

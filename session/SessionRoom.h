@@ -3,7 +3,8 @@
 // Exit: the main window is asked to unload, asks the user if pages are open, stops the player, saves, and
 // unloads every window; its own unload is the last. What cannot be saved keeps the windows up; at the next
 // try the user may end without it. An end by the system asks nothing and saves what it can. Log out saves
-// first and asks then, so a user who stays has saved already.
+// first and asks then, so a user who stays has saved already; then it takes the user's windows, pages and
+// song away.
 #pragma once
 
 #include <string_view>
@@ -12,9 +13,11 @@
 #include "controls/Form.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
+#include "ports/PageEngine.h"
 #include "roles/AddressRow.h"
 #include "roles/Highlights.h"
 #include "roles/MessengerLine.h"
+#include "roles/NowPlaying.h"
 #include "roles/PlayerSetup.h"
 #include "roles/Tabs.h"
 #include "roles/Transport.h"
@@ -47,16 +50,23 @@ struct SessionEndRoles {
     roles::Tabs& tabs;
     roles::AddressRow& address_row;
     roles::Transport& transport;
+    roles::NowPlaying& playing;
     roles::MessengerLine& messenger;
     roles::PlayerSetup& player;
     roles::Highlights& highlights;
+};
+
+struct SessionEndPorts {
+    ports::Dialogs& dialogs;
+    ports::EventLoop& events;
+    ports::PageEngine& pages;
 };
 
 class SessionRoom final {
 public:
     SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState& session, LoginState& login,
                 SettingsRoom& settings, LoginRoom& login_room, MediaKeys& keys, SessionEndRoles roles,
-                SessionStores stores, ports::Dialogs& dialogs, ports::EventLoop& events);
+                SessionStores stores, SessionEndPorts ports);
 
     /// Stores the settings and, unless the user only logs out, writes every change to its file and unloads
     /// every window. False when that failed, the user knows, and the windows stay.
@@ -80,6 +90,7 @@ private:
     bool Leave();
     bool MayEndUnsaved();
     void UnloadWindows();
+    void TakeUserAway();
 
     SessionWindows windows_;
     SessionState& session_;
@@ -89,8 +100,7 @@ private:
     MediaKeys& keys_;
     SessionEndRoles roles_;
     SessionStores stores_;
-    ports::Dialogs& dialogs_;
-    ports::EventLoop& events_;
+    SessionEndPorts ports_;
     bool closing_ = false;      // the question of the close is up, or the close is under way
     bool unloading_ = false;    // the windows go
     bool save_failed_ = false;  // the user knows that the next exit may end without saving

@@ -53,7 +53,8 @@ MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, 
       places_(BuildPlaces()),
       web_(BuildWeb()),
       session_(BuildSession(command)),
-      remote_({.transport = player_, .playing = player_.Playing()}, ActionsOfRemote(), PortsOfRemote()) {
+      remote_({.transport = player_, .playing = player_.Playing(), .LoggedIn = state_.session.LoggedIn},
+              ActionsOfRemote(), PortsOfRemote()) {
     Connect();
     claims_.Claim(windows.frmBrowser.Unload, [this](bool&) { frmBrowser_Unload(); });
 }
@@ -225,6 +226,7 @@ session::SessionRoles MainWindow::RolesOfSession() {
             .opener = web_.Opener(),
             .page = web_.Front(),
             .transport = player_,
+            .playing = player_.Playing(),
             .messenger = player_.Line(),
             .player = player_,
             .highlights = skin_};
@@ -243,8 +245,10 @@ session::Session MainWindow::BuildSession(std::string_view command) {
                              .dialogs = ports_.dialogs,
                              .events = ports_.events,
                              .clock = ports_.clock,
-                             .instance = ports_.instance},
-                            {.stores = stores_, .trouble = trouble_}, command, [this] { windows_.BringToFront(); });
+                             .instance = ports_.instance,
+                             .pages = ports_.pages},
+                            {.stores = stores_, .trouble = trouble_}, command,
+                            [this] { windows_.BringToFront(); });
 }
 
 RemoteActions MainWindow::ActionsOfRemote() {

@@ -20,6 +20,7 @@
 #include "ports/MediaControl.h"
 #include "ports/Messenger.h"
 #include "ports/NowPlaying.h"
+#include "ports/PageEngine.h"
 #include "ports/ScreenSaver.h"
 #include "ports/Windows.h"
 #include "session/Session.h"
@@ -53,6 +54,7 @@ struct Ports {
     ports::Messenger& messenger;
     ports::NowPlayingBoard& now_playing;
     ports::ScreenSaver& screen_saver;
+    ports::PageEngine& pages;
 };
 
 /// Plain data that several subjects know.

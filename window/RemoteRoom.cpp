@@ -44,7 +44,8 @@ void RemoteRoom::Look() {
 
 RemoteRoom::Glance RemoteRoom::TakeGlance() {
     return {.player = roles_.playing.Glance(),
-            .ended_by_itself = IsPlaying() && roles_.playing.Status() != roles::PlayerStatus::Playing};
+            .ended_by_itself = IsPlaying() && roles_.playing.Status() != roles::PlayerStatus::Playing,
+            .logged_in = roles_.LoggedIn};
 }
 
 ports::PlaybackStatus RemoteRoom::Status() {
@@ -68,12 +69,13 @@ ports::NowPlaying RemoteRoom::Now() {
     if (has_song) DescribeTrack(now, song);
     now.rate = std::clamp(song.speed / 100.0, ports::kSlowestRate, ports::kFastestRate);
     now.volume = player.volume;
+    is_video_ = song.is_video;
+    if (!glance_.logged_in) return now;
     now.can_play = has_song || player.has_selected_track;
     now.can_pause = has_song;
     now.can_seek = now.length > 0;
     now.can_go_next = player.has_next;
     now.can_go_previous = player.has_previous;
-    is_video_ = song.is_video;
     return now;
 }
 
@@ -90,19 +92,19 @@ void RemoteRoom::OnPlay() {
 }
 
 void RemoteRoom::OnPause() {
-    if (IsPlaying()) roles_.transport.Pause();
+    if (IsPlaying() && shown_.can_pause) roles_.transport.Pause();
 }
 
 void RemoteRoom::OnPlayPause() {
     if (IsPlaying()) {
-        roles_.transport.Pause();
+        OnPause();
     } else {
         OnPlay();
     }
 }
 
 void RemoteRoom::OnStop() {
-    if (!IsStopped()) roles_.transport.Stop();
+    if (!IsStopped() && roles_.LoggedIn) roles_.transport.Stop();
 }
 
 void RemoteRoom::OnNext() {
@@ -137,7 +139,7 @@ void RemoteRoom::SeekTo(std::int64_t position) {
 }
 
 void RemoteRoom::OnSetRate(double rate) {
-    if (!std::isfinite(rate) || rate < 0) return;
+    if (!std::isfinite(rate) || rate < 0 || !roles_.LoggedIn) return;
     if (rate > 0) {
         roles_.transport.SetSpeed(std::clamp(rate, ports::kSlowestRate, ports::kFastestRate) * 100);
     } else {
@@ -146,7 +148,7 @@ void RemoteRoom::OnSetRate(double rate) {
 }
 
 void RemoteRoom::OnSetVolume(double volume) {
-    if (!std::isnan(volume)) roles_.transport.SetVolume(std::clamp(volume, 0.0, 1.0));
+    if (!std::isnan(volume) && roles_.LoggedIn) roles_.transport.SetVolume(std::clamp(volume, 0.0, 1.0));
 }
 
 void RemoteRoom::OnRaise() {

@@ -20,6 +20,8 @@ namespace window {
 struct RemoteRoles {
     roles::Transport& transport;
     roles::NowPlaying& playing;
+    /// With nobody logged in the player is not steered from outside.
+    const bool& LoggedIn;
 };
 
 /// What the room asks of the program as a whole.
@@ -49,6 +51,7 @@ private:
     struct Glance {
         roles::PlayerGlance player;
         bool ended_by_itself = false;
+        bool logged_in = false;
 
         bool operator==(const Glance&) const = default;
     };

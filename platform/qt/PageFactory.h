@@ -20,6 +20,8 @@ public:
     /// itself. The engine belongs to the factory and lives as long as it; when the widget goes before, it
     /// does nothing more. Null when pages cannot be shown here.
     virtual ports::BrowserControl* MakePage(controls::WebBrowser& browser, QWidget* parent) = 0;
+    /// Ends every engine it made, and what their pages left in memory. No control may use one any more.
+    virtual void ForgetVisits() = 0;
 };
 
 }  // namespace qt

@@ -23,6 +23,10 @@ void Pages::Release() {
         Make(*wanted.browser, *wanted.place);
 }
 
+void Pages::ForgetVisits() {
+    if (factory_ != nullptr) factory_->ForgetVisits();
+}
+
 void Pages::Make(controls::WebBrowser& browser, QWidget& place) {
     if (browser.Engine() != nullptr) return;
     if (factory_ == nullptr && loader_) {

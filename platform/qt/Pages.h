@@ -25,6 +25,9 @@ public:
     /// From now on engines are made at once; those wanted before are made now.
     void Release();
     bool IsHeld() const { return held_; }
+    /// Ends every engine that was handed out, which no control may use any more, and what pages left in
+    /// memory.
+    void ForgetVisits();
 
 private:
     void Make(controls::WebBrowser& browser, QWidget& place);

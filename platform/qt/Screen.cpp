@@ -216,6 +216,14 @@ void Screen::CatchUpLate(const std::vector<Mirror*>& changed) {
     }
 }
 
+void Screen::ForgetVisits() {
+    for (const auto& [control, mirror] : mirrors_) {
+        if (auto* browser = dynamic_cast<controls::WebBrowser*>(&mirror->Mirrored()))
+            browser->Attach(nullptr);
+    }
+    pages_.ForgetVisits();
+}
+
 std::string Screen::DriveForm(const std::string& native_path) const {
     return options_.ToDriveForm ? options_.ToDriveForm(native_path) : native_path;
 }

@@ -18,6 +18,7 @@
 #include "platform/qt/Pages.h"
 #include "platform/qt/Pictures.h"
 #include "platform/qt/Stage.h"
+#include "ports/PageEngine.h"
 
 namespace qt {
 
@@ -30,9 +31,11 @@ struct ScreenOptions {
     std::function<std::string(const std::string&)> ToDriveForm;
     /// Loads the page engine; without one web browser controls stay blank.
     PageLoader LoadPages;
+    /// The engine's name, version and patch level; left empty, there is none.
+    std::function<std::string()> PageEngineVersion;
 };
 
-class Screen final : private Stage {
+class Screen final : public ports::PageEngine, private Stage {
 public:
     /// Needs the application object.
     Screen(Loop& loop, ScreenOptions options);
@@ -52,6 +55,11 @@ public:
     /// Makes page engines from now on, and those asked for before. It happens anyway a moment after the
     /// first paint.
     void ReleasePages() { pages_.Release(); }
+    // ports::PageEngine
+    void ForgetVisits() override;
+    std::string Version() override {
+        return options_.PageEngineVersion ? options_.PageEngineVersion() : std::string();
+    }
     /// Called once, after the first window has been painted.
     std::function<void()> AfterFirstPaint;
 

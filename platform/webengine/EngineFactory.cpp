@@ -1,5 +1,7 @@
 #include "platform/webengine/EngineFactory.h"
 
+#include <qtwebenginecoreglobal.h>
+
 #include "platform/webengine/DownloadName.h"
 
 namespace webengine {
@@ -12,6 +14,10 @@ constexpr int kMostDownloads = 8;
 
 EngineFactory::EngineFactory(PageSettings settings) : settings_(std::move(settings)) {
     RegisterMakerScheme();
+    MakeProfile();
+}
+
+void EngineFactory::MakeProfile() {
     profile_ = std::make_unique<QWebEngineProfile>();
     profile_->installUrlSchemeHandler(MakerScheme(), &maker_pages_);
     profile_->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
@@ -20,10 +26,20 @@ EngineFactory::EngineFactory(PageSettings settings) : settings_(std::move(settin
                      [this](QWebEngineDownloadRequest* download) { TakeDownload(download); });
 }
 
-// The engine wants its pages gone before their profile.
 EngineFactory::~EngineFactory() {
+    EndPages();
+}
+
+// The engine wants its pages gone before their profile.
+void EngineFactory::EndPages() {
     pages_.clear();
     profile_.reset();
+    downloads_running_ = 0;
+}
+
+void EngineFactory::ForgetVisits() {
+    EndPages();
+    MakeProfile();
 }
 
 ports::BrowserControl* EngineFactory::MakePage(controls::WebBrowser& /*browser*/, QWidget* parent) {
@@ -55,4 +71,11 @@ void EngineFactory::TakeDownload(QWebEngineDownloadRequest* download) {
 extern "C" __attribute__((visibility("default"))) qt::PageFactory* BrindlepostMakePageFactory(
     const webengine::PageSettings& settings) {
     return std::make_unique<webengine::EngineFactory>(settings).release();
+}
+
+extern "C" __attribute__((visibility("default"))) const char* BrindlepostPageEngineVersion() {
+    static const QByteArray version = QByteArray("Qt WebEngine ") + qWebEngineVersion() + ", Chromium " +
+                                      qWebEngineChromiumVersion() + ", security patches up to " +
+                                      qWebEngineChromiumSecurityPatchVersion();
+    return version.constData();
 }

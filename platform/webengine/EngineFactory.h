@@ -1,8 +1,8 @@
 // The engine's profile and its pages.
 //
 // The profile keeps nothing on the disk: several people share the program, each with a login of their own,
-// and what one of them visited must not outlast the run. It begins with the first page and ends after the
-// last.
+// and what one of them visited must not outlast the run. It begins with the first page and ends with the
+// login: the next user's pages get another one.
 #pragma once
 
 #include <QWebEngineDownloadRequest>
@@ -24,8 +24,11 @@ public:
     ~EngineFactory() override;
 
     ports::BrowserControl* MakePage(controls::WebBrowser& browser, QWidget* parent) override;
+    void ForgetVisits() override;
 
 private:
+    void MakeProfile();
+    void EndPages();
     void TakeDownload(QWebEngineDownloadRequest* download);
 
     PageSettings settings_;

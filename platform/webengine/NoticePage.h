@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QWidget>
 #include <memory>
@@ -30,9 +31,12 @@ private:
 /// A page engine without pages. It goes nowhere; the notice fills the parent.
 class NoticePage final : public QObject, public ports::BrowserControl {
 public:
-    NoticePage(const std::string& words, QWidget* parent) {
-        (new Notice(QString::fromStdString(words), parent))->show();
+    NoticePage(const std::string& words, QWidget* parent)
+        : notice_(new Notice(QString::fromStdString(words), parent)) {
+        notice_->show();
     }
+    // The notice goes with its parent, or here when it is to be forgotten before.
+    ~NoticePage() override { delete notice_.data(); }
 
     void SetListener(ports::BrowserListener* listener) override { listener_ = listener; }
     void Navigate(std::string_view address) override;
@@ -44,6 +48,7 @@ public:
     bool Busy() const override { return false; }
 
 private:
+    QPointer<Notice> notice_;
     ports::BrowserListener* listener_ = nullptr;
 };
 
@@ -51,6 +56,7 @@ class NoticeFactory final : public qt::PageFactory {
 public:
     explicit NoticeFactory(std::string words) : words_(std::move(words)) {}
     ports::BrowserControl* MakePage(controls::WebBrowser& control, QWidget* parent) override;
+    void ForgetVisits() override { pages_.clear(); }
 
 private:
     std::string words_;

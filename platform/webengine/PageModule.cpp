@@ -16,6 +16,8 @@ namespace {
 constexpr const char* kEngineFlags =
     "--disable-features=HardwareMediaKeyHandling --force-renderer-accessibility";
 
+constexpr const char* kModule = "/brindlepost_pages.so";
+
 using MakePageFactory = qt::PageFactory* (*)(const PageSettings&);
 
 /// Tries what the sandbox does first, in a process that ends at once.
@@ -66,11 +68,18 @@ std::string WhyNoPages(bool is_root, bool has_user_namespaces) {
     return {};
 }
 
+std::string EngineVersion(const std::string& folder) {
+    QLibrary module(QString::fromStdString(folder + kModule));
+    module.setLoadHints(QLibrary::PreventUnloadHint);
+    const auto version = reinterpret_cast<const char* (*)()>(module.resolve("BrindlepostPageEngineVersion"));
+    return version != nullptr ? version() : "";
+}
+
 std::unique_ptr<qt::PageFactory> LoadPages(const std::string& folder, const PageSettings& settings) {
     const std::string reason = WhyNoPages();
     if (!reason.empty()) return std::make_unique<NoticeFactory>(reason);
     SetEngineEnvironment();
-    QLibrary module(QString::fromStdString(folder + "/brindlepost_pages.so"));
+    QLibrary module(QString::fromStdString(folder + kModule));
     // The engine cannot be unloaded: threads of it run until the process ends.
     module.setLoadHints(QLibrary::PreventUnloadHint);
     const auto make = reinterpret_cast<MakePageFactory>(module.resolve("BrindlepostMakePageFactory"));

@@ -26,4 +26,9 @@ std::string WhyNoPages(bool is_root, bool has_user_namespaces);
 /// sandbox off with them. Never null: when pages cannot be shown, the factory makes notices that say why.
 std::unique_ptr<qt::PageFactory> LoadPages(const std::string& folder, const PageSettings& settings);
 
+/// Name, version and patch level of the engine whose module lies in `folder`, as "Qt WebEngine 6.4.2,
+/// Chromium
+/// ..., security patches up to ...". Loads the module and begins nothing; empty without one.
+std::string EngineVersion(const std::string& folder);
+
 }  // namespace webengine

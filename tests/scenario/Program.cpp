@@ -19,10 +19,11 @@ Program::Program(Computer& on, std::string_view command)
       windows(on.files),
       main_window(windows,
                   {on.database, on.files, on.media, places, shape, dialogs, desktop, desktop, chance,
-                   instance, messenger, board, screen_saver},
+                   instance, messenger, board, screen_saver, pages},
                   command, [this] { ended = true; }) {
     for (controls::Form* form : windows.All())
         desktop.Adopt(*form);
+    pages.OnForget = [this] { TakePagesAway(); };
 }
 
 void Program::Start() {
@@ -103,6 +104,13 @@ void Program::GiveEnginesToPagesThatShow() {
         engines_.push_back(std::make_unique<fakes::FakeBrowserControl>(computer.web));
         browsers(i).Attach(engines_.back().get());
     }
+}
+
+void Program::TakePagesAway() {
+    auto& browsers = Browser().web.tabs.Browser;
+    for (int i = 1; i < browsers.Count(); ++i)
+        browsers(i).Attach(nullptr);
+    engines_.clear();
 }
 
 std::vector<std::string> Program::BoxTexts() const {

@@ -12,6 +12,7 @@
 #include "fakes/FakeMessenger.h"
 #include "fakes/FakeNowPlayingBoard.h"
 #include "fakes/FakeScreenSaver.h"
+#include "fakes/RecordingPageEngine.h"
 #include "fakes/RecordingWindowShape.h"
 #include "scenario/Computer.h"
 #include "window/MainWindow.h"
@@ -67,10 +68,12 @@ public:
     fakes::FakeMessenger messenger;
     fakes::FakeNowPlayingBoard board;
     fakes::FakeScreenSaver screen_saver;
+    fakes::RecordingPageEngine pages;
     bool ended = false;
 
 private:
     void GiveEnginesToPagesThatShow();
+    void TakePagesAway();
 
     std::vector<std::unique_ptr<fakes::FakeBrowserControl>> engines_;
 

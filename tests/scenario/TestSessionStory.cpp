@@ -140,6 +140,62 @@ TEST_F(SessionStory, LogOutGoesBackToTheLoginAndIn) {
     EXPECT_FALSE(program->windows.login.frmLogin.Visible());
 }
 
+TEST_F(SessionStory, LogOutLeavesNothingOfTheUserToTheNext) {
+    computer.AddUser("Bob", "thorn");
+    Run();
+    program->GoTo("one.example");
+    program->LetPagesArrive();
+    program->GoTo("two.example");
+    program->Click(Browser().web.tabs.tabClose(1));
+    Browser().library.lists.lstTracks.SetListIndex(0);
+    program->DoubleClick(Browser().library.lists.lstTracks);
+    program->Click(Browser().menus.mnuPreferences);
+    program->Click(Browser().menus.mnuSoundTest);
+    Browser().web.address.txtAddress.SetText("a secret");
+    program->dialogs.Answers = {ports::BoxAnswer::Yes};
+
+    program->Click(Browser().menus.mnuLogout);
+
+    for (const controls::Form* window : program->windows.All())
+        EXPECT_EQ(window->Visible(), window == &program->windows.login.frmLogin) << window->Name();
+    EXPECT_EQ(program->pages.Forgotten, 1);
+    for (int i = 1; i < Browser().web.tabs.Browser.Count(); ++i)
+        EXPECT_EQ(Browser().web.tabs.Browser(i).Engine(), nullptr) << i;
+    EXPECT_FALSE(computer.media.IsOpen("a"));
+    EXPECT_EQ(program->board.Shown.status, ports::PlaybackStatus::Stopped);
+    EXPECT_EQ(program->board.Shown.title, "");
+    EXPECT_FALSE(program->board.Shown.can_play);
+    program->board.Listener->OnPlay();
+    program->desktop.EndHandler();
+    EXPECT_FALSE(computer.media.IsOpen("a"));
+    EXPECT_EQ(Browser().web.address.txtAddress.Text(), "");
+
+    program->LogIn("Bob", "thorn");
+    program->Wait(12'000);
+    EXPECT_TRUE(Browser().Visible());
+    EXPECT_TRUE(Browser().Enabled());
+    EXPECT_TRUE(program->board.Shown.can_play);
+    program->GoTo("one.example");
+    program->LetPagesArrive();
+    EXPECT_EQ(Browser().web.tabs.Browser(Browser().web.tabs.Browser.Count() - 1).LocationURL(),
+              "http://one.example/");
+}
+
+TEST_F(SessionStory, LogOutEndsAVideoAndItsWindow) {
+    const std::string path = computer.AddToLibrary(2, "Owls", "Flight", {}, "avi");
+    Run();
+    program->GoTo(path);
+    program->Wait(500);
+    ASSERT_TRUE(program->windows.frmVideo.Visible());
+    ASSERT_TRUE(program->screen_saver.Inhibited);
+
+    program->Click(Browser().menus.mnuLogout);
+
+    EXPECT_FALSE(program->windows.frmVideo.Visible());
+    EXPECT_FALSE(Browser().player.video.picVideo.Visible());
+    EXPECT_FALSE(program->screen_saver.Inhibited);
+}
+
 TEST_F(SessionStory, LogOutWithAnOpenTabAsksAndYesClosesTheTabs) {
     program->GoTo("one.example");
     program->dialogs.Answers = {ports::BoxAnswer::Yes};

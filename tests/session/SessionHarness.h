@@ -22,6 +22,7 @@
 #include "fakes/FakeFiles.h"
 #include "fakes/FakeInstanceLock.h"
 #include "fakes/NullPlayer.h"
+#include "fakes/RecordingPageEngine.h"
 #include "fakes/SeededStores.h"
 #include "session/ActivateForm.h"
 #include "session/ActivateRoom.h"
@@ -60,6 +61,7 @@ class Neighbours final : public roles::TrackLists,
                          public roles::AddressRow,
                          public roles::PageOpener,
                          public roles::FrontPage,
+                         public roles::NowPlaying,
                          public roles::MessengerLine,
                          public roles::Highlights,
                          public fakes::NullTransport,
@@ -136,6 +138,15 @@ public:
     void GoForward() override { Log.emplace_back("GoForward"); }
     void Refresh() override { Log.emplace_back("Refresh"); }
 
+    // roles::NowPlaying
+    roles::PlayerGlance Glance() const override { return {}; }
+    roles::PlayerStatus Status() override { return Playing; }
+    roles::CurrentSong Song() override { return {}; }
+    double Position() override { return 0; }
+    bool IsStopped() const override { return false; }
+    bool IsNoFileShown() const override { return false; }
+    std::string TrackCaption() const override { return Track; }
+
     // roles::MessengerLine
     void SetCustomText(std::string_view text) override { Note("SetCustomText ", text); }
     void SendNowPlaying() override { Log.emplace_back("SendNowPlaying"); }
@@ -149,6 +160,7 @@ public:
     void Play() override { Log.emplace_back("Play"); }
     void Pause() override { Log.emplace_back("Pause"); }
     void Stop() override { Log.emplace_back("Stop"); }
+    void StopAndForget() override { Log.emplace_back("StopAndForget"); }
     void Next() override { Log.emplace_back("Next"); }
     void Previous() override { Log.emplace_back("Previous"); }
     void ToggleMute() override { Log.emplace_back("ToggleMute"); }
@@ -185,6 +197,8 @@ public:
     bool OtherRuns = false;
     bool LockFails = false;
     bool PlayShown = true;
+    roles::PlayerStatus Playing = roles::PlayerStatus::Stopped;
+    std::string Track;
     std::function<void()> OnCommand1;
     std::function<void()> OnDisplayPlayLists;
     std::function<void()> OnSettle;
@@ -312,6 +326,7 @@ protected:
     web::WebState web;
     player::PlayerState player;
     bool& unloadme = info.unloadme;
+    fakes::RecordingPageEngine pages;
     session::StoreTroubleControls trouble_controls;
     session::StoreTroubleRoom trouble{trouble_controls, session, boxes};
     controls::EventClaims claims;
@@ -345,10 +360,9 @@ protected:
         settings,
         login_room,
         keys,
-        {near, near, near, near, near, near},
+        {near, near, near, near, near, near, near},
         {stores.Stores, trouble},
-        boxes,
-        desktop};
+        {boxes, desktop, pages}};
     session::HandOffRoom hand_off{mailbox, instance, [] {}};
     session::StartUpRoom start{start_controls,
                                {w.frmBrowser,

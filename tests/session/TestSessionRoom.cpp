@@ -363,17 +363,49 @@ TEST_F(SessionRoom, LogOutGoesBackToTheLogin) {
     EXPECT_TRUE(w.frmBrowser.IsLoaded());
     EXPECT_TRUE(activate.frmActivate.IsLoaded());
     EXPECT_TRUE(boxes.Boxes.empty());
-    EXPECT_TRUE(near.Log.empty());
+    EXPECT_FALSE(session.LoggedIn);
 }
 
-TEST_F(SessionRoom, LogOutTakesTheAddDialogAway) {
+TEST_F(SessionRoom, LogOutTakesTheUsersWindowsSongAndPagesAway) {
     LogIn();
-    w.frmAddMedia.Show();
+    const std::vector<controls::Form*> dialogs = {&w.frmAdd, &w.frmAbout, &w.frmAddMedia, &w.frmInfo,
+                                                  &w.frmSpeakerTest};
+    for (controls::Form* dialog : dialogs)
+        dialog->Show();
+    w.frmVideo.Show();
+    near.Playing = roles::PlayerStatus::Paused;
+    near.Log.clear();
 
     w.mnuLogout.Click.Raise();
 
-    EXPECT_FALSE(w.frmAddMedia.IsLoaded());
-    EXPECT_EQ(near.Log, (std::vector<std::string>{"Unload frmAddMedia"}));
+    for (const controls::Form* dialog : dialogs)
+        EXPECT_FALSE(dialog->IsLoaded()) << dialog->Name();
+    EXPECT_FALSE(w.frmVideo.Visible());
+    EXPECT_EQ(near.Log, (Texts{"Unload frmAdd", "Unload frmAbout", "Unload frmAddMedia", "Unload frmInfo",
+                               "Unload frmSpeakerTest", "StopAndForget", "CloseMedia", "SetTyped "}));
+    EXPECT_EQ(pages.Forgotten, 1);
+}
+
+TEST_F(SessionRoom, LogOutForgetsTheTitleOfAStoppedSong) {
+    LogIn();
+    near.Track = "Sun - Rise";
+
+    w.mnuLogout.Click.Raise();
+
+    EXPECT_EQ(Count(near.Log, "StopAndForget"), 1);
+}
+
+TEST_F(SessionRoom, LogOutForgetsThePasswordsOfSites) {
+    login.Allow_Multiple_Users = true;
+    LogIn();
+    ASSERT_EQ(login.HotmailP, "hp");
+
+    w.mnuLogout.Click.Raise();
+
+    for (const std::string* field : {&login.MySpaceE, &login.MySpaceP, &login.HotmailE, &login.HotmailP,
+                                     &login.FaceBookE, &login.FaceBookP})
+        EXPECT_EQ(*field, "");
+    EXPECT_TRUE(login.Allow_Multiple_Users);
 }
 
 TEST_F(SessionRoom, LogOutAsksAboutOpenTabsAndClosesThemAll) {
@@ -388,7 +420,8 @@ TEST_F(SessionRoom, LogOutAsksAboutOpenTabsAndClosesThemAll) {
     EXPECT_EQ(boxes.Boxes[0].text, "You currently have web tabs open, are you sure you want to log out?");
     EXPECT_EQ(boxes.Boxes[0].buttons, ports::BoxButtons::YesNo);
     EXPECT_EQ(boxes.Boxes[0].icon, ports::BoxIcon::None);
-    EXPECT_EQ(near.Log, (Texts{"CloseTab 1", "CloseTab 2", "CloseTab 3"}));
+    EXPECT_EQ(near.Log, (Texts{"CloseTab 1", "CloseTab 2", "CloseTab 3", "CloseMedia", "SetTyped "}));
+    EXPECT_EQ(pages.Forgotten, 1);
     EXPECT_TRUE(login_form.frmLogin.Visible());
 }
 
@@ -405,6 +438,7 @@ TEST_F(SessionRoom, ANoToTheLogOutStaysButHasSavedAlready) {
     EXPECT_FALSE(login_form.frmLogin.Visible());
     EXPECT_TRUE(near.Log.empty());
     EXPECT_TRUE(session.LoggedIn);
+    EXPECT_EQ(pages.Forgotten, 0);
 }
 
 TEST_F(SessionRoom, ALogOutSavesBeforeItAsks) {

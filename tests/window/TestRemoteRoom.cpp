@@ -84,7 +84,7 @@ struct RecordingPlayer final : roles::Transport, roles::NowPlaying {
 class RemoteRoomTest : public testing::Test {
 protected:
     RemoteRoomTest() {
-        room.emplace(window::RemoteRoles{.transport = player, .playing = player},
+        room.emplace(window::RemoteRoles{.transport = player, .playing = player, .LoggedIn = logged_in},
                      window::RemoteActions{.raise = [this] { player.Did("raise"); },
                                            .quit = [this] { player.Did("quit"); }},
                      window::RemotePorts{
@@ -104,6 +104,7 @@ protected:
     }
     ports::RemoteControl& Remote() { return *board.Listener; }
 
+    bool logged_in = true;
     RecordingPlayer player;
     fakes::FakeDesktop desktop;
     fakes::FakeNowPlayingBoard board;
@@ -445,6 +446,31 @@ TEST_F(RemoteRoomTest, TheEndOfTheRoomLeavesNobodyToAskAndNothingInhibited) {
 
     EXPECT_EQ(board.Listener, nullptr);
     EXPECT_FALSE(screen_saver.Inhibited);
+}
+
+TEST_F(RemoteRoomTest, WithNobodyLoggedInNothingIsOfferedAndNothingDone) {
+    StartSong();
+    ASSERT_TRUE(board.Shown.can_pause);
+    logged_in = false;
+    desktop.EndHandler();
+    EXPECT_FALSE(board.Shown.can_play || board.Shown.can_pause || board.Shown.can_seek ||
+                 board.Shown.can_go_next || board.Shown.can_go_previous);
+
+    Remote().OnPlay();
+    Remote().OnPause();
+    Remote().OnPlayPause();
+    Remote().OnStop();
+    Remote().OnNext();
+    Remote().OnPrevious();
+    Remote().OnSeek(kSecond);
+    Remote().OnSetPosition(board.Shown.track, kSecond);
+    Remote().OnSetRate(1.5);
+    Remote().OnSetVolume(0.5);
+    EXPECT_EQ(player.Done, Calls{});
+    Remote().OnRaise();
+    Remote().OnQuit();
+
+    EXPECT_EQ(player.Done, (Calls{"raise", "quit"}));
 }
 
 }  // namespace

@@ -29,6 +29,11 @@ public:
         Pages.push_back(std::make_unique<NullPage>());
         return Pages.back().get();
     }
+    void ForgetVisits() override {
+        ++Forgotten;
+        Pages.clear();
+    }
+    int Forgotten = 0;
     std::vector<QWidget*> Widgets;
     std::vector<std::unique_ptr<NullPage>> Pages;
 };
@@ -110,6 +115,45 @@ TEST_F(PagesTest, WithoutAnEngineTheControlStaysBlank) {
 
     EXPECT_EQ(browser_.Engine(), nullptr);
     EXPECT_EQ(loads_, 1);
+}
+
+TEST_F(PagesTest, ForgottenPagesLeaveTheirControlsAndANewAddressGetsANewEngine) {
+    qt_tests::Desk desk(options_, browser_);
+    desk.screen.ReleasePages();
+    browser_.Navigate("http://example.org/");
+    browser_.SetVisible(false);
+
+    desk.screen.ForgetVisits();
+    EXPECT_EQ(browser_.Engine(), nullptr);
+    EXPECT_EQ(browser_.LocationURL(), "");
+    EXPECT_EQ(factory_->Forgotten, 1);
+    browser_.SetVisible(true);
+    browser_.Navigate("http://example.org/2");
+
+    EXPECT_NE(browser_.Engine(), nullptr);
+    EXPECT_EQ(loads_, 1);
+    EXPECT_EQ(factory_->Pages[0]->Addresses, std::vector<std::string>{"http://example.org/2"});
+}
+
+TEST_F(PagesTest, WithoutPagesThereIsNothingToForget) {
+    qt_tests::Desk desk(options_, browser_);
+
+    desk.screen.ForgetVisits();
+
+    EXPECT_EQ(loads_, 0);
+}
+
+TEST_F(PagesTest, TheEnginesVersionIsAskedForOnlyWhenItIsWanted) {
+    int asked = 0;
+    options_.PageEngineVersion = [&asked] {
+        ++asked;
+        return std::string("Engine 1");
+    };
+    qt_tests::Desk desk(options_, browser_);
+    desk.screen.ReleasePages();
+    EXPECT_EQ(asked, 0);
+
+    EXPECT_EQ(desk.screen.Version(), "Engine 1");
 }
 
 TEST_F(PagesTest, TheControlLetsGoOfItsEngineWhenTheScreenEnds) {

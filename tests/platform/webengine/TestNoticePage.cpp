@@ -22,6 +22,17 @@ TEST(NoticePage, ItStandsInItsPlaceAndSaysWhy) {
     EXPECT_EQ(notice->Words(), "no pages here");
 }
 
+TEST(NoticePage, AForgottenOneLeavesItsPlace) {
+    QWidget window;
+    controls::WebBrowser control{"Browser"};
+    webengine::NoticeFactory factory("no pages here");
+    factory.MakePage(control, &window);
+
+    factory.ForgetVisits();
+
+    EXPECT_EQ(window.findChild<QWidget*>("notice"), nullptr);
+}
+
 TEST(NoticePage, EveryAddressFailsLater) {
     QWidget window;
     controls::WebBrowser control{"Browser"};
