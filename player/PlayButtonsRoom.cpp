@@ -34,7 +34,7 @@ PlayButtonsRoom::PlayButtonsRoom(PlayButtonControls& controls, PlayButtonMenu& m
 }
 
 void PlayButtonsRoom::Play() {
-    ShowPauseButtons();
+    rooms_.pair.ShowPause();
     if (IsAnyIn(Mode::Paused)) {
         ResumeCurrent();
     } else if (!IsAnyIn(Mode::Playing)) {
@@ -58,7 +58,7 @@ void PlayButtonsRoom::Pause() {
     mci_.MciPause(kA);
     mci_.MciPause(kB);
     rooms_.fade.StopFade();
-    ShowPlayButtons();
+    rooms_.pair.ShowPlay();
     address_.FocusAddress();
 }
 
@@ -70,10 +70,7 @@ void PlayButtonsRoom::Stop() {
     mci_.MciClose(kB);
     song_marker_.SetLeft(0);
     rooms_.video.GivePaneBack();
-    controls_.imgPlay.SetVisible(true);
-    controls_.imgPlayOver.SetVisible(false);
-    controls_.imgPause.SetVisible(false);
-    controls_.imgPauseOver.SetVisible(false);
+    rooms_.pair.ShowStopped();
     rooms_.fade.StopFade();
     rooms_.panning.SetPanningRunning(true);
     rooms_.line.SendNothingPlaying();
@@ -81,16 +78,12 @@ void PlayButtonsRoom::Stop() {
     address_.FocusAddress();
 }
 
-bool PlayButtonsRoom::IsPlayShown() const {
-    return controls_.imgPlay.Visible() || controls_.imgPlayOver.Visible();
-}
-
 void PlayButtonsRoom::lstTracks_DblClick() {
     state_.MissingTrackCount = 0;
     if (!tracks_.lstTracks.Text().empty()) {
         PlaySelectedTrack();
     } else if (IsIdle()) {
-        ShowPlayButtons();
+        rooms_.pair.ShowPlay();
     }
     rooms_.video.theresize();
 }
@@ -104,7 +97,7 @@ void PlayButtonsRoom::PlaySelectedTrack() {
     } else {
         rooms_.playback.PlaySong(entry.Text());
     }
-    ShowPauseButtons();
+    rooms_.pair.ShowPause();
 }
 
 bool PlayButtonsRoom::IsAnyIn(Mode mode) {
@@ -119,20 +112,6 @@ bool PlayButtonsRoom::IsIdle() {
         if (a == mode || b == mode) return true;
     }
     return false;
-}
-
-void PlayButtonsRoom::ShowPlayButtons() {
-    controls_.imgPlayOver.SetVisible(true);
-    controls_.imgPlay.SetVisible(true);
-    controls_.imgPauseOver.SetVisible(false);
-    controls_.imgPause.SetVisible(false);
-}
-
-void PlayButtonsRoom::ShowPauseButtons() {
-    controls_.imgPlayOver.SetVisible(false);
-    controls_.imgPlay.SetVisible(false);
-    controls_.imgPauseOver.SetVisible(true);
-    controls_.imgPause.SetVisible(true);
 }
 
 }  // namespace player

@@ -8,6 +8,7 @@
 #include "player/MessengerLine.h"
 #include "player/PanningRoom.h"
 #include "player/PlayOrder.h"
+#include "player/PlayPausePair.h"
 #include "player/PlaybackRoom.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerMenu.h"
@@ -18,6 +19,7 @@
 namespace player {
 
 struct PlayButtonRooms {
+    PlayPausePair& pair;
     PlayOrder& order;
     PlaybackRoom& playback;
     FadeRoom& fade;
@@ -38,7 +40,7 @@ public:
     /// Ends both songs and notifies the messenger.
     void Stop();
     /// The next press of a play key plays.
-    bool IsPlayShown() const;
+    bool IsPlayShown() const { return rooms_.pair.IsPlayShown(); }
 
 private:
     void lstTracks_DblClick();
@@ -47,8 +49,6 @@ private:
     bool IsIdle();
     void ResumeCurrent();
     void PlaySelectedTrack();
-    void ShowPlayButtons();
-    void ShowPauseButtons();
 
     PlayButtonControls& controls_;
     TrackListView tracks_;

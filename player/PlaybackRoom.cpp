@@ -95,7 +95,11 @@ void PlaybackRoom::StartSong(const std::string& filename) {
     PrepareVideoWindow(filename);
     if (ports_.loop.IsEnding()) return;
     rooms_.video.ShowOrHideWindow();
-    if (!OpenOnFreeAlias(filename)) state_.MissingTrackCount = missing_before;
+    if (OpenOnFreeAlias(filename)) {
+        rooms_.pair.ShowPlaying();
+    } else {
+        state_.MissingTrackCount = missing_before;
+    }
     MeasureSong();
     ShowTitle(filename);
     rooms_.line.SendNowPlaying();

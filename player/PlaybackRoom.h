@@ -19,6 +19,7 @@
 #include "player/MessengerLine.h"
 #include "player/PlayModeRoom.h"
 #include "player/PlayOrder.h"
+#include "player/PlayPausePair.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerState.h"
 #include "player/SongLookup.h"
@@ -34,6 +35,7 @@
 namespace player {
 
 struct PlaybackRooms {
+    PlayPausePair& pair;
     SongLookup& songs;
     PlayOrder& order;
     CueQueue& cue;

@@ -30,6 +30,7 @@ Player::Player(PlayerWindows windows, PlayerState& state, PlayerRoles roles, Pla
              RolesOfVideo(roles), ports.loop),
       visuals_(windows.video, windows.menu, windows.controls.video.picVideo, state, video_,
                {.layout = roles.layout, .hole = roles.hole, .favourites = roles.favourites}, ports.chance),
+      pair_(windows.controls.transport),
       playback_(windows.controls.transport, windows.controls.transport.picSongProgress, mci_, state,
                 RoomsOfPlayback(), {.history = roles.history, .start = roles.start},
                 {.files = ports.files, .dialogs = ports.dialogs, .loop = ports.loop}),
@@ -49,7 +50,8 @@ Player::Player(PlayerWindows windows, PlayerState& state, PlayerRoles roles, Pla
       playing_(windows.controls.transport, windows.tracks, mci_, state, RoomsOfPlaying()) {}
 
 PlaybackRooms Player::RoomsOfPlayback() {
-    return {.songs = songs_,
+    return {.pair = pair_,
+            .songs = songs_,
             .order = order_,
             .cue = cue_,
             .mode = mode_,
@@ -61,7 +63,8 @@ PlaybackRooms Player::RoomsOfPlayback() {
 }
 
 PlayButtonRooms Player::RoomsOfButtons() {
-    return {.order = order_,
+    return {.pair = pair_,
+            .order = order_,
             .playback = playback_,
             .fade = fade_,
             .panning = panning_,

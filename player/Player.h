@@ -13,6 +13,7 @@
 #include "player/PlayButtonsRoom.h"
 #include "player/PlayModeRoom.h"
 #include "player/PlayOrder.h"
+#include "player/PlayPausePair.h"
 #include "player/PlaybackRoom.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerMenu.h"
@@ -125,6 +126,7 @@ private:
     FadeRoom fade_;
     VideoRoom video_;
     VisualisationRoom visuals_;
+    PlayPausePair pair_;
     PlaybackRoom playback_;
     QueueRoom queue_;
     PlayButtonsRoom buttons_;

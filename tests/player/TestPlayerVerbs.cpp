@@ -82,6 +82,34 @@ TEST(PlayerVerbs, PlayIsShownUntilSomethingPlays) {
     EXPECT_TRUE(house.player.IsPlayShown());
 }
 
+TEST(PlayerVerbs, PauseIsShownWhereverTheSongWasStartedFrom) {
+    PlayerHouse house;
+    const auto& buttons = house.controls.transport;
+
+    house.player.PlaySong(house.AddSong("a.mp3"));
+
+    EXPECT_FALSE(house.player.IsPlayShown());
+    EXPECT_TRUE(buttons.imgPause.Visible());
+    EXPECT_FALSE(buttons.imgPauseOver.Visible()) << "the pointer is elsewhere";
+}
+
+TEST(PlayerVerbs, PauseIsShownAgainWithTheSongAfterAPausedOne) {
+    Playing house;
+    house.player.Pause();
+
+    house.player.PlaySong(house.AddSong("b.mp3"));
+
+    EXPECT_FALSE(house.player.IsPlayShown());
+}
+
+TEST(PlayerVerbs, PlayStaysWhenTheSongCannotBeOpened) {
+    PlayerHouse house;
+
+    house.player.PlaySong("C:\\m\\missing.mp3");
+
+    EXPECT_TRUE(house.player.IsPlayShown());
+}
+
 TEST(PlayerVerbs, TheDefaultsAreFullVolumeSoundOnAndFiveSeconds) {
     Playing house;
     house.player.SetVolume(0.3);

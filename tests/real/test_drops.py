@@ -99,6 +99,7 @@ class Dropping:
         check(self.drag(self.place_of("Address", "text"), self.one) == "taken", "the file was refused")
         wait_for("the song in the history", lambda: self.played() and "Ann - One.mp3" in self.played()[0])
         wait_for("the song in the library", lambda: "Ann - One" in self.songs())
+        wait_for("the pause button", lambda: self.eyes.shows("Pause") and not self.eyes.shows("Play"))
         check(self.cued() == [], f"{self.cued()} are cued")
 
     def fifty_files_are_cued_once_each(self):

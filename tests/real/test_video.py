@@ -132,7 +132,8 @@ class Show:
         for place in ((x + 5, y + height - 5), (x + width / 2, y + height / 2), (x + width - 5, y + height - 1),
                       (x + width / 2, y + height + 1)):
             left = self.colour(*place)
-            check(max(left) < 80, f"{left} shows through at {place}")
+            check(not near(left, BLACK, 10) and not any(near(left, colour) for colour in FIRST_FIELDS),
+                  f"{left} shows through at {place}")
         check(self.screening.video_rect() == hole, f"the video went to {self.screening.video_rect()}")
         self.screening.press("Favourites panel")
         self.see_picture("the picture after the panel opened again", "Wide")
