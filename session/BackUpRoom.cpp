@@ -1,8 +1,6 @@
 #include "session/BackUpRoom.h"
 
 #include <algorithm>
-#include <optional>
-#include <unordered_map>
 #include <utility>
 
 #include "base/DrivePath.h"
@@ -139,32 +137,47 @@ void BackUpRoom::ClearTrack() {
     controls_.txtEditTitle.SetText("");
 }
 
-// One walk finds the songs of all rows; a song that left the library adds no row.
+// A song that left the library adds no row.
 void BackUpRoom::FindEditTracks(std::string_view name) {
+    std::vector<std::string> song_ids = SongIdsOf(name);
+    if (!are_all_found_) FindSongs(song_ids);
+    if (!sources_.datSong.Open(store::kSongById)) return;
+    store::RecordSet& songs = sources_.datSong.Recordset();
+    for (const std::string& song_id : song_ids) {
+        const std::optional<store::Bookmark> song = found_songs_[song_id];
+        if (song && songs.MoveTo(*song)) addeditplaylistsong(songs);
+    }
+}
+
+std::vector<std::string> BackUpRoom::SongIdsOf(std::string_view name) {
     std::vector<std::string> song_ids;
-    std::unordered_map<std::string_view, std::optional<store::Bookmark>> first_rows;
-    if (!sources_.datPlayList.Open(store::kAllPlayListRows) || !sources_.datSong.Open(store::kSongById))
-        return;
+    if (!sources_.datPlayList.Open(store::kAllPlayListRows)) return song_ids;
     store::RecordSet& rows = sources_.datPlayList.Recordset();
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         const std::string_view song_id = rows.Text(store::tblPlayList::SongID);
-        if (!song_id.empty() && base::Trim(rows.Text(store::tblPlayList::Name)) == name)
+        if (song_id.empty()) continue;
+        if (name.empty() || base::Trim(rows.Text(store::tblPlayList::Name)) == name)
             song_ids.emplace_back(song_id);
     }
+    return song_ids;
+}
+
+// One walk finds the songs of all rows.
+void BackUpRoom::FindSongs(const std::vector<std::string>& song_ids) {
+    found_songs_.clear();
     for (const std::string& song_id : song_ids)
-        first_rows.try_emplace(song_id);
+        found_songs_.try_emplace(song_id);
+    if (!sources_.datSong.Open(store::kSongById)) return;
     store::RecordSet& songs = sources_.datSong.Recordset();
     if (songs.RecordCount() > kLongWalk) ports_.loop.ShowHourglass();
-    std::size_t missing = first_rows.size();
+    std::size_t missing = found_songs_.size();
+    std::string song_id;
     for (songs.MoveFirst(); !songs.Eof() && missing > 0; songs.MoveNext()) {
-        const auto wanted = first_rows.find(songs.Text(store::tblSong::SongID));
-        if (wanted == first_rows.end() || wanted->second) continue;
+        song_id = songs.Text(store::tblSong::SongID);
+        const auto wanted = found_songs_.find(song_id);
+        if (wanted == found_songs_.end() || wanted->second) continue;
         wanted->second = songs.CurrentBookmark();
         --missing;
-    }
-    for (const std::string& song_id : song_ids) {
-        const std::optional<store::Bookmark> song = first_rows[song_id];
-        if (song && songs.MoveTo(*song)) addeditplaylistsong(songs);
     }
 }
 
@@ -206,11 +219,14 @@ void BackUpRoom::cmdBackUp_Click() {
     const std::string folder = TakeFolder(true);
     if (folder.empty()) return;
     Notes notes;
+    FindSongs(SongIdsOf({}));
+    are_all_found_ = true;
     for (int row = 0; row < controls_.lstEditPlayList.ListCount(); ++row) {
         if (IsBuiltIn(base::Trim(controls_.lstEditPlayList.List(row)))) continue;
         controls_.lstEditPlayList.SetListIndex(row);
         BackUpFiles(folder, notes);
     }
+    are_all_found_ = false;
     if (notes.failed.empty()) StoreToday();
     Tell(notes, folder);
 }

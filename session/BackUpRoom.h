@@ -5,8 +5,10 @@
 // built-in views are no playlists: nothing is written for them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "controls/CommandButton.h"
@@ -97,6 +99,9 @@ private:
     void ClearTracks();
     void ClearTrack();
     void FindEditTracks(std::string_view name);
+    /// The songs of a play list, of all play lists for an empty name, row for row.
+    std::vector<std::string> SongIdsOf(std::string_view name);
+    void FindSongs(const std::vector<std::string>& song_ids);
     void addeditplaylistsong(store::RecordSet& songs);
     void LoadEditTracks();
     void ShowLastBackUp();
@@ -117,6 +122,9 @@ private:
     roles::TrackLists& lists_;
     BackUpPorts ports_;
     std::vector<store::Bookmark> songs_;  // of each row of the tracks, the song
+    /// Where the songs of a list are; while all lists are backed up, those of all.
+    std::unordered_map<std::string, std::optional<store::Bookmark>> found_songs_;
+    bool are_all_found_ = false;
     controls::EventClaims claims_;
 };
 

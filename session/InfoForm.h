@@ -26,7 +26,13 @@ struct InfoForm {
     controls::Frame fraOptions{"fraOptions"};
     controls::Label lblOptions{"lblOptions", "OPTIONS"};
     OptionControls options;
-    controls::Label lblFileType{"lblFileType"};  ///< what the program did about the file type
+    /// What the program does about the file type unasked (docs/decisions/file-type.md).
+    controls::Label lblFileType{
+        "lblFileType",
+        "Brindlepost makes itself your desktop's player for mp3 files (audio/mpeg) at each "
+        "start, by an entry in your applications folder and in mimeapps.list. To take it "
+        "back, choose another player in the settings of your desktop and then make "
+        "mimeapps.list read-only."};
     controls::CommandButton cmdApply{"cmdApply", "Apply"};
 
     MaintenanceControls maintenance;

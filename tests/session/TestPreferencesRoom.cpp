@@ -83,6 +83,8 @@ TEST_F(PreferencesRoom, TheCaptionsAreThese) {
     for (const auto& one : cases)
         EXPECT_EQ(one.box.Caption(), one.caption) << one.box.Name();
     EXPECT_EQ(checks.cmdNewUser.Caption(), "Create New User");
+    EXPECT_TRUE(base::Contains(info.lblFileType.Caption(), "audio/mpeg"));
+    EXPECT_TRUE(base::Contains(info.lblFileType.Caption(), "mimeapps.list read-only"));
 }
 
 TEST_F(PreferencesRoom, EveryControlOfThePanesHasItsOwnPlace) {
