@@ -25,6 +25,10 @@ bool IsPlayListFile(std::string_view path) {
     return Kind(path) == "mpl";
 }
 
+bool IsForeignPlayListFile(std::string_view path) {
+    return HasExtension(path, kForeignPlayListKinds);
+}
+
 bool IsMediaFile(std::string_view path) {
     return IsAmong(kMediaKinds, Kind(path));
 }
@@ -44,6 +48,20 @@ bool IsScanVideoFile(std::string_view path) {
 bool IsScanFile(std::string_view path) {
     const std::string kind = Kind(path);
     return IsAmong(kScanAudioKinds, kind) || IsAmong(kScanVideoKinds, kind);
+}
+
+std::string ExtensionOf(std::string_view path) {
+    const std::string_view name = path.substr(path.find_last_of("\\/") + 1);
+    const std::size_t dot = name.rfind('.');
+    return dot == std::string_view::npos ? std::string() : LCase(name.substr(dot + 1));
+}
+
+bool HasExtension(std::string_view path, std::span<const std::string_view> kinds) {
+    static constexpr std::string_view kOpenKind = "peg";
+    const std::string extension = ExtensionOf(path);
+    return std::any_of(kinds.begin(), kinds.end(), [&extension](std::string_view kind) {
+        return extension == kind || (kind == kOpenKind && EndsWith(extension, kOpenKind));
+    });
 }
 
 std::string FileNameOf(std::string_view path) {

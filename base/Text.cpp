@@ -84,22 +84,6 @@ std::size_t Skip(std::string_view text, std::size_t at, std::size_t count) {
     return at;
 }
 
-void AppendCode(std::string& out, char32_t code) {
-    const auto low = [code](unsigned shift) { return static_cast<char>(0x80U | ((code >> shift) & 0x3FU)); };
-    if (code < 0x80) {
-        out += static_cast<char>(code);
-    } else if (code < 0x800) {
-        out += static_cast<char>(0xC0U | (code >> 6U));
-        out += low(0);
-    } else if (code < 0x10000) {
-        out += static_cast<char>(0xE0U | (code >> 12U));
-        out += {low(6), low(0)};
-    } else {
-        out += static_cast<char>(0xF0U | (code >> 18U));
-        out += {low(12), low(6), low(0)};
-    }
-}
-
 char32_t LowerAscii(char32_t code) {
     return code >= 'A' && code <= 'Z' ? code + ('a' - 'A') : code;
 }
@@ -146,7 +130,7 @@ std::string MapCase(std::string_view text, Map map, MapAscii map_ascii) {
     for (std::size_t at = AppendAscii(out, text, 0, map_ascii); at < text.size();) {
         const Decoded one = Decode(text, at);
         if (one.code < kFirstBeyondUnicode) {
-            AppendCode(out, map(one.code));
+            AppendCharacter(out, map(one.code));
         } else {
             out += text[at];
         }
@@ -201,6 +185,22 @@ std::size_t EndOfSameCharacters(std::string_view left, std::string_view right) {
 }
 
 }  // namespace
+
+void AppendCharacter(std::string& out, char32_t code) {
+    const auto low = [code](unsigned shift) { return static_cast<char>(0x80U | ((code >> shift) & 0x3FU)); };
+    if (code < 0x80) {
+        out += static_cast<char>(code);
+    } else if (code < 0x800) {
+        out += static_cast<char>(0xC0U | (code >> 6U));
+        out += low(0);
+    } else if (code < 0x10000) {
+        out += static_cast<char>(0xE0U | (code >> 12U));
+        out += {low(6), low(0)};
+    } else {
+        out += static_cast<char>(0xF0U | (code >> 18U));
+        out += {low(12), low(6), low(0)};
+    }
+}
 
 std::size_t Len(std::string_view text) {
     std::size_t count = 0;
@@ -305,7 +305,7 @@ void AppendSortKey(std::string& out, std::string_view text) {
     for (std::size_t at = AppendAscii(out, text, 0, LowerAscii); at < text.size();) {
         const Decoded one = Decode(text, at);
         if (one.code < kFirstBeyondUnicode) {
-            AppendCode(out, Lower(one.code));
+            AppendCharacter(out, Lower(one.code));
         } else {
             out += {'\xff', text[at]};
         }

@@ -60,6 +60,9 @@ bool Contains(std::string_view text, std::string_view part);
 /// True when every byte belongs to valid UTF-8.
 bool IsUtf8(std::string_view text);
 
+/// Appends a character by its code point, which must be one.
+void AppendCharacter(std::string& out, char32_t code);
+
 /// The same text in UTF-16. A byte that is no valid UTF-8 becomes U+FFFD.
 std::u16string ToUtf16(std::string_view text);
 

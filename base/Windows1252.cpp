@@ -33,21 +33,6 @@ std::optional<char> ByteOf(char16_t character) {
     return static_cast<char>(kFirstMapped + (mapped - kMapped.begin()));
 }
 
-void AppendUtf8(std::string& out, char16_t character) {
-    const auto low = [character](unsigned shift) {
-        return static_cast<char>(0x80U | ((static_cast<unsigned>(character) >> shift) & 0x3FU));
-    };
-    if (character < 0x80) {
-        out += static_cast<char>(character);
-    } else if (character < 0x800) {
-        out += static_cast<char>(0xC0U | (static_cast<unsigned>(character) >> 6U));
-        out += low(0);
-    } else {
-        out += static_cast<char>(0xE0U | (static_cast<unsigned>(character) >> 12U));
-        out += {low(6), low(0)};
-    }
-}
-
 std::optional<std::string> Encoded(std::string_view text) {
     std::string bytes;
     bytes.reserve(text.size());
@@ -70,7 +55,7 @@ std::string DecodeFileText(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size());
     for (const char byte : bytes)
-        AppendUtf8(text, CharacterOf(static_cast<unsigned char>(byte)));
+        AppendCharacter(text, CharacterOf(static_cast<unsigned char>(byte)));
     return text;
 }
 

@@ -70,5 +70,31 @@ TEST(MediaKinds, TheFileNameIsWhatIsAfterTheLastSeparator) {
     EXPECT_EQ(FileNameOf(""), "");
 }
 
+TEST(MediaKinds, ListsOfOtherPlayersAreKnownByTheirWholeExtension) {
+    for (const char* path : {"C:\\a.m3u", "C:\\a.M3U8", "/home/a.b.pls", "a.Xspf"})
+        EXPECT_TRUE(IsForeignPlayListFile(path)) << path;
+    for (const char* path : {"C:\\a.mpl", "C:\\a.am3u", "C:\\m3u", "C:\\a.m3u\\b", "m3u", "", "a.m3u8x"})
+        EXPECT_FALSE(IsForeignPlayListFile(path)) << path;
+}
+
+TEST(MediaKinds, TheExtensionIsTheTextAfterTheLastDotOfTheName) {
+    EXPECT_EQ(ExtensionOf("C:\\a.b\\Song.One.MP3"), "mp3");
+    EXPECT_EQ(ExtensionOf("C:\\a.mp3\\song"), "");
+    EXPECT_EQ(ExtensionOf("C:/a.mp3/song"), "");
+    EXPECT_EQ(ExtensionOf("song."), "");
+    EXPECT_EQ(ExtensionOf(".mp3"), "mp3");
+    EXPECT_EQ(ExtensionOf(""), "");
+}
+
+TEST(MediaKinds, PegStandsForEveryExtensionThatEndsInIt) {
+    constexpr std::array<std::string_view, 2> kKinds{"mp3", "peg"};
+
+    for (const char* path : {"a.peg", "a.mpeg", "a.JPEG", "a.mp3"})
+        EXPECT_TRUE(HasExtension(path, kKinds)) << path;
+    for (const char* path : {"a.xmp3", "a.mpg", "peg", "C:\\a.b\\peg", "a"})
+        EXPECT_FALSE(HasExtension(path, kKinds)) << path;
+    EXPECT_FALSE(HasExtension("a.mpeg", std::array<std::string_view, 1>{"mp3"}));
+}
+
 }  // namespace
 }  // namespace base
