@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <iterator>
 
 namespace controls {
 
@@ -30,13 +31,18 @@ void Control::Move(double left, double top, double width, double height) {
 }
 
 void Control::BringToFront() {
-    if (parent_ != nullptr) {
-        auto& siblings = parent_->children_;
-        if (siblings.back() == this) return;
-        siblings.erase(std::find(siblings.begin(), siblings.end(), this));
-        siblings.push_back(this);
+    if (parent_ == nullptr) {
+        Report(Property::ZOrder);
+        return;
     }
+    if (!parent_->PutInFront(*this)) return;
     Report(Property::ZOrder);
+    parent_->ReportKeptInFront(*this);
+}
+
+void Control::KeepInFront(bool kept) {
+    kept_in_front_ = kept;
+    BringToFront();
 }
 
 void Control::SetFocus() {
@@ -60,11 +66,33 @@ void Container::Add(Control& child) {
     assert(&child != this);
     if (child.parent_ != nullptr) child.parent_->Remove(child);
     child.parent_ = this;
-    children_.push_back(&child);
+    children_.insert(children_.begin(), &child);
+    PutInFront(child);
     child.Report(Property::Parent);
     // A container that is being watched tells of the newcomer, which nobody watches yet.
     if (child.Observer() == nullptr && Observer() != nullptr)
         Observer()->OnPropertyChanged(child, Property::Parent);
+    ReportKeptInFront(child);
+}
+
+// Those that are kept in front are the last ones of the row.
+bool Container::PutInFront(Control& child) {
+    const auto old_place = std::find(children_.begin(), children_.end(), &child);
+    const auto old_index = old_place - children_.begin();
+    children_.erase(old_place);
+    auto place = children_.end();
+    while (!child.kept_in_front_ && place != children_.begin() && (*std::prev(place))->kept_in_front_)
+        --place;
+    place = children_.insert(place, &child);
+    return place - children_.begin() != old_index;
+}
+
+// The screen raises what came to the front over everything.
+void Container::ReportKeptInFront(const Control& over) {
+    if (over.kept_in_front_) return;
+    for (Control* child : children_) {
+        if (child->kept_in_front_) child->Report(Property::ZOrder);
+    }
 }
 
 void Container::Remove(Control& child) {

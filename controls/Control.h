@@ -136,8 +136,11 @@ public:
     const std::string& Look() const { return look_; }
     void SetLook(std::string_view look) { Assign(look_, look, Property::Colour); }
 
-    /// In front of everything else in its container.
+    /// In front of everything else in its container but what is kept in front.
     void BringToFront();
+    /// While it is kept in front, nothing of its container comes before it: neither by BringToFront nor by
+    /// being added. Brings it to the front, too.
+    void KeepInFront(bool kept);
     void SetFocus();
     void Refresh();
 
@@ -177,6 +180,7 @@ private:
     Kind kind_;
     std::string name_;
     int index_ = -1;
+    bool kept_in_front_ = false;
     bool visible_ = true;
     bool enabled_ = true;
     double left_ = 0;
@@ -208,6 +212,10 @@ public:
 private:
     friend class Control;
     void Remove(Control& child);
+    /// Puts a child before its siblings but those that are kept in front; false when it is there already.
+    bool PutInFront(Control& child);
+    /// Has those that are kept in front raised over a child.
+    void ReportKeptInFront(const Control& over);
     std::vector<Control*> children_;
 };
 

@@ -17,13 +17,17 @@ public:
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string_view caption) { Assign(caption_, caption, Property::Caption); }
     bool Checked() const { return checked_; }
-    /// Sets the check mark; no event.
-    void SetChecked(bool checked) { Assign(checked_, checked, Property::Checked); }
+    /// Sets the check mark; no Click.
+    void SetChecked(bool checked) {
+        if (Assign(checked_, checked, Property::Checked)) Change.Raise();
+    }
     bool IsSeparator() const { return caption_ == "-"; }
 
     const std::vector<Menu*>& Entries() const { return entries_; }
     /// Adds an entry at the end, or before row `at`.
     void AddEntry(Menu& entry, int at = -1);
+
+    Event<> Change;  ///< the check mark was set or taken away
 
 private:
     std::string caption_;

@@ -117,6 +117,53 @@ TEST(Container, BringingToTheFrontChangesTheOrderOnce) {
     EXPECT_EQ(screen.Told, Told{Property::ZOrder});
 }
 
+TEST(Container, WhatIsKeptInFrontStaysThereWhateverComesToTheFront) {
+    Frame window("frmBrowser");
+    Label page("page");
+    Label panel("panel");
+    Label task("task");
+    Label pane("pane");
+    window.Add(page, panel, task, pane);
+
+    panel.KeepInFront(true);
+    task.KeepInFront(true);
+    EXPECT_EQ(window.Children(), (std::vector<Control*>{&page, &pane, &panel, &task}));
+    page.BringToFront();
+    EXPECT_EQ(window.Children(), (std::vector<Control*>{&pane, &page, &panel, &task}));
+    panel.BringToFront();
+    EXPECT_EQ(window.Children(), (std::vector<Control*>{&pane, &page, &task, &panel}));
+    Label tab("tab");
+    window.Add(tab);
+    EXPECT_EQ(window.Children(), (std::vector<Control*>{&pane, &page, &tab, &task, &panel}));
+
+    panel.KeepInFront(false);
+    EXPECT_EQ(window.Children(), (std::vector<Control*>{&pane, &page, &tab, &panel, &task}));
+    task.KeepInFront(false);
+    pane.BringToFront();
+    EXPECT_EQ(window.Children(), (std::vector<Control*>{&page, &tab, &panel, &task, &pane}));
+}
+
+TEST(Container, TheScreenRaisesWhatIsKeptInFrontOverWhatCame) {
+    Frame window("frmBrowser");
+    Label page("page");
+    Label pane("pane");
+    Label task("task");
+    window.Add(page, pane, task);
+    task.KeepInFront(true);
+    RecordingObserver screen;
+    page.SetObserver(&screen);
+    task.SetObserver(&screen);
+
+    page.BringToFront();
+    page.BringToFront();
+
+    EXPECT_EQ(screen.Told, (Told{Property::ZOrder, Property::ZOrder}));
+    screen.Told.clear();
+    Label tab("tab");
+    window.Add(tab);
+    EXPECT_EQ(screen.Told, Told{Property::ZOrder});
+}
+
 TEST(Container, AControlStandsInOneContainerOnly) {
     Frame one("fraOne");
     Frame other("fraOther");

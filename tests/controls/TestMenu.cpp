@@ -47,6 +47,19 @@ TEST(Menu, CheckingRaisesNothing) {
     EXPECT_EQ(clicks, 0);
 }
 
+TEST(Menu, AChangedCheckMarkIsToldOnce) {
+    Menu shuffle("mnuShuffle", "Shuffle");
+    EventClaims claims;
+    int changes = 0;
+    claims.Claim(shuffle.Change, [&changes] { ++changes; });
+
+    shuffle.SetChecked(true);
+    shuffle.SetChecked(true);
+    shuffle.SetChecked(false);
+
+    EXPECT_EQ(changes, 2);
+}
+
 TEST(Menu, AHyphenIsASeparator) {
     EXPECT_TRUE(Menu("mnuBar1", "-").IsSeparator());
     EXPECT_FALSE(Menu("mnuOpen", "Open").IsSeparator());

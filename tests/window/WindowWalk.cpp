@@ -70,6 +70,7 @@ Names ClaimedEvents(const Control& control) {
     NoteChange<controls::Label>(control, claimed);
     NoteChange<controls::TextBox>(control, claimed);
     NoteChange<controls::ComboBox>(control, claimed);
+    NoteChange<controls::Menu>(control, claimed);
     NoteChange<controls::DriveListBox>(control, claimed);
     NoteChange<controls::DirListBox>(control, claimed);
     Note(control.KeyDown, "KeyDown", claimed);
