@@ -16,9 +16,9 @@ constexpr std::string_view kNoneFound = "None Found";
 constexpr int kTicksBeforeSearch = 5;
 constexpr std::size_t kRowsBetweenProgress = 100;
 
-// A path as it stands in a list of paths.
-std::string OnOneLine(std::string_view path) {
-    return base::Replace(base::WithoutStandIns(path), "\n", " ");
+// A path as it is in a list of paths to read.
+std::string OnOneLine(const std::string& shown_path) {
+    return base::Replace(shown_path, "\n", " ");
 }
 
 }  // namespace
@@ -257,7 +257,7 @@ void AddMediaRoom::addfile(std::string_view path, std::string_view artist, std::
     store::RecordSet& songs = form_.datAdd.Recordset();
     if (!AddNewWithKey(songs, store::tblSong::SongID, form_.lblEntryCount)) return;
     if (!FitsLibrary(path, *name)) {
-        rejected.append(OnOneLine(path)).append("\r\n");
+        rejected.append(path).append("\r\n");
         songs.CancelUpdate();
         return;
     }
@@ -275,7 +275,10 @@ void AddMediaRoom::ShowProgress(std::size_t added, std::size_t total) {
 
 void AddMediaRoom::ShowRejected(const std::string& rejected) {
     if (rejected.empty()) return;
-    ports_.dialogs.MsgBox("The following files could not be added because of long filenames\r\n" + rejected);
+    std::string text = "The following files could not be added because of long filenames\r\n";
+    for (const std::string& path : base::Split(rejected, "\r\n"))
+        if (!path.empty()) text += OnOneLine(ports_.files.DisplayPath(path)) + "\r\n";
+    ports_.dialogs.MsgBox(text);
 }
 
 }  // namespace library

@@ -28,24 +28,44 @@ void MediaWalk::Search(std::string_view start_folder) {
     total_files_ = 0;
     unreadable_folders_ = 0;
     levels_.clear();
+    links_.clear();
     const std::string folder(start_folder);
-    const std::vector<std::string> sub_folders = Visit(folder, 1);
-    if (!IsCancelled() && MaySearchSubFolders()) SearchSubFolders(folder, sub_folders, 2);
+    const ports::FolderListing inside = Visit(folder, 1);
+    if (IsCancelled() || !MaySearchSubFolders()) return;
+    SearchSubFolders(folder, inside, 2);
+    SearchLinks();
 }
 
-void MediaWalk::SearchSubFolders(const std::string& folder, const std::vector<std::string>& names,
-                                 int level) {
-    for (const std::string& name : names) {
+void MediaWalk::SearchSubFolders(const std::string& folder, const ports::FolderListing& inside, int level) {
+    auto next_link = inside.Links.begin();
+    for (const std::string& name : inside.SubFolders) {
         if (IsCancelled()) return;
         const std::string sub_folder = files_.BuildPath(folder, name);
-        const std::vector<std::string> inside = Visit(sub_folder, level);
-        if (level < kLevels) SearchSubFolders(sub_folder, inside, level + 1);
-        if (!IsCancelled()) loop_.Yield();
+        if (next_link != inside.Links.end() && *next_link == name) {
+            links_.push_back({sub_folder, level});
+            ++next_link;
+        } else {
+            SearchFolder(sub_folder, level);
+        }
     }
 }
 
-// The sub folders that are still to be searched.
-std::vector<std::string> MediaWalk::Visit(const std::string& folder, int level) {
+void MediaWalk::SearchFolder(const std::string& folder, int level) {
+    const ports::FolderListing inside = Visit(folder, level);
+    if (level < kLevels) SearchSubFolders(folder, inside, level + 1);
+    if (!IsCancelled()) loop_.Yield();
+}
+
+// More of them may come up on the way.
+void MediaWalk::SearchLinks() {
+    for (std::size_t i = 0; i < links_.size() && !IsCancelled(); ++i) {
+        const Link link = links_[i];
+        SearchFolder(link.folder, link.level);
+    }
+}
+
+// What is in the folder, as far as it is still to be searched.
+ports::FolderListing MediaWalk::Visit(const std::string& folder, int level) {
     std::optional<ports::FolderListing> listing =
         files_.ListFolder(folder, [this] { return YieldAndGoOn(); });
     if (!listing) {
@@ -56,9 +76,9 @@ std::vector<std::string> MediaWalk::Visit(const std::string& folder, int level) 
     if (!is_new && met->second <= level) return {};
     met->second = level;
     if (listing->Files.size() + listing->SubFolders.size() < 1) return {};
-    controls_.lblDirectory.SetCaption(folder);
+    controls_.lblDirectory.SetCaption(files_.DisplayPath(folder));
     if (is_new) GetFiles(folder, listing->Files);
-    return std::move(listing->SubFolders);
+    return *std::move(listing);
 }
 
 void MediaWalk::GetFiles(std::string_view folder, const std::vector<std::string>& names) {

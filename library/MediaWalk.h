@@ -6,6 +6,7 @@
 //
 // A folder that links lead to on several ways gives its files once, so that a web of links has an end. It is
 // searched again only when it is met on a level nearer to the start, from where the walk reaches deeper.
+// Links are followed last: a folder that has a way without them gives its files under that one.
 #pragma once
 
 #include <cstdint>
@@ -50,8 +51,16 @@ public:
     int UnreadableFolders() const { return unreadable_folders_; }
 
 private:
-    void SearchSubFolders(const std::string& folder, const std::vector<std::string>& names, int level);
-    std::vector<std::string> Visit(const std::string& folder, int level);
+    /// A folder still to be searched.
+    struct Link {
+        std::string folder;
+        int level;
+    };
+
+    void SearchSubFolders(const std::string& folder, const ports::FolderListing& inside, int level);
+    void SearchFolder(const std::string& folder, int level);
+    void SearchLinks();
+    ports::FolderListing Visit(const std::string& folder, int level);
     void GetFiles(std::string_view folder, const std::vector<std::string>& names);
     void AddFile(std::string_view folder, std::string_view name);
     bool IsWanted(std::string_view file) const;
@@ -65,6 +74,7 @@ private:
     ports::Dialogs& dialogs_;
     ports::EventLoop& loop_;
     std::map<ports::FolderIdentity, int> levels_;  // the level each folder was met on
+    std::vector<Link> links_;
     std::int64_t total_files_ = 0;
     int unreadable_folders_ = 0;
     bool cancelled_ = false;

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "base/DrivePath.h"
+#include "base/FileAddress.h"
 
 namespace ports {
 
@@ -50,6 +51,7 @@ struct FolderIdentity {
 struct FolderListing {
     std::vector<std::string> Files;
     std::vector<std::string> SubFolders;
+    std::vector<std::string> Links;  ///< those of the sub folders that are links, in the same order
     FolderIdentity Identity;
 };
 
@@ -112,6 +114,11 @@ public:
     /// The drive path of a native path that begins at the root; any other text as it is. For the borders
     /// where the user or the shell gives a path.
     virtual std::string FromNative(std::string_view native_path) const = 0;
+    /// The drive path of what names a file in any way: as FromNative, and for a "file:" address.
+    std::string LocalPath(std::string_view path_or_address) const {
+        const std::optional<std::string> path = base::PathOfFileAddress(path_or_address);
+        return FromNative(path ? *path : path_or_address);
+    }
     /// A path as the user knows it: the native form, in UTF-8 whatever its bytes are. What names nothing
     /// stays.
     std::string DisplayPath(std::string_view path) const {

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include <memory>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -15,7 +16,7 @@
 namespace linux {
 namespace {
 
-enum class EntryKind { File, Folder, Neither };
+enum class EntryKind { File, Folder, FolderLink, Neither };
 
 struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
@@ -51,7 +52,8 @@ EntryKind KindOfLink(int folder, const char* name, const std::string& native_pat
     if (!S_ISDIR(status.st_mode)) return EntryKind::Neither;
     struct stat link {};
     const bool is_link = ::fstatat(folder, name, &link, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(link.st_mode);
-    return is_link && IsOnTheWay(status, native_path) ? EntryKind::Neither : EntryKind::Folder;
+    if (!is_link) return EntryKind::Folder;
+    return IsOnTheWay(status, native_path) ? EntryKind::Neither : EntryKind::FolderLink;
 }
 
 EntryKind KindOf(int folder, const dirent& entry, const std::string& native_path) {
@@ -90,13 +92,21 @@ public:
         std::optional<std::vector<std::string>> files = files_.Sorted(pace_);
         std::optional<std::vector<std::string>> sub_folders = sub_folders_.Sorted(pace_);
         if (!files || !sub_folders) return std::nullopt;
-        return ports::FolderListing{std::move(*files), std::move(*sub_folders), {}};
+        ports::FolderListing listing;
+        for (const std::string& name : *sub_folders)
+            if (links_.contains(name)) listing.Links.push_back(name);
+        listing.Files = std::move(*files);
+        listing.SubFolders = std::move(*sub_folders);
+        return listing;
     }
 
 private:
     void Take(int folder, const dirent& entry, const std::string& native_path) {
         const EntryKind kind = KindOf(folder, entry, native_path);
-        if (kind == EntryKind::Folder) sub_folders_.Add(base::NameToText(entry.d_name));
+        if (kind == EntryKind::Folder || kind == EntryKind::FolderLink) {
+            sub_folders_.Add(base::NameToText(entry.d_name));
+        }
+        if (kind == EntryKind::FolderLink) links_.insert(base::NameToText(entry.d_name));
         if (kind == EntryKind::File && MayBeRead(folder, entry.d_name)) {
             files_.Add(base::NameToText(entry.d_name));
         }
@@ -105,6 +115,7 @@ private:
     Pace pace_;
     NameSorter files_;
     NameSorter sub_folders_;
+    std::set<std::string> links_;
 };
 
 ports::FolderIdentity IdentityOf(DIR* folder) {

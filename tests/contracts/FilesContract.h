@@ -118,6 +118,7 @@ TEST_P(FilesContract, AFolderListsItsFilesAndFoldersInOrder) {
     ASSERT_TRUE(listing.has_value());
     EXPECT_EQ(listing->Files, (std::vector<std::string>{"A.mp3", "b.mp3", "c.txt"}));
     EXPECT_EQ(listing->SubFolders, (std::vector<std::string>{"apes", "Zoo"}));
+    EXPECT_TRUE(listing->Links.empty());
 }
 
 TEST_P(FilesContract, AnEmptyFolderListsNothing) {

@@ -128,10 +128,12 @@ std::optional<ports::FolderListing> FakeFiles::ListFolder(std::string_view path,
         if (!node.is_folder && !node.readable) continue;
         auto& names = node.is_folder ? listing.SubFolders : listing.Files;
         names.push_back(base::NameToText(std::string_view(name).substr(name.rfind('/') + 1)));
+        if (!node.leads_to.empty()) listing.Links.push_back(names.back());
         if (names.size() % kNamesBetweenQuestions == 0 && may_go_on && !may_go_on()) return std::nullopt;
     }
     Sort(listing.Files);
     Sort(listing.SubFolders);
+    Sort(listing.Links);
     listing.Identity = {1, std::hash<std::string>()(key)};
     return listing;
 }

@@ -90,7 +90,9 @@ TEST_F(AddMediaAddingTest, RefusedFilesAreNamedInOneBox) {
 
     ASSERT_EQ(Dialogs.Boxes.size(), 1U);
     EXPECT_EQ(Dialogs.Boxes[0].text, "The following files could not be added because of long filenames\r\n" +
-                                         long_title + "\r\n" + long_artist + "\r\n");
+                                         Files.DisplayPath(long_title) + "\r\n" +
+                                         Files.DisplayPath(long_artist) + "\r\n");
+    EXPECT_EQ(Files.DisplayPath(long_title).front(), '/');
     EXPECT_EQ(Dialogs.Boxes[0].icon, ports::BoxIcon::None);
     EXPECT_EQ(Songs(), (SongRows{{"1", "Unknown", "Fine", "C:\\Music\\fine.mp3", ""}}));
 }
@@ -263,10 +265,9 @@ TEST_F(AddMediaAddingTest, ARefusedPathStandsOnOneLineAndReadable) {
     ClickAddAll();
 
     ASSERT_EQ(Dialogs.Boxes.size(), 1U);
-    EXPECT_EQ(
-        Dialogs.Boxes[0].text,
-        "The following files could not be added because of long filenames\r\nC:\\Music\\Bj\u00f6rk live " +
-            std::string(80, 'x') + ".mp3\r\n");
+    EXPECT_EQ(Dialogs.Boxes[0].text,
+              "The following files could not be added because of long filenames\r\n/Music/Bj\u00f6rk live " +
+                  std::string(80, 'x') + ".mp3\r\n");
 }
 
 TEST_F(AddMediaAddingTest, AFileHandedOverMeanwhileGetsAKeyOfItsOwn) {

@@ -103,7 +103,7 @@ TEST_F(AddMediaSearchTest, ThePanelAndTheFolderShowWhileTheWalkRuns) {
     Search("C:\\Music");
 
     EXPECT_TRUE(panel);
-    EXPECT_EQ(directory, "C:\\Music\\Album");
+    EXPECT_EQ(directory, "/Music/Album");
 }
 
 TEST_F(AddMediaSearchTest, CancelEndsTheWalkAndKeepsWhatItFound) {

@@ -49,7 +49,7 @@ TEST_F(MediaWalkTest, FifteenLevelsAreSearchedAndTheSixteenthIsNot) {
 
     ASSERT_EQ(lstFiles.ListCount(), 15);
     EXPECT_EQ(lstFiles.List(14), FolderAtLevel(15) + "\\song.mp3");
-    EXPECT_EQ(lblDirectory.Caption(), FolderAtLevel(15));
+    EXPECT_EQ(lblDirectory.Caption(), Files.DisplayPath(FolderAtLevel(15)));
 }
 
 TEST_F(MediaWalkTest, EveryBranchIsSearchedBeforeTheNextOne) {
@@ -70,7 +70,7 @@ TEST_F(MediaWalkTest, AFolderWithNothingInItIsNotShown) {
 
     Walk.Search("C:\\Music");
 
-    EXPECT_EQ(lblDirectory.Caption(), "C:\\Music\\Album");
+    EXPECT_EQ(lblDirectory.Caption(), "/Music/Album");
 }
 
 TEST_F(MediaWalkTest, AnEmptyStartFolderIsNotShown) {
@@ -87,7 +87,7 @@ TEST_F(MediaWalkTest, AFolderThatHoldsOnlyFoldersIsShown) {
 
     Walk.Search("C:\\Music");
 
-    EXPECT_EQ(lblDirectory.Caption(), "C:\\Music");
+    EXPECT_EQ(lblDirectory.Caption(), "/Music");
 }
 
 TEST_F(MediaWalkTest, ThePreferenceSearchesSubFoldersWithoutAQuestion) {
@@ -282,13 +282,28 @@ TEST_F(MediaWalkTest, AFolderThatALinkShowedFarFromTheStartIsSearchedWholeFromNe
     Files.AddFile(FolderAtLevel(14) + "\\deep.mp3");
     Files.AddFile("C:\\1\\Near\\Below\\Bottom\\song.mp3");
     Files.AddFile("C:\\1\\Near\\near.mp3");
-    Files.AddLink(FolderAtLevel(14) + "\\link", "C:\\1\\Near");
+    Files.AddLink(FolderAtLevel(14) + "\\link", "C:\\Far");
+    Files.AddLink("C:\\1\\Near\\link", "C:\\Far");
+    Files.AddFile("C:\\Far\\Below\\far.mp3");
+    Files.AddFile("C:\\Far\\first.mp3");
 
     Walk.Search("C:\\1");
 
     EXPECT_EQ(RowsOf(lstFiles),
-              (Rows{FolderAtLevel(14) + "\\deep.mp3", FolderAtLevel(14) + "\\link\\near.mp3",
-                    "C:\\1\\Near\\Below\\Bottom\\song.mp3"}));
+              (Rows{FolderAtLevel(14) + "\\deep.mp3", "C:\\1\\Near\\near.mp3",
+                    "C:\\1\\Near\\Below\\Bottom\\song.mp3", FolderAtLevel(14) + "\\link\\first.mp3",
+                    "C:\\1\\Near\\link\\Below\\far.mp3"}));
+}
+
+TEST_F(MediaWalkTest, ARealFolderWinsOverALinkThatIsMetBeforeIt) {
+    Files.AddFile("C:\\srv\\Music\\song.mp3");
+    Files.AddFile("C:\\srv\\Music\\Album\\track.mp3");
+    Files.AddLink("C:\\proc\\7\\cwd", "C:\\srv\\Music");
+    Files.AddLink("C:\\home\\a\\Music", "C:\\srv\\Music\\Album");
+
+    Walk.Search("C:\\");
+
+    EXPECT_EQ(RowsOf(lstFiles), (Rows{"C:\\srv\\Music\\song.mp3", "C:\\srv\\Music\\Album\\track.mp3"}));
 }
 
 TEST_F(MediaWalkTest, OddNamesAreFoundWhateverTheirBytesAre) {

@@ -110,6 +110,21 @@ TEST_F(LinuxFilesTest, ALinkBackToAFolderAboveIsLeftOut) {
 
     ASSERT_TRUE(listing.has_value());
     EXPECT_EQ(listing->SubFolders, (Names{"aside"}));
+    EXPECT_EQ(listing->Links, (Names{"aside"}));
+}
+
+TEST_F(LinuxFilesTest, LinksAreToldFromFoldersInTheirOrder) {
+    folder_.Make("a/b");
+    folder_.Make("other");
+    folder_.Link("../other", "a/Z");
+    folder_.Link("../other", "a/c");
+    folder_.Link("../other", "a/A");
+
+    const auto listing = files_.ListFolder(In("a"));
+
+    ASSERT_TRUE(listing.has_value());
+    EXPECT_EQ(listing->SubFolders, (Names{"A", "b", "c", "Z"}));
+    EXPECT_EQ(listing->Links, (Names{"A", "c", "Z"}));
 }
 
 TEST_F(LinuxFilesTest, TwoFoldersLinkedToEachOtherAreWalkedOnce) {
