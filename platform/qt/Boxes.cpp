@@ -5,8 +5,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -19,6 +19,8 @@ namespace {
 constexpr int kMargin = 20;
 constexpr int kTextWidth = 420;
 constexpr int kTextHeight = 320;
+/// Characters; longer texts scroll, whatever their lines are.
+constexpr int kLongestShortText = 2'000;
 constexpr int kButtonWidth = 88;
 constexpr int kButtonHeight = 28;
 
@@ -69,14 +71,9 @@ public:
         auto* row = new QHBoxLayout;
         row->setSpacing(16);
         if (icon != ports::BoxIcon::None) row->addWidget(new IconView(icon, this), 0, Qt::AlignTop);
-        auto* label = new QLabel(text, this);
-        label->setObjectName(QStringLiteral("text"));
-        label->setTextFormat(Qt::PlainText);
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        label->setFocusPolicy(Qt::NoFocus);
-        row->addWidget(Fitted(label), 1, Qt::AlignVCenter);
+        row->addWidget(IsLong(text) ? LongText(text) : ShortText(text), 1, Qt::AlignVCenter);
         rows_->addLayout(row);
-        setAccessibleDescription(text);
+        setAccessibleDescription(text.left(kLongestShortText));
     }
 
     QLineEdit* AddInput(const QString& prompt, const QString& text) {
@@ -108,22 +105,41 @@ public:
     }
 
 private:
-    /// A long line wraps, a long text scrolls.
-    QWidget* Fitted(QLabel* label) {
+    /// Too long for a label. A text of many lines is not measured: it may have a hundred thousand.
+    bool IsLong(const QString& text) const {
+        if (text.size() > kLongestShortText) return true;
+        const QRect most(0, 0, kTextWidth, 0);
+        return fontMetrics().boundingRect(most, Qt::TextWordWrap, text).height() > kTextHeight;
+    }
+
+    /// A long line wraps.
+    QWidget* ShortText(const QString& text) {
+        auto* label = new QLabel(text, this);
+        label->setObjectName(QStringLiteral("text"));
+        label->setTextFormat(Qt::PlainText);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        label->setFocusPolicy(Qt::NoFocus);
         if (label->sizeHint().width() > kTextWidth) {
             label->setWordWrap(true);
             label->setFixedWidth(kTextWidth);
         }
-        const int height =
-            label->hasHeightForWidth() ? label->heightForWidth(kTextWidth) : label->sizeHint().height();
-        if (height <= kTextHeight) return label;
-        auto* area = new QScrollArea(this);
-        area->setFrameShape(QFrame::NoFrame);
-        area->setWidget(label);
-        area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        area->setFixedSize(kTextWidth + 20, kTextHeight);
-        label->adjustSize();
-        return area;
+        return label;
+    }
+
+    /// A text that scrolls, and can be selected and copied with mouse and keyboard.
+    QWidget* LongText(const QString& text) {
+        auto* view = new QPlainTextEdit(this);
+        view->setObjectName(QStringLiteral("text"));
+        view->setAccessibleName(QStringLiteral("Message"));
+        view->setReadOnly(true);
+        view->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+        view->setUndoRedoEnabled(false);
+        view->setTabChangesFocus(true);
+        view->setFrameShape(QFrame::NoFrame);
+        view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view->setFixedSize(kTextWidth + 20, kTextHeight);
+        view->setPlainText(text);
+        return view;
     }
 
     QVBoxLayout* rows_;

@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -95,6 +99,53 @@ TEST_F(BoxesTest, ALongTextScrollsAndTheBoxStaysOnTheScreen) {
 
     EXPECT_GT(height, 100);
     EXPECT_LT(height, 500);
+}
+
+TEST_F(BoxesTest, ALongTextIsScrolledAndCopiedWithTheKeyboard) {
+    std::string text = "The following songs could not be added:\r\n";
+    for (int i = 1; i <= 500; ++i)
+        text += "Artist - Title " + std::to_string(i) + "\r\n";
+    QString copied;
+    bool scrolled = false;
+    WhenOpen([&](QDialog& box) {
+        auto* view = box.findChild<QPlainTextEdit*>("text");
+        ASSERT_NE(view, nullptr);
+        EXPECT_TRUE(view->isReadOnly());
+        view->setFocus();
+        QTest::keyClick(view, Qt::Key_End, Qt::ControlModifier);
+        scrolled = view->verticalScrollBar()->value() > 0;
+        QTest::keyClick(view, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+        copied = QApplication::clipboard()->text();
+        QTest::keyClick(view, Qt::Key_X);
+        EXPECT_EQ(view->toPlainText(), copied);
+        QTest::keyClick(view, Qt::Key_Return);
+    });
+
+    const ports::BoxAnswer answer = Boxes().MsgBox(text);
+
+    EXPECT_EQ(answer, ports::BoxAnswer::Ok);
+    EXPECT_TRUE(scrolled);
+    EXPECT_TRUE(copied.startsWith("The following songs could not be added:\nArtist - Title 1\n"));
+    EXPECT_TRUE(copied.endsWith("Artist - Title 500\n"));
+}
+
+TEST_F(BoxesTest, AHundredThousandLinesDoNotKeepTheBoxWaiting) {
+    std::string text;
+    for (int i = 1; i <= 100'000; ++i)
+        text += "Some artist with a name - Some title of a song " + std::to_string(i) + "\r\n";
+    QElapsedTimer timer;
+    qint64 opened = -1;
+    WhenOpen([&](QDialog& box) {
+        opened = timer.elapsed();
+        box.accept();
+    });
+    timer.start();
+
+    Boxes().MsgBox(text);
+
+    EXPECT_GE(opened, 0);
+    EXPECT_LT(opened, 10'000);
 }
 
 TEST_F(BoxesTest, AnInputBoxGivesWhatWasTyped) {
