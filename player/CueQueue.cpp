@@ -1,11 +1,22 @@
 #include "player/CueQueue.h"
 
+#include "base/DrivePath.h"
+#include "base/MediaKinds.h"
 #include "base/Text.h"
 
 namespace player {
 
-CueQueue::CueQueue(CueControls& controls, const controls::Label& quote, CueState& state)
-    : controls_(controls), quote_(quote), state_(state) {}
+namespace {
+
+std::string TextOfFile(std::string_view path) {
+    const std::string name = base::WithoutStandIns(base::FileNameOf(path));
+    return name.substr(0, name.rfind('.'));
+}
+
+}  // namespace
+
+CueQueue::CueQueue(CueControls& controls, const controls::Label& quote, SongLookup& songs, CueState& state)
+    : controls_(controls), quote_(quote), songs_(songs), state_(state) {}
 
 /// Only a file that becomes the head makes the head a path: songs that wait before it are played as they were
 /// cued.
@@ -21,6 +32,14 @@ void CueQueue::Add(std::string_view text, std::string_view entry) {
     controls_.lstCuedSongs.AddItem(text);
     controls_.lstCuedSongsPath.AddItem(entry);
     state_.CueHeadIsId = true;
+}
+
+void CueQueue::AddPath(std::string_view path) {
+    if (const std::optional<SongLookup::Song> song = songs_.SongAt(path)) {
+        Add(song->artist + " - " + song->title, song->id);
+    } else {
+        CueFile(path, TextOfFile(path));
+    }
 }
 
 std::string CueQueue::TakePath() {

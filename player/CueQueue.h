@@ -11,13 +11,14 @@
 #include "controls/Label.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerState.h"
+#include "player/SongLookup.h"
 #include "roles/CueList.h"
 
 namespace player {
 
 class CueQueue final : public roles::CueList {
 public:
-    CueQueue(CueControls& controls, const controls::Label& quote, CueState& state);
+    CueQueue(CueControls& controls, const controls::Label& quote, SongLookup& songs, CueState& state);
 
     int SongCount() const override { return controls_.lstCuedSongs.ListCount(); }
     int PathCount() const override { return controls_.lstCuedSongsPath.ListCount(); }
@@ -30,6 +31,9 @@ public:
 
     /// Adds a song with the text to show and its entry, a number or a path.
     void Add(std::string_view text, std::string_view entry);
+    /// Adds a file at the end: as the song of the library that has this path, with its number, or else under
+    /// its file name without the extension, as a path.
+    void AddPath(std::string_view path);
     /// Takes the head off: its path, without quotes. The next head counts as a number when it is shorter
     /// than 7.
     std::string TakePath();
@@ -50,6 +54,7 @@ private:
 
     CueControls& controls_;
     const controls::Label& quote_;
+    SongLookup& songs_;
     CueState& state_;
 };
 

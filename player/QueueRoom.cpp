@@ -1,7 +1,10 @@
 #include "player/QueueRoom.h"
 
+#include <array>
 #include <string>
+#include <string_view>
 
+#include "base/MediaKinds.h"
 #include "base/Number.h"
 #include "controls/Arrange.h"
 
@@ -11,6 +14,10 @@ namespace {
 
 /// A cued entry with a smaller value is a song number. Its value counts here, not its length.
 constexpr double kFirstPathValue = 8;
+
+/// Extensions of files that are cued when they are dropped on the list.
+constexpr std::array<std::string_view, 10> kDroppedKinds{"mpg", "mpeg", "mp3", "mid",  "wav",
+                                                         "wma", "wmv",  "avi", "midi", "peg"};
 
 }  // namespace
 
@@ -23,6 +30,8 @@ QueueRoom::QueueRoom(CueControls& controls, CueMenu& menu, TrackListView tracks,
       address_(address),
       highlights_(highlights) {
     claims_.Claim(controls_.lstCuedSongs.DblClick, [this] { lstCuedSongs_DblClick(); });
+    claims_.Claim(controls_.lstCuedSongs.OLEDragDrop,
+                  [this](const controls::DropData& data, double, double) { lstCuedSongs_OLEDragDrop(data); });
     claims_.Claim(controls_.lstCuedSongs.MouseMove, [this] { highlights_.NoMouseOvers(); });
     ClaimTwin(claims_, controls_.imgCueSong, controls_.imgCueSongOver);
     claims_.Claim(controls_.imgCueSongOver.Click, [this] { imgCueSongOver_Click(); });
@@ -58,6 +67,11 @@ void QueueRoom::lstCuedSongs_DblClick() {
         playback_.PlaySong(entry);
     }
     cue_.RemoveSelectedRow();
+}
+
+void QueueRoom::lstCuedSongs_OLEDragDrop(const controls::DropData& data) {
+    for (const std::string& path : data.Files)
+        if (base::HasExtension(path, kDroppedKinds)) cue_.AddPath(path);
 }
 
 }  // namespace player

@@ -1,4 +1,4 @@
-// Cueing and uncueing songs, and the double click on a cued one.
+// Cueing and uncueing songs, the double click on a cued one, and files dropped among them.
 #pragma once
 
 #include "controls/Event.h"
@@ -20,6 +20,7 @@ private:
     void imgCueSongOver_Click();
     void imgUnCueOver_Click();
     void lstCuedSongs_DblClick();
+    void lstCuedSongs_OLEDragDrop(const controls::DropData& data);
 
     CueControls& controls_;
     TrackListView tracks_;

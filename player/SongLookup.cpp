@@ -19,6 +19,15 @@ std::string SongLookup::PathOfEntry(const base::SongEntry& entry) {
     return store::SongPathFromId(songs_, base::ToText(entry.SongId()));
 }
 
+std::optional<SongLookup::Song> SongLookup::SongAt(std::string_view path) {
+    if (!songs_.Open(store::kAllSongs)) return std::nullopt;
+    store::RecordSet& songs = songs_.Recordset();
+    if (!songs.MoveToFirst(store::tblSong::FilePath, path)) return std::nullopt;
+    return Song{std::string(songs.Text(store::tblSong::SongID)),
+                std::string(songs.Text(store::tblSong::artist)),
+                std::string(songs.Text(store::tblSong::title))};
+}
+
 void SongLookup::AddPlayCount(std::string_view filename) {
     if (!songs_.Open(store::kAllSongs)) return;
     store::RecordSet& songs = songs_.Recordset();

@@ -19,6 +19,13 @@ public:
     std::optional<std::string> PathOf(std::int64_t song_id);
     /// The path itself, or what SongPathFromId finds for the SongID; empty when that is nothing.
     std::string PathOfEntry(const base::SongEntry& entry);
+    struct Song {
+        std::string id;
+        std::string artist;
+        std::string title;
+    };
+    /// The first song with that path; nothing when there is none or the store cannot be read.
+    std::optional<Song> SongAt(std::string_view path);
     /// One more play for the first song with that path. A file outside the library changes nothing.
     void AddPlayCount(std::string_view filename);
 

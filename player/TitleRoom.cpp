@@ -1,11 +1,20 @@
 #include "player/TitleRoom.h"
 
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "base/MediaKinds.h"
 #include "base/Text.h"
 #include "controls/Arrange.h"
 
 namespace player {
 
 namespace {
+
+/// Extensions of files that play when they are dropped on the title.
+constexpr std::array<std::string_view, 8> kDroppedKinds{"mpg", "peg", "mp3", "mid",
+                                                        "wav", "wma", "wmv", "avi"};
 
 constexpr double kStep = 40;
 constexpr double kTurningLeft = 100;
@@ -18,8 +27,12 @@ constexpr double kFurtherByteWidth = controls::Px(3);
 
 }  // namespace
 
-TitleRoom::TitleRoom(TitleControls& controls, TitleState& state, roles::Highlights& highlights)
-    : controls_(controls), state_(state), highlights_(highlights) {
+TitleRoom::TitleRoom(TitleControls& controls, TitleState& state, PlaybackRoom& playback,
+                     roles::Highlights& highlights)
+    : controls_(controls), state_(state), playback_(playback), highlights_(highlights) {
+    const auto drop = [this](const controls::DropData& data, double, double) { Title_OLEDragDrop(data); };
+    claims_.Claim(controls_.picTrackTitle.OLEDragDrop, drop);
+    claims_.Claim(controls_.lblTrack.OLEDragDrop, drop);
     claims_.Claim(controls_.picTrackTitle.Click, [this] { trackscrollclick(); });
     claims_.Claim(controls_.picTrackTitle.MouseMove, [this] { highlights_.NoMouseOvers(); });
     claims_.Claim(controls_.lblTrack.Click, [this] { trackscrollclick(); });
@@ -82,6 +95,12 @@ void TitleRoom::lblTrack_Change() {
     const std::size_t length = base::Len(title);
     controls_.lblTrack.SetWidth(static_cast<double>(length) * kCharacterWidth +
                                 static_cast<double>(title.size() - length) * kFurtherByteWidth);
+}
+
+/// Of several files the last one plays on, since each takes the place of the one before it.
+void TitleRoom::Title_OLEDragDrop(const controls::DropData& data) {
+    for (const std::string& path : data.Files)
+        if (base::HasExtension(path, kDroppedKinds)) playback_.PlaySong(path);
 }
 
 }  // namespace player

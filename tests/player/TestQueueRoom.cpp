@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "player/PlayerHouse.h"
 
 namespace {
@@ -267,6 +271,59 @@ TEST(QueueRoom, TheMouseShowsAndHidesTheHighlights) {
     EXPECT_TRUE(house.controls.queue.imgCueSongOver.Visible());
     EXPECT_TRUE(house.controls.queue.imgUnCueOver.Visible());
     EXPECT_EQ(house.window.TakeCalls(), std::vector<std::string>{"no mouse overs"});
+}
+
+/// Files dropped on the cue list.
+void DropOnCues(PlayerHouse& house, std::vector<std::string> files) {
+    controls::DropData data;
+    data.Files = std::move(files);
+    house.controls.queue.lstCuedSongs.OLEDragDrop.Raise(data, 0, 0);
+}
+
+TEST(QueueRoom, EachAcceptedExtensionIsCuedWhenItIsDropped) {
+    for (const std::string extension :
+         {"mpg", "mpeg", "mp3", "mid", "wav", "wma", "wmv", "avi", "midi", "peg", "MP3", "Midi", "jpeg"}) {
+        PlayerHouse house;
+
+        DropOnCues(house, {"C:\\Out\\A song." + extension});
+
+        ASSERT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 1) << extension;
+        EXPECT_EQ(house.controls.queue.lstCuedSongs.List(0), "A song");
+        EXPECT_EQ(house.controls.queue.lstCuedSongsPath.List(0), "C:\\Out\\A song." + extension);
+        EXPECT_TRUE(house.state.CueHeadIsPath);
+    }
+}
+
+TEST(QueueRoom, OtherFilesAreNotCued) {
+    PlayerHouse house;
+
+    for (const std::string extension : {"mp4", "m4a", "mov", "vob", "mpl", "m3u", "gif", "jpg", "htm", "txt"})
+        DropOnCues(house, {"C:\\A song." + extension});
+    DropOnCues(house, {"C:\\mp3", "C:\\a.mp3\\song", "C:\\song."});
+    controls::DropData text;
+    text.HasText = true;
+    text.Text = "1";
+    house.controls.queue.lstCuedSongs.OLEDragDrop.Raise(text, 0, 0);
+
+    EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0);
+    EXPECT_FALSE(house.state.CueHeadIsPath);
+    EXPECT_FALSE(house.state.CueHeadIsId);
+}
+
+TEST(QueueRoom, ADroppedFileOfTheLibraryIsCuedByItsNumber) {
+    PlayerHouse house;
+    const std::string path = "C:\\m\\file name.mp3";
+    house.stores.Seed("tblSong", {{"7", "Lark", "Morning", path, "0"}});
+
+    DropOnCues(house, {path, "C:\\Out\\Some song.mp3"});
+
+    auto& queue = house.controls.queue;
+    EXPECT_EQ(queue.lstCuedSongs.List(0), "Lark - Morning");
+    EXPECT_EQ(queue.lstCuedSongsPath.List(0), "7");
+    EXPECT_EQ(queue.lstCuedSongs.List(1), "Some song");
+    EXPECT_EQ(queue.lstCuedSongsPath.List(1), "C:\\Out\\Some song.mp3");
+    EXPECT_TRUE(house.state.CueHeadIsId);
+    EXPECT_FALSE(house.state.CueHeadIsPath);
 }
 
 }  // namespace

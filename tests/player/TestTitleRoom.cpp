@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "player/PlayerHouse.h"
 
 namespace {
@@ -186,6 +190,53 @@ TEST(TitleRoom, WideLettersGetMoreRoom) {
     house.label.SetCaption("\u540d\u524d");
 
     EXPECT_EQ(house.label.Width(), 2 * 14 * 15);
+}
+
+controls::DropData FilesOf(std::vector<std::string> paths) {
+    controls::DropData data;
+    data.Files = std::move(paths);
+    return data;
+}
+
+TEST(TitleRoom, EachAcceptedExtensionPlaysWhenItIsDropped) {
+    for (const std::string extension :
+         {"mpg", "peg", "mp3", "mid", "wav", "wma", "wmv", "avi", "mpeg", "MP3", "jpeg"}) {
+        for (const bool on_label : {true, false}) {
+            PlayerHouse house;
+            const std::string path = house.AddSong("A song." + extension);
+            auto& transport = house.controls.transport;
+            controls::Control& target =
+                on_label ? static_cast<controls::Control&>(transport.lblTrack) : transport.picTrackTitle;
+
+            target.OLEDragDrop.Raise(FilesOf({path}), 0, 0);
+
+            EXPECT_EQ(transport.lblFileNowPlaying.Caption(), path);
+        }
+    }
+}
+
+TEST(TitleRoom, OtherFilesDoNotPlay) {
+    PlayerHouse house;
+    auto& transport = house.controls.transport;
+
+    for (const std::string extension : {"mp4", "m4a", "mov", "vob", "midi", "mpl", "gif", "htm", "txt"}) {
+        transport.lblTrack.OLEDragDrop.Raise(FilesOf({house.AddSong("A song." + extension)}), 0, 0);
+    }
+    transport.picTrackTitle.OLEDragDrop.Raise(FilesOf({house.AddSong("a.mp3\\song")}), 0, 0);
+
+    EXPECT_EQ(transport.lblFileNowPlaying.Caption(), "");
+    EXPECT_TRUE(house.state.PlayerStopped);
+}
+
+TEST(TitleRoom, OfTwoDroppedFilesTheSecondPlays) {
+    PlayerHouse house;
+    const std::string one = house.AddSong("One song.mp3");
+    const std::string two = house.AddSong("Two songs.mp3");
+    auto& transport = house.controls.transport;
+
+    transport.picTrackTitle.OLEDragDrop.Raise(FilesOf({one, "C:\\x.txt", two}), 0, 0);
+
+    EXPECT_EQ(transport.lblFileNowPlaying.Caption(), two);
 }
 
 }  // namespace
