@@ -67,7 +67,7 @@ void PlayListRoom::imgAddSongOver_Click() {
     }
     lists_.DisplayPlayLists();
     controls_.fraAddToPlaylist.SetVisible(true);
-    controls_.fraAddToPlaylist.BringToFront();
+    controls_.fraAddToPlaylist.KeepInFront(true);
     controls_.txtSongToAdd.SetText(track);
     controls_.lstAddToPlaylist.SetFocus();
 }
@@ -81,6 +81,7 @@ void PlayListRoom::imgOkOver_Click() {
 
 void PlayListRoom::HidePanel() {
     controls_.fraAddToPlaylist.SetVisible(false);
+    controls_.fraAddToPlaylist.KeepInFront(false);
     lists_.FocusTracks();
 }
 
@@ -178,7 +179,7 @@ void PlayListRoom::AddingPlayList() {
         dialogs_.InputBox("What would you like to call the new play list?", "New Play List", kNewName);
     while (!base::Trim(name).empty() && IsNameTaken(name)) {
         name = dialogs_.InputBox("You already have a playlist with that name, please state another.",
-                                 "New Playlist", kNewName);
+                                 "New Playlist");
     }
     if (base::Trim(name).empty()) return;
     AddHeadRow(name);

@@ -39,6 +39,9 @@ SearchRoom::SearchRoom(SearchControls& controls, SearchMenu& menu, MediaSources&
     claims_.Claim(menu_.mnuSearchTitle.Click, [this] { mnuSearchTitle_Click(); });
     claims_.Claim(menu_.mnuSearchFilename.Click, [this] { mnuSearchFilename_Click(); });
     claims_.Claim(menu_.mnuSearchBroad.Click, [this] { mnuSearchBroad_Click(); });
+    // The saved field is checked without a click.
+    for (const FieldEntry& one : kFields)
+        claims_.Claim((menu_.*one.entry).Change, [this] { ShowHint(); });
     ShowHint();
 }
 
@@ -92,7 +95,6 @@ void SearchRoom::AddSong(const store::RecordSet& song) {
 void SearchRoom::CheckField(SearchField field) {
     for (const FieldEntry& one : kFields)
         if (one.field == field) fields_.Check(menu_.*one.entry);
-    ShowHint();
 }
 
 std::optional<SearchField> SearchRoom::CheckedField() const {

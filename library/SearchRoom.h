@@ -26,7 +26,7 @@ public:
     void CheckField(SearchField field);
     /// The field of the checked entry.
     std::optional<SearchField> CheckedField() const;
-    /// Unchecks all four entries. A search is Broad then.
+    /// Unchecks all four entries. A search is by file name then, as it would be stored.
     void UnCheckSongSearch() { fields_.UncheckAll(); }
 
 private:
@@ -36,7 +36,7 @@ private:
     void mnuSearchTitle_Click() { CheckField(SearchField::Title); }
     void mnuSearchFilename_Click() { CheckField(SearchField::Filename); }
     void mnuSearchBroad_Click() { CheckField(SearchField::Broad); }
-    SearchField FieldToSearch() const { return CheckedField().value_or(SearchField::Broad); }
+    SearchField FieldToSearch() const { return CheckedField().value_or(SearchField::Filename); }
     void PrepareSome(SearchField field);
     void AddSong(const store::RecordSet& song);
     void ShowHint();

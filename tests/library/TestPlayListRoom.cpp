@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <string>
 
 #include "library/LibraryPane.h"
@@ -442,8 +443,39 @@ TEST_F(PlayListRoomTest, ATakenNameAsksForAnother) {
     ASSERT_EQ(Dialogs.Inputs.size(), 3U);
     EXPECT_EQ(Dialogs.Inputs[1].prompt, "You already have a playlist with that name, please state another.");
     EXPECT_EQ(Dialogs.Inputs[1].title, "New Playlist");
+    EXPECT_EQ(Dialogs.Inputs[0].default_text, "New_Playlist");
+    EXPECT_EQ(Dialogs.Inputs[1].default_text, "");
     EXPECT_EQ(Dialogs.Inputs[2].prompt, "You already have a playlist with that name, please state another.");
     EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "Evening"));
+}
+
+TEST_F(PlayListRoomTest, AnEmptyAnswerToEitherBoxEndsIt) {
+    for (const std::deque<std::string>& typed :
+         {std::deque<std::string>{""}, std::deque<std::string>{"Road", ""},
+          std::deque<std::string>{"Road", " "}}) {
+        Dialogs.Typed = typed;
+
+        menu.mnuNewPlayList.Click.Raise();
+
+        EXPECT_TRUE(Dialogs.Typed.empty());
+        EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
+    }
+    EXPECT_TRUE(Neighbours.Calls.empty());
+}
+
+TEST_F(PlayListRoomTest, ThePanelStaysInFrontOfThePaneUntilItIsAnswered) {
+    controls::Frame window("frmBrowser");
+    controls::Frame pane("fraMusicTab");
+    window.Add(PlayLists.fraAddToPlaylist, pane);
+    Lists.lstTracks.SetListIndex(0);
+    PlayLists.imgAddSongOver.Click.Raise();
+
+    pane.BringToFront();
+    EXPECT_EQ(window.Children().back(), &PlayLists.fraAddToPlaylist);
+    PlayLists.imgCancelOver.Click.Raise();
+    pane.BringToFront();
+
+    EXPECT_EQ(window.Children().back(), &pane);
 }
 
 TEST_F(PlayListRoomTest, ABuiltInViewsNameIsTaken) {

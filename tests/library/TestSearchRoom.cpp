@@ -166,15 +166,24 @@ TEST_F(SearchRoomTest, TheCheckedFieldIsSearched) {
     EXPECT_EQ(RowsOf(Lists.lstMaybe), (Rows{"3"}));
 }
 
-TEST_F(SearchRoomTest, WithNoFieldCheckedASearchIsBroad) {
+TEST_F(SearchRoomTest, WithNoFieldCheckedTheFileNameIsSearchedAsItWouldBeStored) {
     SearchingRoom.UnCheckSongSearch();
     Search.txtSearch.SetText("nothing");
-    Search.txtSearch.SetText("moor eve");
+    Search.txtSearch.SetText("roll");
 
     Desktop.Advance(200);
 
     EXPECT_FALSE(SearchingRoom.CheckedField());
-    EXPECT_EQ(RowsOf(Lists.lstMaybe), (Rows{"2"}));
+    EXPECT_EQ(RowsOf(Lists.lstMaybe), (Rows{"3"}));
+    EXPECT_EQ(Search.txtSearch.Hint(), "Search tracks \u2014 Filename");
+}
+
+TEST_F(SearchRoomTest, TheHintFollowsAFieldThatIsCheckedWithoutAClick) {
+    menu.mnuSearchBroad.SetChecked(false);
+
+    menu.mnuSearchTitle.SetChecked(true);
+
+    EXPECT_EQ(Search.txtSearch.Hint(), "Search tracks \u2014 Title");
 }
 
 TEST_F(SearchRoomTest, TheMouseOverTheSearchPanelHidesTheBrightPictures) {
