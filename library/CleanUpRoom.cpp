@@ -10,49 +10,38 @@
 
 namespace library {
 
-CleanUpRoom::CleanUpRoom(TaskControls& controls, CleanUpMenu& menu, CleanUpStores stores,
-                         const std::int32_t& last_clean_up_age, roles::TrackLists& lists,
-                         roles::Highlights& highlights, CleanUpPorts ports)
+CleanUpRoom::CleanUpRoom(CleanUpControls& controls, CleanUpMenu& menu, CleanUpStores stores,
+                         const std::int32_t& last_clean_up_age, TaskRoom& task, roles::TrackLists& lists,
+                         CleanUpPorts ports)
     : controls_(controls),
       stores_(stores),
       last_clean_up_age_(last_clean_up_age),
+      task_(task),
       lists_(lists),
       ports_(ports) {
     claims_.Claim(menu.mnuCleanUp.Click, [this] { mnuCleanUp_Click(); });
-    const auto hide_overs = [&highlights] { highlights.NoMouseOvers(); };
-    claims_.Claim(controls_.fraTask.MouseMove, hide_overs);
-    claims_.Claim(controls_.imgTaskBG.MouseMove, hide_overs);
-    claims_.Claim(controls_.fraTaskCenter.MouseMove, hide_overs);
 }
 
-// The menu stays open to the user while a run yields; a second run would empty the lists of the first.
+// The menu stays open to the user while a task yields.
 void CleanUpRoom::mnuCleanUp_Click() {
-    if (running_) return;
-    running_ = true;
-    CleanUp();
-    running_ = false;
+    if (task_.IsBusy()) return;
+    task_.Run([this] { CleanUp(); });
 }
 
 void CleanUpRoom::CleanUp() {
-    SetPanelTexts();
+    task_.SetTexts({.task = "Cleanup in progress, please wait...",
+                    .found = "Duplicates found:",
+                    .removed = "Duplicates removed:"});
+    songs_removed_ = 0;
     if (!IsConfirmed()) return;
     ShowPanel();
     store::RecordSet songs;
     if (!StoreToday() || !SearchFiles(songs)) return;
-    if (controls_.lstCleanup.ListCount() == 0) return HidePanel();
+    if (controls_.lstCleanup.ListCount() == 0) return task_.HidePanel();
     if (!FindDuplicates()) return;
-    if (controls_.lstcleanupremove.ListCount() == 0) return HidePanel();
+    if (controls_.lstcleanupremove.ListCount() == 0) return task_.HidePanel();
     SkipDuplicates(songs);
     ShowResult();
-}
-
-void CleanUpRoom::SetPanelTexts() {
-    controls_.lblTask.SetCaption("Cleanup in progress, please wait...");
-    controls_.lblFound.SetCaption("Duplicates found:");
-    controls_.lblDuplicatesRemoved.SetCaption("Duplicates removed:");
-    controls_.lblFoundNo.SetCaption("0");
-    controls_.lblDuplicatesNoRemoved.SetCaption("0");
-    songs_removed_ = 0;
 }
 
 bool CleanUpRoom::IsConfirmed() {
@@ -67,14 +56,8 @@ bool CleanUpRoom::IsConfirmed() {
 void CleanUpRoom::ShowPanel() {
     controls_.lstCleanup.Clear();
     controls_.lstcleanupremove.Clear();
-    controls_.lblStatus.SetCaption("");
-    controls_.pbTask.SetValue(0);
-    controls_.fraTask.SetVisible(true);
-    controls_.fraTask.BringToFront();
-}
-
-void CleanUpRoom::HidePanel() {
-    controls_.fraTask.SetVisible(false);
+    task_.SetStatus("");
+    task_.ShowPanel();
 }
 
 bool CleanUpRoom::StoreToday() {
@@ -89,7 +72,7 @@ bool CleanUpRoom::SearchFiles(store::RecordSet& songs) {
     BeginPhase("Searching files", songs.RecordCount());
     for (songs.MoveFirst(); !songs.Eof(); songs.MoveNext()) {
         SearchFile(songs);
-        if (!EndStep()) return false;
+        if (!task_.EndStep()) return false;
     }
     return true;
 }
@@ -101,7 +84,7 @@ void CleanUpRoom::SearchFile(store::RecordSet& song) {
         controls_.lstCleanup.AddItem(path);
     } else {
         song.Delete();
-        controls_.lblDuplicatesNoRemoved.SetCaption(base::ToText(++songs_removed_));
+        task_.ShowRemoved(++songs_removed_);
     }
 }
 
@@ -112,18 +95,18 @@ bool CleanUpRoom::FindDuplicates() {
     for (int row = 1; row < paths.ListCount(); ++row) {
         if (paths.List(row) == paths.List(row - 1)) {
             controls_.lstcleanupremove.AddItem(paths.List(row));
-            controls_.lblFoundNo.SetCaption(base::ToText(controls_.lstcleanupremove.ListCount()));
+            task_.ShowFound(controls_.lstcleanupremove.ListCount());
         }
-        if (!EndStep()) return false;
+        if (!task_.EndStep()) return false;
     }
     return true;
 }
 
 // What was found twice is shown and stays: no row is deleted here.
 void CleanUpRoom::SkipDuplicates(store::RecordSet& songs) {
-    controls_.lblStatus.SetCaption("Removing duplicates");
+    task_.SetStatus("Removing duplicates");
     if (controls_.lstcleanupremove.ListCount() == 0) {
-        controls_.lblStatus.SetCaption("Refreshing Library");
+        task_.SetStatus("Refreshing Library");
         return;
     }
     controls_.lstcleanupremove.SetListIndex(0);
@@ -133,21 +116,12 @@ void CleanUpRoom::SkipDuplicates(store::RecordSet& songs) {
 void CleanUpRoom::ShowResult() {
     stores_.datSong.Refresh();
     lists_.Command1();
-    HidePanel();
+    task_.HidePanel();
 }
 
 void CleanUpRoom::BeginPhase(std::string_view status, std::size_t steps) {
-    controls_.lblStatus.SetCaption(status);
-    steps_ = steps;
-    done_ = 0;
-}
-
-// False when the program ends.
-bool CleanUpRoom::EndStep() {
-    ++done_;
-    if (done_ <= steps_) controls_.pbTask.SetValue(static_cast<int>(done_ * 100 / steps_));
-    ports_.loop.Yield();
-    return !ports_.loop.IsEnding();
+    task_.SetStatus(status);
+    task_.BeginSteps(steps);
 }
 
 }  // namespace library

@@ -7,17 +7,15 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "controls/Event.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryMenu.h"
+#include "library/TaskRoom.h"
 #include "ports/Clock.h"
 #include "ports/Dialogs.h"
-#include "ports/EventLoop.h"
 #include "ports/Files.h"
-#include "roles/Highlights.h"
 #include "roles/TrackLists.h"
 #include "store/DataSource.h"
 
@@ -32,7 +30,6 @@ struct CleanUpStores {
 struct CleanUpPorts {
     const ports::Files& files;
     ports::Dialogs& dialogs;
-    ports::EventLoop& loop;
     const ports::Clock& clock;
 };
 
@@ -40,18 +37,16 @@ class CleanUpRoom final {
 public:
     /// `last_clean_up_age` is the age of the last run as the session found it: the plain difference of two
     /// numbers yyyymmdd.
-    CleanUpRoom(TaskControls& controls, CleanUpMenu& menu, CleanUpStores stores,
-                const std::int32_t& last_clean_up_age, roles::TrackLists& lists,
-                roles::Highlights& highlights, CleanUpPorts ports);
+    CleanUpRoom(CleanUpControls& controls, CleanUpMenu& menu, CleanUpStores stores,
+                const std::int32_t& last_clean_up_age, TaskRoom& task, roles::TrackLists& lists,
+                CleanUpPorts ports);
 
 private:
     void mnuCleanUp_Click();
 
     void CleanUp();
-    void SetPanelTexts();
     bool IsConfirmed();
     void ShowPanel();
-    void HidePanel();
     bool StoreToday();
     bool SearchFiles(store::RecordSet& songs);
     void SearchFile(store::RecordSet& song);
@@ -59,17 +54,14 @@ private:
     void SkipDuplicates(store::RecordSet& songs);
     void ShowResult();
     void BeginPhase(std::string_view status, std::size_t steps);
-    bool EndStep();
 
-    TaskControls& controls_;
+    CleanUpControls& controls_;
     CleanUpStores stores_;
     const std::int32_t& last_clean_up_age_;
+    TaskRoom& task_;
     roles::TrackLists& lists_;
     CleanUpPorts ports_;
-    std::size_t steps_ = 0;  // of the phase that runs
-    std::size_t done_ = 0;
     std::int64_t songs_removed_ = 0;
-    bool running_ = false;
     controls::EventClaims claims_;
 };
 

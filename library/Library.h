@@ -11,14 +11,18 @@
 #include "library/LibraryControls.h"
 #include "library/LibraryListsRoom.h"
 #include "library/LibraryMenu.h"
+#include "library/MediaDropRoom.h"
 #include "library/OpenedMediaRoom.h"
+#include "library/PlayListImportRoom.h"
 #include "library/PlayListRoom.h"
 #include "library/SearchRoom.h"
+#include "library/TaskRoom.h"
 #include "library/TrackMatchRoom.h"
 #include "ports/Clock.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
+#include "roles/AddressRow.h"
 #include "roles/Favourites.h"
 #include "roles/Highlights.h"
 #include "roles/History.h"
@@ -55,6 +59,7 @@ struct LibraryRoles {
     roles::History& history;
     roles::Highlights& highlights;
     roles::MediaKeys& keys;
+    roles::AddressRow& address;
     roles::Window& window;
 };
 
@@ -65,7 +70,7 @@ struct LibraryPorts {
     const ports::Clock& clock;
 };
 
-class Library final : private LibraryListener {
+class Library final : private LibraryListener, private roles::MediaIntake {
 public:
     Library(LibraryWindows windows, LibraryState state, store::Stores& stores, LibraryRoles others,
             LibraryPorts ports);
@@ -74,18 +79,26 @@ public:
 
     roles::TrackLists& Lists() { return lists_; }
     roles::TrackView& View() { return lists_; }
-    roles::MediaIntake& Intake() { return opened_; }
+    roles::MediaIntake& Intake() { return *this; }
 
 private:
     // LibraryListener
     void OnRemoveKey() override { playlists_.RemoveSelectedSong(); }
     void OnInitialTrack(std::string_view path) override { opened_.AddMediaFromCommand(path); }
 
+    // roles::MediaIntake
+    void AddMediaFromCommand(std::string_view path) override { opened_.AddMediaFromCommand(path); }
+    void AddPlayList(std::string_view path) override { import_.AddPlayList(path); }
+    void OfferToAddMedia() override { opened_.OfferToAddMedia(); }
+
     LibraryListsRoom lists_;
     PlayListRoom playlists_;
     SearchRoom search_;
+    TaskRoom task_;
     CleanUpRoom clean_up_;
     TrackMatchRoom track_match_;
+    PlayListImportRoom import_;
+    MediaDropRoom drops_;
     AddMediaRoom add_media_;
     OpenedMediaRoom opened_;
 };

@@ -89,11 +89,15 @@ TrackImportControls::TrackImportControls() {
     Hide(lstTracksToAdd, lstartist, lsttitle);
 }
 
-TaskControls::TaskControls() {
+CleanUpControls::CleanUpControls() {
+    Hide(lstCleanup, lstcleanupremove);
+}
+
+TaskPanelControls::TaskPanelControls() {
     fraTask.Add(imgTaskBG, fraTaskCenter);
     fraTaskCenter.Add(lblTask, lblFound, lblFoundNo, lblDuplicatesRemoved, lblDuplicatesNoRemoved, pbTask,
                       lblStatus);
-    Hide(fraTask, lstCleanup, lstcleanupremove);
+    Hide(fraTask);
 
     imgTaskBG.SetLook("ground");
     fraTaskCenter.SetLook("panel");
@@ -107,7 +111,7 @@ TaskControls::TaskControls() {
     pbTask.SetAccessibleName("Progress of the task");
 }
 
-void TaskControls::SizeCenter(double panel_width) {
+void TaskPanelControls::SizeCenter(double panel_width) {
     const int width = Inside(panel_width, 448);
     const int inner = width - 48;
     fraTaskCenter.SetWidth(Px(width));

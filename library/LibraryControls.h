@@ -87,9 +87,9 @@ struct OpenedMediaControls {
     controls::Label Label6{"Label6"};
 };
 
-/// The progress panel of the long library tasks, and their hidden lists.
-struct TaskControls {
-    TaskControls();
+/// The progress panel of the long library tasks.
+struct TaskPanelControls {
+    TaskPanelControls();
     /// Sizes the panel's inside for a panel of that width, in twips, and places what is in it; the window
     /// centres it.
     void SizeCenter(double panel_width);
@@ -104,9 +104,18 @@ struct TaskControls {
     controls::Label lblDuplicatesNoRemoved{"lblDuplicatesNoRemoved"};
     controls::ProgressBar pbTask{"pbTask"};
     controls::Label lblStatus{"lblStatus"};
+};
+
+/// The hidden lists of the clean-up: the paths that exist, and those that are there twice.
+struct CleanUpControls {
+    CleanUpControls();
+
     controls::ListBox lstCleanup{"lstCleanup", controls::Sorted::Yes};
     controls::ListBox lstcleanupremove{"lstcleanupremove"};
 };
+
+/// The panel and the clean-up's lists; each is the group of one room.
+struct TaskControls : TaskPanelControls, CleanUpControls {};
 
 /// The lines of a playlist file, with the artist and the title of each; hidden lists that run in step.
 struct TrackImportControls {

@@ -10,20 +10,20 @@
 #include "library/LibraryControls.h"
 #include "library/LibraryMenu.h"
 #include "ports/Dialogs.h"
-#include "roles/MediaIntake.h"
 
 namespace library {
 
-class OpenedMediaRoom final : public roles::MediaIntake {
+class OpenedMediaRoom final {
 public:
     OpenedMediaRoom(OpenedMediaControls& controls, OpenedMediaMenu& menu,
                     controls::CommandButton& cmdAddToLibrary, AddMediaRoom& add_media, MediaSources& sources,
                     ports::Dialogs& dialogs);
 
-    // roles::MediaIntake. Playlist files are not read yet.
-    void AddMediaFromCommand(std::string_view path) override;
-    void AddPlayList(std::string_view /*path*/) override {}
-    void OfferToAddMedia() override;
+    /// Takes a file into the library unless a song has its path already. A file that the library does not
+    /// take is ignored.
+    void AddMediaFromCommand(std::string_view path);
+    /// Asks, when the library is empty, whether media shall be added, and opens the dialog on Yes.
+    void OfferToAddMedia();
 
     /// A song has just this path. The test counts a play of that song.
     bool AlreadyInLibrary(std::string_view path);

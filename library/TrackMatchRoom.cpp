@@ -26,14 +26,25 @@ void TrackMatchRoom::SearchTrack(int index) {
     CorrectSearchCriteria(artist, title, songs.Text(store::tblSong::artist),
                           songs.Text(store::tblSong::title));
     if (match) {
-        playlists_.AddRow(panel_.lblStatus.Caption(), songs.Text(store::tblSong::SongID),
-                          songs.Text(store::tblSong::artist), songs.Text(store::tblSong::title));
-        panel_.lblFoundNo.SetCaption(base::ToText(++found_));
+        AddFound(songs);
     } else {
         missing_text_.append(artist).append(" - ").append(title).append("\r\n");
         panel_.lblDuplicatesNoRemoved.SetCaption(base::ToText(++missing_));
     }
     loop_.Yield();
+}
+
+void TrackMatchRoom::AddKnownSong(int index, store::Bookmark song) {
+    store::RecordSet songs = OpenRows(sources_.datSong, store::kAllSongs);
+    if (!songs.MoveTo(song)) return SearchTrack(index);
+    AddFound(songs);
+    loop_.Yield();
+}
+
+void TrackMatchRoom::AddFound(const store::RecordSet& song) {
+    playlists_.AddRow(panel_.lblStatus.Caption(), song.Text(store::tblSong::SongID),
+                      song.Text(store::tblSong::artist), song.Text(store::tblSong::title));
+    panel_.lblFoundNo.SetCaption(base::ToText(++found_));
 }
 
 void TrackMatchRoom::CorrectSearchCriteria(std::string_view search_artist, std::string_view search_title,

@@ -13,6 +13,7 @@
 #include "library/PlayListRoom.h"
 #include "library/TrackIndex.h"
 #include "ports/EventLoop.h"
+#include "store/RecordSet.h"
 
 namespace library {
 
@@ -32,6 +33,8 @@ public:
     /// Adds the first song that fits the line of this row to the playlist that is being built, or the line to
     /// the missing text; counts it, and yields. A row that is not there changes nothing.
     void SearchTrack(int index);
+    /// As SearchTrack for a line whose song is known already. A song that is gone is searched for by name.
+    void AddKnownSong(int index, store::Bookmark song);
     /// Writes the four corrected names.
     void CorrectSearchCriteria(std::string_view search_artist, std::string_view search_title,
                                std::string_view row_artist, std::string_view row_title);
@@ -47,6 +50,8 @@ public:
     std::string RowTitle;
 
 private:
+    void AddFound(const store::RecordSet& song);
+
     TrackImportControls& controls_;
     TrackMatchPanel panel_;
     MediaSources& sources_;

@@ -119,7 +119,7 @@ AddressRoom::Handled AddressRoom::TakeEnter() {
 }
 
 AddressRoom::Handled AddressRoom::EnterWeb(const std::string& text) {
-    if (base::IsPlayListFile(text)) {
+    if (base::IsPlayListFile(text) || IsForeignPlayList(text)) {
         roles_.media.AddPlayList(text);
         roles_.track_lists.Command1();
         roles_.history.AddSiteToHistory(roles::HistoryKind::File, text);
@@ -128,6 +128,11 @@ AddressRoom::Handled AddressRoom::EnterWeb(const std::string& text) {
     if (base::Len(text) >= kShortestMediaText && base::IsMediaFile(text)) return EnterMediaPath(text);
     OpenTab(text);
     return Handled::SoFar;
+}
+
+// The list of another player is one only where its file is: a web address may end so, too.
+bool AddressRoom::IsForeignPlayList(std::string_view text) const {
+    return base::IsForeignPlayListFile(text) && ports_.files.FileExists(ports_.files.LocalPath(text));
 }
 
 AddressRoom::Handled AddressRoom::EnterMediaPath(const std::string& text) {
@@ -218,10 +223,11 @@ void AddressRoom::txtAddress_OLEDragDrop(const controls::DropData& data) {
     Drop(data, true);
 }
 
-// A file without a "." keeps the extension of the file before it.
+// A file without a "." keeps the extension of the file before it. A playlist that was read shows at once.
 void AddressRoom::Drop(const controls::DropData& data, bool takes_play_lists) {
     if (data.HasText) address_.SetAddress(data.Text);
     std::string extension;
+    bool read_a_list = false;
     for (std::size_t i = 0; i < data.Files.size(); ++i) {
         const std::string& path = data.Files[i];
         if (const std::size_t dot = base::InStrRev(path, "."); dot != 0) {
@@ -231,10 +237,12 @@ void AddressRoom::Drop(const controls::DropData& data, bool takes_play_lists) {
             DropMedia(path, i == 0);
         } else if (takes_play_lists && extension == "mpl") {
             roles_.media.AddPlayList(path);
+            read_a_list = true;
         } else {
             Enter(path);
         }
     }
+    if (read_a_list) roles_.track_lists.Command1();
 }
 
 void AddressRoom::DropMedia(const std::string& path, bool is_first) {

@@ -67,6 +67,7 @@ private:
     enum class Handled { Wholly, SoFar };
     Handled TakeEnter();
     Handled EnterWeb(const std::string& text);
+    bool IsForeignPlayList(std::string_view text) const;
     Handled EnterMediaPath(const std::string& text);
     void EnterMessengerText(const std::string& text);
     void EnterFile(const std::string& text);

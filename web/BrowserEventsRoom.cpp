@@ -1,5 +1,6 @@
 #include "web/BrowserEventsRoom.h"
 
+#include "base/FileAddress.h"
 #include "base/MediaKinds.h"
 #include "base/Text.h"
 #include "controls/Arrange.h"
@@ -16,6 +17,12 @@ bool IsMySpace(std::string_view address) {
 
 bool IsLiveLogin(std::string_view address) {
     return base::Left(address, kLiveLoginLength) == LiveLoginUrl;
+}
+
+// A page of another player's list is taken in only when it is a file of this computer.
+bool IsPlayListPage(std::string_view address) {
+    return base::IsPlayListFile(address) ||
+           (base::IsForeignPlayListFile(address) && base::PathOfFileAddress(address).has_value());
 }
 
 }  // namespace
@@ -54,7 +61,7 @@ void BrowserEventsRoom::ListenTo(int index) {
 
 void BrowserEventsRoom::Browser_TitleChange(int index) {
     tabs_.ShowTitle(index);
-    if (!base::IsPlayListFile(tabs_.Page(index).LocationURL())) return;
+    if (!IsPlayListPage(tabs_.Page(index).LocationURL())) return;
     roles_.media.AddPlayList(address_.Address());
     events_.Yield();
     roles_.track_lists.Command1();
@@ -63,7 +70,7 @@ void BrowserEventsRoom::Browser_TitleChange(int index) {
 void BrowserEventsRoom::Browser_NavigateComplete2(int index) {
     if (session_.Allow_Multiple_Users && session_.Auto_Login) TriggerLogins(index);
     const std::string address = tabs_.Page(index).LocationURL();
-    if (base::IsPlayListFile(address)) {
+    if (IsPlayListPage(address)) {
         roles_.media.AddPlayList(address);
         roles_.track_lists.Command1();
     } else {

@@ -140,6 +140,7 @@ library::Library MainWindow::BuildLibrary() {
          .history = relays_.history,
          .highlights = skin_,
          .keys = relays_.media_keys,
+         .address = relays_.address_row,
          .window = window_},
         {.files = ports_.files, .dialogs = ports_.dialogs, .loop = ports_.events, .clock = ports_.clock});
 }

@@ -56,8 +56,9 @@ protected:
     Rows phases;  // what the status told, in order
     std::function<void()> on_phase;
     controls::EventClaims claims;
-    library::CleanUpRoom room{task,      menu,       {Sources.datSong, datHistory},     age,
-                              ListsRoom, Neighbours, {files, Dialogs, Desktop, Desktop}};
+    library::TaskRoom task_room{task, Desktop, Neighbours};
+    library::CleanUpRoom room{task,      menu,      {Sources.datSong, datHistory}, age,
+                              task_room, ListsRoom, {files, Dialogs, Desktop}};
 };
 
 TEST_F(CleanUpRoomTest, ItAsksFirstAndTellsTheAgeOfTheLastRun) {

@@ -501,6 +501,14 @@ TEST_F(LibraryListsRoomTest, AReloadOfARefusedStartReadsNothing) {
     EXPECT_EQ(Stores.Database.Opens, 0);
 }
 
+TEST_F(LibraryListsRoomTest, SongsWithoutAnArtistAreNoRowOfTheArtists) {
+    SeedSongs({Song("1", "", "Alone"), Song("2", "Lark", "Morning"), Song("3", "", "Too")});
+
+    ListsRoom.DisplayArtists({});
+
+    EXPECT_EQ(RowsOf(Lists.lstArtists), (Rows{"  [All Artists]", "Lark"}));
+}
+
 TEST_F(LibraryListsRoomTest, TheMouseOverAListHidesTheBrightPictures) {
     for (controls::ListBox* list : {&Lists.lstPlayLists, &Lists.lstArtists, &Lists.lstTracks}) {
         list->MouseMove.Raise(0, 0, 1, 1);

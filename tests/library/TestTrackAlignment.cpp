@@ -10,6 +10,7 @@
 #include "fakes/FakeFiles.h"
 #include "library/CleanUpRoom.h"
 #include "library/LibraryPane.h"
+#include "library/MediaDropRoom.h"
 
 namespace {
 
@@ -57,9 +58,23 @@ protected:
     }
 
     void DropFromOutside() {
-        const std::string path = "C:\\Outside\\" + std::to_string(Below(1000)) + ".mp3";
-        texts_[path] = "Outside " + path;
-        ListsRoom.AddOutsideTrack(texts_.at(path), path);
+        const std::string name = "Outside " + std::to_string(Below(1000));
+        const bool is_video = Below(3) == 0;
+        const std::string path = "C:\\Outside\\" + name + (is_video ? ".avi" : ".mp3");
+        texts_[path] = is_video ? name + " [Video]" : name;
+        controls::DropData data;
+        data.Files = {path, "C:\\Outside\\notes.txt"};
+        Lists.lstTracks.OLEDragDrop.Raise(data, 0, 0);
+    }
+
+    void DropOnPlayList() {
+        controls::DropData data;
+        data.Row = Below(Lists.lstPlayLists.ListCount() + 1);
+        data.HasText = Below(2) == 0;
+        data.Text = std::to_string(1 + Below(45));
+        data.Files = {"C:\\Music\\Artist 3 - Title 9.mp3"};
+        if (Below(2) == 0) InterruptWithAStep();
+        Lists.lstPlayLists.OLEDragDrop.Raise(data, 0, 0);
     }
 
     void AddSelectedToPlayList() {
@@ -131,7 +146,7 @@ protected:
     }
 
     std::string Step() {
-        switch (Below(15)) {
+        switch (Below(16)) {
             case 0:
                 return ChooseRow(Lists.lstPlayLists), "a playlist";
             case 1:
@@ -161,6 +176,8 @@ protected:
                 return PlayListsRoom.addsong(std::to_string(1 + Below(45)), "Road"), "a song into Road";
             case 13:
                 return ListsRoom.RefillIfEmpty(), "a refill";
+            case 14:
+                return DropOnPlayList(), "a drop on the playlists";
             default:
                 return ListsRoom.DisplayPlayLists(), "the playlists";
         }
@@ -171,8 +188,15 @@ protected:
     library::TaskControls task_;
     library::CleanUpMenu menu_;
     std::int32_t age_ = 0;
-    library::CleanUpRoom cleaning_room_{task_,     menu_,      {Sources.datSong, datHistory_},     age_,
-                                        ListsRoom, Neighbours, {files_, Dialogs, Desktop, Desktop}};
+    library::TaskRoom task_room_{task_, Desktop, Neighbours};
+    library::CleanUpRoom cleaning_room_{task_,      menu_,     {Sources.datSong, datHistory_}, age_,
+                                        task_room_, ListsRoom, {files_, Dialogs, Desktop}};
+    struct : roles::MediaIntake {
+        void AddMediaFromCommand(std::string_view) override {}
+        void AddPlayList(std::string_view) override {}
+        void OfferToAddMedia() override {}
+    } intake_;
+    library::MediaDropRoom drops_{Lists, Sources, ListsRoom, PlayListsRoom, intake_};
     bool interrupted_ = false;
     std::map<std::string, std::string, std::less<>> texts_;  // the row that each entry stands for
 

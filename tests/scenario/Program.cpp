@@ -20,7 +20,10 @@ Program::Program(Computer& on, std::string_view command)
       main_window(windows,
                   {on.database, on.files, on.media, places, shape, dialogs, desktop, desktop, chance,
                    instance, messenger, board, screen_saver, pages},
-                  command, [this] { ended = true; }) {
+                  command, [this] {
+                      ended = true;
+                      desktop.Ending = true;
+                  }) {
     for (controls::Form* form : windows.All())
         desktop.Adopt(*form);
     pages.OnForget = [this] { TakePagesAway(); };

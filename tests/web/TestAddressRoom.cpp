@@ -389,7 +389,52 @@ TEST_F(AddressRoom, APlayListDroppedOnTheTextBoxIsAdded) {
 
     groups.address.txtAddress.OLEDragDrop.Raise(data, 0, 0);
 
-    EXPECT_EQ(near.Log, Calls{"AddPlayList C:\\Sunday.mpl"});
+    EXPECT_EQ(near.Log, (Calls{"AddPlayList C:\\Sunday.mpl", "Command1"}));
+}
+
+TEST_F(AddressRoom, SeveralDroppedPlayListsRebuildTheListsOnce) {
+    controls::DropData data;
+    data.Files = {"C:\\Sunday.mpl", "C:\\Monday.MPL"};
+
+    groups.address.txtAddress.OLEDragDrop.Raise(data, 0, 0);
+
+    EXPECT_EQ(near.Log, (Calls{"AddPlayList C:\\Sunday.mpl", "AddPlayList C:\\Monday.MPL", "Command1"}));
+}
+
+TEST_F(AddressRoom, AListOfAnotherPlayerIsReadWhereItsFileIs) {
+    files.AddFile("C:\\Lists\\a.m3u");
+    files.AddFile("C:\\Lists\\b c.XSPF");
+    for (const char* text : {"C:\\Lists\\a.m3u", "/Lists/b c.XSPF", "file:///Lists/b%20c.XSPF"}) {
+        near.Log.clear();
+
+        Enter(text);
+
+        const std::string path = text[0] == '/' ? "C:\\Lists\\b c.XSPF" : text;
+        EXPECT_EQ(LoggedOf(kPlayerWords),
+                  (Calls{"AddPlayList " + path, "Command1", "AddSiteToHistory File " + path}));
+        EXPECT_EQ(groups.tabs.Browser.Count(), 1);
+    }
+}
+
+TEST_F(AddressRoom, AnAddressThatEndsLikeAListOfAnotherPlayerIsAPage) {
+    files.AddFolder("C:\\Lists\\folder.m3u");
+
+    for (const char* text : {"http://one.example/radio.m3u8", "C:\\gone.pls", "C:\\Lists\\folder.m3u"})
+        Enter(text);
+
+    EXPECT_EQ(LoggedOf({"AddPlayList"}), Calls{});
+    EXPECT_EQ(groups.tabs.Browser.Count(), 4);
+}
+
+TEST_F(AddressRoom, AListOfAnotherPlayerIsReadWhenItIsDropped) {
+    files.AddFile("C:\\a.m3u8");
+    controls::DropData data;
+    data.Files = {"C:\\a.m3u8"};
+
+    groups.address.txtAddress.OLEDragDrop.Raise(data, 0, 0);
+    groups.address.cmbAddress.OLEDragDrop.Raise(data, 0, 0);
+
+    EXPECT_EQ(LoggedOf({"AddPlayList"}), (Calls{"AddPlayList C:\\a.m3u8", "AddPlayList C:\\a.m3u8"}));
 }
 
 TEST_F(AddressRoom, APlayListDroppedOnTheListGoesTheWayOfEnter) {

@@ -43,6 +43,18 @@ TEST_F(BrowserEventsRoom, APageThatIsAPlayListIsAddedInsteadOfRemembered) {
               (Calls{"AddPlayList ", "Command1", "AddPlayList http://one.example/a.mpl", "Command1"}));
 }
 
+TEST_F(BrowserEventsRoom, AFileOfAnotherPlayersListIsAddedAndAnAddressOfOneIsAPage) {
+    web_["file:///Lists/a.m3u"] = {"list", {}, ""};
+    web_["http://one.example/a.m3u"] = {"page", {}, ""};
+
+    Open("file:///Lists/a.m3u");
+    Open("http://one.example/a.m3u");
+
+    EXPECT_EQ(LoggedOf({"AddPlayList", "Command1", "AddSite"}),
+              (Calls{"AddPlayList ", "Command1", "AddPlayList file:///Lists/a.m3u", "Command1",
+                     "AddSiteToHistory Web http://one.example/a.m3u"}));
+}
+
 TEST_F(BrowserEventsRoom, AVisitIsRemembered) {
     Open("http://one.example/");
 

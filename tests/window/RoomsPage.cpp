@@ -84,11 +84,12 @@ struct Section {
 };
 
 void AddLibraryGroups(const library::LibraryControls& library, std::vector<Group>& into) {
-    into.insert(into.end(),
-                {With(library.sources, "LibraryListsRoom"), With(library.lists, "LibraryListsRoom"),
-                 With(library.playlists, "PlayListRoom"), With(library.search, "SearchRoom"),
-                 With(library.opened, "OpenedMediaRoom"), With(library.task, "CleanUpRoom"),
-                 With(library.track_import, "TrackMatchRoom")});
+    into.insert(into.end(), {With(library.sources, "LibraryListsRoom"),
+                             With(library.lists, "LibraryListsRoom"), With(library.playlists, "PlayListRoom"),
+                             With(library.search, "SearchRoom"), With(library.opened, "OpenedMediaRoom"),
+                             Of<library::TaskPanelControls>(library.task, "TaskRoom"),
+                             Of<library::CleanUpControls>(library.task, "CleanUpRoom"),
+                             With(library.track_import, "PlayListImportRoom")});
 }
 
 void AddPlayerGroups(const player::PlayerControls& player, std::vector<Group>& into) {
@@ -154,14 +155,16 @@ Section BrowserSection(const window::Windows& windows) {
     AddMenuGroups(window.menus, section.groups);
     section.data = {&window.library.sources.datSong, &window.library.sources.datPlayList,
                     &window.favourites.datFav, &windows.history.datHistory};
-    section.exceptions = {{&window.library.lists.lstTracks, "LibraryListsRoom, PlayButtonsRoom"},
-                          {&window.library.search.cmdAddToLibrary, "OpenedMediaRoom"},
-                          {&window.web.tabs.BrowserBG, "BrowserEventsRoom"},
-                          {&window.menus.mnuTab, kMenuTree},
-                          {&window.menus.mnuMusicPlayer, kMenuTree},
-                          {&window.menus.mnuHelp, kMenuTree},
-                          {&window.menus.mnuSep11, kMenuTree},
-                          {&window.menus.mnuCrossfade, kMenuTree}};
+    section.exceptions = {
+        {&window.library.lists.lstTracks, "LibraryListsRoom, MediaDropRoom, PlayButtonsRoom"},
+        {&window.library.lists.lstPlayLists, "LibraryListsRoom, MediaDropRoom"},
+        {&window.library.search.cmdAddToLibrary, "OpenedMediaRoom"},
+        {&window.web.tabs.BrowserBG, "BrowserEventsRoom"},
+        {&window.menus.mnuTab, kMenuTree},
+        {&window.menus.mnuMusicPlayer, kMenuTree},
+        {&window.menus.mnuHelp, kMenuTree},
+        {&window.menus.mnuSep11, kMenuTree},
+        {&window.menus.mnuCrossfade, kMenuTree}};
     for (int i = 0; i < window.web.tabs.Browser.Count(); ++i)
         section.exceptions.push_back({&window.web.tabs.Browser(i), "BrowserEventsRoom"});
     return section;
