@@ -225,7 +225,10 @@ void AddressRoom::txtAddress_OLEDragDrop(const controls::DropData& data) {
 
 // A file without a "." keeps the extension of the file before it. A playlist that was read shows at once.
 void AddressRoom::Drop(const controls::DropData& data, bool takes_play_lists) {
-    if (data.HasText) address_.SetAddress(data.Text);
+    if (data.HasText) {
+        address_.SetAddress(data.Text);
+        address_.SetTyped(data.Text);
+    }
     std::string extension;
     bool read_a_list = false;
     for (std::size_t i = 0; i < data.Files.size(); ++i) {

@@ -282,6 +282,8 @@ void TabRoom::CloseMusicTab() {
     CheckOpenBrowser();
     ShowNextBrowser();
     state_.MusicTabActive = false;
+    // The tab was still in front when the title was written.
+    if (!IsFrontShown()) roles_.window.SetCaption(kTitle);
     roles_.messenger.SendNothingPlaying();
     address_.FocusAddress();
 }

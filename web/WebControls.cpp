@@ -52,6 +52,7 @@ AddressControls::AddressControls() {
     cmbType.SetHint("Web");
     cmbAddress.SetAccessibleName("Earlier addresses");
     txtAddress.SetAccessibleName("Address");
+    txtAddress.SetLook("address");
     txtAddress.SetHint("Type an address, a file or a search and press Enter");
     Hide(Label2);
 }

@@ -42,13 +42,25 @@ namespace {
 class TextView final : public QLineEdit {
 public:
     TextView(const controls::TextBox& text, QWidget* parent)
-        : QLineEdit(parent), inset_(text.Look() == "inset") {
+        : QLineEdit(parent), inset_(text.Look() == "inset"), selects_(text.Look() == "address") {
         setTextMargins(inset_ ? 3 : 5, 0, 4, 0);
         setFrame(!inset_);
         if (text.IsPassword()) setEchoMode(Password);
     }
 
+    /// Shows a text that nobody typed here, from its beginning.
+    void ShowText(const QString& text) {
+        setText(text);
+        if (!hasFocus()) setCursorPosition(0);
+        if (hasFocus() && selects_) selectAll();
+    }
+
 protected:
+    void focusInEvent(QFocusEvent* event) override {
+        QLineEdit::focusInEvent(event);
+        if (selects_ && event->reason() == Qt::OtherFocusReason) selectAll();
+    }
+
     void paintEvent(QPaintEvent* event) override {
         QLineEdit::paintEvent(event);
         if (!inset_ || !hasFocus()) return;
@@ -58,6 +70,7 @@ protected:
 
 private:
     bool inset_;
+    bool selects_;
 };
 
 }  // namespace
@@ -189,10 +202,7 @@ void TextMirror::Apply(Property property) {
     switch (property) {
         case Property::Text: {
             const QString text = ToQt(text_.Text());
-            if (edit_->text() == text) break;
-            edit_->setText(text);
-            // A text that nobody types here is read from its beginning.
-            if (!edit_->hasFocus()) edit_->setCursorPosition(0);
+            if (edit_->text() != text) static_cast<TextView*>(edit_)->ShowText(text);
             break;
         }
         case Property::Refresh:

@@ -40,6 +40,7 @@
 //   "flat"             nothing until the pointer is on it
 // Text boxes:
 //   "inset"            no frame: it lies in a well already
+//   "address"          a text that was not typed is selected, so that typing replaces it
 // Bars (picture boxes, labels, images), filled up to the first child, or else sibling, with the look
 // "marker":
 //   "progress"         amber

@@ -351,6 +351,7 @@ TEST_F(AddressRoom, DroppedTextIsPutIntoTheBoxAndStartsNothing) {
     groups.address.txtAddress.OLEDragDrop.Raise(data, 0, 0);
 
     EXPECT_EQ(groups.address.cmbAddress.Text(), "http://one.example/");
+    EXPECT_EQ(groups.address.txtAddress.Text(), "http://one.example/") << "it lies over the box";
     EXPECT_EQ(LastTab(), 0);
 }
 

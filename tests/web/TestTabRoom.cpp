@@ -372,6 +372,12 @@ TEST_F(TabRoom, TheTabMenuOpensTheMusicTab) {
     EXPECT_TRUE(groups.tabs.imgMusicTab.Visible());
 }
 
+TEST_F(TabRoom, WithTheMusicTabClosedAndNoOtherTheTitleNamesNone) {
+    groups.tabs.tabMusicClose.Click.Raise();
+
+    EXPECT_EQ(near.Caption, "Brindlepost");
+}
+
 TEST_F(TabRoom, WithNothingInFrontTheLastAddressGoes) {
     groups.tabs.tabMusicClose.Click.Raise();
     groups.address.txtAddress.SetText("http://example.org/");

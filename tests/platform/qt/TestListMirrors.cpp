@@ -369,6 +369,37 @@ TEST(TextMirror, ALongTextIsShownFromItsBeginning) {
     EXPECT_EQ(desk.Find<QLineEdit>(text)->cursorPosition(), 0);
 }
 
+TEST(TextMirror, TypingReplacesAnAddressThatNobodyTyped) {
+    controls::TextBox text("txtAddress");
+    text.SetLook("address");
+    qt_tests::Desk desk(text);
+    auto* edit = desk.Find<QLineEdit>(text);
+    edit->setFocus();
+    QTest::keyClicks(edit, "ab");
+
+    text.SetText("http://one.example/");
+    desk.screen.CatchUp();
+    QTest::keyClicks(edit, "cd");
+
+    EXPECT_EQ(text.Text(), "cd");
+}
+
+TEST(TextMirror, TypingReplacesTheAddressThatWasThereWhenTheFocusCame) {
+    controls::TextBox text("txtAddress");
+    controls::TextBox other("txtB");
+    text.SetLook("address");
+    text.SetText("http://one.example/");
+    qt_tests::Desk desk(other, text);
+    desk.Find(other)->setFocus();
+
+    text.SetFocus();
+    desk.screen.CatchUp();
+    ASSERT_TRUE(qt_tests::WaitFor([&] { return desk.Find(text)->hasFocus(); }));
+    QTest::keyClicks(desk.Find(text), "cd");
+
+    EXPECT_EQ(text.Text(), "cd");
+}
+
 TEST(TextMirror, WhatAChangeHandlerMakesOfTheTextIsShown) {
     controls::TextBox text("txtA");
     controls::EventClaims claims;
