@@ -8,6 +8,7 @@
 #include "base/Text.h"
 #include "base/Windows1252.h"
 #include "controls/Arrange.h"
+#include "library/PlayListFile.h"
 #include "library/SpecialRows.h"
 #include "session/DateAge.h"
 #include "store/Settings.h"
@@ -25,8 +26,6 @@ constexpr std::string_view kLineEnd = "\r\n";
 /// A library of more songs takes longer to walk than a user waits without a sign.
 constexpr std::size_t kLongWalk = 200'000;
 constexpr std::size_t kMostLinesShown = 10;
-/// What is read of a playlist file.
-constexpr int kMostLinesRead = 1000;
 
 bool IsBuiltIn(std::string_view name) {
     return name == library::kAllMedia || name == library::kLast20 || name == library::kTop20;
@@ -284,7 +283,7 @@ void BackUpRoom::BackUpFiles(std::string_view folder, Notes& notes) {
     const FileResult result = ports_.files.WriteText(base::BuildPath(folder, file), bytes);
     if (result != FileResult::Done) {
         notes.failed.push_back(name.append(": ").append(Reason(result)).append("."));
-    } else if (controls_.lstEditPlayListTracks.ListCount() > kMostLinesRead) {
+    } else if (std::cmp_greater(controls_.lstEditPlayListTracks.ListCount(), library::kMostLines)) {
         notes.too_long.push_back(std::move(name));
     }
 }
@@ -308,7 +307,8 @@ void BackUpRoom::Tell(const Notes& notes, std::string_view folder) {
                               "\":" + Listed(notes.failed) + "\r\nEarlier back ups are still as they were.");
     }
     if (!notes.too_long.empty()) {
-        ports_.dialogs.MsgBox("Backed up whole, but only the first " + base::ToText(kMostLinesRead) +
+        ports_.dialogs.MsgBox("Backed up whole, but only the first " +
+                              base::ToText(std::int64_t{library::kMostLines}) +
                               " tracks of a play list file can be opened again:" + Listed(notes.too_long));
     }
 }

@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
+#include <random>
+#include <set>
+#include <utility>
 
 #include "base/Text.h"
 #include "scenario/Program.h"
@@ -46,13 +50,17 @@ protected:
             texts.emplace_back(types.List(row));
         return texts;
     }
+    /// Its head row, and a row with the names of each song.
     void SeedPlayList(const std::string& name, const std::vector<std::string>& song_ids) {
-        computer.database.Seed(scenario::kMediaPath, "tblPlayList",
-                               {{std::to_string(++key_), name, "", "", ""}});
+        using Row = std::vector<std::string>;
+        const std::vector<Row> songs = computer.database.Rows(scenario::kMediaPath, "tblSong");
+        std::vector<Row> rows{{std::to_string(++key_), name, "", "", ""}};
         for (const std::string& id : song_ids) {
-            computer.database.Seed(scenario::kMediaPath, "tblPlayList",
-                                   {{std::to_string(++key_), name, id, "", ""}});
+            const auto song =
+                std::find_if(songs.begin(), songs.end(), [&id](const Row& one) { return one[0] == id; });
+            rows.push_back({std::to_string(++key_), name, id, song->at(1), song->at(2)});
         }
+        computer.database.Seed(scenario::kMediaPath, "tblPlayList", rows);
     }
 
     Computer computer;
@@ -248,5 +256,151 @@ TEST_F(PreferencesStory, ThePlaylistsEntryBacksUpWhatTheMusicPaneShows) {
     EXPECT_EQ(computer.files.ListFolder("C:\\app\\BackUp")->Files.size(), 2U);
     EXPECT_TRUE(program->BoxTexts().empty());
 }
+
+/// What the user sees of every play list: its name, and the tracks in their order.
+using PlayLists = std::vector<std::pair<std::string, Texts>>;
+
+class BackUpStory : public PreferencesStory {
+protected:
+    PlayLists Shown() {
+        controls::ListBox& names = Browser().library.lists.lstPlayLists;
+        PlayLists lists;
+        for (int row = 3; row < names.ListCount(); ++row) {
+            const std::string name(names.List(row));
+            names.SetListIndex(row);
+            lists.emplace_back(name, Rows(Browser().library.lists.lstTracks));
+        }
+        std::sort(lists.begin(), lists.end());
+        return lists;
+    }
+    void BackUpAll() {
+        program->Click(Browser().menus.mnuEditPlaylists);
+        BackUp().txtBackFolder.SetText("C:\\kept");
+        program->Click(BackUp().cmdBackUp);
+        Info().frmInfo.UnloadWindow();
+    }
+    void EmptyLibrary() {
+        program->dialogs.Answers = {BoxAnswer::Yes, BoxAnswer::Yes};
+        program->Click(Browser().menus.mnuPreferences);
+        program->Click(Info().cmdHistory);
+        program->Click(Info().maintenance.cmdEmpty);
+        Info().frmInfo.UnloadWindow();
+    }
+    void AddMusicAgain() {
+        auto& dialog = program->windows.add_media;
+        ASSERT_TRUE(dialog.frmAddMedia.Visible());
+        ASSERT_TRUE(dialog.Dir1.SetPath("C:\\Music"));
+        program->Click(dialog.cmdGetFiles);
+        program->Wait(500);
+        program->Click(dialog.imgAddAllOver);
+    }
+    /// Drops every file of the folder on the playlists.
+    void OpenBackUps() {
+        const auto listing = computer.files.ListFolder("C:\\kept");
+        ASSERT_TRUE(listing.has_value());
+        for (const std::string& name : listing->Files) {
+            controls::DropData data;
+            data.Files = {"C:\\kept\\" + name};
+            Browser().library.lists.lstPlayLists.OLEDragDrop.Raise(data, 0, 0);
+            program->desktop.EndHandler();
+            program->Wait(100);
+        }
+    }
+    int Successes() {
+        const Texts texts = program->BoxTexts();
+        return static_cast<int>(std::count(texts.begin(), texts.end(), "Playlist was added successfully."));
+    }
+};
+
+TEST_F(BackUpStory, PlayListsOfAnEmptiedLibraryComeBackFromTheirFiles) {
+    SeedPlayList("Evening", {"2", "1", "2"});
+    SeedPlayList("AC/DC\\live", {"1"});
+    SeedPlayList("..", {"2"});
+    Run();
+    PlayLists before = Shown();
+    BackUpAll();
+    EmptyLibrary();
+    ASSERT_TRUE(Shown().empty());
+    AddMusicAgain();
+
+    OpenBackUps();
+
+    EXPECT_EQ(Successes(), 3);
+    EXPECT_TRUE(program->dialogs.Inputs.empty());
+    EXPECT_EQ(Shown(), before);
+}
+
+/// Random libraries whose songs the search for a line can tell apart, and play lists of them under any name.
+class RandomLists : public BackUpStory, public testing::WithParamInterface<unsigned> {
+protected:
+    std::string Word(const std::vector<std::string>& letters, int least, int most) {
+        std::string word;
+        const int length = std::uniform_int_distribution(least, most)(chance_);
+        for (int i = 0; i < length; ++i)
+            word += letters[std::uniform_int_distribution<std::size_t>(0, letters.size() - 1)(chance_)];
+        return word;
+    }
+    /// Words of one length: none is part of another. No "a" and "c", which the search puts in front. Every
+    /// second library fits into the code page.
+    std::string SongWord() {
+        if (GetParam() % 2 == 0) return Word({"B", "D", "E", "R", "T", "ö", "é", "ß", "ñ", "Š"}, 6, 6);
+        return Word({"B", "D", "E", "R", "ö", "é", "ß", "Ω", "あ", "и"}, 6, 6);
+    }
+    std::string ListName() {
+        return std::string(
+            base::Trim(Word({"a", "B", "/", "\\", ".", " ", "é", "あ", "'", "%", "#", ":", "-"}, 1, 9)));
+    }
+    void SeedLibrary() {
+        std::set<std::string> titles;
+        while (titles.size() < 12)
+            titles.insert(SongWord());
+        int id = std::uniform_int_distribution(1, 500)(chance_);
+        for (const std::string& title : titles) {
+            songs_.push_back(std::to_string(++id));
+            computer.database.Seed(scenario::kMediaPath, "tblSong",
+                                   {{songs_.back(), SongWord(), title, "C:\\Music\\" + title + ".mp3", "0"}});
+        }
+    }
+    void SeedPlayLists() {
+        std::set<std::string> names;
+        while (names.size() < 6)
+            if (const std::string name = ListName(); !name.empty()) names.insert(name);
+        for (const std::string& name : names) {
+            std::vector<std::string> list;
+            const int length = std::uniform_int_distribution(1, 20)(chance_);
+            for (int i = 0; i < length; ++i)
+                list.push_back(
+                    songs_[std::uniform_int_distribution<std::size_t>(0, songs_.size() - 1)(chance_)]);
+            SeedPlayList(name, list);
+        }
+    }
+
+private:
+    std::mt19937 chance_{GetParam()};
+    std::vector<std::string> songs_;
+};
+
+TEST_P(RandomLists, ABackUpReadAgainGivesTheSamePlayLists) {
+    SeedLibrary();
+    SeedPlayLists();
+    Run();
+    const PlayLists before = Shown();
+    BackUpAll();
+    ASSERT_TRUE(program->BoxTexts().empty()) << program->BoxTexts()[0];
+    for (const auto& [name, tracks] : before) {
+        auto& panel = Browser().library.playlists;
+        ASSERT_TRUE(panel.lstAddToPlaylist.SelectText(name));
+        program->dialogs.Answers = {BoxAnswer::Yes};
+        program->Click(panel.imgDeletePlayListOver);
+    }
+    ASSERT_TRUE(Shown().empty());
+
+    OpenBackUps();
+
+    EXPECT_EQ(Successes(), static_cast<int>(before.size()));
+    EXPECT_EQ(Shown(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Libraries, RandomLists, testing::Range(1U, 21U));
 
 }  // namespace
