@@ -38,7 +38,10 @@ class Dropping:
             song = self.folder / f"Ben - Song {number:02}.mp3"
             song.write_bytes(self.one.read_bytes())
             self.many.append(song)
-        self.screening = Screening(stage, [("Known", make_tone(stage.folder / "Music" / "Film - Known.mp3", 660, 60))])
+        self.known = make_tone(stage.folder / "Music" / "Film - Known.mp3", 660, 60)
+        self.playlist = self.folder / "Evening.mpl"
+        self.playlist.write_bytes(b"Ann - One\r\n\r\n")
+        self.screening = Screening(stage, [("Known", self.known)])
         self.eyes = self.screening.eyes
         window = self.screening.main_window()
         stage.run("xdotool", "windowmove", "--sync", window, "0", "0")
@@ -65,17 +68,26 @@ class Dropping:
         """Drags files or a text to a place on the screen; "taken" or "refused"."""
         with self.source(*words) as (window, answers):
             x, y, width, height = self.stage.window_rect(window)
-            start = (x + width // 2, y + height // 2)
-            self.stage.run("xdotool", "mousemove", *map(str, start), "mousedown", "1")
-            for step in range(1, 21):
-                at = [str(round(a + (b - a) * step / 20)) for a, b in zip(start, place)]
-                self.stage.run("xdotool", "mousemove", *at)
-                time.sleep(0.02)
-            # The last place is asked for again, as by a hand that is never quite still.
-            self.stage.run("xdotool", "mousemove_relative", "1", "1")
-            time.sleep(0.3)
-            self.stage.run("xdotool", "mouseup", "1")
+            self.pull((x + width // 2, y + height // 2), place)
             return wait_for("the end of the drag", lambda: answers.read_text(encoding="utf-8").strip())
+
+    def pull(self, start, place):
+        """Moves the mouse from one place to the other with its button down."""
+        self.stage.run("xdotool", "mousemove", *map(str, start), "mousedown", "1")
+        for step in range(1, 21):
+            at = [str(round(a + (b - a) * step / 20)) for a, b in zip(start, place)]
+            self.stage.run("xdotool", "mousemove", *at)
+            time.sleep(0.02)
+        # The last place is asked for again, as by a hand that is never quite still.
+        self.stage.run("xdotool", "mousemove_relative", "1", "1")
+        time.sleep(0.3)
+        self.stage.run("xdotool", "mouseup", "1")
+
+    def row_of(self, name, text):
+        """The middle of the row with that text."""
+        row = [shown.strip() for shown in self.eyes.rows(name)].index(text)
+        x, y, width, height = self.eyes.row_rect(name, row)
+        return x + min(60, width // 2), y + height // 2
 
     def place_of(self, name, role=None):
         return self.eyes.centre(name, role)
@@ -109,15 +121,63 @@ class Dropping:
         wait_for("the others on the cue list", lambda: self.cued() == names[1:], 20)
         wait_for("all in the library", lambda: sorted(s for s in self.songs() if s.startswith("Ben")) == names)
 
+    def files_on_the_cue_list_are_cued(self):
+        before = self.cued()
+        check(self.drag(self.place_of("Up next", "list"), self.known, *self.many) == "taken", "the files were refused")
+        wait_for("the files on the cue list",
+                 lambda: self.cued() == before + ["Film - Known"] + [song.stem for song in self.many], 20)
+
+    def a_file_on_the_title_plays(self):
+        check(self.drag(self.place_of("Track title"), self.known) == "taken", "the file was refused")
+        wait_for("the song to play", lambda: "Film - Known.mp3" in self.played()[0])
+
+    def a_file_on_the_tracks_is_a_row_of_them(self):
+        check(self.drag(self.place_of("Tracks", "list"), self.many[7]) == "taken", "the file was refused")
+        wait_for("the row", lambda: self.eyes.rows("Tracks")[-1].strip() == self.many[7].stem)
+
+    def a_playlist_file_on_the_playlists_is_read(self):
+        # The other program goes on while a box is open here: it was told at once that the file was taken.
+        check(self.drag(self.place_of("Playlists", "list"), self.playlist) == "taken", "the file was refused")
+        box = self.stage.window("Brindlepost$")
+        check(self.eyes.shows("Playlist was added successfully."), "the box says something else")
+        self.screening.press("OK")
+        wait_for("the box to go", lambda: not self.stage.has_window_id(box))
+        wait_for("the playlist", lambda: "Evening" in [row.strip() for row in self.eyes.rows("Playlists")], 20)
+        wait_for("its song", lambda: "Ann - One" in self.in_playlist())
+
+    def a_file_on_a_row_of_the_playlists_goes_into_it(self):
+        check(self.drag(self.row_of("Playlists", "Evening"), self.known) == "taken", "the file was refused")
+        wait_for("the song in the playlist", lambda: "Film - Known" in self.in_playlist())
+
+    def a_file_on_a_built_in_row_goes_nowhere(self):
+        before = self.in_playlist()
+        self.drag(self.row_of("Playlists", "[Top 20]"), self.many[3])
+        time.sleep(0.3)
+        check(self.in_playlist() == before, f"{self.in_playlist()} after a drop on a built-in row")
+
+    def a_track_goes_into_the_playlist_under_the_pointer(self):
+        track = "Ben - Song 01"
+        self.stage.click(*self.row_of("Playlists", "[All Media]"))
+        wait_for("the tracks", lambda: track in [row.strip() for row in self.eyes.rows("Tracks")])
+        check(track not in self.in_playlist(), f"{track} is in the playlist already")
+        self.pull(self.row_of("Tracks", track), self.row_of("Playlists", "Evening"))
+        wait_for(f"'{track}' in the playlist", lambda: track in self.in_playlist())
+
+    def in_playlist(self):
+        return self.screening.rows_of(
+            "dbMedia", "select artist || ' - ' || title from tblPlayList where Name = 'Evening' and SongID <> ''")
+
     def a_text_is_taken(self):
         before = self.played()
         check(self.drag(self.place_of("Address", "text"), "--text", "http://127.0.0.1:9/") == "taken",
               "the text was refused")
         check(self.played() == before, "a text started something")
+        wait_for("the text in the row",
+                 lambda: self.eyes.text(self.eyes.find("Address", "text")) == "http://127.0.0.1:9/")
 
     def a_folder_is_refused(self):
         before = (self.played(), self.cued(), self.songs())
-        for name in ("Address", "Favourites by group"):
+        for name in ("Address", "Favourites by group", "Up next", "Tracks", "Playlists", "Track title"):
             check(self.drag(self.place_of(name), self.folder) == "refused", f"{name} took a folder")
         check((self.played(), self.cued(), self.songs()) == before, "the folder did something")
 
@@ -163,7 +223,11 @@ class Dropping:
         check("rror" not in self.stage.program_output(), self.stage.program_output()[-2000:])
 
     def steps(self):
-        return [self.one_file_plays, self.fifty_files_are_cued_once_each, self.a_text_is_taken,
+        return [self.one_file_plays, self.fifty_files_are_cued_once_each, self.files_on_the_cue_list_are_cued,
+                self.a_file_on_the_title_plays, self.a_file_on_the_tracks_is_a_row_of_them,
+                self.a_playlist_file_on_the_playlists_is_read, self.a_file_on_a_row_of_the_playlists_goes_into_it,
+                self.a_file_on_a_built_in_row_goes_nowhere, self.a_track_goes_into_the_playlist_under_the_pointer,
+                self.a_text_is_taken,
                 self.a_folder_is_refused, self.a_folder_among_files_is_left_out,
                 self.nothing_takes_files_where_nothing_listens, self.a_page_goes_to_the_favourites,
                 self.a_small_window_springs_back, self.still_runs]
