@@ -37,7 +37,9 @@ class Keeper(Listener):
             self.on_picture(name)
 
     def fill(self):
-        rows = [f"insert into tblSong values({number},'{artist}','{title}','{drive(self.music / (title + '.mp3'))}',3)"
+        for _, artist, title in SONGS:
+            (self.music / f"{artist} - {title}.mp3").touch()
+        rows = [f"insert into tblSong values({number},'{artist}','{title}','{drive(self.music / f'{artist} - {title}.mp3')}',3)"
                 for number, artist, title in SONGS]
         key = 0
         for name, songs in LISTS.items():
@@ -62,6 +64,12 @@ class Keeper(Listener):
         self.choose_menu("Edit", "Playlists")
         self.stage.window("Brindlepost - Preferences$")
         self.eyes.find("Back Up All", "push button")
+
+    def open_list(self, file):
+        """Types the path of a play list file."""
+        self.write_into("Address", str(file), "text")
+        self.stage.key("Return")
+        self.answer_box("Brindlepost$", "Playlist was added successfully.", "OK")
 
     def leave_by_menu(self):
         self.choose_menu("File", "Exit")
@@ -167,12 +175,29 @@ def the_library_is_emptied(person):
     check_equal("the counts", person.rows_of("dbMedia", "select distinct PlayCount from tblSong"), ["0"])
     person.press("Empty Library", "push button")
     person.answer_box("Emptying Library$", "Are you sure you want to delete every file from your media library?", "Yes")
-    person.answer_box("Emptying Library$", "Media library is now empty.\nWould you like to add new media now?", "No")
+    person.answer_box("Emptying Library$", "Media library is now empty.\nWould you like to add new media now?", "Yes")
     check_equal("the rows left", person.rows_of("dbMedia", "select count(*) from tblSong union all "
                                                 "select count(*) from tblPlayList"), ["0", "0"])
     check_equal("the tracks shown", person.eyes.rows("Tracks"), [])
+
+
+def what_was_backed_up_comes_back(person):
+    person.go_to(person.music)
+    person.press("Get Files", "push button")
+    wait_for("the files", lambda: person.found_count() == str(len(SONGS)) and not person.is_searching())
+    person.press("Add all")
+    wait_for("the tracks", lambda: len(person.eyes.rows("Tracks")) == len(SONGS))
     person.stage.key("Escape")
     wait_for("Escape to hide the preferences", lambda: not person.stage.has_window("Brindlepost - Preferences"))
+    for file in sorted((person.files / "lists" / "one").iterdir()):
+        person.open_list(file)
+    person.picture("came-back")
+    check_equal("the play lists", sorted(row.strip() for row in person.eyes.rows("Playlists")[3:]), sorted(LISTS))
+    for name, songs in LISTS.items():
+        expected = [f"{artist} - {title}" for number in songs for n, artist, title in SONGS if n == number]
+        person.choose_text("Playlists", name)
+        wait_for(f"the tracks of '{name}': {expected}, not {person.eyes.rows('Tracks')}",
+                 lambda e=expected: person.eyes.rows("Tracks") == e)
     person.leave_by_menu()
 
 
@@ -225,7 +250,7 @@ def person_on(scene, files):
 
 
 PARTS = [options_are_stored_and_hold_after_a_restart, play_lists_are_backed_up, the_keyboard_reaches_every_option,
-         back_ups_that_cannot_be_are_told, the_library_is_emptied]
+         back_ups_that_cannot_be_are_told, the_library_is_emptied, what_was_backed_up_comes_back]
 
 if __name__ == "__main__":
     sys.exit(main())
