@@ -34,6 +34,15 @@ void Form::SetContentSize(double width, double height) {
     Move(Left(), Top(), width + FrameWidth(), height + FrameHeight());
 }
 
+void Form::SetState(WindowState state) {
+    if (state == WindowState::Minimised && state_ != state) before_minimised_ = state_;
+    Assign(state_, state, Property::Window);
+}
+
+void Form::Restore() {
+    if (state_ == WindowState::Minimised) SetState(before_minimised_);
+}
+
 void Form::LoadWindow() {
     if (loaded_) return;
     loaded_ = true;

@@ -32,7 +32,9 @@ public:
     void SetCaption(std::string_view caption) { Assign(caption_, caption, Property::Caption); }
     BorderStyle Border() const { return border_; }
     WindowState State() const { return state_; }
-    void SetState(WindowState state) { Assign(state_, state, Property::Window); }
+    void SetState(WindowState state);
+    /// A minimised window gets back the state it had before; any other stays as it is.
+    void Restore();
     /// Is above the main window whenever both are visible, as dialogs are. To be set before the window is
     /// shown.
     bool StaysInFront() const { return stays_in_front_; }
@@ -77,6 +79,7 @@ private:
     std::string caption_;
     BorderStyle border_;
     WindowState state_ = WindowState::Normal;
+    WindowState before_minimised_ = WindowState::Normal;
     bool loaded_ = false;
     bool stays_in_front_;
     std::vector<Menu*> menu_bar_;

@@ -34,6 +34,8 @@ public:
     /// Exactly one of any number of simultaneous calls, in any number of processes, gives First. Calling it
     /// again as the first gives First.
     virtual Instance TryBecomeFirst() = 0;
+    /// The last answer of TryBecomeFirst; Failed before it was called.
+    virtual Instance Answer() const = 0;
     /// Why TryBecomeFirst gave Failed, as a sentence for a box; empty otherwise.
     virtual std::string Failure() const = 0;
 

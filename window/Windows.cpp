@@ -13,8 +13,7 @@ std::vector<controls::Form*> Windows::All() {
 }
 
 void Windows::BringToFront() {
-    if (frmBrowser.State() == controls::WindowState::Minimised)
-        frmBrowser.SetState(controls::WindowState::Normal);
+    frmBrowser.Restore();
     controls::Form& in_front = login.frmLogin.Visible() ? login.frmLogin : frmBrowser;
     in_front.BringToFront();
 }

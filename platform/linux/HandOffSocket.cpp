@@ -15,6 +15,8 @@
 #include <thread>
 #include <utility>
 
+#include "base/Text.h"
+
 namespace linux {
 namespace {
 
@@ -74,6 +76,25 @@ std::string Framed(std::string_view text) {
     for (std::size_t i = 0; i < kLengthBytes; ++i)
         frame += static_cast<char>((text.size() >> (8 * i)) & 0xFFU);
     return frame.append(text);
+}
+
+constexpr char kAroundId = '\0';
+
+std::string MessageOf(std::string_view startup_id, std::string_view text) {
+    const bool has_id = !startup_id.empty() && !base::Contains(startup_id, std::string_view(&kAroundId, 1));
+    if (!has_id) return std::string(text);
+    return (std::string(1, kAroundId).append(startup_id) + kAroundId).append(text);
+}
+
+struct Message {
+    std::string startup_id;
+    std::string text;
+};
+
+Message MessageIn(std::string_view received) {
+    const std::size_t end = received.starts_with(kAroundId) ? received.find(kAroundId, 1) : 0;
+    if (end == 0 || end == std::string_view::npos) return {"", std::string(received)};
+    return {std::string(received.substr(1, end - 1)), std::string(received.substr(end + 1))};
 }
 
 int MillisecondsUntil(Moment end) {
@@ -146,15 +167,17 @@ void HandOffServer::Close(const SocketPlace& place) {
     events_.Close();
 }
 
-void HandOffServer::Serve(ports::HandOffListener& listener) {
+void HandOffServer::Serve(ports::HandOffListener& listener, const StartupIdTaker& take_id) {
     if (!IsListening()) return;
     AcceptAll();
     ReadAll();
     while (!complete_.empty()) {
         const Connection connection = std::move(complete_.front());
         complete_.pop_front();
+        const Message message = MessageIn(std::string_view(connection.received).substr(kLengthBytes));
+        if (take_id) take_id(message.startup_id);
         listener.OnBringToFront();
-        listener.OnCommandText(std::string_view(connection.received).substr(kLengthBytes));
+        listener.OnCommandText(message.text);
         listener.OnTrigger();
         ::send(connection.socket.Number(), &kProcessed, 1, MSG_NOSIGNAL);
     }
@@ -206,12 +229,13 @@ bool IsSomeoneListening(const SocketPlace& place) {
     return WithAddress(::connect, socket, AddressOf(place)) || errno == EAGAIN;
 }
 
-bool Deliver(const SocketPlace& place, std::string_view text) {
-    if (text.size() > HandOffServer::kLongestText) return false;
+bool Deliver(const SocketPlace& place, std::string_view startup_id, std::string_view text) {
+    const std::string message = MessageOf(startup_id, text);
+    if (message.size() > HandOffServer::kLongestText) return false;
     const Descriptor socket = Connect(place);
     if (!socket.IsOpen() || !IsOfThisUser(socket)) return false;
     const Moment end = std::chrono::steady_clock::now() + kPatienceForAnswer;
-    if (!SendAll(socket, Framed(text), end)) return false;
+    if (!SendAll(socket, Framed(message), end)) return false;
     // An instance that is still busy when the time is up has the text all the same.
     if (!WaitFor(socket, POLLIN, end)) return true;
     char answer = 0;

@@ -1,12 +1,14 @@
 // The local socket through which a later start delivers its command text to the instance that runs.
 //
-// One connection carries one text: four bytes of length, lowest first, and the text. The answer is one byte,
+// One connection carries one message: four bytes of length, lowest first, and the message. That is the text,
+// and before it, where the start has one, its start-up id between two zero bytes. The answer is one byte,
 // sent when the text has been processed. The socket can be used by its owner only, and each side checks who
 // the other is.
 #pragma once
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <list>
 #include <string>
 #include <string_view>
@@ -23,10 +25,14 @@ struct SocketPlace {
     std::string name;
 };
 
+/// Takes the start-up id that a launcher gave a later start, before its window is brought to the front; empty
+/// when there was none.
+using StartupIdTaker = std::function<void(const std::string&)>;
+
 /// The running instance's end.
 class HandOffServer {
 public:
-    /// Longest text that is taken, in bytes; a connection that announces more is dropped.
+    /// Longest message that is taken, in bytes; a connection that announces more is dropped.
     static constexpr std::size_t kLongestText = std::size_t{4} << 20U;
     /// Connections that are open at once; the oldest unfinished one makes room.
     static constexpr std::size_t kMostConnections = 64;
@@ -36,8 +42,8 @@ public:
     bool Listen(const SocketPlace& place);
     bool IsListening() const { return events_.IsOpen(); }
     int FileDescriptor() const { return events_.Number(); }
-    /// Notifies the listener of every text that is complete. Never waits.
-    void Serve(ports::HandOffListener& listener);
+    /// Notifies the listener of every text that is complete, and `take_id` before each. Never waits.
+    void Serve(ports::HandOffListener& listener, const StartupIdTaker& take_id);
     /// Stops listening; `place` is where it listened.
     void Close(const SocketPlace& place);
 
@@ -61,8 +67,8 @@ private:
 /// True when an instance listens there.
 bool IsSomeoneListening(const SocketPlace& place);
 
-/// Delivers a text and waits until it was processed: at most 5 seconds for someone to listen, then half a
-/// minute for the answer. False when it was not taken.
-bool Deliver(const SocketPlace& place, std::string_view text);
+/// Delivers a text and a start-up id, which may be empty, and waits until it was processed: at most 5 seconds
+/// for someone to listen, then half a minute for the answer. False when it was not taken.
+bool Deliver(const SocketPlace& place, std::string_view startup_id, std::string_view text);
 
 }  // namespace linux

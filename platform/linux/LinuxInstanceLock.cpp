@@ -36,8 +36,10 @@ Descriptor OpenLockFile(int folder, const std::string& name) {
 
 }  // namespace
 
-LinuxInstanceLock::LinuxInstanceLock(std::string folder)
-    : folder_path_(std::move(folder)), lock_name_(NameOfUser() + ".lock") {}
+LinuxInstanceLock::LinuxInstanceLock(std::string folder, std::string startup_id)
+    : folder_path_(std::move(folder)),
+      startup_id_(std::move(startup_id)),
+      lock_name_(NameOfUser() + ".lock") {}
 
 LinuxInstanceLock::~LinuxInstanceLock() {
     if (lock_.IsOpen()) server_.Close(Place());
@@ -48,6 +50,11 @@ SocketPlace LinuxInstanceLock::Place() const {
 }
 
 ports::Instance LinuxInstanceLock::TryBecomeFirst() {
+    answer_ = Try();
+    return answer_;
+}
+
+ports::Instance LinuxInstanceLock::Try() {
     if (lock_.IsOpen()) return ports::Instance::First;
     failure_.clear();
     folder_ = Descriptor(::open(folder_path_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
@@ -76,11 +83,11 @@ ports::Instance LinuxInstanceLock::Fail(std::string_view what, int error) {
 }
 
 bool LinuxInstanceLock::HandOff(std::string_view text) {
-    return folder_.IsOpen() && !lock_.IsOpen() && Deliver(Place(), text);
+    return folder_.IsOpen() && !lock_.IsOpen() && Deliver(Place(), startup_id_, text);
 }
 
 void LinuxInstanceLock::Serve() {
-    if (listener_ != nullptr) server_.Serve(*listener_);
+    if (listener_ != nullptr) server_.Serve(*listener_, OnStartupId);
 }
 
 }  // namespace linux

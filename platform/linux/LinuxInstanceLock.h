@@ -17,26 +17,34 @@ namespace linux {
 
 class LinuxInstanceLock final : public ports::InstanceLock {
 public:
-    /// `folder` is the native path of the application folder.
-    explicit LinuxInstanceLock(std::string folder);
+    /// `folder` is the native path of the application folder; `startup_id` is what a launcher gave this
+    /// start, which is handed over with its text.
+    explicit LinuxInstanceLock(std::string folder, std::string startup_id = {});
     ~LinuxInstanceLock() override;
     LinuxInstanceLock(const LinuxInstanceLock&) = delete;
     LinuxInstanceLock& operator=(const LinuxInstanceLock&) = delete;
 
     ports::Instance TryBecomeFirst() override;
+    ports::Instance Answer() const override { return answer_; }
     std::string Failure() const override { return failure_; }
     bool HandOff(std::string_view text) override;
     void SetListener(ports::HandOffListener* listener) override { listener_ = listener; }
     int FileDescriptor() const override { return server_.FileDescriptor(); }
     void Serve() override;
 
+    /// As the first: takes the start-up id of a later start before the listener is notified of anything.
+    StartupIdTaker OnStartupId;
+
 private:
+    ports::Instance Try();
     ports::Instance Fail(std::string_view what, int error);
     SocketPlace Place() const;
 
     std::string folder_path_;
+    std::string startup_id_;
     std::string lock_name_;
     std::string failure_;
+    ports::Instance answer_ = ports::Instance::Failed;
     Descriptor folder_;
     Descriptor lock_;
     HandOffServer server_;

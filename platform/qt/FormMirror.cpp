@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "controls/Menu.h"
+#include "platform/qt/Activation.h"
 #include "platform/qt/Geometry.h"
 #include "platform/qt/MenuMirror.h"
 #include "platform/qt/Skin.h"
@@ -181,7 +182,8 @@ void FormMirror::ShowState() {
     if (StateOf(*window_) == form_.State()) return;
     changing_state_ = true;
     Qt::WindowStates states = Qt::WindowNoState;
-    if (form_.State() == WindowState::Minimised) states = Qt::WindowMinimized;
+    // A maximised window that is minimised comes back maximised, whoever brings it back.
+    if (form_.State() == WindowState::Minimised) states = window_->windowState() | Qt::WindowMinimized;
     if (form_.State() == WindowState::Maximised) {
         states = Qt::WindowMaximized;
         window_->setMinimumSize(0, 0);
@@ -233,6 +235,10 @@ void FormMirror::ComeToFront() {
     QWidget* main_window = stage_.MainWindow();
     window_->raise();
     if (!IsPicture()) {
+        if (const auto startup_id = stage_.TakeUsersWish()) {
+            ActivateForUser(*window_, *startup_id);
+            return;
+        }
         if (!stage_.IsBeneath(form_)) window_->activateWindow();
     } else if (window_->isVisible() && main_window != nullptr) {
         KeepAbove(*window_, *main_window);

@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "controls/Form.h"
@@ -60,6 +61,9 @@ public:
     std::string Version() override {
         return options_.PageEngineVersion ? options_.PageEngineVersion() : std::string();
     }
+    /// The user asked in another program to see this one: the next window that comes to the front takes the
+    /// keyboard even where the window manager guards it. `startup_id` is what the launcher gave, or empty.
+    void ExpectToFront(std::string startup_id) { users_wish_ = std::move(startup_id); }
     /// Called once, after the first window has been painted.
     std::function<void()> AfterFirstPaint;
 
@@ -76,6 +80,7 @@ private:
     void OnMainWindowShown(QWidget& main_window) override;
     bool IsBeneath(const controls::Form& form) const override;
     void StackPictures() override;
+    std::optional<std::string> TakeUsersWish() override { return std::exchange(users_wish_, std::nullopt); }
     void OnFirstPaint() override;
     void OnPressed(controls::Control& window) override;
     void OnActivated(controls::Form& form) override;
@@ -95,6 +100,7 @@ private:
     std::uint64_t changes_ = 0;
     controls::Form* active_ = nullptr;
     std::optional<QRegion> shape_;
+    std::optional<std::string> users_wish_;
     QTimer idle_;
     QTimer release_;
     bool painted_ = false;

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QWidget>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "controls/Form.h"
@@ -45,6 +46,8 @@ public:
     /// A picture window came to be seen or changed its state: one that shows through the hole of the main
     /// window lies right below it from now on.
     virtual void StackPictures() = 0;
+    /// The start-up id of the user's wish to see this program; once, by the window that comes to the front.
+    virtual std::optional<std::string> TakeUsersWish() = 0;
     virtual void OnFirstPaint() = 0;
     /// The user presses in a window. That activates a picture window, before the press is reported.
     virtual void OnPressed(controls::Control& window) = 0;

@@ -57,6 +57,20 @@ TEST_P(InstanceLockContract, TheFirstStartIsTheFirstAndLaterOnesAreNot) {
     EXPECT_EQ(first->Failure(), "");
 }
 
+TEST_P(InstanceLockContract, TheAnswerIsKeptWhateverHappensAfterIt) {
+    auto first = bench_->Start();
+    const auto second = bench_->Start();
+    EXPECT_EQ(second->Answer(), ports::Instance::Failed);
+    first->TryBecomeFirst();
+    second->TryBecomeFirst();
+    EXPECT_EQ(first->Answer(), ports::Instance::First);
+
+    first.reset();
+    bench_->MakeUnusable();
+
+    EXPECT_EQ(second->Answer(), ports::Instance::Second);
+}
+
 TEST_P(InstanceLockContract, AfterTheFirstEndedTheNextIsFirst) {
     auto first = bench_->Start();
     const auto next = bench_->Start();

@@ -192,6 +192,27 @@ TEST_F(FormTest, AFrameLargerThanTheWindowLeavesNoContent) {
     EXPECT_EQ(form_.ContentHeight(), 0);
 }
 
+TEST_F(FormTest, AMinimisedWindowIsRestoredToWhatItWas) {
+    for (const WindowState before : {WindowState::Normal, WindowState::Maximised}) {
+        form_.SetState(before);
+        form_.SetState(WindowState::Minimised);
+        form_.SetState(WindowState::Minimised);
+
+        form_.Restore();
+
+        EXPECT_EQ(form_.State(), before);
+    }
+}
+
+TEST_F(FormTest, RestoringLeavesAWindowThatIsNotMinimised) {
+    form_.SetState(WindowState::Minimised);
+    form_.SetState(WindowState::Maximised);
+
+    form_.Restore();
+
+    EXPECT_EQ(form_.State(), WindowState::Maximised);
+}
+
 TEST_F(FormTest, TheScreenIsToldOfStateCaptionAndPopup) {
     Menu menu("mnuTrack");
     RecordingObserver screen;

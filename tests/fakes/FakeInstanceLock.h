@@ -29,10 +29,12 @@ public:
     FakeInstanceLock& operator=(const FakeInstanceLock&) = delete;
 
     ports::Instance TryBecomeFirst() override {
-        if (!instances_.Failure.empty()) return ports::Instance::Failed;
-        if (instances_.First == nullptr) instances_.First = this;
-        return instances_.First == this ? ports::Instance::First : ports::Instance::Second;
+        if (instances_.First == nullptr && instances_.Failure.empty()) instances_.First = this;
+        answer_ = instances_.First == this ? ports::Instance::First : ports::Instance::Second;
+        if (!instances_.Failure.empty()) answer_ = ports::Instance::Failed;
+        return answer_;
     }
+    ports::Instance Answer() const override { return answer_; }
     std::string Failure() const override { return instances_.Failure; }
     bool HandOff(std::string_view text) override {
         FakeInstanceLock* const first = instances_.First;
@@ -55,6 +57,7 @@ public:
 
 private:
     FakeInstances& instances_;
+    ports::Instance answer_ = ports::Instance::Failed;
     ports::HandOffListener* listener_ = nullptr;
     std::deque<std::string> waiting_;
 };

@@ -233,6 +233,44 @@ TEST(LinuxInstanceLock, AReadOnlyFolderIsNamedInTheReason) {
     EXPECT_EQ(lock.Failure(), "The folder " + folder.Path() + " cannot be written to: Permission denied.");
 }
 
+// Hands a text over with a start-up id and returns what arrived, as "id|text".
+std::string HandedOver(const std::string& startup_id, const std::string& text) {
+    const PlayFolder folder;
+    LinuxInstanceLock first(folder.Path());
+    LinuxInstanceLock second(folder.Path(), startup_id);
+    CountingListener listener;
+    std::string id = "none";
+    first.TryBecomeFirst();
+    second.TryBecomeFirst();
+    first.SetListener(&listener);
+    first.OnStartupId = [&](const std::string& given) { id = listener.Texts.empty() ? given : "late"; };
+    auto delivered = std::async(std::launch::async, [&] { return second.HandOff(text); });
+    while (delivered.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready)
+        first.Serve();
+    return listener.Texts.size() == 1 ? id + "|" + listener.Texts.front() : "not once";
+}
+
+TEST(LinuxInstanceLock, TheStartupIdOfALauncherTravelsWithTheText) {
+    EXPECT_EQ(HandedOver("files-7_TIME1234", "\"C:\\a.mp3\""), "files-7_TIME1234|\"C:\\a.mp3\"");
+    EXPECT_EQ(HandedOver("files-7_TIME1234", ""), "files-7_TIME1234|");
+    EXPECT_EQ(HandedOver("", "text"), "|text");
+    EXPECT_EQ(HandedOver(std::string("a\0b", 3), "text"), "|text");
+}
+
+TEST(LinuxInstanceLock, AMessageThatIsNoTextArrivesAsItIs) {
+    const PlayFolder folder;
+    LinuxInstanceLock first(folder.Path());
+    CountingListener listener;
+    ASSERT_EQ(first.TryBecomeFirst(), Instance::First);
+    first.SetListener(&listener);
+    const Descriptor open = ConnectTo(SocketPath(folder));
+    ASSERT_EQ(::send(open.Number(), "\x04\x00\x00\x00\x00\xFF\xFEx", 8, MSG_NOSIGNAL), 8);
+
+    first.Serve();
+
+    EXPECT_EQ(listener.Texts, (std::vector<std::string>{std::string("\0\xFF\xFEx", 4)}));
+}
+
 TEST(LinuxInstanceLock, ATextForAnInstanceThatEndsUnreadIsNotDelivered) {
     const PlayFolder folder;
     auto first = std::make_unique<LinuxInstanceLock>(folder.Path());

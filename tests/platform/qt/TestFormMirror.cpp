@@ -49,6 +49,31 @@ TEST_F(FormMirrorTest, AHiddenWindowIsGoneFromTheScreen) {
     EXPECT_FALSE(Window(desk)->isVisible());
 }
 
+TEST_F(FormMirrorTest, AMaximisedWindowThatIsMinimisedComesBackMaximised) {
+    qt_tests::Desk desk;
+    Window(desk)->setWindowState(Qt::WindowMaximized);
+    Window(desk)->setWindowState(Qt::WindowMaximized | Qt::WindowMinimized);
+    ASSERT_EQ(desk.form.State(), controls::WindowState::Minimised);
+
+    desk.form.Restore();
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.form.State(), controls::WindowState::Maximised);
+    EXPECT_EQ(Window(desk)->windowState() & (Qt::WindowMaximized | Qt::WindowMinimized), Qt::WindowMaximized);
+}
+
+TEST_F(FormMirrorTest, MinimisingKeepsThatTheWindowIsMaximised) {
+    qt_tests::Desk desk;
+    desk.form.SetState(controls::WindowState::Maximised);
+    desk.screen.CatchUp();
+
+    desk.form.SetState(controls::WindowState::Minimised);
+    desk.screen.CatchUp();
+
+    EXPECT_TRUE(Window(desk)->windowState().testFlag(Qt::WindowMinimized));
+    EXPECT_TRUE(Window(desk)->windowState().testFlag(Qt::WindowMaximized));
+}
+
 TEST_F(FormMirrorTest, AnotherSizeByThePersonIsWrittenBackAndRaisesResizeOnce) {
     qt_tests::Desk desk;
     int resizes = 0;
