@@ -21,7 +21,9 @@
 #include "platform/linux/EndSignal.h"
 #include "platform/linux/LinuxFiles.h"
 #include "platform/linux/LinuxInstanceLock.h"
+#include "platform/linux/LinuxRegistry.h"
 #include "platform/linux/SystemClock.h"
+#include "platform/qt/Activation.h"
 #include "platform/qt/Boxes.h"
 #include "platform/qt/DesktopWindows.h"
 #include "platform/qt/Environment.h"
@@ -56,6 +58,7 @@ int NoDisplay(const std::string& what) {
 
 int RunProgram(int argc, char** argv) {
     qt::PrepareEnvironment();
+    const std::string startup_id = qt::StartupIdOfProcess();
     if (const std::string missing = qt::MissingDisplay(); !missing.empty()) return NoDisplay(missing);
 
     const std::string program = linux::RunningProgram();
@@ -71,12 +74,13 @@ int RunProgram(int argc, char** argv) {
     QApplication::setWindowIcon(QIcon(QString::fromStdString(folder + "/images/brindlepost.png")));
     qt::Boxes boxes(loop);
 
-    linux::LinuxInstanceLock instance(folder);
+    linux::LinuxInstanceLock instance(folder, startup_id);
     if (instance.TryBecomeFirst() == ports::Instance::Failed) {
         boxes.MsgBox(instance.Failure(), ports::BoxButtons::Ok, "Brindlepost", ports::BoxIcon::Critical);
         return kNoLock;
     }
 
+    linux::LinuxRegistry registry(files, linux::FoldersOfUser());
     const linux::EndSignal end_signal;
     linux::SystemClock clock;
     linux::RandomChance chance;
@@ -97,13 +101,14 @@ int RunProgram(int argc, char** argv) {
         media.WarmUp();
         bus.Join();
     };
+    instance.OnStartupId = [&screen](const std::string& id) { screen.ExpectToFront(id); };
     for (controls::Form* form : windows.All())
         screen.Adopt(*form);
     qt::MainWindowShape window_shape(screen, windows.frmBrowser);
 
     window::MainWindow main_window(windows,
                                    {database, files, media, window_services, window_shape, boxes, loop, clock,
-                                    chance, instance, messenger, board, screen_saver, screen},
+                                    chance, instance, messenger, board, screen_saver, screen, registry},
                                    command, [&loop] { loop.Quit(); });
     QSocketNotifier hand_over(instance.FileDescriptor(), QSocketNotifier::Read);
     QObject::connect(&hand_over, &QSocketNotifier::activated, &hand_over, [&instance] { instance.Serve(); });

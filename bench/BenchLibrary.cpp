@@ -69,6 +69,7 @@ struct Neighbours final : roles::Start,
     void PopulateHistory(roles::HistoryKind kind) override { History->PopulateHistory(kind); }
     void OnRemoveKey() override {}
     void OnInitialTrack(std::string_view) override {}
+    void OnReloaded() override {}
     void NoMouseOvers() override {}
     void KeyDown(int, int) override {}
 

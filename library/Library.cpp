@@ -40,6 +40,7 @@ Library::Library(LibraryWindows windows, LibraryState state, store::Stores& stor
       add_media_(windows.add_media, stores, ports.files.ApplicationFolder(), state.Include_Sub_Folders,
                  others.window, lists_, {.files = ports.files, .dialogs = ports.dialogs, .loop = ports.loop}),
       opened_(windows.controls.opened, windows.menu, windows.controls.search.cmdAddToLibrary, add_media_,
-              windows.controls.sources, ports.dialogs) {}
+              windows.controls.sources, ports.dialogs),
+      file_type_(others.file_type) {}
 
 }  // namespace library

@@ -24,6 +24,7 @@
 #include "ports/Files.h"
 #include "roles/AddressRow.h"
 #include "roles/Favourites.h"
+#include "roles/FileType.h"
 #include "roles/Highlights.h"
 #include "roles/History.h"
 #include "roles/MediaIntake.h"
@@ -61,6 +62,7 @@ struct LibraryRoles {
     roles::MediaKeys& keys;
     roles::AddressRow& address;
     roles::Window& window;
+    roles::FileType& file_type;
 };
 
 struct LibraryPorts {
@@ -84,7 +86,8 @@ public:
 private:
     // LibraryListener
     void OnRemoveKey() override { playlists_.RemoveSelectedSong(); }
-    void OnInitialTrack(std::string_view path) override { opened_.AddMediaFromCommand(path); }
+    void OnInitialTrack(std::string_view path) override { opened_.AddIfMissing(path); }
+    void OnReloaded() override { file_type_.cmdAssociate(); }
 
     // roles::MediaIntake
     void AddMediaFromCommand(std::string_view path) override { opened_.AddMediaFromCommand(path); }
@@ -101,6 +104,7 @@ private:
     MediaDropRoom drops_;
     AddMediaRoom add_media_;
     OpenedMediaRoom opened_;
+    roles::FileType& file_type_;
 };
 
 }  // namespace library

@@ -85,6 +85,7 @@ void LibraryListsRoom::Command1() {
     for (int row = 0; row < shared_.lstOpenWith.ListCount() && !others_.start.IsOver(); ++row) {
         listener_.OnInitialTrack(std::string(shared_.lstOpenWith.List(row)));
     }
+    if (!others_.start.IsOver()) listener_.OnReloaded();
 }
 
 void LibraryListsRoom::DisplayPlayLists() {

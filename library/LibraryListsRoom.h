@@ -31,8 +31,10 @@ public:
     virtual ~LibraryListener() = default;
     /// The Delete key was pressed on the artists or the tracks.
     virtual void OnRemoveKey() = 0;
-    /// The reload reached a file that the program was started with.
+    /// The reload reached one of the files that were opened last.
     virtual void OnInitialTrack(std::string_view path) = 0;
+    /// The reload has come to its end.
+    virtual void OnReloaded() = 0;
 };
 
 /// What the reload and the views ask of other subjects.
@@ -60,8 +62,8 @@ public:
                      LibraryListRoles others);
 
     // roles::TrackLists
-    /// The reload sequence: playlists, artists, tracks, favourites, then the tracks the program was started
-    /// with.
+    /// The reload sequence: playlists, artists, tracks, favourites, then the files that were opened
+    /// last, and at its end the file type.
     void Command1() override;
     void RefillIfEmpty() override;
     /// Each playlist once, in first-seen order, at most 100.

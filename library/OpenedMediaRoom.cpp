@@ -24,16 +24,33 @@ void OpenedMediaRoom::AddMediaFromCommand(std::string_view path) {
     const SongName name = SongNameFromPath(file);
     controls_.Label5.SetCaption(name.artist);
     controls_.Label6.SetCaption(name.title);
-    if (AlreadyInLibrary(file)) return;
-    std::string rejected_in_silence;
-    add_media_.addfile(file, controls_.Label5.Caption(), controls_.Label6.Caption(), rejected_in_silence);
+    if (!AlreadyInLibrary(file)) Add(file);
 }
 
-bool OpenedMediaRoom::AlreadyInLibrary(std::string_view path) {
+void OpenedMediaRoom::AddIfMissing(std::string_view path) {
+    const std::string file(path);
+    if (!SongWith(file).Eof()) return;
+    const SongName name = SongNameFromPath(file);
+    controls_.Label5.SetCaption(name.artist);
+    controls_.Label6.SetCaption(name.title);
+    Add(file);
+}
+
+void OpenedMediaRoom::Add(const std::string& path) {
+    std::string rejected_in_silence;
+    add_media_.addfile(path, controls_.Label5.Caption(), controls_.Label6.Caption(), rejected_in_silence);
+}
+
+store::RecordSet OpenedMediaRoom::SongWith(std::string_view path) {
     store::RecordSet songs = OpenRows(sources_.datSong, store::kAllSongs);
     songs.MoveFirst();
     while (!songs.Eof() && songs.Text(store::tblSong::FilePath) != path)
         songs.MoveNext();
+    return songs;
+}
+
+bool OpenedMediaRoom::AlreadyInLibrary(std::string_view path) {
+    store::RecordSet songs = SongWith(path);
     if (songs.Eof()) return false;
     const std::int64_t plays = base::WholeVal(songs.Text(store::tblSong::PlayCount));
     songs.Edit();

@@ -2,6 +2,7 @@
 // that fills the library.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "controls/CommandButton.h"
@@ -25,6 +26,9 @@ public:
     /// Asks, when the library is empty, whether media shall be added, and opens the dialog on Yes.
     void OfferToAddMedia();
 
+    /// Takes a file into the library unless a song has its path. No play is counted: the reload comes here
+    /// after every change of a table.
+    void AddIfMissing(std::string_view path);
     /// A song has just this path. The test counts a play of that song.
     bool AlreadyInLibrary(std::string_view path);
 
@@ -32,6 +36,8 @@ private:
     void mnuAddToLibrary_Click() { add_media_.ShowDialog(); }
     void cmdAddToLibrary_Click() { add_media_.ShowDialog(); }
     bool IsLibraryEmpty();
+    void Add(const std::string& path);
+    store::RecordSet SongWith(std::string_view path);
 
     OpenedMediaControls& controls_;
     AddMediaRoom& add_media_;

@@ -46,6 +46,7 @@ MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, 
       hole_(windows.frmBrowser, windows.frmBrowser.player.video.picVideo, player_.Video(), ports.window_shape,
             ports.dialogs),
       skin_(windows.frmBrowser.chrome, TwinsOf(windows.frmBrowser), [this] { player_.SettlePictures(); }),
+      file_type_(ports.registry, ports.files),
       layout_(windows.frmBrowser, state_.web, state_.player.PlayerStopped, RolesOfLayout()),
       view_(windows.frmBrowser, windows.frmBrowser.menus, windows.frmBrowser.library.lists,
             [this] { layout_.Form_Resize(); }),
@@ -141,7 +142,8 @@ library::Library MainWindow::BuildLibrary() {
          .highlights = skin_,
          .keys = relays_.media_keys,
          .address = relays_.address_row,
-         .window = window_},
+         .window = window_,
+         .file_type = file_type_},
         {.files = ports_.files, .dialogs = ports_.dialogs, .loop = ports_.events, .clock = ports_.clock});
 }
 
@@ -197,6 +199,7 @@ session::SessionControls MainWindow::ControlsOfSession() {
             .login = windows_.login,
             .start_up = windows_.start_up,
             .hand_off = window.hand_off,
+            .hand_off_menu = window.menus,
             .menu = window.menus,
             .preferences_menu = window.menus,
             .info = windows_.info,
@@ -220,6 +223,8 @@ session::SessionControls MainWindow::ControlsOfSession() {
 
 session::SessionRoles MainWindow::RolesOfSession() {
     return {.track_lists = library_.Lists(),
+            .media = library_.Intake(),
+            .cue = player_.Cue(),
             .history = places_.History(),
             .favourites = places_.Favourites(),
             .tabs = web_.Tabs(),
@@ -240,7 +245,8 @@ session::Session MainWindow::BuildSession(std::string_view command) {
                              .session = state_.session,
                              .options = state_.options,
                              .web = state_.web,
-                             .player = state_.player},
+                             .player = state_.player,
+                             .ListMaybeChanged = state_.ListMaybeChanged},
                             RolesOfSession(),
                             {.files = ports_.files,
                              .dialogs = ports_.dialogs,

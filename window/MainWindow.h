@@ -21,6 +21,7 @@
 #include "ports/Messenger.h"
 #include "ports/NowPlaying.h"
 #include "ports/PageEngine.h"
+#include "ports/Registry.h"
 #include "ports/ScreenSaver.h"
 #include "ports/Windows.h"
 #include "session/Session.h"
@@ -28,6 +29,7 @@
 #include "store/Stores.h"
 #include "web/Web.h"
 #include "window/BrowserLayout.h"
+#include "window/FileTypeRoom.h"
 #include "window/HoleRoom.h"
 #include "window/MSN.h"
 #include "window/RemoteRoom.h"
@@ -55,6 +57,7 @@ struct Ports {
     ports::NowPlayingBoard& now_playing;
     ports::ScreenSaver& screen_saver;
     ports::PageEngine& pages;
+    ports::Registry& registry;
 };
 
 /// Plain data that several subjects know.
@@ -112,6 +115,7 @@ private:
     player::Player player_;
     HoleRoom hole_;
     SkinRoom skin_;
+    FileTypeRoom file_type_;
     BrowserLayout layout_;
     ViewRoom view_;
     library::Library library_;

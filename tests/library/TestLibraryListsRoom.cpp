@@ -400,8 +400,9 @@ TEST_F(LibraryListsRoomTest, TheReloadRunsItsStepsInOrder) {
 
     ListsRoom.Command1();
 
-    EXPECT_EQ(Neighbours.Calls, (Rows{"stage Media Library", "stage Favourites", "favourites",
-                                      "stage Initial tracks", "media C:\\a.mp3", "media C:\\b.mp3"}));
+    EXPECT_EQ(Neighbours.Calls,
+              (Rows{"stage Media Library", "stage Favourites", "favourites", "stage Initial tracks",
+                    "media C:\\a.mp3", "media C:\\b.mp3", "reloaded"}));
     EXPECT_EQ(Lists.lstPlayLists.ListCount(), 5);
     EXPECT_EQ(Lists.lstArtists.ListCount(), 3);
     EXPECT_EQ(Lists.lstTracks.ListCount(), 3);

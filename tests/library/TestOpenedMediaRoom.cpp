@@ -52,6 +52,17 @@ TEST_F(OpenedMediaRoomTest, AFileOfTheLibraryIsNotAddedAgainButPlayedOnceMore) {
     EXPECT_EQ(Stores.Rows("tblSong")[0][4], "5");
 }
 
+TEST_F(OpenedMediaRoomTest, AReloadAddsWhatIsMissingAndCountsNoPlay) {
+    Stores.Seed("tblSong", {Song("1", "Lark", "Post", "4")});
+
+    Opened.AddIfMissing("C:\\Music\\Lark - Post.mp3");
+    Opened.AddIfMissing("C:\\Music\\Lark - Rest.mp3");
+
+    ASSERT_EQ(Songs().size(), 2U);
+    EXPECT_EQ(Stores.Rows("tblSong")[0][4], "4");
+    EXPECT_EQ(Songs()[1], (SongRow{"2", "Lark", "Rest", "C:\\Music\\Lark - Rest.mp3", ""}));
+}
+
 TEST_F(OpenedMediaRoomTest, TheTestCountsAPlayOfTheFirstRowWithThatPathOnly) {
     Stores.Seed("tblSong",
                 {Song("1", "Other", "Song"), Song("2", "Lark", "Post"), Song("3", "Lark", "Post")});

@@ -11,6 +11,7 @@
 #include "fakes/FakeFiles.h"
 #include "fakes/FakeInstanceLock.h"
 #include "fakes/FakeMediaControl.h"
+#include "fakes/FakeRegistry.h"
 
 namespace scenario {
 
@@ -39,6 +40,7 @@ struct Computer {
     fakes::FakeMediaControl media;
     fakes::FakeWeb web;
     fakes::FakeInstances instances;
+    fakes::FakeRegistry registry;
 };
 
 }  // namespace scenario

@@ -19,18 +19,18 @@ Program::Program(Computer& on, std::string_view command)
       windows(on.files),
       main_window(windows,
                   {on.database, on.files, on.media, places, shape, dialogs, desktop, desktop, chance,
-                   instance, messenger, board, screen_saver, pages},
+                   instance, messenger, board, screen_saver, pages, on.registry},
                   command, [this] {
                       ended = true;
                       desktop.Ending = true;
                   }) {
+    instance.TryBecomeFirst();
     for (controls::Form* form : windows.All())
         desktop.Adopt(*form);
     pages.OnForget = [this] { TakePagesAway(); };
 }
 
 void Program::Start() {
-    instance.TryBecomeFirst();
     main_window.Start();
     desktop.EndHandler();
     Wait(kStartTime);
