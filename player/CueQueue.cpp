@@ -69,6 +69,19 @@ void CueQueue::RemoveSelectedRow() {
 void CueQueue::Uncue() {
     const int selected = controls_.lstCuedSongs.ListIndex();
     RemoveRow(selected < 0 ? 0 : selected);
+    LookAtHead();
+}
+
+void CueQueue::RemovePath(std::string_view path) {
+    int row = 0;
+    while (row < PathCount() && controls_.lstCuedSongsPath.List(row) != path)
+        ++row;
+    if (row == PathCount()) return;
+    RemoveRow(row);
+    LookAtHead();
+}
+
+void CueQueue::LookAtHead() {
     if (IsEmpty()) {
         state_.CueHeadIsPath = false;
         state_.CueHeadIsId = false;

@@ -24,6 +24,7 @@ public:
     int PathCount() const override { return controls_.lstCuedSongsPath.ListCount(); }
     void SelectPath(int row) override { controls_.lstCuedSongsPath.SetListIndex(row); }
     void CueFile(std::string_view path, std::string_view title) override;
+    void RemovePath(std::string_view path) override;
 
     /// How the head is to be played; both are false while there is none, whatever the flags say.
     bool IsPathAtHead() const { return !IsEmpty() && state_.CueHeadIsPath; }
@@ -49,6 +50,7 @@ public:
 private:
     std::string SelectEntry(int row);
     void RemoveRow(int row);
+    void LookAtHead();
     bool IsEmpty() const { return PathCount() == 0; }
     bool IsHeadShort() const;
 

@@ -1,8 +1,10 @@
 // Modal boxes: the user must answer. Other windows keep painting and timers keep running meanwhile.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ports {
 
@@ -20,6 +22,10 @@ public:
     /// Asks for one line of text. Cancel gives the empty text.
     virtual std::string InputBox(std::string_view prompt, std::string_view title,
                                  std::string_view default_text = {}) = 0;
+    /// Asks for files that are there, any number, as native paths; none when cancelled. Offers those that end
+    /// in one of the `endings`, in upper or lower case, under the name `kind`, and all files.
+    virtual std::vector<std::string> OpenFiles(std::string_view title, std::string_view kind,
+                                               std::span<const std::string_view> endings) = 0;
 };
 
 }  // namespace ports

@@ -16,6 +16,8 @@ public:
     /// Adds a file at the end. One that becomes the head is played as a path; the songs before it stay what
     /// they are.
     virtual void CueFile(std::string_view path, std::string_view title) = 0;
+    /// Takes out the first entry that equals the path; nothing happens without one.
+    virtual void RemovePath(std::string_view path) = 0;
 };
 
 }  // namespace roles

@@ -15,6 +15,8 @@ public:
     /// As if the user had typed the text into `cmbAddress` and pressed Enter: the mode and the shape of the
     /// text decide what happens.
     virtual void Enter(std::string_view text) = 0;
+    /// As Enter in the mode Web, whatever the mode is: for a text that was not typed in that mode.
+    virtual void EnterAsWeb(std::string_view text) = 0;
 };
 
 }  // namespace roles

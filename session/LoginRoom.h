@@ -44,7 +44,7 @@ private:
     void cmdLogin_Click();
     void tmrLoad_Tick();
 
-    bool IsFirstRun() { return instance_.TryBecomeFirst() == ports::Instance::First; }
+    bool IsFirstRun() { return instance_.Answer() == ports::Instance::First; }
     bool HasFile(std::string_view file) const;
     void ReadMultipleUsers();
     /// Takes what the current row of tblLogin remembers; true when the row logs in automatically.

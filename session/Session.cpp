@@ -35,6 +35,15 @@ StartUpRoles RolesOfStart(const SessionRoles& roles) {
             .highlights = roles.highlights};
 }
 
+HandOffRoles RolesOfHandOff(const SessionRoles& roles) {
+    return {.media = roles.media,
+            .cue = roles.cue,
+            .transport = roles.transport,
+            .track_lists = roles.track_lists,
+            .address_row = roles.address_row,
+            .opener = roles.opener};
+}
+
 }  // namespace
 
 Session::Session(SessionControls controls, SessionData data, SessionRoles roles, SessionPorts ports,
@@ -66,7 +75,16 @@ Session::Session(SessionControls controls, SessionData data, SessionRoles roles,
                {.files = ports.files, .dialogs = ports.dialogs, .clock = ports.clock, .loop = ports.events}),
       preferences_(controls.info, controls.preferences_menu, back_up_, new_user_, stores, ports.dialogs,
                    ports.files.ApplicationFolder()),
-      hand_off_(controls.hand_off, ports.instance, std::move(bring_to_front)),
+      hand_off_(controls.hand_off, controls.hand_off_menu,
+                {.session = data.session,
+                 .frmActivate = controls.activate.frmActivate,
+                 .ListMaybeChanged = data.ListMaybeChanged},
+                RolesOfHandOff(roles),
+                {.files = ports.files,
+                 .dialogs = ports.dialogs,
+                 .events = ports.events,
+                 .instance = ports.instance},
+                std::move(bring_to_front)),
       start_up_(controls.start_up, TargetsOfStart(controls), data.session, data.login, data.web, data.player,
                 {.settings = settings_, .splash = splash_, .hand_off = hand_off_}, RolesOfStart(roles),
                 {.files = ports.files,

@@ -11,7 +11,9 @@
 #include "ports/Files.h"
 #include "ports/InstanceLock.h"
 #include "ports/PageEngine.h"
+#include "roles/CueList.h"
 #include "roles/FrontPage.h"
+#include "roles/MediaIntake.h"
 #include "roles/NowPlaying.h"
 #include "roles/Start.h"
 #include "session/ActivateRoom.h"
@@ -37,6 +39,7 @@ struct SessionControls {
     LoginForm& login;
     StartUpControls& start_up;
     HandOffControls& hand_off;
+    HandOffMenu& hand_off_menu;
     SessionMenu& menu;
     PreferencesMenu& preferences_menu;
     InfoForm& info;
@@ -54,10 +57,13 @@ struct SessionData {
     SessionOptions& options;
     web::WebState& web;
     player::PlayerState& player;
+    bool& ListMaybeChanged;
 };
 
 struct SessionRoles {
     roles::TrackLists& track_lists;
+    roles::MediaIntake& media;
+    roles::CueList& cue;
     roles::History& history;
     roles::Favourites& favourites;
     roles::Tabs& tabs;

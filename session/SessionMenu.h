@@ -1,5 +1,4 @@
-// The menu entries of the session: those that end it, and those that open the preferences; captions and order
-// are in window/MenuTree.cpp.
+// The menu entries of the session; captions and order are in window/MenuTree.cpp.
 #pragma once
 
 #include "controls/Menu.h"
@@ -16,6 +15,11 @@ struct SessionMenu {
 struct PreferencesMenu {
     controls::Menu mnuPreferences{"mnuPreferences"};
     controls::Menu mnuEditPlaylists{"mnuEditPlaylists"};
+};
+
+/// Answered by HandOffRoom.
+struct HandOffMenu {
+    controls::Menu mnuOpenMediaFile{"mnuOpenMediaFile"};
 };
 
 }  // namespace session

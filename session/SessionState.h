@@ -62,7 +62,7 @@ struct SessionState {
     bool NothingBegun = false;
     /// The program was started with files or an address.
     bool StartedWithArguments = false;
-    /// The quoted paths of the command line and the next of them; the opening of media files will read them.
+    /// The quoted texts of the command line and the next of them. Read by nothing: the mailbox opens them.
     std::vector<std::string> StartArguments;
     std::size_t StartArgument = 0;
     /// Settings are loaded by the start-up timer once only.

@@ -10,9 +10,6 @@ namespace {
 
 constexpr int kLoadTick = 5;
 constexpr std::int16_t kStartSpeed = 100;
-/// What stands between two quoted paths of a command line.
-constexpr std::string_view kBetweenPaths = "\" \"";
-constexpr std::string_view kPathMark = "^";
 
 std::string WholeNumber(double value) {
     return base::ToText(base::RoundHalfEven(value));
@@ -48,8 +45,7 @@ void StartUpRoom::Form_Load() {
     rooms_.hand_off.Prepare();
     load_ticks_ = 0;
     web_.BackdropHidden = true;
-    if (const ports::Instance instance = ports_.instance.TryBecomeFirst();
-        instance != ports::Instance::First) {
+    if (const ports::Instance instance = ports_.instance.Answer(); instance != ports::Instance::First) {
         HandOver(instance);
         return;
     }
@@ -111,7 +107,7 @@ void StartUpRoom::SetPlayerDefaults() {
 void StartUpRoom::TakeArguments() {
     session_.StartedWithArguments = !command_.empty();
     if (command_.empty()) return;
-    session_.StartArguments = base::Split(base::Replace(command_, kBetweenPaths, kPathMark), kPathMark);
+    session_.StartArguments = EntriesOf(command_);
     session_.StartArgument = 0;
     roles_.tabs.NavigateBackdrop(web::MakerAddress(web::kBackdropQuery));
 }

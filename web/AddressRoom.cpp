@@ -75,6 +75,11 @@ void AddressRoom::Enter(std::string_view text) {
     cmbAddress_KeyDown(controls::kKeyEnter, 0);
 }
 
+void AddressRoom::EnterAsWeb(std::string_view text) {
+    address_.SetAddress(text);
+    TakeKey(controls::kKeyEnter, 0, roles::AddressMode::Web);
+}
+
 void AddressRoom::txtAddress_KeyDown(int key_code, int shift) {
     address_.SetAddress(address_.Typed());
     cmbAddress_KeyDown(key_code, shift);
@@ -85,9 +90,13 @@ void AddressRoom::cmbAddress_Click() {
 }
 
 void AddressRoom::cmbAddress_KeyDown(int key_code, int shift) {
+    TakeKey(key_code, shift, address_.Mode());
+}
+
+void AddressRoom::TakeKey(int key_code, int shift, roles::AddressMode mode) {
     state_.ReloadLibraryAfterKey = false;
     if (key_code == controls::kKeyEnter) {
-        if (TakeEnter() == Handled::Wholly) return;
+        if (TakeEnter(mode) == Handled::Wholly) return;
         address_.SetTyped("");
         if (!roles_.start.IsLoading()) RefillHistory();
     }
@@ -95,9 +104,8 @@ void AddressRoom::cmbAddress_KeyDown(int key_code, int shift) {
     roles_.keys.KeyDown(key_code, shift);
 }
 
-AddressRoom::Handled AddressRoom::TakeEnter() {
-    const roles::AddressMode mode = address_.Mode();
-    if (address_.IsWebMode() || mode == roles::AddressMode::File) {
+AddressRoom::Handled AddressRoom::TakeEnter(roles::AddressMode mode) {
+    if (mode != roles::AddressMode::Msn && mode != roles::AddressMode::Search) {
         address_.SetAddress(ports_.files.FromNative(address_.Address()));
     }
     const std::string text = address_.Address();

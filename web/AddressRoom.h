@@ -54,6 +54,7 @@ public:
     // roles::PageOpener
     void OpenTab(std::string_view address) override;
     void Enter(std::string_view text) override;
+    void EnterAsWeb(std::string_view text) override;
 
 private:
     void cmbAddress_KeyDown(int key_code, int shift);
@@ -65,7 +66,8 @@ private:
     void cmbType_KeyDown(int key_code, int shift);
 
     enum class Handled { Wholly, SoFar };
-    Handled TakeEnter();
+    void TakeKey(int key_code, int shift, roles::AddressMode mode);
+    Handled TakeEnter(roles::AddressMode mode);
     Handled EnterWeb(const std::string& text);
     bool IsForeignPlayList(std::string_view text) const;
     Handled EnterMediaPath(const std::string& text);

@@ -96,6 +96,7 @@ class MediaKeysRelay final : public Relay<roles::MediaKeys> {
 class PageOpenerRelay final : public Relay<roles::PageOpener> {
     void OpenTab(std::string_view address) override { Answers().OpenTab(address); }
     void Enter(std::string_view text) override { Answers().Enter(text); }
+    void EnterAsWeb(std::string_view text) override { Answers().EnterAsWeb(text); }
 };
 
 class StartRelay final : public Relay<roles::Start> {

@@ -64,7 +64,6 @@ struct SeparatorMenu {
 
 /// The entries whose command is not built yet.
 struct UnansweredMenu {
-    controls::Menu mnuOpenMediaFile{"mnuOpenMediaFile"};
     controls::Menu mnuAbout{"mnuAbout"};
 };
 
@@ -78,6 +77,7 @@ struct WindowMenu : OpeningMenu,
                     library::LibraryMenu,
                     places::PlacesMenu,
                     session::SessionMenu,
-                    session::PreferencesMenu {};
+                    session::PreferencesMenu,
+                    session::HandOffMenu {};
 
 }  // namespace window

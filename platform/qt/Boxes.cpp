@@ -1,12 +1,17 @@
 #include "platform/qt/Boxes.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QStandardPaths>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -150,6 +155,18 @@ QWidget* Owner() {
     return window != nullptr && window->isVisible() ? window : nullptr;
 }
 
+QString FilterOf(std::string_view kind, std::span<const std::string_view> endings) {
+    QStringList patterns;
+    for (const std::string_view ending : endings)
+        patterns.append(QLatin1Char('*') + ToQt(ending));
+    return ToQt(kind) + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) + QLatin1Char(')');
+}
+
+QString MusicFolder() {
+    const QString music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+    return QDir(music).exists() ? music : QDir::homePath();
+}
+
 }  // namespace
 
 int Boxes::Ask(QDialog& box) {
@@ -179,6 +196,19 @@ std::string Boxes::InputBox(std::string_view prompt, std::string_view title, std
         {{QStringLiteral("OK"), QDialog::Accepted}, {QStringLiteral("Cancel"), QDialog::Rejected}});
     edit->setFocus();
     return Ask(box) == QDialog::Accepted ? edit->text().toStdString() : std::string();
+}
+
+std::vector<std::string> Boxes::OpenFiles(std::string_view title, std::string_view kind,
+                                          std::span<const std::string_view> endings) {
+    QFileDialog dialog(Owner(), ToQt(title), last_folder_.isEmpty() ? MusicFolder() : last_folder_);
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    dialog.setNameFilters({FilterOf(kind, endings), QStringLiteral("All files (*)")});
+    if (Ask(dialog) != QDialog::Accepted) return {};
+    last_folder_ = dialog.directory().path();
+    std::vector<std::string> files;
+    for (const QString& file : dialog.selectedFiles())
+        files.push_back(QFile::encodeName(file).toStdString());
+    return files;
 }
 
 }  // namespace qt

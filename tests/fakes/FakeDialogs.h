@@ -23,6 +23,12 @@ struct ShownInput {
     std::string default_text;
 };
 
+struct FileQuestion {
+    std::string title;
+    std::string kind;
+    std::vector<std::string> endings;
+};
+
 class FakeDialogs final : public ports::Dialogs {
 public:
     ports::BoxAnswer MsgBox(std::string_view text, ports::BoxButtons buttons, std::string_view title,
@@ -44,10 +50,22 @@ public:
         return typed;
     }
 
+    std::vector<std::string> OpenFiles(std::string_view title, std::string_view kind,
+                                       std::span<const std::string_view> endings) override {
+        FileQuestions.push_back({std::string(title), std::string(kind), {endings.begin(), endings.end()}});
+        if (Chosen.empty()) return {};
+        std::vector<std::string> files = Chosen.front();
+        Chosen.pop_front();
+        return files;
+    }
+
     /// What happens while a box is up.
     std::function<void()> OnBox;
     std::vector<ShownBox> Boxes;
     std::vector<ShownInput> Inputs;
+    std::vector<FileQuestion> FileQuestions;
+    /// Chosen files in turn; none (Cancel) when they run out.
+    std::deque<std::vector<std::string>> Chosen;
     /// Answers in turn; Ok or No when they run out.
     std::deque<ports::BoxAnswer> Answers;
     /// Typed lines in turn; the empty text (Cancel) when they run out.

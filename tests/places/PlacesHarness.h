@@ -58,6 +58,7 @@ class RecordingPageOpener final : public roles::PageOpener {
 public:
     void OpenTab(std::string_view address) override { WentTo.emplace_back(address); }
     void Enter(std::string_view text) override { Entered.emplace_back(text); }
+    void EnterAsWeb(std::string_view text) override { Entered.emplace_back(text); }
 
     Texts WentTo;
     Texts Entered;

@@ -250,6 +250,213 @@ TEST_F(StartStory, ASecondStartHandsItsCommandOverAndOpensNoStore) {
     EXPECT_FALSE(first.ended);
 }
 
+TEST_F(StartStory, AStartWithTwoFilesPlaysTheFirstAndCuesTheOther) {
+    computer.AddUser("Ann", "rose");
+    computer.AddSong("C:\\Music\\Sun - Rise.mp3", {60'000, 1000});
+    computer.AddSong("C:\\Music\\Moon - Fall.mp3", {60'000, 1000});
+    Program program(computer, "\"C:\\Music\\Sun - Rise.mp3\" \"C:\\Music\\Moon - Fall.mp3\"");
+
+    program.StartAndLogIn("Ann", "rose");
+
+    EXPECT_EQ(program.Browser().player.transport.lblFileNowPlaying.Caption(), "C:\\Music\\Sun - Rise.mp3");
+    EXPECT_EQ(Program::RowsOf(program.Browser().player.queue.lstCuedSongs), (Texts{"Moon - Fall"}));
+    EXPECT_EQ(Program::RowsOf(program.Browser().library.lists.lstTracks),
+              (Texts{"Sun - Rise", "Moon - Fall"}));
+    EXPECT_TRUE(program.BoxTexts().empty());
+}
+
+TEST_F(StartStory, AStartWithAnAddressOpensItOnceTheUserIsIn) {
+    computer.AddUser("Ann", "rose");
+    computer.AddPage("http://example.org/", "Example");
+    Program program(computer, "\"http://example.org/\"");
+    program.Start();
+    EXPECT_EQ(program.Browser().web.tabs.Browser.Count(), 1);
+
+    program.LogIn("Ann", "rose");
+    program.Wait(12'000);
+    program.LetPagesArrive();
+
+    ASSERT_EQ(program.Browser().web.tabs.Browser.Count(), 2);
+    EXPECT_TRUE(program.Browser().web.tabs.Browser(1).Visible());
+    EXPECT_EQ(program.Browser().web.tabs.Browser(1).LocationURL(), "http://example.org/");
+    EXPECT_EQ(program.main_window.Known().web.currentbrowser, 1);
+}
+
+/// A program that runs, with a user who is logged in, and later starts.
+class SecondStart : public testing::Test {
+protected:
+    SecondStart() {
+        computer.AddUser("Ann", "rose");
+        computer.AddSong("C:\\Music\\Sun - Rise.mp3", {60'000, 1000});
+        computer.AddSong("C:\\Music\\Moon - Fall.mp3", {60'000, 1000});
+        first.StartAndLogIn("Ann", "rose");
+    }
+
+    /// Starts once more with a command; true when that start has ended without a window.
+    bool StartAgain(std::string_view command) {
+        Program second(computer, command);
+        second.Start();
+        first.desktop.EndHandler();
+        return second.ended && !second.Browser().Visible() && second.BoxTexts().empty();
+    }
+    std::string Playing() { return first.Browser().player.transport.lblFileNowPlaying.Caption(); }
+    Texts Cued() { return Program::RowsOf(first.Browser().player.queue.lstCuedSongs); }
+    int Tabs() { return first.Browser().web.tabs.Browser.Count() - 1; }
+
+    Computer computer;
+    Program first{computer};
+};
+
+TEST_F(SecondStart, WithTwoFilesTheFirstPlaysAfterASecondAndTheOtherIsCued) {
+    EXPECT_TRUE(StartAgain("\"C:\\Music\\Sun - Rise.mp3\" \"C:\\Music\\Moon - Fall.mp3\""));
+    EXPECT_EQ(Playing(), "");
+    first.Wait(1'000);
+
+    EXPECT_EQ(Playing(), "C:\\Music\\Sun - Rise.mp3");
+    EXPECT_EQ(Cued(), (Texts{"Moon - Fall"}));
+    EXPECT_EQ(Program::RowsOf(first.Browser().library.lists.lstTracks), (Texts{"Sun - Rise", "Moon - Fall"}));
+}
+
+TEST_F(SecondStart, TheCuedFileFollowsTheFirst) {
+    StartAgain("\"C:\\Music\\Sun - Rise.mp3\" \"C:\\Music\\Moon - Fall.mp3\"");
+
+    first.Wait(70'000);
+
+    EXPECT_EQ(Playing(), "C:\\Music\\Moon - Fall.mp3");
+    EXPECT_TRUE(Cued().empty());
+}
+
+TEST_F(SecondStart, AFileOpenedWhileOnePlaysPlaysNow) {
+    StartAgain("\"C:\\Music\\Sun - Rise.mp3\"");
+    first.Wait(5'000);
+
+    StartAgain("\"C:\\Music\\Moon - Fall.mp3\"");
+    first.Wait(1'000);
+
+    EXPECT_EQ(Playing(), "C:\\Music\\Moon - Fall.mp3");
+    EXPECT_TRUE(Cued().empty());
+}
+
+TEST_F(SecondStart, AnOpenedFileIsCountedWhenItPlaysAndByNoReload) {
+    StartAgain("\"C:\\Music\\Sun - Rise.mp3\"");
+    first.Wait(2'000);
+
+    StartAgain("\"C:\\Music\\a.mp3\"");
+
+    EXPECT_EQ(computer.database.Rows(scenario::kMediaPath, "tblSong")[0][4], "1");
+}
+
+TEST_F(SecondStart, AnAddressOpensATabInFrontWhateverTheMode) {
+    computer.AddPage("http://example.org/", "Example");
+    auto& cmbType = first.Browser().web.address.cmbType;
+    ASSERT_EQ(cmbType.ListCount(), 4);
+    for (int mode = 0; mode < 4; ++mode) {
+        SCOPED_TRACE(mode);
+        const int before = Tabs();
+        cmbType.SetListIndex(mode);
+
+        EXPECT_TRUE(StartAgain("\"http://example.org/\""));
+        first.Wait(50);
+        first.LetPagesArrive();
+
+        ASSERT_EQ(Tabs(), before + 1);
+        EXPECT_EQ(first.Browser().web.tabs.Browser(Tabs()).LocationURL(), "http://example.org/");
+        EXPECT_EQ(first.main_window.Known().web.currentbrowser, Tabs());
+        EXPECT_EQ(cmbType.ListIndex(), mode);
+    }
+}
+
+TEST_F(SecondStart, WithNothingTheWindowComesToTheFrontAndNothingElseHappens) {
+    StartAgain("\"C:\\Music\\Sun - Rise.mp3\"");
+    first.Wait(5'000);
+    first.Browser().SetState(controls::WindowState::Maximised);
+    first.Browser().SetState(controls::WindowState::Minimised);
+    computer.media.NewCommands();
+
+    EXPECT_TRUE(StartAgain(""));
+    first.Wait(2'000);
+
+    EXPECT_EQ(first.Browser().State(), controls::WindowState::Maximised);
+    EXPECT_TRUE(first.Browser().hand_off.Text1.Text().ends_with("Excuted with command: "));
+    EXPECT_EQ(Playing(), "C:\\Music\\Sun - Rise.mp3");
+    for (const std::string& command : computer.media.NewCommands())
+        EXPECT_FALSE(command.starts_with("open") || command.starts_with("play")) << command;
+}
+
+TEST_F(SecondStart, DuringALoginWaitsForTheUser) {
+    first.Click(first.Browser().menus.mnuLogout);
+    ASSERT_TRUE(first.windows.login.frmLogin.Visible());
+    EXPECT_TRUE(StartAgain("\"C:\\Music\\Sun - Rise.mp3\""));
+    first.Wait(5'000);
+    EXPECT_EQ(Playing(), "");
+
+    first.LogIn("Ann", "rose");
+    first.Wait(14'000);
+
+    EXPECT_EQ(Playing(), "C:\\Music\\Sun - Rise.mp3");
+}
+
+TEST_F(SecondStart, ACommandForAProgramThatEndsIsDropped) {
+    first.Click(first.Browser().menus.mnuLogout);
+    StartAgain("\"C:\\Music\\Sun - Rise.mp3\"");
+
+    first.windows.login.frmLogin.UnloadWindow();
+    first.desktop.EndHandler();
+
+    EXPECT_TRUE(first.ended);
+    EXPECT_TRUE(computer.database.Rows(scenario::kMediaPath, "tblSong").empty());
+}
+
+TEST_F(SecondStart, ALongTextThatIsNoTextHarmsNothing) {
+    const std::string nonsense = "\"\xFF\xFE" + std::string(1U << 20U, 'x') + "\"";
+
+    EXPECT_TRUE(StartAgain(nonsense));
+    first.Wait(3'000);
+    StartAgain("\"C:\\Music\\Sun - Rise.mp3\"");
+    first.Wait(1'000);
+
+    EXPECT_EQ(Playing(), "C:\\Music\\Sun - Rise.mp3");
+}
+
+TEST_F(SecondStart, FilesChosenInTheMenuTakeTheSameWay) {
+    first.dialogs.Chosen = {{"/Music/Moon - Fall.mp3", "/Music/Sun - Rise.mp3"}};
+
+    first.Click(first.Browser().menus.mnuOpenMediaFile);
+    first.Wait(1'000);
+
+    EXPECT_EQ(Playing(), "C:\\Music\\Moon - Fall.mp3");
+    EXPECT_EQ(Cued(), (Texts{"Sun - Rise"}));
+}
+
+TEST_F(StartStory, TheFileTypeIsClaimedAtEveryReloadOfTheLists) {
+    computer.AddUser("Ann", "rose");
+    Program program(computer);
+    const auto claims = [this] {
+        return std::count(computer.registry.Operations.begin(), computer.registry.Operations.end(), "notify");
+    };
+    program.Start();
+    EXPECT_EQ(claims(), 1);
+    const Texts contents = computer.registry.Contents(ports::RegistryRoot::ClassesRoot);
+    EXPECT_EQ(contents.size(), 10U);
+
+    program.LogIn("Ann", "rose");
+    program.Wait(12'000);
+    program.dialogs.Typed = {"Evening"};
+    program.Click(program.Browser().menus.mnuNewPlayList);
+
+    EXPECT_GT(claims(), 1);
+    EXPECT_EQ(computer.registry.Contents(ports::RegistryRoot::ClassesRoot), contents);
+}
+
+TEST_F(StartStory, ARefusedStartClaimsNoFileType) {
+    computer.files.Remove(scenario::kMediaPath);
+    Program program(computer);
+
+    program.Start();
+
+    EXPECT_TRUE(computer.registry.Operations.empty());
+}
+
 TEST_F(StartStory, AfterTheFirstHasEndedTheNextStartIsTheFirst) {
     computer.AddUser("Ann", "rose");
     {

@@ -64,6 +64,8 @@ class Neighbours final : public roles::TrackLists,
                          public roles::NowPlaying,
                          public roles::MessengerLine,
                          public roles::Highlights,
+                         public roles::MediaIntake,
+                         public roles::CueList,
                          public fakes::NullTransport,
                          public fakes::NullPlayerSetup,
                          public ports::InstanceLock {
@@ -124,10 +126,32 @@ public:
 
     // roles::PageOpener
     void OpenTab(std::string_view address) override { Note("OpenTab ", address); }
+    void EnterAsWeb(std::string_view text) override { Note("EnterAsWeb ", text); }
     void Enter(std::string_view text) override {
         Note("Enter ", text);
         TabsVisible.push_back(true);
         if (OnEnter) OnEnter();
+    }
+
+    // roles::MediaIntake
+    void AddMediaFromCommand(std::string_view path) override {
+        Note("AddMediaFromCommand ", path);
+        if (OnAddMedia) OnAddMedia();
+    }
+    void AddPlayList(std::string_view path) override { Note("AddPlayList ", path); }
+    void OfferToAddMedia() override { Log.emplace_back("OfferToAddMedia"); }
+
+    // roles::CueList
+    int SongCount() const override { return static_cast<int>(Cued.size()); }
+    int PathCount() const override { return SongCount(); }
+    void SelectPath(int) override {}
+    void CueFile(std::string_view path, std::string_view title) override {
+        Cued.push_back(std::string(path).append("|").append(title));
+    }
+    void RemovePath(std::string_view path) override {
+        const auto is_it = [path](const std::string& entry) { return entry.starts_with(path); };
+        const auto found = std::find_if(Cued.begin(), Cued.end(), is_it);
+        if (found != Cued.end()) Cued.erase(found);
     }
 
     // roles::FrontPage
@@ -156,6 +180,7 @@ public:
     void NoMouseOvers() override { Log.emplace_back("NoMouseOvers"); }
 
     // roles::Transport
+    void PlaySong(std::string_view path) override { Note("PlaySong ", path); }
     bool IsPlayShown() const override { return PlayShown; }
     void Play() override { Log.emplace_back("Play"); }
     void Pause() override { Log.emplace_back("Pause"); }
@@ -175,9 +200,10 @@ public:
 
     // ports::InstanceLock
     ports::Instance TryBecomeFirst() override {
-        if (LockFails) return ports::Instance::Failed;
-        return OtherRuns ? ports::Instance::Second : ports::Instance::First;
+        Log.emplace_back("TryBecomeFirst");
+        return Answer();
     }
+    ports::Instance Answer() const override { return Running; }
     std::string Failure() const override { return "The folder is gone."; }
     bool HandOff(std::string_view text) override {
         Note("HandOver ", text);
@@ -194,11 +220,12 @@ public:
     std::string Typed;
     bool MusicTabVisible = true;
     bool AddressVisible = true;
-    bool OtherRuns = false;
-    bool LockFails = false;
+    ports::Instance Running = ports::Instance::First;
     bool PlayShown = true;
     roles::PlayerStatus Playing = roles::PlayerStatus::Stopped;
     std::string Track;
+    Texts Cued;  ///< "path|title"
+    std::function<void()> OnAddMedia;
     std::function<void()> OnCommand1;
     std::function<void()> OnDisplayPlayLists;
     std::function<void()> OnSettle;
@@ -206,7 +233,7 @@ public:
 };
 
 /// The windows of the other subsystems, the menu entries and the controls that core reaches.
-struct Windows : session::SessionMenu {
+struct Windows : session::SessionMenu, session::HandOffMenu {
     controls::Form frmBrowser{"frmBrowser", "Brindlepost"};
     controls::Form frmAdd{"frmAdd", ""};
     controls::Form frmAbout{"frmAbout", ""};
@@ -329,6 +356,7 @@ protected:
     fakes::RecordingPageEngine pages;
     session::StoreTroubleControls trouble_controls;
     session::StoreTroubleRoom trouble{trouble_controls, session, boxes};
+    bool ListMaybeChanged = false;
     controls::EventClaims claims;
 
     session::ActivateRoom splash{activate, connection, session, {w.frmBrowser, w}, login_form.frmLogin,
@@ -363,7 +391,12 @@ protected:
         {near, near, near, near, near, near, near},
         {stores.Stores, trouble},
         {boxes, desktop, pages}};
-    session::HandOffRoom hand_off{mailbox, instance, [] {}};
+    session::HandOffRoom hand_off{mailbox,
+                                  w,
+                                  {session, activate.frmActivate, ListMaybeChanged},
+                                  {near, near, near, near, near, near},
+                                  {files, boxes, desktop, instance},
+                                  [] {}};
     session::StartUpRoom start{start_controls,
                                {w.frmBrowser,
                                 activate.frmActivate,

@@ -535,7 +535,7 @@ TEST_F(LoginRoom, ALoginStoreThatGoesAwayStopsTheFilling) {
 }
 
 TEST_F(LoginRoom, ASecondRunShowsNoLogin) {
-    near.OtherRuns = true;
+    near.Running = ports::Instance::Second;
 
     login_form.frmLogin.Show();
 

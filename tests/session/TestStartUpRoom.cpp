@@ -116,7 +116,7 @@ TEST_F(StartUpWithFiles, ACommandIsDeliveredAndSplit) {
 }
 
 TEST_F(StartUpWithFiles, ASecondRunHandsOverAndUnloads) {
-    near.OtherRuns = true;
+    near.Running = ports::Instance::Second;
 
     w.frmBrowser.Show();
     desktop.Advance(5000);
@@ -131,7 +131,7 @@ TEST_F(StartUpWithFiles, ASecondRunHandsOverAndUnloads) {
 }
 
 TEST_F(StartUpWithFiles, ARunThatCannotBeTheOnlyOneSaysSoAndUnloads) {
-    near.LockFails = true;
+    near.Running = ports::Instance::Failed;
 
     w.frmBrowser.Show();
     desktop.Advance(5000);

@@ -125,6 +125,8 @@ struct RecordingRoles final : roles::Window,
         Note("CueFile " + std::string(path) + "|" + std::string(title));
     }
 
+    void RemovePath(Text path) override { Note("RemovePath " + std::string(path)); }
+
     // roles::History
     void AddSiteToHistory(roles::HistoryKind kind, Text text) override {
         Note("AddSiteToHistory " + std::string(roles::TextOf(kind)) + " " + std::string(text));

@@ -136,6 +136,7 @@ void AddMenuGroups(const window::WindowMenu& menus, std::vector<Group>& into) {
                              Of<places::HistoryMenu>(menus, "HistoryRoom"),
                              Of<session::SessionMenu>(menus, "SessionRoom"),
                              Of<session::PreferencesMenu>(menus, "PreferencesRoom"),
+                             Of<session::HandOffMenu>(menus, "HandOffRoom"),
                              Of<window::ViewMenu>(menus, "ViewRoom"),
                              Of<window::OpeningMenu>(menus, kMenuTree),
                              Of<window::SeparatorMenu>(menus, kMenuTree),
