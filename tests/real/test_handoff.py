@@ -29,7 +29,7 @@ class Opener(Story):
         self.songs = [stage.make_tone(self.music / name, tone, 60) for name, tone in TONES]
         self.outside = self.music.parent / "Outside"
         self.outside.mkdir()
-        (self.home / ".config").mkdir()
+        (self.home / ".config").mkdir(exist_ok=True)
         (self.home / LIST).write_text(FOREIGN)
         subprocess.run(["sqlite3", str(self.application / "dbLogin.mdb"),
                         "insert into tblLogin values('ada','secret',' ',' ',' ',' ',' ',' ','True','True')"], check=True)
@@ -68,7 +68,7 @@ class Opener(Story):
         return window
 
     def _other_window(self):
-        return next(iter(self.stage.run("xdotool", "search", "--onlyvisible", "--name", "^bare_window$").split()), None)
+        return next(iter(self.stage.run("xdotool", "search", "--onlyvisible", "--class", "bare_window").split()), None)
 
     def is_in_front(self):
         return self.stage.front_window().startswith("Brindlepost - ")

@@ -44,6 +44,65 @@ private:
     qt::Boxes boxes_{qt_tests::TheLoop()};
 };
 
+/// A folder with a song, a note and a song in capitals.
+class OpenFilesTest : public BoxesTest {
+protected:
+    OpenFilesTest() {
+        for (const char* name : {"a.mp3", "b.MP3", "notes.txt"}) {
+            QFile file(folder_.filePath(QLatin1String(name)));
+            EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        }
+    }
+    std::string In(const char* name) const {
+        return QFile::encodeName(folder_.filePath(QLatin1String(name))).toStdString();
+    }
+    std::vector<std::string> Ask() {
+        static constexpr std::array<std::string_view, 2> kEndings{".mp3", ".wav"};
+        return Boxes().OpenFiles("Open Media File", "Media files", kEndings);
+    }
+    /// Chooses files of the folder by their names, each between quotes.
+    void WillChoose(const QString& names) {
+        WhenOpen([this, names](QDialog& box) {
+            auto& dialog = dynamic_cast<QFileDialog&>(box);
+            shown_title_ = dialog.windowTitle();
+            filters_ = dialog.nameFilters();
+            began_in_ = dialog.directory().path();
+            dialog.setDirectory(folder_.path());
+            dialog.findChild<QLineEdit*>()->setText(names);
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+    }
+
+    QTemporaryDir folder_;
+    QString shown_title_;
+    QStringList filters_;
+    QString began_in_;
+};
+
+TEST_F(OpenFilesTest, EveryChosenFileComesAsItsPath) {
+    WillChoose("\"a.mp3\" \"b.MP3\"");
+
+    EXPECT_EQ(Ask(), (std::vector<std::string>{In("a.mp3"), In("b.MP3")}));
+    EXPECT_EQ(shown_title_, "Open Media File");
+    EXPECT_EQ(filters_, (QStringList{"Media files (*.mp3 *.wav)", "All files (*)"}));
+}
+
+TEST_F(OpenFilesTest, TheNextQuestionBeginsWhereTheLastEnded) {
+    WillChoose("a.mp3");
+    Ask();
+
+    WillChoose("b.MP3");
+    Ask();
+
+    EXPECT_EQ(began_in_, folder_.path());
+}
+
+TEST_F(OpenFilesTest, CancelChoosesNothing) {
+    WhenOpen([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+
+    EXPECT_TRUE(Ask().empty());
+}
+
 TEST_F(BoxesTest, ABoxShowsItsTextAndTitleLetterForLetter) {
     QString text;
     QString title;
@@ -190,65 +249,6 @@ TEST_F(BoxesTest, AnEndingProgramTakesItsBoxesWithIt) {
     QTimer::singleShot(0, [] { QCoreApplication::exit(0); });
 
     EXPECT_EQ(Boxes().MsgBox("Sure?", ports::BoxButtons::YesNo), ports::BoxAnswer::No);
-}
-
-/// A folder with a song, a note and a song in capitals.
-class OpenFilesTest : public BoxesTest {
-protected:
-    OpenFilesTest() {
-        for (const char* name : {"a.mp3", "b.MP3", "notes.txt"}) {
-            QFile file(folder_.filePath(QLatin1String(name)));
-            EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        }
-    }
-    std::string In(const char* name) const {
-        return QFile::encodeName(folder_.filePath(QLatin1String(name))).toStdString();
-    }
-    std::vector<std::string> Ask() {
-        static constexpr std::array<std::string_view, 2> kEndings{".mp3", ".wav"};
-        return Boxes().OpenFiles("Open Media File", "Media files", kEndings);
-    }
-    /// Chooses files of the folder by their names, each between quotes.
-    void WillChoose(const QString& names) {
-        WhenOpen([this, names](QDialog& box) {
-            auto& dialog = dynamic_cast<QFileDialog&>(box);
-            shown_title_ = dialog.windowTitle();
-            filters_ = dialog.nameFilters();
-            began_in_ = dialog.directory().path();
-            dialog.setDirectory(folder_.path());
-            dialog.findChild<QLineEdit*>()->setText(names);
-            QMetaObject::invokeMethod(&dialog, "accept");
-        });
-    }
-
-    QTemporaryDir folder_;
-    QString shown_title_;
-    QStringList filters_;
-    QString began_in_;
-};
-
-TEST_F(OpenFilesTest, EveryChosenFileComesAsItsPath) {
-    WillChoose("\"a.mp3\" \"b.MP3\"");
-
-    EXPECT_EQ(Ask(), (std::vector<std::string>{In("a.mp3"), In("b.MP3")}));
-    EXPECT_EQ(shown_title_, "Open Media File");
-    EXPECT_EQ(filters_, (QStringList{"Media files (*.mp3 *.wav)", "All files (*)"}));
-}
-
-TEST_F(OpenFilesTest, TheNextQuestionBeginsWhereTheLastEnded) {
-    WillChoose("a.mp3");
-    Ask();
-
-    WillChoose("b.MP3");
-    Ask();
-
-    EXPECT_EQ(began_in_, folder_.path());
-}
-
-TEST_F(OpenFilesTest, CancelChoosesNothing) {
-    WhenOpen([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-
-    EXPECT_TRUE(Ask().empty());
 }
 
 }  // namespace
