@@ -324,37 +324,39 @@ TEST(QueueRoom, ADroppedFileOfTheLibraryIsCuedByItsNumber) {
     EXPECT_EQ(queue.lstCuedSongsPath.List(1), "C:\\Out\\Some song.mp3");
     EXPECT_TRUE(house.state.CueHeadIsId);
     EXPECT_FALSE(house.state.CueHeadIsPath);
-    TEST(QueueRoom, AnEntryIsTakenOutByItsPath) {
-        PlayerHouse house;
-        house.Cue("before", "3");
-        house.player.Cue().CueFile("C:\\m\\one.mp3", "one");
-        house.player.Cue().CueFile("C:\\m\\two.mp3", "two");
-        house.player.Cue().CueFile("C:\\m\\one.mp3", "one again");
+}
 
-        house.player.Cue().RemovePath("C:\\m\\one.mp3");
-        house.player.Cue().RemovePath("C:\\m\\other.mp3");
+TEST(QueueRoom, AnEntryIsTakenOutByItsPath) {
+    PlayerHouse house;
+    house.Cue("before", "3");
+    house.player.Cue().CueFile("C:\\m\\one.mp3", "one");
+    house.player.Cue().CueFile("C:\\m\\two.mp3", "two");
+    house.player.Cue().CueFile("C:\\m\\one.mp3", "one again");
 
-        const auto& queue = house.controls.queue;
-        ASSERT_EQ(queue.lstCuedSongs.ListCount(), 3);
-        EXPECT_EQ(queue.lstCuedSongs.List(1), "two");
-        EXPECT_EQ(queue.lstCuedSongs.List(2), "one again");
-        EXPECT_EQ(queue.lstCuedSongsPath.ListCount(), 3);
-        EXPECT_FALSE(house.state.CueHeadIsPath);
-        EXPECT_TRUE(house.state.CueHeadIsId);
-    }
+    house.player.Cue().RemovePath("C:\\m\\one.mp3");
+    house.player.Cue().RemovePath("C:\\m\\other.mp3");
 
-    TEST(QueueRoom, TakingThePathAtTheHeadOutLooksAtTheNewHead) {
-        PlayerHouse house;
-        house.player.Cue().CueFile("C:\\m\\one.mp3", "one");
-        house.Cue("after", "3");
+    const auto& queue = house.controls.queue;
+    ASSERT_EQ(queue.lstCuedSongs.ListCount(), 3);
+    EXPECT_EQ(queue.lstCuedSongs.List(1), "two");
+    EXPECT_EQ(queue.lstCuedSongs.List(2), "one again");
+    EXPECT_EQ(queue.lstCuedSongsPath.ListCount(), 3);
+    EXPECT_FALSE(house.state.CueHeadIsPath);
+    EXPECT_TRUE(house.state.CueHeadIsId);
+}
 
-        house.player.Cue().RemovePath("C:\\m\\one.mp3");
-        EXPECT_FALSE(house.state.CueHeadIsPath);
-        EXPECT_TRUE(house.state.CueHeadIsId);
+TEST(QueueRoom, TakingThePathAtTheHeadOutLooksAtTheNewHead) {
+    PlayerHouse house;
+    house.player.Cue().CueFile("C:\\m\\one.mp3", "one");
+    house.Cue("after", "3");
 
-        house.player.Cue().CueFile("C:\\m\\one.mp3", "one");
-        house.player.Cue().RemovePath("3");
-        EXPECT_TRUE(house.state.CueHeadIsPath);
-    }
+    house.player.Cue().RemovePath("C:\\m\\one.mp3");
+    EXPECT_FALSE(house.state.CueHeadIsPath);
+    EXPECT_TRUE(house.state.CueHeadIsId);
+
+    house.player.Cue().CueFile("C:\\m\\one.mp3", "one");
+    house.player.Cue().RemovePath("3");
+    EXPECT_TRUE(house.state.CueHeadIsPath);
+}
 
 }  // namespace
