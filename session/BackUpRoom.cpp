@@ -1,6 +1,8 @@
 #include "session/BackUpRoom.h"
 
 #include <algorithm>
+#include <functional>
+#include <set>
 #include <utility>
 
 #include "base/DrivePath.h"
@@ -226,8 +228,24 @@ void BackUpRoom::cmdBackUp_Click() {
         BackUpFiles(folder, notes);
     }
     are_all_found_ = false;
+    NoteUnlisted(notes);
     if (notes.failed.empty()) StoreToday();
     Tell(notes, folder);
+}
+
+// The lists show a hundred names; a play list beyond them would be missed only when it is needed.
+void BackUpRoom::NoteUnlisted(Notes& notes) {
+    std::set<std::string, std::less<>> listed;
+    for (int row = 0; row < controls_.lstEditPlayList.ListCount(); ++row)
+        listed.emplace(base::Trim(controls_.lstEditPlayList.List(row)));
+    if (!sources_.datPlayList.Open(store::kAllPlayListRows)) return;
+    store::RecordSet& rows = sources_.datPlayList.Recordset();
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        const std::string_view name = base::Trim(rows.Text(store::tblPlayList::Name));
+        if (name.empty() || listed.contains(name)) continue;
+        listed.emplace(name);
+        notes.failed.push_back(std::string(name).append(": there are more play lists than are shown."));
+    }
 }
 
 std::string BackUpRoom::TakeFolder(bool is_list_chosen) {

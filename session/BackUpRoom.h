@@ -113,6 +113,7 @@ private:
     std::string MakeDirectory(std::string_view folder);
     void BackUpFiles(std::string_view folder, Notes& notes);
     void CollectTracks();
+    void NoteUnlisted(Notes& notes);
     void Tell(const Notes& notes, std::string_view folder);
     void StoreToday();
 

@@ -409,6 +409,16 @@ TEST_F(LibraryListsRoomTest, TheReloadRunsItsStepsInOrder) {
     EXPECT_EQ(Lists.lstPlayLists.ListIndex(), -1);
 }
 
+TEST_F(LibraryListsRoomTest, TheListToBackUpHasTheRowsOfThePlaylists) {
+    SeedPlayLists({PlayListRow("1", "Evening"), PlayListRow("2", " Road "), PlayListRow("3", "Evening")});
+    lstEditPlayList.AddItem("old");
+
+    ListsRoom.DisplayPlayLists();
+
+    EXPECT_EQ(RowsOf(lstEditPlayList), (Rows{"  [All Media]", "  [Last 20]", "  [Top 20]", "Evening", "Road"}));
+    EXPECT_EQ(RowsOf(lstEditPlayList), RowsOf(Lists.lstPlayLists));
+}
+
 TEST_F(LibraryListsRoomTest, AReloadWithoutDataSourcesShowsEmptyLists) {
     library::MediaSources unbound;
     controls::ListBox names{"names"};

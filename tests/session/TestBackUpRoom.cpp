@@ -375,9 +375,10 @@ TEST_F(BackUpRoom, AnOldFileIsReplaced) {
 }
 
 TEST_F(BackUpRoom, NamesWithSeparatorsStayInTheFolderAndComeBack) {
-    const Texts names = {"AC/DC", "a\\b", "..", "../up", "C:\\x", "/"};
+    Texts names = {"AC/DC", "a\\b", "..", "../up", "C:\\x", "/"};
     for (const std::string& name : names)
         SeedPlayList(name, {1});
+    names.insert(names.end(), {"Evening", "Other"});
     HavePlayLists(names);
     OpenBackUp();
 
@@ -423,7 +424,7 @@ TEST_F(BackUpRoom, ABackUpOfOneListDoesNotRenewTheDate) {
 }
 
 TEST_F(BackUpRoom, ListsThatFailAreToldInOneBoxAndTheOthersAreWritten) {
-    Texts names{"Good"};
+    Texts names{"Evening", "Other", "Good"};
     SeedPlayList("Good", {1});
     for (int i = 1; i <= 12; ++i) {
         names.push_back("Bad " + base::ToText(i));
@@ -446,10 +447,24 @@ TEST_F(BackUpRoom, ListsThatFailAreToldInOneBoxAndTheOthersAreWritten) {
     EXPECT_EQ(pane.lblLastBackup.Caption(), "81 days ago.");
 }
 
+TEST_F(BackUpRoom, AListThatIsNotShownIsNotMissedInSilence) {
+    SeedPlayList(" Hidden", {1, 2});
+    OpenBackUp();
+
+    BackUpAll();
+
+    EXPECT_EQ(BoxTexts(),
+              Texts{std::string("Not backed up to \"/app/BackUp\":\r\nHidden: there are more play lists "
+                                "than are shown.") +
+                    kKept});
+    EXPECT_TRUE(HasFile("Evening.mpl"));
+    EXPECT_EQ(Setting(6), "20260228");
+}
+
 TEST_F(BackUpRoom, AListThatIsTooLongToBeOpenedAgainIsToldAndWrittenWhole) {
     SeedPlayList("Full", std::vector<int>(1000, 1));
     SeedPlayList("Over", std::vector<int>(1001, 1));
-    HavePlayLists({"Full", "Over"});
+    HavePlayLists({"Evening", "Other", "Full", "Over"});
     OpenBackUp();
 
     BackUpAll();
