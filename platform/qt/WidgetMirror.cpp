@@ -221,8 +221,8 @@ void WidgetMirror::FocusCame(const QFocusEvent& event) {
 
 bool WidgetMirror::DraggedOver(QDropEvent& event) {
     if (!Mirrored().OLEDragDrop.IsClaimed()) return false;
-    // Qt asks for each place only after the way in was accepted; the files need no second look. What is refused
-    // is kept from the widget, since a line of text would take a folder's address.
+    // Qt asks for each place only after the way in was accepted; the files need no second look. What is
+    // refused is kept from the widget, since a line of text would take a folder's address.
     if (event.type() == QEvent::DragEnter && !IsDroppable(*event.mimeData())) {
         event.ignore();
         return true;
