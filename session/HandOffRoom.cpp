@@ -48,6 +48,11 @@ bool IsTextCommand(const std::string& command) {
     return base::IsPlayListFile(WithoutLast(command, 1)) || HasAddressMark(command);
 }
 
+/// The list of another player is one only where its file is: an address may end so, too.
+bool IsForeignPlayList(const std::string& text, const ports::Files& files) {
+    return base::IsForeignPlayListFile(text) && files.FileExists(text);
+}
+
 /// Among several, what is there as a file is no address: otherwise each file of a folder that is named after
 /// a site would cut the one before it off.
 bool IsTextAmongOthers(const std::string& text, const ports::Files& files) {
@@ -192,7 +197,8 @@ std::deque<std::string> HandOffRoom::MediaFilesOf(const std::string& command) {
         std::string text = WithoutQuotes(entries[i]);
         if (base::Trim(text).empty()) break;
         const bool is_text =
-            entries.size() == 1 ? IsTextCommand(command) : IsTextAmongOthers(text, ports_.files);
+            IsForeignPlayList(text, ports_.files) ||
+            (entries.size() == 1 ? IsTextCommand(command) : IsTextAmongOthers(text, ports_.files));
         (is_text ? texts_ : files).push_back(std::move(text));
     }
     return files;

@@ -197,6 +197,18 @@ TEST_F(HandOffRoom, ACommandIsATextToEnterOrAListOfMediaFiles) {
     }
 }
 
+TEST_F(HandOffRoom, TheListOfAnotherPlayerIsOneWhereItsFileIs) {
+    files.AddFile("C:\\a.m3u8");
+    files.AddFile("C:\\b.xspf");
+
+    Deliver("\"C:\\a.m3u8\"");
+    Deliver("\"C:\\one.mp3\" \"C:\\b.xspf\" \"C:\\gone.pls\"");
+
+    EXPECT_EQ(Count(near.Log, "EnterAsWeb C:\\a.m3u8"), 1);
+    EXPECT_EQ(Count(near.Log, "EnterAsWeb C:\\b.xspf"), 1);
+    EXPECT_EQ(OpenWith(), (Texts{"C:\\one.mp3", "C:\\gone.pls"}));
+}
+
 TEST_F(HandOffRoom, ATextIsShownInTheAddressRowBeforeItIsEntered) {
     Deliver("\"example.org\"");
 
