@@ -25,6 +25,7 @@
 #include "platform/linux/SystemClock.h"
 #include "platform/qt/Activation.h"
 #include "platform/qt/Boxes.h"
+#include "platform/qt/DesktopPrograms.h"
 #include "platform/qt/DesktopWindows.h"
 #include "platform/qt/Environment.h"
 #include "platform/qt/Loop.h"
@@ -87,6 +88,8 @@ int RunProgram(int argc, char** argv) {
     sqlite::SqliteDatabase database(to_native);
     gstreamer::MediaEngine media(to_native);
     qt::DesktopWindows window_services;
+    qt::DesktopPrograms programs(
+        {to_native, [&files](const std::string& path) { return files.FromNative(path); }});
     dbus::SessionBus bus;
     dbus::BusMessenger messenger(bus);
     dbus::MprisBoard board(bus);
@@ -106,10 +109,11 @@ int RunProgram(int argc, char** argv) {
         screen.Adopt(*form);
     qt::MainWindowShape window_shape(screen, windows.frmBrowser);
 
-    window::MainWindow main_window(windows,
-                                   {database, files, media, window_services, window_shape, boxes, loop, clock,
-                                    chance, instance, messenger, board, screen_saver, screen, registry},
-                                   command, [&loop] { loop.Quit(); });
+    window::MainWindow main_window(
+        windows,
+        {database, files, media, window_services, window_shape, boxes, loop, clock, chance, instance,
+         messenger, board, screen_saver, screen, registry, programs},
+        command, [&loop] { loop.Quit(); });
     QSocketNotifier hand_over(instance.FileDescriptor(), QSocketNotifier::Read);
     QObject::connect(&hand_over, &QSocketNotifier::activated, &hand_over, [&instance] { instance.Serve(); });
     QSocketNotifier end(linux::EndSignal::FileDescriptor(), QSocketNotifier::Read);

@@ -144,6 +144,8 @@ void SessionRoom::mnuLogout_Click() {
                     "Log Out Brindlepost")) {
             return;
         }
+        // The system may have ended the program while the question was up.
+        if (unloading_) return;
         for (int i = 1; i < roles_.tabs.Count(); ++i)
             roles_.tabs.CloseTab(i);
     }
@@ -181,6 +183,7 @@ void SessionRoom::TakeUserAway() {
     roles_.player.CloseMedia();
     windows_.frmVideo.Hide();
     ports_.pages.ForgetVisits();
+    roles_.address_row.SetAddress("");
     roles_.address_row.SetTyped("");
     const bool multiple_users = login_.Allow_Multiple_Users;
     login_ = {};

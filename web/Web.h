@@ -68,6 +68,7 @@ public:
     roles::PageOpener& Opener() { return opener_; }
     roles::FrontPage& Front() { return pages_; }
     roles::Tabs& Tabs() { return tabs_; }
+    roles::MakerPages& Maker() { return commands_; }
     /// The commands that have no menu entry.
     WebCommandsRoom& Commands() { return commands_; }
 

@@ -6,6 +6,7 @@
 
 #include "controls/Event.h"
 #include "ports/Dialogs.h"
+#include "roles/MakerPages.h"
 #include "roles/NowPlaying.h"
 #include "roles/Window.h"
 #include "web/AddressRoom.h"
@@ -16,16 +17,16 @@
 
 namespace web {
 
-class WebCommandsRoom final {
+class WebCommandsRoom final : public roles::MakerPages {
 public:
     WebCommandsRoom(HelpControls& controls, WebCommandsMenu& menu, AddressRoom& opener, TabRoom& tabs,
                     ConnectionGuard& guard, roles::Window& window, roles::NowPlaying& now_playing,
                     ports::Dialogs& dialogs);
 
-    /// The maker's home page and the page of updates, under the connection guard: the buttons of the about
-    /// box, which is not built yet.
-    void OpenMakerHome();
-    void OpenUpdates();
+    // roles::MakerPages
+    void OpenMakerHome() override;
+    void OpenUpdates() override;
+
     /// Searches for the artist of the current song, which is what comes before " - " in its caption. Kept for
     /// menu entries; none calls them yet.
     void SearchArtistHomePage();

@@ -54,6 +54,7 @@ MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, 
       places_(BuildPlaces()),
       web_(BuildWeb()),
       session_(BuildSession(command)),
+      about_(windows.about, windows.frmBrowser.menus, web_.Maker(), PortsOfAbout()),
       remote_({.transport = player_, .playing = player_.Playing(), .LoggedIn = state_.session.LoggedIn},
               ActionsOfRemote(), PortsOfRemote()) {
     Connect();
@@ -267,6 +268,14 @@ RemotePorts MainWindow::PortsOfRemote() const {
             .screen_saver = ports_.screen_saver,
             .events = ports_.events,
             .files = ports_.files};
+}
+
+AboutPorts MainWindow::PortsOfAbout() const {
+    return {.pages = ports_.pages,
+            .registry = ports_.registry,
+            .programs = ports_.programs,
+            .files = ports_.files,
+            .dialogs = ports_.dialogs};
 }
 
 void MainWindow::frmBrowser_Unload() {

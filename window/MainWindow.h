@@ -21,6 +21,7 @@
 #include "ports/Messenger.h"
 #include "ports/NowPlaying.h"
 #include "ports/PageEngine.h"
+#include "ports/Programs.h"
 #include "ports/Registry.h"
 #include "ports/ScreenSaver.h"
 #include "ports/Windows.h"
@@ -28,6 +29,7 @@
 #include "session/StoreTroubleRoom.h"
 #include "store/Stores.h"
 #include "web/Web.h"
+#include "window/AboutRoom.h"
 #include "window/BrowserLayout.h"
 #include "window/FileTypeRoom.h"
 #include "window/HoleRoom.h"
@@ -58,6 +60,7 @@ struct Ports {
     ports::ScreenSaver& screen_saver;
     ports::PageEngine& pages;
     ports::Registry& registry;
+    ports::Programs& programs;
 };
 
 /// Plain data that several subjects know.
@@ -100,6 +103,7 @@ private:
     session::Session BuildSession(std::string_view command);
     RemoteActions ActionsOfRemote();
     RemotePorts PortsOfRemote() const;
+    AboutPorts PortsOfAbout() const;
     void Connect();
     void frmBrowser_Unload();
 
@@ -122,6 +126,7 @@ private:
     places::Places places_;
     web::Web web_;
     session::Session session_;
+    AboutRoom about_;
     RemoteRoom remote_;
     controls::EventClaims claims_;
 };

@@ -1,7 +1,7 @@
 // Every menu entry of the main window.
 //
-// An entry is a member of the group of the room that answers it, in the folder of that room. What nobody
-// answers is here. window/MenuTree.cpp makes the menus of them.
+// An entry is a member of the group of the room that answers it, in the folder of that room.
+// window/MenuTree.cpp makes the menus of them.
 #pragma once
 
 #include "controls/Menu.h"
@@ -62,16 +62,16 @@ struct SeparatorMenu {
     controls::Menu mnuSep8{"mnuSep8"};
 };
 
-/// The entries whose command is not built yet.
-struct UnansweredMenu {
+/// Answered by AboutRoom.
+struct AboutMenu {
     controls::Menu mnuAbout{"mnuAbout"};
 };
 
 /// Entries only: no other member.
 struct WindowMenu : OpeningMenu,
                     SeparatorMenu,
-                    UnansweredMenu,
                     ViewMenu,
+                    AboutMenu,
                     player::PlayerMenu,
                     web::WebMenu,
                     library::LibraryMenu,

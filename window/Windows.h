@@ -14,8 +14,8 @@
 #include "session/LoginForm.h"
 #include "session/StartUpRoom.h"
 #include "session/StoreTroubleRoom.h"
+#include "window/AboutForm.h"
 #include "window/BrowserForm.h"
-#include "window/InfoForm.h"
 
 namespace window {
 

@@ -11,6 +11,7 @@
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeMessenger.h"
 #include "fakes/FakeNowPlayingBoard.h"
+#include "fakes/FakePrograms.h"
 #include "fakes/FakeScreenSaver.h"
 #include "fakes/RecordingPageEngine.h"
 #include "fakes/RecordingWindowShape.h"
@@ -69,6 +70,7 @@ public:
     fakes::FakeNowPlayingBoard board;
     fakes::FakeScreenSaver screen_saver;
     fakes::RecordingPageEngine pages;
+    fakes::FakePrograms programs;
     bool ended = false;
 
 private:

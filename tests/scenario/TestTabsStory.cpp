@@ -237,4 +237,29 @@ TEST_F(TabsStory, AClosedPanelGivesItsPlaceToThePages) {
     EXPECT_FALSE(program.Browser().chrome.lblCopyright.Visible());
 }
 
+TEST_F(TabsStory, TheAboutBoxOpensTheMakersPages) {
+    const std::string updates =
+        "brindlepost://start/index.php?page=applications&page2=brindlepost&page3=updates"
+        "&referrer=quennet&origin=Brindlepost";
+    const std::string home = "brindlepost://start/?referrer=quennet&origin=Brindlepost";
+    computer.AddPage(home, "Start page");
+    computer.AddPage(updates, "Updates");
+    program.Click(program.Browser().menus.mnuAbout);
+    ASSERT_TRUE(program.windows.about.frmAbout.Visible());
+
+    program.Click(program.windows.about.cmdLarkmoorHome);
+    program.Click(program.windows.about.cmdUpdates);
+    program.LetPagesArrive();
+
+    const auto& browsers = program.Browser().web.tabs.Browser;
+    ASSERT_EQ(browsers.Count(), 3);
+    EXPECT_EQ(program.PageOf(1)->LocationURL(), home);
+    EXPECT_EQ(program.PageOf(2)->LocationURL(), updates);
+    program.Click(program.windows.about.cmdSysInfo);
+    EXPECT_EQ(program.BoxTexts(),
+              (std::vector<std::string>{"System Information Is Unavailable At This Time"}));
+    program.Click(program.windows.about.cmdOK);
+    EXPECT_FALSE(program.windows.about.frmAbout.IsLoaded());
+}
+
 }  // namespace

@@ -386,6 +386,28 @@ TEST_F(SessionRoom, LogOutTakesTheUsersWindowsSongAndPagesAway) {
     EXPECT_EQ(pages.Forgotten, 1);
 }
 
+TEST_F(SessionRoom, AnEndByTheSystemWhileTheLogOutAsksShowsNoLogin) {
+    LogIn();
+    near.TabsVisible = {false, true};
+    boxes.Answers = {ports::BoxAnswer::Yes};
+    boxes.OnBox = [this] { session_room.EndSession(); };
+
+    w.mnuLogout.Click.Raise();
+
+    EXPECT_FALSE(login_form.frmLogin.IsLoaded());
+    EXPECT_FALSE(w.frmBrowser.IsLoaded());
+    EXPECT_EQ(pages.Forgotten, 0);
+}
+
+TEST_F(SessionRoom, LogOutForgetsWhatWasTyped) {
+    LogIn();
+    near.Typed = "http://one.example/";
+
+    w.mnuLogout.Click.Raise();
+
+    EXPECT_EQ(near.Typed, "");
+}
+
 TEST_F(SessionRoom, LogOutForgetsTheTitleOfAStoppedSong) {
     LogIn();
     near.Track = "Sun - Rise";

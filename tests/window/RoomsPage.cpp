@@ -29,7 +29,6 @@ room that is not there. Of a control array the row tells what a loaded member do
     cmake --build --preset debug --target print_rooms && build/debug/tests/window/print_rooms --write
 
 * "menu tree": an entry that only opens others, or a separator; `window/MenuTree.cpp` makes the tree.
-* "not built": the control stands in its place and nothing answers it yet.
 * The player reads `lstTracks` and `lstMaybe` of the library and answers the double click there. Where a control has two
   rooms, each listens to other events of it.
 * A drive list answers its own click and a folder list its own double click; the room listens to what came of it.
@@ -138,9 +137,9 @@ void AddMenuGroups(const window::WindowMenu& menus, std::vector<Group>& into) {
                              Of<session::PreferencesMenu>(menus, "PreferencesRoom"),
                              Of<session::HandOffMenu>(menus, "HandOffRoom"),
                              Of<window::ViewMenu>(menus, "ViewRoom"),
+                             Of<window::AboutMenu>(menus, "AboutRoom"),
                              Of<window::OpeningMenu>(menus, kMenuTree),
-                             Of<window::SeparatorMenu>(menus, kMenuTree),
-                             Of<window::UnansweredMenu>(menus, kNotBuilt)});
+                             Of<window::SeparatorMenu>(menus, kMenuTree)});
 }
 
 Section BrowserSection(const window::Windows& windows) {
@@ -198,7 +197,7 @@ std::vector<Section> SectionsOf(const window::Windows& windows) {
          {&windows.info.datHistory, &windows.info.datSong, &windows.info.datPlayList,
           &windows.info.datFolder},
          {}},
-        {&windows.about.frmAbout, {With(windows.about, kNotBuilt)}, {}, {}},
+        {&windows.about.frmAbout, {With(windows.about, "AboutRoom")}, {}, {}},
     };
 }
 

@@ -12,7 +12,6 @@
 namespace rooms_page {
 
 /// No room: the control stands in its place and nothing answers it yet.
-inline constexpr const char* kNotBuilt = "not built";
 /// No room: the entry only opens others, or is a separator.
 inline constexpr const char* kMenuTree = "menu tree";
 
