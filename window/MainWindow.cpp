@@ -278,6 +278,8 @@ AboutPorts MainWindow::PortsOfAbout() const {
             .dialogs = ports_.dialogs};
 }
 
+// Whatever could be written is in its file since the windows began to go; the rest the user gave up, or the
+// system did not wait for.
 void MainWindow::frmBrowser_Unload() {
     stores_.Close();
     ended_();

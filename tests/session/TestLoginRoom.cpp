@@ -398,7 +398,7 @@ TEST_F(LoginRoom, AnAutomaticUserAfterARememberedOneLogsIn) {
     EXPECT_EQ(login_form.cmbUser.Text(), "ann");
 }
 
-TEST_F(LoginRoom, NobodyIsLoggedInBehindAnOpenWizard) {
+TEST_F(LoginRoom, NobodyIsLoggedInWhileTheWizardIsOpen) {
     SeedUser("ann", "a", "False", "True");
     splash.SetStage("Media Library");
     login_form.cmdNew.Click.Raise();
