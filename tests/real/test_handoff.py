@@ -3,9 +3,11 @@
 Later starts of the real program hand over what they were given; the desktop's own tools read what the program claimed.
 """
 
+import ctypes
 import os
 import pathlib
 import shutil
+import struct
 import subprocess
 import sys
 
@@ -16,7 +18,7 @@ from story import Story, check, check_equal
 TONES = [("Ada - One.mp3", 440), ("Bell - Two.mp3", 660), ("Cora - Three.mp3", 880)]
 ENTRY = ".local/share/applications/brindlepost.desktop"
 LIST = ".config/mimeapps.list"
-FOREIGN = "# mine\n[Default Applications]\ntext/plain=ed.desktop\n\n[Broken group\naudio/mpeg=broken.desktop\n"
+FOREIGN = "# mine\n[Default Applications]\ntext/plain=ed.desktop\n\n[Other group]\naudio/mpeg=other.desktop\n"
 MANY = 64
 
 
@@ -50,7 +52,7 @@ class Opener(Story):
         check_equal("the exit code of a later start", later.wait(30), 0)
 
     def main_window_id(self):
-        return self.stage.run("xdotool", "search", "--name", "^Brindlepost - ").split()[-1]
+        return self.stage.window("Brindlepost - ")
 
     def state_of(self, window):
         return self.stage.run("xprop", "-id", window, "_NET_WM_STATE")
@@ -72,6 +74,22 @@ class Opener(Story):
 
     def is_in_front(self):
         return self.stage.front_window().startswith("Brindlepost - ")
+
+    def maximise(self, window, wanted):
+        """As a pager asks the window manager."""
+        x11 = ctypes.CDLL("libX11.so.6")
+        x11.XOpenDisplay.restype = ctypes.c_void_p
+        display = ctypes.c_void_p(x11.XOpenDisplay(self.stage.environment["DISPLAY"].encode()))
+        x11.XInternAtom.restype = ctypes.c_ulong
+        atoms = [x11.XInternAtom(display, b"_NET_WM_STATE" + end, False)
+                 for end in (b"", b"_MAXIMIZED_VERT", b"_MAXIMIZED_HORZ")]
+        # Type, serial, from a client, display, window, kind, format, five numbers, and room for any event.
+        event = struct.pack("@iLiPLLi5L", 33, 0, 1, display.value, window, atoms[0], 32, int(wanted), atoms[1], atoms[2],
+                            2, 0).ljust(192, b"\0")
+        x11.XDefaultRootWindow.restype = ctypes.c_ulong
+        root = ctypes.c_ulong(x11.XDefaultRootWindow(display))
+        x11.XSendEvent(display, root, False, ctypes.c_long(0x180000), event)
+        x11.XCloseDisplay(display)
 
     # -- the steps --
 
@@ -106,8 +124,7 @@ class Opener(Story):
     def a_maximised_window_that_was_minimised_comes_back_so(self):
         window = self.main_window_id()
         for wanted in (True, False):
-            x, y, width, _ = self.stage.window_rect(window)
-            self.stage.click(x + width // 2, y - 10, times=2)  # the title, which the window manager draws
+            self.maximise(int(window), wanted)
             wait_for("the size", lambda w=wanted: ("MAXIMIZED_VERT" in self.state_of(window)) == w)
             self.stage.run("xdotool", "windowminimize", window)
             wait_for("the window away", lambda: "HIDDEN" in self.state_of(window))
