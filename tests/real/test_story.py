@@ -4,7 +4,7 @@ import sys
 import time
 
 import stage
-from tour import Tour
+from errands import Errands
 
 
 # Up to here each step needs the one before; afterwards one that fails is told and the next one is tried.
@@ -32,7 +32,7 @@ def walk(scene, story):
 def main():
     build = stage.become_unprivileged(sys.argv[1])
     with stage.Stage(build) as scene:
-        story = Tour(scene)
+        story = Errands(scene)
         story.make_media()
         try:
             failures = walk(scene, story)

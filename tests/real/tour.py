@@ -72,32 +72,6 @@ class Tour(Story):
                     ["[All Artists]", "Ada Larkspur", "Bell Tower"])
         return [("tracks", str(len(self.tracks())))]
 
-    def look_at_the_options(self):
-        self.choose_menu("Options", "Preferences")
-        self.stage.window("Brindlepost - Preferences$")
-        self.eyes.find("Save history", "check box")
-        if self.on_box:
-            self.on_box("Preferences")
-        self.stage.key("Escape")
-        wait_for("the preferences to hide", lambda: not self.stage.has_window("Brindlepost - Preferences"))
-        return []
-
-    def back_up_the_playlist(self):
-        self.choose_menu("Edit", "Playlists")
-        self.stage.window("Brindlepost - Preferences$")
-        self.choose_text("Play lists", LIST_NAME)
-        folder = self.stage.folder / "BackUp"
-        self.write_into("Back up folder", str(folder))
-        self.press("Back Up All", "push button")
-        file = folder / f"{LIST_NAME}.mpl"
-        wait_for("the back-up", file.exists)
-        if self.on_box:
-            self.on_box("Back up")
-        check_equal("the back-up", file.read_bytes(), "".join(f"{SONGS[kind][1]}\r\n" for kind in ("wav", "mp3")).encode() + b"\r\n")
-        self.stage.key("Escape")
-        wait_for("the preferences to hide", lambda: not self.stage.has_window("Brindlepost - Preferences"))
-        return [("bytes", str(len(file.read_bytes())))]
-
     def search(self, text, expected):
         self.choose_text("Playlists", "[All Media]")
         self.write_into("Search tracks", text)
@@ -299,8 +273,6 @@ class Tour(Story):
             ("A new playlist", self.new_playlist),
             ("Two songs are put into it", self.fill_playlist),
             ("The playlist is opened", self.open_playlist),
-            ("The options", self.look_at_the_options),
-            ("The playlist is backed up", self.back_up_the_playlist),
             ("A search over artists and titles", self.search_everywhere),
             ("A search in one field", self.search_artists),
             ("An empty search box brings all back", self.end_search),
