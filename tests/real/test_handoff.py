@@ -132,6 +132,15 @@ class Opener(Story):
             wait_for("the window back", lambda: "HIDDEN" not in self.state_of(window) and self.is_in_front())
             check_equal("maximised", "MAXIMIZED_VERT" in self.state_of(window), wanted)
 
+    def the_menu_opens_files(self):
+        """By their names in the dialog."""
+        self.choose_menu("File", "Open", "Media File")
+        self.stage.window("Open Media File")
+        self.stage.type(" ".join(f'"{self.songs[number]}"' for number in (1, 0)))
+        self.stage.key("Return")
+        self.hear("the first of the files chosen", TONES[1][1])
+        wait_for("the other cued", lambda: "Ada - One" in self.cued())
+
     def many_starts_at_once(self):
         """One window, every file taken once, none lost."""
         tone = stage.make_tone(self.outside / "seed.mp3", 300, 30)
@@ -211,7 +220,8 @@ class Opener(Story):
     def steps(self):
         return [self.a_start_with_a_file_plays_it, self.a_second_start_with_two_files, self.with_an_address_a_tab_opens,
                 self.with_nothing_the_window_comes_to_the_front,
-                self.a_maximised_window_that_was_minimised_comes_back_so, self.many_starts_at_once,
+                self.a_maximised_window_that_was_minimised_comes_back_so, self.the_menu_opens_files,
+                self.many_starts_at_once,
                 self.the_desktop_knows_the_file_type, self.the_desktop_opens_two_files,
                 self.claiming_again_touches_nothing, self.a_moved_program_is_claimed_where_it_is,
                 self.a_home_that_cannot_be_written_is_no_hindrance]
