@@ -70,6 +70,7 @@ struct Neighbours final : roles::Start,
     void OnRemoveKey() override {}
     void OnInitialTrack(std::string_view) override {}
     void OnReloaded() override {}
+    void OnEndTasks() override {}
     void NoMouseOvers() override {}
     void KeyDown(int, int) override {}
 

@@ -87,6 +87,7 @@ public:
     void Command1() override {}
     void DisplayPlayLists() override {}
     void RefillIfEmpty() override {}
+    void EndTasks() override {}
 };
 
 class Bench {

@@ -43,4 +43,9 @@ Library::Library(LibraryWindows windows, LibraryState state, store::Stores& stor
               windows.controls.sources, ports.dialogs),
       file_type_(others.file_type) {}
 
+void Library::OnEndTasks() {
+    task_.Stop();
+    playlists_.CloseAddPanel();
+}
+
 }  // namespace library

@@ -88,6 +88,7 @@ private:
     void OnRemoveKey() override { playlists_.RemoveSelectedSong(); }
     void OnInitialTrack(std::string_view path) override { opened_.AddIfMissing(path); }
     void OnReloaded() override { file_type_.cmdAssociate(); }
+    void OnEndTasks() override;
 
     // roles::MediaIntake
     void AddMediaFromCommand(std::string_view path) override { opened_.AddMediaFromCommand(path); }

@@ -35,6 +35,8 @@ public:
     virtual void OnInitialTrack(std::string_view path) = 0;
     /// The reload has come to its end.
     virtual void OnReloaded() = 0;
+    /// Tasks of the other rooms are to end.
+    virtual void OnEndTasks() = 0;
 };
 
 /// What the reload and the views ask of other subjects.
@@ -66,6 +68,7 @@ public:
     /// last, and at its end the file type.
     void Command1() override;
     void RefillIfEmpty() override;
+    void EndTasks() override { listener_.OnEndTasks(); }
     /// Each playlist once, in first-seen order, at most 100.
     void DisplayPlayLists() override;
 

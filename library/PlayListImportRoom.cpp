@@ -41,7 +41,7 @@ void PlayListImportRoom::AddPlayList(std::string_view path) {
     const bool waits = rooms_.task.IsBusy();
     rooms_.task.Run([this, file, waits] {
         Import(file);
-        if (waits && !ports_.loop.IsEnding()) rooms_.lists.Command1();
+        if (waits && rooms_.task.MayGoOn()) rooms_.lists.Command1();
     });
 }
 
@@ -59,13 +59,13 @@ void PlayListImportRoom::Import(const std::string& path) {
     known_songs_.clear();
 }
 
-// False when the program ends.
+// False when the import must end.
 bool PlayListImportRoom::ShowProgress() {
     for (controls::ListBox* list : {&controls_.lstTracksToAdd, &controls_.lsttitle, &controls_.lstartist})
         list->Clear();
     rooms_.task.ShowPanel();
     ports_.loop.Yield();
-    if (ports_.loop.IsEnding()) return false;
+    if (!rooms_.task.MayGoOn()) return false;
     rooms_.task.SetTexts({.task = "Adding play list in progress, please wait...",
                           .found = "Tracks found:",
                           .removed = "Tracks missing:"});
@@ -120,7 +120,7 @@ void PlayListImportRoom::createplaylist() {
         const std::string name =
             ports_.dialogs.InputBox("You already have a playlist with this name, please state a new name",
                                     "Playlist Name", "New_Playlist");
-        if (base::Trim(name).empty()) return rooms_.task.HidePanel();
+        if (base::Trim(name).empty() || !rooms_.task.MayGoOn()) return rooms_.task.HidePanel();
         rooms_.task.SetStatus(name);
     }
     if (rooms_.playlists.AddHeadRow(rooms_.task.Status()).empty()) return rooms_.task.HidePanel();
@@ -148,7 +148,7 @@ void PlayListImportRoom::AddTracks() {
     address_.SetAddress("");
 }
 
-// False when the program ends.
+// False when the import must end.
 bool PlayListImportRoom::AddTrack(int index) {
     const auto place = static_cast<std::size_t>(index);
     if (place < known_songs_.size() && known_songs_[place]) {
@@ -157,7 +157,7 @@ bool PlayListImportRoom::AddTrack(int index) {
         rooms_.matcher.SearchTrack(index);
     }
     rooms_.task.CountStep();
-    return !ports_.loop.IsEnding();
+    return rooms_.task.MayGoOn();
 }
 
 void PlayListImportRoom::ShowResult() {

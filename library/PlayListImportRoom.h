@@ -2,8 +2,8 @@
 // playlist under the file's name.
 //
 // An import shows the progress panel and yields at each line. It waits its turn: a file that comes while
-// another import or a clean-up runs is read after it. The end of the program stops it at the next line, with
-// what was added by then kept.
+// another import or a clean-up runs is read after it. The end of the program and a log out stop it at the
+// next line, with what was added by then kept.
 //
 // Order: the three lists are emptied, the panel is shown, a yield, the panel's texts, the file is read, a
 // free name is found, the head row is added, the lines are matched, the box with the result, the panel goes.

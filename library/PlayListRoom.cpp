@@ -80,9 +80,13 @@ void PlayListRoom::imgOkOver_Click() {
 }
 
 void PlayListRoom::HidePanel() {
+    CloseAddPanel();
+    lists_.FocusTracks();
+}
+
+void PlayListRoom::CloseAddPanel() {
     controls_.fraAddToPlaylist.SetVisible(false);
     controls_.fraAddToPlaylist.KeepInFront(false);
-    lists_.FocusTracks();
 }
 
 void PlayListRoom::lstAddToPlaylist_KeyDown(int key_code) {

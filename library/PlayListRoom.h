@@ -33,6 +33,8 @@ public:
     std::string AddHeadRow(std::string_view playlist_name);
     /// A playlist, or one of the built-in views, has this name.
     bool IsNameTaken(std::string_view playlist_name);
+    /// Closes the panel that adds a song, with nothing added.
+    void CloseAddPanel();
     /// What the Delete key and the menu do: the remove button's click.
     void RemoveSelectedSong() { imgRemoveSongOver_Click(); }
 

@@ -18,7 +18,8 @@ void TaskRoom::Run(std::function<void()> task) {
     waiting_.push_back(std::move(task));
     if (busy_) return;
     busy_ = true;
-    while (!waiting_.empty() && !loop_.IsEnding()) {
+    stopped_ = false;
+    while (!waiting_.empty() && MayGoOn()) {
         const std::function<void()> next = std::move(waiting_.front());
         waiting_.erase(waiting_.begin());
         next();
@@ -26,6 +27,11 @@ void TaskRoom::Run(std::function<void()> task) {
     waiting_.clear();
     busy_ = false;
     controls_.fraTask.KeepInFront(false);
+}
+
+void TaskRoom::Stop() {
+    stopped_ = true;
+    HidePanel();
 }
 
 void TaskRoom::SetTexts(const TaskTexts& texts) {
@@ -63,7 +69,7 @@ void TaskRoom::CountStep() {
 bool TaskRoom::EndStep() {
     CountStep();
     loop_.Yield();
-    return !loop_.IsEnding();
+    return MayGoOn();
 }
 
 }  // namespace library

@@ -30,6 +30,10 @@ public:
     TaskRoom(TaskPanelControls& controls, ports::EventLoop& loop, roles::Highlights& highlights);
 
     bool IsBusy() const { return busy_; }
+    /// Ends the task that runs at its next step, with its panel, and drops those that wait.
+    void Stop();
+    /// The task that runs is to go on: neither it nor the program ends.
+    bool MayGoOn() const { return !stopped_ && !loop_.IsEnding(); }
     /// Runs the task and those that came meanwhile, in turn; at once, or, while another one runs, after it.
     /// What waits at the end of the program is dropped.
     void Run(std::function<void()> task);
@@ -46,7 +50,7 @@ public:
     void BeginSteps(std::size_t steps);
     /// Moves the bar on.
     void CountStep();
-    /// Moves the bar on and yields; false when the program ends.
+    /// Moves the bar on and yields; false when the task must end.
     bool EndStep();
 
 private:
@@ -54,6 +58,7 @@ private:
     ports::EventLoop& loop_;
     std::vector<std::function<void()>> waiting_;
     bool busy_ = false;
+    bool stopped_ = false;
     std::size_t steps_ = 0;
     std::size_t done_ = 0;
     controls::EventClaims claims_;

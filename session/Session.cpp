@@ -6,7 +6,8 @@ namespace session {
 namespace {
 
 SessionEndRoles RolesOfEnd(const SessionRoles& roles) {
-    return {.tabs = roles.tabs,
+    return {.track_lists = roles.track_lists,
+            .tabs = roles.tabs,
             .address_row = roles.address_row,
             .transport = roles.transport,
             .playing = roles.playing,

@@ -176,6 +176,7 @@ void SessionRoom::TakeUserAway() {
                                    &windows_.frmInfo, &windows_.frmSpeakerTest}) {
         window->UnloadWindow();
     }
+    roles_.track_lists.EndTasks();
     // Messengers are told nothing where nothing was played.
     if (roles_.playing.Status() != roles::PlayerStatus::Stopped ||
         !base::Trim(roles_.playing.TrackCaption()).empty())

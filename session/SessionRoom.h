@@ -20,6 +20,7 @@
 #include "roles/NowPlaying.h"
 #include "roles/PlayerSetup.h"
 #include "roles/Tabs.h"
+#include "roles/TrackLists.h"
 #include "roles/Transport.h"
 #include "session/LoginRoom.h"
 #include "session/MediaKeys.h"
@@ -47,6 +48,7 @@ struct SessionWindows {
 
 /// What the end of a session asks of other subjects.
 struct SessionEndRoles {
+    roles::TrackLists& track_lists;
     roles::Tabs& tabs;
     roles::AddressRow& address_row;
     roles::Transport& transport;

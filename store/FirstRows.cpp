@@ -1,9 +1,9 @@
 #include "store/FirstRows.h"
 
-#include <algorithm>
 #include <bitset>
 #include <cstddef>
 #include <string_view>
+#include <unordered_map>
 
 namespace store {
 namespace {
@@ -27,18 +27,22 @@ std::vector<std::optional<Bookmark>> FirstRowsWith(RecordSet& rows, Field field,
                                                    const std::vector<std::string>& texts) {
     std::vector<std::optional<Bookmark>> found(texts.size());
     std::bitset<kSketches> sketches;
-    for (const std::string& text : texts)
-        sketches.set(Sketch(text));
-    std::size_t missing = texts.size();
+    std::unordered_map<std::string_view, std::size_t> places;  // of the first of equal texts
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        sketches.set(Sketch(texts[i]));
+        places.try_emplace(texts[i], i);
+    }
+    std::size_t missing = places.size();
     for (rows.MoveFirst(); !rows.Eof() && missing > 0; rows.MoveNext()) {
         const std::string_view value = rows.Text(field);
         if (!sketches.test(Sketch(value))) continue;
-        for (std::size_t i = 0; i < texts.size(); ++i) {
-            if (found[i] || texts[i] != value) continue;
-            found[i] = rows.CurrentBookmark();
-            --missing;
-        }
+        const auto place = places.find(value);
+        if (place == places.end() || found[place->second]) continue;
+        found[place->second] = rows.CurrentBookmark();
+        --missing;
     }
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        found[i] = found[places.at(texts[i])];
     return found;
 }
 

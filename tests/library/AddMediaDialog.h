@@ -22,6 +22,7 @@ struct RecordingMainWindow final : fakes::NullWindow, roles::TrackLists {
     void Command1() override { Calls.emplace_back("Command1"); }
     void DisplayPlayLists() override {}
     void RefillIfEmpty() override { Calls.emplace_back("RefillIfEmpty"); }
+    void EndTasks() override { Calls.emplace_back("EndTasks"); }
 
     Rows Calls;
 };

@@ -64,6 +64,7 @@ struct RecordingNeighbours final : roles::Start,
     void OnRemoveKey() override { ++RemoveKeys; }
     void OnInitialTrack(std::string_view path) override { Remember("media ", path); }
     void OnReloaded() override { Remember("reloaded", ""); }
+    void OnEndTasks() override { Remember("end tasks", ""); }
     void NoMouseOvers() override { ++OversHidden; }
     void KeyDown(int key_code, int shift) override {
         Remember("key ", base::ToText(key_code) + " " + base::ToText(shift));

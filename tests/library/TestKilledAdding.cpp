@@ -56,6 +56,7 @@ struct NoLists final : roles::TrackLists {
     void Command1() override {}
     void DisplayPlayLists() override {}
     void RefillIfEmpty() override {}
+    void EndTasks() override {}
 };
 
 /// Searches the folder and adds all of it, again and again. Tells `told` when the first adding begins.

@@ -372,6 +372,42 @@ TEST_F(PlayListImportRoomTest, TheEndOfTheProgramStopsItAtTheNextLine) {
     EXPECT_EQ(Address.Changes, 0);
 }
 
+TEST_F(PlayListImportRoomTest, AStopEndsItAtTheNextLineAndDropsWhatWaits) {
+    files.AddFile("C:\\Second.mpl", "Moor - Evening");
+    bool stopped = false;
+    AtEachYield([&] {
+        if (PlayListRows().size() != 2 || stopped) return;
+        stopped = true;
+        Room.AddPlayList("C:\\Second.mpl");
+        Task.Stop();
+        EXPECT_FALSE(task.fraTask.Visible());
+    });
+
+    Import("Lark - Morning\nMoor - Evening\nLark - Morning");
+
+    EXPECT_TRUE(stopped);
+    EXPECT_EQ(PlayListRows(), (Rows{"Road: ", "Road: 1"}));
+    EXPECT_TRUE(Dialogs.Boxes.empty());
+    EXPECT_FALSE(task.fraTask.Visible());
+    EXPECT_EQ(Address.Changes, 0);
+
+    Dialogs.Typed = {"Again"};
+    Import("Lark - Morning");
+    EXPECT_EQ(PlayListRows(), (Rows{"Road: ", "Road: 1", "Again: ", "Again: 1"}));
+}
+
+TEST_F(PlayListImportRoomTest, AStopEndsACleanUpAndItsPanel) {
+    for (const auto& song : Stores.Rows("tblSong"))
+        files.AddFile(song[3]);
+    Dialogs.Answers = {ports::BoxAnswer::Yes};
+    Desktop.Post([this] { Task.Stop(); });
+
+    clean_up_menu.mnuCleanUp.Click.Raise();
+
+    EXPECT_FALSE(task.fraTask.Visible());
+    EXPECT_EQ(task.lstCleanup.ListCount(), 1);
+}
+
 TEST_F(PlayListImportRoomTest, TheEndOfTheProgramBeforeTheFileIsReadReadsNothing) {
     Desktop.Post([this] { Desktop.Ending = true; });
 
@@ -495,6 +531,29 @@ TEST_F(PlayListImportRoomTest, AForeignListWithoutSongsIsTold) {
     EXPECT_EQ(BoxTexts(), Rows{"No songs were found in the play list:\r\n/home/A.pls"});
     EXPECT_TRUE(PlayListRows().empty());
     EXPECT_FALSE(task.fraTask.Visible());
+}
+
+TEST_F(PlayListImportRoomTest, ALongForeignListIsMatchedWithALargeLibraryInOneGo) {
+    constexpr int kSongs = 20'000;
+    std::vector<std::vector<std::string>> songs;
+    std::string by_path;
+    std::string by_name;
+    for (int i = 0; i < kSongs; ++i) {
+        // Of one length, since a name that is a part of another one fits it.
+        const std::string number = std::to_string(100'000 + i);
+        songs.push_back(
+            Song(std::to_string(i + 3), "Artist " + std::to_string(100 + i % 900), "Title " + number));
+        by_path += songs.back()[3] + "\n";
+        by_name += "#EXTINF:1,ARTIST " + std::to_string(100 + i % 900) + " - title-" + number + "\ngone\n";
+    }
+    SeedSongs(songs);
+
+    Import(by_path + by_name + "none\n", "C:\\Long.m3u");
+
+    EXPECT_EQ(task.lblFoundNo.Caption(), std::to_string(2 * kSongs));
+    EXPECT_EQ(task.lblDuplicatesNoRemoved.Caption(), "1");
+    EXPECT_EQ(PlayListRows().size(), 2U * kSongs + 1);
+    EXPECT_EQ(PlayListRows().back(), "Long: " + std::to_string(kSongs + 2));
 }
 
 }  // namespace

@@ -121,6 +121,7 @@ public:
     void FollowMainWindow() override { Log.emplace_back("FollowMainWindow"); }
     void DisplayPlayLists() override { Log.emplace_back("DisplayPlayLists"); }
     void RefillIfEmpty() override { Log.emplace_back("RefillIfEmpty"); }
+    void EndTasks() override { Log.emplace_back("EndTasks"); }
 
     bool VideoAttached = false;
     std::function<void()> LoadFavs;

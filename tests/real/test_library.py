@@ -26,6 +26,9 @@ OFFER = "You currently have no media files in your library, would you like to ad
 QUESTION = ("Sub folders are not currently being search because of you preferences.\n"
             "Would you like to search sub folders?")
 REFUSED = "The following files could not be added because of long filenames\n"
+ADDED = "Playlist was added successfully."
+NOT_ADDED = "The following songs could not be added to the playlist:"
+MISSING = 400
 LONG_TITLE = "Longwind - " + "x" * 81 + ".mp3"
 
 # Name in bytes, and what becomes of it: artist and title.
@@ -320,6 +323,59 @@ def the_store_cannot_grow_while_it_adds(person):
     check_whole(person, 0)
 
 
+def playlist_files_come_in(person):
+    """Typed and navigated to, of the program's own kind and of another player's."""
+    songs = {}
+    for number, (artist, title) in enumerate([("Bj\u00f6rk", "Hearth"), ("Foo", "Bar"), ("Ann", "Two - Three")], 1):
+        path = person.music / f"{number}.mp3"
+        path.touch()
+        songs[number] = (artist, title, drive_form(os.fsencode(path)))
+    person.set_up("True")
+    connection = sqlite3.connect(person.store("dbMedia"))
+    with connection:
+        connection.executemany("insert into tblSong (SongID, artist, title, FilePath) values (?, ?, ?, ?)",
+                               [(number, *song) for number, song in songs.items()])
+    connection.close()
+    person.launch()
+    person.enter()
+
+    missing = [f"Nobody - Song {number}" for number in range(MISSING)]
+    own = person.music / "Road.mpl"
+    own.write_bytes("\r\n".join(["BJ\u00d6RK - hearth", *missing, "Foo - Bar!", "", ""]).encode("cp1252"))
+    person.write_into("Address", str(own), "text")
+    person.stage.key("Return")
+    person.stage.window("Brindlepost$")
+    view = person.eyes.find("Message", "text")
+    shown = person.eyes.text(view)
+    check_equal("the missing songs", shown.splitlines(), [NOT_ADDED, *missing])
+    person.stage.key("Return")
+    wait_for("the playlist", lambda: playlists(person) == {"Road": [None, 1, 2]})
+    wait_for("its row", lambda: "Road" in [row.strip() for row in person.eyes.rows("Playlists")])
+
+    foreign = person.music / "Other.m3u"
+    foreign.write_text("#EXTM3U\n#EXTINF:1,Wrong - Name\n3.mp3\n./1.mp3\n", encoding="utf-8")
+    person.write_into("Address", str(foreign), "text")
+    person.stage.key("Return")
+    person.answer_box("Brindlepost$", ADDED, "OK")
+    wait_for("the other playlist", lambda: playlists(person).get("Other") == [None, 3, 1])
+
+    (person.music / "Lane.mpl").write_text("Ann - Two - Three\n", encoding="cp1252")
+    page = person.music / "page.html"
+    page.write_text('<title>A page</title><meta http-equiv="refresh" content="0;url=Lane.mpl">', encoding="utf-8")
+    person.write_into("Address", page.as_uri(), "text")
+    person.stage.key("Return")
+    person.answer_box("Brindlepost$", ADDED, "OK")
+    wait_for("the playlist of the page", lambda: playlists(person).get("Lane") == [None, 3])
+    check_equal("the playlists", sorted(playlists(person)), ["Lane", "Other", "Road"])
+
+
+def playlists(person):
+    found = {}
+    for row in person.ask("select Name, SongID from tblPlayList order by rowid"):
+        found.setdefault(row["Name"], []).append(int(row["SongID"]) if row["SongID"] else None)
+    return found
+
+
 def is_closed_after_boxes(person):
     """Every kind of trouble has a box of its own."""
     if person.boxes():
@@ -375,6 +431,7 @@ PARTS = [
      the_program_ends_in_the_middle_of_a_search],
     [killed_while_it_adds],
     [the_store_cannot_grow_while_it_adds],
+    [playlist_files_come_in],
 ]
 
 

@@ -181,6 +181,19 @@ TEST_F(PlayListStory, TheProgramEndsInTheMiddleOfAFile) {
     EXPECT_TRUE(program.BoxTexts().empty());
 }
 
+TEST_F(PlayListStory, ALogOutEndsTheReadingOfAFileAndClosesThePanelOfASong) {
+    Lists().lstTracks.SetListIndex(0);
+    program.Click(Browser().library.playlists.imgAddSongOver);
+    program.desktop.Post([this] { Browser().menus.mnuLogout.Click.Raise(); });
+
+    program.GoTo("/home/ann/Road.mpl");
+
+    EXPECT_TRUE(program.windows.login.frmLogin.Visible());
+    EXPECT_TRUE(program.BoxTexts().empty());
+    EXPECT_FALSE(Browser().library.task.fraTask.Visible());
+    EXPECT_FALSE(Browser().library.playlists.fraAddToPlaylist.Visible());
+}
+
 TEST_F(PlayListStory, ATrackIsDraggedToAPlaylist) {
     program.GoTo("/home/ann/Road.mpl");
     Lists().lstPlayLists.SelectText("  [All Media]");
@@ -238,6 +251,24 @@ TEST_F(PlayListStory, WhatWasPlayedIsInLast20AndGoesWithTheHistory) {
     program.Click(Browser().menus.mnuHistory);
 
     EXPECT_TRUE(TracksOf("  [Last 20]").empty());
+}
+
+TEST(PlayListStoryAtStart, FilesOfBothKindsComeInAsArguments) {
+    Computer computer;
+    computer.AddUser("Ann", "rose");
+    computer.AddToLibrary(1, "Sun", "Rise");
+    computer.files.AddFile("C:\\Road.mpl", "Sun - Rise");
+    computer.files.AddFile("C:\\Sea.m3u", "Music/Sun - Rise.mp3");
+    for (const char* command : {"\"C:\\Road.mpl\"", "\"C:\\Sea.m3u\""}) {
+        Program program(computer, command);
+
+        program.StartAndLogIn("Ann", "rose");
+        program.Wait(2'000);
+
+        EXPECT_EQ(program.BoxTexts(), Texts{kAdded}) << command;
+        program.Click(program.Browser().menus.mnuExit);
+    }
+    EXPECT_EQ(computer.database.Rows(scenario::kMediaPath, "tblPlayList").size(), 4U);
 }
 
 TEST(PlayListStoryAtStart, TheSearchHintNamesTheSavedField) {

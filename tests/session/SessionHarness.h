@@ -80,6 +80,7 @@ public:
         if (OnDisplayPlayLists) OnDisplayPlayLists();
     }
     void RefillIfEmpty() override { Log.emplace_back("RefillIfEmpty"); }
+    void EndTasks() override { Log.emplace_back("EndTasks"); }
 
     // roles::History
     void AddSiteToHistory(roles::HistoryKind, std::string_view text) override { Note("AddSite ", text); }
@@ -388,7 +389,7 @@ protected:
         settings,
         login_room,
         keys,
-        {near, near, near, near, near, near, near},
+        {near, near, near, near, near, near, near, near},
         {stores.Stores, trouble},
         {boxes, desktop, pages}};
     session::HandOffRoom hand_off{mailbox,

@@ -381,8 +381,9 @@ TEST_F(SessionRoom, LogOutTakesTheUsersWindowsSongAndPagesAway) {
     for (const controls::Form* dialog : dialogs)
         EXPECT_FALSE(dialog->IsLoaded()) << dialog->Name();
     EXPECT_FALSE(w.frmVideo.Visible());
-    EXPECT_EQ(near.Log, (Texts{"Unload frmAdd", "Unload frmAbout", "Unload frmAddMedia", "Unload frmInfo",
-                               "Unload frmSpeakerTest", "StopAndForget", "CloseMedia", "SetTyped "}));
+    EXPECT_EQ(near.Log,
+              (Texts{"Unload frmAdd", "Unload frmAbout", "Unload frmAddMedia", "Unload frmInfo",
+                     "Unload frmSpeakerTest", "EndTasks", "StopAndForget", "CloseMedia", "SetTyped "}));
     EXPECT_EQ(pages.Forgotten, 1);
 }
 
@@ -442,7 +443,8 @@ TEST_F(SessionRoom, LogOutAsksAboutOpenTabsAndClosesThemAll) {
     EXPECT_EQ(boxes.Boxes[0].text, "You currently have web tabs open, are you sure you want to log out?");
     EXPECT_EQ(boxes.Boxes[0].buttons, ports::BoxButtons::YesNo);
     EXPECT_EQ(boxes.Boxes[0].icon, ports::BoxIcon::None);
-    EXPECT_EQ(near.Log, (Texts{"CloseTab 1", "CloseTab 2", "CloseTab 3", "CloseMedia", "SetTyped "}));
+    EXPECT_EQ(near.Log,
+              (Texts{"CloseTab 1", "CloseTab 2", "CloseTab 3", "EndTasks", "CloseMedia", "SetTyped "}));
     EXPECT_EQ(pages.Forgotten, 1);
     EXPECT_TRUE(login_form.frmLogin.Visible());
 }

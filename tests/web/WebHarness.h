@@ -108,6 +108,7 @@ struct RecordingRoles final : roles::Window,
     void Command1() override { Note("Command1"); }
     void DisplayPlayLists() override {}
     void RefillIfEmpty() override { Note("RefillIfEmpty"); }
+    void EndTasks() override { Note("EndTasks"); }
 
     // roles::MediaIntake
     void AddPlayList(Text path) override { Note("AddPlayList " + std::string(path)); }
