@@ -45,8 +45,7 @@ bool HasAddressMark(std::string_view text) {
 /// A command that is one playlist file, closed by a quote, or an address. A media file whose path has what
 /// makes an address is one.
 bool IsTextCommand(const std::string& command) {
-    return base::IsPlayListFile(WithoutLast(command, 1)) ||
-           base::IsForeignPlayListFile(WithoutQuotes(command)) || HasAddressMark(command);
+    return base::IsPlayListFile(WithoutLast(command, 1)) || HasAddressMark(command);
 }
 
 /// The list of another player is one only where its file is: an address may end so, too.
@@ -57,8 +56,7 @@ bool IsForeignPlayList(const std::string& text, const ports::Files& files) {
 /// Among several, what is there as a file is no address: otherwise each file of a folder that is named after
 /// a site would cut the one before it off.
 bool IsTextAmongOthers(const std::string& text, const ports::Files& files) {
-    return base::IsPlayListFile(text) || base::IsForeignPlayListFile(text) ||
-           (HasAddressMark(text) && !files.FileExists(text));
+    return base::IsPlayListFile(text) || (HasAddressMark(text) && !files.FileExists(text));
 }
 
 }  // namespace

@@ -175,8 +175,8 @@ TEST_F(MediaDropRoomTest, PlaylistFilesAreReadWhereverTheyAreDroppedAndTheListsR
         DropOnPlayLists(Files(paths, row));
 
         EXPECT_EQ(Intake.Calls, expected);
-        EXPECT_EQ(Neighbours.Calls,
-                  (Rows{"stage Media Library", "stage Favourites", "favourites", "stage Initial tracks"}));
+        EXPECT_EQ(Neighbours.Calls, (Rows{"stage Media Library", "stage Favourites", "favourites",
+                                          "stage Initial tracks", "reloaded"}));
     }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,10 @@ struct BusyDialogs final : ports::Dialogs {
     std::string InputBox(std::string_view prompt, std::string_view title, std::string_view text) override {
         if (OnBox) OnBox();
         return shown_.InputBox(prompt, title, text);
+    }
+    std::vector<std::string> OpenFiles(std::string_view title, std::string_view kind,
+                                       std::span<const std::string_view> endings) override {
+        return shown_.OpenFiles(title, kind, endings);
     }
     std::function<void()> OnBox;
 

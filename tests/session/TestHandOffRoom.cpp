@@ -163,8 +163,6 @@ std::vector<CommandCase> Commands() {
         {"quoted mpl in capitals", "\"C:\\A.MPL\"", Kind::Text, "C:\\A.MPL"},
         {"mpl without a quote after it", "C:\\a.mpl", Kind::Media, "C:\\a.mpl"},
         {"any last character counts as the quote", "C:\\a.mplx", Kind::Text, "C:\\a.mplx"},
-        {"the list of another player", "\"C:\\a b.M3U8\"", Kind::Text, "C:\\a b.M3U8"},
-        {"the list of another player, unquoted", "C:\\a.xspf", Kind::Text, "C:\\a.xspf"},
         {".com", "\"Example.COM\"", Kind::Text, "Example.COM"},
         {".uk", "\"example.co.uk\"", Kind::Text, "example.co.uk"},
         {".net", "\"example.net/page\"", Kind::Text, "example.net/page"},
