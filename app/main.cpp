@@ -57,6 +57,25 @@ int NoDisplay(const std::string& what) {
     return kNoDisplay;
 }
 
+/// What comes from outside while the program runs: later starts, and signals that end it.
+class Doorbells final {
+public:
+    Doorbells(linux::LinuxInstanceLock& instance, window::MainWindow& main_window)
+        : hand_over_(instance.FileDescriptor(), QSocketNotifier::Read),
+          end_(linux::EndSignal::FileDescriptor(), QSocketNotifier::Read) {
+        QObject::connect(&hand_over_, &QSocketNotifier::activated, &hand_over_,
+                         [&instance] { instance.Serve(); });
+        QObject::connect(&end_, &QSocketNotifier::activated, &end_, [this, &main_window] {
+            end_.setEnabled(false);
+            main_window.End();
+        });
+    }
+
+private:
+    QSocketNotifier hand_over_;
+    QSocketNotifier end_;
+};
+
 int RunProgram(int argc, char** argv) {
     qt::PrepareEnvironment();
     const std::string startup_id = qt::StartupIdOfProcess();
@@ -68,6 +87,7 @@ int RunProgram(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const std::string command = linux::CommandText(arguments, linux::WorkingFolder(), files);
     const auto to_native = [&files](std::string_view path) { return files.ToNative(path); };
+    const auto from_native = [&files](std::string_view path) { return files.FromNative(path); };
 
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     qt::Loop loop;
@@ -88,8 +108,7 @@ int RunProgram(int argc, char** argv) {
     sqlite::SqliteDatabase database(to_native);
     gstreamer::MediaEngine media(to_native);
     qt::DesktopWindows window_services;
-    qt::DesktopPrograms programs(
-        {to_native, [&files](const std::string& path) { return files.FromNative(path); }});
+    qt::DesktopPrograms programs({to_native, from_native});
     dbus::SessionBus bus;
     dbus::BusMessenger messenger(bus);
     dbus::MprisBoard board(bus);
@@ -97,9 +116,9 @@ int RunProgram(int argc, char** argv) {
 
     window::Windows windows(files);
     const webengine::PageSettings pages{DownloadFolder(), to_native};
-    qt::Screen screen(loop, {folder, [&files](const std::string& path) { return files.FromNative(path); },
-                             [&folder, &pages] { return webengine::LoadPages(folder, pages); },
-                             [&folder] { return webengine::EngineVersion(folder); }});
+    qt::Screen screen(loop,
+                      {folder, from_native, [&folder, &pages] { return webengine::LoadPages(folder, pages); },
+                       [&folder] { return webengine::EngineVersion(folder); }});
     screen.AfterFirstPaint = [&media, &bus] {
         media.WarmUp();
         bus.Join();
@@ -114,13 +133,7 @@ int RunProgram(int argc, char** argv) {
         {database, files, media, window_services, window_shape, boxes, loop, clock, chance, instance,
          messenger, board, screen_saver, screen, registry, programs},
         command, [&loop] { loop.Quit(); });
-    QSocketNotifier hand_over(instance.FileDescriptor(), QSocketNotifier::Read);
-    QObject::connect(&hand_over, &QSocketNotifier::activated, &hand_over, [&instance] { instance.Serve(); });
-    QSocketNotifier end(linux::EndSignal::FileDescriptor(), QSocketNotifier::Read);
-    QObject::connect(&end, &QSocketNotifier::activated, &end, [&end, &main_window] {
-        end.setEnabled(false);
-        main_window.End();
-    });
+    const Doorbells doorbells(instance, main_window);
     main_window.Start();
     return loop.Run();
 }

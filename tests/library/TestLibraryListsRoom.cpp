@@ -415,7 +415,8 @@ TEST_F(LibraryListsRoomTest, TheListToBackUpHasTheRowsOfThePlaylists) {
 
     ListsRoom.DisplayPlayLists();
 
-    EXPECT_EQ(RowsOf(lstEditPlayList), (Rows{"  [All Media]", "  [Last 20]", "  [Top 20]", "Evening", "Road"}));
+    EXPECT_EQ(RowsOf(lstEditPlayList),
+              (Rows{"  [All Media]", "  [Last 20]", "  [Top 20]", "Evening", "Road"}));
     EXPECT_EQ(RowsOf(lstEditPlayList), RowsOf(Lists.lstPlayLists));
 }
 

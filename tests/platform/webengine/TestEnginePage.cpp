@@ -199,6 +199,18 @@ TEST_F(EnginePage, ADownloadEndsInItsFolderUnderACleanName) {
     EXPECT_EQ(world.Browser().LocationURL(), world.Site + "/plain");
 }
 
+TEST_F(EnginePage, APlayListFileOfThisComputerIsAPageOfText) {
+    QFile list(world.Folder().path() + "/evening songs.mpl");
+    ASSERT_TRUE(list.open(QIODevice::WriteOnly));
+    list.write("Nobody - Caf\xe9\r\n");
+    list.close();
+
+    ASSERT_TRUE(Arrive(list.fileName().toStdString()));
+
+    EXPECT_TRUE(heard.Completed.back().ends_with("/evening%20songs.mpl")) << heard.Completed.back();
+    EXPECT_TRUE(QDir(webengine_tests::DownloadFolder()).entryList({"*.mpl"}, QDir::Files).isEmpty());
+}
+
 TEST_F(EnginePage, ADocumentThatNeverGetsReadyIsToldAsSoonAsItIsThere) {
     world.Server().Pages["/slow"] = {"<title>Slow</title><img src='/never'>words"};
     world.Server().Silent = "/never";
