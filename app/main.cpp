@@ -57,6 +57,11 @@ int NoDisplay(const std::string& what) {
     return kNoDisplay;
 }
 
+int NoLock(const linux::LinuxInstanceLock& instance, ports::Dialogs& boxes) {
+    boxes.MsgBox(instance.Failure(), ports::BoxButtons::Ok, "Brindlepost", ports::BoxIcon::Critical);
+    return kNoLock;
+}
+
 /// What comes from outside while the program runs: later starts, and signals that end it.
 class Doorbells final {
 public:
@@ -96,10 +101,7 @@ int RunProgram(int argc, char** argv) {
     qt::Boxes boxes(loop);
 
     linux::LinuxInstanceLock instance(folder, startup_id);
-    if (instance.TryBecomeFirst() == ports::Instance::Failed) {
-        boxes.MsgBox(instance.Failure(), ports::BoxButtons::Ok, "Brindlepost", ports::BoxIcon::Critical);
-        return kNoLock;
-    }
+    if (instance.TryBecomeFirst() == ports::Instance::Failed) return NoLock(instance, boxes);
 
     linux::LinuxRegistry registry(files, linux::FoldersOfUser());
     const linux::EndSignal end_signal;
