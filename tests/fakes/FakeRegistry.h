@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "ports/Registry.h"
@@ -40,7 +41,9 @@ private:
         ports::RegistryRoot root = ports::RegistryRoot::ClassesRoot;
         std::string path;  // in lower case, without a backslash at its end
 
-        auto operator<=>(const Place&) const = default;
+        bool operator<(const Place& other) const {
+            return std::tie(root, path) < std::tie(other.root, other.path);
+        }
     };
 
     static Place At(ports::RegistryRoot root, std::string_view path);

@@ -75,7 +75,10 @@ TEST_F(PlayListFileTest, AnOwnListNamesNoPlaces) {
 }
 
 TEST_F(PlayListFileTest, AnEndlessLineIsCut) {
-    const auto songs = Read("C:\\x.mpl", "a - b\n" + std::string(10'000'000, 'x') + "\nc - d");
+    std::string endless;
+    endless.assign(10'000'000, 'x');
+
+    const auto songs = Read("C:\\x.mpl", "a - b\n" + endless + "\nc - d");
 
     ASSERT_EQ(songs.size(), 3U);
     EXPECT_EQ(base::Len(songs[1].line), library::kLongestLine);

@@ -89,7 +89,7 @@ protected:
         return texts;
     }
     /// Runs at every yield.
-    void AtEachYield(std::function<void()> work) {
+    void AtEachYield(const std::function<void()>& work) {
         Desktop.Post([this, work] {
             work();
             AtEachYield(work);
@@ -352,7 +352,8 @@ TEST_F(PlayListImportRoomTest, AThousandLinesAreAllAndEachOneYields) {
 }
 
 TEST_F(PlayListImportRoomTest, AnEndlessLineAndBytesOfAnyKindAreMissingSongs) {
-    std::string bytes(10'000'000, 'x');
+    std::string bytes;
+    bytes.assign(10'000'000, 'x');
     bytes += "\r\n";
     for (int i = 0; i < 512; ++i)
         bytes += static_cast<char>(i & 0xFF);

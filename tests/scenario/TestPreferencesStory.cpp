@@ -366,11 +366,9 @@ protected:
         while (names.size() < 6)
             if (const std::string name = ListName(); !name.empty()) names.insert(name);
         for (const std::string& name : names) {
-            std::vector<std::string> list;
-            const int length = std::uniform_int_distribution(1, 20)(chance_);
-            for (int i = 0; i < length; ++i)
-                list.push_back(
-                    songs_[std::uniform_int_distribution<std::size_t>(0, songs_.size() - 1)(chance_)]);
+            std::vector<std::string> list(std::uniform_int_distribution<std::size_t>(1, 20)(chance_));
+            for (std::string& song : list)
+                song = songs_[std::uniform_int_distribution<std::size_t>(0, songs_.size() - 1)(chance_)];
             SeedPlayList(name, list);
         }
     }
