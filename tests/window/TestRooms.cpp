@@ -41,7 +41,7 @@ bool HasNoRoom(const Row& row) {
 
 /// The data sources that the groups declare, by name, as often as they are there.
 std::multiset<std::string> DeclaredSources() {
-    static const std::regex kDeclaration{R"re(store::DataSource dat\w+\{"(\w+)"\})re"};
+    static const std::regex declaration{R"re(store::DataSource dat\w+\{"(\w+)"\})re"};
     std::multiset<std::string> names;
     for (const char* folder : {"session", "library", "player", "web", "places", "window"}) {
         for (const auto& file : std::filesystem::directory_iterator(kSource / folder)) {
@@ -49,7 +49,7 @@ std::multiset<std::string> DeclaredSources() {
             std::ifstream header(file.path());
             for (std::string line; std::getline(header, line);) {
                 std::smatch found;
-                if (std::regex_search(line, found, kDeclaration)) names.insert(found[1]);
+                if (std::regex_search(line, found, declaration)) names.insert(found[1]);
             }
         }
     }
