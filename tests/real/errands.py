@@ -40,6 +40,7 @@ class Errands(Tour):
         """After a start: the row of modes has no files, and the box is not ticked; it is ticked again."""
         self.choose_menu("Options", "Preferences")
         self.stage.window(PREFERENCES)
+        self.press("Options", "push button")
         check(not self.eyes.is_ticked(self.eyes.find(FILES_OPTION, "check box")), "the option is ticked again")
         if self.on_box:
             self.on_box("Preferences")

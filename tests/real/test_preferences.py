@@ -67,9 +67,12 @@ class Keeper(Listener):
 
     def open_list(self, file):
         """Types the path of a play list file."""
+        before = len(self.eyes.rows("Playlists"))
         self.write_into("Address", str(file), "text")
         self.stage.key("Return")
         self.answer_box("Brindlepost$", "Playlist was added successfully.", "OK")
+        # Only then is the address row emptied for the next one.
+        wait_for("the play list", lambda: len(self.eyes.rows("Playlists")) == before + 1)
 
     def leave_by_menu(self):
         self.choose_menu("File", "Exit")
