@@ -66,10 +66,13 @@ class Keeper(Listener):
         self.eyes.find("Back Up All", "push button")
 
     def open_list(self, file):
-        """Types the path of a play list file."""
+        """Types the path of a play list file; one that no keyboard has is handed over by a second start."""
         before = len(self.eyes.rows("Playlists"))
-        self.write_into("Address", str(file), "text")
-        self.stage.key("Return")
+        if str(file).isascii():
+            self.write_into("Address", str(file), "text")
+            self.stage.key("Return")
+        else:
+            self.stage.launch(self.application, str(file))
         self.answer_box("Brindlepost$", "Playlist was added successfully.", "OK")
         # Only then is the address row emptied for the next one.
         wait_for("the play list", lambda: len(self.eyes.rows("Playlists")) == before + 1)
