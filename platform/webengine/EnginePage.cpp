@@ -62,11 +62,14 @@ bool IsServersErrorPage(const QWebEngineLoadingInfo& info, const QUrl& shown) {
 
 EnginePage::EnginePage(QWebEngineProfile* profile, ToNativePath to_native_path, Quota& windows,
                        QWidget* parent)
-    : view_(new QWebEngineView(parent)), to_native_path_(std::move(to_native_path)) {
+    : bars_(new PageBars(parent)),
+      view_(new QWebEngineView(bars_)),
+      to_native_path_(std::move(to_native_path)) {
     page_ = new LimitedPage(profile, *this, windows);
     page_->setParent(view_);
     Limit(*page_->settings());
     view_->setPage(page_);
+    bars_->SetPage(view_);
     connect(page_, &QWebEnginePage::loadingChanged, this,
             [this](const QWebEngineLoadingInfo& info) { OnLoading(info); });
     connect(page_, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) { OnUrlChanged(url); });
@@ -74,16 +77,16 @@ EnginePage::EnginePage(QWebEngineProfile* profile, ToNativePath to_native_path, 
     connect(page_, &QWebEnginePage::titleChanged, this, [this] { OnTitleChanged(); });
     connect(page_, &QWebEnginePage::renderProcessTerminated, this,
             [this](QWebEnginePage::RenderProcessTerminationStatus status, int) { OnRendererGone(status); });
-    view_->show();
+    bars_->show();
 }
 
-// The view is a child of the screen's widget and goes with it, or here when the engine ends before the
+// The area is a child of the screen's widget and goes with it, or here when the engine ends before the
 // screen.
 EnginePage::~EnginePage() {
     listener_ = nullptr;
     if (view_ == nullptr) return;
     disconnect(page_, nullptr, this, nullptr);
-    delete view_.data();
+    delete bars_.data();
 }
 
 void EnginePage::Navigate(std::string_view address) {
@@ -260,13 +263,12 @@ void EnginePage::OnRendererGone(QWebEnginePage::RenderProcessTerminationStatus s
 
 void EnginePage::ShowNotice() {
     if (notice_ == nullptr) {
-        notice_ = new Notice(tr("This page stopped working. The rest of the program goes on."),
-                             view_->parentWidget());
+        notice_ = new Notice(tr("This page stopped working. The rest of the program goes on."), bars_);
+        bars_->LayOver(notice_);
         notice_->Button().setText(tr("Reload"));
         notice_->Button().show();
         connect(&notice_->Button(), &QPushButton::clicked, this, [this] { ReloadDeadPage(); });
     }
-    notice_->setGeometry(view_->geometry());
     notice_->show();
     notice_->raise();
 }

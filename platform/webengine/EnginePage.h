@@ -20,6 +20,7 @@
 
 #include "platform/webengine/AddressCompletion.h"
 #include "platform/webengine/NoticePage.h"
+#include "platform/webengine/PageBars.h"
 #include "platform/webengine/Quota.h"
 #include "ports/BrowserControl.h"
 
@@ -47,6 +48,8 @@ public:
     QWebEnginePage* OnWindowWanted();
     bool IsShown() const { return view_ != nullptr && view_->isVisible(); }
     QWidget* Window() const { return view_; }
+    /// The page's area. Null once the screen has taken it away.
+    PageBars* Bars() const { return bars_; }
 
 private:
     void OnLoading(const QWebEngineLoadingInfo& info);
@@ -64,6 +67,7 @@ private:
     void TellArrivals();
     QWebEngineHistory& History() const { return *view_->page()->history(); }
 
+    QPointer<PageBars> bars_;
     QPointer<QWebEngineView> view_;
     QPointer<Notice> notice_;
     LimitedPage* page_ = nullptr;
