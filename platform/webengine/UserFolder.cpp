@@ -1,0 +1,161 @@
+#include "platform/webengine/UserFolder.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QByteArray>
+#include <QCryptographicHash>
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+#include <vector>
+
+namespace webengine {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kEngine = "engine-";
+constexpr std::string_view kDamaged = "damaged";
+/// Longest user name, in bytes, that is written out in a folder's name.
+constexpr std::size_t kLongestName = 60;
+
+std::string Hash(std::string_view text, qsizetype digits) {
+    const QByteArray bytes(text.data(), static_cast<qsizetype>(text.size()));
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().left(digits).toStdString();
+}
+
+/// What cannot be taken away now is tried again at the next login.
+void TakeAway(const fs::path& path) {
+    std::error_code stays;
+    fs::remove_all(path, stays);
+}
+
+/// A folder that is there afterwards, for its owner alone.
+bool MakeOwn(const fs::path& folder) {
+    std::error_code error;
+    fs::create_directories(folder.parent_path(), error);
+    if (::mkdir(folder.c_str(), S_IRWXU) != 0 && !fs::is_directory(folder, error)) return false;
+    return ::chmod(folder.c_str(), S_IRWXU) == 0 && ::access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+void SetAside(const fs::path& path, const fs::path& where) {
+    TakeAway(where);
+    std::error_code error;
+    fs::rename(path, where, error);
+    if (error) TakeAway(path);
+}
+
+int NumberOf(const fs::path& path) {
+    const std::string name = path.filename().string();
+    int number = 0;
+    if (!name.starts_with(kEngine)) return 0;
+    std::from_chars(name.data() + kEngine.size(), name.data() + name.size(), number);
+    return number;
+}
+
+/// The stores of the engine are databases of one kind. One that is none any more would be passed over by the
+/// engine at every start, and nothing kept again.
+bool IsDamaged(const fs::path& engine) {
+    constexpr std::string_view kHead("SQLite format 3\0", 16);
+    std::error_code error;
+    if (!fs::is_directory(engine, error)) return true;
+    const fs::path store = engine / "Cookies";
+    if (!fs::exists(store, error)) return false;
+    std::ifstream file(store, std::ios::binary);
+    std::string head(kHead.size(), ' ');
+    file.read(head.data(), static_cast<std::streamsize>(head.size()));
+    return file.gcount() != 0 && head != kHead;
+}
+
+}  // namespace
+
+std::string UserFolder::OfAllUsers(const std::string& data_folder, const std::string& program_folder) {
+    constexpr qsizetype kDigits = 16;
+    if (data_folder.empty()) return {};
+    return data_folder + "/brindlepost/pages/" + Hash(program_folder, kDigits);
+}
+
+// A name may hold whatever a box takes, a slash too, so it is written in hexadecimal digits; one that is too
+// long for a file's name is told apart by its hash.
+std::string UserFolder::Of(std::string_view user) const {
+    constexpr qsizetype kWhole = 64;
+    const std::string name =
+        user.size() > kLongestName
+            ? "long-" + Hash(user, kWhole)
+            : QByteArray(user.data(), static_cast<qsizetype>(user.size())).toHex().toStdString();
+    return all_users_ + "/" + name;
+}
+
+void UserFolder::Begin(std::string_view user, bool keeps_history) {
+    path_.clear();
+    engine_.clear();
+    if (all_users_.empty() || user.empty()) return;
+    const std::string path = Of(user);
+    std::error_code error;
+    if (fs::exists(path, error) && !fs::is_directory(path, error)) SetAside(path, path + ".damaged");
+    if (!MakeOwn(all_users_) || !MakeOwn(path)) return;
+    path_ = path;
+    if (keeps_history) {
+        ChooseEngine();
+    } else {
+        TakeEnginesAway();
+    }
+}
+
+void UserFolder::TakeEnginesAway() const {
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(path_, error)) {
+        if (NumberOf(entry.path()) > 0) TakeAway(entry.path());
+    }
+    TakeAway(fs::path(path_) / kDamaged);
+}
+
+// The one with the highest number is the last one begun; the others were given up.
+void UserFolder::ChooseEngine() {
+    std::vector<fs::path> engines;
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(path_, error)) {
+        if (NumberOf(entry.path()) > 0) engines.push_back(entry.path());
+    }
+    std::sort(engines.begin(), engines.end(),
+              [](const fs::path& left, const fs::path& right) { return NumberOf(left) < NumberOf(right); });
+    number_ = engines.empty() ? 1 : NumberOf(engines.back());
+    if (!engines.empty() && IsDamaged(engines.back())) {
+        SetAside(engines.back(), fs::path(path_) / kDamaged);
+        ++number_;
+    }
+    engine_ = path_ + "/" + std::string(kEngine) + std::to_string(number_);
+    for (const fs::path& given_up : engines) {
+        if (given_up != engine_) TakeAway(given_up);
+    }
+    if (MakeOwn(engine_)) {
+        TakeAway(fs::path(engine_) / "Visited Links");
+    } else {
+        engine_.clear();
+    }
+}
+
+void UserFolder::End() {
+    if (!engine_.empty()) TakeAway(fs::path(engine_) / "Visited Links");
+    path_.clear();
+    engine_.clear();
+}
+
+void UserFolder::RenewEngine() {
+    if (engine_.empty()) return;
+    TakeAway(fs::path(path_) / kDamaged);
+    TakeAway(engine_);
+    ++number_;
+    engine_ = path_ + "/" + std::string(kEngine) + std::to_string(number_);
+    if (!MakeOwn(engine_)) engine_.clear();
+}
+
+void UserFolder::Remove(std::string_view user) const {
+    if (!all_users_.empty() && !user.empty()) TakeAway(Of(user));
+}
+
+}  // namespace webengine
