@@ -15,6 +15,7 @@
 #include "platform/webengine/LimitedPage.h"
 #include "platform/webengine/MakerPages.h"
 #include "platform/webengine/PageSettings.h"
+#include "platform/webengine/SiteChoices.h"
 
 namespace webengine {
 
@@ -32,6 +33,7 @@ private:
     void TakeDownload(QWebEngineDownloadRequest* download);
 
     PageSettings settings_;
+    SiteChoices choices_;
     MakerPages maker_pages_;
     std::unique_ptr<QWebEngineProfile> profile_;
     std::vector<std::unique_ptr<EnginePage>> pages_;

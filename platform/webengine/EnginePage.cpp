@@ -61,11 +61,11 @@ bool IsServersErrorPage(const QWebEngineLoadingInfo& info, const QUrl& shown) {
 }  // namespace
 
 EnginePage::EnginePage(QWebEngineProfile* profile, ToNativePath to_native_path, Quota& windows,
-                       QWidget* parent)
+                       SiteChoices& choices, QWidget* parent)
     : bars_(new PageBars(parent)),
       view_(new QWebEngineView(bars_)),
       to_native_path_(std::move(to_native_path)) {
-    page_ = new LimitedPage(profile, *this, windows);
+    page_ = new LimitedPage(profile, *this, windows, choices);
     page_->setParent(view_);
     Limit(*page_->settings());
     view_->setPage(page_);

@@ -22,6 +22,7 @@
 #include "platform/webengine/NoticePage.h"
 #include "platform/webengine/PageBars.h"
 #include "platform/webengine/Quota.h"
+#include "platform/webengine/SiteChoices.h"
 #include "ports/BrowserControl.h"
 
 namespace webengine {
@@ -30,7 +31,8 @@ class LimitedPage;
 
 class EnginePage final : public QObject, public ports::BrowserControl {
 public:
-    EnginePage(QWebEngineProfile* profile, ToNativePath to_native_path, Quota& windows, QWidget* parent);
+    EnginePage(QWebEngineProfile* profile, ToNativePath to_native_path, Quota& windows, SiteChoices& choices,
+               QWidget* parent);
     ~EnginePage() override;
 
     void SetListener(ports::BrowserListener* listener) override { listener_ = listener; }

@@ -23,16 +23,15 @@ constexpr int kLongestBoxText = 600;
 
 }  // namespace
 
-LimitedPage::LimitedPage(QWebEngineProfile* profile, EnginePage& owner, Quota& windows)
-    : QWebEnginePage(profile), owner_(owner), windows_(windows) {
+LimitedPage::LimitedPage(QWebEngineProfile* profile, EnginePage& owner, Quota& windows, SiteChoices& choices)
+    : QWebEnginePage(profile),
+      owner_(owner),
+      windows_(windows),
+      gate_(*this, choices, [this] { return owner_.IsShown() ? owner_.Bars() : nullptr; }) {
     RefuseRequests();
 }
 
 void LimitedPage::RefuseRequests() {
-    connect(this, &QWebEnginePage::featurePermissionRequested, this,
-            [this](const QUrl& origin, Feature feature) {
-                setFeaturePermission(origin, feature, PermissionDeniedByUser);
-            });
     connect(this, &QWebEnginePage::fullScreenRequested, this,
             [](QWebEngineFullScreenRequest request) { request.reject(); });
     connect(this, &QWebEnginePage::quotaRequested, this,

@@ -1,4 +1,4 @@
-// The engine's page with what a document may do: no request for a permission is granted, and boxes and new
+// The engine's page with what a document may do: a permission is granted only by the user, and boxes and new
 // windows are limited.
 #pragma once
 
@@ -7,6 +7,7 @@
 #include <QUrl>
 #include <QWebEnginePage>
 
+#include "platform/webengine/PermissionGate.h"
 #include "platform/webengine/Quota.h"
 
 class QAuthenticator;
@@ -23,12 +24,13 @@ inline constexpr int kMostWindows = 20;
 
 class LimitedPage final : public QWebEnginePage {
 public:
-    LimitedPage(QWebEngineProfile* profile, EnginePage& owner, Quota& windows);
+    LimitedPage(QWebEngineProfile* profile, EnginePage& owner, Quota& windows, SiteChoices& choices);
 
     /// The user has sent the page somewhere: it may ask and open again.
     void RenewQuotas() {
         boxes_.Renew();
         windows_.Renew();
+        gate_.Questions().Renew();
     }
 
 protected:
@@ -51,6 +53,7 @@ private:
     EnginePage& owner_;
     Quota boxes_{kMostBoxes};
     Quota& windows_;
+    PermissionGate gate_;
 };
 
 }  // namespace webengine
