@@ -15,6 +15,7 @@
 #include "platform/gstreamer/MciErrors.h"
 #include "platform/gstreamer/MidiFile.h"
 #include "platform/gstreamer/Playout.h"
+#include "platform/gstreamer/SoundClock.h"
 #include "platform/gstreamer/SpareSink.h"
 
 namespace gstreamer {
@@ -337,6 +338,7 @@ GstElement* Pipeline::MakeSoundSink(bool silent) {
         SetInt(sink, "buffer-time", kSoundBuffer);
         SetInt(sink, "latency-time", kSoundLatency);
         SetInt(sink, "alignment-threshold", kTimesMayBeOff);
+        IgnoreLeapsOf(sink);
     }
     silent_ = !CanBeUsed(sink);
     if (!silent_) {
