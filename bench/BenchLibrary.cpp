@@ -64,6 +64,7 @@ struct Neighbours final : roles::Start,
     void SettleAtStart() override {}
     bool IsPanelClosed() const override { return true; }
     void TogglePanel() override {}
+    void AddPageInFront() override {}
     void AddSiteToHistory(roles::HistoryKind, std::string_view) override {}
     void DeleteHistory() override { History->DeleteHistory(); }
     void PopulateHistory(roles::HistoryKind kind) override { History->PopulateHistory(kind); }

@@ -33,6 +33,9 @@ public:
     BorderStyle Border() const { return border_; }
     WindowState State() const { return state_; }
     void SetState(WindowState state);
+    /// Fills the screen, without a frame, whatever its state is; the state shows again after that.
+    bool FullScreen() const { return full_screen_; }
+    void SetFullScreen(bool full_screen) { Assign(full_screen_, full_screen, Property::Window); }
     /// A minimised window gets back the state it had before; any other stays as it is.
     void Restore();
     /// Is above the main window whenever both are visible, as dialogs are. To be set before the window is
@@ -66,6 +69,9 @@ public:
     void PopupMenu(Menu& menu);
     Menu* WantedPopup() const { return wanted_popup_; }
 
+    /// A key with Ctrl or Alt, a function key or Escape, before the control or the page that has the keyboard
+    /// gets it: key code, shift, and whether it is used up. Keys that repeat come only where that is useful.
+    Event<int, int, bool&> KeyPreview;
     Event<> Load;
     Event<> Activate;
     Event<> Resize;
@@ -80,6 +86,7 @@ private:
     BorderStyle border_;
     WindowState state_ = WindowState::Normal;
     WindowState before_minimised_ = WindowState::Normal;
+    bool full_screen_ = false;
     bool loaded_ = false;
     bool stays_in_front_;
     std::vector<Menu*> menu_bar_;

@@ -24,6 +24,7 @@ public:
     void SetHint(std::string_view hint) { Assign(hint_, hint, Property::Refresh); }
 
     Event<> Change;
+    Event<> LostFocus;  ///< the keyboard went to something else in the window
 
 private:
     std::string text_;

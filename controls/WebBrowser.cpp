@@ -47,6 +47,14 @@ void WebBrowser::RefreshPage() {
     if (engine_ != nullptr) engine_->Refresh();
 }
 
+void WebBrowser::Stop() {
+    if (engine_ != nullptr) engine_->Stop();
+}
+
+bool WebBrowser::TakeKey(int key_code, int shift) {
+    return engine_ != nullptr && engine_->TakeKey(key_code, shift);
+}
+
 std::string WebBrowser::LocationURL() const {
     return engine_ != nullptr ? engine_->LocationURL() : std::string();
 }

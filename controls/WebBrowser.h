@@ -30,6 +30,9 @@ public:
     void GoBack();
     void GoForward();
     void RefreshPage();
+    void Stop();
+    /// Offers a key to the page's own area (find, zoom, print, ...); true if it is used up.
+    bool TakeKey(int key_code, int shift);
     std::string LocationURL() const;
     std::string LocationName() const;
     bool Busy() const;

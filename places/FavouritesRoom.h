@@ -63,6 +63,8 @@ public:
     bool IsPanelClosed() const;
     /// The click of `cmdFavs`.
     void TogglePanel() { cmdFavs_Click(); }
+    /// The click of `imgAddOver`.
+    void AddPageInFront() { imgAddOver_Click(); }
     /// Shows or hides the panel; `cmdFavs` stays as it is.
     void ShowFavs(bool shown);
     void DeleteFav();

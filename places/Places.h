@@ -74,6 +74,7 @@ private:
     void SettleAtStart() override { dialog_.SettleAtStart(); }
     bool IsPanelClosed() const override { return panel_.IsPanelClosed(); }
     void TogglePanel() override { panel_.TogglePanel(); }
+    void AddPageInFront() override { panel_.AddPageInFront(); }
 
     HistoryRoom history_;
     AddFavouriteRoom dialog_;

@@ -48,6 +48,11 @@ public:
     virtual void GoBack() = 0;
     virtual void GoForward() = 0;
     virtual void Refresh() = 0;
+    /// Ends what is under way; the document that is shown stays.
+    virtual void Stop() {}
+    /// A key that the page's own area answers, whatever has the keyboard: platform key code and shift state.
+    /// Returns true if it is used up.
+    virtual bool TakeKey(int /*key_code*/, int /*shift*/) { return false; }
     /// The address of the document that is shown; empty before the first one.
     virtual std::string LocationURL() const = 0;
     /// Its title; the address when it has none; empty before the first document.

@@ -16,6 +16,8 @@ public:
     virtual bool IsPanelClosed() const = 0;
     /// The click of `cmdFavs`.
     virtual void TogglePanel() = 0;
+    /// The click of `imgAddOver`: offers the page in front to be added.
+    virtual void AddPageInFront() = 0;
 };
 
 }  // namespace roles

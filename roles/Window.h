@@ -17,6 +17,7 @@ public:
     virtual double Width() const = 0;
     virtual controls::WindowState State() const = 0;
     virtual void SetState(controls::WindowState state) = 0;
+    virtual void ToggleFullScreen() = 0;
     virtual void SetCaption(std::string_view caption) = 0;
     virtual void Show() = 0;
     virtual void SetEnabled(bool enabled) = 0;

@@ -62,7 +62,9 @@ void AddressRoom::OpenTab(std::string_view address) {
     if (base::Contains(page, "(")) page = CutFromTitle(page);
     address_.SetAddress(page);
     if (tabs_.CanOpenTab()) {
+        const int empty = tabs_.EmptyTabInFront();
         tabs_.GetNewBrowser(page);
+        if (empty != 0) tabs_.DropEmptyTab(empty);
         tabs_.CorrectTabs();
     }
     address_.SetTyped("");

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
 #include "web/Addresses.h"
 
 namespace web {
@@ -219,17 +220,72 @@ bool TabRoom::IsAnyTabOpen() const {
     return false;
 }
 
-void TabRoom::HideTab(int index) {
-    controls_.Browser(index).SetVisible(false);
-    controls_.tabtab(index).SetVisible(false);
-    controls_.tabLabel(index).SetVisible(false);
-    controls_.tabClose(index).SetVisible(false);
+void TabRoom::ShowMembers(int index, bool shown) {
+    controls_.Browser(index).SetVisible(shown);
+    controls_.tabtab(index).SetVisible(shown);
+    controls_.tabLabel(index).SetVisible(shown);
+    controls_.tabClose(index).SetVisible(shown);
+}
+
+std::vector<int> TabRoom::Strip() const {
+    std::vector<int> strip;
+    if (IsMusicTabVisible()) strip.push_back(0);
+    for (int i = 1; i < Count(); ++i) {
+        if (IsShown(i)) strip.push_back(i);
+    }
+    return strip;
+}
+
+int TabRoom::InFront() const {
+    if (state_.MusicTabActive) return IsMusicTabVisible() ? 0 : -1;
+    return IsFrontShown() ? FrontIndex() : -1;
+}
+
+void TabRoom::ShowMember(int index) {
+    if (index == 0) {
+        BringMusicTabForward();
+    } else {
+        BringForward(index);
+    }
+}
+
+// A slot whose page ended with its user's log out has nothing to show.
+bool TabRoom::HasPageToShow(int index) const {
+    const controls::WebBrowser& page = controls_.Browser(index);
+    return page.Engine() != nullptr || !page.WaitingAddress().empty();
+}
+
+void TabRoom::Reopen() {
+    while (!closed_.empty()) {
+        const int index = closed_.back();
+        closed_.pop_back();
+        if (IsShown(index) || !HasPageToShow(index)) continue;
+        ShowMembers(index, true);
+        state_.BackdropHidden = true;
+        state_.TabsShown = true;
+        BringForward(index);
+        CorrectTabs();
+        return;
+    }
+}
+
+int TabRoom::EmptyTabInFront() const {
+    if (empty_tab_ == 0 || InFront() != empty_tab_) return 0;
+    const std::string address = Front().LocationURL();
+    return address.empty() || base::StartsWith(address, MakerSiteUrl) ? empty_tab_ : 0;
+}
+
+void TabRoom::DropEmptyTab(int index) {
+    CloseTab(index);
+    empty_tab_ = 0;
+    std::erase(closed_, index);
 }
 
 // The first pass always starts after the music tab; CorrectTabs at the end moves the tabs when it is closed.
 // So the leftmost tab is found by its place here in both cases.
 void TabRoom::CloseTab(int index) {
-    HideTab(index);
+    if (index > 0 && IsShown(index)) closed_.push_back(index);
+    ShowMembers(index, false);
     strip_.PlaceShownTabs(kFirstTabLeft);
     if (!IsFrontShown() && !state_.MusicTabActive) TakeOverLeftmost();
     if (!IsFrontShown()) BringMusicTabForward();

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "controls/Event.h"
 #include "controls/WebBrowser.h"
@@ -76,6 +77,22 @@ public:
     /// Makes a tab, brings it to the front and sends it to the address. Returns its index. CanOpenTab must
     /// hold.
     int GetNewBrowser(std::string_view address);
+    /// The tabs of the strip as they are seen, from left to right; 0 is the music tab.
+    std::vector<int> Strip() const;
+    /// What of the strip is in front; -1 when nothing is.
+    int InFront() const;
+    /// Brings a tab of the strip to the front.
+    void ShowMember(int index);
+    /// As the menu's command: nothing while the music tab is in front.
+    void CloseTabInFront() { mnuCloseCurrentTab_Click(); }
+    /// Shows the tab that was closed last again, with the page it still has; the one before at the next call.
+    void Reopen();
+    /// The tab in front is for an address to come: it goes when that gets a tab of its own.
+    void MarkFrontAsEmpty() { empty_tab_ = FrontIndex(); }
+    /// That tab while it is in front and shows the program's own page; 0 if there is none.
+    int EmptyTabInFront() const;
+    /// Closes it; it does not come back by Reopen.
+    void DropEmptyTab(int index);
     /// Shows a page's title on its tab, on its menu entry and, if it is in front, on the window.
     void ShowTitle(int index);
 
@@ -97,7 +114,8 @@ private:
     void LoadStripMembers(int index);
     void ShowStripMembers(int index);
     void FaceNewTab(int index);
-    void HideTab(int index);
+    void ShowMembers(int index, bool shown);
+    bool HasPageToShow(int index) const;
     /// `currentbrowser`, or 0 when there is no such tab.
     int FrontIndex() const;
     bool IsFrontShown() const { return Front().Visible(); }
@@ -123,6 +141,8 @@ private:
     ports::EventLoop& events_;
     PageWatcher& watcher_;
     TabStrip strip_;
+    std::vector<int> closed_;  // slots, in the order of their closing
+    int empty_tab_ = 0;
     controls::EventClaims claims_;
 };
 

@@ -38,7 +38,7 @@ Web::Web(WebControls& controls, WebMenu& menu, WebState& state, SessionFacts ses
              {.track_lists = roles.track_lists, .media = roles.media, .history = roles.history},
              ports.events),
       refresh_(controls.refresh, menu, state, pages_, guard_, roles.keys, ports.dialogs),
-      commands_(controls.help, menu, opener_, tabs_, guard_, roles.window, roles.now_playing, ports.dialogs) {
-}
+      commands_(controls.help, menu, opener_, tabs_, guard_, roles.window, roles.now_playing, ports.dialogs),
+      keys_(state, address_, opener_, tabs_, pages_, roles.window, roles.favourites) {}
 
 }  // namespace web

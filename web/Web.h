@@ -7,6 +7,7 @@
 #include "ports/Files.h"
 #include "roles/AddressRow.h"
 #include "roles/CueList.h"
+#include "roles/Favourites.h"
 #include "roles/FrontPage.h"
 #include "roles/Highlights.h"
 #include "roles/History.h"
@@ -25,6 +26,7 @@
 #include "web/AddressRoom.h"
 #include "web/BrowserEventsRoom.h"
 #include "web/ConnectionGuard.h"
+#include "web/PageKeysRoom.h"
 #include "web/RefreshRoom.h"
 #include "web/SessionFacts.h"
 #include "web/TabRoom.h"
@@ -47,6 +49,7 @@ struct WebRoles {
     roles::MediaIntake& media;
     roles::CueList& cue;
     roles::History& history;
+    roles::Favourites& favourites;
     roles::Start& start;
 };
 
@@ -69,6 +72,8 @@ public:
     roles::FrontPage& Front() { return pages_; }
     roles::Tabs& Tabs() { return tabs_; }
     roles::MakerPages& Maker() { return commands_; }
+    /// Keys that work the browser wherever the keyboard is.
+    PageKeysRoom& Keys() { return keys_; }
     /// The commands that have no menu entry.
     WebCommandsRoom& Commands() { return commands_; }
 
@@ -82,6 +87,7 @@ private:
     BrowserEventsRoom pages_;
     RefreshRoom refresh_;
     WebCommandsRoom commands_;
+    PageKeysRoom keys_;
 };
 
 }  // namespace web

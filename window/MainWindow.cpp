@@ -58,6 +58,9 @@ MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, 
       remote_({.transport = player_, .playing = player_.Playing(), .LoggedIn = state_.session.LoggedIn},
               ActionsOfRemote(), PortsOfRemote()) {
     Connect();
+    claims_.Claim(windows.frmBrowser.KeyPreview, [this](int key_code, int shift, bool& taken) {
+        taken = web_.Keys().Take(key_code, shift);
+    });
     claims_.Claim(windows.frmBrowser.Unload, [this](bool&) { frmBrowser_Unload(); });
 }
 
@@ -190,6 +193,7 @@ web::Web MainWindow::BuildWeb() {
                      .media = library_.Intake(),
                      .cue = player_.Cue(),
                      .history = places_.History(),
+                     .favourites = places_.Favourites(),
                      .start = relays_.start},
                     {.files = ports_.files, .events = ports_.events, .dialogs = ports_.dialogs});
 }

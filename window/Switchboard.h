@@ -55,6 +55,7 @@ class FavouritesRelay final : public Relay<roles::Favourites> {
     void SettleAtStart() override { Answers().SettleAtStart(); }
     bool IsPanelClosed() const override { return Answers().IsPanelClosed(); }
     void TogglePanel() override { Answers().TogglePanel(); }
+    void AddPageInFront() override { Answers().AddPageInFront(); }
 };
 
 class FrontPageRelay final : public Relay<roles::FrontPage> {

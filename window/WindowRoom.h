@@ -20,6 +20,7 @@ public:
     double Width() const override { return frmBrowser_.Width(); }
     controls::WindowState State() const override { return frmBrowser_.State(); }
     void SetState(controls::WindowState state) override { frmBrowser_.SetState(state); }
+    void ToggleFullScreen() override { frmBrowser_.SetFullScreen(!frmBrowser_.FullScreen()); }
     void SetCaption(std::string_view caption) override { frmBrowser_.SetCaption(caption); }
     void Show() override { frmBrowser_.Show(); }
     void SetEnabled(bool enabled) override { frmBrowser_.SetEnabled(enabled); }

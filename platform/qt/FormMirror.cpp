@@ -32,6 +32,10 @@ WindowState StateOf(const QWidget& window) {
     return WindowState::Normal;
 }
 
+bool IsFullScreen(const QWidget& window) {
+    return window.windowState().testFlag(Qt::WindowFullScreen);
+}
+
 Qt::WindowFlags FlagsOf(const controls::Form& form) {
     switch (form.Border()) {
         case BorderStyle::None:
@@ -170,7 +174,7 @@ void FormMirror::Centre() {
 }
 
 void FormMirror::PutOnScreen() {
-    if (!IsRealised() || StateOf(*window_) != WindowState::Normal) return;
+    if (!IsRealised() || StateOf(*window_) != WindowState::Normal || IsFullScreen(*window_)) return;
     const QRect client = ClientRect(form_);
     placing_ = true;
     if (form_.Border() != BorderStyle::Sizable) window_->setFixedSize(client.size());
@@ -179,19 +183,20 @@ void FormMirror::PutOnScreen() {
 }
 
 void FormMirror::ShowState() {
-    if (StateOf(*window_) == form_.State()) return;
+    if (StateOf(*window_) == form_.State() && IsFullScreen(*window_) == form_.FullScreen()) return;
     changing_state_ = true;
     Qt::WindowStates states = Qt::WindowNoState;
     // A maximised window that is minimised comes back maximised, whoever brings it back.
     if (form_.State() == WindowState::Minimised) states = window_->windowState() | Qt::WindowMinimized;
-    if (form_.State() == WindowState::Maximised) {
-        states = Qt::WindowMaximized;
+    if (form_.State() == WindowState::Maximised) states = Qt::WindowMaximized;
+    if (form_.FullScreen()) states |= Qt::WindowFullScreen;
+    if (form_.State() == WindowState::Maximised || form_.FullScreen()) {
         window_->setMinimumSize(0, 0);
         window_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     }
     window_->setWindowState(states);
     changing_state_ = false;
-    if (form_.State() == WindowState::Normal) put_back_.start(kPutBackMs);
+    if (form_.State() == WindowState::Normal && !form_.FullScreen()) put_back_.start(kPutBackMs);
 }
 
 void FormMirror::FocusFirst() {
@@ -324,7 +329,10 @@ void FormMirror::WriteBack() {
 
 void FormMirror::OnStateChanged() {
     if (changing_state_) return;
-    form_.SetState(StateOf(*window_));
+    form_.SetFullScreen(IsFullScreen(*window_));
+    // Below the full screen the window keeps the state it had.
+    const WindowState state = StateOf(*window_);
+    if (!form_.FullScreen() || state == WindowState::Minimised) form_.SetState(state);
 }
 
 void FormMirror::OnCloseBox() {

@@ -58,6 +58,12 @@ constexpr KeyPair kNamedKeys[] = {
 
 constexpr int kNumberPadZero = 96;
 constexpr int kFirstFunctionKey = 112;
+constexpr int kLastFunctionKey = 135;
+constexpr int kTab = 9;
+constexpr int kPadPlus = 107;
+constexpr int kPadMinus = 109;
+constexpr int kPlus = 187;
+constexpr int kMinus = 189;
 constexpr int kBrowserBack = 166;
 constexpr int kBrowserRefresh = 168;
 constexpr int kBrowserHome = 172;
@@ -74,6 +80,9 @@ int KeyCode(int key, Qt::KeyboardModifiers modifiers) {
         return pad ? kNumberPadZero + (key - Qt::Key_0) : key;
     }
     if (key >= Qt::Key_A && key <= Qt::Key_Z) return key;
+    if (key == Qt::Key_Plus || key == Qt::Key_Equal)
+        return modifiers.testFlag(Qt::KeypadModifier) ? kPadPlus : kPlus;
+    if (key == Qt::Key_Minus) return modifiers.testFlag(Qt::KeypadModifier) ? kPadMinus : kMinus;
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return kFirstFunctionKey + (key - Qt::Key_F1);
     return 0;
 }
@@ -81,6 +90,18 @@ int KeyCode(int key, Qt::KeyboardModifiers modifiers) {
 bool IsMediaKey(int key_code) {
     return (key_code >= kBrowserBack && key_code <= kBrowserRefresh) ||
            (key_code >= kBrowserHome && key_code <= kMediaPlayPause);
+}
+
+bool MayMeanWindow(int key_code, int shift) {
+    if (key_code == 0) return false;
+    if ((shift & (controls::kControlMask | controls::kAltMask)) != 0) return true;
+    return key_code == controls::kKeyEscape ||
+           (key_code >= kFirstFunctionKey && key_code <= kLastFunctionKey);
+}
+
+bool MayRepeat(int key_code) {
+    return key_code == kTab || key_code == kPlus || key_code == kMinus || key_code == kPadPlus ||
+           key_code == kPadMinus;
 }
 
 int ShiftState(Qt::KeyboardModifiers modifiers) {

@@ -10,6 +10,10 @@ int KeyCode(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 /// A multimedia key of the keyboard, or one for going through pages; they mean the program wherever the focus
 /// is.
 bool IsMediaKey(int key_code);
+/// A key that the window looks at before what has the keyboard: with Ctrl or Alt, F1 to F24, Escape.
+bool MayMeanWindow(int key_code, int shift);
+/// Of those, one that means something again when it is held down: Tab, plus and minus.
+bool MayRepeat(int key_code);
 int ShiftState(Qt::KeyboardModifiers modifiers);
 int ButtonNumber(Qt::MouseButton button);
 /// The sum of the buttons held down.

@@ -1,5 +1,6 @@
 #include "platform/qt/SurfaceMirrors.h"
 
+#include <QApplication>
 #include <QChildEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -139,16 +140,19 @@ bool BrowserMirror::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ChildAdded)
         child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child());
     if (child != nullptr) child->installEventFilter(this);
-    if (watched != Widget()) return TakeFromPage(*event);
+    if (watched != Widget()) return TakeFromPage(watched, *event);
     if (event->type() == QEvent::Resize) FillWithChildren(*Widget());
     if (child != nullptr) child->setGeometry(Widget()->rect());
     return WidgetMirror::eventFilter(watched, event);
 }
 
-/// A page never sees the multimedia keys: one that hangs or plays by itself could keep them.
-bool BrowserMirror::TakeFromPage(QEvent& event) {
+/// A page never sees the keys of the window, nor the multimedia keys: one that hangs or plays by itself could
+/// keep them.
+bool BrowserMirror::TakeFromPage(const QObject* watched, QEvent& event) {
     if (event.type() != QEvent::KeyPress) return false;
     const auto& press = static_cast<QKeyEvent&>(event);
+    const QWidget* focus = QApplication::focusWidget();
+    if ((focus == nullptr || focus == watched) && PreviewKey(press)) return true;
     const bool is_ours =
         ShiftState(press.modifiers()) == 0 && IsMediaKey(KeyCode(press.key(), press.modifiers()));
     if (is_ours) KeyPressed(press);

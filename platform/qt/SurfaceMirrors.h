@@ -40,7 +40,7 @@ private:
         return property == controls::Property::Value;
     }
     bool eventFilter(QObject* watched, QEvent* event) override;
-    bool TakeFromPage(QEvent& event);
+    bool TakeFromPage(const QObject* watched, QEvent& event);
     controls::WebBrowser& browser_;
 };
 

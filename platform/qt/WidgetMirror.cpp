@@ -195,6 +195,17 @@ bool WidgetMirror::PressWindowButton(int key_code) {
     return true;
 }
 
+// A key that is held down comes again and again; only walking over tabs and zooming want that.
+bool WidgetMirror::PreviewKey(const QKeyEvent& event) {
+    const int code = KeyCode(event.key(), event.modifiers());
+    const int shift = ShiftState(event.modifiers());
+    if (!MayMeanWindow(code, shift) || (event.isAutoRepeat() && !MayRepeat(code))) return false;
+    auto* form = dynamic_cast<controls::Form*>(&Outermost(Mirrored()));
+    bool taken = false;
+    if (form != nullptr) form->KeyPreview.Raise(code, shift, taken);
+    return taken;
+}
+
 bool WidgetMirror::KeyPressed(const QKeyEvent& event) {
     const int code = KeyCode(event.key(), event.modifiers());
     if (code == 0) return false;
@@ -264,7 +275,7 @@ bool WidgetMirror::eventFilter(QObject* watched, QEvent* event) {
             // Qt offers the same press to the containers next.
             if (QApplication::focusWidget() != nullptr && watched != QApplication::focusWidget())
                 return false;
-            return KeyPressed(static_cast<QKeyEvent&>(*event));
+            return PreviewKey(static_cast<QKeyEvent&>(*event)) || KeyPressed(static_cast<QKeyEvent&>(*event));
         case QEvent::FocusIn:
             FocusCame(static_cast<QFocusEvent&>(*event));
             return false;

@@ -38,6 +38,8 @@ protected:
     virtual int ScrolledUp() const { return 0; }
     /// The row at a height of the surface, in pixels; -1 where there is none.
     virtual int RowAt(int /*y*/) const { return -1; }
+    /// Offers a key that may mean the window to the window; true when it is used up there.
+    bool PreviewKey(const QKeyEvent& event);
     /// Raises the key at the nearest container that listens; true when the key is used up.
     bool KeyPressed(const QKeyEvent& event);
     /// Enter on the control itself; true when it did something.

@@ -8,6 +8,7 @@
 #include <QWebEngineSettings>
 
 #include "platform/webengine/LimitedPage.h"
+#include "platform/webengine/PageKeys.h"
 
 namespace webengine {
 
@@ -122,6 +123,14 @@ void EnginePage::Refresh() {
     if (view_ == nullptr || location_.isEmpty()) return;
     Begin();
     page_->triggerAction(QWebEnginePage::Reload);
+}
+
+void EnginePage::Stop() {
+    if (view_ != nullptr) page_->triggerAction(QWebEnginePage::Stop);
+}
+
+bool EnginePage::TakeKey(int key_code, int shift) {
+    return view_ != nullptr && TakePageKey(*this, key_code, shift);
 }
 
 // A person, or the program for one, sends the page somewhere.

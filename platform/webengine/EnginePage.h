@@ -40,6 +40,8 @@ public:
     void GoBack() override;
     void GoForward() override;
     void Refresh() override;
+    void Stop() override;
+    bool TakeKey(int key_code, int shift) override;
     std::string LocationURL() const override;
     std::string LocationName() const override;
     bool Busy() const override { return view_ != nullptr && busy_; }

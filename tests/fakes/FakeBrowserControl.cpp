@@ -1,5 +1,7 @@
 #include "fakes/FakeBrowserControl.h"
 
+#include <algorithm>
+
 #include "base/Text.h"
 
 namespace fakes {
@@ -36,6 +38,17 @@ void FakeBrowserControl::GoForward() {
 void FakeBrowserControl::Refresh() {
     Calls.emplace_back("Refresh");
     if (position_ > 0) Begin(history_[position_ - 1], Way::Again);
+}
+
+void FakeBrowserControl::Stop() {
+    Calls.emplace_back("Stop");
+    busy_ = false;
+}
+
+bool FakeBrowserControl::TakeKey(int key_code, int shift) {
+    if (std::find(OwnKeys.begin(), OwnKeys.end(), std::pair(key_code, shift)) == OwnKeys.end()) return false;
+    Calls.push_back("TakeKey " + std::to_string(key_code) + " " + std::to_string(shift));
+    return true;
 }
 
 void FakeBrowserControl::Begin(std::string_view address, Way way) {

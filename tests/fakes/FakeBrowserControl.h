@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "ports/BrowserControl.h"
@@ -34,6 +35,8 @@ public:
     void GoBack() override;
     void GoForward() override;
     void Refresh() override;
+    void Stop() override;
+    bool TakeKey(int key_code, int shift) override;
     std::string LocationURL() const override;
     std::string LocationName() const override;
     bool Busy() const override { return busy_; }
@@ -46,6 +49,8 @@ public:
 
     /// What was asked of it, in order: "Navigate x", "GoBack", ...
     std::vector<std::string> Calls;
+    /// The keys that the page's own area answers.
+    std::vector<std::pair<int, int>> OwnKeys;
     /// What Navigate makes of an address.
     static std::string Complete(std::string_view typed);
 

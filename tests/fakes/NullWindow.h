@@ -16,6 +16,7 @@ public:
     double Width() const override { return 0; }
     controls::WindowState State() const override { return controls::WindowState::Normal; }
     void SetState(controls::WindowState) override {}
+    void ToggleFullScreen() override {}
     void SetCaption(std::string_view) override {}
     void Show() override {}
     void SetEnabled(bool) override {}

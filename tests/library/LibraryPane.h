@@ -53,6 +53,7 @@ struct RecordingNeighbours final : roles::Start,
     void SettleAtStart() override { Remember("settle", ""); }
     bool IsPanelClosed() const override { return true; }
     void TogglePanel() override { Remember("panel", ""); }
+    void AddPageInFront() override {}
     void AddSiteToHistory(roles::HistoryKind kind, std::string_view text) override {
         Remember(std::string("site ").append(roles::TextOf(kind)).append(" "), text);
     }

@@ -81,6 +81,7 @@ struct FakeMainWindow final : roles::Window,
     void Refresh() override { Calls.emplace_back("refresh"); }
     void PopupMenu(controls::Menu& menu) override { Calls.push_back("popup " + menu.Name()); }
     void ShowMusicPanel(bool) override {}
+    void ToggleFullScreen() override {}
     void BringMusicPanelToFront() override {}
     void Form_Resize() override { Calls.emplace_back("resize"); }
     void PlaceFavouritesPanel() override { ++VideoPanePlacings; }
@@ -98,6 +99,7 @@ struct FakeMainWindow final : roles::Window,
     void SettleAtStart() override {}
     bool IsPanelClosed() const override { return FavouritesClosed; }
     void TogglePanel() override { Calls.emplace_back("favourites"); }
+    void AddPageInFront() override {}
 
     std::vector<std::string> TakeCalls() { return std::exchange(Calls, {}); }
 

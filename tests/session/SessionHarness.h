@@ -95,6 +95,7 @@ public:
     }
     bool IsPanelClosed() const override { return true; }
     void TogglePanel() override { Log.emplace_back("TogglePanel"); }
+    void AddPageInFront() override { Log.emplace_back("AddPageInFront"); }
 
     // roles::Tabs
     int Count() const override { return static_cast<int>(TabsVisible.size()); }

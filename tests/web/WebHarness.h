@@ -37,6 +37,7 @@ struct RecordingRoles final : roles::Window,
                               roles::MediaIntake,
                               roles::CueList,
                               roles::History,
+                              roles::Favourites,
                               roles::Start {
     using Text = std::string_view;
     void Note(std::string call) { Log.push_back(std::move(call)); }
@@ -47,6 +48,7 @@ struct RecordingRoles final : roles::Window,
     double Width() const override { return WindowWidth; }
     controls::WindowState State() const override { return controls::WindowState::Normal; }
     void SetState(controls::WindowState) override { Note("SetState"); }
+    void ToggleFullScreen() override { Note("ToggleFullScreen"); }
     void SetCaption(Text caption) override { Caption = caption; }
     void Show() override { Note("Show"); }
     void SetEnabled(bool) override { Note("SetEnabled"); }
@@ -136,6 +138,13 @@ struct RecordingRoles final : roles::Window,
     void PopulateHistory(roles::HistoryKind kind) override {
         Note("PopulateHistory " + std::string(roles::TextOf(kind)));
     }
+
+    // roles::Favourites
+    void LoadFavs() override {}
+    void SettleAtStart() override {}
+    bool IsPanelClosed() const override { return true; }
+    void TogglePanel() override { Note("TogglePanel"); }
+    void AddPageInFront() override { Note("AddPageInFront"); }
 
     // roles::Start
     bool IsLoading() const override { return Loading; }
@@ -283,6 +292,7 @@ protected:
                     .media = near,
                     .cue = near,
                     .history = near,
+                    .favourites = near,
                     .start = near},
                    {.files = files, .events = desktop, .dialogs = dialogs}};
 

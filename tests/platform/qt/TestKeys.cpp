@@ -33,6 +33,26 @@ TEST(Keys, MultimediaKeysMeanTheProgram) {
         EXPECT_FALSE(qt::IsMediaKey(code)) << code;
 }
 
+TEST(Keys, WhatTheWindowLooksAtFirstHasControlOrAltOrIsAFunctionKeyOrEscape) {
+    EXPECT_TRUE(qt::MayMeanWindow('T', controls::kControlMask));
+    EXPECT_TRUE(qt::MayMeanWindow(37, controls::kAltMask));
+    EXPECT_TRUE(qt::MayMeanWindow(112, 0));
+    EXPECT_TRUE(qt::MayMeanWindow(135, controls::kShiftMask));
+    EXPECT_TRUE(qt::MayMeanWindow(27, 0));
+    EXPECT_FALSE(qt::MayMeanWindow('T', 0));
+    EXPECT_FALSE(qt::MayMeanWindow('T', controls::kShiftMask));
+    EXPECT_FALSE(qt::MayMeanWindow(136, 0));
+    EXPECT_FALSE(qt::MayMeanWindow(0, controls::kControlMask));
+}
+
+TEST(Keys, PlusAndMinusHaveCodesInTheRowOfDigitsAndOnTheNumberPad) {
+    EXPECT_EQ(qt::KeyCode(Qt::Key_Plus), 187);
+    EXPECT_EQ(qt::KeyCode(Qt::Key_Equal), 187);
+    EXPECT_EQ(qt::KeyCode(Qt::Key_Minus), 189);
+    EXPECT_EQ(qt::KeyCode(Qt::Key_Plus, Qt::KeypadModifier), 107);
+    EXPECT_EQ(qt::KeyCode(Qt::Key_Minus, Qt::KeypadModifier), 109);
+}
+
 TEST(Keys, ADigitOfTheNumberPadHasACodeOfItsOwn) {
     EXPECT_EQ(qt::KeyCode(Qt::Key_5, Qt::KeypadModifier), 101);
 }

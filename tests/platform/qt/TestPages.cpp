@@ -195,4 +195,53 @@ TEST_F(PagesTest, MultimediaKeysReachTheWindowThoughAPageHasTheFocus) {
     EXPECT_EQ(page.Keys, (std::vector<int>{Qt::Key_A, Qt::Key_Alt, Qt::Key_MediaStop}));
 }
 
+TEST_F(PagesTest, TheWindowLooksAtItsKeysBeforeThePage) {
+    qt_tests::Desk desk(options_, browser_);
+    std::vector<std::pair<int, int>> keys;
+    controls::EventClaims claims;
+    claims.Claim(desk.form.KeyPreview, [&keys](int code, int shift, bool& taken) {
+        keys.emplace_back(code, shift);
+        taken = code == 'T';
+    });
+    desk.screen.ReleasePages();
+    browser_.Navigate("http://example.org/");
+    GreedyWidget page(factory_->Widgets[0]);
+    page.show();
+    page.setFocus();
+
+    for (const int key : {Qt::Key_T, Qt::Key_C}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
+        QCoreApplication::sendEvent(&page, &press);
+    }
+    QTest::keyClick(&page, Qt::Key_A);
+    QTest::keyClick(&page, Qt::Key_Escape);
+    QTest::keyClick(&page, Qt::Key_F5);
+
+    EXPECT_EQ(keys, (std::vector<std::pair<int, int>>{{'T', controls::kControlMask},
+                                                      {'C', controls::kControlMask},
+                                                      {controls::kKeyEscape, 0},
+                                                      {116, 0}}));
+    EXPECT_EQ(page.Keys, (std::vector<int>{Qt::Key_C, Qt::Key_A, Qt::Key_Escape, Qt::Key_F5}));
+}
+
+TEST_F(PagesTest, AKeyThatIsHeldDownComesToTheWindowAgainOnlyWhereThatIsOfUse) {
+    qt_tests::Desk desk(options_, browser_);
+    std::vector<int> keys;
+    controls::EventClaims claims;
+    claims.Claim(desk.form.KeyPreview,
+                 [&keys](int code, int /*shift*/, bool& /*taken*/) { keys.push_back(code); });
+    desk.screen.ReleasePages();
+    browser_.Navigate("http://example.org/");
+    GreedyWidget page(factory_->Widgets[0]);
+    page.show();
+    page.setFocus();
+
+    for (const int key : {Qt::Key_W, Qt::Key_Tab, Qt::Key_Plus}) {
+        QKeyEvent again(QEvent::KeyPress, key, Qt::ControlModifier, QString(), true);
+        QCoreApplication::sendEvent(&page, &again);
+    }
+
+    EXPECT_EQ(keys, (std::vector<int>{9, 187}));
+}
+
 }  // namespace

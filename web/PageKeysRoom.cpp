@@ -1,0 +1,112 @@
+#include "web/PageKeysRoom.h"
+
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
+#include "web/Addresses.h"
+
+namespace web {
+
+namespace {
+
+constexpr int kTab = 9;
+constexpr int kLeft = 37;
+constexpr int kRight = 39;
+constexpr int kF5 = 116;
+constexpr int kF11 = 122;
+constexpr int kPlain = 0;
+constexpr int kControl = controls::kControlMask;
+constexpr int kControlShift = controls::kControlMask | controls::kShiftMask;
+constexpr int kAlt = controls::kAltMask;
+constexpr int kLastPlace = 9;
+
+}  // namespace
+
+struct PageKeysRoom::Key {
+    int key_code;
+    int shift;
+    void (*act)(PageKeysRoom&);
+};
+
+// One row a key; the page in docs/ for users lists the same.
+const PageKeysRoom::Key PageKeysRoom::kKeys[] = {
+    {'L', kControl, [](PageKeysRoom& keys) { keys.GoToAddress(); }},
+    {'T', kControl, [](PageKeysRoom& keys) { keys.OpenEmptyTab(); }},
+    {'W', kControl, [](PageKeysRoom& keys) { keys.tabs_.CloseTabInFront(); }},
+    {'T', kControlShift, [](PageKeysRoom& keys) { keys.tabs_.Reopen(); }},
+    {kTab, kControl, [](PageKeysRoom& keys) { keys.NextTab(); }},
+    {kTab, kControlShift, [](PageKeysRoom& keys) { keys.PreviousTab(); }},
+    {'R', kControl, [](PageKeysRoom& keys) { keys.pages_.Refresh(); }},
+    {kF5, kPlain, [](PageKeysRoom& keys) { keys.pages_.Refresh(); }},
+    {kLeft, kAlt, [](PageKeysRoom& keys) { keys.pages_.GoBack(); }},
+    {kRight, kAlt, [](PageKeysRoom& keys) { keys.pages_.GoForward(); }},
+    {'D', kControl, [](PageKeysRoom& keys) { keys.favourites_.AddPageInFront(); }},
+    {kF11, kPlain, [](PageKeysRoom& keys) { keys.window_.ToggleFullScreen(); }},
+};
+
+PageKeysRoom::PageKeysRoom(const WebState& state, AddressBox& address, AddressRoom& opener, TabRoom& tabs,
+                           BrowserEventsRoom& pages, roles::Window& window, roles::Favourites& favourites)
+    : state_(state),
+      address_(address),
+      opener_(opener),
+      tabs_(tabs),
+      pages_(pages),
+      window_(window),
+      favourites_(favourites) {}
+
+bool PageKeysRoom::Take(int key_code, int shift) {
+    const auto* const key = std::find_if(std::begin(kKeys), std::end(kKeys), [=](const Key& one) {
+        return one.key_code == key_code && one.shift == shift;
+    });
+    if (key != std::end(kKeys)) {
+        key->act(*this);
+        return true;
+    }
+    if (shift == kControl && key_code >= '1' && key_code <= '9') {
+        ShowTab(key_code - '0');
+        return true;
+    }
+    if (OfferToPage(key_code, shift)) return true;
+    return key_code == controls::kKeyEscape && shift == kPlain && Stop();
+}
+
+void PageKeysRoom::GoToAddress() {
+    address_.FocusIfVisible();
+}
+
+void PageKeysRoom::OpenEmptyTab() {
+    opener_.OpenTab(MakerSiteUrl);
+    tabs_.MarkFrontAsEmpty();
+}
+
+void PageKeysRoom::WalkTabs(int steps) {
+    const std::vector<int> strip = tabs_.Strip();
+    if (strip.empty()) return;
+    const int count = static_cast<int>(strip.size());
+    const auto in_front = std::find(strip.begin(), strip.end(), tabs_.InFront());
+    const int place = in_front != strip.end() ? static_cast<int>(in_front - strip.begin()) : 0;
+    tabs_.ShowMember(strip[static_cast<std::size_t>((place + steps + count) % count)]);
+}
+
+// The ninth is the last one, however many there are.
+void PageKeysRoom::ShowTab(int place) {
+    const std::vector<int> strip = tabs_.Strip();
+    if (strip.empty()) return;
+    const int count = static_cast<int>(strip.size());
+    if (place == kLastPlace) place = count;
+    if (place <= count) tabs_.ShowMember(strip[static_cast<std::size_t>(place - 1)]);
+}
+
+bool PageKeysRoom::OfferToPage(int key_code, int shift) {
+    if (tabs_.InFront() > 0) return tabs_.Front().TakeKey(key_code, shift);
+    return !state_.BackdropHidden && tabs_.Backdrop().TakeKey(key_code, shift);
+}
+
+bool PageKeysRoom::Stop() {
+    if (tabs_.InFront() <= 0 || !tabs_.Front().Busy()) return false;
+    tabs_.Front().Stop();
+    return true;
+}
+
+}  // namespace web
