@@ -34,7 +34,7 @@ private:
 
     PageSettings settings_;
     SiteChoices choices_;
-    MakerPages maker_pages_;
+    MakerPages maker_pages_{choices_, {}};
     std::unique_ptr<QWebEngineProfile> profile_;
     std::vector<std::unique_ptr<EnginePage>> pages_;
     Quota windows_{kMostWindows};

@@ -95,6 +95,9 @@ public:
     void SetVerdict(const QString& origin, Ability ability, Verdict verdict);
     const std::vector<SitePermission>& Permissions() const { return permissions_; }
 
+    /// False while nothing of single sites outlasts the run.
+    bool KeepsSites() const { return keeps_sites_ && !path_.isEmpty(); }
+
     /// Every zoom and every answer.
     void ForgetSites();
 

@@ -1,0 +1,35 @@
+// The public search services a user can choose from. Each takes the words in a field at the end of its
+// address.
+#pragma once
+
+#include <QLatin1String>
+#include <QString>
+
+namespace webengine {
+
+struct SearchEngine {
+    const char* key;  ///< in the file of the user's choices
+    const char* name;
+    const char* address;  ///< the escaped words come after it
+};
+
+/// The built-in one has the empty key and is not listed here.
+inline constexpr SearchEngine kSearchEngines[] = {
+    {"duckduckgo", "DuckDuckGo", "https://duckduckgo.com/?q="},
+    {"brave", "Brave Search", "https://search.brave.com/search?q="},
+    {"mojeek", "Mojeek", "https://www.mojeek.com/search?q="},
+    {"startpage", "Startpage", "https://www.startpage.com/do/search?q="},
+    {"ecosia", "Ecosia", "https://www.ecosia.org/search?q="},
+    {"bing", "Bing", "https://www.bing.com/search?q="},
+    {"wikipedia", "Wikipedia", "https://en.wikipedia.org/w/index.php?search="},
+};
+
+/// Null for an unknown key, and for that of the built-in one.
+inline const SearchEngine* SearchEngineOf(const QString& key) {
+    for (const SearchEngine& engine : kSearchEngines) {
+        if (key == QLatin1String(engine.key)) return &engine;
+    }
+    return nullptr;
+}
+
+}  // namespace webengine
