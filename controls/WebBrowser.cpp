@@ -11,6 +11,7 @@ void WebBrowser::Attach(ports::BrowserControl* engine) {
     engine_ = engine;
     if (engine_ == nullptr) return;
     engine_->SetListener(this);
+    engine_->SetSeen(seen_);
     if (waiting_address_.empty()) return;
     const std::string address = std::move(waiting_address_);
     waiting_address_.clear();
@@ -55,6 +56,12 @@ bool WebBrowser::TakeKey(int key_code, int shift) {
     return engine_ != nullptr && engine_->TakeKey(key_code, shift);
 }
 
+void WebBrowser::SetSeen(ports::PageSeen seen) {
+    if (seen == seen_) return;
+    seen_ = seen;
+    if (engine_ != nullptr) engine_->SetSeen(seen);
+}
+
 std::string WebBrowser::LocationURL() const {
     return engine_ != nullptr ? engine_->LocationURL() : std::string();
 }
@@ -87,9 +94,9 @@ bool WebBrowser::OnNavigateError(std::string_view /*url*/, int /*code*/) {
     return cancel;
 }
 
-ports::BrowserControl* WebBrowser::OnNewWindow() {
+ports::BrowserControl* WebBrowser::OnNewWindow(ports::WindowPlace place) {
     WebBrowser* target = nullptr;
-    NewWindow2.Raise(target);
+    (place == ports::WindowPlace::Behind ? NewWindowBehind : NewWindow2).Raise(target);
     if (target == nullptr) return nullptr;
     // A pop-up is the one page that starts without an address, so its engine is asked for here.
     if (target->engine_ == nullptr) target->Report(Property::Value);

@@ -33,6 +33,9 @@ public:
     void Stop();
     /// Offers a key to the page's own area (find, zoom, print, ...); true if it is used up.
     bool TakeKey(int key_code, int shift);
+    /// What the user sees of the page; the screen says it.
+    void SetSeen(ports::PageSeen seen);
+    ports::PageSeen Seen() const { return seen_; }
     std::string LocationURL() const;
     std::string LocationName() const;
     bool Busy() const;
@@ -42,15 +45,19 @@ public:
     Event<std::string_view> TitleChange;        ///< the new title
     Event<std::string_view> NavigateComplete2;  ///< the address, once for every frame
     Event<WebBrowser*&> NewWindow2;             ///< set it to the control that is to show the pop-up
+    Event<WebBrowser*&> NewWindowBehind;        ///< the same for a window that the user wants behind
+    Event<> WindowClosing;                      ///< a pop-up closed itself
     Event<bool&> NavigateError;                 ///< cancel: no error page
 
 private:
     void OnTitleChange(std::string_view title) override;
     void OnNavigateComplete(std::string_view url) override;
     bool OnNavigateError(std::string_view url, int code) override;
-    ports::BrowserControl* OnNewWindow() override;
+    ports::BrowserControl* OnNewWindow(ports::WindowPlace place) override;
+    void OnWindowClosing() override { WindowClosing.Raise(); }
 
     ports::BrowserControl* engine_ = nullptr;
+    ports::PageSeen seen_ = ports::PageSeen::InFront;
     std::string waiting_address_;
     std::string address_under_way_;
 };

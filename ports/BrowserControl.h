@@ -11,6 +11,19 @@
 
 namespace ports {
 
+/// Where a window that a page opens is wanted.
+enum class WindowPlace {
+    InFront,
+    Behind,  ///< the user asked for it behind the page (middle button, Ctrl and a click)
+};
+
+/// What the user sees of a page.
+enum class PageSeen {
+    InFront,
+    Covered,  ///< it is open; something lies over all of it
+    Closed,   ///< its control is invisible
+};
+
 /// The notifications of a page engine.
 class BrowserListener {
 public:
@@ -22,7 +35,9 @@ public:
     /// A navigation failed for good. Returns true to suppress the engine's own error page.
     virtual bool OnNavigateError(std::string_view url, int code) = 0;
     /// The page wants a new window. Returns the engine that shall show it, or null to refuse.
-    virtual class BrowserControl* OnNewWindow() = 0;
+    virtual class BrowserControl* OnNewWindow(WindowPlace place) = 0;
+    /// A window that a page opened has closed itself, or became nothing but a download.
+    virtual void OnWindowClosing() = 0;
 };
 
 /// One thing to do with an element of a document, found by its name or, failing that, its id.
@@ -47,6 +62,7 @@ public:
     /// Nothing to go to: nothing happens.
     virtual void GoBack() = 0;
     virtual void GoForward() = 0;
+    /// Loads the document again; where none is there, the address that failed.
     virtual void Refresh() = 0;
     /// Ends what is under way; the document that is shown stays.
     virtual void Stop() {}
@@ -58,6 +74,9 @@ public:
     /// Its title; the address when it has none; empty before the first document.
     virtual std::string LocationName() const = 0;
     virtual bool Busy() const = 0;
+    /// A covered page goes on, slower and without boxes; a closed one is silent and stands still until it is
+    /// sent somewhere or seen again. An engine starts in front.
+    virtual void SetSeen(PageSeen /*seen*/) {}
     /// Works on the document that is shown, in order and in one go; an element that is not there is skipped.
     /// Does nothing when the document shown is another one by the time it is done: the values may be
     /// a password. An engine without documents does nothing.

@@ -48,6 +48,8 @@ BrowserEventsRoom::BrowserEventsRoom(NavigationControls& controls, NavigationMen
     claims_.Claim(menu.mnuGoForward.Click, [this] { imgForwardOver_Click(); });
     claims_.Claim(tabs_.Backdrop().NewWindow2,
                   [this](controls::WebBrowser*& target) { BrowserBG_NewWindow2(target); });
+    claims_.Claim(tabs_.Backdrop().NewWindowBehind,
+                  [this](controls::WebBrowser*& target) { BrowserBG_NewWindow2(target); });
 }
 
 void BrowserEventsRoom::ListenTo(int index) {
@@ -56,6 +58,9 @@ void BrowserEventsRoom::ListenTo(int index) {
     claims_.Claim(page.NavigateComplete2,
                   [this, index](std::string_view) { Browser_NavigateComplete2(index); });
     claims_.Claim(page.NewWindow2, [this](controls::WebBrowser*& target) { Browser_NewWindow2(target); });
+    claims_.Claim(page.NewWindowBehind,
+                  [this](controls::WebBrowser*& target) { Browser_NewWindowBehind(target); });
+    claims_.Claim(page.WindowClosing, [this, index] { Browser_WindowClosing(index); });
     claims_.Claim(page.NavigateError, [this](bool& cancel) { Browser_NavigateError(cancel); });
 }
 
@@ -110,14 +115,26 @@ void BrowserEventsRoom::ShowAddressOfFront() {
     state_.LastTabUrl = address;
 }
 
-// The tab first goes to what the address row holds, as a rule nothing; the page that pops up then loads
-// there.
+// The page that pops up loads there, so the tab goes nowhere first, whatever a favourite that was clicked
+// once has left in the address row.
 void BrowserEventsRoom::Browser_NewWindow2(controls::WebBrowser*& target) {
     if (!tabs_.CanOpenTab()) return;
-    const int index = tabs_.GetNewBrowser(address_.Address());
+    const int index = tabs_.GetNewBrowser("");
     target = &tabs_.Page(index);
     tabs_.BringForward(index);
     tabs_.CorrectTabs();
+}
+
+void BrowserEventsRoom::Browser_NewWindowBehind(controls::WebBrowser*& target) {
+    if (!tabs_.IsAnythingInFront()) {
+        Browser_NewWindow2(target);
+    } else if (tabs_.CanOpenTab()) {
+        target = &tabs_.Page(tabs_.OpenBehind());
+    }
+}
+
+void BrowserEventsRoom::Browser_WindowClosing(int index) {
+    if (tabs_.IsShown(index)) tabs_.CloseTab(index);
 }
 
 void BrowserEventsRoom::BrowserBG_NewWindow2(controls::WebBrowser*& target) {

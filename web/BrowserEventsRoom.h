@@ -52,6 +52,8 @@ private:
     void Browser_TitleChange(int index);
     void Browser_NavigateComplete2(int index);
     void Browser_NewWindow2(controls::WebBrowser*& target);
+    void Browser_NewWindowBehind(controls::WebBrowser*& target);
+    void Browser_WindowClosing(int index);
     void Browser_NavigateError(bool& cancel);
     void BrowserBG_NewWindow2(controls::WebBrowser*& target);
     void imgBackOver_Click();

@@ -59,6 +59,27 @@ int TabRoom::GetNewBrowser(std::string_view address) {
     return index;
 }
 
+// The keyboard stays in the page that the user works in.
+int TabRoom::OpenBehind() {
+    const int index = Count();
+    state_.NextBrowserIndex = static_cast<std::int16_t>(index);
+    LoadPage(index);
+    LoadStripMembers(index);
+    FaceNewTab(index);
+    // The newest control lies on top.
+    if (state_.MusicTabActive) {
+        roles_.window.BringMusicPanelToFront();
+    } else {
+        Front().BringToFront();
+    }
+    strip_.RaiseLines();
+    controls_.tabtab(index).SetVisible(true);
+    controls_.tabClose(index).SetVisible(true);
+    ShowStripMembers(index);
+    strip_.PlaceShownTabs(strip_.FirstLeft());
+    return index;
+}
+
 void TabRoom::LoadPage(int index) {
     controls::WebBrowser& page = controls_.Browser.Load(index);
     const controls::WebBrowser& model = controls_.Browser(0);

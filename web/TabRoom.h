@@ -93,6 +93,11 @@ public:
     int EmptyTabInFront() const;
     /// Closes it; it does not come back by Reopen.
     void DropEmptyTab(int index);
+    /// Makes an empty tab behind what is in front, which stays there. Returns its index. CanOpenTab must
+    /// hold.
+    int OpenBehind();
+    /// A web tab or the music tab is in front.
+    bool IsAnythingInFront() const { return state_.MusicTabActive || IsFrontShown(); }
     /// Shows a page's title on its tab, on its menu entry and, if it is in front, on the window.
     void ShowTitle(int index);
 

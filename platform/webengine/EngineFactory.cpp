@@ -44,7 +44,7 @@ void EngineFactory::ForgetVisits() {
 
 ports::BrowserControl* EngineFactory::MakePage(controls::WebBrowser& /*browser*/, QWidget* parent) {
     pages_.push_back(
-        std::make_unique<EnginePage>(profile_.get(), settings_.to_native_path, windows_, choices_, parent));
+        std::make_unique<EnginePage>(PageShare{profile_.get(), settings_, windows_, choices_}, parent));
     return pages_.back().get();
 }
 

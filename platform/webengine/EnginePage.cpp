@@ -1,14 +1,13 @@
 #include "platform/webengine/EnginePage.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QTimer>
-#include <QWebEngineProfile>
 #include <QWebEngineScript>
-#include <QWebEngineSettings>
 
+#include "platform/webengine/AddressCompletion.h"
+#include "platform/webengine/DocumentWork.h"
 #include "platform/webengine/LimitedPage.h"
 #include "platform/webengine/PageKeys.h"
+#include "platform/webengine/PageLimits.h"
 
 namespace webengine {
 
@@ -16,35 +15,6 @@ namespace {
 
 constexpr int kBadAddress = -300;
 constexpr int kRendererGone = -1000;
-
-constexpr const char* kWorkOnDocument = R"((address, steps) => {
-    const wanted = new URL(address);
-    if (window.top !== window || location.origin !== wanted.origin || location.pathname !== wanted.pathname) return;
-    const first = (found) => found instanceof Element ? found : found && found.length ? found[0] : null;
-    for (const [kind, name, value] of steps) {
-        const element = first(kind === 2 ? document.forms.namedItem(name) : document.all.namedItem(name));
-        if (!element) continue;
-        if (kind === 0) element.value = value;
-        if (kind === 1) element.click();
-        if (kind === 2) HTMLFormElement.prototype.submit.call(element);
-    }
-})";
-
-void Limit(QWebEngineSettings& settings) {
-    using Settings = QWebEngineSettings;
-    settings.setAttribute(Settings::LocalContentCanAccessFileUrls, false);
-    settings.setAttribute(Settings::LocalContentCanAccessRemoteUrls, false);
-    settings.setAttribute(Settings::ErrorPageEnabled, false);
-    settings.setAttribute(Settings::FocusOnNavigationEnabled, false);
-    settings.setAttribute(Settings::JavascriptCanOpenWindows, true);
-    settings.setAttribute(Settings::JavascriptCanAccessClipboard, false);
-    settings.setAttribute(Settings::ScreenCaptureEnabled, false);
-    settings.setAttribute(Settings::FullScreenSupportEnabled, false);
-    settings.setAttribute(Settings::HyperlinkAuditingEnabled, false);
-    settings.setAttribute(Settings::DnsPrefetchEnabled, false);
-    settings.setAttribute(Settings::WebRTCPublicInterfacesOnly, true);
-    settings.setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);
-}
 
 /// The engine's stand-in title of a document without one is its address without the scheme.
 bool IsStandInTitle(const QString& title, const QUrl& location) {
@@ -61,14 +31,11 @@ bool IsServersErrorPage(const QWebEngineLoadingInfo& info, const QUrl& shown) {
 
 }  // namespace
 
-EnginePage::EnginePage(QWebEngineProfile* profile, ToNativePath to_native_path, Quota& windows,
-                       SiteChoices& choices, QWidget* parent)
-    : bars_(new PageBars(parent)),
-      view_(new QWebEngineView(bars_)),
-      to_native_path_(std::move(to_native_path)) {
-    page_ = new LimitedPage(profile, *this, windows, choices);
+EnginePage::EnginePage(const PageShare& share, QWidget* parent)
+    : bars_(new PageBars(parent)), view_(new QWebEngineView(bars_)), settings_(share.settings) {
+    page_ = new LimitedPage(share, *this);
     page_->setParent(view_);
-    Limit(*page_->settings());
+    LimitSettings(*page_->settings());
     view_->setPage(page_);
     bars_->SetPage(view_);
     connect(page_, &QWebEnginePage::loadingChanged, this,
@@ -94,7 +61,7 @@ void EnginePage::Navigate(std::string_view address) {
     if (view_ == nullptr || address.find_first_not_of(" \t\r\n") == std::string_view::npos) return;
     Begin();
     reloaded_by_itself_ = false;
-    asked_ = CompleteAddress(address, to_native_path_);
+    asked_ = CompleteAddress(address, settings_.to_native_path);
     if (asked_.isValid()) {
         page_->load(asked_);
         return;
@@ -133,7 +100,13 @@ bool EnginePage::TakeKey(int key_code, int shift) {
     return view_ != nullptr && TakePageKey(*this, key_code, shift);
 }
 
-// A person, or the program for one, sends the page somewhere.
+void EnginePage::TryAgain() {
+    if (view_ == nullptr || !asked_.isValid()) return;
+    Begin();
+    page_->load(asked_);
+}
+
+// The user, or the program for one, sends the page somewhere.
 void EnginePage::Begin() {
     if (notice_ != nullptr) notice_->hide();
     page_->RenewQuotas();
@@ -150,28 +123,18 @@ std::string EnginePage::LocationName() const {
     return title_.isEmpty() ? LocationURL() : title_.toStdString();
 }
 
-// The script runs in a world of its own, where a page's scripts cannot change what it calls, and decides
-// itself whether it is still in the document that was meant.
 void EnginePage::WorkOnDocument(const std::vector<ports::ElementStep>& steps) {
     if (view_ == nullptr || location_.isEmpty()) return;
-    QJsonArray list;
-    for (const ports::ElementStep& step : steps) {
-        list.append(QJsonArray{static_cast<int>(step.kind), QString::fromStdString(step.name),
-                               QString::fromStdString(step.value)});
-    }
-    const QJsonArray arguments{QString::fromStdString(LocationURL()), list};
-    const QString values = QString::fromUtf8(QJsonDocument(arguments).toJson(QJsonDocument::Compact));
-    page_->runJavaScript(QStringLiteral("(%1)(...%2)").arg(QLatin1String(kWorkOnDocument), values),
-                         QWebEngineScript::ApplicationWorld);
+    page_->runJavaScript(DocumentWork(LocationURL(), steps), QWebEngineScript::ApplicationWorld);
 }
 
 void EnginePage::OnFrame(const QUrl& url) {
     if (url.scheme() != QLatin1String("about")) frames_.push_back(url);
 }
 
-QWebEnginePage* EnginePage::OnWindowWanted() {
+QWebEnginePage* EnginePage::OnWindowWanted(ports::WindowPlace place) {
     if (listener_ == nullptr) return nullptr;
-    auto* window = dynamic_cast<EnginePage*>(listener_->OnNewWindow());
+    auto* window = dynamic_cast<EnginePage*>(listener_->OnNewWindow(place));
     if (window == nullptr || window == this || window->view_ == nullptr) return nullptr;
     return window->page_;
 }
@@ -286,9 +249,8 @@ void EnginePage::ReloadDeadPage() {
     reloaded_by_itself_ = false;
     if (!location_.isEmpty()) {
         Refresh();
-    } else if (view_ != nullptr && asked_.isValid()) {
-        Begin();
-        page_->load(asked_);
+    } else {
+        TryAgain();
     }
 }
 

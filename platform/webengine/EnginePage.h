@@ -18,11 +18,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/webengine/AddressCompletion.h"
 #include "platform/webengine/NoticePage.h"
 #include "platform/webengine/PageBars.h"
-#include "platform/webengine/Quota.h"
-#include "platform/webengine/SiteChoices.h"
+#include "platform/webengine/PageShare.h"
 #include "ports/BrowserControl.h"
 
 namespace webengine {
@@ -31,8 +29,7 @@ class LimitedPage;
 
 class EnginePage final : public QObject, public ports::BrowserControl {
 public:
-    EnginePage(QWebEngineProfile* profile, ToNativePath to_native_path, Quota& windows, SiteChoices& choices,
-               QWidget* parent);
+    EnginePage(const PageShare& share, QWidget* parent);
     ~EnginePage() override;
 
     void SetListener(ports::BrowserListener* listener) override { listener_ = listener; }
@@ -47,11 +44,15 @@ public:
     bool Busy() const override { return view_ != nullptr && busy_; }
     void WorkOnDocument(const std::vector<ports::ElementStep>& steps) override;
 
+    /// Goes again to the address that was asked for last.
+    void TryAgain();
+    /// Null after the screen's widget has gone.
+    QWebEngineView* View() const { return view_; }
+
     // Notifications of the page to its owner.
     void OnFrame(const QUrl& url);
-    QWebEnginePage* OnWindowWanted();
+    QWebEnginePage* OnWindowWanted(ports::WindowPlace place);
     bool IsShown() const { return view_ != nullptr && view_->isVisible(); }
-    QWidget* Window() const { return view_; }
     /// The page's area. Null once the screen has taken it away.
     PageBars* Bars() const { return bars_; }
 
@@ -75,7 +76,7 @@ private:
     QPointer<QWebEngineView> view_;
     QPointer<Notice> notice_;
     LimitedPage* page_ = nullptr;
-    ToNativePath to_native_path_;
+    const PageSettings& settings_;
     ports::BrowserListener* listener_ = nullptr;
     QUrl location_;
     QString title_;

@@ -1,18 +1,13 @@
 #include "platform/webengine/LimitedPage.h"
 
 #include <QAuthenticator>
-#include <QDialog>
-#include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <QWebEngineCertificateError>
 #include <QWebEngineFullScreenRequest>
-#include <QWebEngineProfile>
 #include <QWebEngineQuotaRequest>
 #include <QWebEngineRegisterProtocolHandlerRequest>
 
 #include "platform/webengine/EnginePage.h"
+#include "platform/webengine/PasswordBox.h"
 
 namespace webengine {
 
@@ -23,11 +18,11 @@ constexpr int kLongestBoxText = 600;
 
 }  // namespace
 
-LimitedPage::LimitedPage(QWebEngineProfile* profile, EnginePage& owner, Quota& windows, SiteChoices& choices)
-    : QWebEnginePage(profile),
+LimitedPage::LimitedPage(const PageShare& share, EnginePage& owner)
+    : QWebEnginePage(share.profile),
       owner_(owner),
-      windows_(windows),
-      gate_(*this, choices, [this] { return owner_.IsShown() ? owner_.Bars() : nullptr; }) {
+      windows_(share.windows),
+      gate_(*this, share.choices, [this] { return owner_.IsShown() ? owner_.Bars() : nullptr; }) {
     RefuseRequests();
 }
 
@@ -40,7 +35,10 @@ void LimitedPage::RefuseRequests() {
             [](QWebEngineRegisterProtocolHandlerRequest request) { request.reject(); });
     connect(this, &QWebEnginePage::certificateError, this,
             [](QWebEngineCertificateError error) { error.rejectCertificate(); });
-    connect(this, &QWebEnginePage::authenticationRequired, this, &LimitedPage::AskForPassword);
+    connect(this, &QWebEnginePage::authenticationRequired, this,
+            [this](const QUrl& url, QAuthenticator* authenticator) {
+                if (MayAsk()) AskForPassword(owner_.View(), url, *authenticator);
+            });
 }
 
 // A page behind has nobody to ask.
@@ -48,8 +46,10 @@ bool LimitedPage::MayAsk() {
     return owner_.IsShown() && boxes_.Take();
 }
 
-QWebEnginePage* LimitedPage::createWindow(WebWindowType /*type*/) {
-    return windows_.Take() ? owner_.OnWindowWanted() : nullptr;
+QWebEnginePage* LimitedPage::createWindow(WebWindowType type) {
+    const auto place =
+        type == WebBrowserBackgroundTab ? ports::WindowPlace::Behind : ports::WindowPlace::InFront;
+    return windows_.Take() ? owner_.OnWindowWanted(place) : nullptr;
 }
 
 bool LimitedPage::acceptNavigationRequest(const QUrl& url, NavigationType /*type*/, bool is_main_frame) {
@@ -73,28 +73,6 @@ bool LimitedPage::javaScriptPrompt(const QUrl& origin, const QString& text, cons
 QStringList LimitedPage::chooseFiles(FileSelectionMode mode, const QStringList& old,
                                      const QStringList& kinds) {
     return MayAsk() ? QWebEnginePage::chooseFiles(mode, old, kinds) : QStringList();
-}
-
-void LimitedPage::AskForPassword(const QUrl& url, QAuthenticator* authenticator) {
-    if (!MayAsk()) return;
-    QDialog box(owner_.Window());
-    box.setWindowTitle(tr("Password"));
-    auto* form = new QFormLayout(&box);
-    auto* words = new QLabel(tr("%1 asks for a name and a password.").arg(url.host()), &box);
-    words->setTextFormat(Qt::PlainText);
-    auto* name = new QLineEdit(&box);
-    auto* password = new QLineEdit(&box);
-    password->setEchoMode(QLineEdit::Password);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &box);
-    form->addRow(words);
-    form->addRow(tr("Name"), name);
-    form->addRow(tr("Password"), password);
-    form->addRow(buttons);
-    connect(buttons, &QDialogButtonBox::accepted, &box, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, &box, &QDialog::reject);
-    if (box.exec() != QDialog::Accepted) return;
-    authenticator->setUser(name->text());
-    authenticator->setPassword(password->text());
 }
 
 }  // namespace webengine

@@ -7,11 +7,8 @@
 #include <QUrl>
 #include <QWebEnginePage>
 
+#include "platform/webengine/PageShare.h"
 #include "platform/webengine/PermissionGate.h"
-#include "platform/webengine/Quota.h"
-
-class QAuthenticator;
-class QWebEngineProfile;
 
 namespace webengine {
 
@@ -24,7 +21,7 @@ inline constexpr int kMostWindows = 20;
 
 class LimitedPage final : public QWebEnginePage {
 public:
-    LimitedPage(QWebEngineProfile* profile, EnginePage& owner, Quota& windows, SiteChoices& choices);
+    LimitedPage(const PageShare& share, EnginePage& owner);
 
     /// The user has sent the page somewhere: it may ask and open again.
     void RenewQuotas() {
@@ -47,7 +44,6 @@ protected:
 
 private:
     void RefuseRequests();
-    void AskForPassword(const QUrl& url, QAuthenticator* authenticator);
     bool MayAsk();
 
     EnginePage& owner_;

@@ -43,10 +43,12 @@ public:
         Failed.emplace_back(url);
         return true;
     }
-    ports::BrowserControl* OnNewWindow() override {
+    ports::BrowserControl* OnNewWindow(ports::WindowPlace place) override {
         ++Windows;
+        if (place == ports::WindowPlace::Behind) ++WindowsBehind;
         return ForWindow;
     }
+    void OnWindowClosing() override { ++Closings; }
     explicit Listener(ports::BrowserControl& browser) : browser_(browser) {}
 
     std::vector<std::string> Titles;
@@ -54,6 +56,8 @@ public:
     std::vector<std::string> Locations;
     std::vector<std::string> Failed;
     int Windows = 0;
+    int WindowsBehind = 0;
+    int Closings = 0;
     ports::BrowserControl* ForWindow = nullptr;
 
 private:

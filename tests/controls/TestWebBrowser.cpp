@@ -20,8 +20,10 @@ public:
     std::string LocationURL() const override { return "http://example.org/"; }
     std::string LocationName() const override { return "Example"; }
     bool Busy() const override { return true; }
+    void SetSeen(ports::PageSeen seen) override { Seen = seen; }
 
     ports::BrowserListener* Listener = nullptr;
+    ports::PageSeen Seen = ports::PageSeen::InFront;
     std::vector<std::string> Calls;
 };
 
@@ -183,7 +185,7 @@ TEST(WebBrowser, APopUpGetsTheEngineOfTheBrowserThatTakesIt) {
     tab.SetObserver(&screen);
     claims.Claim(browser.NewWindow2, [&tab](WebBrowser*& target) { target = &tab; });
 
-    ports::BrowserControl* const given = engine.Listener->OnNewWindow();
+    ports::BrowserControl* const given = engine.Listener->OnNewWindow(ports::WindowPlace::InFront);
 
     EXPECT_EQ(given, &screen.Engine);
     EXPECT_EQ(screen.Asked, 1);
@@ -195,7 +197,48 @@ TEST(WebBrowser, APopUpThatNobodyTakesIsRefused) {
     WebBrowser browser("Browser");
     browser.Attach(&engine);
 
-    EXPECT_EQ(engine.Listener->OnNewWindow(), nullptr);
+    EXPECT_EQ(engine.Listener->OnNewWindow(ports::WindowPlace::InFront), nullptr);
+}
+
+TEST(WebBrowser, AWindowThatIsWantedBehindIsAskedForByAnEventOfItsOwn) {
+    RecordingEngine engine;
+    RecordingEngine behind;
+    WebBrowser browser("Browser");
+    WebBrowser tab("Browser");
+    EventClaims claims;
+    browser.Attach(&engine);
+    tab.Attach(&behind);
+    claims.Claim(browser.NewWindowBehind, [&tab](WebBrowser*& target) { target = &tab; });
+
+    EXPECT_EQ(engine.Listener->OnNewWindow(ports::WindowPlace::Behind), &behind);
+    EXPECT_EQ(engine.Listener->OnNewWindow(ports::WindowPlace::InFront), nullptr);
+}
+
+TEST(WebBrowser, AWindowThatClosesItselfIsTold) {
+    RecordingEngine engine;
+    WebBrowser browser("Browser");
+    EventClaims claims;
+    int closings = 0;
+    browser.Attach(&engine);
+    claims.Claim(browser.WindowClosing, [&closings] { ++closings; });
+
+    engine.Listener->OnWindowClosing();
+
+    EXPECT_EQ(closings, 1);
+}
+
+TEST(WebBrowser, AnEngineKnowsWhatTheUserSeesAlsoWhenItComesLater) {
+    RecordingEngine engine;
+    RecordingEngine later;
+    WebBrowser browser("Browser");
+    browser.Attach(&engine);
+
+    browser.SetSeen(ports::PageSeen::Covered);
+    browser.Attach(&later);
+
+    EXPECT_EQ(engine.Seen, ports::PageSeen::Covered);
+    EXPECT_EQ(later.Seen, ports::PageSeen::Covered);
+    EXPECT_EQ(browser.Seen(), ports::PageSeen::Covered);
 }
 
 TEST(WebBrowser, AnEngineThatIsTakenAwayTellsNothingMore) {

@@ -92,7 +92,7 @@ void FakeBrowserControl::Arrive(const FakePage& page) {
     listener_->OnTitleChange(LocationName());
     listener_->OnNavigateComplete(LocationURL());
     if (page.pop_up.empty()) return;
-    ports::BrowserControl* window = listener_->OnNewWindow();
+    ports::BrowserControl* window = listener_->OnNewWindow(ports::WindowPlace::InFront);
     if (window != nullptr) window->Navigate(page.pop_up);
 }
 

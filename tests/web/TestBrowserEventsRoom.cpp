@@ -170,6 +170,84 @@ TEST_F(BrowserEventsRoom, APopUpsTabIsTheOneThatIsGivenToThePage) {
     EXPECT_EQ(target->WaitingAddress(), "");
 }
 
+TEST_F(BrowserEventsRoom, APopUpAsksForNothingThatStandsInTheAddressRow) {
+    Open("http://one.example/");
+    groups.address.cmbAddress.SetText("http://favourite.example/");
+    controls::WebBrowser* target = nullptr;
+
+    groups.tabs.Browser(1).NewWindow2.Raise(target);
+
+    EXPECT_EQ(target->WaitingAddress(), "");
+}
+
+TEST_F(BrowserEventsRoom, AWindowThatIsWantedBehindLeavesThePageInFrontAndTheKeyboardInIt) {
+    const int tab = Open("http://one.example/");
+    Open("http://two.example/");
+    Click(groups.tabs.tabtab(tab));
+    Focused = 0;
+    controls::WebBrowser* target = nullptr;
+
+    groups.tabs.Browser(tab).NewWindowBehind.Raise(target);
+
+    EXPECT_EQ(target, &groups.tabs.Browser(3));
+    EXPECT_TRUE(target->Visible());
+    EXPECT_EQ(state.currentbrowser, tab);
+    EXPECT_TRUE(IsPale(tab));
+    EXPECT_FALSE(IsPale(3));
+    EXPECT_TRUE(IsInFront(groups.tabs.Browser(tab)));
+    EXPECT_EQ(groups.tabs.tabtab(3).Left(), groups.tabs.tabtab(2).Right());
+    EXPECT_TRUE(groups.tabs.tabClose(3).Visible());
+    EXPECT_TRUE(groups.tabs.mnuTabTab(3).Visible());
+    EXPECT_EQ(near.Caption, "Brindlepost - One");
+    EXPECT_EQ(Focused, 0);
+}
+
+TEST_F(BrowserEventsRoom, AWindowThatIsWantedBehindTheMusicTabLeavesThatInFront) {
+    Open("http://one.example/");
+    Click(groups.tabs.imgMusicTab);
+    controls::WebBrowser* target = nullptr;
+
+    groups.tabs.Browser(1).NewWindowBehind.Raise(target);
+
+    EXPECT_EQ(target, &groups.tabs.Browser(2));
+    EXPECT_TRUE(state.MusicTabActive);
+    EXPECT_TRUE(IsInFront(near.Panel));
+}
+
+TEST_F(BrowserEventsRoom, WithNothingInFrontAWindowThatIsWantedBehindComesToTheFront) {
+    controls::WebBrowser* target = nullptr;
+    state.MusicTabActive = false;
+
+    groups.tabs.BrowserBG.NewWindowBehind.Raise(target);
+
+    EXPECT_EQ(target, &groups.tabs.Browser(1));
+    EXPECT_EQ(state.currentbrowser, 1);
+}
+
+TEST_F(BrowserEventsRoom, APopUpThatClosesItselfClosesItsTab) {
+    const int tab = Open("http://one.example/");
+    controls::WebBrowser* target = nullptr;
+    groups.tabs.Browser(tab).NewWindow2.Raise(target);
+
+    groups.tabs.Browser(tab + 1).WindowClosing.Raise();
+
+    EXPECT_FALSE(groups.tabs.Browser(tab + 1).Visible());
+    EXPECT_FALSE(groups.tabs.tabtab(tab + 1).Visible());
+    EXPECT_EQ(state.currentbrowser, tab);
+}
+
+TEST_F(BrowserEventsRoom, ATabThatIsClosedAlreadyHearsNoMoreOfItsWindow) {
+    const int tab = Open("http://one.example/");
+    Open("http://two.example/");
+    groups.tabs.tabClose(tab).Click.Raise();
+    Click(groups.tabs.imgMusicTab);
+    Focused = 0;
+
+    groups.tabs.Browser(tab).WindowClosing.Raise();
+
+    EXPECT_EQ(Focused, 0);
+}
+
 TEST_F(BrowserEventsRoom, APopUpOfTheBackdropBecomesATabToo) {
     controls::WebBrowser* target = nullptr;
 

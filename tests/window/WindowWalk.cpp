@@ -45,6 +45,8 @@ void NotePageEvents(const controls::WebBrowser& page, Names& claimed) {
     Note(page.TitleChange, "TitleChange", claimed);
     Note(page.NavigateComplete2, "NavigateComplete2", claimed);
     Note(page.NewWindow2, "NewWindow2", claimed);
+    Note(page.NewWindowBehind, "NewWindowBehind", claimed);
+    Note(page.WindowClosing, "WindowClosing", claimed);
     Note(page.NavigateError, "NavigateError", claimed);
 }
 
