@@ -9,7 +9,6 @@ namespace {
 
 /// The group whose favourites open at the start; it stays.
 constexpr std::string_view kHomePages = "Home Pages";
-constexpr std::string_view kBlank = " ";
 
 bool IsBlank(std::string_view text) {
     return base::Trim(text).empty();
@@ -61,8 +60,19 @@ void AddFavouriteRoom::ShowLayout(bool deleting) {
     form_.frmAdd.SetHeight(deleting ? kDeleteHeight : kAddHeight);
     form_.cmdCancel2.SetVisible(deleting);
     form_.cmdDelete2.SetVisible(deleting);
+    EnableSeen(deleting);
     others_.window.SetEnabled(false);
     form_.frmAdd.SetCaption(deleting ? "Delete Group" : "Add Favourite");
+}
+
+// What lies below the window's edge, or below another button, must not be reached by the keyboard either.
+void AddFavouriteRoom::EnableSeen(bool deleting) {
+    controls::Control* const unseen[] = {&form_.cmdDelete, &form_.cmdNew,    &form_.txtURL,
+                                         &form_.txtName,   &form_.cmdCancel, &form_.cmdAdd};
+    for (controls::Control* control : unseen)
+        control->SetEnabled(!deleting);
+    form_.cmdCancel.SetCancel(!deleting);
+    form_.cmdCancel2.SetCancel(deleting);
 }
 
 void AddFavouriteRoom::OpenToAdd(std::string_view name, std::string_view address) {
@@ -102,17 +112,8 @@ void AddFavouriteRoom::lstGroup_KeyDown(int key_code) {
 
 // The number follows the one that the panel last read, not the last row: in a table that was emptied the
 // numbers go on.
-void AddFavouriteRoom::AddRow(std::string_view group, std::string_view name, std::string_view address) {
-    store::RecordSet& rows = table_.datFav.Recordset();
-    rows.AddNew();
-    rows.Set(store::tblFavs::ID, store::KeyAfter(table_.lblEntryCount.Caption()));
-    rows.Update();
-    rows.MoveLast();
-    rows.Edit();
-    rows.Set(store::tblFavs::GroupName, group);
-    rows.Set(store::tblFavs::FriendName, name);
-    rows.Set(store::tblFavs::URL, address);
-    rows.Update();
+void AddFavouriteRoom::AddRow(const FavouriteRow& row) {
+    AppendFavourite(table_.datFav.Recordset(), store::KeyAfter(table_.lblEntryCount.Caption()), row);
 }
 
 void AddFavouriteRoom::cmdAdd_Click() {
@@ -120,8 +121,9 @@ void AddFavouriteRoom::cmdAdd_Click() {
         ports_.dialogs.MsgBox("Please select a group, name and URL");
         return;
     }
-    AddRow(form_.lstGroup.Text(), std::string(kFavouritePrefix).append(form_.txtName.Text()),
-           form_.txtURL.Text());
+    AddRow({.group = std::string(form_.lstGroup.Text()),
+            .friend_name = std::string(kFavouritePrefix).append(form_.txtName.Text()),
+            .url = form_.txtURL.Text()});
     others_.lists.Command1();
     others_.window.Show();
     panel_.lstFavs_Click();
@@ -135,7 +137,7 @@ void AddFavouriteRoom::cmdNew_Click() {
     const std::string group =
         ports_.dialogs.InputBox("What would you like to call the new group?", "New Group", "New_Group");
     if (IsBlank(group)) return;
-    AddRow(group, kBlank, kBlank);
+    AddRow(GroupRow(group));
     others_.lists.Command1();
     panel_.lstFavs_Click();
     form_.lstGroup.AddItem(group);

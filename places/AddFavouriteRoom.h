@@ -10,6 +10,7 @@
 #include "controls/Label.h"
 #include "places/AddFavouriteForm.h"
 #include "places/FavouritesRoom.h"
+#include "places/FavouritesTable.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "roles/TrackLists.h"
@@ -17,12 +18,6 @@
 #include "store/DataSource.h"
 
 namespace places {
-
-/// The table that the dialog adds to and deletes from.
-struct FavouritesTable {
-    store::DataSource& datFav;
-    const controls::Label& lblEntryCount;  ///< the number of the last row
-};
 
 struct AddFavouriteRoles {
     roles::Window& window;
@@ -63,7 +58,8 @@ private:
 
     void ClaimDialog();
     void ShowLayout(bool deleting);
-    void AddRow(std::string_view group, std::string_view name, std::string_view address);
+    void EnableSeen(bool deleting);
+    void AddRow(const FavouriteRow& row);
     void DeleteGroup(const std::string& group);
 
     AddFavouriteForm& form_;

@@ -11,6 +11,7 @@
 
 #include "controls/Event.h"
 #include "places/FavouritesControls.h"
+#include "places/FavouritesTable.h"
 #include "places/PlacesMenu.h"
 #include "ports/Dialogs.h"
 #include "roles/AddressRow.h"
@@ -22,9 +23,6 @@
 #include "roles/VideoPane.h"
 
 namespace places {
-
-/// What comes before a favourite's name, in the table and in the lists.
-inline constexpr std::string_view kFavouritePrefix = "  - ";
 
 /// The dialog of the favourites, as the panel uses it. Why: the dialog uses the panel, too.
 class FavouritesDialog {

@@ -17,6 +17,8 @@ Places::Places(PlacesWindows windows, PlacesState state, PlacesRoles others, Pla
               .video = others.video,
               .highlights = others.highlights,
               .keys = others.keys},
-             ports.dialogs) {}
+             ports.dialogs),
+      exchange_({.datFav = windows.favourites.datFav, .lblEntryCount = windows.favourites.lblEntryCount},
+                panel_) {}
 
 }  // namespace places

@@ -6,6 +6,7 @@
 #include "places/AddFavouriteForm.h"
 #include "places/AddFavouriteRoom.h"
 #include "places/FavouritesControls.h"
+#include "places/FavouritesExchange.h"
 #include "places/FavouritesRoom.h"
 #include "places/HistoryRoom.h"
 #include "places/PlacesMenu.h"
@@ -67,6 +68,8 @@ public:
 
     roles::History& History() { return history_; }
     roles::Favourites& Favourites() { return *this; }
+    /// From and for other browsers.
+    FavouritesExchange& Exchange() { return exchange_; }
 
 private:
     // roles::Favourites
@@ -79,6 +82,7 @@ private:
     HistoryRoom history_;
     AddFavouriteRoom dialog_;
     FavouritesRoom panel_;
+    FavouritesExchange exchange_;
 };
 
 }  // namespace places

@@ -90,6 +90,8 @@ public:
 
     /// For tests and the program's outer shell.
     const State& Known() const { return state_; }
+    /// Favourites from and for other browsers; the settings page of the pages asks for it.
+    places::FavouritesExchange& Favourites() { return places_.Exchange(); }
 
 private:
     player::PlayerRoles RolesOfPlayer();

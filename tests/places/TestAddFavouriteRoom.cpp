@@ -40,6 +40,23 @@ TEST_F(AddFavouriteRoom, TheDeleteLayoutCutsTheLowerHalfOff) {
     EXPECT_LE(form.cmdDelete2.Bottom(), form.frmAdd.ContentHeight());
 }
 
+TEST_F(AddFavouriteRoom, WhatTheDeleteLayoutCutsOffIsOutOfReachOfTheKeyboard) {
+    const controls::Control* const unseen[] = {&form.cmdDelete, &form.cmdNew,    &form.txtURL,
+                                               &form.txtName,   &form.cmdCancel, &form.cmdAdd};
+    dialog.OpenToDelete();
+    for (const controls::Control* control : unseen)
+        EXPECT_FALSE(control->Enabled()) << control->Name();
+    EXPECT_TRUE(form.cmdCancel2.IsCancel());
+    EXPECT_FALSE(form.cmdCancel.IsCancel());
+
+    dialog.OpenToAdd("Post", "http://post.example/");
+
+    for (const controls::Control* control : unseen)
+        EXPECT_TRUE(control->Enabled()) << control->Name();
+    EXPECT_FALSE(form.cmdCancel2.IsCancel());
+    EXPECT_TRUE(form.cmdCancel.IsCancel());
+}
+
 TEST_F(AddFavouriteRoom, TheSecondButtonsLieExactlyOverTheFirst) {
     EXPECT_EQ(form.cmdCancel2.Left(), form.cmdDelete.Left());
     EXPECT_EQ(form.cmdCancel2.Width(), form.cmdDelete.Width());
