@@ -1,0 +1,321 @@
+"""Measures pages and tabs of the whole program on a stage of its own, beside a bare window of the same page engine.
+
+    python3 bench/browser.py BUILD [open|memory|switch|closed|covered]... [--seconds N]
+
+"open": from Enter to the request at the server and to the page's second frame, in the first tab and in later ones.
+"memory": what the process and its children hold with 1 and 10 tabs. "switch": from a click on a tab to the first pixel of
+its page. "closed": how soon the memory of a closed tab comes back. "covered": 100 tabs, 90 of them covered for --seconds,
+against the same 100 just opened.
+"""
+
+import argparse
+import ctypes
+import http.server
+import os
+import pathlib
+import socketserver
+import statistics
+import sys
+import threading
+import time
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "real"))
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
+
+import program as programs
+import stage as stages
+from screening import Screening
+
+RUNS = 9
+PAGE = """<!doctype html><title>{path}</title><link rel=icon href="data:,"><style>body {{ background: {colour} }}</style>
+<script>requestAnimationFrame(() => requestAnimationFrame(() => fetch("/frame{path}")));
+const kept = []; for (let i = 0; i < {weight}; i++) kept.push(new Uint8Array(1 << 20).fill(i + 1));</script>"""
+HEAVY = 200     # MiB that a heavy page holds
+COLOURS = [(0x1F, 0x6F, 0x8B), (0x8B, 0x3A, 0x1F)]
+
+
+class Site:
+    """Pages by number, and when each was asked for and had its second frame."""
+
+    def __init__(self):
+        times = self.times = {}
+
+        class Handler(http.server.BaseHTTPRequestHandler):
+            protocol_version = "HTTP/1.1"
+
+            def do_GET(self):
+                times.setdefault(self.path, time.monotonic())
+                number = int("".join(filter(str.isdigit, self.path)) or 0)
+                data = PAGE.format(path=self.path, colour="#%02x%02x%02x" % COLOURS[number % 2],
+                                   weight=HEAVY if "heavy" in self.path else 0).encode()
+                self.send_response(200)
+                self.send_header("Content-Type", "text/html")
+                self.send_header("Content-Length", str(len(data)))
+                self.end_headers()
+                self.wfile.write(data)
+
+            def log_message(self, *_):
+                pass
+
+        self._server = socketserver.ThreadingTCPServer(("127.0.0.1", 0), Handler)
+        self._server.daemon_threads = True
+        threading.Thread(target=self._server.serve_forever, daemon=True).start()
+
+    def address(self, path):
+        return f"http://127.0.0.1:{self._server.server_address[1]}{path}"
+
+    def wait_for(self, path, seconds=60):
+        return stages.wait_for(f"{path} to be asked for", lambda: self.times.get(path), seconds, 0.002)
+
+    def close(self):
+        self._server.shutdown()
+        self._server.server_close()
+
+
+class Hand:
+    """Keys and clicks without a process for each, so that they have a time."""
+
+    def __init__(self, display):
+        self._x, self._test = ctypes.CDLL("libX11.so.6"), ctypes.CDLL("libXtst.so.6")
+        self._x.XOpenDisplay.restype = ctypes.c_void_p
+        self._x.XKeysymToKeycode.restype = ctypes.c_ubyte
+        self._display = ctypes.c_void_p(self._x.XOpenDisplay(display.encode()))
+
+    def key(self, *symbols):
+        codes = [self._x.XKeysymToKeycode(self._display, ctypes.c_ulong(symbol)) for symbol in symbols]
+        for code, down in [(c, True) for c in codes] + [(c, False) for c in reversed(codes)]:
+            self._test.XTestFakeKeyEvent(self._display, code, down, ctypes.c_ulong(0))
+        return self._now()
+
+    def click(self, x, y):
+        self._test.XTestFakeMotionEvent(self._display, -1, x, y, ctypes.c_ulong(0))
+        for down in (True, False):
+            self._test.XTestFakeButtonEvent(self._display, 1, down, ctypes.c_ulong(0))
+        return self._now()
+
+    def _now(self):
+        now = time.monotonic()
+        self._x.XFlush(self._display)
+        return now
+
+
+ENTER, CONTROL, TAB = 0xFF0D, 0xFFE3, 0xFF09
+
+
+def family(pid):
+    """A process and all below it."""
+    children = {}
+    for process in pathlib.Path("/proc").glob("[0-9]*"):
+        try:
+            parent = int((process / "stat").read_text().rsplit(")", 1)[1].split()[1])
+        except (OSError, ValueError):
+            continue
+        children.setdefault(parent, []).append(int(process.name))
+    found, waiting = [], [pid]
+    while waiting:
+        found.append(waiting.pop())
+        waiting += children.get(found[-1], [])
+    return found
+
+
+def memory(pid):
+    """MiB of a process and those below it, without what is shared with files. The sandbox hides anything finer."""
+    pages = 0
+    for process in family(pid):
+        try:
+            resident, shared = pathlib.Path(f"/proc/{process}/statm").read_text().split()[1:3]
+            pages += int(resident) - int(shared)
+        except OSError:
+            continue
+    return pages * os.sysconf("SC_PAGE_SIZE") / (1 << 20)
+
+
+class Subject:
+    """A program with an address row."""
+
+    def __init__(self, stage, site):
+        self.stage, self.site = stage, site
+        self.hand = Hand(stage.environment["DISPLAY"])
+        self.screen = programs.Screen(stage.environment["DISPLAY"])
+        self.count = 0
+
+    def open(self, path=None):
+        """(milliseconds to the request, to the second frame) of a page in a new tab."""
+        path = path or f"/{self.name}-{self.count}"
+        self.count += 1
+        self.hand.click(*self.address)
+        self.stage.key("ctrl+a")
+        self.stage.type(self.site.address(path))
+        time.sleep(0.3)
+        begin = self.hand.key(ENTER)
+        frame = self.site.wait_for("/frame" + path)
+        return (self.site.times[path] - begin) * 1000, (frame - begin) * 1000
+
+    def colour_at_page(self):
+        pixel = self.screen.row(500, 1280)[50]
+        return pixel >> 16 & 255, pixel >> 8 & 255, pixel & 255
+
+    def milliseconds_to_colour(self, colour, act):
+        begin = act()
+        stages.wait_for("the page's colour", lambda: self.colour_at_page() == colour, 20, 0)
+        return (time.monotonic() - begin) * 1000
+
+    def end(self):
+        self.process.terminate()
+        self.process.wait()
+
+
+class Program(Subject):
+    name = "program"
+
+    def __init__(self, stage, site, places):
+        super().__init__(stage, site)
+        self.address, self.first_tab, self.first_cross = places
+        self.process = stage.launch(stage.folder / "app")
+        stages.wait_for("the splash", lambda: "Brindlepost" in stage.stacking(), 30)
+        stages.wait_for("the splash to go", lambda: "Brindlepost" not in stage.stacking(), 60)
+        time.sleep(3)
+
+    def bring_first(self):
+        return self.hand.click(*self.first_tab)
+
+    def close_first(self):
+        return self.hand.click(*self.first_cross)
+
+
+class Bare(Subject):
+    name = "bare"
+
+    def __init__(self, stage, site):
+        super().__init__(stage, site)
+        self.process = stage.spawn([str(stage.build / "bench" / "bare_pages")])
+        x, y, width, _ = stage.window_rect(stage.window("Bare pages"))
+        self.address = (x + width // 2, y + 24)
+        time.sleep(2)
+
+    def bring_first(self):
+        return self.hand.key(CONTROL, TAB)
+
+
+def learn_places(stage):
+    """Where things are, by a run that a screen reader can read; the runs that are measured are without."""
+    tone = stages.make_tone(stage.folder / "Music" / "Film - Tone.wav", 440, 5)
+    person = Screening(stage, [("Tone", tone)])
+    address = person.eyes.centre("Address", "text")
+    x, y, width, height = person.eyes.rect(person.eyes.find("Music Player", "push button"))
+    person.program.terminate()
+    person.program.wait()
+    del stage.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]
+    return address, (x + width + 40, y + height // 2), (x + width + 160, y + height // 2)
+
+
+def both(stage, site, places):
+    for subject in (lambda: Program(stage, site, places), lambda: Bare(stage, site)):
+        made = subject()
+        try:
+            yield made
+        finally:
+            made.end()
+
+
+def spread(values):
+    return f"median {statistics.median(values):.0f} (min {min(values):.0f}, max {max(values):.0f}, {len(values)} runs)"
+
+
+def measure_open(stage, site, places):
+    firsts = {}
+    for _ in range(3):
+        for subject in both(stage, site, places):
+            subject.count = len(site.times)
+            firsts.setdefault(subject.name, []).append(subject.open())
+    for name, pairs in firsts.items():
+        print(f"{name}: first page, Enter to request {spread([p[0] for p in pairs])} ms, "
+              f"to second frame {spread([p[1] for p in pairs])} ms")
+    for subject in both(stage, site, places):
+        subject.count = len(site.times)
+        subject.open()
+        pairs = [subject.open() for _ in range(RUNS)]
+        print(f"{subject.name}: later page, Enter to request {spread([p[0] for p in pairs])} ms, "
+              f"to second frame {spread([p[1] for p in pairs])} ms")
+
+
+def measure_memory(stage, site, places):
+    for subject in both(stage, site, places):
+        subject.count = len(site.times)
+        empty = memory(subject.process.pid)
+        figures = []
+        for tabs in range(1, 11):
+            subject.open()
+            if tabs in (1, 10):
+                time.sleep(5)
+                figures.append(f"{tabs} tabs {memory(subject.process.pid):.0f}")
+        print(f"{subject.name}: memory in MiB, empty {empty:.0f}, {', '.join(figures)}")
+
+
+def measure_switch(stage, site, places):
+    for subject in both(stage, site, places):
+        took = []
+        for _ in range(RUNS):
+            subject.count = len(site.times) // 2 * 2
+            if not took:
+                subject.open(f"/first-{subject.name}-0")
+            subject.open(f"/other-{subject.name}-{2 * len(took) + 1}")
+            stages.wait_for("the colour in front", lambda s=subject: s.colour_at_page() == COLOURS[1])
+            time.sleep(0.5)
+            took.append(subject.milliseconds_to_colour(COLOURS[0], subject.bring_first))
+        print(f"{subject.name}: tab switch to the page's pixels {spread(took)} ms")
+
+
+def measure_closed(stage, site, places):
+    program = Program(stage, site, places)
+    try:
+        program.open("/heavy-0")
+        time.sleep(3)
+        full = memory(program.process.pid)
+        begin = program.close_first()
+        end = begin + 180
+        while memory(program.process.pid) > full - 0.9 * HEAVY and time.monotonic() < end:
+            time.sleep(0.5)
+        left = memory(program.process.pid)
+        print(f"program: a tab of {HEAVY} MiB closed: {full:.0f} MiB before, {left:.0f} after {time.monotonic() - begin:.0f} s")
+    finally:
+        program.end()
+
+
+def measure_covered(stage, site, places, seconds):
+    program = Program(stage, site, places)
+    try:
+        for _ in range(10):
+            program.open()
+        ten = memory(program.process.pid)
+        for _ in range(90):
+            program.open()
+        live = memory(program.process.pid)
+        time.sleep(seconds)
+        print(f"program: 10 tabs {ten:.0f} MiB, 100 tabs {live:.0f}, covered for {seconds} s {memory(program.process.pid):.0f}")
+    finally:
+        program.end()
+
+
+def main():
+    build = stages.become_unprivileged(sys.argv[1])
+    parser = argparse.ArgumentParser()
+    parser.add_argument("build")
+    parser.add_argument("what", nargs="*", default=["open", "memory", "switch", "closed"])
+    parser.add_argument("--seconds", type=int, default=300)
+    options = parser.parse_args()
+    print(f"machine: {os.cpu_count()} cores, display Xvfb, software drawing, load {os.getloadavg()[0]:.1f}")
+    with stages.Stage(build, sound=False) as stage:
+        site = Site()
+        places = learn_places(stage)
+        for what in options.what or ["open", "memory", "switch", "closed"]:
+            if what == "covered":
+                measure_covered(stage, site, places, options.seconds)
+            else:
+                globals()["measure_" + what](stage, site, places)
+        site.close()
+        stage.remove()
+
+
+if __name__ == "__main__":
+    main()
