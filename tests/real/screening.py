@@ -56,9 +56,14 @@ class Screening:
             self._sql("dbMedia", f"insert into tblSong values({key},'Film','{title}','{dos}',0)")
         self.eyes = Eyes()
         self.songs = songs
-        self.program = stage.launch(self.application)
-        wait_for("the tracks in their list", lambda: len(self._rows()) == len(songs), 30)
-        wait_for("the splash to go", lambda: not stage.has_window("Brindlepost$"), 30)
+        self.program = None
+        self.start()
+
+    def start(self, *arguments):
+        """Starts the program with these arguments and waits for its lists."""
+        self.program = self.stage.launch(self.application, *arguments)
+        wait_for("the tracks in their list", lambda: len(self._rows()) == len(self.songs), 30)
+        wait_for("the splash to go", lambda: not self.stage.has_window("Brindlepost$"), 30)
 
     def _rows(self):
         return self.eyes.rows("Tracks") if self.eyes.shows("Tracks", "list") else []

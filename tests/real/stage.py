@@ -32,7 +32,7 @@ class StageError(Exception):
 
 # What the stage needs out of a build folder.
 KIT = ["app/Brindlepost", "platform/webengine/*.so", "images/*.png", "images/*.bmp", "stores/*.mdb", "bench/bare_window",
-       "tests/real/drag_source"]
+       "bench/bare_pages", "tests/real/drag_source"]
 
 
 def become_unprivileged(build):
@@ -106,11 +106,11 @@ def loudness(samples):
 class Recorder:
     """Records the sound server's monitor into a file from the moment it is made."""
 
-    def __init__(self, stage, path):
+    def __init__(self, stage, path, source="test.monitor"):
         self.path = pathlib.Path(path)
         self._file = open(self.path, "wb")
         self._process = stage.spawn(
-            ["parec", "-d", "test.monitor", "--raw", "--format=s16le", "--channels=2", f"--rate={SAMPLE_RATE}",
+            ["parec", "-d", source, "--raw", "--format=s16le", "--channels=2", f"--rate={SAMPLE_RATE}",
              "--latency-msec=20"],
             stdout=self._file,
         )
@@ -483,6 +483,10 @@ class Eyes:
     @property
     def selected(self):
         return self._atspi.StateType.SELECTED
+
+    @property
+    def visible(self):
+        return self._atspi.StateType.VISIBLE
 
     @property
     def focused(self):

@@ -3,12 +3,12 @@
 The other program is `drag_source`, whose window is one large thing to drag. It says what came of each drag.
 """
 
-import contextlib
 import re
 import sys
 import time
 
 import stage as stages
+from dragging import Dragging
 from screening import Screening
 from stage import make_tone, wait_for
 
@@ -26,7 +26,7 @@ def check(condition, text):
         raise Failed(text)
 
 
-class Dropping:
+class Dropping(Dragging):
     def __init__(self, stage):
         self.stage = stage
         self.folder = stage.folder / "Files"
@@ -48,40 +48,6 @@ class Dropping:
         stage.run("xdotool", "windowsize", "--sync", window, "1000", "700")
 
     # -- what a person does --
-
-    @contextlib.contextmanager
-    def source(self, *words):
-        """The other program's window, at the right of the screen, and the file of its answers."""
-        answers = self.stage.folder / f"answers-{time.monotonic_ns()}"
-        with open(answers, "wb") as output:
-            program = self.stage.spawn([str(self.stage.build / "tests/real/drag_source"), *map(str, words)],
-                                       stdout=output)
-        window = self.stage.window("Drag source")
-        self.stage.run("xdotool", "windowmove", "--sync", window, "1060", "700")
-        try:
-            yield window, answers
-        finally:
-            program.terminate()
-            program.wait(5)
-
-    def drag(self, place, *words):
-        """Drags files or a text to a place on the screen; "taken" or "refused"."""
-        with self.source(*words) as (window, answers):
-            x, y, width, height = self.stage.window_rect(window)
-            self.pull((x + width // 2, y + height // 2), place)
-            return wait_for("the end of the drag", lambda: answers.read_text(encoding="utf-8").strip())
-
-    def pull(self, start, place):
-        """Moves the mouse from one place to the other with its button down."""
-        self.stage.run("xdotool", "mousemove", *map(str, start), "mousedown", "1")
-        for step in range(1, 21):
-            at = [str(round(a + (b - a) * step / 20)) for a, b in zip(start, place)]
-            self.stage.run("xdotool", "mousemove", *at)
-            time.sleep(0.02)
-        # The last place is asked for again, as by a hand that is never quite still.
-        self.stage.run("xdotool", "mousemove_relative", "1", "1")
-        time.sleep(0.3)
-        self.stage.run("xdotool", "mouseup", "1")
 
     def row_of(self, name, text):
         """The middle of the row with that text."""
