@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace webengine {
 
@@ -21,11 +22,35 @@ QString WithoutEnds(QString name) {
     return name;
 }
 
+bool IsTooLong(const QString& name) {
+    return name.size() > kLongestDownloadName || name.toUtf8().size() > kLongestDownloadBytes;
+}
+
 QString Shortened(const QString& name) {
-    if (name.size() <= kLongestDownloadName) return name;
+    if (!IsTooLong(name)) return name;
     const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
     const QString extension = dot > 0 && name.size() - dot <= 12 ? name.mid(dot) : QString();
-    return WithoutEnds(name.left(kLongestDownloadName - extension.size())) + extension;
+    QString base = name.left(std::min<qsizetype>(name.size(), kLongestDownloadName) - extension.size());
+    while (IsTooLong(base + extension))
+        base.chop(1);
+    if (!base.isEmpty() && base.back().isHighSurrogate()) base.chop(1);
+    return WithoutEnds(base) + extension;
+}
+
+bool IsOnDisk(const QDir& dir, const QString& name) {
+    return QFileInfo(dir.filePath(name)).isSymLink() || dir.exists(name);
+}
+
+bool IsFree(const QDir& dir, const QString& name, const QSet<QString>& promised) {
+    for (const QString& used : {name, name + kUnderWay, name + kUnconfirmed}) {
+        if (IsOnDisk(dir, used) || promised.contains(dir.filePath(used).toLower())) return false;
+    }
+    for (const QLatin1String& appended : {kUnderWay, kUnconfirmed}) {
+        if (name.endsWith(appended) &&
+            promised.contains(dir.filePath(name.chopped(appended.size())).toLower()))
+            return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -41,15 +66,14 @@ QString CleanDownloadName(const QString& suggested) {
     return clean.isEmpty() ? QStringLiteral("download") : clean;
 }
 
-QString FreeDownloadName(const QString& folder, const QString& clean_name) {
+QString FreeDownloadName(const QString& folder, const QString& clean_name, const QSet<QString>& promised) {
     const QDir dir(folder);
     const qsizetype dot = clean_name.lastIndexOf(QLatin1Char('.'));
     const QString base = dot > 0 ? clean_name.left(dot) : clean_name;
     const QString extension = dot > 0 ? clean_name.mid(dot) : QString();
     QString name = clean_name;
-    for (int number = 1; QFileInfo(dir.filePath(name)).isSymLink() || dir.exists(name); ++number) {
+    for (int number = 1; !IsFree(dir, name, promised); ++number)
         name = QStringLiteral("%1 (%2)%3").arg(base).arg(number).arg(extension);
-    }
     return name;
 }
 

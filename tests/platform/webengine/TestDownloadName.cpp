@@ -50,6 +50,44 @@ TEST(DownloadName, ALongNameKeepsItsExtension) {
     EXPECT_TRUE(name.endsWith(".mp3"));
 }
 
+TEST(DownloadName, ALongNameFitsTheDiskInEveryScript) {
+    const QString name = CleanDownloadName(QString(400, QChar(0x96D5)) + ".mp3");
+
+    EXPECT_LE(name.toUtf8().size(), webengine::kLongestDownloadBytes);
+    EXPECT_GT(name.size(), 60);
+    EXPECT_TRUE(name.endsWith(".mp3"));
+}
+
+TEST(DownloadName, ACharacterOfTwoHalvesIsNotCut) {
+    for (const char* begin : {"", "a", "ab", "abc"}) {
+        const QString name =
+            CleanDownloadName(begin + QString::fromUtf8("\xF0\x9F\xA6\x89").repeated(100) + ".mp3");
+
+        EXPECT_EQ(QString::fromUtf8(name.toUtf8()), name) << begin;
+        EXPECT_TRUE(name.endsWith(".mp3")) << begin;
+    }
+}
+
+TEST(DownloadName, APromisedNameIsTaken) {
+    const QTemporaryDir folder;
+    const QSet<QString> promised{folder.filePath("owl.zip").toLower()};
+
+    EXPECT_EQ(FreeDownloadName(folder.path(), "owl.zip", promised), "owl (1).zip");
+    EXPECT_EQ(FreeDownloadName(folder.path(), "OWL.zip", promised), "OWL (1).zip");
+}
+
+TEST(DownloadName, WhatIsAppendedOnTheWayIsTakenToo) {
+    const QTemporaryDir folder;
+    const QSet<QString> promised{folder.filePath("owl.zip").toLower()};
+    Touch(folder.filePath("lark.zip.download"));
+    Touch(folder.filePath("lark.sh.unconfirmed"));
+
+    EXPECT_EQ(FreeDownloadName(folder.path(), "owl.zip.download", promised), "owl.zip (1).download");
+    EXPECT_EQ(FreeDownloadName(folder.path(), "owl.zip.unconfirmed", promised), "owl.zip (1).unconfirmed");
+    EXPECT_EQ(FreeDownloadName(folder.path(), "lark.zip"), "lark (1).zip");
+    EXPECT_EQ(FreeDownloadName(folder.path(), "lark.sh"), "lark (1).sh");
+}
+
 TEST(DownloadName, ATakenNameGetsANumber) {
     const QTemporaryDir folder;
     Touch(folder.filePath("owl.zip"));
