@@ -22,6 +22,8 @@ public:
     virtual ports::BrowserControl* MakePage(controls::WebBrowser& browser, QWidget* parent) = 0;
     /// Ends every engine it made, and what their pages left in memory. No control may use one any more.
     virtual void ForgetVisits() = 0;
+    /// Brings the list of downloads to the front. Without downloads: nothing happens.
+    virtual void ShowDownloads() {}
 };
 
 }  // namespace qt

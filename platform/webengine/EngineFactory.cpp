@@ -2,17 +2,19 @@
 
 #include <qtwebenginecoreglobal.h>
 
-#include "platform/webengine/DownloadName.h"
-
 namespace webengine {
 
-namespace {
-
-constexpr int kMostDownloads = 8;
-
-}  // namespace
-
-EngineFactory::EngineFactory(PageSettings settings) : settings_(std::move(settings)) {
+EngineFactory::EngineFactory(PageSettings settings)
+    : settings_(std::move(settings)),
+      downloads_(settings_),
+      download_bars_(downloads_, [this] { ShowDownloads(); }) {
+    downloads_.OnChange = [this] {
+        if (downloads_window_ != nullptr) downloads_window_->Follow();
+    };
+    downloads_.OnNews = [this](QWebEnginePage* page, const Download& news) {
+        download_bars_.Tell(page, news);
+    };
+    downloads_.OnRefused = [this](QWebEnginePage* page) { download_bars_.TellRefused(page); };
     RegisterMakerScheme();
     MakeProfile();
 }
@@ -22,8 +24,7 @@ void EngineFactory::MakeProfile() {
     profile_->installUrlSchemeHandler(MakerScheme(), &maker_pages_);
     profile_->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
     profile_->setSpellCheckEnabled(false);
-    QObject::connect(profile_.get(), &QWebEngineProfile::downloadRequested, profile_.get(),
-                     [this](QWebEngineDownloadRequest* download) { TakeDownload(download); });
+    downloads_.BeginUser(*profile_, {});
 }
 
 EngineFactory::~EngineFactory() {
@@ -32,9 +33,15 @@ EngineFactory::~EngineFactory() {
 
 // The engine wants its pages gone before their profile.
 void EngineFactory::EndPages() {
+    downloads_.EndUser();
+    downloads_window_.reset();
     pages_.clear();
     profile_.reset();
-    downloads_running_ = 0;
+}
+
+void EngineFactory::ShowDownloads() {
+    if (downloads_window_ == nullptr) downloads_window_ = std::make_unique<DownloadsWindow>(downloads_);
+    downloads_window_->Present();
 }
 
 void EngineFactory::ForgetVisits() {
@@ -45,25 +52,9 @@ void EngineFactory::ForgetVisits() {
 ports::BrowserControl* EngineFactory::MakePage(controls::WebBrowser& /*browser*/, QWidget* parent) {
     pages_.push_back(
         std::make_unique<EnginePage>(PageShare{profile_.get(), settings_, windows_, choices_}, parent));
+    LimitedPage* const made = &pages_.back()->Page();
+    made->OnRenewed = [this, made] { downloads_.Renew(made); };
     return pages_.back().get();
-}
-
-// Whatever name the server gives, the file ends in the download folder under a name that is free there.
-void EngineFactory::TakeDownload(QWebEngineDownloadRequest* download) {
-    const QString folder = QString::fromStdString(settings_.download_folder);
-    const QString name = FreeDownloadName(folder, CleanDownloadName(download->suggestedFileName()));
-    if (folder.isEmpty() || downloads_running_ >= kMostDownloads || !EndsInside(folder, name)) {
-        download->cancel();
-        return;
-    }
-    download->setDownloadDirectory(folder);
-    download->setDownloadFileName(name);
-    ++downloads_running_;
-    QObject::connect(download, &QWebEngineDownloadRequest::isFinishedChanged, profile_.get(),
-                     [this, download] {
-                         if (download->isFinished()) --downloads_running_;
-                     });
-    download->accept();
 }
 
 }  // namespace webengine

@@ -5,12 +5,14 @@
 // login: the next user's pages get another one.
 #pragma once
 
-#include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
 #include <memory>
 #include <vector>
 
 #include "platform/qt/PageFactory.h"
+#include "platform/webengine/DownloadBars.h"
+#include "platform/webengine/Downloads.h"
+#include "platform/webengine/DownloadsWindow.h"
 #include "platform/webengine/EnginePage.h"
 #include "platform/webengine/LimitedPage.h"
 #include "platform/webengine/MakerPages.h"
@@ -26,11 +28,11 @@ public:
 
     ports::BrowserControl* MakePage(controls::WebBrowser& browser, QWidget* parent) override;
     void ForgetVisits() override;
+    void ShowDownloads() override;
 
 private:
     void MakeProfile();
     void EndPages();
-    void TakeDownload(QWebEngineDownloadRequest* download);
 
     PageSettings settings_;
     SiteChoices choices_;
@@ -38,7 +40,9 @@ private:
     std::unique_ptr<QWebEngineProfile> profile_;
     std::vector<std::unique_ptr<EnginePage>> pages_;
     Quota windows_{kMostWindows};
-    int downloads_running_ = 0;
+    Downloads downloads_;
+    std::unique_ptr<DownloadsWindow> downloads_window_;
+    DownloadBars download_bars_;
 };
 
 }  // namespace webengine

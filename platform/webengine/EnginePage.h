@@ -55,6 +55,7 @@ public:
     bool IsShown() const { return view_ != nullptr && view_->isVisible(); }
     /// The page's area. Null once the screen has taken it away.
     PageBars* Bars() const { return bars_; }
+    LimitedPage& Page() const { return *page_; }
 
 private:
     void OnLoading(const QWebEngineLoadingInfo& info);

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <QUrl>
 #include <QWebEnginePage>
+#include <functional>
 
 #include "platform/webengine/PageShare.h"
 #include "platform/webengine/PermissionGate.h"
@@ -28,7 +29,10 @@ public:
         boxes_.Renew();
         windows_.Renew();
         gate_.Questions().Renew();
+        if (OnRenewed) OnRenewed();
     }
+    /// What else is limited begins again, too.
+    std::function<void()> OnRenewed;
 
 protected:
     QWebEnginePage* createWindow(WebWindowType type) override;

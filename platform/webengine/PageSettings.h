@@ -8,10 +8,14 @@
 namespace webengine {
 
 struct PageSettings {
-    /// Where downloads go: a native path of a folder that exists.
+    /// Where downloads go: the native path of a folder, which is made when it is first needed.
     std::string download_folder;
     /// The native path of a path in drive form; empty when there is none.
     std::function<std::string(std::string_view)> to_native_path;
+    /// A media file that was saved, by its native path: takes it into the library, or plays it at once.
+    /// Without a player: empty.
+    std::function<void(const std::string&)> add_to_library = {};
+    std::function<void(const std::string&)> play = {};
 };
 
 }  // namespace webengine

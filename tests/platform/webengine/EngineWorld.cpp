@@ -19,6 +19,13 @@ QTemporaryDir& Downloads() {
     return folder;
 }
 
+webengine::PageSettings SettingsOfTest() {
+    return {.download_folder = DownloadFolder().toStdString(),
+            .to_native_path = &NativePath,
+            .add_to_library = [](const std::string& file) { Intake().push_back("add " + file); },
+            .play = [](const std::string& file) { Intake().push_back("play " + file); }};
+}
+
 void WritePage(const QString& path, const QByteArray& text) {
     QFile file(path);
     if (file.open(QIODevice::WriteOnly)) file.write(text);
@@ -30,9 +37,14 @@ QString DownloadFolder() {
     return Downloads().path();
 }
 
+std::vector<std::string>& Intake() {
+    static std::vector<std::string> handed_over;
+    return handed_over;
+}
+
 qt::PageFactory& Factory() {
     static const std::unique_ptr<qt::PageFactory> factory =
-        webengine::LoadPages(BRINDLEPOST_PAGES_DIR, {DownloadFolder().toStdString(), &NativePath});
+        webengine::LoadPages(BRINDLEPOST_PAGES_DIR, SettingsOfTest());
     return *factory;
 }
 

@@ -4,6 +4,8 @@
 #include <QTemporaryDir>
 #include <QWidget>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "contracts/BrowserWorld.h"
 #include "controls/WebBrowser.h"
@@ -16,6 +18,8 @@ namespace webengine_tests {
 qt::PageFactory& Factory();
 /// Where its downloads go.
 QString DownloadFolder();
+/// What was handed over to the player: "play" or "add", a blank and the path.
+std::vector<std::string>& Intake();
 /// Lets the loop run until `done`; false after twenty seconds.
 bool WaitFor(const std::function<bool()>& done);
 

@@ -31,6 +31,17 @@ void PageServer::Serve(QTcpSocket& socket) {
     if (path == Silent) return;
     const Answer answer =
         Pages.value(path, Answer{"<title>Not found</title>", "Content-Type: text/html\r\n", "404 Not Found"});
+    if (path == Unfinished) {
+        socket.write("HTTP/1.1 " + answer.status + "\r\n" + answer.headers + "Content-Length: " +
+                     QByteArray::number(answer.body.size()) + "\r\n\r\n" + answer.body.chopped(1));
+        return;
+    }
+    if (answer.headers.contains("Content-Length")) {
+        socket.write("HTTP/1.1 " + answer.status + "\r\n" + answer.headers + "Connection: close\r\n\r\n" +
+                     answer.body);
+        socket.disconnectFromHost();
+        return;
+    }
     socket.write("HTTP/1.1 " + answer.status + "\r\n" + answer.headers +
                  "Connection: close\r\nContent-Length: " + QByteArray::number(answer.body.size()) +
                  "\r\n\r\n" + answer.body);

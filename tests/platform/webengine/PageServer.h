@@ -27,6 +27,8 @@ public:
     QHash<QByteArray, Answer> Pages;
     /// A path that never gets an answer.
     QByteArray Silent;
+    /// A path whose answer breaks off in the middle, with the connection left open.
+    QByteArray Unfinished;
 
 private:
     void Serve(QTcpSocket& socket);
