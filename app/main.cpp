@@ -117,7 +117,13 @@ int RunProgram(int argc, char** argv) {
     dbus::BusScreenSaver screen_saver(bus);
 
     window::Windows windows(files);
-    const webengine::PageSettings pages{DownloadFolder(), to_native};
+    // The pages come when the first one is wanted, which is after the main window is there.
+    window::MainWindow* house = nullptr;
+    const webengine::PageSettings pages{
+        .download_folder = DownloadFolder(),
+        .to_native_path = to_native,
+        .import_favourites = [&house](std::string_view bytes) { return house->Favourites().Import(bytes); },
+        .export_favourites = [&house] { return house->Favourites().Export(); }};
     qt::Screen screen(loop,
                       {folder, from_native, [&folder, &pages] { return webengine::LoadPages(folder, pages); },
                        [&folder] { return webengine::EngineVersion(folder); }});
@@ -135,6 +141,7 @@ int RunProgram(int argc, char** argv) {
         {database, files, media, window_services, window_shape, boxes, loop, clock, chance, instance,
          messenger, board, screen_saver, screen, registry, programs},
         command, [&loop] { loop.Quit(); });
+    house = &main_window;
     const Doorbells doorbells(instance, main_window);
     main_window.Start();
     return loop.Run();

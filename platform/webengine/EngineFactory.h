@@ -14,6 +14,7 @@
 #include "platform/webengine/Downloads.h"
 #include "platform/webengine/DownloadsWindow.h"
 #include "platform/webengine/EnginePage.h"
+#include "platform/webengine/FavouritesFile.h"
 #include "platform/webengine/LimitedPage.h"
 #include "platform/webengine/MakerPages.h"
 #include "platform/webengine/PageSettings.h"
@@ -36,7 +37,8 @@ private:
 
     PageSettings settings_;
     SiteChoices choices_;
-    MakerPages maker_pages_{choices_, {}};
+    FavouritesFile favourites_file_{settings_};
+    MakerPages maker_pages_{choices_, favourites_file_.Errands()};
     std::unique_ptr<QWebEngineProfile> profile_;
     std::vector<std::unique_ptr<EnginePage>> pages_;
     Quota windows_{kMostWindows};

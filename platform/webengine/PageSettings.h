@@ -16,6 +16,11 @@ struct PageSettings {
     /// Without a player: empty.
     std::function<void(const std::string&)> add_to_library = {};
     std::function<void(const std::string&)> play = {};
+    /// Adds the favourites of a bookmark file, given as its bytes. Returns what came of it, in words for the
+    /// user.
+    std::function<std::string(std::string_view)> import_favourites{};
+    /// The bytes of a bookmark file with all favourites.
+    std::function<std::string()> export_favourites{};
 };
 
 }  // namespace webengine
