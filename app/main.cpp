@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "platform/dbus/BusMessenger.h"
+#include "platform/dbus/BusNotices.h"
 #include "platform/dbus/BusScreenSaver.h"
 #include "platform/dbus/MprisBoard.h"
 #include "platform/gstreamer/MediaEngine.h"
@@ -32,6 +33,7 @@
 #include "platform/qt/Screen.h"
 #include "platform/sqlite/SqliteDatabase.h"
 #include "platform/webengine/PageModule.h"
+#include "web/Addresses.h"
 #include "window/MainWindow.h"
 
 namespace {
@@ -115,6 +117,7 @@ int RunProgram(int argc, char** argv) {
     dbus::BusMessenger messenger(bus);
     dbus::MprisBoard board(bus);
     dbus::BusScreenSaver screen_saver(bus);
+    dbus::BusNotices notices(bus);
 
     window::Windows windows(files);
     // The pages come when the first one is wanted, which is after the main window is there.
@@ -123,7 +126,9 @@ int RunProgram(int argc, char** argv) {
         .download_folder = DownloadFolder(),
         .to_native_path = to_native,
         .import_favourites = [&house](std::string_view bytes) { return house->Favourites().Import(bytes); },
-        .export_favourites = [&house] { return house->Favourites().Export(); }};
+        .export_favourites = [&house] { return house->Favourites().Export(); },
+        .notices = &notices,
+        .search_form = web::SearchAddress(webengine::kSearchWords)};
     qt::Screen screen(loop,
                       {folder, from_native, [&folder, &pages] { return webengine::LoadPages(folder, pages); },
                        [&folder] { return webengine::EngineVersion(folder); }});

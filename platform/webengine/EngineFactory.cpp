@@ -25,6 +25,9 @@ void EngineFactory::MakeProfile() {
     profile_->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
     profile_->setSpellCheckEnabled(false);
     downloads_.BeginUser(*profile_, {});
+    profile_->setNotificationPresenter([this](std::unique_ptr<QWebEngineNotification> notification) {
+        notices_.Present(std::move(notification));
+    });
 }
 
 EngineFactory::~EngineFactory() {
@@ -35,6 +38,7 @@ EngineFactory::~EngineFactory() {
 void EngineFactory::EndPages() {
     downloads_.EndUser();
     downloads_window_.reset();
+    notices_.CloseAll();
     pages_.clear();
     profile_.reset();
 }

@@ -19,6 +19,7 @@
 #include "platform/webengine/MakerPages.h"
 #include "platform/webengine/PageSettings.h"
 #include "platform/webengine/SiteChoices.h"
+#include "platform/webengine/SiteNotices.h"
 
 namespace webengine {
 
@@ -39,6 +40,7 @@ private:
     SiteChoices choices_;
     FavouritesFile favourites_file_{settings_};
     MakerPages maker_pages_{choices_, favourites_file_.Errands()};
+    SiteNotices notices_{choices_, settings_.notices};
     std::unique_ptr<QWebEngineProfile> profile_;
     std::vector<std::unique_ptr<EnginePage>> pages_;
     Quota windows_{kMostWindows};

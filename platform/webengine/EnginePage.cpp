@@ -8,6 +8,7 @@
 #include "platform/webengine/LimitedPage.h"
 #include "platform/webengine/PageKeys.h"
 #include "platform/webengine/PageLimits.h"
+#include "platform/webengine/SearchEngines.h"
 
 namespace webengine {
 
@@ -32,7 +33,10 @@ bool IsServersErrorPage(const QWebEngineLoadingInfo& info, const QUrl& shown) {
 }  // namespace
 
 EnginePage::EnginePage(const PageShare& share, QWidget* parent)
-    : bars_(new PageBars(parent)), view_(new QWebEngineView(bars_)), settings_(share.settings) {
+    : bars_(new PageBars(parent)),
+      view_(new QWebEngineView(bars_)),
+      settings_(share.settings),
+      choices_(share.choices) {
     page_ = new LimitedPage(share, *this);
     page_->setParent(view_);
     LimitSettings(*page_->settings());
@@ -61,7 +65,9 @@ void EnginePage::Navigate(std::string_view address) {
     if (view_ == nullptr || address.find_first_not_of(" \t\r\n") == std::string_view::npos) return;
     Begin();
     reloaded_by_itself_ = false;
-    asked_ = CompleteAddress(address, settings_.to_native_path);
+    const std::string chosen =
+        AtSearchEngine(choices_.General().search_engine, settings_.search_form, address);
+    asked_ = CompleteAddress(chosen, settings_.to_native_path);
     if (asked_.isValid()) {
         page_->load(asked_);
         return;

@@ -78,6 +78,7 @@ private:
     QPointer<Notice> notice_;
     LimitedPage* page_ = nullptr;
     const PageSettings& settings_;
+    const SiteChoices& choices_;
     ports::BrowserListener* listener_ = nullptr;
     QUrl location_;
     QString title_;

@@ -49,7 +49,9 @@ bool LimitedPage::MayAsk() {
 QWebEnginePage* LimitedPage::createWindow(WebWindowType type) {
     const auto place =
         type == WebBrowserBackgroundTab ? ports::WindowPlace::Behind : ports::WindowPlace::InFront;
-    return windows_.Take() ? owner_.OnWindowWanted(place) : nullptr;
+    if (gate_.Questions().MayOpenWindows() || windows_.Take()) return owner_.OnWindowWanted(place);
+    gate_.Questions().OnWindowRefused();
+    return nullptr;
 }
 
 bool LimitedPage::acceptNavigationRequest(const QUrl& url, NavigationType /*type*/, bool is_main_frame) {

@@ -5,7 +5,13 @@
 #include <string>
 #include <string_view>
 
+namespace ports {
+class NoticeBoard;
+}
+
 namespace webengine {
+
+inline constexpr std::string_view kSearchWords = "{words}";
 
 struct PageSettings {
     /// Where downloads go: the native path of a folder, which is made when it is first needed.
@@ -21,6 +27,11 @@ struct PageSettings {
     std::function<std::string(std::string_view)> import_favourites{};
     /// The bytes of a bookmark file with all favourites.
     std::function<std::string()> export_favourites{};
+    /// Where sites may notify; null for nowhere.
+    ports::NoticeBoard* notices = nullptr;
+    /// The address of a search as the program makes it, with kSearchWords in the place of the words. Such an
+    /// address goes to the service that the user chose.
+    std::string search_form{};
 };
 
 }  // namespace webengine

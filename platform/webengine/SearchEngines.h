@@ -4,6 +4,8 @@
 
 #include <QLatin1String>
 #include <QString>
+#include <string>
+#include <string_view>
 
 namespace webengine {
 
@@ -31,5 +33,9 @@ inline const SearchEngine* SearchEngineOf(const QString& key) {
     }
     return nullptr;
 }
+
+/// An address of the given form (PageSettings::search_form), with the same words, at the service of that key;
+/// any other address, and any for the built-in service, as it is.
+std::string AtSearchEngine(const QString& key, std::string_view form, std::string_view address);
 
 }  // namespace webengine

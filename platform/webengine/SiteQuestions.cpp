@@ -77,6 +77,15 @@ void SiteQuestions::SetDocument(const QUrl& address) {
     document_ = address;
 }
 
+bool SiteQuestions::MayOpenWindows() const {
+    return MayAskForAbilities(document_) &&
+           choices_.VerdictOn(OriginOf(document_), Ability::PopUps) == Verdict::Allow;
+}
+
+void SiteQuestions::OnWindowRefused() {
+    Put(document_, Ability::PopUps, [](Verdict) {});
+}
+
 void SiteQuestions::ShowNext() {
     if (open_.empty()) return;
     area_ = seen_area_();

@@ -39,6 +39,10 @@ public:
     void Put(const QUrl& origin, Ability ability, Answer answer);
     /// A document of that address is loading, or was loaded, in the page.
     void SetDocument(const QUrl& address);
+    /// The site was allowed as many windows as it likes.
+    bool MayOpenWindows() const;
+    /// A window was refused that was one too many.
+    void OnWindowRefused();
     /// The user has sent the page somewhere: it may ask again for what was put off.
     void Renew() {
         put_off_.clear();

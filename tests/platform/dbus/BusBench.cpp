@@ -243,4 +243,38 @@ QDBusObjectPath PortalObject::Inhibit(const QString& window, uint flags, const Q
     return QDBusObjectPath(path);
 }
 
+NoticePeer::NoticePeer(const PrivateBus& bus, QStringList capabilities)
+    : peer_(bus), capabilities_(std::move(capabilities)) {
+    EXPECT_TRUE(peer_.Connection().registerObject(Text("/org/freedesktop/Notifications"), this,
+                                                  QDBusConnection::ExportAllSlots));
+    EXPECT_TRUE(peer_.Own(Text("org.freedesktop.Notifications")));
+}
+
+uint NoticePeer::Notify(const QString& program, uint /*replaced*/, const QString& /*icon*/,
+                        const QString& title, const QString& words, const QStringList& /*actions*/,
+                        const QVariantMap& /*hints*/, int /*time*/) {
+    Heard.push_back((program + Text("|") + title + Text("|") + words).toStdString());
+    Answered = true;
+    return ++last_;
+}
+
+void NoticePeer::CloseNotification(uint id) {
+    Heard.push_back("close " + std::to_string(id));
+}
+
+void NoticePeer::Click(uint id) {
+    Signal("ActionInvoked", {id, Text("default")});
+}
+
+void NoticePeer::End(uint id) {
+    Signal("NotificationClosed", {id, 2u});
+}
+
+void NoticePeer::Signal(const char* name, const QVariantList& arguments) {
+    QDBusMessage signal = QDBusMessage::createSignal(Text("/org/freedesktop/Notifications"),
+                                                     Text("org.freedesktop.Notifications"), Text(name));
+    signal.setArguments(arguments);
+    peer_.Connection().send(signal);
+}
+
 }  // namespace dbus_tests

@@ -192,4 +192,32 @@ private:
     uint cookie_;
 };
 
+/// A desktop's service for notifications; numbers them from 1.
+class NoticePeer final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+
+public:
+    NoticePeer(const PrivateBus& bus, QStringList capabilities);
+
+    void Click(uint id);
+    void End(uint id);
+    /// "Brindlepost|title|words", "close 1".
+    std::vector<std::string> Heard;
+    bool Answered = false;
+
+public slots:
+    QStringList GetCapabilities() const { return capabilities_; }
+    uint Notify(const QString& program, uint replaced, const QString& icon, const QString& title,
+                const QString& words, const QStringList& actions, const QVariantMap& hints, int time);
+    void CloseNotification(uint id);
+
+private:
+    void Signal(const char* name, const QVariantList& arguments);
+
+    Peer peer_;
+    QStringList capabilities_;
+    uint last_ = 0;
+};
+
 }  // namespace dbus_tests

@@ -23,7 +23,8 @@ webengine::PageSettings SettingsOfTest() {
     return {.download_folder = DownloadFolder().toStdString(),
             .to_native_path = &NativePath,
             .add_to_library = [](const std::string& file) { Intake().push_back("add " + file); },
-            .play = [](const std::string& file) { Intake().push_back("play " + file); }};
+            .play = [](const std::string& file) { Intake().push_back("play " + file); },
+            .notices = &Notices()};
 }
 
 void WritePage(const QString& path, const QByteArray& text) {
@@ -35,6 +36,11 @@ void WritePage(const QString& path, const QByteArray& text) {
 
 QString DownloadFolder() {
     return Downloads().path();
+}
+
+RecordingNotices& Notices() {
+    static RecordingNotices notices;
+    return notices;
 }
 
 std::vector<std::string>& Intake() {

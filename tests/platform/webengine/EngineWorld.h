@@ -11,6 +11,7 @@
 #include "controls/WebBrowser.h"
 #include "platform/webengine/PageModule.h"
 #include "platform/webengine/PageServer.h"
+#include "ports/NoticeBoard.h"
 
 namespace webengine_tests {
 
@@ -20,6 +21,19 @@ qt::PageFactory& Factory();
 QString DownloadFolder();
 /// What was handed over to the player: "play" or "add", a blank and the path.
 std::vector<std::string>& Intake();
+/// A desktop that shows whatever it is given.
+class RecordingNotices final : public ports::NoticeBoard {
+public:
+    int Show(ports::Notice notice) override {
+        Shown.push_back(std::move(notice));
+        return static_cast<int>(Shown.size());
+    }
+    void Close(int ticket) override { Closed.push_back(ticket); }
+
+    std::vector<ports::Notice> Shown;
+    std::vector<int> Closed;
+};
+RecordingNotices& Notices();
 /// Lets the loop run until `done`; false after twenty seconds.
 bool WaitFor(const std::function<bool()>& done);
 

@@ -130,6 +130,51 @@ TEST_F(Permissions, AFloodIsOneBar) {
     EXPECT_EQ(Bar(), nullptr);
 }
 
+TEST_F(Permissions, ANotificationOfAnAllowedSiteReachesTheDesktop) {
+    Serve("/tell",
+          "<title>-</title><script>const n = new Notification('<b>Hoot</b>\\u202e', {body: "
+          "'x'.repeat(5000)}); n.onclick = () => document.title = 'clicked'; n.onshow = () => "
+          "document.title = 'shown'</script>");
+    Go("/notify");
+    ASSERT_TRUE(WaitForBar());
+    ASSERT_TRUE(Press("Allow"));
+    ASSERT_TRUE(TitleIs("granted"));
+    auto& desktop = webengine_tests::Notices();
+    desktop.Shown.clear();
+
+    Go("/tell");
+    ASSERT_TRUE(TitleIs("shown"));
+
+    ASSERT_EQ(desktop.Shown.size(), 1u);
+    EXPECT_EQ(desktop.Shown[0].title,
+              "127.0.0.1: <b>Hoot</b>\xE2\x80\xB9"
+              "202E\xE2\x80\xBA");
+    EXPECT_LE(desktop.Shown[0].words.size(), 250u);
+    desktop.Shown[0].clicked();
+    EXPECT_TRUE(TitleIs("clicked"));
+    desktop.Shown[0].closed();
+}
+
+TEST_F(Permissions, AFloodOfNotificationsIsAFew) {
+    Serve("/flood",
+          "<title>-</title><script>for (let i = 0; i < 200; ++i) new Notification('n' + i); "
+          "setTimeout(() => document.title = 'done', 500)</script>");
+    Go("/notify");
+    ASSERT_TRUE(WaitForBar());
+    ASSERT_TRUE(Press("Allow"));
+    ASSERT_TRUE(TitleIs("granted"));
+    auto& desktop = webengine_tests::Notices();
+    desktop.Shown.clear();
+
+    Go("/flood");
+    ASSERT_TRUE(TitleIs("done"));
+
+    EXPECT_GE(desktop.Shown.size(), 1u);
+    EXPECT_LE(desktop.Shown.size(), 4u);
+    for (const ports::Notice& notice : std::vector(desktop.Shown))
+        notice.closed();
+}
+
 TEST_F(Permissions, AnUnseenPageAsksNothing) {
     world.Window().hide();
 

@@ -144,6 +144,19 @@ TEST_F(Questions, APageThatGoesToAndFroStops) {
     EXPECT_EQ(bars_seen, webengine::kMostQuestions);
 }
 
+TEST_F(Questions, ASiteThatOpensTooManyWindowsIsAskedAbout) {
+    EXPECT_FALSE(questions.MayOpenWindows());
+    questions.OnWindowRefused();
+    ASSERT_NE(Bar(), nullptr);
+    EXPECT_EQ(Bar()->Words(), QStringLiteral("owl.example wants to open many windows."));
+
+    Press(*Bar(), 0);
+
+    EXPECT_TRUE(questions.MayOpenWindows());
+    questions.SetDocument(kLark);
+    EXPECT_FALSE(questions.MayOpenWindows());
+}
+
 TEST_F(Questions, ALongNameIsCutAndItsEndIsSeen) {
     const QUrl site(QStringLiteral("https://") + QString(60, QLatin1Char('a')) + QStringLiteral(".") +
                     QString(60, QLatin1Char('b')) + QStringLiteral(".owl.example/"));
