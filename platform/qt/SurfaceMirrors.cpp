@@ -139,7 +139,8 @@ bool BrowserMirror::eventFilter(QObject* watched, QEvent* event) {
     QWidget* child = nullptr;
     if (event->type() == QEvent::ChildAdded)
         child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child());
-    if (child != nullptr) child->installEventFilter(this);
+    // A box of the page is a window of its own: its keys are its own too.
+    if (child != nullptr && !child->isWindow()) child->installEventFilter(this);
     if (watched != Widget()) return TakeFromPage(watched, *event);
     if (event->type() == QEvent::Resize) FillWithChildren(*Widget());
     if (child != nullptr) child->setGeometry(Widget()->rect());

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QDialog>
 #include <QKeyEvent>
 #include <QTest>
 
@@ -222,6 +223,28 @@ TEST_F(PagesTest, TheWindowLooksAtItsKeysBeforeThePage) {
                                                       {controls::kKeyEscape, 0},
                                                       {116, 0}}));
     EXPECT_EQ(page.Keys, (std::vector<int>{Qt::Key_C, Qt::Key_A, Qt::Key_Escape, Qt::Key_F5}));
+}
+
+TEST_F(PagesTest, ABoxOfAPageKeepsItsKeys) {
+    qt_tests::Desk desk(options_, browser_);
+    int previewed = 0;
+    controls::EventClaims claims;
+    claims.Claim(desk.form.KeyPreview, [&previewed](int /*code*/, int /*shift*/, bool& taken) {
+        ++previewed;
+        taken = true;
+    });
+    desk.screen.ReleasePages();
+    browser_.Navigate("http://example.org/");
+    QDialog box(factory_->Widgets[0]);
+    GreedyWidget inside(&box);
+    box.show();
+    inside.setFocus();
+
+    QTest::keyClick(&inside, Qt::Key_Escape);
+    QTest::keyClick(&inside, Qt::Key_W, Qt::ControlModifier);
+
+    EXPECT_EQ(previewed, 0);
+    EXPECT_EQ(inside.Keys.front(), Qt::Key_Escape);
 }
 
 TEST_F(PagesTest, AKeyThatIsHeldDownComesToTheWindowAgainOnlyWhereThatIsOfUse) {
