@@ -1,9 +1,9 @@
 // The addresses that are built into the program.
 //
 // The maker's pages are shipped inside the program under a scheme of its own, so start page, help, updates
-// and backdrop work without a connection. The other hosts are names reserved for examples: whoever
-// distributes the program fills in their own, and keeps the two lengths that the tests of a page's address
-// rely on.
+// and backdrop work without a connection. The hosts of the two site logins are names reserved for examples:
+// whoever distributes the program fills in their own, and keeps the two lengths that the tests of a page's
+// address rely on.
 #pragma once
 
 #include <cstddef>
@@ -16,8 +16,9 @@ namespace web {
 inline constexpr std::string_view MakerSiteUrl = "brindlepost://start";
 /// Part of the address of every page of the maker.
 inline constexpr std::string_view MakerDomain = "brindlepost://start";
-inline constexpr std::string_view GoogleSearchUrl = "https://search.example/search";
-inline constexpr std::string_view GoogleImagesUrl = "https://search.example/images";
+/// Public search services that need no key and take the words in a field `q`.
+inline constexpr std::string_view GoogleSearchUrl = "https://duckduckgo.com/";
+inline constexpr std::string_view GoogleImagesUrl = "https://www.bing.com/images/search";
 /// How the address of the mail login page begins.
 inline constexpr std::string_view LiveLoginUrl = "https://login.live.example/sign";
 /// How the address of the other login page ends, with or without a slash.

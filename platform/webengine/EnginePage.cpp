@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <QWebEngineScript>
 
+#include "base/Text.h"
 #include "platform/webengine/AddressCompletion.h"
 #include "platform/webengine/DocumentWork.h"
 #include "platform/webengine/LimitedPage.h"
@@ -28,6 +29,17 @@ bool IsStandInTitle(const QString& title, const QUrl& location) {
 /// there.
 bool IsServersErrorPage(const QWebEngineLoadingInfo& info, const QUrl& shown) {
     return info.errorDomain() == QWebEngineLoadingInfo::HttpStatusCodeDomain && info.url() == shown;
+}
+
+/// The rules with what the user chose.
+AddressRules RulesOf(const PageSettings& settings, const GeneralChoices& chosen) {
+    AddressRules rules{.to_native_path = settings.to_native_path, .https_first = chosen.https_first};
+    if (settings.search_form.empty()) return rules;
+    rules.search_address = [&settings, &chosen](std::string_view words) {
+        const std::string built_in = base::Replace(settings.search_form, kSearchWords, words);
+        return AtSearchEngine(chosen.search_engine, settings.search_form, built_in);
+    };
+    return rules;
 }
 
 }  // namespace
@@ -65,9 +77,11 @@ void EnginePage::Navigate(std::string_view address) {
     if (view_ == nullptr || address.find_first_not_of(" \t\r\n") == std::string_view::npos) return;
     Begin();
     reloaded_by_itself_ = false;
-    const std::string chosen =
-        AtSearchEngine(choices_.General().search_engine, settings_.search_form, address);
-    asked_ = CompleteAddress(chosen, settings_.to_native_path);
+    const GeneralChoices& chosen = choices_.General();
+    const Completed completed = CompleteAddress(
+        AtSearchEngine(chosen.search_engine, settings_.search_form, address), RulesOf(settings_, chosen));
+    asked_ = completed.address;
+    on_refusal_ = completed.on_refusal;
     if (asked_.isValid()) {
         page_->load(asked_);
         return;
@@ -162,11 +176,23 @@ void EnginePage::OnLoading(const QWebEngineLoadingInfo& info) {
         case QWebEngineLoadingInfo::LoadFailedStatus:
             if (IsServersErrorPage(info, page_->url())) {
                 Arrive();
-            } else {
+            } else if (!AskWithoutEncryption(info)) {
                 Fail(info.url(), info.errorCode());
             }
             break;
     }
+}
+
+// Only for a host that was typed without a scheme, and once.
+bool EnginePage::AskWithoutEncryption(const QWebEngineLoadingInfo& info) {
+    const QUrl plain = std::exchange(on_refusal_, QUrl());
+    if (plain.isEmpty() || !IsRefusal(info.errorCode()) || info.url().host() != plain.host()) return false;
+    asked_ = plain;
+    // The engine is still ending the load that failed.
+    QTimer::singleShot(0, this, [this, plain, serial = serial_] {
+        if (serial == serial_ && view_ != nullptr) page_->load(plain);
+    });
+    return true;
 }
 
 void EnginePage::OnUrlChanged(const QUrl& url) {

@@ -71,6 +71,7 @@ private:
     void OnRendererGone(QWebEnginePage::RenderProcessTerminationStatus status);
     void Fail(const QUrl& url, int code);
     void TellArrivals();
+    bool AskWithoutEncryption(const QWebEngineLoadingInfo& info);
     QWebEngineHistory& History() const { return *view_->page()->history(); }
 
     QPointer<PageBars> bars_;
@@ -84,6 +85,7 @@ private:
     QString title_;
     std::vector<QUrl> frames_;
     QUrl asked_;
+    QUrl on_refusal_;  // asked for where asked_ is refused
     int serial_ = 0;
     bool busy_ = false;
     bool walking_history_ = false;
