@@ -30,6 +30,12 @@ public:
     /// Makes member `index`, which must be the next one: hidden, with the template's place, size and look, in
     /// the template's container.
     T& Load(int index) {
+        return Load(index, [](T&) {});
+    }
+    /// `prepare` gets the member before it is put into the container: a screen that watches looks at once
+    /// which of its events are listened to.
+    template <class Prepare>
+    T& Load(int index, Prepare prepare) {
         assert(index == Count());
         (void)index;
         T& member = Append();
@@ -37,6 +43,7 @@ public:
         member.SetVisible(false);
         member.SetLook(model.Look());
         member.Move(model.Left(), model.Top(), model.Width(), model.Height());
+        prepare(member);
         if (model.Parent() != nullptr) model.Parent()->Add(member);
         return member;
     }

@@ -27,6 +27,7 @@ public:
     bool IsPicture() const;
     /// It is to be seen through the hole of the main window, if that has one, from right below.
     bool IsAtHole() const;
+    bool WasShown() const { return was_shown_; }
     bool IsRealised() const { return Widget() != nullptr; }
     QWidget* Inside() const override { return content_; }
     controls::Form& Window() const { return form_; }

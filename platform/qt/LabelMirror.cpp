@@ -1,7 +1,10 @@
 #include "platform/qt/LabelMirror.h"
 
+#include <QAccessibleWidget>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QPainter>
+#include <memory>
 
 #include "base/Text.h"
 #include "controls/Image.h"
@@ -151,13 +154,51 @@ bool IsClickable(const controls::Control& control) {
     return control.Click.IsClaimed() || control.MouseUp.IsClaimed();
 }
 
+// The title on a tab lies on its face, which is a button already.
+bool IsButton(const controls::Label& label) {
+    return IsClickable(label) && label.Look() != "marker" && label.Look() != "tab" &&
+           label.Look() != "tab front";
+}
+
+constexpr const char* kButton = "button";
+
+/// A label that does something is a button to a screen reader, which can press it.
+class ButtonOfLabel final : public QAccessibleWidget {
+public:
+    explicit ButtonOfLabel(QWidget* label) : QAccessibleWidget(label, QAccessible::Button) {}
+    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+    void doAction(const QString& action) override {
+        if (action != pressAction()) {
+            QAccessibleWidget::doAction(action);
+            return;
+        }
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier);
+        QCoreApplication::sendEvent(widget(), &press);
+    }
+};
+
+QAccessibleInterface* MakeButtonOfLabel(const QString& /*class_name*/, QObject* object) {
+    if (object == nullptr || !object->isWidgetType() || !object->property(kButton).toBool()) return nullptr;
+    return std::make_unique<ButtonOfLabel>(static_cast<QWidget*>(object)).release();
+}
+
+void TellScreenReaders(QWidget& label) {
+    static const bool installed = [] {
+        QAccessible::installFactory(&MakeButtonOfLabel);
+        return true;
+    }();
+    label.setProperty(kButton, installed);
+}
+
 }  // namespace
 
 LabelMirror::LabelMirror(Stage& stage, controls::Label& label, QWidget* container)
     : WidgetMirror(stage, label), label_(label) {
     SetWidget(new LabelView(label, container));
     if (label.Look() == "splitter") Widget()->setCursor(Qt::SplitVCursor);
-    if (IsClickable(label) && label.Look() != "marker") Widget()->setFocusPolicy(Qt::TabFocus);
+    if (!IsButton(label)) return;
+    Widget()->setFocusPolicy(Qt::TabFocus);
+    TellScreenReaders(*Widget());
 }
 
 QString LabelMirror::SpokenName() const {
@@ -169,6 +210,12 @@ void LabelMirror::Apply(Property property) {
     if (property == Property::Caption) static_cast<QLabel*>(Widget())->setText(ToQt(label_.Caption()));
     if (property == Property::Colour)
         Widget()->setCursor(label_.Look() == "link" ? Qt::PointingHandCursor : Widget()->cursor().shape());
+}
+
+bool LabelMirror::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space)
+        return PressEnter();
+    return WidgetMirror::eventFilter(watched, event);
 }
 
 bool LabelMirror::PressEnter() {

@@ -13,6 +13,7 @@ public:
 private:
     void Apply(controls::Property property) override;
     QString SpokenName() const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     bool PressEnter() override;
     controls::Label& label_;
 };

@@ -55,6 +55,11 @@ public:
         if (hasFocus() && selects_) selectAll();
     }
 
+    /// Where typing is to replace what is there.
+    void SelectWhole() {
+        if (selects_) selectAll();
+    }
+
 protected:
     void focusInEvent(QFocusEvent* event) override {
         QLineEdit::focusInEvent(event);
@@ -78,6 +83,8 @@ private:
 ListMirror::ListMirror(Stage& stage, controls::ListBox& list, QWidget* container)
     : WidgetMirror(stage, list), list_(list), view_(new RowsView(list, container)) {
     SetWidget(view_, view_->viewport());
+    // A list that belongs to a box leaves the keyboard there.
+    if (list.Look() == "popup") view_->setFocusPolicy(Qt::NoFocus);
     view_->OnPick = [this](int row) { list_.SetListIndex(row); };
     view_->OnDouble = [this] { list_.DblClick.Raise(); };
     view_->OnDrag = [this] { DragOut(); };
@@ -208,9 +215,21 @@ void TextMirror::Apply(Property property) {
         case Property::Refresh:
             edit_->setPlaceholderText(ToQt(text_.Hint()));
             break;
+        case Property::Focus:
+            WidgetMirror::Apply(property);
+            static_cast<TextView*>(edit_)->SelectWhole();
+            break;
         default:
             WidgetMirror::Apply(property);
     }
+}
+
+bool TextMirror::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) text_.LostFocus.Raise();
+    }
+    return WidgetMirror::eventFilter(watched, event);
 }
 
 }  // namespace qt

@@ -49,6 +49,7 @@ public:
 
 private:
     void Apply(controls::Property property) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     bool IsPassive() const override { return false; }
     QString SpokenName() const override;
     controls::TextBox& text_;

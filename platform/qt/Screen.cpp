@@ -26,6 +26,7 @@
 #include "platform/qt/SimpleMirrors.h"
 #include "platform/qt/Stacking.h"
 #include "platform/qt/SurfaceMirrors.h"
+#include "platform/qt/TabOrder.h"
 
 namespace qt {
 namespace {
@@ -113,6 +114,7 @@ Mirror* Screen::MirrorIn(controls::Control& control, QWidget* container) {
     Mirror* mirror = made.get();
     mirrors_.emplace(&control, std::move(made));
     if (auto* shown = dynamic_cast<WidgetMirror*>(mirror)) shown->ShowAll();
+    if (!widgetless) has_newcomers_ = true;
     return mirror;
 }
 
@@ -177,8 +179,16 @@ void Screen::CatchUp() {
             mirror->CatchUp();
         CatchUpLate(changed);
     }
+    if (std::exchange(has_newcomers_, false)) OrderTabsAgain();
     ApplyShape();
     catching_up_ = false;
+}
+
+// Qt puts a new widget at the end of the order, wherever it is.
+void Screen::OrderTabsAgain() {
+    for (FormMirror* form : forms_) {
+        if (form->WasShown()) PutInTabOrder(*this, form->Window());
+    }
 }
 
 void Screen::ShapeMainWindow(QRegion shape) {

@@ -89,6 +89,7 @@ private:
     void RealiseNext();
     void CatchUpLate(const std::vector<Mirror*>& changed);
     void ApplyShape();
+    void OrderTabsAgain();
 
     Loop& loop_;
     ScreenOptions options_;
@@ -104,6 +105,7 @@ private:
     QTimer idle_;
     QTimer release_;
     bool painted_ = false;
+    bool has_newcomers_ = false;  // controls came after the windows were made
     bool catching_up_ = false;
 };
 

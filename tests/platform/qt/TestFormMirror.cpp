@@ -162,6 +162,32 @@ TEST_F(FormMirrorTest, TheStateGoesBothWays) {
     EXPECT_TRUE(qt_tests::WaitFor([&] { return desk.form.State() == controls::WindowState::Normal; }));
 }
 
+TEST_F(FormMirrorTest, TheFullScreenIsFilledAndLeftWithTheStateBefore) {
+    qt_tests::Desk desk;
+    desk.form.SetFullScreen(true);
+    desk.screen.CatchUp();
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return Window(desk)->isFullScreen(); }));
+    EXPECT_EQ(desk.form.State(), controls::WindowState::Normal);
+
+    desk.form.SetFullScreen(false);
+    desk.screen.CatchUp();
+
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return !Window(desk)->isFullScreen(); }));
+    EXPECT_EQ(desk.form.State(), controls::WindowState::Normal);
+}
+
+TEST_F(FormMirrorTest, AWindowManagerMayEndTheFullScreen) {
+    qt_tests::Desk desk;
+    desk.form.SetState(controls::WindowState::Maximised);
+    desk.form.SetFullScreen(true);
+    desk.screen.CatchUp();
+
+    Window(desk)->setWindowState(Qt::WindowMaximized);
+
+    EXPECT_FALSE(desk.form.FullScreen());
+    EXPECT_EQ(desk.form.State(), controls::WindowState::Maximised);
+}
+
 TEST_F(FormMirrorTest, AMenuBarStandsAboveTheContent) {
     controls::Menu file("mnuFile", "File");
     controls::Label label("lblA");

@@ -431,4 +431,45 @@ TEST(TextMirror, APasswordIsShownAsDots) {
     EXPECT_EQ(desk.Find<QLineEdit>(text)->echoMode(), QLineEdit::Password);
 }
 
+TEST(TextMirror, TheBoxTellsWhenTheKeyboardGoesElsewhere) {
+    controls::TextBox text("txtA");
+    controls::TextBox other("txtB");
+    int left = 0;
+    controls::EventClaims claims;
+    claims.Claim(text.LostFocus, [&left] { ++left; });
+    const qt_tests::Desk desk(text, other);
+    desk.Find(text)->setFocus();
+
+    desk.Find(other)->setFocus();
+
+    EXPECT_EQ(left, 1);
+}
+
+TEST(TextMirror, AskedForAgainAnAddressIsSelectedThoughTheKeyboardIsThere) {
+    controls::TextBox text("txtAddress");
+    text.SetLook("address");
+    text.SetText("http://one.example/");
+    qt_tests::Desk desk(text);
+    desk.Find(text)->setFocus();
+    desk.Find<QLineEdit>(text)->deselect();
+
+    text.SetFocus();
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.Find<QLineEdit>(text)->selectedText(), "http://one.example/");
+}
+
+TEST_F(ListMirrorTest, AListThatBelongsToABoxLeavesTheKeyboardThere) {
+    list_.SetLook("popup");
+    controls::TextBox text("txtA");
+    qt_tests::PlaceAt(text, 0, 150, 100, 20);
+    const qt_tests::Desk desk(list_, text);
+    desk.Find(text)->setFocus();
+
+    QTest::mouseClick(desk.Find<QListView>(list_)->viewport(), Qt::LeftButton, {}, QPoint(10, 30));
+
+    EXPECT_EQ(list_.Text(), "Birch");
+    EXPECT_TRUE(desk.Find(text)->hasFocus());
+}
+
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QLabel>
 #include <QProgressBar>
@@ -50,6 +51,52 @@ TEST(LabelMirror, AClickableLabelIsReachedAndPressedByKeyboard) {
     QTest::keyClick(desk.Find(label), Qt::Key_Return);
 
     EXPECT_EQ(clicks, 1);
+}
+
+TEST(LabelMirror, SpacePressesIt) {
+    controls::Label label("lblA", "A");
+    int clicks = 0;
+    controls::EventClaims claims;
+    claims.Claim(label.Click, [&clicks] { ++clicks; });
+    qt_tests::Desk desk(label);
+    desk.Find(label)->setFocus();
+
+    QTest::keyClick(desk.Find(label), Qt::Key_Space);
+
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST(LabelMirror, ToAScreenReaderAClickableLabelIsAButtonThatCanBePressed) {
+    controls::Label label("lblA", "A");
+    controls::Label plain("lblB", "B");
+    int clicks = 0;
+    controls::EventClaims claims;
+    claims.Claim(label.Click, [&clicks] { ++clicks; });
+    const qt_tests::Desk desk(label, plain);
+
+    QAccessibleInterface* button = QAccessible::queryAccessibleInterface(desk.Find(label));
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->role(), QAccessible::Button);
+    EXPECT_EQ(button->text(QAccessible::Name), "A");
+    ASSERT_NE(button->actionInterface(), nullptr);
+    button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+
+    EXPECT_EQ(clicks, 1);
+    EXPECT_NE(QAccessible::queryAccessibleInterface(desk.Find(plain))->role(), QAccessible::Button);
+}
+
+TEST(LabelMirror, TheTitleOnATabIsNoPlaceForTheKeyboard) {
+    controls::Label title("tabLabel", "A");
+    controls::Label cross("tabClose", "x");
+    title.SetLook("tab");
+    cross.SetLook("tab close");
+    controls::EventClaims claims;
+    claims.Claim(title.MouseUp, [] {});
+    claims.Claim(cross.Click, [] {});
+    const qt_tests::Desk desk(title, cross);
+
+    EXPECT_EQ(desk.Find(title)->focusPolicy(), Qt::NoFocus);
+    EXPECT_EQ(desk.Find(cross)->focusPolicy(), Qt::TabFocus);
 }
 
 TEST(ButtonMirror, APressRaisesClickOnce) {

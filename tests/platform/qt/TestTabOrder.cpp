@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QTest>
 
+#include "controls/ControlArray.h"
 #include "controls/Frame.h"
+#include "controls/Image.h"
 #include "controls/TextBox.h"
 #include "platform/qt/QtBench.h"
 
@@ -40,6 +43,41 @@ TEST(TabOrder, APanelIsGoneThroughBeforeTheNext) {
     QTest::keyClick(desk.Find(inside), Qt::Key_Tab);
 
     EXPECT_TRUE(desk.Find(beside)->hasFocus());
+}
+
+TEST(TabOrder, AControlThatCameLaterIsReachedWhereItIs) {
+    controls::TextBox left("txtLeft");
+    controls::TextBox right("txtRight");
+    controls::TextBox middle("txtMiddle");
+    qt_tests::PlaceAt(left, 0, 0, 50, 20);
+    qt_tests::PlaceAt(right, 200, 0, 50, 20);
+    qt_tests::PlaceAt(middle, 100, 0, 50, 20);
+    qt_tests::Desk desk(left, right);
+    desk.form.Add(middle);
+    desk.screen.CatchUp();
+    desk.Find(left)->setFocus();
+
+    QTest::keyClick(desk.Find(left), Qt::Key_Tab);
+    const bool went_to_middle = desk.Find(middle)->hasFocus();
+    QTest::keyClick(desk.Find(middle), Qt::Key_Tab);
+
+    EXPECT_TRUE(went_to_middle);
+    EXPECT_TRUE(desk.Find(right)->hasFocus());
+}
+
+TEST(TabOrder, AMemberThatIsLoadedLaterIsAButtonByItsClaims) {
+    controls::ControlArray<controls::Image> faces("tabtab");
+    qt_tests::PlaceAt(faces(0), 0, 0, 50, 20);
+    qt_tests::Desk desk(faces(0));
+    controls::EventClaims claims;
+
+    controls::Image& face =
+        faces.Load(1, [&claims](controls::Image& member) { claims.Claim(member.MouseUp, [] {}); });
+    face.SetVisible(true);
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(desk.Find(face))->role(), QAccessible::Button);
+    EXPECT_EQ(desk.Find(face)->focusPolicy(), Qt::TabFocus);
 }
 
 }  // namespace
