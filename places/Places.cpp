@@ -2,7 +2,8 @@
 
 namespace places {
 
-Places::Places(PlacesWindows windows, PlacesState state, PlacesRoles others, PlacesPorts ports)
+Places::Places(PlacesWindows windows, PlacesState state, PlacesRoles others, PlacesPorts ports,
+               const PlacesStores& stores)
     : history_(windows.history, windows.menu, windows.datSong, state.Save_History,
                {.address = others.address, .page = others.page, .played = others.played}, ports.dialogs),
       dialog_(windows.add,
@@ -19,6 +20,7 @@ Places::Places(PlacesWindows windows, PlacesState state, PlacesRoles others, Pla
               .keys = others.keys},
              ports.dialogs),
       exchange_({.datFav = windows.favourites.datFav, .lblEntryCount = windows.favourites.lblEntryCount},
-                panel_) {}
+                panel_),
+      suggestions_(stores.stores, stores.folder) {}
 
 }  // namespace places

@@ -1,6 +1,7 @@
 // History and favourites: owns their rooms and hands out what they answer for other subjects.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "places/AddFavouriteForm.h"
@@ -10,6 +11,7 @@
 #include "places/FavouritesRoom.h"
 #include "places/HistoryRoom.h"
 #include "places/PlacesMenu.h"
+#include "places/SuggestionsRoom.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
 #include "roles/AddressRow.h"
@@ -20,6 +22,7 @@
 #include "roles/Layout.h"
 #include "roles/MediaKeys.h"
 #include "roles/PageOpener.h"
+#include "roles/Suggestions.h"
 #include "roles/TrackLists.h"
 #include "roles/TrackView.h"
 #include "roles/VideoPane.h"
@@ -55,6 +58,12 @@ struct PlacesRoles {
     roles::Window& window;
 };
 
+/// Where the tables are.
+struct PlacesStores {
+    store::Stores& stores;
+    std::string folder;  ///< the application folder
+};
+
 struct PlacesPorts {
     ports::Dialogs& dialogs;
     ports::EventLoop& loop;
@@ -62,7 +71,8 @@ struct PlacesPorts {
 
 class Places final : private roles::Favourites {
 public:
-    Places(PlacesWindows windows, PlacesState state, PlacesRoles others, PlacesPorts ports);
+    Places(PlacesWindows windows, PlacesState state, PlacesRoles others, PlacesPorts ports,
+           const PlacesStores& stores);
     Places(const Places&) = delete;
     Places& operator=(const Places&) = delete;
 
@@ -70,6 +80,7 @@ public:
     roles::Favourites& Favourites() { return *this; }
     /// From and for other browsers.
     FavouritesExchange& Exchange() { return exchange_; }
+    roles::Suggestions& Suggestions() { return suggestions_; }
 
 private:
     // roles::Favourites
@@ -83,6 +94,7 @@ private:
     AddFavouriteRoom dialog_;
     FavouritesRoom panel_;
     FavouritesExchange exchange_;
+    SuggestionsRoom suggestions_;
 };
 
 }  // namespace places

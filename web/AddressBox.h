@@ -21,7 +21,11 @@ public:
     bool IsAddressVisible() const override { return controls_.cmbAddress.Visible(); }
     void ClearList() override { controls_.cmbAddress.Clear(); }
     void AddToList(std::string_view text) override { controls_.cmbAddress.AddItem(text); }
-    void SetTyped(std::string_view text) override { controls_.txtAddress.SetText(text); }
+    void SetTyped(std::string_view text) override {
+        being_set_ = true;
+        controls_.txtAddress.SetText(text);
+        being_set_ = false;
+    }
     roles::AddressMode Mode() const override { return roles::AddressModeOf(controls_.cmbType.Text()); }
     void FocusAddress() override { controls_.txtAddress.SetFocus(); }
     void ClearStaleAddress() override {
@@ -30,6 +34,8 @@ public:
 
     /// `txtAddress.Text`.
     const std::string& Typed() const { return controls_.txtAddress.Text(); }
+    /// The text changes by SetTyped and not by the user.
+    bool IsBeingSet() const { return being_set_; }
     void FocusIfVisible() {
         if (controls_.txtAddress.Visible()) FocusAddress();
     }
@@ -39,6 +45,7 @@ public:
 private:
     AddressControls& controls_;
     const WebState& state_;
+    bool being_set_ = false;
 };
 
 }  // namespace web

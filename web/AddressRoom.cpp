@@ -36,11 +36,13 @@ std::string_view WithoutLast(std::string_view text, std::size_t count) {
 }  // namespace
 
 AddressRoom::AddressRoom(AddressControls& controls, WebState& state, bool& StartedWithArguments,
-                         AddressBox& address, TabRoom& tabs, AddressRoles roles, AddressPorts ports)
+                         AddressBox& address, CompletionRoom& completion, TabRoom& tabs, AddressRoles roles,
+                         AddressPorts ports)
     : controls_(controls),
       state_(state),
       StartedWithArguments_(StartedWithArguments),
       address_(address),
+      completion_(completion),
       tabs_(tabs),
       roles_(roles),
       ports_(ports) {
@@ -53,6 +55,8 @@ AddressRoom::AddressRoom(AddressControls& controls, WebState& state, bool& Start
                   [this](const controls::DropData& data, double, double) { cmbAddress_OLEDragDrop(data); });
     claims_.Claim(controls_.txtAddress.KeyDown,
                   [this](int key, int shift) { txtAddress_KeyDown(key, shift); });
+    claims_.Claim(controls_.txtAddress.Change, [this] { txtAddress_Change(); });
+    claims_.Claim(controls_.txtAddress.LostFocus, [this] { txtAddress_LostFocus(); });
     claims_.Claim(controls_.txtAddress.OLEDragDrop,
                   [this](const controls::DropData& data, double, double) { txtAddress_OLEDragDrop(data); });
 }
@@ -82,8 +86,19 @@ void AddressRoom::EnterAsWeb(std::string_view text) {
     TakeKey(controls::kKeyEnter, 0, roles::AddressMode::Web);
 }
 
+void AddressRoom::txtAddress_Change() {
+    completion_.OnText();
+}
+
+void AddressRoom::txtAddress_LostFocus() {
+    completion_.Close();
+}
+
 void AddressRoom::txtAddress_KeyDown(int key_code, int shift) {
-    address_.SetAddress(address_.Typed());
+    if (completion_.TakeKey(key_code, shift)) return;
+    const bool enters = key_code == controls::kKeyEnter;
+    address_.SetAddress(enters ? completion_.TextToEnter() : address_.Typed());
+    if (enters) completion_.Close();
     cmbAddress_KeyDown(key_code, shift);
 }
 

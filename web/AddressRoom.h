@@ -22,6 +22,7 @@
 #include "roles/TrackLists.h"
 #include "roles/Transport.h"
 #include "web/AddressBox.h"
+#include "web/CompletionRoom.h"
 #include "web/TabRoom.h"
 #include "web/WebControls.h"
 #include "web/WebState.h"
@@ -49,7 +50,7 @@ class AddressRoom final : public roles::PageOpener {
 public:
     /// `StartedWithArguments` is cleared by the first media path that is entered.
     AddressRoom(AddressControls& controls, WebState& state, bool& StartedWithArguments, AddressBox& address,
-                TabRoom& tabs, AddressRoles roles, AddressPorts ports);
+                CompletionRoom& completion, TabRoom& tabs, AddressRoles roles, AddressPorts ports);
 
     // roles::PageOpener
     void OpenTab(std::string_view address) override;
@@ -61,6 +62,8 @@ private:
     void cmbAddress_Click();
     void cmbAddress_OLEDragDrop(const controls::DropData& data);
     void txtAddress_KeyDown(int key_code, int shift);
+    void txtAddress_Change();
+    void txtAddress_LostFocus();
     void txtAddress_OLEDragDrop(const controls::DropData& data);
     void cmbType_Click();
     void cmbType_KeyDown(int key_code, int shift);
@@ -84,6 +87,7 @@ private:
     WebState& state_;
     bool& StartedWithArguments_;
     AddressBox& address_;
+    CompletionRoom& completion_;
     TabRoom& tabs_;
     AddressRoles roles_;
     AddressPorts ports_;

@@ -105,7 +105,9 @@ void BrowserEventsRoom::WaitForTemplate() {
 void BrowserEventsRoom::RememberVisit(int index) {
     if (address_.Typed() == state_.LastTabUrl) ShowAddressOfFront();
     if (session_.Save_History) {
-        roles_.history.AddSiteToHistory(roles::HistoryKind::Web, tabs_.Page(index).LocationURL());
+        const std::string address = tabs_.Page(index).LocationURL();
+        roles_.history.AddSiteToHistory(roles::HistoryKind::Web, address);
+        roles_.suggestions.NoteVisit(address);
     }
 }
 

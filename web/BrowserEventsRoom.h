@@ -13,6 +13,7 @@
 #include "roles/FrontPage.h"
 #include "roles/History.h"
 #include "roles/MediaIntake.h"
+#include "roles/Suggestions.h"
 #include "roles/TrackLists.h"
 #include "web/AddressBox.h"
 #include "web/ConnectionGuard.h"
@@ -29,6 +30,7 @@ struct PageRoles {
     roles::TrackLists& track_lists;
     roles::MediaIntake& media;
     roles::History& history;
+    roles::Suggestions& suggestions;
 };
 
 class BrowserEventsRoom final : public roles::FrontPage {

@@ -35,8 +35,9 @@ const PageKeysRoom::Key PageKeysRoom::kKeys[] = {
     {'T', kControl, [](PageKeysRoom& keys) { keys.OpenEmptyTab(); }},
     {'W', kControl, [](PageKeysRoom& keys) { keys.tabs_.CloseTabInFront(); }},
     {'T', kControlShift, [](PageKeysRoom& keys) { keys.tabs_.Reopen(); }},
-    {kTab, kControl, [](PageKeysRoom& keys) { keys.NextTab(); }},
-    {kTab, kControlShift, [](PageKeysRoom& keys) { keys.PreviousTab(); }},
+    {kTab, kControl, [](PageKeysRoom& keys) { keys.finder_.Walk(1); }},
+    {kTab, kControlShift, [](PageKeysRoom& keys) { keys.finder_.Walk(-1); }},
+    {'A', kControlShift, [](PageKeysRoom& keys) { keys.finder_.Find(); }},
     {'R', kControl, [](PageKeysRoom& keys) { keys.pages_.Refresh(); }},
     {kF5, kPlain, [](PageKeysRoom& keys) { keys.pages_.Refresh(); }},
     {kLeft, kAlt, [](PageKeysRoom& keys) { keys.pages_.GoBack(); }},
@@ -45,12 +46,15 @@ const PageKeysRoom::Key PageKeysRoom::kKeys[] = {
     {kF11, kPlain, [](PageKeysRoom& keys) { keys.window_.ToggleFullScreen(); }},
 };
 
-PageKeysRoom::PageKeysRoom(const WebState& state, AddressBox& address, AddressRoom& opener, TabRoom& tabs,
+PageKeysRoom::PageKeysRoom(const WebState& state, AddressBox& address, AddressRoom& opener,
+                           CompletionRoom& completion, TabRoom& tabs, TabFinderRoom& finder,
                            BrowserEventsRoom& pages, roles::Window& window, roles::Favourites& favourites)
     : state_(state),
       address_(address),
       opener_(opener),
+      completion_(completion),
       tabs_(tabs),
+      finder_(finder),
       pages_(pages),
       window_(window),
       favourites_(favourites) {}
@@ -67,8 +71,9 @@ bool PageKeysRoom::Take(int key_code, int shift) {
         ShowTab(key_code - '0');
         return true;
     }
-    if (OfferToPage(key_code, shift)) return true;
-    return key_code == controls::kKeyEscape && shift == kPlain && Stop();
+    const bool is_escape = key_code == controls::kKeyEscape && shift == kPlain;
+    if (is_escape && (completion_.Dismiss() || finder_.Dismiss())) return true;
+    return OfferToPage(key_code, shift) || (is_escape && Stop());
 }
 
 void PageKeysRoom::GoToAddress() {
@@ -78,15 +83,6 @@ void PageKeysRoom::GoToAddress() {
 void PageKeysRoom::OpenEmptyTab() {
     opener_.OpenTab(MakerSiteUrl);
     tabs_.MarkFrontAsEmpty();
-}
-
-void PageKeysRoom::WalkTabs(int steps) {
-    const std::vector<int> strip = tabs_.Strip();
-    if (strip.empty()) return;
-    const int count = static_cast<int>(strip.size());
-    const auto in_front = std::find(strip.begin(), strip.end(), tabs_.InFront());
-    const int place = in_front != strip.end() ? static_cast<int>(in_front - strip.begin()) : 0;
-    tabs_.ShowMember(strip[static_cast<std::size_t>((place + steps + count) % count)]);
 }
 
 // The ninth is the last one, however many there are.

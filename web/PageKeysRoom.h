@@ -10,6 +10,8 @@
 #include "web/AddressBox.h"
 #include "web/AddressRoom.h"
 #include "web/BrowserEventsRoom.h"
+#include "web/CompletionRoom.h"
+#include "web/TabFinderRoom.h"
 #include "web/TabRoom.h"
 #include "web/WebState.h"
 
@@ -17,8 +19,9 @@ namespace web {
 
 class PageKeysRoom final {
 public:
-    PageKeysRoom(const WebState& state, AddressBox& address, AddressRoom& opener, TabRoom& tabs,
-                 BrowserEventsRoom& pages, roles::Window& window, roles::Favourites& favourites);
+    PageKeysRoom(const WebState& state, AddressBox& address, AddressRoom& opener, CompletionRoom& completion,
+                 TabRoom& tabs, TabFinderRoom& finder, BrowserEventsRoom& pages, roles::Window& window,
+                 roles::Favourites& favourites);
 
     /// True if the key is used up.
     bool Take(int key_code, int shift);
@@ -29,9 +32,6 @@ private:
 
     void GoToAddress();
     void OpenEmptyTab();
-    void NextTab() { WalkTabs(1); }
-    void PreviousTab() { WalkTabs(-1); }
-    void WalkTabs(int steps);
     void ShowTab(int place);
     bool OfferToPage(int key_code, int shift);
     bool Stop();
@@ -39,7 +39,9 @@ private:
     const WebState& state_;
     AddressBox& address_;
     AddressRoom& opener_;
+    CompletionRoom& completion_;
     TabRoom& tabs_;
+    TabFinderRoom& finder_;
     BrowserEventsRoom& pages_;
     roles::Window& window_;
     roles::Favourites& favourites_;

@@ -93,22 +93,25 @@ void TabRoom::LoadPage(int index) {
 }
 
 void TabRoom::LoadStripMembers(int index) {
-    controls::Image& face = controls_.tabtab.Load(index);
-    controls::Label& label = controls_.tabLabel.Load(index);
-    controls::Label& close = controls_.tabClose.Load(index);
+    controls_.tabtab.Load(index, [this, index](controls::Image& face) {
+        claims_.Claim(face.MouseUp,
+                      [this, index](int button, int, double, double) { tabtab_MouseUp(index, button); });
+        claims_.Claim(face.MouseMove, [this, index] { tabtab_MouseMove(index); });
+    });
+    controls_.tabLabel.Load(index, [this, index](controls::Label& label) {
+        claims_.Claim(label.MouseUp,
+                      [this, index](int button, int, double, double) { tabLabel_MouseUp(index, button); });
+        claims_.Claim(label.MouseMove, [this, index] { tabLabel_MouseMove(index); });
+    });
+    controls_.tabClose.Load(index, [this, index](controls::Label& close) {
+        close.SetCaption(controls_.tabClose(0).Caption());
+        close.SetAccessibleName("Close this tab");
+        claims_.Claim(close.Click, [this, index] { tabClose_Click(index); });
+    });
     controls::Menu& entry = controls_.mnuTabTab.Load(index);
-    close.SetCaption(controls_.tabClose(0).Caption());
-    close.SetAccessibleName("Close this tab");
     const auto& entries = menu_.mnuTab.Entries();
     menu_.mnuTab.AddEntry(entry, static_cast<int>(std::find(entries.begin(), entries.end(), &menu_.mnuSep11) -
                                                   entries.begin()));
-    claims_.Claim(face.MouseUp,
-                  [this, index](int button, int, double, double) { tabtab_MouseUp(index, button); });
-    claims_.Claim(face.MouseMove, [this, index] { tabtab_MouseMove(index); });
-    claims_.Claim(label.MouseUp,
-                  [this, index](int button, int, double, double) { tabLabel_MouseUp(index, button); });
-    claims_.Claim(label.MouseMove, [this, index] { tabLabel_MouseMove(index); });
-    claims_.Claim(close.Click, [this, index] { tabClose_Click(index); });
     claims_.Claim(entry.Click, [this, index] { mnuTabTab_Click(index); });
 }
 

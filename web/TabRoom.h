@@ -83,6 +83,8 @@ public:
     int InFront() const;
     /// Brings a tab of the strip to the front.
     void ShowMember(int index);
+    /// Moves the keyboard to the address row.
+    void FocusAddress() { address_.FocusAddress(); }
     /// As the menu's command: nothing while the music tab is in front.
     void CloseTabInFront() { mnuCloseCurrentTab_Click(); }
     /// Shows the tab that was closed last again, with the page it still has; the one before at the next call.

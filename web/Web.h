@@ -18,6 +18,7 @@
 #include "roles/NowPlaying.h"
 #include "roles/PageOpener.h"
 #include "roles/Start.h"
+#include "roles/Suggestions.h"
 #include "roles/Tabs.h"
 #include "roles/TrackLists.h"
 #include "roles/Transport.h"
@@ -25,10 +26,12 @@
 #include "web/AddressBox.h"
 #include "web/AddressRoom.h"
 #include "web/BrowserEventsRoom.h"
+#include "web/CompletionRoom.h"
 #include "web/ConnectionGuard.h"
 #include "web/PageKeysRoom.h"
 #include "web/RefreshRoom.h"
 #include "web/SessionFacts.h"
+#include "web/TabFinderRoom.h"
 #include "web/TabRoom.h"
 #include "web/WebCommandsRoom.h"
 #include "web/WebControls.h"
@@ -50,6 +53,7 @@ struct WebRoles {
     roles::CueList& cue;
     roles::History& history;
     roles::Favourites& favourites;
+    roles::Suggestions& suggestions;
     roles::Start& start;
 };
 
@@ -83,10 +87,12 @@ private:
     AddressBox address_;
     ConnectionGuard guard_;
     TabRoom tabs_;
+    CompletionRoom completion_;
     AddressRoom opener_;
     BrowserEventsRoom pages_;
     RefreshRoom refresh_;
     WebCommandsRoom commands_;
+    TabFinderRoom finder_;
     PageKeysRoom keys_;
 };
 

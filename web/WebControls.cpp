@@ -61,6 +61,30 @@ void AddressControls::PutInto(controls::Container& container) {
     container.Add(cmbType, cmbAddress, txtAddress, Label2);
 }
 
+CompletionControls::CompletionControls() {
+    lstSuggestions.SetAccessibleName("Suggested addresses");
+    lstSuggestions.SetLook("popup");
+    Hide(lstSuggestions);
+}
+
+void CompletionControls::PutInto(controls::Container& container) {
+    container.Add(lstSuggestions);
+}
+
+TabFinderControls::TabFinderControls() {
+    txtTabFinder.SetAccessibleName("Find a tab");
+    txtTabFinder.SetHint("Find a tab by its title or address");
+    lstTabFinder.SetAccessibleName("Tabs");
+    lstTabFinder.SetLook("popup");
+    lstTabFinder.SetHint("No tab like that");
+    fraTabFinder.Add(txtTabFinder, lstTabFinder);
+    Hide(fraTabFinder);
+}
+
+void TabFinderControls::PutInto(controls::Container& container) {
+    container.Add(fraTabFinder, tmrTabFinder);
+}
+
 NavigationControls::NavigationControls() {
     lblRefresh2.SetAlign(controls::Alignment::Centre);
     lblRefresh2.SetLook("button");
@@ -99,6 +123,8 @@ void WebControls::PutInto(controls::Container& container) {
     address.PutInto(container);
     refresh.PutInto(container);
     help.PutInto(container);
+    completion.PutInto(container);
+    finder.PutInto(container);
 }
 
 }  // namespace web

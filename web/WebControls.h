@@ -5,6 +5,7 @@
 #include "controls/ComboBox.h"
 #include "controls/CommandButton.h"
 #include "controls/ControlArray.h"
+#include "controls/Frame.h"
 #include "controls/Image.h"
 #include "controls/Label.h"
 #include "controls/Line.h"
@@ -60,6 +61,25 @@ struct AddressControls {
     controls::Label Label2{"Label2"};            ///< hidden scratch
 };
 
+/// What shows under the address row while one types.
+struct CompletionControls {
+    CompletionControls();
+    void PutInto(controls::Container& container);
+
+    controls::ListBox lstSuggestions{"lstSuggestions"};
+};
+
+/// The list of all tabs, with a box to find one.
+struct TabFinderControls {
+    TabFinderControls();
+    void PutInto(controls::Container& container);
+
+    controls::Frame fraTabFinder{"fraTabFinder"};
+    controls::TextBox txtTabFinder{"txtTabFinder"};
+    controls::ListBox lstTabFinder{"lstTabFinder"};
+    controls::Timer tmrTabFinder{"tmrTabFinder", 1500};  ///< closes the list after a walk
+};
+
 /// Back, forward, refresh.
 struct NavigationControls {
     NavigationControls();
@@ -98,6 +118,8 @@ struct WebControls {
 
     TabControls tabs;
     AddressControls address;
+    CompletionControls completion;
+    TabFinderControls finder;
     NavigationControls navigation;
     RefreshControls refresh;
     HelpControls help;

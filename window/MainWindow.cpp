@@ -170,7 +170,8 @@ places::Places MainWindow::BuildPlaces() {
          .highlights = skin_,
          .keys = relays_.media_keys,
          .window = window_},
-        {.dialogs = ports_.dialogs, .loop = ports_.events});
+        {.dialogs = ports_.dialogs, .loop = ports_.events},
+        {.stores = stores_, .folder = ports_.files.ApplicationFolder()});
 }
 
 web::Web MainWindow::BuildWeb() {
@@ -194,6 +195,7 @@ web::Web MainWindow::BuildWeb() {
                      .cue = player_.Cue(),
                      .history = places_.History(),
                      .favourites = places_.Favourites(),
+                     .suggestions = places_.Suggestions(),
                      .start = relays_.start},
                     {.files = ports_.files, .events = ports_.events, .dialogs = ports_.dialogs});
 }

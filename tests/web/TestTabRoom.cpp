@@ -228,6 +228,54 @@ TEST_F(TabRoom, ClosingTheLastTabWithoutAMusicTabShowsTheBackdrop) {
     EXPECT_EQ(groups.tabs.BrowserBG.WaitingAddress(),
               std::string(web::MakerSiteUrl) + "/?referrer=quennet&origin=Brindlepost_BG");
     EXPECT_EQ(groups.tabs.TabLineLeft.X2(), near.WindowWidth);
+    // The steps go through the music tab that is not there.
+    EXPECT_TRUE(state.MusicTabActive);
+    EXPECT_EQ(near.Caption, "Brindlepost - Music Player");
+    EXPECT_FALSE(groups.tabs.imgMusicTab.Visible());
+}
+
+TEST_F(TabRoom, WithTheMusicTabClosedATabThatComesForwardGivesTheKeyboardToTheAddressRow) {
+    Open("http://one.example/");
+    Open("http://two.example/");
+    groups.tabs.tabMusicClose.Click.Raise();
+    Focused = 0;
+
+    Click(groups.tabs.tabtab(2));
+
+    EXPECT_EQ(Focused, 1);
+    EXPECT_TRUE(state.TabsShown);
+    EXPECT_EQ(groups.tabs.TabLineLeft.X2(), groups.tabs.tabtab(2).Left());
+}
+
+TEST_F(TabRoom, TheViewMenuOnAClosedMusicTabChangesTheCaptionAndLeavesThePageThere) {
+    Open("http://one.example/");
+    groups.tabs.tabMusicClose.Click.Raise();
+
+    menu.mnuViewMusicTab.Click.Raise();
+
+    EXPECT_TRUE(state.MusicTabActive);
+    EXPECT_EQ(near.Caption, "Brindlepost - Music Player");
+    EXPECT_FALSE(IsPale(1));
+    EXPECT_FALSE(near.Panel.Visible());
+    EXPECT_TRUE(groups.tabs.Browser(1).Visible());
+    EXPECT_FALSE(groups.tabs.imgMusicTab.Visible());
+}
+
+TEST_F(TabRoom, AScreenThatWatchesFindsTheEventsOfANewTabClaimed) {
+    struct Watcher final : controls::ControlObserver {
+        void OnPropertyChanged(controls::Control& control, controls::Property property) override {
+            if (property != controls::Property::Parent || control.Index() != 1) return;
+            if (control.Click.IsClaimed() || control.MouseUp.IsClaimed()) Claimed.push_back(control.Name());
+        }
+        Calls Claimed;
+    } watcher;
+    form.SetObserver(&watcher);
+
+    Open("http://one.example/");
+
+    form.SetObserver(nullptr);
+    EXPECT_EQ(watcher.Claimed, (Calls{"tabtab", "tabLabel", "tabClose"}));
+    EXPECT_EQ(groups.tabs.tabClose(1).AccessibleName(), "Close this tab");
 }
 
 TEST_F(TabRoom, WithoutAMusicTabTheLeftmostStillTakesOver) {

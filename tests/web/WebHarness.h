@@ -38,6 +38,7 @@ struct RecordingRoles final : roles::Window,
                               roles::CueList,
                               roles::History,
                               roles::Favourites,
+                              roles::Suggestions,
                               roles::Start {
     using Text = std::string_view;
     void Note(std::string call) { Log.push_back(std::move(call)); }
@@ -146,6 +147,17 @@ struct RecordingRoles final : roles::Window,
     void TogglePanel() override { Note("TogglePanel"); }
     void AddPageInFront() override { Note("AddPageInFront"); }
 
+    // roles::Suggestions
+    std::vector<roles::Suggestion> Suggest(Text typed, std::size_t most) override {
+        std::vector<roles::Suggestion> found;
+        for (const roles::Suggestion& one : Known) {
+            if (!typed.empty() && base::Contains(one.address, typed) && found.size() < most)
+                found.push_back(one);
+        }
+        return found;
+    }
+    void NoteVisit(Text address) override { Note("NoteVisit " + std::string(address)); }
+
     // roles::Start
     bool IsLoading() const override { return Loading; }
     void SetStage(Text) override { Note("SetStage"); }
@@ -160,6 +172,7 @@ struct RecordingRoles final : roles::Window,
     std::string Track;
     int Cued = 0;
     bool Loading = false;
+    std::vector<roles::Suggestion> Known;
     web::WebState* WantsReload = nullptr;
 };
 
@@ -293,6 +306,7 @@ protected:
                     .cue = near,
                     .history = near,
                     .favourites = near,
+                    .suggestions = near,
                     .start = near},
                    {.files = files, .events = desktop, .dialogs = dialogs}};
 

@@ -32,8 +32,9 @@ room that is not there. Of a control array the row tells what a loaded member do
 * The player reads `lstTracks` and `lstMaybe` of the library and answers the double click there. Where a control has two
   rooms, each listens to other events of it.
 * A drive list answers its own click and a folder list its own double click; the room listens to what came of it.
-* Place and size of everything in `frmBrowser` belong to `window/BrowserLayout`; events of the windows themselves are
-  answered by `StartUpRoom` (load), `SessionRoom` (unload, activation, keys), `ViewRoom` (resize) and `MainWindow` (end).
+* Place and size of everything in `frmBrowser` belong to `window/BrowserLayout`, but for the lists that open over a page
+  (`lstSuggestions`, `fraTabFinder`), which their rooms place; events of the windows themselves are answered by
+  `StartUpRoom` (load), `SessionRoom` (unload, activation, keys), `ViewRoom` (resize) and `MainWindow` (end, key preview).
 )";
 
 struct Group {
@@ -108,6 +109,7 @@ void AddPlayerGroups(const player::PlayerControls& player, std::vector<Group>& i
 
 void AddWebGroups(const web::WebControls& web, std::vector<Group>& into) {
     into.insert(into.end(), {With(web.tabs, "TabRoom"), With(web.address, "AddressRoom"),
+                             With(web.completion, "CompletionRoom"), With(web.finder, "TabFinderRoom"),
                              With(web.navigation, "BrowserEventsRoom"), With(web.refresh, "RefreshRoom"),
                              With(web.help, "WebCommandsRoom")});
 }

@@ -34,6 +34,7 @@ void NoteChange(const Control& control, Names& claimed) {
 }
 
 void NoteFormEvents(const controls::Form& form, Names& claimed) {
+    Note(form.KeyPreview, "KeyPreview", claimed);
     Note(form.Load, "Load", claimed);
     Note(form.Activate, "Activate", claimed);
     Note(form.Resize, "Resize", claimed);
@@ -82,6 +83,8 @@ Names ClaimedEvents(const Control& control) {
     Note(control.MouseWheel, "MouseWheel", claimed);
     Note(control.OLEDragDrop, "OLEDragDrop", claimed);
     Note(control.GotFocus, "GotFocus", claimed);
+    if (const auto* text = dynamic_cast<const controls::TextBox*>(&control))
+        Note(text->LostFocus, "LostFocus", claimed);
     return claimed;
 }
 
