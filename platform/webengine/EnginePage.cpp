@@ -5,6 +5,7 @@
 
 #include "base/Text.h"
 #include "platform/webengine/AddressCompletion.h"
+#include "platform/webengine/ClipboardGate.h"
 #include "platform/webengine/DocumentWork.h"
 #include "platform/webengine/LimitedPage.h"
 #include "platform/webengine/PageKeys.h"
@@ -53,6 +54,7 @@ EnginePage::EnginePage(const PageShare& share, QWidget* parent)
     page_->setParent(view_);
     LimitSettings(*page_->settings());
     view_->setPage(page_);
+    new ClipboardGate(*view_, *page_->settings());
     bars_->SetPage(view_);
     connect(page_, &QWebEnginePage::loadingChanged, this,
             [this](const QWebEngineLoadingInfo& info) { OnLoading(info); });

@@ -13,6 +13,13 @@ PAGES = {
     "/knows": page("Knows", script="fetch('/told/knows-' + Notification.permission)"),
     "/flood": page("Flood", script="setInterval(() => { Notification.requestPermission();"
                                    "navigator.geolocation.getCurrentPosition(() => {}, () => {}) }, 20)"),
+    "/copies": page("Copies", "<div class=all>copy</div>", """
+        const copy = (when) => navigator.clipboard.writeText('copied ' + when).then(
+            () => fetch('/told/' + when + '-written'), () => fetch('/told/' + when + '-refused'));
+        const read = () => navigator.clipboard.readText().then(
+            () => fetch('/told/read'), () => fetch('/told/read-refused'));
+        copy('unasked');
+        document.querySelector('div').onclick = () => copy('asked').then(read);"""),
 }
 
 
@@ -60,6 +67,16 @@ class Asking(Browsing):
             raise stages.StageError(f"{self.bars()} bars")
         self.must_run()
 
+    def a_page_copies_on_a_click_only(self):
+        self.open("/copies", "Copies")
+        wait_for("the page to be refused", lambda: self.site.told("unasked-refused") == 1)
+        self.click_page()
+        wait_for("the page to copy", lambda: self.site.told("asked-written") == 1)
+        wait_for("the page not to read", lambda: self.site.told("read-refused") == 1)
+        self.give("")
+        self.stage.key("ctrl+v")
+        wait_for("the words in the address row", lambda: self.address_text() == "copied asked")
+
     def the_keys_are_on_a_page(self):
         self.give("brindlepost:keys")
         self.stage.key("Return")
@@ -68,7 +85,7 @@ class Asking(Browsing):
 
     def steps(self):
         return [self.a_site_asks_in_a_bar, self.it_is_remembered, self.it_is_listed_and_taken_back, self.a_flood_is_one_bar,
-                self.the_keys_are_on_a_page]
+                self.a_page_copies_on_a_click_only, self.the_keys_are_on_a_page]
 
 
 def main():
