@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QUrl>
 
 namespace webengine {
 
@@ -29,6 +30,7 @@ SettingsErrands FavouritesFile::Errands() {
             Choose(QFileDialog::AcceptSave, told, [this](const QString& path) { return Export(path); });
         };
     }
+    errands.built_in_search = QUrl(QString::fromStdString(settings_.search_form)).host();
     return errands;
 }
 

@@ -17,7 +17,6 @@ struct SearchEngine {
 
 /// The built-in one has the empty key and is not listed here.
 inline constexpr SearchEngine kSearchEngines[] = {
-    {"duckduckgo", "DuckDuckGo", "https://duckduckgo.com/?q="},
     {"brave", "Brave Search", "https://search.brave.com/search?q="},
     {"mojeek", "Mojeek", "https://www.mojeek.com/search?q="},
     {"startpage", "Startpage", "https://www.startpage.com/do/search?q="},

@@ -168,6 +168,7 @@ PageAnswer SettingsDesk::State(const QString& words) const {
     QJsonObject state{{QLatin1String("zoom"), general.zoom},
                       {QLatin1String("search_engine"), general.search_engine},
                       {QLatin1String("engines"), EnginesToChoose()},
+                      {QLatin1String("built_in_search"), errands_.built_in_search},
                       {QLatin1String("sites"), SitesOf(choices_)},
                       {QLatin1String("keeps_sites"), choices_.KeepsSites()},
                       {QLatin1String("can_import"), static_cast<bool>(errands_.import_favourites)},

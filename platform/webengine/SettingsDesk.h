@@ -38,6 +38,8 @@ struct SettingsErrands {
     using Told = std::function<void(const QString& words)>;
     std::function<void(Told)> import_favourites{};
     std::function<void(Told)> export_favourites{};
+    /// The host of the built-in search service.
+    QString built_in_search{};
 };
 
 class SettingsDesk final {

@@ -81,6 +81,7 @@ class Asking(Browsing):
         self.give("brindlepost:keys")
         self.stage.key("Return")
         self.wait_for_caption("Keys")
+        self.eyes.find("Loads the page again")
         self.picture("keys.png")
 
     def steps(self):

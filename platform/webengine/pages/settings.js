@@ -52,7 +52,7 @@
     function show(state) {
         say('trouble', state.trouble);
         const engines = state.engines.map((engine) => [engine.key, engine.name]);
-        choose(part('search_engine'), [['', 'the built-in search']].concat(engines), state.search_engine);
+        choose(part('search_engine'), [['', (state.built_in_search || 'the program\'s own') + ' (built in)']].concat(engines), state.search_engine);
         const sizes = zooms.includes(state.zoom) ? zooms : zooms.concat(state.zoom).sort((a, b) => a - b);
         choose(part('zoom'), sizes.map((zoom) => [zoom, percent(zoom)]), state.zoom);
         for (const name of switches) part(name).checked = state[name];
