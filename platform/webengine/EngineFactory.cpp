@@ -25,6 +25,7 @@ void EngineFactory::MakeProfile() {
     profile_->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
     profile_->setSpellCheckEnabled(false);
     downloads_.BeginUser(*profile_, {});
+    choices_.Open({});
     profile_->setNotificationPresenter([this](std::unique_ptr<QWebEngineNotification> notification) {
         notices_.Present(std::move(notification));
     });

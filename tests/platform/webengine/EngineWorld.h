@@ -44,6 +44,9 @@ public:
     ports::BrowserControl& Other() override;
     bool WaitFor(const std::function<bool()>& done) override { return webengine_tests::WaitFor(done); }
 
+    /// After ForgetVisits: another page in the place of the one that went.
+    void Renew() { browser_ = Factory().MakePage(control_, &window_); }
+
     PageServer& Server() { return server_; }
     QTemporaryDir& Folder() { return folder_; }
     QWidget& Window() { return window_; }

@@ -155,6 +155,21 @@ TEST_F(Permissions, ANotificationOfAnAllowedSiteReachesTheDesktop) {
     desktop.Shown[0].closed();
 }
 
+TEST_F(Permissions, TheNextUserIsAskedAnew) {
+    Go("/notify");
+    ASSERT_TRUE(WaitForBar());
+    ASSERT_TRUE(Press("Allow"));
+    ASSERT_TRUE(TitleIs("granted"));
+
+    webengine_tests::Factory().ForgetVisits();
+    controls::WebBrowser control("Browser");
+    ports::BrowserControl* next = webengine_tests::Factory().MakePage(control, &world.Window());
+    next->Navigate(world.Site + "/notify");
+
+    EXPECT_TRUE(WaitForBar());
+    world.Renew();
+}
+
 TEST_F(Permissions, AFloodOfNotificationsIsAFew) {
     Serve("/flood",
           "<title>-</title><script>for (let i = 0; i < 200; ++i) new Notification('n' + i); "
