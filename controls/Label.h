@@ -22,10 +22,19 @@ public:
     Alignment Align() const { return alignment_; }
     void SetAlign(Alignment alignment) { Assign(alignment_, alignment, Property::Caption); }
 
+    /// A small picture before the caption, as the bytes of a picture file; empty for none.
+    const std::string& Icon() const { return icon_; }
+    void SetIcon(std::string_view icon) { Assign(icon_, icon, Property::Picture); }
+    /// A line below the caption, filled up to that many percent; -1 for none.
+    int Progress() const { return progress_; }
+    void SetProgress(int percent) { Assign(progress_, percent, Property::Value); }
+
     Event<> Change;
 
 private:
     std::string caption_;
+    std::string icon_;
+    int progress_ = -1;
     Alignment alignment_ = Alignment::Left;
 };
 

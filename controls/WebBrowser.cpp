@@ -74,6 +74,14 @@ bool WebBrowser::Busy() const {
     return engine_ != nullptr && engine_->Busy();
 }
 
+ports::PageSigns WebBrowser::Signs() const {
+    return engine_ != nullptr ? engine_->Signs() : ports::PageSigns();
+}
+
+void WebBrowser::ShowSecurity() {
+    if (engine_ != nullptr) engine_->ShowSecurity();
+}
+
 void WebBrowser::WorkOnDocument(const std::vector<ports::ElementStep>& steps) {
     if (engine_ != nullptr) engine_->WorkOnDocument(steps);
 }

@@ -39,6 +39,9 @@ public:
     std::string LocationURL() const;
     std::string LocationName() const;
     bool Busy() const;
+    ports::PageSigns Signs() const;
+    /// Has the page's area say how safe its connection is.
+    void ShowSecurity();
     /// Carries out the steps on elements of the current document.
     void WorkOnDocument(const std::vector<ports::ElementStep>& steps);
 
@@ -48,6 +51,7 @@ public:
     Event<WebBrowser*&> NewWindowBehind;        ///< the same for a window that the user wants behind
     Event<> WindowClosing;                      ///< a pop-up closed itself
     Event<bool&> NavigateError;                 ///< cancel: no error page
+    Event<> SignsChange;                        ///< icon, progress or security
 
 private:
     void OnTitleChange(std::string_view title) override;
@@ -55,6 +59,7 @@ private:
     bool OnNavigateError(std::string_view url, int code) override;
     ports::BrowserControl* OnNewWindow(ports::WindowPlace place) override;
     void OnWindowClosing() override { WindowClosing.Raise(); }
+    void OnSignsChange() override { SignsChange.Raise(); }
 
     ports::BrowserControl* engine_ = nullptr;
     ports::PageSeen seen_ = ports::PageSeen::InFront;

@@ -24,6 +24,22 @@ enum class PageSeen {
     Closed,   ///< its control is invisible
 };
 
+/// What a browser shows of a page around it.
+struct PageSigns {
+    enum class Security {
+        None,  ///< a page that came over no network, or no page yet
+        Encrypted,
+        NotEncrypted,
+        ErrorPassed,  ///< encrypted, with a certificate that the user was warned of
+    };
+    Security security = Security::None;
+    /// Percent of the load that is under way; -1 when there is none.
+    int progress = -1;
+    /// The site's own small picture, as the bytes of a PNG file; empty when it has none.
+    std::string icon = {};
+    bool operator==(const PageSigns&) const = default;
+};
+
 /// The notifications of a page engine.
 class BrowserListener {
 public:
@@ -34,6 +50,8 @@ public:
     virtual void OnNavigateComplete(std::string_view url) = 0;
     /// A navigation failed for good. Returns true to suppress the engine's own error page.
     virtual bool OnNavigateError(std::string_view url, int code) = 0;
+    /// The page's signs are others now.
+    virtual void OnSignsChange() {}
     /// The page wants a new window. Returns the engine that shall show it, or null to refuse.
     virtual class BrowserControl* OnNewWindow(WindowPlace place) = 0;
     /// A window that a page opened has closed itself, or became nothing but a download.
@@ -77,6 +95,9 @@ public:
     /// A covered page goes on, slower and without boxes; a closed one is silent and stands still until it is
     /// sent somewhere or seen again. An engine starts in front.
     virtual void SetSeen(PageSeen /*seen*/) {}
+    virtual PageSigns Signs() const { return {}; }
+    /// Shows the user, on the page's own area, how safe the connection is and who certified it.
+    virtual void ShowSecurity() {}
     /// Works on the document that is shown, in order and in one go; an element that is not there is skipped.
     /// Does nothing when the document shown is another one by the time it is done: the values may be
     /// a password. An engine without documents does nothing.

@@ -36,6 +36,10 @@ public:
     const std::string& Typed() const { return controls_.txtAddress.Text(); }
     /// The text changes by SetTyped and not by the user.
     bool IsBeingSet() const { return being_set_; }
+    /// How safe the connection of the page in front is. It shows while the row holds that page's address.
+    void ShowSecurity(ports::PageSigns::Security security, std::string_view address) {
+        controls_.txtAddress.SetSign(SignOf(security), address);
+    }
     void FocusIfVisible() {
         if (controls_.txtAddress.Visible()) FocusAddress();
     }
@@ -43,6 +47,21 @@ public:
     bool IsWebMode() const { return Mode() == roles::AddressMode::Web || Mode() == roles::AddressMode::None; }
 
 private:
+    static std::string_view SignOf(ports::PageSigns::Security security) {
+        using Security = ports::PageSigns::Security;
+        switch (security) {
+            case Security::Encrypted:
+                return "lock";
+            case Security::NotEncrypted:
+                return "open lock";
+            case Security::ErrorPassed:
+                return "broken lock";
+            case Security::None:
+                break;
+        }
+        return {};
+    }
+
     AddressControls& controls_;
     const WebState& state_;
     bool being_set_ = false;

@@ -59,6 +59,7 @@ AddressRoom::AddressRoom(AddressControls& controls, WebState& state, bool& Start
     claims_.Claim(controls_.txtAddress.LostFocus, [this] { txtAddress_LostFocus(); });
     claims_.Claim(controls_.txtAddress.OLEDragDrop,
                   [this](const controls::DropData& data, double, double) { txtAddress_OLEDragDrop(data); });
+    claims_.Claim(controls_.txtAddress.SignClick, [this] { txtAddress_SignClick(); });
 }
 
 void AddressRoom::OpenTab(std::string_view address) {
@@ -242,6 +243,10 @@ void AddressRoom::cmbType_KeyDown(int key_code, int shift) {
 
 void AddressRoom::cmbAddress_OLEDragDrop(const controls::DropData& data) {
     Drop(data, false);
+}
+
+void AddressRoom::txtAddress_SignClick() {
+    tabs_.Front().ShowSecurity();
 }
 
 void AddressRoom::txtAddress_OLEDragDrop(const controls::DropData& data) {

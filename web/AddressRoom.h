@@ -65,6 +65,7 @@ private:
     void txtAddress_Change();
     void txtAddress_LostFocus();
     void txtAddress_OLEDragDrop(const controls::DropData& data);
+    void txtAddress_SignClick();
     void cmbType_Click();
     void cmbType_KeyDown(int key_code, int shift);
 

@@ -61,6 +61,7 @@ void BrowserEventsRoom::ListenTo(int index) {
     claims_.Claim(page.NewWindowBehind,
                   [this](controls::WebBrowser*& target) { Browser_NewWindowBehind(target); });
     claims_.Claim(page.WindowClosing, [this, index] { Browser_WindowClosing(index); });
+    claims_.Claim(page.SignsChange, [this, index] { Browser_SignsChange(index); });
     claims_.Claim(page.NavigateError, [this](bool& cancel) { Browser_NavigateError(cancel); });
 }
 
@@ -145,6 +146,10 @@ void BrowserEventsRoom::BrowserBG_NewWindow2(controls::WebBrowser*& target) {
 
 void BrowserEventsRoom::Browser_NavigateError(bool& cancel) {
     cancel = true;
+}
+
+void BrowserEventsRoom::Browser_SignsChange(int index) {
+    tabs_.ShowSigns(index);
 }
 
 void BrowserEventsRoom::imgBackOver_Click() {

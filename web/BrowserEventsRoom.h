@@ -57,6 +57,7 @@ private:
     void Browser_NewWindowBehind(controls::WebBrowser*& target);
     void Browser_WindowClosing(int index);
     void Browser_NavigateError(bool& cancel);
+    void Browser_SignsChange(int index);
     void BrowserBG_NewWindow2(controls::WebBrowser*& target);
     void imgBackOver_Click();
     void imgForwardOver_Click();

@@ -160,6 +160,13 @@ void TabRoom::ShowTitle(int index) {
     }
 }
 
+void TabRoom::ShowSigns(int index) {
+    const ports::PageSigns signs = controls_.Browser(index).Signs();
+    controls_.tabLabel(index).SetIcon(signs.icon);
+    controls_.tabLabel(index).SetProgress(signs.progress);
+    if (index == FrontIndex()) address_.ShowSecurity(signs.security, Front().LocationURL());
+}
+
 void TabRoom::TabChange() {
     MarkMenuEntries();
     if (state_.MusicTabActive) {
@@ -202,6 +209,7 @@ void TabRoom::ShowPageInFront() {
     const std::string address = Front().LocationURL();
     if (address_.IsWebMode()) address_.SetTyped(address);
     state_.LastTabUrl = address;
+    address_.ShowSecurity(Front().Signs().security, address);
 }
 
 void TabRoom::CheckMiniLine() {

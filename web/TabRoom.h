@@ -102,6 +102,8 @@ public:
     bool IsAnythingInFront() const { return state_.MusicTabActive || IsFrontShown(); }
     /// Shows a page's title on its tab, on its menu entry and, if it is in front, on the window.
     void ShowTitle(int index);
+    /// Shows a page's icon and progress on its tab and, if it is in front, its security in the address row.
+    void ShowSigns(int index);
 
 private:
     void tabtab_MouseUp(int index, int button);

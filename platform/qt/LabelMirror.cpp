@@ -4,6 +4,8 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QPainter>
+#include <QPixmap>
+#include <algorithm>
 #include <memory>
 
 #include "base/Text.h"
@@ -16,6 +18,9 @@ namespace qt {
 namespace {
 
 using controls::Property;
+
+constexpr int kIconSide = 16;
+constexpr int kIconGap = 5;
 
 // True when the label lies on the face of the tab in front.
 bool StandsOnPaleFace(const controls::Control& label) {
@@ -78,12 +83,22 @@ public:
         setTextFormat(Qt::PlainText);
     }
 
+    void ReadIcon() {
+        icon_ = QPixmap();
+        const std::string& bytes = label_.Icon();
+        if (!bytes.empty())
+            icon_.loadFromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<uint>(bytes.size()));
+        update();
+    }
+
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
         if (!DrawPart(painter)) {
             DrawGround(painter);
             DrawText(painter);
+            DrawIcon(painter);
+            DrawProgress(painter);
         }
         if (hasFocus()) skin::FocusRing(painter, rect(), 4);
     }
@@ -127,7 +142,8 @@ private:
         const Writing writing = WritingOf(label_, underMouse());
         painter.setFont(writing.font);
         painter.setPen(isEnabled() ? QColor(writing.colour) : QColor(skin::kDisabled));
-        const QRect place = rect().adjusted(writing.indent, 0, -writing.indent, 0);
+        const int icon = icon_.isNull() ? 0 : kIconSide + kIconGap;
+        const QRect place = rect().adjusted(writing.indent + icon, 0, -writing.indent, 0);
         const QFontMetrics metrics(writing.font);
         const bool many = text.contains(QLatin1Char('\n')) || height() >= 2 * metrics.height();
         if (many) {
@@ -142,12 +158,28 @@ private:
                          text);
     }
 
+    void DrawIcon(QPainter& painter) const {
+        if (!icon_.isNull())
+            painter.drawPixmap(QRect(0, (height() - kIconSide) / 2, kIconSide, kIconSide), icon_);
+    }
+
+    void DrawProgress(QPainter& painter) const {
+        if (label_.Progress() < 0) return;
+        const bool pale = StandsOnPaleFace(label_);
+        const QRect line(0, height() - 2, width(), 2);
+        painter.fillRect(line, QColor(pale ? 0xffd8c8b0 : skin::kLine));
+        painter.fillRect(
+            QRect(0, line.y(), line.width() * std::min(label_.Progress(), 100) / 100, line.height()),
+            QColor(pale ? skin::kAccentDeep : skin::kAccent));
+    }
+
     QString TextOfLabel() const {
         const QString text = ToQt(label_.Caption()).replace(QLatin1String("\r\n"), QLatin1String("\n"));
         return label_.Look() == "heading" ? text.toUpper() : text;
     }
 
     const controls::Label& label_;
+    QPixmap icon_;
 };
 
 bool IsClickable(const controls::Control& control) {
@@ -208,6 +240,7 @@ QString LabelMirror::SpokenName() const {
 void LabelMirror::Apply(Property property) {
     WidgetMirror::Apply(property);
     if (property == Property::Caption) static_cast<QLabel*>(Widget())->setText(ToQt(label_.Caption()));
+    if (property == Property::Picture) static_cast<LabelView*>(Widget())->ReadIcon();
     if (property == Property::Colour)
         Widget()->setCursor(label_.Look() == "link" ? Qt::PointingHandCursor : Widget()->cursor().shape());
 }

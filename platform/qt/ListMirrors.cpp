@@ -1,6 +1,7 @@
 #include "platform/qt/ListMirrors.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QDrag>
 #include <QPainter>
 #include <QSignalBlocker>
@@ -8,6 +9,7 @@
 #include "platform/qt/Drops.h"
 #include "platform/qt/Geometry.h"
 #include "platform/qt/Loop.h"
+#include "platform/qt/Signs.h"
 #include "platform/qt/Skin.h"
 
 namespace qt {
@@ -205,13 +207,34 @@ QString TextMirror::SpokenName() const {
     return ToQt(text_.Hint());
 }
 
+void TextMirror::ShowSign() {
+    const std::string sign = text_.Sign();
+    if (sign.empty()) {
+        delete sign_;
+        sign_ = nullptr;
+        return;
+    }
+    if (sign_ == nullptr) {
+        sign_ = edit_->addAction(QIcon(), QLineEdit::LeadingPosition);
+        connect(sign_, &QAction::triggered, this, [this] { text_.SignClick.Raise(); });
+    }
+    if (sign_->data().toString() == ToQt(sign)) return;
+    sign_->setData(ToQt(sign));
+    sign_->setIcon(PictureOfSign(sign));
+    sign_->setText(WordsOfSign(sign));
+}
+
 void TextMirror::Apply(Property property) {
     switch (property) {
         case Property::Text: {
             const QString text = ToQt(text_.Text());
             if (edit_->text() != text) static_cast<TextView*>(edit_)->ShowText(text);
+            ShowSign();
             break;
         }
+        case Property::Picture:
+            ShowSign();
+            break;
         case Property::Refresh:
             edit_->setPlaceholderText(ToQt(text_.Hint()));
             break;

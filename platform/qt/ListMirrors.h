@@ -52,8 +52,10 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool IsPassive() const override { return false; }
     QString SpokenName() const override;
+    void ShowSign();
     controls::TextBox& text_;
     QLineEdit* edit_;
+    QAction* sign_ = nullptr;
 };
 
 }  // namespace qt

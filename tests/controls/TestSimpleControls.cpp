@@ -68,6 +68,24 @@ TEST(TextBox, TheHintIsNoText) {
     EXPECT_EQ(changes, 0);
 }
 
+TEST(TextBox, ASignShowsWhileTheTextItBelongsToIsInTheBox) {
+    TextBox box("txtAddress");
+    RecordingObserver observer;
+    box.SetObserver(&observer);
+    box.SetSign("lock", "https://one/");
+    EXPECT_EQ(box.Sign(), "");
+    EXPECT_TRUE(observer.Told.empty());
+
+    box.SetText("https://one/");
+    EXPECT_EQ(box.Sign(), "lock");
+    box.SetText("https://two/");
+    EXPECT_EQ(box.Sign(), "");
+
+    box.SetSign("lock", "https://two/");
+    EXPECT_EQ(box.Sign(), "lock");
+    EXPECT_EQ(observer.Told, (std::vector<Property>{Property::Text, Property::Text, Property::Picture}));
+}
+
 TEST(CheckBox, AChangedCheckRaisesClickAndAnEqualOneDoesNot) {
     CheckBox box("chkAuto", "Auto");
     EventClaims claims;

@@ -21,9 +21,11 @@ public:
     std::string LocationName() const override { return "Example"; }
     bool Busy() const override { return true; }
     void SetSeen(ports::PageSeen seen) override { Seen = seen; }
+    ports::PageSigns Signs() const override { return Shown; }
 
     ports::BrowserListener* Listener = nullptr;
     ports::PageSeen Seen = ports::PageSeen::InFront;
+    ports::PageSigns Shown;
     std::vector<std::string> Calls;
 };
 
@@ -162,6 +164,23 @@ TEST(WebBrowser, WhatThePageTellsIsRaised) {
     engine.Listener->OnNavigateComplete("http://a/");
 
     EXPECT_EQ(heard, (Calls{"Title", "http://a/frame", "http://a/"}));
+}
+
+TEST(WebBrowser, SignsAreTheEnginesAndTheirChangeIsRaised) {
+    RecordingEngine engine;
+    WebBrowser browser("Browser");
+    EventClaims claims;
+    int changes = 0;
+    claims.Claim(browser.SignsChange, [&] { ++changes; });
+    EXPECT_EQ(browser.Signs(), ports::PageSigns());
+    browser.ShowSecurity();
+    browser.Attach(&engine);
+
+    engine.Shown.progress = 30;
+    engine.Listener->OnSignsChange();
+
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(browser.Signs().progress, 30);
 }
 
 TEST(WebBrowser, AnErrorPageIsShownUnlessTheRoomCancelsIt) {

@@ -44,6 +44,12 @@ public:
 
     /// Lets the navigation that is under way arrive or fail. False when none was.
     bool Settle();
+    ports::PageSigns Signs() const override { return signs_; }
+    void ShowSecurity() override { Calls.emplace_back("ShowSecurity"); }
+    void ChangeSigns(const ports::PageSigns& signs) {
+        signs_ = signs;
+        if (listener_ != nullptr) listener_->OnSignsChange();
+    }
     /// The page changes its own title.
     void ChangeTitle(std::string_view title);
 
@@ -66,6 +72,7 @@ private:
     std::size_t position_ = 0;  // after the entry that is shown; 0 before the first
     std::string title_;
     bool busy_ = false;
+    ports::PageSigns signs_;
     std::string wanted_;
     Way way_ = Way::New;
 };

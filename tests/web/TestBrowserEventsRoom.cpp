@@ -34,6 +34,52 @@ TEST_F(BrowserEventsRoom, ATitleUnderTheMusicTabLeavesTheWindowsCaption) {
     EXPECT_EQ(near.Caption, "Brindlepost - Music Player");
 }
 
+TEST_F(BrowserEventsRoom, IconAndProgressAreShownOnThePagesTab) {
+    const int tab = Open("http://one.example/");
+    Open("http://two.example/");
+
+    Engine(tab).ChangeSigns({.progress = 40, .icon = "picture"});
+
+    EXPECT_EQ(groups.tabs.tabLabel(tab).Icon(), "picture");
+    EXPECT_EQ(groups.tabs.tabLabel(tab).Progress(), 40);
+    EXPECT_EQ(groups.tabs.tabLabel(LastTab()).Progress(), -1);
+}
+
+TEST_F(BrowserEventsRoom, TheLockIsThatOfThePageInFront) {
+    const int tab = Open("http://one.example/");
+    Engine(tab).ChangeSigns({.security = ports::PageSigns::Security::Encrypted});
+    EXPECT_EQ(groups.address.txtAddress.Sign(), "lock");
+
+    const int other = Open("http://two.example/");
+    EXPECT_EQ(groups.address.txtAddress.Sign(), "");
+    Engine(other).ChangeSigns({.security = ports::PageSigns::Security::NotEncrypted});
+    Engine(tab).ChangeSigns({.security = ports::PageSigns::Security::ErrorPassed});
+    EXPECT_EQ(groups.address.txtAddress.Sign(), "open lock");
+
+    Click(groups.tabs.tabtab(tab));
+    EXPECT_EQ(groups.address.txtAddress.Sign(), "broken lock");
+}
+
+TEST_F(BrowserEventsRoom, TypedTextHasNoLock) {
+    const int tab = Open("http://one.example/");
+    Engine(tab).ChangeSigns({.security = ports::PageSigns::Security::Encrypted});
+
+    groups.address.txtAddress.SetText("https://bank.example/");
+    EXPECT_EQ(groups.address.txtAddress.Sign(), "");
+
+    Click(groups.tabs.imgMusicTab);
+    EXPECT_EQ(groups.address.txtAddress.Sign(), "");
+}
+
+TEST_F(BrowserEventsRoom, AClickOnTheLockAsksThePageInFront) {
+    const int tab = Open("http://one.example/");
+    Engine(tab).Calls.clear();
+
+    groups.address.txtAddress.SignClick.Raise();
+
+    EXPECT_EQ(Engine(tab).Calls, (Calls{"ShowSecurity"}));
+}
+
 TEST_F(BrowserEventsRoom, APageThatIsAPlayListIsAddedInsteadOfRemembered) {
     web_["http://one.example/a.mpl"] = {"list", {}, ""};
 

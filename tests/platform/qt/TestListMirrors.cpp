@@ -342,6 +342,31 @@ TEST_F(ComboMirrorTest, AFreeTextStaysWhenTheRowsGo) {
     EXPECT_EQ(desk.Find<QComboBox>(free_)->currentText(), "typed");
 }
 
+TEST(TextMirror, ASignIsAButtonBeforeTheText) {
+    controls::TextBox text{"txtAddress"};
+    controls::EventClaims claims;
+    int clicks = 0;
+    claims.Claim(text.SignClick, [&clicks] { ++clicks; });
+    text.SetText("https://one/");
+    qt_tests::PlaceAt(text, 10, 10, 200, 24);
+    qt_tests::Desk desk(text);
+    auto* edit = desk.Find<QLineEdit>(text);
+    EXPECT_TRUE(edit->actions().isEmpty());
+
+    text.SetSign("lock", "https://one/");
+    desk.screen.CatchUp();
+
+    ASSERT_EQ(edit->actions().size(), 1);
+    EXPECT_EQ(edit->actions().first()->text(), "The connection is encrypted");
+    EXPECT_FALSE(edit->actions().first()->icon().isNull());
+    edit->actions().first()->trigger();
+    EXPECT_EQ(clicks, 1);
+
+    QTest::keyClicks(edit, "x");
+    desk.screen.CatchUp();
+    EXPECT_TRUE(edit->actions().isEmpty());
+}
+
 TEST(TextMirror, TypingChangesTheTextAndTellsOfIt) {
     controls::TextBox text("txtA");
     int changes = 0;

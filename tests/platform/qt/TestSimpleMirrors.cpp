@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QBuffer>
 #include <QCheckBox>
+#include <QImage>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -27,6 +29,33 @@ TEST(LabelMirror, ACaptionIsShownAndSpoken) {
 
     EXPECT_EQ(desk.Find<QLabel>(label)->text(), "New");
     EXPECT_EQ(desk.Find(label)->accessibleName(), "New");
+}
+
+TEST(LabelMirror, AnIconIsDrawnBeforeTheCaptionAndProgressBelowIt) {
+    controls::Label label("tabLabel", "");
+    label.SetLook("tab");
+    qt_tests::PlaceAt(label, 0, 0, 100, 24);
+    qt_tests::Desk desk(label);
+    QImage red(16, 16, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    ASSERT_TRUE(red.save(&buffer, "PNG"));
+
+    label.SetIcon(bytes.toStdString());
+    label.SetProgress(50);
+    desk.screen.CatchUp();
+
+    const QImage shown = desk.Find(label)->grab().toImage();
+    EXPECT_EQ(shown.pixel(8, 12), 0xffff0000);
+    EXPECT_EQ(shown.pixel(20, 23), qt::skin::kAccent);
+    EXPECT_EQ(shown.pixel(80, 23), qt::skin::kLine);
+
+    label.SetIcon("no picture");
+    label.SetProgress(-1);
+    desk.screen.CatchUp();
+    EXPECT_NE(desk.Find(label)->grab().toImage().pixel(8, 12), 0xffff0000);
+    EXPECT_NE(desk.Find(label)->grab().toImage().pixel(20, 23), qt::skin::kAccent);
 }
 
 TEST(LabelMirror, AChangedLookIsPainted) {
