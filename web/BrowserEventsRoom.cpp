@@ -116,6 +116,7 @@ void BrowserEventsRoom::ShowAddressOfFront() {
     const std::string address = tabs_.Front().LocationURL();
     if (address_.IsWebMode()) address_.SetTyped(address);
     state_.LastTabUrl = address;
+    address_.ShowSecurity(tabs_.Front().Signs().security, address);
 }
 
 // The page that pops up loads there, so the tab goes nowhere first, whatever a favourite that was clicked

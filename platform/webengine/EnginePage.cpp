@@ -56,6 +56,7 @@ EnginePage::EnginePage(const PageShare& share, QWidget* parent)
     view_->setPage(page_);
     new ClipboardGate(*view_, *page_->settings());
     bars_->SetPage(view_);
+    MakeChrome(share.choices);
     connect(page_, &QWebEnginePage::loadingChanged, this,
             [this](const QWebEngineLoadingInfo& info) { OnLoading(info); });
     connect(page_, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) { OnUrlChanged(url); });
@@ -64,6 +65,19 @@ EnginePage::EnginePage(const PageShare& share, QWidget* parent)
     connect(page_, &QWebEnginePage::renderProcessTerminated, this,
             [this](QWebEnginePage::RenderProcessTerminationStatus status, int) { OnRendererGone(status); });
     bars_->show();
+}
+
+void EnginePage::MakeChrome(SiteChoices& choices) {
+    chrome_ =
+        std::make_unique<PageChrome>(ChromeParts{.view = *view_,
+                                                 .bars = *bars_,
+                                                 .choices = choices,
+                                                 .signs_changed =
+                                                     [this] {
+                                                         if (listener_ != nullptr) listener_->OnSignsChange();
+                                                     },
+                                                 .load = [this](const QUrl& address) { GoTo(address); }});
+    bars_->ends = [this] { chrome_.reset(); };
 }
 
 // The area is a child of the screen's widget and goes with it, or here when the engine ends before the
@@ -92,6 +106,11 @@ void EnginePage::Navigate(std::string_view address) {
     QTimer::singleShot(0, this, [this, shown, serial = serial_] {
         if (serial == serial_) Fail(shown, kBadAddress);
     });
+}
+
+void EnginePage::GoTo(const QUrl& address) {
+    asked_ = address;
+    TryAgain();
 }
 
 void EnginePage::GoBack() {
@@ -131,6 +150,7 @@ void EnginePage::TryAgain() {
 // The user, or the program for one, sends the page somewhere.
 void EnginePage::Begin() {
     if (notice_ != nullptr) notice_->hide();
+    chrome_->OnBegin();
     page_->RenewQuotas();
     ++serial_;
     busy_ = true;
@@ -143,6 +163,14 @@ std::string EnginePage::LocationURL() const {
 
 std::string EnginePage::LocationName() const {
     return title_.isEmpty() ? LocationURL() : title_.toStdString();
+}
+
+ports::PageSigns EnginePage::Signs() const {
+    return chrome_ != nullptr ? chrome_->Signs(location_) : ports::PageSigns();
+}
+
+void EnginePage::ShowSecurity() {
+    if (chrome_ != nullptr && !location_.isEmpty()) chrome_->Security().Show(location_);
 }
 
 void EnginePage::WorkOnDocument(const std::vector<ports::ElementStep>& steps) {
@@ -216,6 +244,7 @@ void EnginePage::CheckCommit() {
 
 void EnginePage::TellCommit() {
     commit_told_ = true;
+    chrome_->OnDocument();
     if (listener_ != nullptr) listener_->OnNavigateComplete(LocationURL());
 }
 
@@ -252,6 +281,7 @@ void EnginePage::Fail(const QUrl& url, int code) {
     busy_ = false;
     walking_history_ = false;
     frames_.clear();
+    if (code != kRendererGone) chrome_->OnFailed(url, code, !location_.isEmpty());
     if (listener_ != nullptr) listener_->OnNavigateError(url.toEncoded().toStdString(), code);
 }
 

@@ -20,6 +20,7 @@
 
 #include "platform/webengine/NoticePage.h"
 #include "platform/webengine/PageBars.h"
+#include "platform/webengine/PageChrome.h"
 #include "platform/webengine/PageShare.h"
 #include "ports/BrowserControl.h"
 
@@ -42,6 +43,8 @@ public:
     std::string LocationURL() const override;
     std::string LocationName() const override;
     bool Busy() const override { return view_ != nullptr && busy_; }
+    ports::PageSigns Signs() const override;
+    void ShowSecurity() override;
     void WorkOnDocument(const std::vector<ports::ElementStep>& steps) override;
 
     /// Goes again to the address that was asked for last.
@@ -56,8 +59,12 @@ public:
     /// The page's area. Null once the screen has taken it away.
     PageBars* Bars() const { return bars_; }
     LimitedPage& Page() const { return *page_; }
+    /// What is shown around the page. Null as Bars is.
+    PageChrome* Chrome() const { return chrome_.get(); }
 
 private:
+    void MakeChrome(SiteChoices& choices);
+    void GoTo(const QUrl& address);
     void OnLoading(const QWebEngineLoadingInfo& info);
     void Arrive();
     void Begin();
@@ -80,6 +87,7 @@ private:
     LimitedPage* page_ = nullptr;
     const PageSettings& settings_;
     const SiteChoices& choices_;
+    std::unique_ptr<PageChrome> chrome_;
     ports::BrowserListener* listener_ = nullptr;
     QUrl location_;
     QString title_;

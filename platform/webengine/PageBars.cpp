@@ -200,6 +200,10 @@ PageBars::PageBars(QWidget* parent)
     change->setContext(Qt::WidgetWithChildrenShortcut);
 }
 
+PageBars::~PageBars() {
+    if (ends) ends();
+}
+
 void PageBars::SetPage(QWidget* page) {
     page_ = page;
     page->installEventFilter(this);
@@ -211,7 +215,7 @@ void PageBars::SetPage(QWidget* page) {
 }
 
 void PageBars::LayOver(QWidget* notice) {
-    notice_ = notice;
+    notices_.emplace_back(notice);
     notice->setParent(this);
     PlaceOverlays();
 }
@@ -296,9 +300,10 @@ void PageBars::SetProgress(int percent) {
 
 void PageBars::PlaceOverlays() {
     const QRect place = page_ != nullptr ? page_->geometry() : rect();
-    if (notice_ != nullptr) {
-        notice_->setGeometry(place);
-        notice_->raise();
+    for (const QPointer<QWidget>& notice : notices_) {
+        if (notice == nullptr) continue;
+        notice->setGeometry(place);
+        notice->raise();
     }
     progress_->setGeometry(place.x(), place.y(), place.width(), kProgressHeight);
     progress_->raise();

@@ -78,6 +78,10 @@ private:
 class PageBars final : public QWidget {
 public:
     explicit PageBars(QWidget* parent);
+    ~PageBars() override;
+
+    /// Called when the area ends, before anything in it does.
+    std::function<void()> ends;
 
     /// The page's widget; from now on it fills what the bars leave.
     void SetPage(QWidget* page);
@@ -113,7 +117,7 @@ private:
 
     QVBoxLayout* column_;
     QPointer<QWidget> page_;
-    QPointer<QWidget> notice_;
+    std::vector<QPointer<QWidget>> notices_;
     std::vector<PageBar*> bars_;
     QLabel* line_;
     QWidget* progress_;

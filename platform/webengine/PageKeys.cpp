@@ -1,13 +1,61 @@
 #include "platform/webengine/PageKeys.h"
 
-#include <vector>
-
 #include "controls/Control.h"
 #include "platform/webengine/EnginePage.h"
 
 namespace webengine {
 
 namespace {
+
+constexpr int kPadZero = 96;
+constexpr int kPadPlus = 107;
+constexpr int kPadMinus = 109;
+constexpr int kF3 = 114;
+constexpr int kPlus = 187;
+constexpr int kMinus = 189;
+constexpr int kPlain = 0;
+constexpr int kShift = controls::kShiftMask;
+constexpr int kControl = controls::kControlMask;
+constexpr int kControlShift = controls::kControlMask | controls::kShiftMask;
+
+bool OpenFind(EnginePage& page) {
+    page.Chrome()->Find().Open();
+    return true;
+}
+
+bool FindNext(EnginePage& page) {
+    page.Chrome()->Find().Next();
+    return true;
+}
+
+bool FindPrevious(EnginePage& page) {
+    page.Chrome()->Find().Previous();
+    return true;
+}
+
+bool ZoomIn(EnginePage& page) {
+    page.Chrome()->Zoom().Step(1);
+    return true;
+}
+
+bool ZoomOut(EnginePage& page) {
+    page.Chrome()->Zoom().Step(-1);
+    return true;
+}
+
+bool ZoomAsUsual(EnginePage& page) {
+    page.Chrome()->Zoom().Reset();
+    return true;
+}
+
+bool ShowSecurity(EnginePage& page) {
+    page.ShowSecurity();
+    return true;
+}
+
+bool Escape(EnginePage& page) {
+    return page.Chrome()->Escape();
+}
 
 struct PageKey {
     int key_code;
@@ -17,15 +65,19 @@ struct PageKey {
 };
 
 /// One row a key.
-const std::vector<PageKey>& Keys() {
-    static const std::vector<PageKey> keys{};
-    return keys;
-}
+constexpr PageKey kKeys[] = {
+    {'F', kControl, OpenFind},          {kF3, kPlain, FindNext},
+    {kF3, kShift, FindPrevious},        {kPlus, kControl, ZoomIn},
+    {kPlus, kControlShift, ZoomIn},     {kPadPlus, kControl, ZoomIn},
+    {kMinus, kControl, ZoomOut},        {kPadMinus, kControl, ZoomOut},
+    {'0', kControl, ZoomAsUsual},       {kPadZero, kControl, ZoomAsUsual},
+    {'L', kControlShift, ShowSecurity}, {controls::kKeyEscape, kPlain, Escape},
+};
 
 }  // namespace
 
 bool TakePageKey(EnginePage& page, int key_code, int shift) {
-    for (const PageKey& key : Keys()) {
+    for (const PageKey& key : kKeys) {
         if (key.key_code == key_code && key.shift == shift) return key.act(page);
     }
     return false;

@@ -60,6 +60,17 @@ TEST_F(BrowserEventsRoom, TheLockIsThatOfThePageInFront) {
     EXPECT_EQ(groups.address.txtAddress.Sign(), "broken lock");
 }
 
+TEST_F(BrowserEventsRoom, TheLockGoesWithThePageToItsNextAddress) {
+    const int tab = Open("http://one.example/");
+    Engine(tab).ChangeSigns({.security = ports::PageSigns::Security::Encrypted});
+
+    Engine(tab).Navigate("http://two.example/");
+    Settle(tab);
+
+    EXPECT_EQ(groups.address.txtAddress.Text(), "http://two.example/");
+    EXPECT_EQ(groups.address.txtAddress.Sign(), "lock");
+}
+
 TEST_F(BrowserEventsRoom, TypedTextHasNoLock) {
     const int tab = Open("http://one.example/");
     Engine(tab).ChangeSigns({.security = ports::PageSigns::Security::Encrypted});

@@ -49,6 +49,7 @@ void NotePageEvents(const controls::WebBrowser& page, Names& claimed) {
     Note(page.NewWindowBehind, "NewWindowBehind", claimed);
     Note(page.WindowClosing, "WindowClosing", claimed);
     Note(page.NavigateError, "NavigateError", claimed);
+    Note(page.SignsChange, "SignsChange", claimed);
 }
 
 }  // namespace
@@ -72,6 +73,8 @@ Names ClaimedEvents(const Control& control) {
     Note(control.DblClick, "DblClick", claimed);
     NoteChange<controls::Label>(control, claimed);
     NoteChange<controls::TextBox>(control, claimed);
+    if (const auto* box = dynamic_cast<const controls::TextBox*>(&control))
+        Note(box->SignClick, "SignClick", claimed);
     NoteChange<controls::ComboBox>(control, claimed);
     NoteChange<controls::Menu>(control, claimed);
     NoteChange<controls::DriveListBox>(control, claimed);
