@@ -209,7 +209,7 @@ void RowsView::paintEvent(QPaintEvent* event) {
 }
 
 void RowsView::mousePressEvent(QMouseEvent* event) {
-    setFocus(Qt::MouseFocusReason);
+    if (focusPolicy() != Qt::NoFocus) setFocus(Qt::MouseFocusReason);
     const int row = RowAt(event->position().toPoint().y());
     may_drag_ = event->button() == Qt::LeftButton && row >= 0;
     pressed_at_ = event->position().toPoint();

@@ -144,6 +144,20 @@ class Browsing:
         wait_for("the page to be asked for", lambda: self.count("/second") == before + 1)
         self.in_front("Second page")
 
+    def a_clicked_suggestion_opens(self):
+        self.stage.key("ctrl+l")
+        self.stage.type("second")
+        wait_for("the suggestions", lambda: self._suggestions())
+        before = self.count("/second")
+        left, top, _, height = self.eyes.row_rect("Suggested addresses", 0)
+        self.stage.click(left + 40, top + height // 2)
+        wait_for("the page to be asked for", lambda: self.count("/second") == before + 1)
+        wait_for("the list to go", lambda: not self._suggestions())
+        self.stage.key("ctrl+w")
+        self.in_front("Third page")
+        self.stage.key("ctrl+9")
+        self.in_front("Second page")
+
     def a_tab_is_found_by_a_few_letters(self):
         self.stage.key("ctrl+shift+a")
         wait_for("the list of tabs", lambda: len(self.eyes.rows("Tabs")) == 5)
@@ -215,6 +229,7 @@ class Browsing:
             self.a_closed_tab_comes_back_without_being_loaded,
             self.suggestions_come_while_one_types,
             self.a_picked_suggestion_opens,
+            self.a_clicked_suggestion_opens,
             self.a_tab_is_found_by_a_few_letters,
             self.a_cross_is_reached_and_pressed_without_a_mouse,
             self.the_page_refreshes_itself_while_that_is_on,
