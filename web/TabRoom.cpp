@@ -197,13 +197,13 @@ void TabRoom::ShowNothingInFront() {
 
 void TabRoom::ShowMusicInFront() {
     roles_.window.SetCaption(std::string(kTitle).append(" - Music Player"));
-    strip_.OpenLines(kMusicTabLeft, kFirstTabLeft, roles_.window.Width());
+    strip_.OpenLines(kMusicTabLeft, kFirstTabLeft);
     if (address_.Typed() == state_.LastTabUrl) address_.SetTyped("");
 }
 
 void TabRoom::ShowPageInFront() {
     const int front = FrontIndex();
-    strip_.OpenLines(controls_.tabtab(front).Left(), controls_.tabtab(front).Right(), roles_.window.Width());
+    strip_.OpenLines(controls_.tabtab(front).Left(), controls_.tabtab(front).Right());
     controls_.mnuTabTab(front).SetChecked(true);
     roles_.window.SetCaption(std::string(kTitle).append(" - ").append(controls_.mnuTabTab(front).Caption()));
     const std::string address = Front().LocationURL();

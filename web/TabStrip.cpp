@@ -6,6 +6,8 @@ namespace {
 
 constexpr std::string_view kDarkFace = "\\images\\dark.bmp";
 constexpr std::string_view kPaleFace = "/images/pale.bmp";
+/// A window that grows shows more of the line.
+constexpr double kPastEveryEdge = 1'000'000;
 
 }  // namespace
 
@@ -62,9 +64,9 @@ void TabStrip::Raise(int index) {
     controls_.tabClose(index).BringToFront();
 }
 
-void TabStrip::OpenLines(double left, double right, double window_width) {
+void TabStrip::OpenLines(double left, double right) {
     EndLeftLine(left);
-    controls_.TabLineRight.Move(right, controls_.TabLineRight.Top(), window_width - right, 0);
+    controls_.TabLineRight.Move(right, controls_.TabLineRight.Top(), kPastEveryEdge - right, 0);
 }
 
 void TabStrip::RaiseLines() {

@@ -24,8 +24,8 @@ public:
     void PlaceLabelAndClose(int index);
     /// Face, label and close target above everything else in the strip, in that order.
     void Raise(int index);
-    /// The lines leave the stretch from `left` to `right` free; the right one ends at `window_width`.
-    void OpenLines(double left, double right, double window_width);
+    /// The lines leave the stretch from `left` to `right` free.
+    void OpenLines(double left, double right);
     /// The left line ends at `right`.
     void EndLeftLine(double right) { controls_.TabLineLeft.SetX2(right); }
     void RaiseLines();
