@@ -8,8 +8,9 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 TABLES = ("web/PageKeysRoom.cpp", "platform/webengine/PageKeys.cpp")
 PAGE = "platform/webengine/pages/keys.html"
 DOCUMENT = "docs/browser.md"
-NAMES = {"kKeyEscape": "Esc", "kEscape": "Esc", "kPlus": "+", "kMinus": "-", "kKeyEnter": "Enter"}
-ROW = re.compile(r"\{\s*('.'|(?:controls::)?k\w+),\s*(k\w+),\s*(?:\[|&)")
+NAMES = {"kKeyEscape": "Esc", "kEscape": "Esc", "kPlus": "+", "kMinus": "-", "kKeyEnter": "Enter",
+         "kPadPlus": "+", "kPadMinus": "-", "kPadZero": "0"}
+ROW = re.compile(r"\{\s*('.'|(?:controls::)?k\w+),\s*(k\w+),")
 
 
 def name_of(key, shift):
@@ -18,6 +19,8 @@ def name_of(key, shift):
     else:
         bare = key.split("::")[-1]
         name = NAMES.get(bare, re.sub("^k(Key)?", "", bare))
+    if name == "+":
+        shift = shift.replace("Shift", "")  # many keyboards have the plus above another sign
     before = [word for part, word in (("Control", "Ctrl"), ("Alt", "Alt"), ("Shift", "Shift")) if part in shift]
     return "+".join(before + [name])
 
@@ -35,7 +38,7 @@ def main():
                 missing.append(f"{PAGE}: {name} of {table}")
             if f"`{name}`" not in document:
                 missing.append(f"{DOCUMENT}: {name} of {table}")
-    if found < 10:
+    if found < 20:
         missing.append(f"only {found} keys found: do the tables have another form?")
     print("\n".join(missing) or f"{found} keys, all listed")
     return 1 if missing else 0
