@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
+#include <QWebEngineSettings>
 #include <QWebEngineView>
 
 namespace {
@@ -34,6 +35,8 @@ private:
     void Open() {
         auto* view = new QWebEngineView;
         view->setPage(new QWebEnginePage(&profile_, view));
+        // The keyboard stays in the row, as in the program.
+        view->settings()->setAttribute(QWebEngineSettings::FocusOnNavigationEnabled, false);
         stack_.addWidget(view);
         stack_.setCurrentWidget(view);
         view->load(QUrl(address_.text()));
