@@ -149,6 +149,7 @@ void EnginePage::TryAgain() {
 
 // The user, or the program for one, sends the page somewhere.
 void EnginePage::Begin() {
+    on_refusal_.clear();
     if (notice_ != nullptr) notice_->hide();
     chrome_->OnBegin();
     page_->RenewQuotas();
@@ -243,6 +244,8 @@ void EnginePage::CheckCommit() {
 }
 
 void EnginePage::TellCommit() {
+    // The way on https was open; what fails later is another matter.
+    on_refusal_.clear();
     commit_told_ = true;
     chrome_->OnDocument();
     if (listener_ != nullptr) listener_->OnNavigateComplete(LocationURL());
