@@ -114,9 +114,12 @@ void HandOffRoom::OnTrigger() {
 }
 
 void HandOffRoom::mnuOpenMediaFile_Click() {
+    OpenFiles(ports_.dialogs.OpenFiles("Open Media File", "Media files", kOfferedEndings));
+}
+
+void HandOffRoom::OpenFiles(const std::vector<std::string>& native_paths) {
     std::string command;
-    for (const std::string& file :
-         ports_.dialogs.OpenFiles("Open Media File", "Media files", kOfferedEndings)) {
+    for (const std::string& file : native_paths) {
         if (!command.empty()) command += ' ';
         command.append(kQuote).append(base::QuoteFree(ports_.files.FromNative(file))).append(kQuote);
     }

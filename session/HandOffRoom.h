@@ -91,6 +91,8 @@ public:
     void Prepare();
     /// Puts the command line into the mailbox and processes it.
     void Deliver(std::string_view command);
+    /// Opens media files, given by native paths, as a later start with them would.
+    void OpenFiles(const std::vector<std::string>& native_paths);
 
 private:
     // ports::HandOffListener

@@ -99,6 +99,8 @@ public:
     void Exit() { session_.Exit(); }
     /// The system wants the program to end: as an exit, without the question.
     void EndSession() { session_.EndSession(); }
+    /// Plays or cues media files, given by native paths, as a later start with them would.
+    void OpenFiles(const std::vector<std::string>& native_paths) { hand_off_.OpenFiles(native_paths); }
 
     // roles::Start
     bool IsLoading() const override { return start_up_.IsLoading(); }

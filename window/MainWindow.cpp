@@ -81,6 +81,12 @@ void MainWindow::Start() {
     windows_.frmBrowser.LoadWindow();
 }
 
+void MainWindow::AddToLibrary(const std::string& file) {
+    if (!state_.session.LoggedIn || !state_.session.FirstLoadDone) return;
+    library_.Intake().AddMediaFromCommand(ports_.files.FromNative(file));
+    library_.Lists().Command1();
+}
+
 void MainWindow::End() {
     session_.EndSession();
 }

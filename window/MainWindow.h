@@ -88,6 +88,12 @@ public:
     /// Ends the program as an exit does, asking nothing.
     void End();
 
+    // What a page's own area offers; files are native paths.
+    /// Takes a media file into the library. Nothing happens while nobody is logged in.
+    void AddToLibrary(const std::string& file);
+    void Play(const std::string& file) { session_.OpenFiles({file}); }
+    void AddPageToFavourites() { places_.Favourites().AddPageInFront(); }
+
     /// For tests and the program's outer shell.
     const State& Known() const { return state_; }
     /// Favourites from and for other browsers; the settings page of the pages asks for it.
