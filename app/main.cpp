@@ -6,10 +6,13 @@
 
 #include <QIcon>
 #include <QSocketNotifier>
+#include <QStandardPaths>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/dbus/BusMessenger.h"
@@ -33,6 +36,7 @@
 #include "platform/qt/Screen.h"
 #include "platform/sqlite/SqliteDatabase.h"
 #include "platform/webengine/PageModule.h"
+#include "platform/webengine/SpellCheck.h"
 #include "web/Addresses.h"
 #include "window/MainWindow.h"
 
@@ -45,13 +49,20 @@ std::string FolderOf(const std::string& file) {
     return std::filesystem::path(file).parent_path().string();
 }
 
-std::string DownloadFolder() {
-    const char* const home = std::getenv("HOME");
-    const std::filesystem::path downloads =
-        std::filesystem::path(home != nullptr ? home : "/tmp") / "Downloads";
-    std::error_code ignored_when_it_is_there;
-    std::filesystem::create_directories(downloads, ignored_when_it_is_there);
-    return downloads.string();
+/// The pages come when the first one is wanted, which is after the main window is there.
+webengine::PageSettings SettingsOfPages(std::function<std::string(std::string_view)> to_native,
+                                        ports::NoticeBoard& notices, window::MainWindow* const& house) {
+    return {
+        .download_folder = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation).toStdString(),
+        .to_native_path = std::move(to_native),
+        .add_to_library = [&house](const std::string& file) { house->AddToLibrary(file); },
+        .play = [&house](const std::string& file) { house->Play(file); },
+        .import_favourites = [&house](std::string_view bytes) { return house->Favourites().Import(bytes); },
+        .export_favourites = [&house] { return house->Favourites().Export(); },
+        .notices = &notices,
+        .search_form = web::SearchAddress(webengine::kSearchWords),
+        .add_to_favourites = [&house] { house->AddPageToFavourites(); },
+        .dictionary_folder = webengine::DictionaryFolder().toStdString()};
 }
 
 int NoDisplay(const std::string& what) {
@@ -120,15 +131,8 @@ int RunProgram(int argc, char** argv) {
     dbus::BusNotices notices(bus);
 
     window::Windows windows(files);
-    // The pages come when the first one is wanted, which is after the main window is there.
     window::MainWindow* house = nullptr;
-    const webengine::PageSettings pages{
-        .download_folder = DownloadFolder(),
-        .to_native_path = to_native,
-        .import_favourites = [&house](std::string_view bytes) { return house->Favourites().Import(bytes); },
-        .export_favourites = [&house] { return house->Favourites().Export(); },
-        .notices = &notices,
-        .search_form = web::SearchAddress(webengine::kSearchWords)};
+    const webengine::PageSettings pages = SettingsOfPages(to_native, notices, house);
     qt::Screen screen(loop,
                       {folder, from_native, [&folder, &pages] { return webengine::LoadPages(folder, pages); },
                        [&folder] { return webengine::EngineVersion(folder); }});

@@ -3,7 +3,6 @@
 #include <QTimer>
 #include <QWebEngineView>
 
-#include "platform/webengine/PageBars.h"
 #include "platform/webengine/ShownText.h"
 
 namespace webengine {
@@ -49,8 +48,14 @@ QString NewsOf(const Download& download, const QString& name) {
 
 }  // namespace
 
+// A window that was opened for a download alone is gone by the time it is done.
+PageBars* DownloadBars::AreaFor(QWebEnginePage* page) const {
+    PageBars* const own = BarsOf(page);
+    return own != nullptr && own->isVisible() ? own : in_front_();
+}
+
 void DownloadBars::Tell(QWebEnginePage* page, const Download& download) {
-    PageBars* const bars = BarsOf(page);
+    PageBars* const bars = AreaFor(page);
     if (bars == nullptr) return;
     const int id = download.id;
     const QString name = CutInTheMiddle(VisibleText(download.Name()), kMostName);

@@ -116,9 +116,7 @@ void Downloads::Take(Request& request) {
     download.begun = QDateTime::currentDateTimeUtc();
     download.path = expected.path.isEmpty() ? PathFor(request.suggestedFileName()) : expected.path;
     if (download.path.isEmpty()) {
-        download.path = QDir(Folder()).filePath(CleanDownloadName(request.suggestedFileName()));
-        download.state = DownloadState::Failed;
-        download.why = tr("The folder %1 cannot be written.").arg(Folder());
+        FailForFolder(download, request.suggestedFileName());
         request.cancel();
     } else {
         Place(request, download);
@@ -209,6 +207,12 @@ QString Downloads::PathFor(const QString& suggested_name) {
     if (!IsWritableFolder(folder)) return {};
     const QString name = FreeDownloadName(folder, CleanDownloadName(suggested_name), list_.Promised());
     return EndsInside(folder, name) ? QDir(folder).filePath(name) : QString();
+}
+
+void Downloads::FailForFolder(Download& download, const QString& suggested_name) const {
+    download.path = QDir(Folder()).filePath(CleanDownloadName(suggested_name));
+    download.state = DownloadState::Failed;
+    download.why = tr("The folder %1 cannot be written.").arg(Folder());
 }
 
 void Downloads::Place(Request& request, Download& download) const {
@@ -390,12 +394,14 @@ void Downloads::RemoveThoseOver() {
     Saved();
 }
 
-Download Downloads::BeginOwn(const QString& suggested_name) {
+Download Downloads::BeginOwn(const QString& suggested_name, QWebEnginePage* page) {
     Download download;
     download.path = PathFor(suggested_name);
     download.begun = QDateTime::currentDateTimeUtc();
-    if (download.path.isEmpty()) return download;
+    if (download.path.isEmpty()) FailForFolder(download, suggested_name);
     download.id = list_.Add(download);
+    running_[download.id].page = page;
+    if (!download.IsActive()) Tell(download);
     Saved();
     return download;
 }
@@ -406,6 +412,8 @@ void Downloads::EndOwn(int id, bool ok) {
     download->state = ok ? DownloadState::Done : DownloadState::Failed;
     download->received = QFileInfo(download->path).size();
     if (!ok) download->why = tr("The file could not be written.");
+    Tell(*download);
+    running_.erase(id);
     Saved();
 }
 

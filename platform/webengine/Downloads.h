@@ -69,9 +69,9 @@ public:
     /// Allows what was refused, and more of it.
     void AllowMore(QWebEnginePage* page);
 
-    /// A file that the program makes itself: its id and path, in the list at once. Id 0: the folder cannot be
-    /// written.
-    Download BeginOwn(const QString& suggested_name);
+    /// A file that the program makes itself of a page: its id and path, in the list at once. One that cannot
+    /// be written has failed already.
+    Download BeginOwn(const QString& suggested_name, QWebEnginePage* page);
     void EndOwn(int id, bool ok);
 
     /// The list or a row of it changed.
@@ -101,6 +101,7 @@ private:
     bool TakeExpected(const QUrl& address, Expected& expected);
     /// Empty when the folder cannot be written.
     QString PathFor(const QString& suggested_name);
+    void FailForFolder(Download& download, const QString& suggested_name) const;
     void Place(QWebEngineDownloadRequest& request, Download& download) const;
     int Enter(Download download, int again);
     void Follow(QWebEngineDownloadRequest& request, int id);

@@ -18,6 +18,7 @@
 #include "platform/webengine/LimitedPage.h"
 #include "platform/webengine/MakerPages.h"
 #include "platform/webengine/PageSettings.h"
+#include "platform/webengine/PageTools.h"
 #include "platform/webengine/SiteChoices.h"
 #include "platform/webengine/SiteNotices.h"
 
@@ -35,14 +36,19 @@ public:
 private:
     void MakeProfile();
     void EndPages();
+    void CheckSpelling();
+    PageBars* AreaInFront() const;
+    QWebEngineProfile* ToolsProfile();
 
     PageSettings settings_;
     SiteChoices choices_;
     FavouritesFile favourites_file_{settings_};
     MakerPages maker_pages_{choices_, favourites_file_.Errands()};
     SiteNotices notices_{choices_, settings_.notices};
+    std::unique_ptr<QWebEngineProfile> tools_profile_;
     std::unique_ptr<QWebEngineProfile> profile_;
     std::vector<std::unique_ptr<EnginePage>> pages_;
+    std::vector<std::unique_ptr<PageTools>> tools_;
     Quota windows_{kMostWindows};
     Downloads downloads_;
     std::unique_ptr<DownloadsWindow> downloads_window_;

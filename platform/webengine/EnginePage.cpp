@@ -180,7 +180,10 @@ void EnginePage::WorkOnDocument(const std::vector<ports::ElementStep>& steps) {
 }
 
 void EnginePage::OnFrame(const QUrl& url) {
-    if (url.scheme() != QLatin1String("about")) frames_.push_back(url);
+    // The engine shows a PDF in frames of its own.
+    const QString scheme = url.scheme();
+    if (scheme != QLatin1String("about") && scheme != QLatin1String("chrome-extension"))
+        frames_.push_back(url);
 }
 
 QWebEnginePage* EnginePage::OnWindowWanted(ports::WindowPlace place) {

@@ -27,6 +27,7 @@
 namespace webengine {
 
 class LimitedPage;
+class PageTools;
 
 class EnginePage final : public QObject, public ports::BrowserControl {
 public:
@@ -61,6 +62,9 @@ public:
     LimitedPage& Page() const { return *page_; }
     /// What is shown around the page. Null as Bars is.
     PageChrome* Chrome() const { return chrome_.get(); }
+    /// What the user can do with the page; null without.
+    PageTools* Tools() const { return tools_; }
+    void SetTools(PageTools* tools) { tools_ = tools; }
 
 private:
     void MakeChrome(SiteChoices& choices);
@@ -85,6 +89,7 @@ private:
     QPointer<QWebEngineView> view_;
     QPointer<Notice> notice_;
     LimitedPage* page_ = nullptr;
+    PageTools* tools_ = nullptr;
     const PageSettings& settings_;
     const SiteChoices& choices_;
     std::unique_ptr<PageChrome> chrome_;

@@ -1,7 +1,6 @@
 #include "platform/webengine/LimitedPage.h"
 
 #include <QAuthenticator>
-#include <QWebEngineFullScreenRequest>
 #include <QWebEngineQuotaRequest>
 #include <QWebEngineRegisterProtocolHandlerRequest>
 
@@ -26,8 +25,6 @@ LimitedPage::LimitedPage(const PageShare& share, EnginePage& owner)
 }
 
 void LimitedPage::RefuseRequests() {
-    connect(this, &QWebEnginePage::fullScreenRequested, this,
-            [](QWebEngineFullScreenRequest request) { request.reject(); });
     connect(this, &QWebEnginePage::quotaRequested, this,
             [](QWebEngineQuotaRequest request) { request.reject(); });
     connect(this, &QWebEnginePage::registerProtocolHandlerRequested, this,

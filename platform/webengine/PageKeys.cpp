@@ -2,6 +2,7 @@
 
 #include "controls/Control.h"
 #include "platform/webengine/EnginePage.h"
+#include "platform/webengine/PageTools.h"
 
 namespace webengine {
 
@@ -64,14 +65,33 @@ struct PageKey {
     bool (*act)(EnginePage&);
 };
 
+bool With(EnginePage& page, void (PageTools::*act)()) {
+    if (page.Tools() == nullptr) return false;
+    (page.Tools()->*act)();
+    return true;
+}
+
+constexpr int kF12 = 123;
+
 /// One row a key.
 constexpr PageKey kKeys[] = {
-    {'F', kControl, OpenFind},          {kF3, kPlain, FindNext},
-    {kF3, kShift, FindPrevious},        {kPlus, kControl, ZoomIn},
-    {kPlus, kControlShift, ZoomIn},     {kPadPlus, kControl, ZoomIn},
-    {kMinus, kControl, ZoomOut},        {kPadMinus, kControl, ZoomOut},
-    {'0', kControl, ZoomAsUsual},       {kPadZero, kControl, ZoomAsUsual},
-    {'L', kControlShift, ShowSecurity}, {controls::kKeyEscape, kPlain, Escape},
+    {'F', kControl, OpenFind},
+    {kF3, kPlain, FindNext},
+    {kF3, kShift, FindPrevious},
+    {kPlus, kControl, ZoomIn},
+    {kPlus, kControlShift, ZoomIn},
+    {kPadPlus, kControl, ZoomIn},
+    {kMinus, kControl, ZoomOut},
+    {kPadMinus, kControl, ZoomOut},
+    {'0', kControl, ZoomAsUsual},
+    {kPadZero, kControl, ZoomAsUsual},
+    {'L', kControlShift, ShowSecurity},
+    {controls::kKeyEscape, kPlain, Escape},
+    {'J', kControl, [](EnginePage& page) { return With(page, &PageTools::ShowDownloads); }},
+    {'P', kControl, [](EnginePage& page) { return With(page, &PageTools::Print); }},
+    {'S', kControl, [](EnginePage& page) { return With(page, &PageTools::SavePage); }},
+    {'U', kControl, [](EnginePage& page) { return With(page, &PageTools::ShowSource); }},
+    {kF12, kPlain, [](EnginePage& page) { return With(page, &PageTools::ToggleDeveloperTools); }},
 };
 
 }  // namespace

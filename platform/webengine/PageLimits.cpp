@@ -11,7 +11,10 @@ void LimitSettings(QWebEngineSettings& settings) {
     settings.setAttribute(Settings::JavascriptCanOpenWindows, true);
     settings.setAttribute(Settings::JavascriptCanAccessClipboard, false);
     settings.setAttribute(Settings::ScreenCaptureEnabled, false);
-    settings.setAttribute(Settings::FullScreenSupportEnabled, false);
+    settings.setAttribute(Settings::FullScreenSupportEnabled, true);
+    // The engine's own view of PDF files is the only plugin there is.
+    settings.setAttribute(Settings::PluginsEnabled, true);
+    settings.setAttribute(Settings::PdfViewerEnabled, true);
     settings.setAttribute(Settings::HyperlinkAuditingEnabled, false);
     settings.setAttribute(Settings::DnsPrefetchEnabled, false);
     settings.setAttribute(Settings::WebRTCPublicInterfacesOnly, true);

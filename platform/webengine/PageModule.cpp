@@ -32,13 +32,18 @@ bool HasUserNamespaces() {
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-void SetEngineEnvironment() {
+void SetEngineEnvironment(const PageSettings& settings) {
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", kEngineFlags);
     for (const char* name : {"QTWEBENGINE_REMOTE_DEBUGGING", "QTWEBENGINEPROCESS_PATH",
                              "QTWEBENGINE_RESOURCES_PATH", "QTWEBENGINE_LOCALES_PATH"}) {
         qunsetenv(name);
     }
     if (geteuid() != 0) qunsetenv("QTWEBENGINE_DISABLE_SANDBOX");
+    if (settings.dictionary_folder.empty()) {
+        qunsetenv("QTWEBENGINE_DICTIONARIES_PATH");
+    } else {
+        qputenv("QTWEBENGINE_DICTIONARIES_PATH", QByteArray::fromStdString(settings.dictionary_folder));
+    }
 }
 
 /// Root cannot have a sandbox; whoever starts the program as root may say that pages shall show all the same.
@@ -78,7 +83,7 @@ std::string EngineVersion(const std::string& folder) {
 std::unique_ptr<qt::PageFactory> LoadPages(const std::string& folder, const PageSettings& settings) {
     const std::string reason = WhyNoPages();
     if (!reason.empty()) return std::make_unique<NoticeFactory>(reason);
-    SetEngineEnvironment();
+    SetEngineEnvironment(settings);
     QLibrary module(QString::fromStdString(folder + kModule));
     // The engine cannot be unloaded: threads of it run until the process ends.
     module.setLoadHints(QLibrary::PreventUnloadHint);

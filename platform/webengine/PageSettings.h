@@ -32,6 +32,10 @@ struct PageSettings {
     /// The address of a search as the program makes it, with kSearchWords in the place of the words. Such an
     /// address goes to the service that the user chose.
     std::string search_form{};
+    /// Offers the page in front to be added to the favourites.
+    std::function<void()> add_to_favourites = {};
+    /// Where the dictionaries of the spell check are; empty: none.
+    std::string dictionary_folder = {};
 };
 
 }  // namespace webengine

@@ -24,7 +24,8 @@ webengine::PageSettings SettingsOfTest() {
             .to_native_path = &NativePath,
             .add_to_library = [](const std::string& file) { Intake().push_back("add " + file); },
             .play = [](const std::string& file) { Intake().push_back("play " + file); },
-            .notices = &Notices()};
+            .notices = &Notices(),
+            .add_to_favourites = [] { Intake().push_back("favourite"); }};
 }
 
 void WritePage(const QString& path, const QByteArray& text) {
