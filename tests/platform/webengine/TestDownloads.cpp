@@ -171,7 +171,7 @@ TEST_F(Downloads, ADangerousKindIsKeptOnlyWhenTheUserSaysSo) {
 
     ASSERT_TRUE(Press("Keep owl.desktop"));
 
-    EXPECT_EQ(Files(), QStringList("owl.desktop"));
+    EXPECT_TRUE(WaitFor([&] { return Files() == QStringList("owl.desktop"); }));
     EXPECT_EQ(Button(List(), "Open owl.desktop"), nullptr);
 }
 
