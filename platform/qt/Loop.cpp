@@ -1,5 +1,6 @@
 #include "platform/qt/Loop.h"
 
+#include <QThread>
 #include <array>
 #include <string>
 
@@ -37,14 +38,19 @@ void Loop::EndHandler() {
     if (update_) update_();
 }
 
-void Loop::BeginEvent() {
-    if (depth_++ == 0) handler_begin_ = std::chrono::steady_clock::now();
+// A loop that was begun inside a handler without a guard of ours is none the less one that a user works in.
+Loop::Delivery::Delivery(Loop& loop) : loop_(loop) {
+    const int level = QThread::currentThread()->loopLevel();
+    if (loop_.depth_ > 0 && level > loop_.level_) foreign_loop_.emplace(loop_);
+    if (loop_.depth_++ > 0) return;
+    loop_.level_ = level;
+    loop_.handler_begin_ = std::chrono::steady_clock::now();
 }
 
-void Loop::EndEvent() {
-    if (--depth_ > 0) return;
-    EndHandler();
-    HidePointer();
+Loop::Delivery::~Delivery() {
+    if (--loop_.depth_ > 0) return;
+    loop_.EndHandler();
+    loop_.HidePointer();
 }
 
 void Loop::ShowPointer(Qt::CursorShape shape) {
@@ -62,6 +68,7 @@ void Loop::HidePointer() {
 Loop::Nested::Nested(Loop& loop, Pointer pointer)
     : loop_(loop),
       outer_depth_(loop.depth_),
+      outer_level_(loop.level_),
       outer_begin_(loop.handler_begin_),
       outer_pointer_(loop.pointer_),
       hidden_(pointer == Pointer::Common) {
@@ -73,6 +80,7 @@ Loop::Nested::Nested(Loop& loop, Pointer pointer)
 
 Loop::Nested::~Nested() {
     loop_.depth_ = outer_depth_;
+    loop_.level_ = outer_level_;
     // What a person takes for an answer is no work of the handler's.
     loop_.handler_begin_ = hidden_ ? std::chrono::steady_clock::now() : outer_begin_;
     if (hidden_ && outer_pointer_) {
@@ -119,10 +127,10 @@ Application::Application(const char* program, Loop& loop)
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
-    loop_.BeginEvent();
-    const bool handled = QApplication::notify(receiver, event);
-    loop_.EndEvent();
-    return handled;
+    // Threads of the toolkit deliver their own.
+    if (QThread::currentThread() != thread()) return QApplication::notify(receiver, event);
+    const Loop::Delivery delivery(loop_);
+    return QApplication::notify(receiver, event);
 }
 
 }  // namespace qt

@@ -3,6 +3,7 @@
 // Order at the end of a handler: first the work that hangs on handlers (it writes what the handler changed),
 // then the screen catches up with the controls. Both happen when the outermost event that Qt delivers has
 // been handled, and at the start of every yield and every box, whose inner events count as outermost again.
+// So do those of a loop that the toolkit or the page engine runs inside an event: a box of a page, a drag.
 //
 // A handler that still yields after a fifth of a second has the hourglass beside the pointer from then on;
 // one that said it would be long has the hourglass in its place. Both last until that handler ends, and a box
@@ -52,6 +53,7 @@ public:
     private:
         Loop& loop_;
         int outer_depth_;
+        int outer_level_;
         std::chrono::steady_clock::time_point outer_begin_;
         std::optional<Qt::CursorShape> outer_pointer_;
         bool hidden_;
@@ -59,8 +61,18 @@ public:
 
 private:
     friend class Application;
-    void BeginEvent();
-    void EndEvent();
+    /// Around the delivery of every event.
+    class Delivery {
+    public:
+        explicit Delivery(Loop& loop);
+        ~Delivery();
+        Delivery(const Delivery&) = delete;
+        Delivery& operator=(const Delivery&) = delete;
+
+    private:
+        Loop& loop_;
+        std::optional<Nested> foreign_loop_;
+    };
     void EndHandler();
     void ShowPointer(Qt::CursorShape shape);
     void HidePointer();
@@ -71,6 +83,7 @@ private:
     std::chrono::steady_clock::time_point handler_begin_{};
     std::optional<Qt::CursorShape> pointer_;  // that the running handler shows
     int depth_ = 0;
+    int level_ = 0;  // of the toolkit's loops, where the outermost event was delivered
     int exit_code_ = 0;
     bool in_end_ = false;
     bool ending_ = false;

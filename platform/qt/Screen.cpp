@@ -17,6 +17,7 @@
 #include "controls/ProgressBar.h"
 #include "controls/TextBox.h"
 #include "controls/Timer.h"
+#include "platform/qt/Covering.h"
 #include "platform/qt/FormMirror.h"
 #include "platform/qt/Geometry.h"
 #include "platform/qt/ImageMirror.h"
@@ -180,6 +181,7 @@ void Screen::CatchUp() {
         CatchUpLate(changed);
     }
     if (std::exchange(has_newcomers_, false)) OrderTabsAgain();
+    SayWhatIsSeen();
     ApplyShape();
     catching_up_ = false;
 }
@@ -189,6 +191,19 @@ void Screen::OrderTabsAgain() {
     for (FormMirror* form : forms_) {
         if (form->WasShown()) PutInTabOrder(*this, form->Window());
     }
+}
+
+void Screen::OnCoverMoved(const controls::Control& control) {
+    const controls::Container* place = control.Parent();
+    const bool known =
+        std::find(cover_moved_in_.begin(), cover_moved_in_.end(), place) != cover_moved_in_.end();
+    if (place != nullptr && !known) cover_moved_in_.push_back(place);
+}
+
+// Pages are woken and put to rest once, by the order that a handler leaves, and not for each step of it.
+void Screen::SayWhatIsSeen() {
+    for (const controls::Container* place : std::exchange(cover_moved_in_, {}))
+        SayWhichPagesAreSeen(*place);
 }
 
 void Screen::ShapeMainWindow(QRegion shape) {

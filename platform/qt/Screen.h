@@ -76,6 +76,7 @@ private:
     Loop& Events() override { return loop_; }
     std::string DriveForm(const std::string& native_path) const override;
     void WantPage(controls::WebBrowser& browser, QWidget& place) override { pages_.Want(browser, place); }
+    void OnCoverMoved(const controls::Control& control) override;
     QWidget* MainWindow() const override;
     void OnMainWindowShown(QWidget& main_window) override;
     bool IsBeneath(const controls::Form& form) const override;
@@ -87,6 +88,7 @@ private:
 
     std::unique_ptr<Mirror> MakeMirror(controls::Control& control, QWidget* container);
     void RealiseNext();
+    void SayWhatIsSeen();
     void CatchUpLate(const std::vector<Mirror*>& changed);
     void ApplyShape();
     void OrderTabsAgain();
@@ -99,6 +101,7 @@ private:
     std::unordered_map<const controls::Control*, std::unique_ptr<Mirror>> mirrors_;
     std::vector<Mirror*> changed_;
     std::uint64_t changes_ = 0;
+    std::vector<const controls::Container*> cover_moved_in_;
     controls::Form* active_ = nullptr;
     std::optional<QRegion> shape_;
     std::optional<std::string> users_wish_;

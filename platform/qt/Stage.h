@@ -36,6 +36,9 @@ public:
     /// An engine for the control, at once where that is allowed already; its page is put into `place`.
     virtual void WantPage(controls::WebBrowser& browser, QWidget& place) = 0;
 
+    /// A page, or what may cover one, came, went or moved.
+    virtual void OnCoverMoved(const controls::Control& control) = 0;
+
     /// The window that others are centred over; null when it is not to be seen.
     virtual QWidget* MainWindow() const = 0;
     /// The main window comes to be seen: what stays in front of it lies over it from now on.

@@ -66,6 +66,11 @@ protected:
     }
 };
 
+bool MovesCover(Property property) {
+    return property == Property::Visible || property == Property::Geometry || property == Property::ZOrder ||
+           property == Property::Parent;
+}
+
 void FillWithChildren(const QWidget& place) {
     for (QObject* child : place.children()) {
         if (auto* page = qobject_cast<QWidget*>(child)) page->setGeometry(place.rect());
@@ -83,6 +88,11 @@ FrameMirror::FrameMirror(Stage& stage, controls::Frame& frame, QWidget* containe
     : WidgetMirror(stage, frame) {
     SetWidget(new FrameView(frame, container));
     MirrorChildren(stage, frame, Widget());
+}
+
+void FrameMirror::Apply(Property property) {
+    WidgetMirror::Apply(property);
+    if (MovesCover(property)) stage_.OnCoverMoved(Mirrored());
 }
 
 PictureBoxMirror::PictureBoxMirror(Stage& stage, controls::PictureBox& box, QWidget* container)
@@ -124,6 +134,7 @@ BrowserMirror::~BrowserMirror() {
 
 void BrowserMirror::Apply(Property property) {
     if (property != Property::Value) WidgetMirror::Apply(property);
+    if (MovesCover(property)) stage_.OnCoverMoved(browser_);
     if (browser_.Engine() != nullptr) return;
     const bool is_popup = property == Property::Value && browser_.WaitingAddress().empty();
     if (is_popup) stage_.WantPage(browser_, *Widget());

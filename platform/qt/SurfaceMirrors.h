@@ -14,6 +14,9 @@ void MirrorChildren(Stage& stage, controls::Container& container, QWidget* insid
 class FrameMirror final : public WidgetMirror {
 public:
     FrameMirror(Stage& stage, controls::Frame& frame, QWidget* container);
+
+private:
+    void Apply(controls::Property property) override;
 };
 
 class PictureBoxMirror final : public WidgetMirror {

@@ -82,8 +82,8 @@ void EngineFactory::ForgetVisits() {
 }
 
 ports::BrowserControl* EngineFactory::MakePage(controls::WebBrowser& /*browser*/, QWidget* parent) {
-    pages_.push_back(
-        std::make_unique<EnginePage>(PageShare{profile_.get(), settings_, windows_, choices_}, parent));
+    pages_.push_back(std::make_unique<EnginePage>(
+        PageShare{profile_.get(), settings_, windows_, choices_, rest_}, parent));
     EnginePage& made = *pages_.back();
     tools_.push_back(std::make_unique<PageTools>(
         made,

@@ -47,6 +47,7 @@ private:
     SiteNotices notices_{choices_, settings_.notices};
     std::unique_ptr<QWebEngineProfile> tools_profile_;
     std::unique_ptr<QWebEngineProfile> profile_;
+    RestHouse rest_{settings_.rest};
     std::vector<std::unique_ptr<EnginePage>> pages_;
     std::vector<std::unique_ptr<PageTools>> tools_;
     Quota windows_{kMostWindows};

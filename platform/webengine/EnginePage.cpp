@@ -1,7 +1,9 @@
 #include "platform/webengine/EnginePage.h"
 
 #include <QTimer>
+#include <QWebEngineDownloadRequest>
 #include <QWebEngineScript>
+#include <utility>
 
 #include "base/Text.h"
 #include "platform/webengine/AddressCompletion.h"
@@ -11,6 +13,7 @@
 #include "platform/webengine/PageKeys.h"
 #include "platform/webengine/PageLimits.h"
 #include "platform/webengine/SearchEngines.h"
+#include "platform/webengine/UserInput.h"
 
 namespace webengine {
 
@@ -18,12 +21,19 @@ namespace {
 
 constexpr int kBadAddress = -300;
 constexpr int kRendererGone = -1000;
+/// A title that is longer than any place shows is a page's attack on the places.
+constexpr qsizetype kLongestTitle = 200;
 
 /// The engine's stand-in title of a document without one is its address without the scheme.
 bool IsStandInTitle(const QString& title, const QUrl& location) {
     const QString whole = location.toString();
     return title.isEmpty() || whole == title || whole.endsWith(QStringLiteral("://") + title) ||
            whole.endsWith(QStringLiteral("://") + title + QLatin1Char('/')) || title == location.fileName();
+}
+
+QString ShortTitle(const QString& title) {
+    if (title.size() <= kLongestTitle) return title;
+    return title.left(kLongestTitle - (title[kLongestTitle - 1].isHighSurrogate() ? 1 : 0));
 }
 
 /// A server that answers "not found" with a page of its own: the engine calls that a failure, but the page is
@@ -53,10 +63,17 @@ EnginePage::EnginePage(const PageShare& share, QWidget* parent)
     page_ = new LimitedPage(share, *this);
     page_->setParent(view_);
     LimitSettings(*page_->settings());
+    rest_ = new PageRest(*page_, share.rest);
+    WatchUser();
     view_->setPage(page_);
     new ClipboardGate(*view_, *page_->settings());
     bars_->SetPage(view_);
     MakeChrome(share.choices);
+    ConnectPage(*share.profile);
+    bars_->show();
+}
+
+void EnginePage::ConnectPage(QWebEngineProfile& profile) {
     connect(page_, &QWebEnginePage::loadingChanged, this,
             [this](const QWebEngineLoadingInfo& info) { OnLoading(info); });
     connect(page_, &QWebEnginePage::urlChanged, this, [this](const QUrl& url) { OnUrlChanged(url); });
@@ -64,7 +81,21 @@ EnginePage::EnginePage(const PageShare& share, QWidget* parent)
     connect(page_, &QWebEnginePage::titleChanged, this, [this] { OnTitleChanged(); });
     connect(page_, &QWebEnginePage::renderProcessTerminated, this,
             [this](QWebEnginePage::RenderProcessTerminationStatus status, int) { OnRendererGone(status); });
-    bars_->show();
+    connect(page_, &QWebEnginePage::windowCloseRequested, this, [this] { OnWindowClosing(); });
+    connect(&profile, &QWebEngineProfile::downloadRequested, this,
+            [this](const QWebEngineDownloadRequest* download) {
+                // A window that became nothing but a download.
+                if (view_ != nullptr && download->page() == page_ && location_.isEmpty()) OnWindowClosing();
+            });
+}
+
+void EnginePage::WatchUser() {
+    rest_->is_busy = [this] { return busy_; };
+    rest_->waking = [this] { waking_ = true; };
+    auto* input = new UserInput(*view_);
+    input->pressed = [this] { page_->RenewByHand(); };
+    input->wrote = [this] { rest_->OnWritten(); };
+    input->chooser_coming = [this](QColorDialog& chooser) { page_->LimitChooser(chooser); };
 }
 
 void EnginePage::MakeChrome(SiteChoices& choices) {
@@ -128,6 +159,7 @@ void EnginePage::GoForward() {
 }
 
 void EnginePage::Refresh() {
+    if (location_.isEmpty()) TryAgain();
     if (view_ == nullptr || location_.isEmpty()) return;
     Begin();
     page_->triggerAction(QWebEnginePage::Reload);
@@ -135,6 +167,14 @@ void EnginePage::Refresh() {
 
 void EnginePage::Stop() {
     if (view_ != nullptr) page_->triggerAction(QWebEnginePage::Stop);
+}
+
+// What is hidden may rest, and what rests no longer may be seen.
+void EnginePage::SetSeen(ports::PageSeen seen) {
+    if (view_ == nullptr) return;
+    if (seen != ports::PageSeen::InFront) bars_->hide();
+    rest_->SetSeen(seen);
+    if (seen == ports::PageSeen::InFront) bars_->show();
 }
 
 bool EnginePage::TakeKey(int key_code, int shift) {
@@ -153,9 +193,11 @@ void EnginePage::Begin() {
     if (notice_ != nullptr) notice_->hide();
     chrome_->OnBegin();
     page_->RenewQuotas();
+    rest_->Wake();
     ++serial_;
     busy_ = true;
     walking_history_ = false;
+    waking_ = false;
 }
 
 std::string EnginePage::LocationURL() const {
@@ -163,7 +205,7 @@ std::string EnginePage::LocationURL() const {
 }
 
 std::string EnginePage::LocationName() const {
-    return title_.isEmpty() ? LocationURL() : title_.toStdString();
+    return title_.isEmpty() ? LocationURL().substr(0, kLongestTitle) : title_.toStdString();
 }
 
 ports::PageSigns EnginePage::Signs() const {
@@ -190,10 +232,26 @@ QWebEnginePage* EnginePage::OnWindowWanted(ports::WindowPlace place) {
     if (listener_ == nullptr) return nullptr;
     auto* window = dynamic_cast<EnginePage*>(listener_->OnNewWindow(place));
     if (window == nullptr || window == this || window->view_ == nullptr) return nullptr;
+    window->is_popup_ = true;
+    window->rest_->OnTies();
+    rest_->OnTies();
     return window->page_;
 }
 
+// The engine is inside a notification of the page that closes.
+void EnginePage::OnWindowClosing() {
+    if (!is_popup_) return;
+    QTimer::singleShot(0, this, [this] {
+        if (listener_ != nullptr) listener_->OnWindowClosing();
+    });
+}
+
 void EnginePage::OnLoading(const QWebEngineLoadingInfo& info) {
+    if (rest_->IsDiscarded()) {
+        busy_ = false;
+        return;
+    }
+    if (info.status() != QWebEngineLoadingInfo::LoadStartedStatus) rest_->OnLoadEnd();
     switch (info.status()) {
         case QWebEngineLoadingInfo::LoadStartedStatus:
             busy_ = true;
@@ -232,7 +290,9 @@ bool EnginePage::AskWithoutEncryption(const QWebEngineLoadingInfo& info) {
 void EnginePage::OnUrlChanged(const QUrl& url) {
     // Inside a document (an anchor, a pushed state) there is no load: the new address is that of the
     // document.
-    if (!busy_ && !location_.isEmpty()) location_ = url;
+    if (busy_ || location_.isEmpty() || url.isEmpty() || url == location_ || rest_->IsDiscarded()) return;
+    location_ = url;
+    moves_inside_.Want();
 }
 
 // While a new document loads, the engine shows its address ahead of it; the history has it from the moment on
@@ -243,6 +303,7 @@ void EnginePage::CheckCommit() {
     if (committed.isEmpty() || committed != page_->url()) return;
     location_ = committed;
     title_.clear();
+    titles_.Forget();
     TellCommit();
 }
 
@@ -251,26 +312,46 @@ void EnginePage::TellCommit() {
     on_refusal_.clear();
     commit_told_ = true;
     chrome_->OnDocument();
+    told_ = location_;
+    moves_inside_.Forget();
+    rest_->OnDocument();
     if (listener_ != nullptr) listener_->OnNavigateComplete(LocationURL());
 }
 
 void EnginePage::OnTitleChanged() {
     CheckCommit();
-    if (location_.isEmpty() || (busy_ && !commit_told_)) return;
-    TellTitle();
+    if (location_.isEmpty() || rest_->IsDiscarded() || (busy_ && !commit_told_)) return;
+    titles_.Want();
 }
 
 void EnginePage::TellTitle() {
     const QString title = page_->title();
-    title_ = IsStandInTitle(title, location_) ? QString() : title;
+    title_ = IsStandInTitle(title, location_) ? QString() : ShortTitle(title);
     if (listener_ != nullptr) listener_->OnTitleChange(LocationName());
+}
+
+void EnginePage::TellInside() {
+    told_ = location_;
+    if (listener_ == nullptr) return;
+    listener_->OnTitleChange(LocationName());
+    listener_->OnNavigateComplete(LocationURL());
+}
+
+// A page that was discarded is loaded again to be seen: it never was away, so no visit is told.
+bool EnginePage::IsBackAgain() {
+    if (!std::exchange(waking_, false) || page_->url() != location_) return false;
+    frames_.clear();
+    commit_told_ = true;
+    if (!IsStandInTitle(page_->title(), location_) && ShortTitle(page_->title()) != title_) titles_.Act();
+    return true;
 }
 
 void EnginePage::Arrive() {
     busy_ = false;
-    location_ = page_->url();
     walking_history_ = false;
-    TellTitle();
+    if (IsBackAgain()) return;
+    location_ = page_->url();
+    titles_.Act();
     TellArrivals();
 }
 
@@ -280,14 +361,20 @@ void EnginePage::TellArrivals() {
     for (const QUrl& frame : frames) {
         if (listener_ != nullptr) listener_->OnNavigateComplete(frame.toEncoded().toStdString());
     }
-    if (!commit_told_) TellCommit();
+    if (!commit_told_) {
+        TellCommit();
+    } else if (told_ != location_) {
+        TellInside();
+    }
 }
 
 void EnginePage::Fail(const QUrl& url, int code) {
     busy_ = false;
     walking_history_ = false;
+    waking_ = false;
     frames_.clear();
     if (code != kRendererGone) chrome_->OnFailed(url, code, !location_.isEmpty());
+    if (code != kBadAddress && code != kRendererGone) asked_ = url;
     if (listener_ != nullptr) listener_->OnNavigateError(url.toEncoded().toStdString(), code);
 }
 

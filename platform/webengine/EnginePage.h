@@ -2,9 +2,10 @@
 //
 // Invariants. The address reported is that of the document shown, never of one on its way. A document counts
 // as arrived when the engine has put it in the place of the old one, even if pictures still come; it is
-// reported once. A navigation that fails leaves what was there: with its error pages off, the engine drops
-// it. How often a page may bother the user is limited. A renderer that died is restarted once automatically;
-// after that a notice offers to.
+// reported once. A navigation inside a document (an anchor, a pushed state) is reported when nothing loads. A
+// navigation that fails leaves what was there: with its error pages off, the engine drops it. Titles and such
+// navigations are reported only a few times a second, the last one always. How often a page may bother the
+// user is limited. A renderer that died is restarted once automatically; after that a notice offers to.
 #pragma once
 
 #include <QPointer>
@@ -19,6 +20,7 @@
 #include <vector>
 
 #include "platform/webengine/NoticePage.h"
+#include "platform/webengine/Pace.h"
 #include "platform/webengine/PageBars.h"
 #include "platform/webengine/PageChrome.h"
 #include "platform/webengine/PageShare.h"
@@ -40,6 +42,7 @@ public:
     void GoForward() override;
     void Refresh() override;
     void Stop() override;
+    void SetSeen(ports::PageSeen seen) override;
     bool TakeKey(int key_code, int shift) override;
     std::string LocationURL() const override;
     std::string LocationName() const override;
@@ -48,13 +51,14 @@ public:
     void ShowSecurity() override;
     void WorkOnDocument(const std::vector<ports::ElementStep>& steps) override;
 
-    /// Goes again to the address that was asked for last.
+    /// Goes again to the address that was asked for, or failed, last.
     void TryAgain();
     /// Null after the screen's widget has gone.
     QWebEngineView* View() const { return view_; }
 
     // Notifications of the page to its owner.
     void OnFrame(const QUrl& url);
+    void OnNavigation(QWebEnginePage::NavigationType type) { rest_->OnNavigation(type); }
     QWebEnginePage* OnWindowWanted(ports::WindowPlace place);
     bool IsShown() const { return view_ != nullptr && view_->isVisible(); }
     /// The page's area. Null once the screen has taken it away.
@@ -69,6 +73,9 @@ public:
 private:
     void MakeChrome(SiteChoices& choices);
     void GoTo(const QUrl& address);
+    void ConnectPage(QWebEngineProfile& profile);
+    void WatchUser();
+    void OnWindowClosing();
     void OnLoading(const QWebEngineLoadingInfo& info);
     void Arrive();
     void Begin();
@@ -79,6 +86,8 @@ private:
     void OnUrlChanged(const QUrl& url);
     void OnTitleChanged();
     void TellTitle();
+    void TellInside();
+    bool IsBackAgain();
     void OnRendererGone(QWebEnginePage::RenderProcessTerminationStatus status);
     void Fail(const QUrl& url, int code);
     void TellArrivals();
@@ -90,11 +99,15 @@ private:
     QPointer<Notice> notice_;
     LimitedPage* page_ = nullptr;
     PageTools* tools_ = nullptr;
+    QPointer<PageRest> rest_;
     const PageSettings& settings_;
     const SiteChoices& choices_;
     std::unique_ptr<PageChrome> chrome_;
+    Pace titles_{[this] { TellTitle(); }};
+    Pace moves_inside_{[this] { TellInside(); }};
     ports::BrowserListener* listener_ = nullptr;
     QUrl location_;
+    QUrl told_;
     QString title_;
     std::vector<QUrl> frames_;
     QUrl asked_;
@@ -104,6 +117,8 @@ private:
     bool walking_history_ = false;
     bool commit_told_ = false;
     bool reloaded_by_itself_ = false;
+    bool is_popup_ = false;
+    bool waking_ = false;
 };
 
 }  // namespace webengine

@@ -1,6 +1,9 @@
 #include "platform/webengine/LimitedPage.h"
 
 #include <QAuthenticator>
+#include <QColorDialog>
+#include <QTimer>
+#include <QWebEngineNewWindowRequest>
 #include <QWebEngineQuotaRequest>
 #include <QWebEngineRegisterProtocolHandlerRequest>
 
@@ -21,6 +24,8 @@ LimitedPage::LimitedPage(const PageShare& share, EnginePage& owner)
       owner_(owner),
       windows_(share.windows),
       gate_(*this, share.choices, [this] { return owner_.IsShown() ? owner_.Bars() : nullptr; }) {
+    connect(this, &QWebEnginePage::newWindowRequested, this,
+            [this](QWebEngineNewWindowRequest& request) { OpenWindow(request); });
     RefuseRequests();
 }
 
@@ -40,16 +45,25 @@ bool LimitedPage::MayAsk() {
     return owner_.IsShown() && boxes_.Take();
 }
 
-QWebEnginePage* LimitedPage::createWindow(WebWindowType type) {
-    const auto place =
-        type == WebBrowserBackgroundTab ? ports::WindowPlace::Behind : ports::WindowPlace::InFront;
-    if (gate_.Questions().MayOpenWindows() || windows_.Take()) return owner_.OnWindowWanted(place);
-    gate_.Questions().OnWindowRefused();
-    return nullptr;
+// What the user clicks for is not counted: the engine uses up a click with the first window.
+void LimitedPage::OpenWindow(QWebEngineNewWindowRequest& request) {
+    const bool may = request.isUserInitiated() || gate_.Questions().MayOpenWindows() || windows_.Take();
+    if (!may) {
+        gate_.Questions().OnWindowRefused();
+        return;
+    }
+    const bool behind = request.destination() == QWebEngineNewWindowRequest::InNewBackgroundTab;
+    QWebEnginePage* page =
+        owner_.OnWindowWanted(behind ? ports::WindowPlace::Behind : ports::WindowPlace::InFront);
+    if (page != nullptr) request.openIn(page);
 }
 
-bool LimitedPage::acceptNavigationRequest(const QUrl& url, NavigationType /*type*/, bool is_main_frame) {
-    if (!is_main_frame) owner_.OnFrame(url);
+bool LimitedPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool is_main_frame) {
+    if (is_main_frame) {
+        owner_.OnNavigation(type);
+    } else {
+        owner_.OnFrame(url);
+    }
     return true;
 }
 
@@ -68,7 +82,14 @@ bool LimitedPage::javaScriptPrompt(const QUrl& origin, const QString& text, cons
 
 QStringList LimitedPage::chooseFiles(FileSelectionMode mode, const QStringList& old,
                                      const QStringList& kinds) {
-    return MayAsk() ? QWebEnginePage::chooseFiles(mode, old, kinds) : QStringList();
+    // The engine shows none without a click of the user, so it is not counted.
+    return owner_.IsShown() ? QWebEnginePage::chooseFiles(mode, old, kinds) : QStringList();
+}
+
+void LimitedPage::LimitChooser(QColorDialog& chooser) {
+    if (MayAsk()) return;
+    chooser.setAttribute(Qt::WA_DontShowOnScreen);
+    QTimer::singleShot(0, &chooser, &QDialog::reject);
 }
 
 }  // namespace webengine

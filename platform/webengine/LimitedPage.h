@@ -11,12 +11,15 @@
 #include "platform/webengine/PageShare.h"
 #include "platform/webengine/PermissionGate.h"
 
+class QColorDialog;
+class QWebEngineNewWindowRequest;
+
 namespace webengine {
 
 class EnginePage;
 
-/// How often a page may show the user a box, and how many windows all pages together may open, until the
-/// user does something or half a minute was quiet.
+/// How often a page may show the user a box, and how many windows all pages together may open, without the
+/// user doing anything: a button or a key pressed in a page renews that, as does half a minute without a try.
 inline constexpr int kMostBoxes = 3;
 inline constexpr int kMostWindows = 20;
 
@@ -31,11 +34,18 @@ public:
         gate_.Questions().Renew();
         if (OnRenewed) OnRenewed();
     }
+    /// The user has pressed a button or a key in the page.
+    void RenewByHand() {
+        boxes_.Renew();
+        windows_.Renew();
+        if (OnRenewed) OnRenewed();
+    }
+    /// Sends a colour chooser away that the page may not show now.
+    void LimitChooser(QColorDialog& chooser);
     /// What else is limited begins again, too.
     std::function<void()> OnRenewed;
 
 protected:
-    QWebEnginePage* createWindow(WebWindowType type) override;
     bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool is_main_frame) override;
     void javaScriptAlert(const QUrl& origin, const QString& text) override;
     bool javaScriptConfirm(const QUrl& origin, const QString& text) override;
@@ -48,6 +58,7 @@ protected:
 
 private:
     void RefuseRequests();
+    void OpenWindow(QWebEngineNewWindowRequest& request);
     bool MayAsk();
 
     EnginePage& owner_;

@@ -1,6 +1,8 @@
 // What the program passes to the page module.
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -12,6 +14,16 @@ class NoticeBoard;
 namespace webengine {
 
 inline constexpr std::string_view kSearchWords = "{words}";
+
+/// When pages that the user does not see are discarded; "PageRest.h" says which.
+struct RestTimes {
+    std::chrono::milliseconds covered{std::chrono::minutes(4)};
+    std::chrono::milliseconds closed{std::chrono::minutes(2)};
+    /// So many covered pages stay however long they were covered: those seen last.
+    std::size_t most_covered = 10;
+    /// Of more closed pages than these the ones closed first go at once.
+    std::size_t most_closed = 5;
+};
 
 struct PageSettings {
     /// Where downloads go: the native path of a folder, which is made when it is first needed.
@@ -36,6 +48,7 @@ struct PageSettings {
     std::function<void()> add_to_favourites = {};
     /// Where the dictionaries of the spell check are; empty: none.
     std::string dictionary_folder = {};
+    RestTimes rest = {};
 };
 
 }  // namespace webengine

@@ -3,6 +3,7 @@
 
 #include <QWebEngineProfile>
 
+#include "platform/webengine/PageRest.h"
 #include "platform/webengine/PageSettings.h"
 #include "platform/webengine/Quota.h"
 #include "platform/webengine/SiteChoices.h"
@@ -15,6 +16,7 @@ struct PageShare {
     /// Windows that pages open.
     Quota& windows;
     SiteChoices& choices;
+    RestHouse& rest;
 };
 
 }  // namespace webengine

@@ -137,6 +137,45 @@ TEST_P(BrowserControlContract, RefreshLoadsTheDocumentAgain) {
     EXPECT_EQ(browser.LocationURL(), world->Site + "/plain");
 }
 
+TEST_P(BrowserControlContract, ANavigationInsideADocumentIsToldAsCompleted) {
+    ASSERT_TRUE(Arrive(world->Site + "/inside"));
+
+    ASSERT_TRUE(world->WaitFor([this] { return heard.Completed.size() == 2; }));
+
+    EXPECT_EQ(heard.Completed.back(), world->Site + "/inside#end");
+    EXPECT_EQ(heard.Locations.back(), world->Site + "/inside#end");
+    EXPECT_EQ(browser.LocationName(), "Inside");
+    EXPECT_EQ(heard.Titles.back(), "Inside");
+    EXPECT_FALSE(browser.Busy());
+}
+
+TEST_P(BrowserControlContract, RefreshAsksAgainForAFirstAddressThatFailed) {
+    browser.Navigate(world->DeadSite + "/x");
+    ASSERT_TRUE(world->WaitFor([this] { return !heard.Failed.empty() && !browser.Busy(); }));
+
+    browser.Refresh();
+
+    EXPECT_TRUE(browser.Busy());
+    EXPECT_TRUE(world->WaitFor([this] { return heard.Failed.size() == 2; }));
+    EXPECT_EQ(heard.Failed.back(), world->DeadSite + "/x");
+}
+
+TEST_P(BrowserControlContract, ACoveredAndAClosedPageKeepAddressAndNameAndCanBeSentOn) {
+    ASSERT_TRUE(Arrive(world->Site + "/plain"));
+    ASSERT_TRUE(Arrive(world->Site + "/other"));
+
+    browser.SetSeen(ports::PageSeen::Covered);
+    browser.SetSeen(ports::PageSeen::Closed);
+    EXPECT_EQ(browser.LocationURL(), world->Site + "/other");
+    EXPECT_EQ(browser.LocationName(), "Other words");
+    ASSERT_TRUE(ArriveAgain([this] { browser.Refresh(); }));
+    ASSERT_TRUE(ArriveAgain([this] { browser.GoBack(); }));
+
+    EXPECT_EQ(browser.LocationName(), "Plain words");
+    browser.SetSeen(ports::PageSeen::InFront);
+    EXPECT_EQ(browser.LocationName(), "Plain words");
+}
+
 TEST_P(BrowserControlContract, AFailedNavigationLeavesWhatWasThere) {
     ASSERT_TRUE(Arrive(world->Site + "/plain"));
 

@@ -14,7 +14,8 @@ namespace contracts {
 /// "/plain" is titled "Plain words", "/other" "Other words", "/untitled" has no title, "/frames" is titled
 /// "Frames" and holds "/plain" and "/untitled" in frames, "/pops" opens "/other" in a window of its own,
 /// "/form" is titled "Form" and has a form "theForm" with the inputs "email" and "word" that goes to
-/// "/other". `Local` is a page on the disk titled "Local words". No server answers at `DeadSite`.
+/// "/other"; "/inside" is titled "Inside" and goes to its anchor "#end" automatically. `Local` is a page on
+/// the disk titled "Local words". No server answers at `DeadSite`.
 class BrowserWorld {
 public:
     virtual ~BrowserWorld() = default;

@@ -17,6 +17,7 @@ public:
         web_[Site + "/pops"] = {"Pops", {}, Site + "/other"};
         web_[Site + "/form"] = {"Form", {}, "", {"email", "word"}, "theForm", Site + "/other"};
         web_[Site + "/other?email=owl&word=hoot"] = {"Other words", {}, ""};
+        web_[Site + "/inside"] = {"Inside", {}, "", {}, "", "", "#end"};
         web_[LocalAddress] = {"Local words", {}, ""};
     }
     ports::BrowserControl& Browser() override { return browser_; }

@@ -37,7 +37,11 @@ void FakeBrowserControl::GoForward() {
 
 void FakeBrowserControl::Refresh() {
     Calls.emplace_back("Refresh");
-    if (position_ > 0) Begin(history_[position_ - 1], Way::Again);
+    if (position_ > 0) {
+        Begin(history_[position_ - 1], Way::Again);
+    } else if (!failed_.empty()) {
+        Begin(failed_, Way::New);
+    }
 }
 
 void FakeBrowserControl::Stop() {
@@ -66,10 +70,12 @@ std::string FakeBrowserControl::LocationName() const {
 }
 
 bool FakeBrowserControl::Settle() {
-    if (!busy_) return false;
+    if (!busy_) return GoInside();
     busy_ = false;
+    failed_.clear();
     const auto found = web_.find(wanted_);
     if (found == web_.end()) {
+        failed_ = wanted_;
         if (listener_ != nullptr) listener_->OnNavigateError(wanted_, -105);
         return true;
     }
@@ -86,6 +92,7 @@ void FakeBrowserControl::Arrive(const FakePage& page) {
     if (way_ == Way::Back) --position_;
     if (way_ == Way::Forward) ++position_;
     title_ = page.title;
+    anchor_ = page.anchor;
     if (listener_ == nullptr) return;
     for (const std::string& frame : page.frames)
         listener_->OnNavigateComplete(frame);
@@ -94,6 +101,18 @@ void FakeBrowserControl::Arrive(const FakePage& page) {
     if (page.pop_up.empty()) return;
     ports::BrowserControl* window = listener_->OnNewWindow(ports::WindowPlace::InFront);
     if (window != nullptr) window->Navigate(page.pop_up);
+}
+
+bool FakeBrowserControl::GoInside() {
+    if (anchor_.empty()) return false;
+    history_.resize(position_);
+    history_.push_back(LocationURL() + anchor_);
+    ++position_;
+    anchor_.clear();
+    if (listener_ == nullptr) return true;
+    listener_->OnTitleChange(LocationName());
+    listener_->OnNavigateComplete(LocationURL());
+    return true;
 }
 
 void FakeBrowserControl::WorkOnDocument(const std::vector<ports::ElementStep>& steps) {

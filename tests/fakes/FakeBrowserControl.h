@@ -21,6 +21,7 @@ struct FakePage {
     std::vector<std::string> inputs = {};  ///< names of the inputs of its form
     std::string form = {};                 ///< the form's name
     std::string action = {};               ///< where the form goes
+    std::string anchor = {};               ///< the page goes there inside itself; empty for none
 };
 
 /// The made-up web that engines of one test share, under whole addresses. An address that is not there fails.
@@ -42,7 +43,8 @@ public:
     bool Busy() const override { return busy_; }
     void WorkOnDocument(const std::vector<ports::ElementStep>& steps) override;
 
-    /// Lets the navigation that is under way arrive or fail. False when none was.
+    /// Lets the navigation that is under way, also one inside the document, arrive or fail. False when none
+    /// was.
     bool Settle();
     ports::PageSigns Signs() const override { return signs_; }
     void ShowSecurity() override { Calls.emplace_back("ShowSecurity"); }
@@ -64,6 +66,7 @@ private:
     enum class Way { New, Back, Forward, Again };
     void Begin(std::string_view address, Way way);
     void Arrive(const FakePage& page);
+    bool GoInside();
     void SendForm(const FakePage& page, const std::map<std::string, std::string>& values);
 
     const FakeWeb& web_;
@@ -74,6 +77,8 @@ private:
     bool busy_ = false;
     ports::PageSigns signs_;
     std::string wanted_;
+    std::string failed_;
+    std::string anchor_;
     Way way_ = Way::New;
 };
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QCursor>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QTimer>
 #include <chrono>
@@ -90,6 +91,55 @@ TEST(Loop, AHandlerInsideAYieldEndsWithItsOwnWork) {
     QCoreApplication::sendEvent(&outer, &event);
 
     EXPECT_EQ(order.substr(0, 14), "end inner end ");
+}
+
+TEST(Loop, HandlersInALoopThatSomebodyElseRunsEndWithTheirOwnWork) {
+    int ends = 0;
+    bool inside = false;
+    int ends_inside = 0;
+    Sleeper outer([&] {
+        QEventLoop box;
+        EndCounter::Get().OnEnd = [&] { (inside ? ends_inside : ends) += 1; };
+        QTimer::singleShot(0, &box, [&] { inside = true; });
+        QTimer::singleShot(20, &box, [&] { box.quit(); });
+        box.exec();
+        inside = false;
+        ends = 0;
+    });
+
+    QEvent event(QEvent::User);
+    QCoreApplication::sendEvent(&outer, &event);
+    EndCounter::Get().OnEnd = {};
+
+    EXPECT_GT(ends_inside, 0)
+        << "the screen catches up and the stores are written while a box of a page stands";
+    EXPECT_EQ(ends, 1) << "and the handler that it stands in ends once";
+}
+
+TEST(Loop, ALoopInsideALoopIsOneToo) {
+    int ends = 0;
+    Sleeper inner([&] {
+        QEventLoop drag;
+        EndCounter::Get().OnEnd = [&ends] { ++ends; };
+        QTimer::singleShot(20, &drag, [&] { drag.quit(); });
+        drag.exec();
+        EndCounter::Get().OnEnd = {};
+    });
+    Sleeper outer([&] {
+        const qt::Loop::Nested nested(qt_tests::TheLoop());
+        QEventLoop box;
+        QTimer::singleShot(0, &box, [&] {
+            QEvent event(QEvent::User);
+            QCoreApplication::sendEvent(&inner, &event);
+            box.quit();
+        });
+        box.exec();
+    });
+
+    QEvent event(QEvent::User);
+    QCoreApplication::sendEvent(&outer, &event);
+
+    EXPECT_GT(ends, 0);
 }
 
 TEST(Loop, QuitEndsARunWithItsCode) {

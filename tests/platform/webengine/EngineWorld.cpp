@@ -14,6 +14,12 @@ std::string NativePath(std::string_view path) {
     return base::Replace(base::Mid(path, 3), "\\", "/");
 }
 
+/// A minute of the program is half a second here.
+constexpr webengine::RestTimes kRest{.covered = std::chrono::milliseconds(400),
+                                     .closed = std::chrono::milliseconds(1500),
+                                     .most_covered = 1,
+                                     .most_closed = 2};
+
 QTemporaryDir& Downloads() {
     static QTemporaryDir folder;
     return folder;
@@ -25,7 +31,8 @@ webengine::PageSettings SettingsOfTest() {
             .add_to_library = [](const std::string& file) { Intake().push_back("add " + file); },
             .play = [](const std::string& file) { Intake().push_back("play " + file); },
             .notices = &Notices(),
-            .add_to_favourites = [] { Intake().push_back("favourite"); }};
+            .add_to_favourites = [] { Intake().push_back("favourite"); },
+            .rest = kRest};
 }
 
 void WritePage(const QString& path, const QByteArray& text) {
@@ -78,6 +85,8 @@ EngineWorld::EngineWorld() {
     server_.Pages["/pops"] = {"<title>Pops</title><script>window.open('/other')</script>"};
     server_.Pages["/form"] = {
         "<title>Form</title><form name=theForm action=/other><input name=email><input name=word></form>"};
+    server_.Pages["/inside"] = {
+        "<title>Inside</title><script>onload = () => setTimeout(() => location.hash = 'end', 50)</script>"};
     server_.Pages["/other?email=owl&word=hoot"] = server_.Pages["/other"];
     const QString page = folder_.filePath(QStringLiteral("local.html"));
     WritePage(page, "<title>Local words</title>local");

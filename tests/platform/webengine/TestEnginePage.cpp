@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDir>
 #include <QFile>
+#include <QMouseEvent>
 #include <QTimer>
 
 #include "platform/webengine/EngineWorld.h"
@@ -25,6 +27,24 @@ protected:
     }
     void Serve(const char* path, const QByteArray& body) { world.Server().Pages[path] = {body}; }
     int Asked(const char* path) { return world.Server().Asked(path); }
+    /// A click in the middle of the page, as a hand makes it.
+    void PressInPage() {
+        QWidget* target = nullptr;
+        for (QWidget* widget : world.Window().findChildren<QWidget*>()) {
+            if (widget->inherits("QWebEngineView")) target = widget->focusProxy();
+        }
+        ASSERT_NE(target, nullptr);
+        const QPointF at(target->rect().center());
+        const QPointF on_screen(target->mapToGlobal(at));
+        QMouseEvent move(QEvent::MouseMove, at, on_screen, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QMouseEvent press(QEvent::MouseButtonPress, at, on_screen, Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QMouseEvent release(QEvent::MouseButtonRelease, at, on_screen, Qt::LeftButton, Qt::NoButton,
+                            Qt::NoModifier);
+        QApplication::sendEvent(target, &move);
+        QApplication::sendEvent(target, &press);
+        QApplication::sendEvent(target, &release);
+    }
 
     EngineWorld world;
     contracts::Listener heard{world.Browser()};
@@ -102,6 +122,33 @@ TEST_F(EnginePage, ATitleThatChangesLaterIsTold) {
 
     EXPECT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Late"; }));
     EXPECT_EQ(heard.Titles.back(), "Late");
+}
+
+TEST_F(EnginePage, ATitleThatNeverRestsIsToldAFewTimesASecondAndItsLastOneAlways) {
+    Serve("/restless",
+          "<title>Restless</title><script>let n = 0; const run = setInterval(() => { document.title = n++ + "
+          "'x'.repeat(3000); if (n < 300) return; clearInterval(run); document.title = 'At rest' }, 5)"
+          "</script>");
+    ASSERT_TRUE(Arrive(world.Site + "/restless"));
+
+    ASSERT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "At rest"; }));
+
+    EXPECT_LT(heard.Titles.size(), 20U);
+    EXPECT_EQ(heard.Titles.back(), "At rest");
+    for (const std::string& title : heard.Titles)
+        EXPECT_LE(title.size(), 200U);
+}
+
+TEST_F(EnginePage, AddressesThatAScriptPushesInALoopAreToldAFewTimesASecondAndTheLastOneAlways) {
+    Serve("/pushes",
+          "<title>Pushes</title><script>onload = () => { let n = 0; const run = setInterval(() => {"
+          "history.replaceState(0, '', '/pushes/' + ++n); if (n == 100) clearInterval(run) }, 10) }"
+          "</script>");
+    ASSERT_TRUE(Arrive(world.Site + "/pushes"));
+
+    ASSERT_TRUE(WaitFor([&] { return heard.Completed.back() == world.Site + "/pushes/100"; }));
+
+    EXPECT_LT(heard.Completed.size(), 15U);
 }
 
 TEST_F(EnginePage, AnAnchorIsPartOfTheAddress) {
@@ -249,6 +296,93 @@ TEST_F(EnginePage, APageThatLoadsItselfOverAndOverAsksOnlySoOften) {
 
     EXPECT_TRUE(WaitFor([&] { return Asked("/no") >= 8; }));
     EXPECT_EQ(boxes, 3);
+}
+
+TEST_F(EnginePage, APressInThePageLetsItAskAgain) {
+    Serve(
+        "/nag",
+        "<title>Nag</title><script>setInterval(() => { if (!confirm('again?')) fetch('/no') }, 10)</script>");
+    int boxes = 0;
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, &closer, [&boxes] {
+        QWidget* box = QApplication::activeModalWidget();
+        if (box == nullptr) return;
+        ++boxes;
+        box->close();
+    });
+    closer.start(10);
+    world.Browser().Navigate(world.Site + "/nag");
+    ASSERT_TRUE(WaitFor([&] { return Asked("/no") >= 8; }));
+    ASSERT_EQ(boxes, 3);
+
+    PressInPage();
+
+    EXPECT_TRUE(WaitFor([&] { return boxes == 6; }));
+}
+
+TEST_F(EnginePage, ColourChoosersPassTheLimitOfBoxes) {
+    Serve("/colours",
+          "<title>Colours</title><script>setInterval(() => { const i = document.createElement('input');"
+          "i.type = 'color'; document.body.append(i); i.click(); fetch('/tick') }, 30)</script>");
+    int choosers = 0;
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, &closer, [&choosers] {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            auto* chooser = qobject_cast<QColorDialog*>(window);
+            if (chooser == nullptr || !chooser->isVisible() ||
+                chooser->testAttribute(Qt::WA_DontShowOnScreen))
+                continue;
+            ++choosers;
+            chooser->reject();
+        }
+    });
+    closer.start(5);
+    world.Browser().Navigate(world.Site + "/colours");
+
+    ASSERT_TRUE(WaitFor([&] { return Asked("/tick") >= 30; }));
+    EXPECT_LE(choosers, 3);
+}
+
+TEST_F(EnginePage, AWindowThatClosesItselfIsTold) {
+    Serve("/shuts", "<title>Shuts</title><script>setTimeout(close, 100)</script>");
+    Serve("/opens", "<title>Opens</title><script>window.open('/shuts')</script>");
+    contracts::Listener other_heard(world.Other());
+    world.Other().SetListener(&other_heard);
+    heard.ForWindow = &world.Other();
+
+    ASSERT_TRUE(Arrive(world.Site + "/opens"));
+
+    EXPECT_TRUE(WaitFor([&] { return other_heard.Closings == 1; }));
+    EXPECT_EQ(heard.Closings, 0);
+    world.Other().SetListener(nullptr);
+}
+
+TEST_F(EnginePage, ATabOfTheUserIsNotClosedByItsPage) {
+    Serve("/shuts",
+          "<title>Shuts</title><script>setTimeout(close, 50); setTimeout(() => fetch('/tick'), 300)"
+          "</script>");
+
+    ASSERT_TRUE(Arrive(world.Site + "/shuts"));
+
+    WaitFor([&] { return Asked("/tick") > 0 || heard.Closings > 0; });
+    EXPECT_EQ(heard.Closings, 0);
+}
+
+TEST_F(EnginePage, AWindowThatBecameOnlyADownloadIsToldToClose) {
+    world.Server().Pages["/packed"] = {"words",
+                                       "Content-Type: application/octet-stream\r\n"
+                                       "Content-Disposition: attachment; filename=\"packed.bin\"\r\n"};
+    Serve("/opens", "<title>Opens</title><script>window.open('/packed')</script>");
+    contracts::Listener other_heard(world.Other());
+    world.Other().SetListener(&other_heard);
+    heard.ForWindow = &world.Other();
+
+    ASSERT_TRUE(Arrive(world.Site + "/opens"));
+
+    EXPECT_TRUE(WaitFor([&] { return other_heard.Closings == 1; }));
+    EXPECT_EQ(heard.Closings, 0);
+    world.Other().SetListener(nullptr);
+    QFile::remove(webengine_tests::DownloadFolder() + "/packed.bin");
 }
 
 TEST_F(EnginePage, APageThatDiesBeforeItShowsAnythingLeavesANotice) {
