@@ -37,6 +37,7 @@
 #include "platform/sqlite/SqliteDatabase.h"
 #include "platform/webengine/PageModule.h"
 #include "platform/webengine/SpellCheck.h"
+#include "platform/webengine/UserFolder.h"
 #include "web/Addresses.h"
 #include "window/MainWindow.h"
 
@@ -131,10 +132,15 @@ int RunProgram(int argc, char** argv) {
     dbus::BusNotices notices(bus);
 
     window::Windows windows(files);
+    const std::string page_folders = webengine::UserFolder::OfAllUsers(linux::FoldersOfUser().data, folder);
+    const webengine::UserFolder kept(page_folders);
     window::MainWindow* house = nullptr;
-    const webengine::PageSettings pages = SettingsOfPages(to_native, notices, house);
+    webengine::PageSettings pages = SettingsOfPages(to_native, notices, house);
+    pages.users_folder = page_folders;
     qt::Screen screen(loop,
                       {folder, from_native, [&folder, &pages] { return webengine::LoadPages(folder, pages); },
+                       [&kept](std::string_view user) { kept.RemoveEngines(user); },
+                       [&kept](std::string_view user) { kept.Remove(user); },
                        [&folder] { return webengine::EngineVersion(folder); }});
     screen.AfterFirstPaint = [&media, &bus] {
         media.WarmUp();

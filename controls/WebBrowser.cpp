@@ -19,7 +19,20 @@ void WebBrowser::Attach(ports::BrowserControl* engine) {
     engine_->Navigate(address);
 }
 
+void WebBrowser::Forget() {
+    Attach(nullptr);
+    waiting_address_.clear();
+    address_under_way_.clear();
+    known_address_.clear();
+}
+
+void WebBrowser::NavigateAgain(std::string_view address) {
+    Navigate(address);
+    known_address_ = address;
+}
+
 void WebBrowser::Navigate(std::string_view address) {
+    if (!address.empty()) known_address_.clear();
     if (engine_ == nullptr) {
         if (address.empty()) return;
         waiting_address_ = address;
@@ -37,14 +50,17 @@ void WebBrowser::Navigate2(std::string_view address) {
 }
 
 void WebBrowser::GoBack() {
+    known_address_.clear();
     if (engine_ != nullptr) engine_->GoBack();
 }
 
 void WebBrowser::GoForward() {
+    known_address_.clear();
     if (engine_ != nullptr) engine_->GoForward();
 }
 
 void WebBrowser::RefreshPage() {
+    known_address_.clear();
     if (engine_ != nullptr) engine_->Refresh();
 }
 
@@ -82,8 +98,8 @@ void WebBrowser::ShowSecurity() {
     if (engine_ != nullptr) engine_->ShowSecurity();
 }
 
-void WebBrowser::WorkOnDocument(const std::vector<ports::ElementStep>& steps) {
-    if (engine_ != nullptr) engine_->WorkOnDocument(steps);
+void WebBrowser::WorkOnDocument(std::string_view host, const std::vector<ports::ElementStep>& steps) {
+    if (engine_ != nullptr) engine_->WorkOnDocument(host, steps);
 }
 
 void WebBrowser::OnTitleChange(std::string_view title) {
@@ -92,6 +108,8 @@ void WebBrowser::OnTitleChange(std::string_view title) {
 
 void WebBrowser::OnNavigateComplete(std::string_view url) {
     address_under_way_.clear();
+    if (!known_address_.empty() && LocationURL() == known_address_) return;
+    known_address_.clear();
     NavigateComplete2.Raise(url);
 }
 

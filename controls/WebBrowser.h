@@ -22,11 +22,16 @@ public:
     ports::BrowserControl* Engine() const { return engine_; }
     /// The address waiting for an engine; empty if there is none.
     const std::string& WaitingAddress() const { return waiting_address_; }
+    /// Gives the engine back and forgets where it was to go.
+    void Forget();
 
     void Navigate(std::string_view address);
     /// The control's second way to navigate, with the same effect. A second call for an address that is
     /// already loading does not load it twice.
     void Navigate2(std::string_view address);
+    /// Goes to a page that was shown before, which is no visit: its arrival is not raised. The first one at
+    /// another address is again.
+    void NavigateAgain(std::string_view address);
     void GoBack();
     void GoForward();
     void RefreshPage();
@@ -42,8 +47,8 @@ public:
     ports::PageSigns Signs() const;
     /// Has the page's area say how safe its connection is.
     void ShowSecurity();
-    /// Carries out the steps on elements of the current document.
-    void WorkOnDocument(const std::vector<ports::ElementStep>& steps);
+    /// Carries out the steps on elements of the current document, if it is one of that host.
+    void WorkOnDocument(std::string_view host, const std::vector<ports::ElementStep>& steps);
 
     Event<std::string_view> TitleChange;        ///< the new title
     Event<std::string_view> NavigateComplete2;  ///< the address, once for every frame
@@ -65,6 +70,7 @@ private:
     ports::PageSeen seen_ = ports::PageSeen::InFront;
     std::string waiting_address_;
     std::string address_under_way_;
+    std::string known_address_;
 };
 
 }  // namespace controls

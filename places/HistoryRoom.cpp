@@ -21,12 +21,14 @@ constexpr std::int64_t kLastNumber = std::numeric_limits<std::int16_t>::max();
 }  // namespace
 
 HistoryRoom::HistoryRoom(HistoryControls& controls, HistoryMenu& menu, store::DataSource& datSong,
-                         const bool& Save_History, HistoryRoles others, ports::Dialogs& dialogs)
+                         const bool& Save_History, HistoryRoles others, ports::Dialogs& dialogs,
+                         ports::PageEngine& pages)
     : controls_(controls),
       dat_song_(datSong),
       Save_History_(Save_History),
       others_(others),
-      dialogs_(dialogs) {
+      dialogs_(dialogs),
+      pages_(pages) {
     claims_.Claim(menu.mnuHistory.Click, [this] { mnuHistory_Click(); });
 }
 
@@ -129,6 +131,8 @@ void HistoryRoom::mnuHistory_Click() {
     }
     DeleteAll();
     others_.address.ClearList();
+    // What pages left says where the user was, too.
+    pages_.ForgetVisits();
 }
 
 void HistoryRoom::DeleteAll() {

@@ -12,6 +12,7 @@
 #include "controls/Event.h"
 #include "places/PlacesMenu.h"
 #include "ports/Dialogs.h"
+#include "ports/PageEngine.h"
 #include "roles/AddressRow.h"
 #include "roles/FrontPage.h"
 #include "roles/History.h"
@@ -35,7 +36,8 @@ class HistoryRoom final : public roles::History {
 public:
     /// `Save_History` is the session's, read at each addition.
     HistoryRoom(HistoryControls& controls, HistoryMenu& menu, store::DataSource& datSong,
-                const bool& Save_History, HistoryRoles others, ports::Dialogs& dialogs);
+                const bool& Save_History, HistoryRoles others, ports::Dialogs& dialogs,
+                ports::PageEngine& pages);
 
     /// Adds a row, unless history is off, the text is empty or it is there already: an address once for all
     /// time (upper and lower case alike, settings rows too), a song not twice in a row. Songs are logged even
@@ -61,6 +63,7 @@ private:
     const bool& Save_History_;
     HistoryRoles others_;
     ports::Dialogs& dialogs_;
+    ports::PageEngine& pages_;
     controls::EventClaims claims_;
 };
 

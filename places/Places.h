@@ -14,6 +14,7 @@
 #include "places/SuggestionsRoom.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
+#include "ports/PageEngine.h"
 #include "roles/AddressRow.h"
 #include "roles/Favourites.h"
 #include "roles/FrontPage.h"
@@ -67,6 +68,7 @@ struct PlacesStores {
 struct PlacesPorts {
     ports::Dialogs& dialogs;
     ports::EventLoop& loop;
+    ports::PageEngine& pages;
 };
 
 class Places final : private roles::Favourites {

@@ -98,10 +98,11 @@ public:
     virtual PageSigns Signs() const { return {}; }
     /// Shows the user, on the page's own area, how safe the connection is and who certified it.
     virtual void ShowSecurity() {}
-    /// Works on the document that is shown, in order and in one go; an element that is not there is skipped.
-    /// Does nothing when the document shown is another one by the time it is done: the values may be
-    /// a password. An engine without documents does nothing.
-    virtual void WorkOnDocument(const std::vector<ElementStep>& /*steps*/) {}
+    /// Works on the document that is shown as soon as it is ready, in order and in one go; an element that is
+    /// not there is skipped. The values may be a password, so nothing is done unless the document came by
+    /// https (or is the program's own) from `host` or from a name below it, nor in one that was worked on
+    /// before, nor when another one is shown by then. An engine without documents does nothing.
+    virtual void WorkOnDocument(std::string_view /*host*/, const std::vector<ElementStep>& /*steps*/) {}
 };
 
 }  // namespace ports

@@ -20,14 +20,15 @@ std::string Trimmed(std::string_view text) {
 }  // namespace
 
 LoginRoom::LoginRoom(LoginForm& form, LoginState& login, SessionState& session, controls::Form& frmBrowser,
-                     ActivateRoom& splash, ports::InstanceLock& instance, store::Stores& stores,
-                     ports::Files& files, ports::Dialogs& dialogs, ports::EventLoop& events,
-                     std::string_view app_path)
+                     ActivateRoom& splash, SettingsRoom& settings, ports::InstanceLock& instance,
+                     store::Stores& stores, ports::Files& files, ports::Dialogs& dialogs,
+                     ports::EventLoop& events, std::string_view app_path)
     : form_(form),
       login_(login),
       session_(session),
       frm_browser_(frmBrowser),
       splash_(splash),
+      settings_(settings),
       instance_(instance),
       stores_(stores),
       files_(files),
@@ -229,7 +230,10 @@ void LoginRoom::LogIn() {
     // The start loads the settings for the first user. A refused try is no login: after it the settings would
     // be loaded, and the home pages opened, a second time.
     if (!std::exchange(FirstLogin_, false)) login_.NewLogin = true;
+    session_.UserName = strName_;
     DoLogin();
+    // A later login reads the settings first, and with them whether history is kept.
+    if (!login_.NewLogin) settings_.BeginPages();
 }
 
 void LoginRoom::DoLogin() {

@@ -16,6 +16,7 @@
 #include "session/ActivateRoom.h"
 #include "session/LoginForm.h"
 #include "session/SessionState.h"
+#include "session/SettingsRoom.h"
 
 namespace session {
 
@@ -23,8 +24,9 @@ class LoginRoom final {
 public:
     /// `app_path` is the application folder in drive form, without a backslash at its end.
     LoginRoom(LoginForm& form, LoginState& login, SessionState& session, controls::Form& frmBrowser,
-              ActivateRoom& splash, ports::InstanceLock& instance, store::Stores& stores, ports::Files& files,
-              ports::Dialogs& dialogs, ports::EventLoop& events, std::string_view app_path);
+              ActivateRoom& splash, SettingsRoom& settings, ports::InstanceLock& instance,
+              store::Stores& stores, ports::Files& files, ports::Dialogs& dialogs, ports::EventLoop& events,
+              std::string_view app_path);
 
     void DoLogin();
     void LoadUsers();
@@ -60,6 +62,7 @@ private:
     SessionState& session_;
     controls::Form& frm_browser_;
     ActivateRoom& splash_;
+    SettingsRoom& settings_;
     ports::InstanceLock& instance_;
     store::Stores& stores_;
     ports::Files& files_;

@@ -16,13 +16,14 @@ std::string Stored(const controls::TextBox& box) {
 
 NewUserRoom::NewUserRoom(LoginForm& form, LoginRoom& login, const SessionState& session,
                          const controls::Form& frmBrowser, const controls::Form& frmInfo,
-                         ports::Dialogs& dialogs)
+                         ports::Dialogs& dialogs, ports::PageEngine& pages)
     : form_(form),
       login_(login),
       session_(session),
       frm_browser_(frmBrowser),
       frm_info_(frmInfo),
-      dialogs_(dialogs) {
+      dialogs_(dialogs),
+      pages_(pages) {
     claims_.Claim(form_.cmdNew.Click, [this] { cmdNew_Click(); });
     claims_.Claim(form_.cmdCancel.Click, [this] { cmdCancel_Click(); });
     claims_.Claim(form_.cmdNext.Click, [this] { cmdNext_Click(); });
@@ -105,6 +106,7 @@ void NewUserRoom::cmdFinish_Click() {
         dialogs_.MsgBox("The new user could not be stored, because the login database can not be opened.");
         return;
     }
+    pages_.RemoveUser(form_.txtNewUser.Text());
     ShowPages(false, false);
     login_.OfferUser(form_.txtNewUser.Text(), form_.txtPass1.Text());
 }

@@ -7,6 +7,7 @@
 #include "controls/Event.h"
 #include "controls/Form.h"
 #include "ports/Dialogs.h"
+#include "ports/PageEngine.h"
 #include "session/LoginForm.h"
 #include "session/LoginRoom.h"
 #include "session/SessionState.h"
@@ -16,7 +17,8 @@ namespace session {
 class NewUserRoom final {
 public:
     NewUserRoom(LoginForm& form, LoginRoom& login, const SessionState& session,
-                const controls::Form& frmBrowser, const controls::Form& frmInfo, ports::Dialogs& dialogs);
+                const controls::Form& frmBrowser, const controls::Form& frmInfo, ports::Dialogs& dialogs,
+                ports::PageEngine& pages);
 
     /// Shows the login window on the wizard's first page, for the preferences.
     void OpenWizard();
@@ -40,6 +42,7 @@ private:
     const controls::Form& frm_browser_;
     const controls::Form& frm_info_;
     ports::Dialogs& dialogs_;
+    ports::PageEngine& pages_;
     controls::EventClaims claims_;
 };
 

@@ -11,6 +11,7 @@
 #include "ports/Files.h"
 #include "ports/InstanceLock.h"
 #include "ports/PageEngine.h"
+#include "roles/AutoRefresh.h"
 #include "roles/CueList.h"
 #include "roles/FrontPage.h"
 #include "roles/MediaIntake.h"
@@ -68,6 +69,7 @@ struct SessionRoles {
     roles::Favourites& favourites;
     roles::Tabs& tabs;
     roles::AddressRow& address_row;
+    roles::AutoRefresh& refresh;
     roles::PageOpener& opener;
     roles::FrontPage& page;
     roles::Transport& transport;

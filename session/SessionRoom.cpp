@@ -172,6 +172,7 @@ void SessionRoom::Form_Activate() {
 void SessionRoom::TakeUserAway() {
     // From here on closing the login window ends the program.
     session_.LoggedIn = false;
+    session_.UserName.clear();
     for (controls::Form* window : {&windows_.frmAdd, &windows_.frmAbout, &windows_.frmAddMedia,
                                    &windows_.frmInfo, &windows_.frmSpeakerTest}) {
         window->UnloadWindow();
@@ -183,7 +184,8 @@ void SessionRoom::TakeUserAway() {
         roles_.transport.StopAndForget();
     roles_.player.CloseMedia();
     windows_.frmVideo.Hide();
-    ports_.pages.ForgetVisits();
+    roles_.refresh.SwitchOff();
+    ports_.pages.EndUser();
     roles_.address_row.SetAddress("");
     roles_.address_row.SetTyped("");
     const bool multiple_users = login_.Allow_Multiple_Users;

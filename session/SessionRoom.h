@@ -15,6 +15,7 @@
 #include "ports/EventLoop.h"
 #include "ports/PageEngine.h"
 #include "roles/AddressRow.h"
+#include "roles/AutoRefresh.h"
 #include "roles/Highlights.h"
 #include "roles/MessengerLine.h"
 #include "roles/NowPlaying.h"
@@ -51,6 +52,7 @@ struct SessionEndRoles {
     roles::TrackLists& track_lists;
     roles::Tabs& tabs;
     roles::AddressRow& address_row;
+    roles::AutoRefresh& refresh;
     roles::Transport& transport;
     roles::NowPlaying& playing;
     roles::MessengerLine& messenger;

@@ -52,6 +52,8 @@ struct SessionOptions {
 /// Public flags of the main window that belong to no subject.
 struct SessionState {
     bool LoggedIn = false;
+    /// The user who is logged in; empty while nobody is.
+    std::string UserName;
     /// The close was accepted. False again when the window is next activated, but for an activation that
     /// comes while the close is under way.
     bool mainclose = false;

@@ -19,7 +19,8 @@ constexpr std::string_view kHomePagesGroup = "Home Pages";
 SettingsRoom::SettingsRoom(SettingsControls controls, OptionControls& boxes, SessionOptions& options,
                            const SessionState& session, const ConnectionState& connection, web::WebState& web,
                            ActivateRoom& splash, roles::Tabs& tabs, roles::PageOpener& opener,
-                           player::TitleState& title, ports::Clock& clock, ports::EventLoop& events)
+                           player::TitleState& title, ports::Clock& clock, ports::EventLoop& events,
+                           ports::PageEngine& pages)
     : controls_(controls),
       boxes_(boxes),
       options_(options),
@@ -31,17 +32,21 @@ SettingsRoom::SettingsRoom(SettingsControls controls, OptionControls& boxes, Ses
       opener_(opener),
       title_(title),
       clock_(clock),
-      events_(events) {}
+      events_(events),
+      pages_(pages) {}
 
 void SettingsRoom::LoadSettings() {
     splash_.SetStage("Previous settings");
     events_.Yield();
     music_tab_in_front_ = web_.MusicTabActive;
     std::vector<Row> rows;
-    if (!TakeRows(rows)) return;
+    const bool were_read = TakeRows(rows);
     for (const Row& row : rows)
         RestoreRow(row);
-    options_.Loaded = true;
+    options_.Loaded = options_.Loaded || were_read;
+    was_tried_ = true;
+    BeginPages();
+    if (!were_read) return;
     OpenHomePages();
     events_.Yield();
     FillTypes();
@@ -146,16 +151,22 @@ void SettingsRoom::RestoreDependents(SettingsRow row, bool on) {
     }
 }
 
+void SettingsRoom::BeginPages() {
+    if (!was_tried_ || !session_.LoggedIn) return;
+    pages_.BeginUser(session_.UserName, options_.Loaded && options_.Save_History);
+}
+
+// At a second login the row may stand in another mode, and the first slots belong to tabs of the user before.
 void SettingsRoom::OpenHomePages() {
     if (!connection_.Internet_Connection || !options_.Open_Home_Pages) return;
     splash_.SetStage("Home pages");
     events_.Yield();
     for (const HomePage& page : HomePages()) {
         if (IsOver()) return;
-        opener_.Enter(page.address);
+        opener_.EnterAsWeb(page.address);
         tabs_.NameTab(tabs_.Count() - 1, page.name);
         web_.TabsShown = true;
-        web_.currentbrowser = 1;
+        web_.currentbrowser = static_cast<std::int16_t>(FirstOpenTab().value_or(1));
     }
 }
 
@@ -194,8 +205,15 @@ void SettingsRoom::PlaceMusicTab() {
     }
     tabs_.CloseMusicTab();
     events_.Yield();
-    if (tabs_.Count() >= 2) tabs_.BringForward(1);
+    if (const std::optional<int> first = FirstOpenTab()) tabs_.BringForward(*first);
     events_.Yield();
+}
+
+std::optional<int> SettingsRoom::FirstOpenTab() const {
+    for (int i = 1; i < tabs_.Count(); ++i) {
+        if (tabs_.IsTabVisible(i)) return i;
+    }
+    return std::nullopt;
 }
 
 bool SettingsRoom::StoreSettings() {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,7 @@
 #include "player/PlayerState.h"
 #include "ports/Clock.h"
 #include "ports/EventLoop.h"
+#include "ports/PageEngine.h"
 #include "roles/PageOpener.h"
 #include "roles/Tabs.h"
 #include "session/ActivateRoom.h"
@@ -45,11 +47,15 @@ public:
     SettingsRoom(SettingsControls controls, OptionControls& boxes, SessionOptions& options,
                  const SessionState& session, const ConnectionState& connection, web::WebState& web,
                  ActivateRoom& splash, roles::Tabs& tabs, roles::PageOpener& opener,
-                 player::TitleState& title, ports::Clock& clock, ports::EventLoop& events);
+                 player::TitleState& title, ports::Clock& clock, ports::EventLoop& events,
+                 ports::PageEngine& pages);
 
     /// Returns early, with what was done so far, if the store cannot be read.
     void LoadSettings();
     void OpenHomePages();
+    /// Lets the pages of the user who is logged in begin. Does nothing before the settings were read, for
+    /// they say whether the user keeps history; if they could not be read, nothing is kept.
+    void BeginPages();
     /// The rows were read, so there is something to store.
     bool WereLoaded() const { return options_.Loaded; }
     /// Puts the rows that the end of a session writes into the store. False when the store cannot be read.
@@ -76,6 +82,7 @@ private:
     std::vector<HomePage> HomePages();
     void FillTypes();
     void PlaceMusicTab();
+    std::optional<int> FirstOpenTab() const;
     std::string_view SearchField() const;
     std::string TextToStore(store::SettingsRow row) const;
     bool IsOver() const { return session_.IsOver() || events_.IsEnding(); }
@@ -92,6 +99,8 @@ private:
     player::TitleState& title_;
     ports::Clock& clock_;
     ports::EventLoop& events_;
+    ports::PageEngine& pages_;
+    bool was_tried_ = false;  // the rows were read, or could not be
     bool music_tab_in_front_ = true;
 };
 

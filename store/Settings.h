@@ -82,7 +82,7 @@ inline constexpr std::array kSettings = {
     // The login reads this row by the other rule: only "True" brings its window up a second time, enables the
     // log out before the main window shows, and lets pages be logged in to.
     Setting{SettingsRow::MultipleUsers, "True", Truth::UnlessFalse, SettingsWriter::Preferences},
-    // Without stored site names it does nothing.
+    // A user who has stored no logins sends the login forms of the two sites off empty.
     Setting{SettingsRow::AutoLogin, "True", Truth::UnlessFalse, SettingsWriter::Preferences},
     Setting{SettingsRow::SaveHistory, "True", Truth::UnlessFalse, SettingsWriter::Preferences},
     Setting{SettingsRow::Search, "True", Truth::UnlessFalse, SettingsWriter::Preferences},

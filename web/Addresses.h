@@ -21,6 +21,8 @@ inline constexpr std::string_view GoogleSearchUrl = "https://duckduckgo.com/";
 inline constexpr std::string_view GoogleImagesUrl = "https://www.bing.com/images/search";
 /// How the address of the mail login page begins.
 inline constexpr std::string_view LiveLoginUrl = "https://login.live.example/sign";
+/// The host that the login of the mail site belongs to.
+inline constexpr std::string_view LiveLoginHost = "login.live.example";
 /// How the address of the other login page ends, with or without a slash.
 inline constexpr std::string_view MySpaceHost = "pal.example";
 

@@ -74,7 +74,7 @@ void BrowserEventsRoom::Browser_TitleChange(int index) {
 }
 
 void BrowserEventsRoom::Browser_NavigateComplete2(int index) {
-    if (session_.Allow_Multiple_Users && session_.Auto_Login) TriggerLogins(index);
+    if (session_.LoggedIn && session_.Allow_Multiple_Users && session_.Auto_Login) TriggerLogins(index);
     const std::string address = tabs_.Page(index).LocationURL();
     if (IsPlayListPage(address)) {
         roles_.media.AddPlayList(address);

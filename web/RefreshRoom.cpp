@@ -39,6 +39,10 @@ void RefreshRoom::SwitchOn() {
     controls_.tmrRefresh.SetEnabled(true);
 }
 
+void RefreshRoom::SwitchOff() {
+    if (controls_.imgCheckChecked.Visible()) imgCheckChecked_Click();
+}
+
 void RefreshRoom::imgCheckChecked_Click() {
     controls_.imgCheckChecked.SetVisible(false);
     controls_.tmrRefresh.SetEnabled(false);

@@ -3,6 +3,7 @@
 
 #include "controls/Event.h"
 #include "ports/Dialogs.h"
+#include "roles/AutoRefresh.h"
 #include "roles/MediaKeys.h"
 #include "web/BrowserEventsRoom.h"
 #include "web/ConnectionGuard.h"
@@ -12,10 +13,13 @@
 
 namespace web {
 
-class RefreshRoom final {
+class RefreshRoom final : public roles::AutoRefresh {
 public:
     RefreshRoom(RefreshControls& controls, RefreshMenu& menu, WebState& state, BrowserEventsRoom& pages,
                 ConnectionGuard& guard, roles::MediaKeys& keys, ports::Dialogs& dialogs);
+
+    // roles::AutoRefresh
+    void SwitchOff() override;
 
 private:
     void mnuSetAutoRefresh_Click();

@@ -15,6 +15,7 @@ struct SiteCredentials {
 };
 
 struct SessionFacts {
+    const bool& LoggedIn;
     const bool& Internet_Connection;
     const bool& Save_History;
     const bool& Allow_Multiple_Users;

@@ -1,7 +1,9 @@
 // Fills in the login forms of two sites with what a user has stored.
 //
-// Nothing looks at the result, and nothing keeps it from firing again when the page comes back after a
-// refused password.
+// The steps are sent off whenever they are asked for. That names and passwords go to no other host than their
+// own is seen to in the document itself: the page engine carries them out only where they belong. Nothing
+// looks at the result, and nothing keeps it from firing again when the page comes back after a refused
+// password.
 #pragma once
 
 #include <string_view>

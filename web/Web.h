@@ -6,6 +6,7 @@
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
 #include "roles/AddressRow.h"
+#include "roles/AutoRefresh.h"
 #include "roles/CueList.h"
 #include "roles/Favourites.h"
 #include "roles/FrontPage.h"
@@ -75,6 +76,7 @@ public:
     roles::PageOpener& Opener() { return opener_; }
     roles::FrontPage& Front() { return pages_; }
     roles::Tabs& Tabs() { return tabs_; }
+    roles::AutoRefresh& Refresh() { return refresh_; }
     roles::MakerPages& Maker() { return commands_; }
     /// Keys that work the browser wherever the keyboard is.
     PageKeysRoom& Keys() { return keys_; }

@@ -176,14 +176,15 @@ places::Places MainWindow::BuildPlaces() {
          .highlights = skin_,
          .keys = relays_.media_keys,
          .window = window_},
-        {.dialogs = ports_.dialogs, .loop = ports_.events},
+        {.dialogs = ports_.dialogs, .loop = ports_.events, .pages = ports_.pages},
         {.stores = stores_, .folder = ports_.files.ApplicationFolder()});
 }
 
 web::Web MainWindow::BuildWeb() {
     BrowserForm& window = windows_.frmBrowser;
     return web::Web(window.web, window.menus, state_.web,
-                    {.Internet_Connection = state_.connection.Internet_Connection,
+                    {.LoggedIn = state_.session.LoggedIn,
+                     .Internet_Connection = state_.connection.Internet_Connection,
                      .Save_History = state_.options.Save_History,
                      .Allow_Multiple_Users = state_.login.Allow_Multiple_Users,
                      .Auto_Login = state_.options.Auto_Login,
@@ -242,6 +243,7 @@ session::SessionRoles MainWindow::RolesOfSession() {
             .favourites = places_.Favourites(),
             .tabs = web_.Tabs(),
             .address_row = web_.Address(),
+            .refresh = web_.Refresh(),
             .opener = web_.Opener(),
             .page = web_.Front(),
             .transport = player_,

@@ -9,9 +9,16 @@ namespace qt {
 namespace {
 
 constexpr const char* kForgotten[] = {
-    "QTWEBENGINE_REMOTE_DEBUGGING", "QTWEBENGINEPROCESS_PATH", "QTWEBENGINE_RESOURCES_PATH",
-    "QTWEBENGINE_LOCALES_PATH",     "QT_STYLE_OVERRIDE",       "QT_PLUGIN_PATH",
-    "QT_QPA_PLATFORM_PLUGIN_PATH",  "QT_QPA_GENERIC_PLUGINS",
+    "QTWEBENGINE_REMOTE_DEBUGGING",
+    "QTWEBENGINEPROCESS_PATH",
+    "QTWEBENGINE_RESOURCES_PATH",
+    "QTWEBENGINE_LOCALES_PATH",
+    "QT_STYLE_OVERRIDE",
+    "QT_PLUGIN_PATH",
+    "QT_QPA_PLATFORM_PLUGIN_PATH",
+    "QT_QPA_GENERIC_PLUGINS",
+    // The keys of every encrypted connection would be written into that file.
+    "SSLKEYLOGFILE",
 };
 
 using Connect = void* (*)(const char* display, int* screen);

@@ -6,7 +6,8 @@
 namespace qt {
 
 /// Replaces what the environment says about the page engine's start (its options could start programs, open a
-/// debugging port or switch the sandbox off) and about styles and plug-ins, and asks for X11 windows, which
+/// debugging port, switch the sandbox off or write down the keys of encrypted connections) and about styles
+/// and plug-ins, and asks for X11 windows, which
 /// may place themselves. To be called first of all, before any thread is started.
 void PrepareEnvironment();
 

@@ -5,7 +5,7 @@
 namespace qt {
 
 void Pages::Want(controls::WebBrowser& browser, QWidget& place) {
-    if (!held_) {
+    if (!IsHeld()) {
         Make(browser, place);
         return;
     }
@@ -15,8 +15,30 @@ void Pages::Want(controls::WebBrowser& browser, QWidget& place) {
 }
 
 void Pages::Release() {
-    if (!held_) return;
-    held_ = false;
+    released_ = true;
+    MakeThoseThatWait();
+}
+
+void Pages::BeginUser(std::string_view name, bool keeps_history) {
+    if (user_ && user_->name == name) return;
+    user_ = {std::string(name), keeps_history};
+    if (factory_ != nullptr) {
+        factory_->BeginUser(name, keeps_history);
+    } else if (!keeps_history && forget_) {
+        // The engine may not be wanted in the whole session.
+        forget_(name);
+    }
+    MakeThoseThatWait();
+}
+
+void Pages::EndUser() {
+    user_.reset();
+    waiting_.clear();
+    if (factory_ != nullptr) factory_->EndUser();
+}
+
+void Pages::MakeThoseThatWait() {
+    if (IsHeld()) return;
     const std::vector<Wanted> waiting = std::move(waiting_);
     waiting_.clear();
     for (const Wanted& wanted : waiting)
@@ -24,7 +46,12 @@ void Pages::Release() {
 }
 
 void Pages::ForgetVisits() {
-    if (factory_ != nullptr) factory_->ForgetVisits();
+    if (!user_) return;
+    if (factory_ != nullptr) {
+        factory_->ForgetVisits();
+    } else if (forget_) {
+        forget_(user_->name);
+    }
 }
 
 void Pages::Make(controls::WebBrowser& browser, QWidget& place) {
@@ -33,6 +60,7 @@ void Pages::Make(controls::WebBrowser& browser, QWidget& place) {
         factory_ = loader_();
         // A loader that failed is not tried for every page.
         loader_ = nullptr;
+        if (factory_ != nullptr) factory_->BeginUser(user_->name, user_->keeps_history);
     }
     if (factory_ == nullptr) return;
     ports::BrowserControl* engine = factory_->MakePage(browser, &place);

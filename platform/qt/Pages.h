@@ -1,12 +1,16 @@
 // Page engines for web browser controls.
 //
 // The engine's library takes a tenth of a second to load, so it is a module of its own that is loaded when
-// the first page is wanted, and not before the first window has been painted.
+// the first page is wanted, and not before the first window has been painted. Pages belong to a user, so none
+// is made while nobody is logged in.
 #pragma once
 
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "controls/WebBrowser.h"
@@ -16,20 +20,31 @@
 namespace qt {
 
 using PageLoader = std::function<std::unique_ptr<PageFactory>()>;
+/// Takes away what was kept for the pages of a user, without the engine.
+using PageRemover = std::function<void(std::string_view user)>;
 
 /// Hands out engines; as long as it is held back it remembers who wants one.
 class Pages {
 public:
-    explicit Pages(PageLoader loader) : loader_(std::move(loader)) {}
+    Pages(PageLoader loader, PageRemover forget) : loader_(std::move(loader)), forget_(std::move(forget)) {}
     void Want(controls::WebBrowser& browser, QWidget& place);
-    /// From now on engines are made at once; those wanted before are made now.
+    /// The window has been painted.
     void Release();
-    bool IsHeld() const { return held_; }
-    /// Ends every engine that was handed out, which no control may use any more, and what pages left in
-    /// memory.
+    /// From here on and after Release engines are made at once; those wanted before are made then. Of a
+    /// second call for the same user nothing comes.
+    void BeginUser(std::string_view name, bool keeps_history);
+    /// Ends every engine that was handed out, which no control may use any more, and forgets who wants one.
+    void EndUser();
+    bool IsHeld() const { return !released_ || !user_; }
+    /// Ends every engine that was handed out, which no control may use any more, and what pages left.
     void ForgetVisits();
 
 private:
+    struct User {
+        std::string name;
+        bool keeps_history;
+    };
+    void MakeThoseThatWait();
     void Make(controls::WebBrowser& browser, QWidget& place);
 
     struct Wanted {
@@ -37,9 +52,11 @@ private:
         QWidget* place;
     };
     PageLoader loader_;
+    PageRemover forget_;
     std::unique_ptr<PageFactory> factory_;
     std::vector<Wanted> waiting_;
-    bool held_ = true;
+    std::optional<User> user_;
+    bool released_ = false;
 };
 
 }  // namespace qt

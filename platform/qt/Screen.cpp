@@ -64,7 +64,7 @@ Screen::Screen(Loop& loop, ScreenOptions options)
     : loop_(loop),
       options_(std::move(options)),
       pictures_(QString::fromStdString(options_.ProgramFolder)),
-      pages_(options_.LoadPages) {
+      pages_(options_.LoadPages, options_.ForgetVisitsOf) {
     loop_.SetScreenUpdate([this] { CatchUp(); });
     QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { RealiseNext(); });
     QObject::connect(&release_, &QTimer::timeout, &release_, [this] { ReleasePages(); });
@@ -241,12 +241,32 @@ void Screen::CatchUpLate(const std::vector<Mirror*>& changed) {
     }
 }
 
-void Screen::ForgetVisits() {
+std::vector<controls::WebBrowser*> Screen::Browsers() const {
+    std::vector<controls::WebBrowser*> browsers;
     for (const auto& [control, mirror] : mirrors_) {
         if (auto* browser = dynamic_cast<controls::WebBrowser*>(&mirror->Mirrored()))
-            browser->Attach(nullptr);
+            browsers.push_back(browser);
+    }
+    return browsers;
+}
+
+void Screen::EndUser() {
+    for (controls::WebBrowser* browser : Browsers())
+        browser->Forget();
+    pages_.EndUser();
+}
+
+// What pages stored can only be taken away with the pages. A page that nobody sees waits until it is seen.
+void Screen::ForgetVisits() {
+    std::vector<std::pair<controls::WebBrowser*, std::string>> open;
+    for (controls::WebBrowser* browser : Browsers()) {
+        if (browser->Engine() == nullptr) continue;
+        open.emplace_back(browser, browser->LocationURL());
+        browser->Forget();
     }
     pages_.ForgetVisits();
+    for (const auto& [browser, address] : open)
+        browser->NavigateAgain(address);
 }
 
 std::string Screen::DriveForm(const std::string& native_path) const {

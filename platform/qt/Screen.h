@@ -32,6 +32,10 @@ struct ScreenOptions {
     std::function<std::string(const std::string&)> ToDriveForm;
     /// Loads the page engine; without one web browser controls stay blank.
     PageLoader LoadPages;
+    /// Take away what the engine kept for a user, and everything that was kept for a user, without the
+    /// engine. Left empty, nothing is kept.
+    PageRemover ForgetVisitsOf;
+    PageRemover RemoveUser;
     /// The engine's name, version and patch level; left empty, there is none.
     std::function<std::string()> PageEngineVersion;
 };
@@ -53,11 +57,18 @@ public:
     void ShapeMainWindow(QRegion shape);
     /// Brings all widgets up to date with their controls. It happens at the end of every handler anyway.
     void CatchUp();
-    /// Makes page engines from now on, and those asked for before. It happens anyway a moment after the
-    /// first paint.
+    /// Makes page engines from now on while a user is logged in, and those asked for before. It happens
+    /// anyway a moment after the first paint.
     void ReleasePages() { pages_.Release(); }
     // ports::PageEngine
+    void BeginUser(std::string_view name, bool keeps_history) override {
+        pages_.BeginUser(name, keeps_history);
+    }
+    void EndUser() override;
     void ForgetVisits() override;
+    void RemoveUser(std::string_view name) override {
+        if (options_.RemoveUser) options_.RemoveUser(name);
+    }
     std::string Version() override {
         return options_.PageEngineVersion ? options_.PageEngineVersion() : std::string();
     }
@@ -87,6 +98,7 @@ private:
     void OnActivated(controls::Form& form) override;
 
     std::unique_ptr<Mirror> MakeMirror(controls::Control& control, QWidget* container);
+    std::vector<controls::WebBrowser*> Browsers() const;
     void RealiseNext();
     void SayWhatIsSeen();
     void CatchUpLate(const std::vector<Mirror*>& changed);

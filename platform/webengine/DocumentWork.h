@@ -3,14 +3,18 @@
 
 #include <QString>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ports/BrowserControl.h"
 
 namespace webengine {
 
-/// Carries out the steps, in one go, if the document that runs it is still the one at `address` and no frame.
-/// To be run in a world of its own, where a page's scripts cannot change what it calls.
-QString DocumentWork(const std::string& address, const std::vector<ports::ElementStep>& steps);
+/// Carries out the steps as soon as the document is ready, in one go and once, if the document that runs it
+/// is still the one at `address`, no frame, and came from `host` or a name below it, by https
+/// or from inside the program. To be run in a
+/// world of its own, where a page's scripts cannot change what it calls.
+QString DocumentWork(const std::string& address, std::string_view host,
+                     const std::vector<ports::ElementStep>& steps);
 
 }  // namespace webengine

@@ -2,14 +2,22 @@
 
 #include <qtwebenginecoreglobal.h>
 
+#include <QDir>
 #include <QLocale>
 
 #include "platform/webengine/SpellCheck.h"
 
 namespace webengine {
 
+namespace {
+
+constexpr int kLargestCache = 64 * 1024 * 1024;
+
+}  // namespace
+
 EngineFactory::EngineFactory(PageSettings settings)
     : settings_(std::move(settings)),
+      folder_(settings_.users_folder),
       downloads_(settings_),
       download_bars_(
           downloads_, [this] { ShowDownloads(); }, [this] { return AreaInFront(); }) {
@@ -24,16 +32,35 @@ EngineFactory::EngineFactory(PageSettings settings)
         if (profile_ != nullptr) CheckSpelling();
     });
     RegisterMakerScheme();
+}
+
+void EngineFactory::BeginUser(std::string_view name, bool keeps_history) {
+    EndUser();
+    folder_.Begin(name, keeps_history);
+    choices_.Open(QString::fromStdString(folder_.Path()), keeps_history);
+    if (!choices_.General().keep_site_data) folder_.GiveUpEngine();
     MakeProfile();
 }
 
+void EngineFactory::EndUser() {
+    EndPages();
+    choices_.Open(QString());
+    folder_.End();
+}
+
 void EngineFactory::MakeProfile() {
-    profile_ = std::make_unique<QWebEngineProfile>();
+    if (folder_.Engine().empty()) {
+        profile_ = std::make_unique<QWebEngineProfile>();
+        profile_->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
+    } else {
+        MakeKeptProfile();
+    }
     profile_->installUrlSchemeHandler(MakerScheme(), &maker_pages_);
-    profile_->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
     CheckSpelling();
-    downloads_.BeginUser(*profile_, {});
-    choices_.Open({});
+    // The list says where the user was, so it goes with all else that does.
+    downloads_.BeginUser(*profile_, folder_.Engine().empty()
+                                        ? QString()
+                                        : QString::fromStdString(folder_.Engine() + "/downloads.json"));
     profile_->setNotificationPresenter([this](std::unique_ptr<QWebEngineNotification> notification) {
         notices_.Present(std::move(notification));
     });
@@ -46,8 +73,28 @@ void EngineFactory::CheckSpelling() {
     profile_->setSpellCheckEnabled(choices_.General().spell_check && !dictionaries.isEmpty());
 }
 
+// Cookies are kept as long as their sites want, those of a session never.
+void EngineFactory::MakeKeptProfile() {
+    const QString folder = QString::fromStdString(folder_.Engine());
+    profile_ = std::make_unique<QWebEngineProfile>(QStringLiteral("user"));
+    QDir usual(profile_->persistentStoragePath());
+    profile_->setPersistentStoragePath(folder);
+    // It begins in a folder of its own choice, and leaves its preferences there.
+    usual.removeRecursively();
+    profile_->setCachePath(folder + QStringLiteral("/cache"));
+    profile_->setHttpCacheMaximumSize(kLargestCache);
+    if (!choices_.General().keep_cache) profile_->setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
+    profile_->setPersistentCookiesPolicy(QWebEngineProfile::AllowPersistentCookies);
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    profile_->setPersistentPermissionsPolicy(QWebEngineProfile::PersistentPermissionsPolicy::AskEveryTime);
+#endif
+}
+
+// The process may end right after this.
 EngineFactory::~EngineFactory() {
     EndPages();
+    folder_.Close();
+    EndUser();
 }
 
 // The engine wants its pages gone before their profile.
@@ -57,6 +104,7 @@ void EngineFactory::EndPages() {
     downloads_window_.reset();
     notices_.CloseAll();
     pages_.clear();
+    if (profile_ != nullptr) profile_->clearAllVisitedLinks();
     profile_.reset();
 }
 
@@ -78,10 +126,12 @@ void EngineFactory::ShowDownloads() {
 
 void EngineFactory::ForgetVisits() {
     EndPages();
+    folder_.RenewEngine();
     MakeProfile();
 }
 
 ports::BrowserControl* EngineFactory::MakePage(controls::WebBrowser& /*browser*/, QWidget* parent) {
+    if (profile_ == nullptr) return nullptr;
     pages_.push_back(std::make_unique<EnginePage>(
         PageShare{profile_.get(), settings_, windows_, choices_, rest_}, parent));
     EnginePage& made = *pages_.back();

@@ -1,8 +1,9 @@
 // The engine's profile and its pages.
 //
-// The profile keeps nothing on the disk: several people share the program, each with a login of their own,
-// and what one of them visited must not outlast the run. It begins with the first page and ends with the
-// login: the next user's pages get another one.
+// Several users share the program, each with a login of their own, and each has a profile of their own: it
+// begins with the login and ends with it, together with all its pages. What it keeps lies in the user's
+// folder (UserFolder.h); for a user who keeps no history, or whose folder cannot be written to, it lives in
+// memory alone.
 #pragma once
 
 #include <QWebEngineProfile>
@@ -21,6 +22,7 @@
 #include "platform/webengine/PageTools.h"
 #include "platform/webengine/SiteChoices.h"
 #include "platform/webengine/SiteNotices.h"
+#include "platform/webengine/UserFolder.h"
 
 namespace webengine {
 
@@ -29,18 +31,22 @@ public:
     explicit EngineFactory(PageSettings settings);
     ~EngineFactory() override;
 
+    void BeginUser(std::string_view name, bool keeps_history) override;
+    void EndUser() override;
     ports::BrowserControl* MakePage(controls::WebBrowser& browser, QWidget* parent) override;
     void ForgetVisits() override;
     void ShowDownloads() override;
 
 private:
     void MakeProfile();
+    void MakeKeptProfile();
     void EndPages();
     void CheckSpelling();
     PageBars* AreaInFront() const;
     QWebEngineProfile* ToolsProfile();
 
     PageSettings settings_;
+    UserFolder folder_;
     SiteChoices choices_;
     FavouritesFile favourites_file_{settings_};
     MakerPages maker_pages_{choices_, favourites_file_.Errands()};

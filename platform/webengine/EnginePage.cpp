@@ -216,9 +216,9 @@ void EnginePage::ShowSecurity() {
     if (chrome_ != nullptr && !location_.isEmpty()) chrome_->Security().Show(location_);
 }
 
-void EnginePage::WorkOnDocument(const std::vector<ports::ElementStep>& steps) {
+void EnginePage::WorkOnDocument(std::string_view host, const std::vector<ports::ElementStep>& steps) {
     if (view_ == nullptr || location_.isEmpty()) return;
-    page_->runJavaScript(DocumentWork(LocationURL(), steps), QWebEngineScript::ApplicationWorld);
+    page_->runJavaScript(DocumentWork(LocationURL(), host, steps), QWebEngineScript::ApplicationWorld);
 }
 
 void EnginePage::OnFrame(const QUrl& url) {

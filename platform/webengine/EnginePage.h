@@ -49,7 +49,7 @@ public:
     bool Busy() const override { return view_ != nullptr && busy_; }
     ports::PageSigns Signs() const override;
     void ShowSecurity() override;
-    void WorkOnDocument(const std::vector<ports::ElementStep>& steps) override;
+    void WorkOnDocument(std::string_view host, const std::vector<ports::ElementStep>& steps) override;
 
     /// Goes again to the address that was asked for, or failed, last.
     void TryAgain();

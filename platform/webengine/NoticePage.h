@@ -56,6 +56,8 @@ class NoticeFactory final : public qt::PageFactory {
 public:
     explicit NoticeFactory(std::string words) : words_(std::move(words)) {}
     ports::BrowserControl* MakePage(controls::WebBrowser& control, QWidget* parent) override;
+    void BeginUser(std::string_view /*name*/, bool /*keeps_history*/) override {}
+    void EndUser() override { pages_.clear(); }
     void ForgetVisits() override { pages_.clear(); }
 
 private:

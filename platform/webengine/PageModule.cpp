@@ -35,7 +35,7 @@ bool HasUserNamespaces() {
 void SetEngineEnvironment(const PageSettings& settings) {
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", kEngineFlags);
     for (const char* name : {"QTWEBENGINE_REMOTE_DEBUGGING", "QTWEBENGINEPROCESS_PATH",
-                             "QTWEBENGINE_RESOURCES_PATH", "QTWEBENGINE_LOCALES_PATH"}) {
+                             "QTWEBENGINE_RESOURCES_PATH", "QTWEBENGINE_LOCALES_PATH", "SSLKEYLOGFILE"}) {
         qunsetenv(name);
     }
     if (geteuid() != 0) qunsetenv("QTWEBENGINE_DISABLE_SANDBOX");

@@ -49,6 +49,9 @@ struct PageSettings {
     /// Where the dictionaries of the spell check are; empty: none.
     std::string dictionary_folder = {};
     RestTimes rest = {};
+    /// Where the folders of the users lie: a native path, made when it is first needed. Empty: nothing is
+    /// kept.
+    std::string users_folder = {};
 };
 
 }  // namespace webengine

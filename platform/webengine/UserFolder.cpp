@@ -1,5 +1,6 @@
 #include "platform/webengine/UserFolder.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -7,9 +8,11 @@
 #include <QCryptographicHash>
 #include <algorithm>
 #include <charconv>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
+#include <thread>
 #include <vector>
 
 namespace webengine {
@@ -20,6 +23,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kEngine = "engine-";
 constexpr std::string_view kDamaged = "damaged";
+constexpr std::string_view kGone = "gone-";
 /// Longest user name, in bytes, that is written out in a folder's name.
 constexpr std::size_t kLongestName = 60;
 
@@ -42,6 +46,17 @@ bool MakeOwn(const fs::path& folder) {
     return ::chmod(folder.c_str(), S_IRWXU) == 0 && ::access(folder.c_str(), W_OK | X_OK) == 0;
 }
 
+/// An engine that is still on its way out writes by path. A file in the place of its folder stops that, and
+/// says that the number is used up.
+void GiveUp(const fs::path& engine) {
+    const fs::path gone = engine.parent_path() / (std::string(kGone) + engine.filename().string());
+    std::error_code error;
+    fs::rename(engine, gone, error);
+    TakeAway(gone);
+    const int file = ::open(engine.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (file >= 0) ::close(file);
+}
+
 void SetAside(const fs::path& path, const fs::path& where) {
     TakeAway(where);
     std::error_code error;
@@ -57,12 +72,41 @@ int NumberOf(const fs::path& path) {
     return number;
 }
 
+bool IsOpen(const fs::path& folder) {
+    const std::string inside = folder.string() + "/";
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator("/proc/self/fd", error)) {
+        if (fs::read_symlink(entry.path(), error).string().starts_with(inside)) return true;
+    }
+    return false;
+}
+
+/// The engine of a user who has just logged out still writes the last cookies, on threads of its own. A
+/// second one would not get at the stores meanwhile.
+void WaitUntilClosed(const fs::path& engine) {
+    constexpr int kMostTries = 200;
+    constexpr auto kPause = std::chrono::milliseconds(10);
+    for (int i = 0; i < kMostTries && !engine.empty() && IsOpen(engine); ++i)
+        std::this_thread::sleep_for(kPause);
+}
+
+/// In the order of their numbers.
+std::vector<fs::path> EnginesIn(const fs::path& user) {
+    std::vector<fs::path> engines;
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(user, error)) {
+        if (NumberOf(entry.path()) > 0) engines.push_back(entry.path());
+    }
+    std::sort(engines.begin(), engines.end(),
+              [](const fs::path& left, const fs::path& right) { return NumberOf(left) < NumberOf(right); });
+    return engines;
+}
+
 /// The stores of the engine are databases of one kind. One that is none any more would be passed over by the
 /// engine at every start, and nothing kept again.
 bool IsDamaged(const fs::path& engine) {
     constexpr std::string_view kHead("SQLite format 3\0", 16);
     std::error_code error;
-    if (!fs::is_directory(engine, error)) return true;
     const fs::path store = engine / "Cookies";
     if (!fs::exists(store, error)) return false;
     std::ifstream file(store, std::ios::binary);
@@ -102,35 +146,33 @@ void UserFolder::Begin(std::string_view user, bool keeps_history) {
     if (keeps_history) {
         ChooseEngine();
     } else {
-        TakeEnginesAway();
+        RemoveEngines(user);
     }
 }
 
-void UserFolder::TakeEnginesAway() const {
-    std::error_code error;
-    for (const fs::directory_entry& entry : fs::directory_iterator(path_, error)) {
-        if (NumberOf(entry.path()) > 0) TakeAway(entry.path());
-    }
-    TakeAway(fs::path(path_) / kDamaged);
+void UserFolder::RemoveEngines(std::string_view user) const {
+    if (all_users_.empty() || user.empty()) return;
+    const fs::path path = Of(user);
+    for (const fs::path& engine : EnginesIn(path))
+        GiveUp(engine);
+    TakeAway(path / kDamaged);
 }
 
-// The one with the highest number is the last one begun; the others were given up.
+// The one with the highest number is the last one begun; the others were given up, and stay so as long as
+// files take their places.
 void UserFolder::ChooseEngine() {
-    std::vector<fs::path> engines;
+    const std::vector<fs::path> engines = EnginesIn(path_);
+    WaitUntilClosed(engines.empty() ? fs::path() : engines.back());
     std::error_code error;
-    for (const fs::directory_entry& entry : fs::directory_iterator(path_, error)) {
-        if (NumberOf(entry.path()) > 0) engines.push_back(entry.path());
-    }
-    std::sort(engines.begin(), engines.end(),
-              [](const fs::path& left, const fs::path& right) { return NumberOf(left) < NumberOf(right); });
     number_ = engines.empty() ? 1 : NumberOf(engines.back());
     if (!engines.empty() && IsDamaged(engines.back())) {
         SetAside(engines.back(), fs::path(path_) / kDamaged);
-        ++number_;
+        GiveUp(engines.back());
     }
+    if (!engines.empty() && !fs::is_directory(engines.back(), error)) ++number_;
     engine_ = path_ + "/" + std::string(kEngine) + std::to_string(number_);
-    for (const fs::path& given_up : engines) {
-        if (given_up != engine_) TakeAway(given_up);
+    for (const fs::path& engine : engines) {
+        if (engine != engine_) GiveUp(engine);
     }
     if (MakeOwn(engine_)) {
         TakeAway(fs::path(engine_) / "Visited Links");
@@ -139,16 +181,27 @@ void UserFolder::ChooseEngine() {
     }
 }
 
+void UserFolder::Close() const {
+    if (!engine_.empty()) WaitUntilClosed(engine_);
+}
+
 void UserFolder::End() {
     if (!engine_.empty()) TakeAway(fs::path(engine_) / "Visited Links");
     path_.clear();
     engine_.clear();
 }
 
+void UserFolder::GiveUpEngine() {
+    if (engine_.empty()) return;
+    TakeAway(fs::path(path_) / kDamaged);
+    GiveUp(engine_);
+    engine_.clear();
+}
+
 void UserFolder::RenewEngine() {
     if (engine_.empty()) return;
     TakeAway(fs::path(path_) / kDamaged);
-    TakeAway(engine_);
+    GiveUp(engine_);
     ++number_;
     engine_ = path_ + "/" + std::string(kEngine) + std::to_string(number_);
     if (!MakeOwn(engine_)) engine_.clear();

@@ -21,8 +21,14 @@ public:
     void Begin(std::string_view user, bool keeps_history);
     /// Nobody is logged in. What the engine leaves that is not to stay goes.
     void End();
+    /// Waits a moment until the engine has written what it keeps; it must have ended.
+    void Close() const;
+    /// The engine keeps nothing for this user, and what it kept goes.
+    void GiveUpEngine();
     /// The engine's folder is given up, with all that is in it, for a new one. The rest stays.
     void RenewEngine();
+    /// Takes away what engines kept for a user who is not logged in, or has no engine.
+    void RemoveEngines(std::string_view user) const;
     /// Takes away what an earlier user of that name left.
     void Remove(std::string_view user) const;
 
@@ -38,7 +44,6 @@ public:
 private:
     std::string Of(std::string_view user) const;
     void ChooseEngine();
-    void TakeEnginesAway() const;
 
     std::string all_users_;
     std::string path_;

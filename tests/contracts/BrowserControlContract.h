@@ -246,25 +246,71 @@ TEST_P(BrowserControlContract, AWindowThatIsRefusedLeavesThePage) {
     EXPECT_EQ(browser.LocationURL(), world->Site + "/pops");
 }
 
-TEST_P(BrowserControlContract, AFormIsFilledInAndSentOff) {
+/// A name and a password for a form.
+inline std::vector<ports::ElementStep> SignIn(const std::string& name) {
     using Kind = ports::ElementStep::Kind;
-    ASSERT_TRUE(Arrive(world->Site + "/form"));
+    return {{Kind::SetValue, "nothing", "x"},
+            {Kind::SetValue, "email", name},
+            {Kind::SetValue, "word", "hoot"},
+            {Kind::Submit, "theForm", ""}};
+}
 
-    ASSERT_TRUE(ArriveAgain([this] {
-        browser.WorkOnDocument({{Kind::SetValue, "nothing", "x"},
-                                {Kind::SetValue, "email", "owl"},
-                                {Kind::SetValue, "word", "hoot"},
-                                {Kind::Submit, "theForm", ""}});
-    }));
+TEST_P(BrowserControlContract, AFormOfTheHostIsFilledInAndSentOff) {
+    for (const std::string& site : {world->SecureSites[0], world->SecureSites[1]}) {
+        ASSERT_TRUE(Arrive(site + "/form")) << site;
 
-    EXPECT_EQ(browser.LocationURL(), world->Site + "/other?email=owl&word=hoot");
+        ASSERT_TRUE(ArriveAgain([this] { browser.WorkOnDocument("pal.example", SignIn("owl")); })) << site;
+
+        EXPECT_EQ(browser.LocationURL(), site + "/other?email=owl&word=hoot");
+    }
+}
+
+// Steps for the host that the document does come from are carried out, and show that those before were not.
+TEST_P(BrowserControlContract, AFormOfAnotherHostGetsNothing) {
+    for (std::size_t i = 2; i < world->SecureSites.size(); ++i) {
+        const std::string& site = world->SecureSites[i];
+        ASSERT_TRUE(Arrive(site + "/form")) << site;
+        browser.WorkOnDocument("pal.example", SignIn("owl"));
+
+        ASSERT_TRUE(ArriveAgain([&] { browser.WorkOnDocument(site.substr(8), SignIn("lark")); })) << site;
+
+        EXPECT_EQ(browser.LocationURL(), site + "/other?email=lark&word=hoot");
+    }
+}
+
+TEST_P(BrowserControlContract, AFormThatCameWithoutEncryptionGetsNothing) {
+    ASSERT_TRUE(Arrive(world->InsecureSite + "/form"));
+    const std::size_t before = heard.Completed.size();
+
+    browser.WorkOnDocument("pal.example", SignIn("owl"));
+    ASSERT_TRUE(world->WaitFor([this] { return !browser.Busy(); }));
+    ASSERT_TRUE(Arrive(world->Site + "/plain"));
+
+    EXPECT_EQ(heard.Completed.size(), before + 1);
+}
+
+TEST_P(BrowserControlContract, ADocumentIsWorkedOnOnce) {
+    using Kind = ports::ElementStep::Kind;
+    const std::string site = world->SecureSites[0];
+    ASSERT_TRUE(Arrive(site + "/form"));
+    browser.WorkOnDocument("pal.example", {{Kind::SetValue, "email", "owl"}});
+
+    browser.WorkOnDocument("pal.example", SignIn("owl"));
+    ASSERT_TRUE(world->WaitFor([this] { return !browser.Busy(); }));
+    EXPECT_EQ(browser.LocationURL(), site + "/form");
+    ASSERT_TRUE(Arrive(site + "/form"));
+
+    ASSERT_TRUE(ArriveAgain([this] { browser.WorkOnDocument("pal.example", SignIn("lark")); }))
+        << "a new document of the same address is another one";
+    EXPECT_EQ(browser.LocationURL(), site + "/other?email=lark&word=hoot");
 }
 
 TEST_P(BrowserControlContract, ADocumentWithoutTheElementsStaysAsItIs) {
     using Kind = ports::ElementStep::Kind;
-    ASSERT_TRUE(Arrive(world->Site + "/plain"));
+    ASSERT_TRUE(Arrive(world->SecureSites[0] + "/plain"));
 
     browser.WorkOnDocument(
+        "pal.example",
         {{Kind::SetValue, "email", "owl"}, {Kind::Click, "SI", ""}, {Kind::Submit, "theForm", ""}});
 
     ASSERT_TRUE(Arrive(world->Site + "/other"));

@@ -14,8 +14,9 @@ namespace contracts {
 /// "/plain" is titled "Plain words", "/other" "Other words", "/untitled" has no title, "/frames" is titled
 /// "Frames" and holds "/plain" and "/untitled" in frames, "/pops" opens "/other" in a window of its own,
 /// "/form" is titled "Form" and has a form "theForm" with the inputs "email" and "word" that goes to
-/// "/other"; "/inside" is titled "Inside" and goes to its anchor "#end" automatically. `Local` is a page on
-/// the disk titled "Local words". No server answers at `DeadSite`.
+/// "/other"; "/inside" is titled "Inside" and goes to its anchor "#end" automatically. The form is at each of
+/// SecureSites and at InsecureSite, and not at Site. `Local` is a page on the disk titled "Local words". No
+/// server answers at `DeadSite`.
 class BrowserWorld {
 public:
     virtual ~BrowserWorld() = default;
@@ -26,6 +27,10 @@ public:
     virtual bool WaitFor(const std::function<bool()>& done) = 0;
 
     std::string Site;
+    std::vector<std::string> SecureSites{"https://pal.example", "https://www.pal.example",
+                                         "https://notpal.example", "https://pal.example.other.example",
+                                         "https://other.example"};
+    std::string InsecureSite = "http://pal.example";
     std::string DeadSite;
     /// A drive path.
     std::string Local;

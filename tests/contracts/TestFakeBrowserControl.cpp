@@ -15,9 +15,11 @@ public:
         web_[Site + "/untitled"] = {"", {}, ""};
         web_[Site + "/frames"] = {"Frames", {Site + "/plain", Site + "/untitled"}, ""};
         web_[Site + "/pops"] = {"Pops", {}, Site + "/other"};
-        web_[Site + "/form"] = {"Form", {}, "", {"email", "word"}, "theForm", Site + "/other"};
-        web_[Site + "/other?email=owl&word=hoot"] = {"Other words", {}, ""};
         web_[Site + "/inside"] = {"Inside", {}, "", {}, "", "", "#end"};
+        for (const std::string& site : SecureSites)
+            AddForm(site);
+        AddForm(InsecureSite);
+        web_[SecureSites[0] + "/plain"] = {"Plain words", {}, ""};
         web_[LocalAddress] = {"Local words", {}, ""};
     }
     ports::BrowserControl& Browser() override { return browser_; }
@@ -31,6 +33,12 @@ public:
     }
 
 private:
+    void AddForm(const std::string& site) {
+        web_[site + "/form"] = {"Form", {}, "", {"email", "word"}, "theForm", site + "/other"};
+        for (const std::string name : {"owl", "lark"})
+            web_[site + "/other?email=" + name + "&word=hoot"] = {"Other words", {}, ""};
+    }
+
     fakes::FakeWeb web_;
     fakes::FakeBrowserControl browser_{web_};
     fakes::FakeBrowserControl other_{web_};

@@ -17,7 +17,7 @@ public:
     void GoBack() override { Calls.emplace_back("GoBack"); }
     void GoForward() override { Calls.emplace_back("GoForward"); }
     void Refresh() override { Calls.emplace_back("Refresh"); }
-    std::string LocationURL() const override { return "http://example.org/"; }
+    std::string LocationURL() const override { return Location; }
     std::string LocationName() const override { return "Example"; }
     bool Busy() const override { return true; }
     void SetSeen(ports::PageSeen seen) override { Seen = seen; }
@@ -27,6 +27,7 @@ public:
     ports::PageSeen Seen = ports::PageSeen::InFront;
     ports::PageSigns Shown;
     std::vector<std::string> Calls;
+    std::string Location = "http://example.org/";
 };
 
 // A screen that hands out an engine when a browser asks for one.
@@ -269,6 +270,71 @@ TEST(WebBrowser, AnEngineThatIsTakenAwayTellsNothingMore) {
 
     EXPECT_EQ(engine.Listener, nullptr);
     EXPECT_EQ(browser.LocationURL(), "");
+}
+
+TEST(WebBrowser, AForgottenPageTakesTheAddressThatWaitsAlong) {
+    RecordingEngine engine;
+    WebBrowser browser("Browser");
+    browser.Navigate("http://ann.example/");
+
+    browser.Forget();
+    EXPECT_EQ(browser.WaitingAddress(), "");
+    browser.Attach(&engine);
+
+    EXPECT_EQ(engine.Calls, Calls{});
+}
+
+TEST(WebBrowser, AnAddressThatWasUnderWayIsGoneToByTheNextEngine) {
+    RecordingEngine engine;
+    RecordingEngine next;
+    WebBrowser browser("Browser");
+    browser.Attach(&engine);
+    browser.Navigate("http://example.org/");
+
+    browser.Forget();
+    browser.Attach(&next);
+    browser.Navigate2("http://example.org/");
+
+    EXPECT_EQ(next.Calls, Calls{"Navigate http://example.org/"});
+}
+
+TEST(WebBrowser, APageThatLoadsAgainIsNoVisitUntilItIsElsewhere) {
+    EngineGiver screen;
+    WebBrowser browser("Browser");
+    browser.SetObserver(&screen);
+    std::vector<std::string> completed;
+    EventClaims claims;
+    claims.Claim(browser.NavigateComplete2, [&](std::string_view url) { completed.emplace_back(url); });
+    browser.NavigateAgain("http://example.org/");
+
+    screen.Engine.Listener->OnNavigateComplete("http://frame.example/");
+    screen.Engine.Listener->OnNavigateComplete("http://example.org/");
+    EXPECT_EQ(screen.Engine.Calls, Calls{"Navigate http://example.org/"});
+    EXPECT_TRUE(completed.empty());
+    screen.Engine.Location = "http://other.example/";
+    screen.Engine.Listener->OnNavigateComplete("http://other.example/");
+    screen.Engine.Location = "http://example.org/";
+    screen.Engine.Listener->OnNavigateComplete("http://example.org/");
+
+    EXPECT_EQ(completed, (std::vector<std::string>{"http://other.example/", "http://example.org/"}));
+}
+
+TEST(WebBrowser, APageThatTheUserAsksForAfterItLoadedAgainIsAVisit) {
+    RecordingEngine engine;
+    WebBrowser browser("Browser");
+    browser.Attach(&engine);
+    int completed = 0;
+    EventClaims claims;
+    claims.Claim(browser.NavigateComplete2, [&](std::string_view) { ++completed; });
+    for (const auto act : {&WebBrowser::RefreshPage, &WebBrowser::GoBack, &WebBrowser::GoForward}) {
+        browser.NavigateAgain("http://example.org/");
+        const int before = completed;
+
+        (browser.*act)();
+        engine.Listener->OnNavigateComplete("http://example.org/");
+
+        EXPECT_EQ(completed, before + 1);
+    }
 }
 
 TEST(WebBrowser, ABrowserThatGoesLeavesItsEngine) {

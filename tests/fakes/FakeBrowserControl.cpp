@@ -93,6 +93,10 @@ void FakeBrowserControl::Arrive(const FakePage& page) {
     if (way_ == Way::Forward) ++position_;
     title_ = page.title;
     anchor_ = page.anchor;
+    worked_on_ = false;
+    if (cookies_ != nullptr && cookies_->contains(wanted_) && !page.title_with_cookie.empty())
+        title_ = page.title_with_cookie;
+    if (cookies_ != nullptr && page.gives_cookie) cookies_->insert(wanted_);
     if (listener_ == nullptr) return;
     for (const std::string& frame : page.frames)
         listener_->OnNavigateComplete(frame);
@@ -115,7 +119,20 @@ bool FakeBrowserControl::GoInside() {
     return true;
 }
 
-void FakeBrowserControl::WorkOnDocument(const std::vector<ports::ElementStep>& steps) {
+bool FakeBrowserControl::MayWorkFor(std::string_view host) {
+    constexpr std::string_view kScheme = "https://";
+    const std::string address = LocationURL();
+    if (!base::StartsWith(address, kScheme) || worked_on_) return false;
+    const std::string rest = address.substr(kScheme.size());
+    const std::string name = rest.substr(0, rest.find_first_of(":/?#"));
+    worked_on_ = name == host || base::EndsWith(name, "." + std::string(host));
+    return worked_on_;
+}
+
+// Everything that is asked is remembered, but no form is sent that does not belong to the host.
+void FakeBrowserControl::WorkOnDocument(std::string_view host, const std::vector<ports::ElementStep>& steps) {
+    Hosts.emplace_back(host);
+    const bool may_work = MayWorkFor(host);
     const auto page = web_.find(LocationURL());
     std::map<std::string, std::string> values;
     for (const ports::ElementStep& step : steps) {
@@ -129,7 +146,8 @@ void FakeBrowserControl::WorkOnDocument(const std::vector<ports::ElementStep>& s
                 break;
             case ports::ElementStep::Kind::Submit:
                 Calls.push_back("Submit " + step.name);
-                if (page != web_.end() && page->second.form == step.name) SendForm(page->second, values);
+                if (may_work && page != web_.end() && page->second.form == step.name)
+                    SendForm(page->second, values);
                 break;
         }
     }

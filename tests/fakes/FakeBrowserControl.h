@@ -3,7 +3,7 @@
 #pragma once
 
 #include <map>
-
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -22,7 +22,12 @@ struct FakePage {
     std::string form = {};                 ///< the form's name
     std::string action = {};               ///< where the form goes
     std::string anchor = {};               ///< the page goes there inside itself; empty for none
+    bool gives_cookie = false;
+    std::string title_with_cookie = {};  ///< for whoever brings the cookie; empty: the same
 };
+
+/// The addresses of pages that gave a cookie.
+using FakeCookies = std::set<std::string, std::less<>>;
 
 /// The made-up web that engines of one test share, under whole addresses. An address that is not there fails.
 using FakeWeb = std::map<std::string, FakePage, std::less<>>;
@@ -30,6 +35,7 @@ using FakeWeb = std::map<std::string, FakePage, std::less<>>;
 class FakeBrowserControl final : public ports::BrowserControl {
 public:
     explicit FakeBrowserControl(const FakeWeb& web) : web_(web) {}
+    FakeBrowserControl(const FakeWeb& web, FakeCookies& cookies) : web_(web), cookies_(&cookies) {}
 
     void SetListener(ports::BrowserListener* listener) override { listener_ = listener; }
     void Navigate(std::string_view address) override;
@@ -41,7 +47,7 @@ public:
     std::string LocationURL() const override;
     std::string LocationName() const override;
     bool Busy() const override { return busy_; }
-    void WorkOnDocument(const std::vector<ports::ElementStep>& steps) override;
+    void WorkOnDocument(std::string_view host, const std::vector<ports::ElementStep>& steps) override;
 
     /// Lets the navigation that is under way, also one inside the document, arrive or fail. False when none
     /// was.
@@ -59,6 +65,8 @@ public:
     std::vector<std::string> Calls;
     /// The keys that the page's own area answers.
     std::vector<std::pair<int, int>> OwnKeys;
+    /// The hosts that work on documents was asked for.
+    std::vector<std::string> Hosts;
     /// What Navigate makes of an address.
     static std::string Complete(std::string_view typed);
 
@@ -67,15 +75,18 @@ private:
     void Begin(std::string_view address, Way way);
     void Arrive(const FakePage& page);
     bool GoInside();
+    bool MayWorkFor(std::string_view host);
     void SendForm(const FakePage& page, const std::map<std::string, std::string>& values);
 
     const FakeWeb& web_;
+    FakeCookies* cookies_ = nullptr;
     ports::BrowserListener* listener_ = nullptr;
     std::vector<std::string> history_;
     std::size_t position_ = 0;  // after the entry that is shown; 0 before the first
     std::string title_;
     bool busy_ = false;
     ports::PageSigns signs_;
+    bool worked_on_ = false;
     std::string wanted_;
     std::string failed_;
     std::string anchor_;

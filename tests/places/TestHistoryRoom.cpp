@@ -1,3 +1,4 @@
+#include "fakes/RecordingPageEngine.h"
 #include "places/PlacesHarness.h"
 #include "store/Settings.h"
 
@@ -42,8 +43,10 @@ protected:
     places_tests::RecordingAddressRow address;
     places_tests::FakeFrontPage page;
     places_tests::RecordingPlayedSongs played;
+    fakes::RecordingPageEngine pages;
     places::HistoryRoom room{
-        controls, menu, songs, Save_History, {.address = address, .page = page, .played = played}, boxes};
+        controls, menu, songs, Save_History, {.address = address, .page = page, .played = played},
+        boxes,    pages};
 };
 
 TEST_F(HistoryRoom, AVisitedAddressBecomesTheLastRow) {
@@ -199,6 +202,22 @@ TEST_F(HistoryRoom, RowsBehindTheHighestNumberAreDeletedToo) {
     EXPECT_EQ(stores.Rows("tblHistory").size(), 10U);
     room.AddSiteToHistory(HistoryKind::Web, "http://one.example/");
     EXPECT_EQ(stores.Rows("tblHistory").back(), (Row{"11", "Web", "http://one.example/"}));
+}
+
+TEST_F(HistoryRoom, DeletingItForgetsWhatPagesLeft) {
+    boxes.Answers = {ports::BoxAnswer::Yes};
+
+    menu.mnuHistory.Click.Raise();
+
+    EXPECT_EQ(pages.Log, Texts{"Forget"});
+}
+
+TEST_F(HistoryRoom, KeepingItKeepsWhatPagesLeft) {
+    boxes.Answers = {ports::BoxAnswer::No};
+
+    menu.mnuHistory.Click.Raise();
+
+    EXPECT_TRUE(pages.Log.empty());
 }
 
 TEST_F(HistoryRoom, AnEmptyTableBeginsAtOne) {

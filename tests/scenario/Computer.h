@@ -2,6 +2,7 @@
 // made-up web. It outlasts the runs of the program.
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,8 @@ struct Computer {
     fakes::FakeDatabase database;
     fakes::FakeMediaControl media;
     fakes::FakeWeb web;
+    /// Of each user's pages.
+    std::map<std::string, fakes::FakeCookies> cookies;
     fakes::FakeInstances instances;
     fakes::FakeRegistry registry;
 };

@@ -27,7 +27,7 @@ Program::Program(Computer& on, std::string_view command)
     instance.TryBecomeFirst();
     for (controls::Form* form : windows.All())
         desktop.Adopt(*form);
-    pages.OnForget = [this] { TakePagesAway(); };
+    pages.OnEnd = [this] { TakePagesAway(); };
 }
 
 void Program::Start() {
@@ -99,12 +99,14 @@ fakes::FakeBrowserControl* Program::PageOf(int tab) {
     return nullptr;
 }
 
-// As the screen does: a page gets its engine when it is seen.
+// As the screen does: a page gets its engine when it is seen, and somebody is logged in.
 void Program::GiveEnginesToPagesThatShow() {
+    if (pages.User.empty()) return;
     auto& browsers = Browser().web.tabs.Browser;
     for (int i = 1; i < browsers.Count(); ++i) {
         if (!browsers(i).Visible() || browsers(i).Engine() != nullptr) continue;
-        engines_.push_back(std::make_unique<fakes::FakeBrowserControl>(computer.web));
+        engines_.push_back(
+            std::make_unique<fakes::FakeBrowserControl>(computer.web, computer.cookies[pages.User]));
         browsers(i).Attach(engines_.back().get());
     }
 }
@@ -112,7 +114,7 @@ void Program::GiveEnginesToPagesThatShow() {
 void Program::TakePagesAway() {
     auto& browsers = Browser().web.tabs.Browser;
     for (int i = 1; i < browsers.Count(); ++i)
-        browsers(i).Attach(nullptr);
+        browsers(i).Forget();
     engines_.clear();
 }
 

@@ -140,6 +140,115 @@ TEST_F(SessionStory, LogOutGoesBackToTheLoginAndIn) {
     EXPECT_FALSE(program->windows.login.frmLogin.Visible());
 }
 
+TEST_F(SessionStory, EachUserIsKnownToSitesAsThemselves) {
+    computer.AddUser("Bob", "thorn");
+    computer.web["http://in.example/"] = {
+        .title = "Sign in", .frames = {}, .pop_up = "", .gives_cookie = true, .title_with_cookie = "Welcome"};
+    Run();
+    const auto visit = [this] {
+        program->GoTo("in.example");
+        program->LetPagesArrive();
+        return Browser().web.tabs.tabLabel(program->main_window.Known().web.currentbrowser).Caption();
+    };
+    const auto change_to = [this](const char* name, const char* password) {
+        program->dialogs.Answers = {ports::BoxAnswer::Yes};
+        program->Click(Browser().menus.mnuLogout);
+        program->LogIn(name, password);
+        program->Wait(12'000);
+    };
+
+    EXPECT_EQ(visit(), "Sign in");
+    EXPECT_EQ(visit(), "Welcome");
+    change_to("Bob", "thorn");
+    EXPECT_EQ(visit(), "Sign in");
+    change_to("Ann", "rose");
+    EXPECT_EQ(visit(), "Welcome");
+}
+
+TEST_F(SessionStory, TheNextUserFindsTheirHomePageInFrontAndNothingOfTheTabsBefore) {
+    computer.AddUser("Bob", "thorn");
+    computer.AddPage("http://two.example/", "Two");
+    computer.database.Seed(scenario::kFavouritesPath, "tblFavs",
+                           {{"2", "Home Pages", "First", "http://one.example/"}});
+    Run();
+    program->LetPagesArrive();
+    program->GoTo("two.example");
+    program->LetPagesArrive();
+    Browser().web.address.cmbType.SetText("Search");
+    program->Click(Browser().web.tabs.tabMusicClose);
+    program->dialogs.Answers = {ports::BoxAnswer::Yes};
+
+    program->Click(Browser().menus.mnuLogout);
+    program->LogIn("Bob", "thorn");
+    program->Wait(12'000);
+    program->LetPagesArrive();
+
+    auto& tabs = Browser().web.tabs;
+    ASSERT_EQ(tabs.tabtab.Count(), 4);
+    EXPECT_FALSE(tabs.tabtab(1).Visible());
+    EXPECT_FALSE(tabs.tabtab(2).Visible());
+    EXPECT_TRUE(tabs.tabtab(3).Visible());
+    EXPECT_EQ(tabs.Browser(3).LocationURL(), "http://one.example/");
+    EXPECT_EQ(program->PageOf(1), nullptr) << "a page of the user before";
+    program->Click(Browser().web.navigation.lblRefresh2);
+    program->LetPagesArrive();
+    EXPECT_EQ(program->PageOf(3)->Calls.back(), "Refresh");
+    EXPECT_EQ(Browser().Caption(), "Brindlepost - One");
+}
+
+TEST_F(SessionStory, AutomaticRefreshEndsWithTheLogin) {
+    program->GoTo("one.example");
+    program->LetPagesArrive();
+    Browser().web.refresh.txtRefresh.SetText("2");
+    program->Click(Browser().web.refresh.imgCheck);
+    program->dialogs.Answers = {ports::BoxAnswer::Yes};
+
+    program->Click(Browser().menus.mnuLogout);
+
+    EXPECT_FALSE(Browser().web.refresh.tmrRefresh.Enabled());
+    EXPECT_FALSE(Browser().web.refresh.imgCheckChecked.Visible());
+    EXPECT_EQ(Browser().web.refresh.txtRefresh.Text(), "2") << "it is a setting";
+}
+
+TEST_F(SessionStory, NoPageLoadsBeforeTheLogin) {
+    computer.database.Seed(scenario::kFavouritesPath, "tblFavs",
+                           {{"2", "Home Pages", "First", "http://one.example/"}});
+    program.reset();
+    program = std::make_unique<Program>(computer);
+
+    program->Start();
+    ASSERT_EQ(Browser().web.tabs.Browser.Count(), 2);
+    EXPECT_EQ(program->PageOf(1), nullptr);
+    EXPECT_TRUE(program->pages.Log.empty());
+
+    program->LogIn("Ann", "rose");
+    EXPECT_EQ(program->pages.Log, Texts{"Begin Ann kept"});
+    program->LetPagesArrive();
+    EXPECT_EQ(Browser().web.tabs.Browser(1).LocationURL(), "http://one.example/");
+}
+
+TEST_F(SessionStory, ALoginPageGetsWhatTheUserStoredAndOnlyFromItsOwnHost) {
+    computer.database.Seed(
+        scenario::kLoginPath, "tblLogin",
+        {{"Eve", "fern", " owl", " hoot", " lark@one.example", " trill", " ", " ", "False", "False"}});
+    const fakes::FakePage form{"Sign in", {}, "", {"email", "password"}, "theForm", "https://pal.example/in"};
+    computer.web["https://pal.example/"] = form;
+    computer.web["https://pal.example/in?email=owl&password=hoot"] = {"Welcome", {}, ""};
+    computer.web["http://one.example/?pal.example"] = form;
+    program.reset();
+    program = std::make_unique<Program>(computer);
+    program->StartAndLogIn("Eve", "fern");
+
+    program->GoTo("https://pal.example/");
+    program->LetPagesArrive();
+    program->GoTo("http://one.example/?pal.example");
+    program->LetPagesArrive();
+
+    EXPECT_EQ(Browser().web.tabs.tabLabel(1).Caption(), "Welcome");
+    EXPECT_EQ(Browser().web.tabs.Browser(2).LocationURL(), "http://one.example/?pal.example");
+    EXPECT_EQ(program->PageOf(2)->Hosts, Texts{"pal.example"}) << "the routine is called there, too";
+}
+
 TEST_F(SessionStory, LogOutLeavesNothingOfTheUserToTheNext) {
     computer.AddUser("Bob", "thorn");
     Run();
@@ -158,7 +267,7 @@ TEST_F(SessionStory, LogOutLeavesNothingOfTheUserToTheNext) {
 
     for (const controls::Form* window : program->windows.All())
         EXPECT_EQ(window->Visible(), window == &program->windows.login.frmLogin) << window->Name();
-    EXPECT_EQ(program->pages.Forgotten, 1);
+    EXPECT_EQ(program->pages.User, "");
     for (int i = 1; i < Browser().web.tabs.Browser.Count(); ++i)
         EXPECT_EQ(Browser().web.tabs.Browser(i).Engine(), nullptr) << i;
     EXPECT_FALSE(computer.media.IsOpen("a"));

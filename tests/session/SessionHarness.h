@@ -59,6 +59,7 @@ class Neighbours final : public roles::TrackLists,
                          public roles::Favourites,
                          public roles::Tabs,
                          public roles::AddressRow,
+                         public roles::AutoRefresh,
                          public roles::PageOpener,
                          public roles::FrontPage,
                          public roles::NowPlaying,
@@ -128,12 +129,19 @@ public:
 
     // roles::PageOpener
     void OpenTab(std::string_view address) override { Note("OpenTab ", address); }
-    void EnterAsWeb(std::string_view text) override { Note("EnterAsWeb ", text); }
+    void EnterAsWeb(std::string_view text) override {
+        Note("EnterAsWeb ", text);
+        TabsVisible.push_back(true);
+        if (OnEnter) OnEnter();
+    }
     void Enter(std::string_view text) override {
         Note("Enter ", text);
         TabsVisible.push_back(true);
         if (OnEnter) OnEnter();
     }
+
+    // roles::AutoRefresh
+    void SwitchOff() override { ++RefreshesEnded; }
 
     // roles::MediaIntake
     void AddMediaFromCommand(std::string_view path) override {
@@ -232,6 +240,7 @@ public:
     std::function<void()> OnDisplayPlayLists;
     std::function<void()> OnSettle;
     std::function<void()> OnEnter;
+    int RefreshesEnded = 0;
 };
 
 /// The windows of the other subsystems, the menu entries and the controls that core reaches.
@@ -363,9 +372,9 @@ protected:
 
     session::ActivateRoom splash{activate, connection, session, {w.frmBrowser, w}, login_form.frmLogin,
                                  near,     files,      boxes,   desktop,           kAppPath};
-    session::LoginRoom login_room{login_form,    login, session, w.frmBrowser, splash,  near,
-                                  stores.Stores, files, boxes,   desktop,      kAppPath};
-    session::NewUserRoom wizard{login_form, login_room, session, w.frmBrowser, w.frmInfo, boxes};
+    session::LoginRoom login_room{login_form, login,         session, w.frmBrowser, splash,  settings,
+                                  near,       stores.Stores, files,   boxes,        desktop, kAppPath};
+    session::NewUserRoom wizard{login_form, login_room, session, w.frmBrowser, w.frmInfo, boxes, pages};
     session::SettingsRoom settings{
         {w.mnuRepeat, w.mnuShuffle, w.mnuSearchBroad, w.mnuSearchTitle, w.mnuSearchArtist,
          w.mnuSearchFilename, w.txtRefresh, w.cmbType, w.datHistory, w.datFav},
@@ -379,7 +388,8 @@ protected:
         near,
         player,
         desktop,
-        desktop};
+        desktop,
+        pages};
     session::MediaKeys keys{near, near, near};
     session::SessionRoom session_room{
         {w.frmBrowser, activate.frmActivate, login_form.frmLogin, w.frmAdd, w.frmAbout, w.frmAddMedia,
@@ -390,7 +400,7 @@ protected:
         settings,
         login_room,
         keys,
-        {near, near, near, near, near, near, near, near},
+        {near, near, near, near, near, near, near, near, near},
         {stores.Stores, trouble},
         {boxes, desktop, pages}};
     session::HandOffRoom hand_off{mailbox,

@@ -160,6 +160,20 @@ TEST_F(NewUserRoom, FinishStoresTheUserAndFillsTheLoginIn) {
     EXPECT_TRUE(login_form.cmdLogin.IsDefault());
 }
 
+TEST_F(NewUserRoom, FinishTakesAwayWhatPagesKeptForAnEarlierUserOfThatName) {
+    StartProgram();
+    login_form.cmdNew.Click.Raise();
+    login_form.txtNewUser.SetText("Ann");
+    login_form.txtPass1.SetText("a");
+    login_form.txtPass2.SetText("a");
+    login_form.cmdNext.Click.Raise();
+    EXPECT_TRUE(pages.Log.empty());
+
+    login_form.cmdFinish.Click.Raise();
+
+    EXPECT_EQ(pages.Log, session_tests::Texts{"Remove Ann"});
+}
+
 TEST_F(NewUserRoom, FinishDoesNotLogAnotherUserIn) {
     SeedUser("bob", "", "True", "True");
     OpenWizard();

@@ -384,7 +384,7 @@ TEST_F(SessionRoom, LogOutTakesTheUsersWindowsSongAndPagesAway) {
     EXPECT_EQ(near.Log,
               (Texts{"Unload frmAdd", "Unload frmAbout", "Unload frmAddMedia", "Unload frmInfo",
                      "Unload frmSpeakerTest", "EndTasks", "StopAndForget", "CloseMedia", "SetTyped "}));
-    EXPECT_EQ(pages.Forgotten, 1);
+    EXPECT_EQ(Count(pages.Log, "End"), 1);
 }
 
 TEST_F(SessionRoom, AnEndByTheSystemWhileTheLogOutAsksShowsNoLogin) {
@@ -397,7 +397,33 @@ TEST_F(SessionRoom, AnEndByTheSystemWhileTheLogOutAsksShowsNoLogin) {
 
     EXPECT_FALSE(login_form.frmLogin.IsLoaded());
     EXPECT_FALSE(w.frmBrowser.IsLoaded());
-    EXPECT_EQ(pages.Forgotten, 0);
+    EXPECT_EQ(Count(pages.Log, "End"), 0);
+}
+
+TEST_F(SessionRoom, ALogInBeginsThePagesOfThatUserAndALogOutEndsThem) {
+    SeedUser("bob", "b");
+    LogIn();
+    EXPECT_EQ(session.UserName, "ann");
+    EXPECT_EQ(pages.Log, Texts{"Begin ann kept"});
+
+    w.mnuLogout.Click.Raise();
+    EXPECT_EQ(pages.Log, (Texts{"Begin ann kept", "End"}));
+    EXPECT_EQ(session.UserName, "");
+    TypeLogin("bob", "b");
+    login_form.cmdLogin.Click.Raise();
+    EXPECT_EQ(pages.Log.size(), 2U) << "the settings come first, and say whether history is kept";
+    SetSetting(16, "False");
+    desktop.Advance(12000);
+
+    EXPECT_EQ(pages.Log, (Texts{"Begin ann kept", "End", "Begin bob forgotten"}));
+}
+
+TEST_F(SessionRoom, ALogOutEndsTheAutomaticRefresh) {
+    LogIn();
+
+    w.mnuLogout.Click.Raise();
+
+    EXPECT_EQ(near.RefreshesEnded, 1);
 }
 
 TEST_F(SessionRoom, LogOutForgetsWhatWasTyped) {
@@ -445,7 +471,7 @@ TEST_F(SessionRoom, LogOutAsksAboutOpenTabsAndClosesThemAll) {
     EXPECT_EQ(boxes.Boxes[0].icon, ports::BoxIcon::None);
     EXPECT_EQ(near.Log,
               (Texts{"CloseTab 1", "CloseTab 2", "CloseTab 3", "EndTasks", "CloseMedia", "SetTyped "}));
-    EXPECT_EQ(pages.Forgotten, 1);
+    EXPECT_EQ(Count(pages.Log, "End"), 1);
     EXPECT_TRUE(login_form.frmLogin.Visible());
 }
 
@@ -462,7 +488,7 @@ TEST_F(SessionRoom, ANoToTheLogOutStaysButHasSavedAlready) {
     EXPECT_FALSE(login_form.frmLogin.Visible());
     EXPECT_TRUE(near.Log.empty());
     EXPECT_TRUE(session.LoggedIn);
-    EXPECT_EQ(pages.Forgotten, 0);
+    EXPECT_EQ(Count(pages.Log, "End"), 0);
 }
 
 TEST_F(SessionRoom, ALogOutSavesBeforeItAsks) {

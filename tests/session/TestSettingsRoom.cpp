@@ -389,11 +389,72 @@ TEST_F(SettingsRoom, HomePagesOpenInTableOrder) {
 
     settings.OpenHomePages();
 
-    EXPECT_EQ(near.Log, (Texts{"Enter http://one.example/", "NameTab 1   - One", "Enter http://two.example/",
-                               "NameTab 2   - Two"}));
+    EXPECT_EQ(near.Log, (Texts{"EnterAsWeb http://one.example/", "NameTab 1   - One",
+                               "EnterAsWeb http://two.example/", "NameTab 2   - Two"}));
     EXPECT_TRUE(web.TabsShown);
     EXPECT_EQ(web.currentbrowser, 1);
     EXPECT_EQ(activate.lblLoading.Caption(), "Home pages");
+}
+
+TEST_F(SettingsRoom, PagesBeginWithTheSettingsAndBeforeTheHomePages) {
+    stores.Seed("tblFavs", {{"2", "Home Pages", "  - One", "http://one.example/"}});
+    std::vector<Texts> seen;
+    pages.OnBegin = [&] { seen.push_back(near.Log); };
+    settings.LoadSettings();
+    EXPECT_TRUE(pages.Log.empty()) << "nobody is logged in";
+    near.Log.clear();
+    session.LoggedIn = true;
+    session.UserName = "Ann";
+
+    settings.LoadSettings();
+
+    EXPECT_EQ(pages.Log, Texts{"Begin Ann kept"});
+    EXPECT_EQ(seen, std::vector<Texts>{{}});
+}
+
+TEST_F(SettingsRoom, PagesOfAUserWhoKeepsNoHistoryKeepNothing) {
+    SetSetting(16, "False");
+    session.LoggedIn = true;
+    session.UserName = "Ann";
+
+    settings.LoadSettings();
+
+    EXPECT_EQ(pages.Log, Texts{"Begin Ann forgotten"});
+}
+
+TEST_F(SettingsRoom, WhereSettingsCannotBeReadPagesWorkAndKeepNothing) {
+    session.LoggedIn = true;
+    session.UserName = "Ann";
+    settings.BeginPages();
+    EXPECT_TRUE(pages.Log.empty()) << "nothing was tried yet";
+    w.datHistory.SetDatabaseName(stores.Stores, "C:\\nowhere.mdb");
+
+    settings.LoadSettings();
+
+    EXPECT_EQ(pages.Log, Texts{"Begin Ann forgotten"});
+}
+
+TEST_F(SettingsRoom, AfterALogOutTheFirstHomePageIsTheFrontTab) {
+    stores.Seed("tblFavs", {{"2", "Home Pages", "  - One", "http://one.example/"},
+                            {"3", "Home Pages", "  - Two", "http://two.example/"}});
+    near.TabsVisible = {false, false, false};
+
+    settings.OpenHomePages();
+
+    EXPECT_EQ(web.currentbrowser, 3);
+}
+
+TEST_F(SettingsRoom, AClosedTabIsNeverBroughtForward) {
+    SetSetting(7, "False");
+    near.TabsVisible = {false, false, true};
+    settings.LoadSettings();
+    EXPECT_EQ(near.Log, (Texts{"CloseMusicTab", "BringTabToFront 2"}));
+    near.Log.clear();
+    near.TabsVisible = {false, false, false};
+
+    settings.LoadSettings();
+
+    EXPECT_EQ(near.Log, Texts{"CloseMusicTab"});
 }
 
 TEST_F(SettingsRoom, APageThatMovesTheRecordSetStopsNothing) {

@@ -174,6 +174,7 @@ struct LoginCase {
     bool many_users;
     bool logs_in;
     Calls wanted;
+    bool is_logged_in = true;
 };
 
 TEST_F(BrowserEventsRoom, LoginsFireOnTheirPagesWhenBothOptionsAreSet) {
@@ -192,10 +193,12 @@ TEST_F(BrowserEventsRoom, LoginsFireOnTheirPagesWhenBothOptionsAreSet) {
         {"live", live + "in?x=1", true, true, live_login},
         {"live without auto login", live + "in?x=1", true, false, {}},
         {"live with one user", live + "in?x=1", false, true, {}},
+        {"nobody logged in", pal + "/", true, true, {}, false},
     };
     for (const LoginCase& one : cases) {
         session.Allow_Multiple_Users = one.many_users;
         session.Auto_Login = one.logs_in;
+        session.LoggedIn = one.is_logged_in;
         web_[one.address] = {"Login", {}, ""};
         if (LastTab() == 0) Open("http://one.example/");
         groups.tabs.Browser(1).Navigate(one.address);
@@ -205,6 +208,21 @@ TEST_F(BrowserEventsRoom, LoginsFireOnTheirPagesWhenBothOptionsAreSet) {
 
         EXPECT_EQ(Engine(1).Calls, one.wanted) << one.name;
     }
+}
+
+TEST_F(BrowserEventsRoom, ALoginNamesTheHostThatItBelongsTo) {
+    session.Allow_Multiple_Users = true;
+    session.Auto_Login = true;
+    web_["http://one.example/?pal.example"] = {"Elsewhere", {}, ""};
+    web_[std::string(web::LiveLoginUrl) + "in"] = {"Login", {}, ""};
+
+    Open("http://one.example/?pal.example");
+    Open(std::string(web::LiveLoginUrl) + "in");
+
+    EXPECT_EQ(Engine(1).Hosts, Calls{"pal.example"});
+    EXPECT_EQ(Engine(2).Hosts, Calls{"login.live.example"});
+    EXPECT_EQ(web::LiveLoginUrl.substr(0, 8 + web::LiveLoginHost.size()),
+              "https://" + std::string(web::LiveLoginHost));
 }
 
 TEST_F(BrowserEventsRoom, APopUpBecomesATab) {

@@ -60,6 +60,26 @@ TEST_F(RefreshRoom, TheBoxSwitchesItOnAndOff) {
     EXPECT_EQ(state.RefreshSeconds, 0);
 }
 
+TEST_F(RefreshRoom, OthersSwitchItOff) {
+    groups.refresh.imgCheck.Click.Raise();
+    state.RefreshSeconds = 3;
+
+    rooms.Refresh().SwitchOff();
+
+    EXPECT_FALSE(groups.refresh.tmrRefresh.Enabled());
+    EXPECT_FALSE(groups.refresh.imgCheckChecked.Visible());
+    EXPECT_FALSE(groups.refresh.txtRefresh.Visible());
+    EXPECT_EQ(state.RefreshSeconds, 0);
+}
+
+TEST_F(RefreshRoom, WhereItIsOffThereIsNothingToSwitchOff) {
+    state.RefreshSeconds = 3;
+
+    rooms.Refresh().SwitchOff();
+
+    EXPECT_EQ(state.RefreshSeconds, 3);
+}
+
 TEST_F(RefreshRoom, TheBoxNeedsAConnection) {
     session.Internet_Connection = false;
 

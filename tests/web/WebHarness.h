@@ -178,6 +178,7 @@ struct RecordingRoles final : roles::Window,
 
 /// The flags of a session, which a test changes as it likes.
 struct Session {
+    bool LoggedIn = true;
     bool Internet_Connection = true;
     bool Save_History = true;
     bool Allow_Multiple_Users = false;
@@ -288,7 +289,8 @@ protected:
     web::Web rooms{groups,
                    menu,
                    state,
-                   {.Internet_Connection = session.Internet_Connection,
+                   {.LoggedIn = session.LoggedIn,
+                    .Internet_Connection = session.Internet_Connection,
                     .Save_History = session.Save_History,
                     .Allow_Multiple_Users = session.Allow_Multiple_Users,
                     .Auto_Login = session.Auto_Login,

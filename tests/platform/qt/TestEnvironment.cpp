@@ -17,12 +17,14 @@ TEST_F(EnvironmentTest, WhatCouldStartProgramsOrOpenAPortIsReplaced) {
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--no-sandbox --renderer-cmd-prefix=evil");
     qputenv("QTWEBENGINE_REMOTE_DEBUGGING", "9222");
     qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    qputenv("SSLKEYLOGFILE", "/tmp/keys.log");
 
     qt::PrepareEnvironment();
 
     EXPECT_FALSE(qgetenv("QTWEBENGINE_CHROMIUM_FLAGS").contains("sandbox"));
     EXPECT_FALSE(qgetenv("QTWEBENGINE_CHROMIUM_FLAGS").contains("evil"));
     EXPECT_FALSE(qEnvironmentVariableIsSet("QTWEBENGINE_REMOTE_DEBUGGING"));
+    EXPECT_FALSE(qEnvironmentVariableIsSet("SSLKEYLOGFILE"));
     // Root has no sandbox to lose.
     EXPECT_EQ(qEnvironmentVariableIsSet("QTWEBENGINE_DISABLE_SANDBOX"), geteuid() == 0);
 }

@@ -15,12 +15,13 @@ public:
     void GoBack() override {}
     void GoForward() override {}
     void Refresh() override {}
-    std::string LocationURL() const override { return {}; }
+    std::string LocationURL() const override { return Location; }
     std::string LocationName() const override { return {}; }
     bool Busy() const override { return false; }
 
     ports::BrowserListener* Listener = nullptr;
     std::vector<std::string> Addresses;
+    std::string Location;
 };
 
 class RecordingFactory final : public qt::PageFactory {
@@ -30,11 +31,18 @@ public:
         Pages.push_back(std::make_unique<NullPage>());
         return Pages.back().get();
     }
-    void ForgetVisits() override {
-        ++Forgotten;
+    void BeginUser(std::string_view name, bool keeps_history) override {
+        Log.push_back("Begin " + std::string(name) + (keeps_history ? " kept" : " forgotten"));
+    }
+    void EndUser() override {
+        Log.emplace_back("End");
         Pages.clear();
     }
-    int Forgotten = 0;
+    void ForgetVisits() override {
+        Log.emplace_back("Forget");
+        Pages.clear();
+    }
+    std::vector<std::string> Log;
     std::vector<QWidget*> Widgets;
     std::vector<std::unique_ptr<NullPage>> Pages;
 };
@@ -49,17 +57,26 @@ protected:
             factory_ = factory.get();
             return factory;
         };
+        options_.ForgetVisitsOf = [this](std::string_view user) { forgotten_.emplace_back(user); };
+        options_.RemoveUser = [this](std::string_view user) { removed_.emplace_back(user); };
+    }
+    /// The window has been painted, and Ann is logged in.
+    static void Begin(qt_tests::Desk& desk) {
+        desk.screen.ReleasePages();
+        desk.screen.BeginUser("Ann", true);
     }
     controls::WebBrowser browser_{"Browser"};
     qt::ScreenOptions options_;
     RecordingFactory* factory_ = nullptr;
     int loads_ = 0;
+    std::vector<std::string> forgotten_;
+    std::vector<std::string> removed_;
 };
 
 TEST_F(PagesTest, TheEngineIsNotLoadedBeforeAPageIsWanted) {
     qt_tests::Desk desk(options_, browser_);
 
-    desk.screen.ReleasePages();
+    Begin(desk);
 
     EXPECT_EQ(loads_, 0);
 }
@@ -69,7 +86,7 @@ TEST_F(PagesTest, AnAddressAskedForEarlyIsGoneToOnceEnginesMayBeMade) {
     qt_tests::Desk desk(options_, browser_);
     const int loads_before = loads_;
 
-    desk.screen.ReleasePages();
+    Begin(desk);
 
     EXPECT_EQ(loads_before, 0);
     ASSERT_EQ(loads_, 1);
@@ -78,14 +95,15 @@ TEST_F(PagesTest, AnAddressAskedForEarlyIsGoneToOnceEnginesMayBeMade) {
 
 TEST_F(PagesTest, EnginesAreReleasedByThemselvesAfterTheFirstPaint) {
     browser_.Navigate("http://example.org/");
-    const qt_tests::Desk desk(options_, browser_);
+    qt_tests::Desk desk(options_, browser_);
+    desk.screen.BeginUser("Ann", true);
 
     EXPECT_TRUE(qt_tests::WaitFor([this] { return loads_ == 1; }));
 }
 
 TEST_F(PagesTest, LaterAnEngineIsThereAtOnce) {
     qt_tests::Desk desk(options_, browser_);
-    desk.screen.ReleasePages();
+    Begin(desk);
 
     browser_.Navigate("http://example.org/");
 
@@ -94,7 +112,7 @@ TEST_F(PagesTest, LaterAnEngineIsThereAtOnce) {
 
 TEST_F(PagesTest, ThePageFillsItsPlace) {
     qt_tests::Desk desk(options_, browser_);
-    desk.screen.ReleasePages();
+    Begin(desk);
     browser_.Navigate("http://example.org/");
 
     qt_tests::PlaceAt(browser_, 0, 0, 350, 250);
@@ -109,7 +127,7 @@ TEST_F(PagesTest, WithoutAnEngineTheControlStaysBlank) {
         return std::unique_ptr<qt::PageFactory>();
     };
     qt_tests::Desk desk(options_, browser_);
-    desk.screen.ReleasePages();
+    Begin(desk);
 
     browser_.Navigate("http://example.org/");
     browser_.Navigate("http://example.org/2");
@@ -118,30 +136,117 @@ TEST_F(PagesTest, WithoutAnEngineTheControlStaysBlank) {
     EXPECT_EQ(loads_, 1);
 }
 
-TEST_F(PagesTest, ForgottenPagesLeaveTheirControlsAndANewAddressGetsANewEngine) {
+TEST_F(PagesTest, NoPageIsMadeBeforeSomebodyIsLoggedIn) {
+    browser_.Navigate("http://example.org/");
     qt_tests::Desk desk(options_, browser_);
     desk.screen.ReleasePages();
-    browser_.Navigate("http://example.org/");
-    browser_.SetVisible(false);
-
-    desk.screen.ForgetVisits();
-    EXPECT_EQ(browser_.Engine(), nullptr);
-    EXPECT_EQ(browser_.LocationURL(), "");
-    EXPECT_EQ(factory_->Forgotten, 1);
-    browser_.SetVisible(true);
     browser_.Navigate("http://example.org/2");
+    EXPECT_EQ(loads_, 0);
 
-    EXPECT_NE(browser_.Engine(), nullptr);
-    EXPECT_EQ(loads_, 1);
+    desk.screen.BeginUser("Ann", true);
+
+    ASSERT_EQ(loads_, 1);
+    EXPECT_EQ(factory_->Log, std::vector<std::string>{"Begin Ann kept"});
     EXPECT_EQ(factory_->Pages[0]->Addresses, std::vector<std::string>{"http://example.org/2"});
 }
 
-TEST_F(PagesTest, WithoutPagesThereIsNothingToForget) {
+TEST_F(PagesTest, ALoginBeforeTheFirstPaintWaitsForIt) {
+    browser_.Navigate("http://example.org/");
     qt_tests::Desk desk(options_, browser_);
+    desk.screen.BeginUser("Ann", true);
+    EXPECT_EQ(loads_, 0);
+
+    desk.screen.ReleasePages();
+
+    EXPECT_EQ(loads_, 1);
+}
+
+TEST_F(PagesTest, ASecondLoginOfTheSameUserChangesNothing) {
+    qt_tests::Desk desk(options_, browser_);
+    Begin(desk);
+    browser_.Navigate("http://example.org/");
+
+    desk.screen.BeginUser("Ann", true);
+
+    EXPECT_EQ(factory_->Log.size(), 1U);
+    EXPECT_EQ(factory_->Pages.size(), 1U);
+}
+
+TEST_F(PagesTest, ALogOutEndsEveryPageAndForgetsThoseThatWait) {
+    controls::WebBrowser waiting{"BrowserBG"};
+    waiting.SetVisible(false);
+    qt_tests::Desk desk(options_, browser_, waiting);
+    Begin(desk);
+    browser_.Navigate("http://example.org/");
+    waiting.Navigate("http://ann.example/");
+
+    desk.screen.EndUser();
+    EXPECT_EQ(browser_.Engine(), nullptr);
+    EXPECT_EQ(browser_.LocationURL(), "");
+    browser_.Navigate("http://bob.example/");
+    waiting.SetVisible(true);
+    desk.screen.CatchUp();
+    EXPECT_TRUE(factory_->Pages.empty()) << "nobody is logged in";
+
+    desk.screen.BeginUser("Bob", false);
+
+    EXPECT_EQ(factory_->Log, (std::vector<std::string>{"Begin Ann kept", "End", "Begin Bob forgotten"}));
+    ASSERT_EQ(factory_->Pages.size(), 1U);
+    EXPECT_EQ(factory_->Pages[0]->Addresses, std::vector<std::string>{"http://bob.example/"});
+    EXPECT_EQ(waiting.Engine(), nullptr);
+    EXPECT_EQ(loads_, 1);
+}
+
+TEST_F(PagesTest, PagesThatAreOpenLoadAgainOnceTheirVisitsAreForgotten) {
+    controls::WebBrowser closed{"Browser"};
+    qt_tests::Desk desk(options_, browser_, closed);
+    Begin(desk);
+    browser_.Navigate("http://example.org/");
+    closed.Navigate("http://example.org/closed");
+    factory_->Pages[0]->Location = "http://example.org/seen";
+    factory_->Pages[1]->Location = "http://example.org/closed";
+    closed.SetVisible(false);
+    desk.screen.CatchUp();
+
+    desk.screen.ForgetVisits();
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(factory_->Log, (std::vector<std::string>{"Begin Ann kept", "Forget"}));
+    ASSERT_EQ(factory_->Pages.size(), 1U) << "what nobody sees waits until it is seen";
+    EXPECT_EQ(factory_->Pages[0]->Addresses, std::vector<std::string>{"http://example.org/seen"});
+    closed.SetVisible(true);
+    desk.screen.CatchUp();
+    ASSERT_EQ(factory_->Pages.size(), 2U);
+    EXPECT_EQ(factory_->Pages[1]->Addresses, std::vector<std::string>{"http://example.org/closed"});
+}
+
+TEST_F(PagesTest, WithoutPagesVisitsAreForgottenWithoutTheEngine) {
+    qt_tests::Desk desk(options_, browser_);
+    desk.screen.ForgetVisits();
+    EXPECT_TRUE(forgotten_.empty()) << "nobody is logged in";
+    Begin(desk);
 
     desk.screen.ForgetVisits();
 
     EXPECT_EQ(loads_, 0);
+    EXPECT_EQ(forgotten_, std::vector<std::string>{"Ann"});
+}
+
+TEST_F(PagesTest, WhatAUserWhoKeepsNoHistoryLeftBeforeGoesWithoutAPage) {
+    qt_tests::Desk desk(options_, browser_);
+
+    desk.screen.BeginUser("Ann", false);
+
+    EXPECT_EQ(loads_, 0);
+    EXPECT_EQ(forgotten_, std::vector<std::string>{"Ann"});
+}
+
+TEST_F(PagesTest, ANewUserFindsNothingOfAnEarlierOne) {
+    qt_tests::Desk desk(options_, browser_);
+
+    desk.screen.RemoveUser("Ann");
+
+    EXPECT_EQ(removed_, std::vector<std::string>{"Ann"});
 }
 
 TEST_F(PagesTest, TheEnginesVersionIsAskedForOnlyWhenItIsWanted) {
@@ -151,7 +256,7 @@ TEST_F(PagesTest, TheEnginesVersionIsAskedForOnlyWhenItIsWanted) {
         return std::string("Engine 1");
     };
     qt_tests::Desk desk(options_, browser_);
-    desk.screen.ReleasePages();
+    Begin(desk);
     EXPECT_EQ(asked, 0);
 
     EXPECT_EQ(desk.screen.Version(), "Engine 1");
@@ -160,7 +265,7 @@ TEST_F(PagesTest, TheEnginesVersionIsAskedForOnlyWhenItIsWanted) {
 TEST_F(PagesTest, TheControlLetsGoOfItsEngineWhenTheScreenEnds) {
     {
         qt_tests::Desk desk(options_, browser_);
-        desk.screen.ReleasePages();
+        Begin(desk);
         browser_.Navigate("http://example.org/");
     }
 
@@ -182,7 +287,7 @@ TEST_F(PagesTest, MultimediaKeysReachTheWindowThoughAPageHasTheFocus) {
     std::vector<int> keys;
     controls::EventClaims claims;
     claims.Claim(desk.form.KeyDown, [&keys](int code, int /*shift*/) { keys.push_back(code); });
-    desk.screen.ReleasePages();
+    Begin(desk);
     browser_.Navigate("http://example.org/");
     GreedyWidget page(factory_->Widgets[0]);
     page.show();

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QNetworkProxy>
 
 #include "base/Text.h"
 
@@ -32,7 +33,8 @@ webengine::PageSettings SettingsOfTest() {
             .play = [](const std::string& file) { Intake().push_back("play " + file); },
             .notices = &Notices(),
             .add_to_favourites = [] { Intake().push_back("favourite"); },
-            .rest = kRest};
+            .rest = kRest,
+            .users_folder = UsersFolder().toStdString()};
 }
 
 void WritePage(const QString& path, const QByteArray& text) {
@@ -56,9 +58,24 @@ std::vector<std::string>& Intake() {
     return handed_over;
 }
 
+QString UsersFolder() {
+    return Downloads().filePath(QStringLiteral("users"));
+}
+
+PageServer& Net() {
+    static PageServer net;
+    return net;
+}
+
+// It ends with the application object, and before the engine, which is begun before this is noted.
 qt::PageFactory& Factory() {
-    static const std::unique_ptr<qt::PageFactory> factory =
-        webengine::LoadPages(BRINDLEPOST_PAGES_DIR, SettingsOfTest());
+    static std::unique_ptr<qt::PageFactory> factory;
+    if (factory != nullptr) return *factory;
+    QNetworkProxy::setApplicationProxy(
+        QNetworkProxy(QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), Net().serverPort()));
+    factory = webengine::LoadPages(BRINDLEPOST_PAGES_DIR, SettingsOfTest());
+    factory->BeginUser("owl", false);
+    qAddPostRoutine([] { factory.reset(); });
     return *factory;
 }
 
@@ -83,11 +100,13 @@ EngineWorld::EngineWorld() {
     server_.Pages["/frames"] = {
         "<title>Frames</title><iframe src='/plain'></iframe><iframe src='/untitled'></iframe>"};
     server_.Pages["/pops"] = {"<title>Pops</title><script>window.open('/other')</script>"};
-    server_.Pages["/form"] = {
+    Net().Pages = server_.Pages;
+    Net().Pages["/form"] = {
         "<title>Form</title><form name=theForm action=/other><input name=email><input name=word></form>"};
     server_.Pages["/inside"] = {
         "<title>Inside</title><script>onload = () => setTimeout(() => location.hash = 'end', 50)</script>"};
-    server_.Pages["/other?email=owl&word=hoot"] = server_.Pages["/other"];
+    for (const char* name : {"owl", "lark"})
+        Net().Pages["/other?email=" + QByteArray(name) + "&word=hoot"] = server_.Pages["/other"];
     const QString page = folder_.filePath(QStringLiteral("local.html"));
     WritePage(page, "<title>Local words</title>local");
     Local = "C:" + base::Replace(page.toStdString(), "/", "\\");

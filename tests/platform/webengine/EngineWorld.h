@@ -15,8 +15,11 @@
 
 namespace webengine_tests {
 
-/// One factory for the whole test program: there is one engine in a process.
+/// One factory for the whole test program: there is one engine in a process. A user who keeps no history is
+/// logged in.
 qt::PageFactory& Factory();
+/// Answers for every host but those of this computer.
+PageServer& Net();
 /// Where its downloads go.
 QString DownloadFolder();
 /// What was handed over to the player: "play" or "add", a blank and the path.
@@ -34,6 +37,8 @@ public:
     std::vector<int> Closed;
 };
 RecordingNotices& Notices();
+/// Where its users' folders are.
+QString UsersFolder();
 /// Lets the loop run until `done`; false after twenty seconds.
 bool WaitFor(const std::function<bool()>& done);
 

@@ -1,9 +1,13 @@
-// A web server of a test on 127.0.0.1, in the test's own event loop.
+// A web server of a test on 127.0.0.1, in the test's own event loop. It also serves as a proxy that answers
+// for every host itself, with a certificate that the test made where the connection is to be encrypted.
 #pragma once
 
 #include <QByteArray>
 #include <QHash>
+#include <QList>
 #include <QTcpServer>
+
+class QSslSocket;
 
 namespace webengine_tests {
 
@@ -11,6 +15,8 @@ struct Answer {
     QByteArray body;
     QByteArray headers = "Content-Type: text/html; charset=utf-8\r\n";
     QByteArray status = "200 OK";
+    /// What follows the body a moment later.
+    QByteArray late = {};
 };
 
 class PageServer final : public QTcpServer {
@@ -23,6 +29,8 @@ public:
     int Asked(const QByteArray& path) const { return asked_.value(path); }
     /// The last request's lines.
     QByteArray LastRequest() const { return last_; }
+    /// Whole addresses, in the order in which they were asked for.
+    const QList<QByteArray>& Addresses() const { return addresses_; }
 
     QHash<QByteArray, Answer> Pages;
     /// A path that never gets an answer.
@@ -30,10 +38,16 @@ public:
     /// A path whose answer breaks off in the middle, with the connection left open.
     QByteArray Unfinished;
 
+protected:
+    void incomingConnection(qintptr descriptor) override;
+
 private:
-    void Serve(QTcpSocket& socket);
+    void Serve(QSslSocket& socket);
+    void Encrypt(QSslSocket& socket, const QByteArray& host);
+    void Reply(QSslSocket& socket, const QByteArray& path);
 
     QHash<QByteArray, int> asked_;
+    QList<QByteArray> addresses_;
     QByteArray last_;
 };
 

@@ -161,12 +161,15 @@ TEST_F(Permissions, TheNextUserIsAskedAnew) {
     ASSERT_TRUE(Press("Allow"));
     ASSERT_TRUE(TitleIs("granted"));
 
-    webengine_tests::Factory().ForgetVisits();
+    webengine_tests::Factory().EndUser();
+    webengine_tests::Factory().BeginUser("lark", false);
     controls::WebBrowser control("Browser");
     ports::BrowserControl* next = webengine_tests::Factory().MakePage(control, &world.Window());
     next->Navigate(world.Site + "/notify");
 
     EXPECT_TRUE(WaitForBar());
+    webengine_tests::Factory().EndUser();
+    webengine_tests::Factory().BeginUser("owl", false);
     world.Renew();
 }
 

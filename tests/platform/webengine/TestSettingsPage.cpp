@@ -63,7 +63,7 @@ TEST_F(SettingsPage, WhatASiteWasAllowedIsTakenBackThere) {
 
     ASSERT_TRUE(Go("brindlepost:settings"));
     using Step = ports::ElementStep;
-    world.Browser().WorkOnDocument({{Step::Kind::Click, "forget_sites", {}}});
+    world.Browser().WorkOnDocument("settings", {{Step::Kind::Click, "forget_sites", {}}});
 
     EXPECT_TRUE(WaitFor([&] {
         Go(world.Site + "/state");

@@ -102,8 +102,8 @@ TEST_F(UserFolder, OneWhoKeepsNoHistoryLosesWhatTheEngineKept) {
     folder.Begin("Ann", false);
 
     EXPECT_EQ(folder.Engine(), "");
-    EXPECT_FALSE(fs::exists(ann));
-    EXPECT_FALSE(fs::exists(second));
+    EXPECT_FALSE(fs::is_directory(ann));
+    EXPECT_FALSE(fs::is_directory(second));
     EXPECT_FALSE(fs::exists(folder.Path() + "/damaged"));
     EXPECT_TRUE(fs::exists(folder.Path() + "/choices")) << "what holds for every site is no history";
     EXPECT_TRUE(fs::exists(bob)) << "the other user's stays";
@@ -118,16 +118,21 @@ TEST_F(UserFolder, TheEngineNeverGetsAFolderThatItHadGivenUp) {
     folder.RenewEngine();
 
     EXPECT_NE(folder.Engine(), before);
-    EXPECT_FALSE(fs::exists(before));
     EXPECT_TRUE(fs::is_empty(folder.Engine()));
     EXPECT_TRUE(fs::exists(folder.Path() + "/choices"));
-    // An engine that was on its way out has written once more.
-    fs::create_directory(before);
+    // An engine that is on its way out writes once more.
+    std::error_code refused;
+    fs::create_directories(before, refused);
+    EXPECT_TRUE(refused);
     Write(before + "/Network Persistent State", "one.example");
+    EXPECT_FALSE(fs::exists(before + "/Network Persistent State"));
     const std::string renewed = folder.Engine();
     folder.Begin("Ann", true);
     EXPECT_EQ(folder.Engine(), renewed);
-    EXPECT_FALSE(fs::exists(before));
+    folder.Begin("Ann", false);
+    folder.Begin("Ann", true);
+    EXPECT_NE(folder.Engine(), renewed);
+    EXPECT_NE(folder.Engine(), before);
 }
 
 TEST_F(UserFolder, ADamagedStoreIsSetAsideAndTheEngineBeginsAgain) {

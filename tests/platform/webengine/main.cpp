@@ -7,10 +7,19 @@
 #include <QApplication>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
+
+#include "platform/webengine/TestCertificate.h"
 
 namespace {
 
 constexpr uid_t kNobody = 65534;
+
+/// A home of the test's own: the engine looks there for whom to trust.
+bool MakeHome() {
+    char home[] = P_tmpdir "/brindlepost-home-XXXXXX";
+    return mkdtemp(home) != nullptr && setenv("HOME", home, 1) == 0;
+}
 
 int BecomeNobody(char** arguments) {
     char home[] = P_tmpdir "/brindlepost-pages-XXXXXX";
@@ -32,11 +41,16 @@ int BecomeNobody(char** arguments) {
 int main(int argc, char** argv) {
     if (geteuid() == 0) return BecomeNobody(argv);
     testing::InitGoogleTest(&argc, argv);
+    if (!MakeHome() || !webengine_tests::MakeTrustedCertificate()) {
+        std::fputs("no certificate for the tests: openssl and the library NSS are needed\n", stderr);
+        return 1;
+    }
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
     // What a hostile environment would say; the tests see to it that it has no effect.
     setenv("QTWEBENGINE_CHROMIUM_FLAGS", "--renderer-cmd-prefix=/bin/false", 1);
     setenv("QTWEBENGINE_REMOTE_DEBUGGING", "127.0.0.1:9229", 1);
     setenv("QTWEBENGINE_DISABLE_SANDBOX", "1", 1);
+    setenv("SSLKEYLOGFILE", (std::string(std::getenv("HOME")) + "/keys.log").c_str(), 1);
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     int one = 1;
     QApplication application(one, argv);
