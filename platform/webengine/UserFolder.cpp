@@ -3,12 +3,14 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <cstdio>
 
 #include <QByteArray>
 #include <QCryptographicHash>
 #include <algorithm>
 #include <charconv>
 #include <chrono>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -50,11 +52,16 @@ bool MakeOwn(const fs::path& folder) {
 /// says that the number is used up.
 void GiveUp(const fs::path& engine) {
     const fs::path gone = engine.parent_path() / (std::string(kGone) + engine.filename().string());
-    std::error_code error;
-    fs::rename(engine, gone, error);
     TakeAway(gone);
-    const int file = ::open(engine.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    const int file = ::open(gone.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (file >= 0) ::close(file);
+    // Both change places in one step, or there would be a moment in which the engine makes its folder again.
+    if (::renameat2(AT_FDCWD, gone.c_str(), AT_FDCWD, engine.c_str(), RENAME_EXCHANGE) != 0) {
+        TakeAway(engine);
+        std::error_code error;
+        fs::rename(gone, engine, error);
+    }
+    TakeAway(gone);
 }
 
 void SetAside(const fs::path& path, const fs::path& where) {

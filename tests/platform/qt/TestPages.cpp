@@ -309,7 +309,7 @@ TEST_F(PagesTest, TheWindowLooksAtItsKeysBeforeThePage) {
         keys.emplace_back(code, shift);
         taken = code == 'T';
     });
-    desk.screen.ReleasePages();
+    Begin(desk);
     browser_.Navigate("http://example.org/");
     GreedyWidget page(factory_->Widgets[0]);
     page.show();
@@ -338,7 +338,7 @@ TEST_F(PagesTest, ABoxOfAPageKeepsItsKeys) {
         ++previewed;
         taken = true;
     });
-    desk.screen.ReleasePages();
+    Begin(desk);
     browser_.Navigate("http://example.org/");
     QDialog box(factory_->Widgets[0]);
     GreedyWidget inside(&box);
@@ -358,7 +358,7 @@ TEST_F(PagesTest, AKeyThatIsHeldDownComesToTheWindowAgainOnlyWhereThatIsOfUse) {
     controls::EventClaims claims;
     claims.Claim(desk.form.KeyPreview,
                  [&keys](int code, int /*shift*/, bool& /*taken*/) { keys.push_back(code); });
-    desk.screen.ReleasePages();
+    Begin(desk);
     browser_.Navigate("http://example.org/");
     GreedyWidget page(factory_->Widgets[0]);
     page.show();
