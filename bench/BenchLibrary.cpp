@@ -12,6 +12,7 @@
 #include "BenchStore.h"
 #include "base/Text.h"
 #include "fakes/FakeDialogs.h"
+#include "fakes/RecordingPageEngine.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryListsRoom.h"
 #include "library/SearchRoom.h"
@@ -189,6 +190,7 @@ struct Program {
     places::HistoryMenu HistoryMenu;
     std::vector<std::string> Played;
     bool SaveHistory = true;
+    fakes::RecordingPageEngine Pages;
     bool ListMaybeChanged = false;
     /// No store: a match is looked for, and its row costs nothing.
     library::MediaSources NoSources;
@@ -206,7 +208,7 @@ struct Program {
     library::TrackMatchRoom MatchRoom{
         Import, {lblFoundNo, lblDuplicatesNoRemoved, lblStatus}, Sources, PlayListRoom, Store.Loop()};
     places::HistoryRoom HistoryRoom{
-        History, HistoryMenu, Sources.datSong, SaveHistory, {Around, Around, Around}, Boxes};
+        History, HistoryMenu, Sources.datSong, SaveHistory, {Around, Around, Around}, Boxes, Pages};
 };
 
 /// One program at a time: the jobs of one size stand together.
