@@ -66,6 +66,37 @@ webengine::PageSettings SettingsOfPages(std::function<std::string(std::string_vi
         .dictionary_folder = webengine::DictionaryFolder().toStdString()};
 }
 
+/// What the page engine has of the program, and the program of the engine.
+class PageEnds final {
+public:
+    PageEnds(const std::function<std::string(std::string_view)>& to_native, dbus::BusNotices& notices, const std::string& folder)
+        : folder_(folder), settings_(SettingsOfPages(to_native, notices, house_)), kept_(OfAllUsers()) {
+        settings_.users_folder = OfAllUsers();
+    }
+    PageEnds(const PageEnds&) = delete;
+    PageEnds& operator=(const PageEnds&) = delete;
+
+    qt::ScreenOptions Options(std::function<std::string(const std::string&)> from_native) {
+        return {folder_,
+                std::move(from_native),
+                [this] { return webengine::LoadPages(folder_, settings_); },
+                [this](std::string_view user) { kept_.RemoveEngines(user); },
+                [this](std::string_view user) { kept_.Remove(user); },
+                [this] { return webengine::EngineVersion(folder_); }};
+    }
+    void Know(window::MainWindow& house) { house_ = &house; }
+
+private:
+    std::string OfAllUsers() const {
+        return webengine::UserFolder::OfAllUsers(linux::FoldersOfUser().data, folder_);
+    }
+
+    const std::string folder_;
+    window::MainWindow* house_ = nullptr;
+    webengine::PageSettings settings_;
+    const webengine::UserFolder kept_;
+};
+
 int NoDisplay(const std::string& what) {
     std::fprintf(stderr, "Brindlepost: %s\n", what.c_str());
     return kNoDisplay;
@@ -132,16 +163,8 @@ int RunProgram(int argc, char** argv) {
     dbus::BusNotices notices(bus);
 
     window::Windows windows(files);
-    const std::string page_folders = webengine::UserFolder::OfAllUsers(linux::FoldersOfUser().data, folder);
-    const webengine::UserFolder kept(page_folders);
-    window::MainWindow* house = nullptr;
-    webengine::PageSettings pages = SettingsOfPages(to_native, notices, house);
-    pages.users_folder = page_folders;
-    qt::Screen screen(loop,
-                      {folder, from_native, [&folder, &pages] { return webengine::LoadPages(folder, pages); },
-                       [&kept](std::string_view user) { kept.RemoveEngines(user); },
-                       [&kept](std::string_view user) { kept.Remove(user); },
-                       [&folder] { return webengine::EngineVersion(folder); }});
+    PageEnds pages(to_native, notices, folder);
+    qt::Screen screen(loop, pages.Options(from_native));
     screen.AfterFirstPaint = [&media, &bus] {
         media.WarmUp();
         bus.Join();
@@ -156,7 +179,7 @@ int RunProgram(int argc, char** argv) {
         {database, files, media, window_services, window_shape, boxes, loop, clock, chance, instance,
          messenger, board, screen_saver, screen, registry, programs},
         command, [&loop] { loop.Quit(); });
-    house = &main_window;
+    pages.Know(main_window);
     const Doorbells doorbells(instance, main_window);
     main_window.Start();
     return loop.Run();

@@ -27,12 +27,12 @@ places::AddressIndex Filled(int addresses) {
 
 void Suggest(benchmark::State& state, const char* typed) {
     const places::AddressIndex index = Filled(static_cast<int>(state.range(0)));
-    for (auto _ : state)
+    while (state.KeepRunning())
         benchmark::DoNotOptimize(index.Find(typed, 8));
 }
 
 void Fill(benchmark::State& state) {
-    for (auto _ : state)
+    while (state.KeepRunning())
         benchmark::DoNotOptimize(Filled(static_cast<int>(state.range(0))));
 }
 

@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineScript>
+#include <chrono>
 #include <utility>
 
 #include "base/Text.h"
@@ -23,6 +24,9 @@ constexpr int kBadAddress = -300;
 constexpr int kRendererGone = -1000;
 /// A title that is longer than any place shows is a page's attack on the places.
 constexpr qsizetype kLongestTitle = 200;
+/// How often a document is asked whether it was sent to a place of its own, and how long between.
+constexpr int kGlancesInside = 20;
+constexpr std::chrono::milliseconds kGlanceInside{50};
 
 /// The engine's stand-in title of a document without one is its address without the scheme.
 bool IsStandInTitle(const QString& title, const QUrl& location) {
@@ -251,7 +255,8 @@ void EnginePage::OnLoading(const QWebEngineLoadingInfo& info) {
         busy_ = false;
         return;
     }
-    if (info.status() != QWebEngineLoadingInfo::LoadStartedStatus) rest_->OnLoadEnd();
+    loading_ = info.status() == QWebEngineLoadingInfo::LoadStartedStatus;
+    if (!loading_) rest_->OnLoadEnd();
     switch (info.status()) {
         case QWebEngineLoadingInfo::LoadStartedStatus:
             busy_ = true;
@@ -288,10 +293,34 @@ bool EnginePage::AskWithoutEncryption(const QWebEngineLoadingInfo& info) {
 }
 
 void EnginePage::OnUrlChanged(const QUrl& url) {
+    if (busy_ && !loading_ && !location_.isEmpty()) CheckInside(kGlancesInside);
     // Inside a document (an anchor, a pushed state) there is no load: the new address is that of the
     // document.
     if (busy_ || location_.isEmpty() || url.isEmpty() || url == location_ || rest_->IsDiscarded()) return;
     location_ = url;
+    moves_inside_.Want();
+}
+
+// The page was sent to a place in its own document, by an address or back: nothing loads then. The engine may
+// show an address before the document has it, so the document is asked.
+void EnginePage::CheckInside(int glances) {
+    const auto is_done = [self = QPointer<EnginePage>(this), serial = serial_,
+                          glances](const QVariant& shown) {
+        if (!shown.isValid() || self == nullptr || self->view_ == nullptr || serial != self->serial_) return;
+        if (!self->busy_ || self->loading_) return;
+        if (QUrl(shown.toString()) == self->page_->url()) {
+            self->EndInside();
+        } else if (glances > 1) {
+            QTimer::singleShot(kGlanceInside, self, [self, glances] { self->CheckInside(glances - 1); });
+        }
+    };
+    page_->runJavaScript(QStringLiteral("location.href"), QWebEngineScript::ApplicationWorld, is_done);
+}
+
+void EnginePage::EndInside() {
+    busy_ = walking_history_ = false;
+    if (page_->url() == location_) return;
+    location_ = page_->url();
     moves_inside_.Want();
 }
 

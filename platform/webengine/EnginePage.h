@@ -84,6 +84,8 @@ private:
     void ShowNotice();
     void ReloadDeadPage();
     void OnUrlChanged(const QUrl& url);
+    void CheckInside(int glances);
+    void EndInside();
     void OnTitleChanged();
     void TellTitle();
     void TellInside();
@@ -115,6 +117,7 @@ private:
     int serial_ = 0;
     bool busy_ = false;
     bool walking_history_ = false;
+    bool loading_ = false;
     bool commit_told_ = false;
     bool reloaded_by_itself_ = false;
     bool is_popup_ = false;

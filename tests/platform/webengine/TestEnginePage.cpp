@@ -167,6 +167,24 @@ TEST_F(EnginePage, AnAddressPushedByAScriptIsTold) {
     EXPECT_TRUE(WaitFor([&] { return world.Browser().LocationURL() == world.Site + "/app/2"; }));
 }
 
+TEST_F(EnginePage, BackAndForwardInsideADocumentAreTold) {
+    Serve("/app", "<title>App</title>");
+    ASSERT_TRUE(Arrive(world.Site + "/app"));
+    ASSERT_TRUE(Arrive(world.Site + "/app#two"));
+    heard.Completed.clear();
+
+    world.Browser().GoBack();
+    EXPECT_TRUE(WaitFor([&] { return heard.Completed.size() == 1; }));
+    EXPECT_EQ(world.Browser().LocationURL(), world.Site + "/app");
+    EXPECT_FALSE(world.Browser().Busy());
+    world.Browser().GoForward();
+    EXPECT_TRUE(WaitFor([&] { return heard.Completed.size() == 2; }));
+
+    EXPECT_EQ(world.Browser().LocationURL(), world.Site + "/app#two");
+    EXPECT_FALSE(world.Browser().Busy());
+    EXPECT_EQ(world.Server().Asked("/app"), 1);
+}
+
 TEST_F(EnginePage, ARedirectArrivesAtItsEnd) {
     world.Server().Pages["/from"] = {"", "Location: /plain\r\n", "302 Found"};
 
