@@ -69,7 +69,8 @@ webengine::PageSettings SettingsOfPages(std::function<std::string(std::string_vi
 /// What the page engine has of the program, and the program of the engine.
 class PageEnds final {
 public:
-    PageEnds(const std::function<std::string(std::string_view)>& to_native, dbus::BusNotices& notices, const std::string& folder)
+    PageEnds(const std::function<std::string(std::string_view)>& to_native, dbus::BusNotices& notices,
+             const std::string& folder)
         : folder_(folder), settings_(SettingsOfPages(to_native, notices, house_)), kept_(OfAllUsers()) {
         settings_.users_folder = OfAllUsers();
     }

@@ -94,7 +94,7 @@ bool DownloadList::Read(const QString& file) {
     const QJsonDocument document = QJsonDocument::fromJson(opened.readAll());
     if (!document.isArray()) return false;
     const QJsonArray rows = document.array();
-    for (const QJsonValue& row : rows) {
+    for (const auto& row : rows) {
         Download download = FromJson(row.toObject());
         if (download.Name().isEmpty()) return false;
         download.id = ++last_id_;

@@ -232,8 +232,9 @@ void EnginePage::OnFrame(const QUrl& url) {
         frames_.push_back(url);
 }
 
+// A page that the user has closed while it loaded still arrives, and would open its windows then.
 QWebEnginePage* EnginePage::OnWindowWanted(ports::WindowPlace place) {
-    if (listener_ == nullptr) return nullptr;
+    if (listener_ == nullptr || rest_->Seen() == ports::PageSeen::Closed) return nullptr;
     auto* window = dynamic_cast<EnginePage*>(listener_->OnNewWindow(place));
     if (window == nullptr || window == this || window->view_ == nullptr) return nullptr;
     window->is_popup_ = true;

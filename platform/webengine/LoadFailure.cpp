@@ -70,7 +70,7 @@ bool IsCertificateFailure(int code) {
 }
 
 QString WordsOfFailure(const QUrl& address, int code) {
-    const QString words = WordsOf(code);
+    QString words = WordsOf(code);
     if (!words.contains(QLatin1String("%1"))) return words;
     const QString host = address.host();
     return words.arg(host.isEmpty() ? QCoreApplication::translate("LoadFailure", "The server")

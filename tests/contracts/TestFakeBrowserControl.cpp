@@ -35,8 +35,10 @@ public:
 private:
     void AddForm(const std::string& site) {
         web_[site + "/form"] = {"Form", {}, "", {"email", "word"}, "theForm", site + "/other"};
-        for (const std::string name : {"owl", "lark"})
-            web_[site + "/other?email=" + name + "&word=hoot"] = {"Other words", {}, ""};
+        for (const std::string name : {"owl", "lark"}) {
+            const std::string sent = site + "/other?email=";
+            web_[sent + name + "&word=hoot"] = {"Other words", {}, ""};
+        }
     }
 
     fakes::FakeWeb web_;

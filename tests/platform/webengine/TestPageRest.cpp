@@ -124,6 +124,17 @@ TEST_F(PageRest, APageThatIsClosedWhileItLoadsStillArrives) {
     EXPECT_EQ(world.Browser().LocationName(), "Plain words");
 }
 
+TEST_F(PageRest, APageThatIsClosedWhileItLoadsOpensNoWindow) {
+    Serve("/breeding", "<title>Breeding</title><script>window.open('/alive'); fetch('/beat')</script>");
+    heard.ForWindow = &world.Other();
+    world.Browser().Navigate(world.Site + "/breeding");
+
+    world.Browser().SetSeen(PageSeen::Closed);
+
+    ASSERT_TRUE(WaitFor([&] { return Asked("/beat") > 0 && StateOf(0) == kFrozen; }));
+    EXPECT_EQ(heard.Windows, 0);
+}
+
 TEST_F(PageRest, AClosedPageIsDiscardedAndIsStillLoadedToAllThatAsk) {
     ASSERT_TRUE(Arrive(world.Browser(), "/plain"));
     ASSERT_TRUE(Arrive(world.Browser(), "/alive"));

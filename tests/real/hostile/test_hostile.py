@@ -322,7 +322,8 @@ def main():
     parser.add_argument("names", nargs="*")
     parser.add_argument("--seconds", type=float, default=SECONDS)
     options = parser.parse_args()
-    rows = [row for row in TABLE if not options.names or row.name in options.names]
+    # One in three is what every run of the tests has time for.
+    rows = [row for row in TABLE if row.name in options.names or "all" in options.names] if options.names else TABLE[::3]
     with stages.Stage(build) as stage:
         person = Hostility(stage, options.seconds)
         try:
