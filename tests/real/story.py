@@ -146,7 +146,7 @@ class Story:
 
     def running_time(self):
         for node in self.eyes.nodes():
-            if node.get_role_name() == "label" and re.fullmatch(r"\s*-?\d+:\d\d\s*/\s*\d+:\d\d\s*", node.get_name() or ""):
+            if node.get_role_name() in ("label", "push button", "button") and re.fullmatch(r"\s*-?\d+:\d\d\s*/\s*\d+:\d\d\s*", node.get_name() or ""):
                 return node.get_name().strip()
         return None
 

@@ -32,7 +32,7 @@ webengine::PageSettings SettingsOfTest() {
             .add_to_library = [](const std::string& file) { Intake().push_back("add " + file); },
             .play = [](const std::string& file) { Intake().push_back("play " + file); },
             .notices = &Notices(),
-            .add_to_favourites = [] { Intake().push_back("favourite"); },
+            .add_to_favourites = [] { Intake().emplace_back("favourite"); },
             .rest = kRest,
             .users_folder = UsersFolder().toStdString()};
 }

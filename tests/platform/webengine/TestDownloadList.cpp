@@ -181,7 +181,7 @@ TEST(SpeedMeter, IsWhatCameInLately) {
     EXPECT_EQ(meter.PerSecond(1000), 2000);
 
     for (int second = 2; second < 20; ++second)
-        meter.Take(second * 1000, 2000 + (second - 1) * 500);
+        meter.Take(qint64{1000} * second, 2000 + qint64{500} * (second - 1));
 
     EXPECT_NEAR(static_cast<double>(meter.PerSecond(20'000)), 500, 10);
     EXPECT_EQ(meter.PerSecond(30'000), 0);
