@@ -151,7 +151,7 @@ class Story:
         return None
 
     def title(self):
-        return self.eyes.find("What is playing", "label").get_description()
+        return self.eyes.find("What is playing").get_description()
 
     def marker(self):
         """How far the song's marker stands from the left of its bar, in pixels."""

@@ -11,7 +11,6 @@
 
 namespace {
 
-using webengine_tests::Answer;
 using webengine_tests::EngineWorld;
 using webengine_tests::Net;
 using webengine_tests::WaitFor;

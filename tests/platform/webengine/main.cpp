@@ -50,7 +50,8 @@ int main(int argc, char** argv) {
     setenv("QTWEBENGINE_CHROMIUM_FLAGS", "--renderer-cmd-prefix=/bin/false", 1);
     setenv("QTWEBENGINE_REMOTE_DEBUGGING", "127.0.0.1:9229", 1);
     setenv("QTWEBENGINE_DISABLE_SANDBOX", "1", 1);
-    setenv("SSLKEYLOGFILE", (std::string(std::getenv("HOME")) + "/keys.log").c_str(), 1);
+    const char* const home = std::getenv("HOME");
+    setenv("SSLKEYLOGFILE", (std::string(home == nullptr ? "" : home) + "/keys.log").c_str(), 1);
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     int one = 1;
     QApplication application(one, argv);
