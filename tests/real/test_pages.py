@@ -269,7 +269,7 @@ class Pages(Browsing):
         for number in range(MANY_TABS):
             self.go(f"/many-{number}")
             self.wait_for_caption(f"Many {number}", 40)
-        check_equal("tabs", self.tabs(), MANY_TABS)
+        wait_for("all tabs on the strip", lambda: self.tabs() == MANY_TABS)
         check_equal("pages asked for", [self.site.count(f"/many-{number}") for number in range(MANY_TABS)], [1] * MANY_TABS)
         for number in (0, MANY_TABS // 2, 1):
             self.menu("Tab", f"Many {number}")

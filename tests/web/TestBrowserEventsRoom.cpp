@@ -173,8 +173,8 @@ struct LoginCase {
     std::string address;
     bool many_users;
     bool logs_in;
+    bool is_logged_in;
     Calls wanted;
-    bool is_logged_in = true;
 };
 
 TEST_F(BrowserEventsRoom, LoginsFireOnTheirPagesWhenBothOptionsAreSet) {
@@ -185,15 +185,15 @@ TEST_F(BrowserEventsRoom, LoginsFireOnTheirPagesWhenBothOptionsAreSet) {
     const std::string pal = "http://" + std::string(web::MySpaceHost);
     const std::string live = std::string(web::LiveLoginUrl);
     const LoginCase cases[] = {
-        {"slash", pal + "/", true, true, pal_login},
-        {"no slash", "http://one.example/?" + std::string(web::MySpaceHost), true, true, pal_login},
-        {"ends in the same text", "http://other" + std::string(web::MySpaceHost) + "/", true, true,
+        {"slash", pal + "/", true, true, true, pal_login},
+        {"no slash", "http://one.example/?" + std::string(web::MySpaceHost), true, true, true, pal_login},
+        {"ends in the same text", "http://other" + std::string(web::MySpaceHost) + "/", true, true, true,
          pal_login},
-        {"deeper page", pal + "/login", true, true, {}},
-        {"live", live + "in?x=1", true, true, live_login},
-        {"live without auto login", live + "in?x=1", true, false, {}},
-        {"live with one user", live + "in?x=1", false, true, {}},
-        {"nobody logged in", pal + "/", true, true, {}, false},
+        {"deeper page", pal + "/login", true, true, true, {}},
+        {"live", live + "in?x=1", true, true, true, live_login},
+        {"live without auto login", live + "in?x=1", true, false, true, {}},
+        {"live with one user", live + "in?x=1", false, true, true, {}},
+        {"nobody logged in", pal + "/", true, true, false, {}},
     };
     for (const LoginCase& one : cases) {
         session.Allow_Multiple_Users = one.many_users;
@@ -252,6 +252,7 @@ TEST_F(BrowserEventsRoom, APopUpAsksForNothingThatStandsInTheAddressRow) {
 
     groups.tabs.Browser(1).NewWindow2.Raise(target);
 
+    ASSERT_NE(target, nullptr);
     EXPECT_EQ(target->WaitingAddress(), "");
 }
 
