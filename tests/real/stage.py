@@ -289,7 +289,7 @@ class Stage:
 
     def _start_bus(self):
         process = self.spawn(
-            ["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE, text=True)
+            ["dbus-daemon", "--session", "--nofork", "--print-address=1", f"--address=unix:dir={self.folder}"], stdout=subprocess.PIPE, text=True)
         address = process.stdout.readline().strip()
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = os.environ["DBUS_SESSION_BUS_ADDRESS"] = address
         # A program that starts before the accessibility bus never finds it, so it is called first.
@@ -566,9 +566,10 @@ class Eyes:
         return node.get_state_set().contains(self._atspi.StateType.ENABLED)
 
     def rows(self, name):
-        """The texts of a list's rows, top to bottom."""
+        """The texts of a list's rows, top to bottom; of a list that changes meanwhile, those that are left."""
         shown = self.find(name, "list")
-        return [shown.get_child_at_index(index).get_name() for index in range(shown.get_child_count())]
+        rows = [shown.get_child_at_index(index) for index in range(shown.get_child_count())]
+        return [row.get_name() for row in rows if row is not None]
 
     def row_rect(self, name, row):
         return self.rect(self.find(name, "list").get_child_at_index(row))

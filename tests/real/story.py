@@ -90,14 +90,21 @@ class Story:
         rect = self.eyes.row_rect(list_name, row)
         if rect[1] < top or rect[1] + rect[3] > top + height:
             self.stage.click(left + width // 2, top + height // 2)
-            self.stage.key("Home", *(["Down"] * row))
-            rect = wait_for(f"row {row} of '{list_name}' in view", lambda: self._row_in_view(list_name, row))
+            rect = wait_for(f"row {row} of '{list_name}' in view", lambda: self._page_to_row(list_name, row), 30)
         self.stage.click(rect[0] + min(60, rect[2] // 2), rect[1] + rect[3] // 2, times=times)
 
-    def _row_in_view(self, list_name, row):
+    def _page_to_row(self, list_name, row):
+        """The place of a row that is in view; else the keys that should bring it there are pressed."""
         _, top, _, height = self.eyes.rect(self.eyes.find(list_name, "list"))
         rect = self.eyes.row_rect(list_name, row)
-        return rect if rect[1] >= top and rect[1] + rect[3] <= top + height else None
+        if rect[1] < top:
+            self.stage.key("Up")
+        elif rect[1] + rect[3] > top + height:
+            pages = -(-(rect[1] - top) // height)
+            self.stage.key(*(["Next"] * min(pages, 200)))
+        else:
+            return rect
+        return None
 
     def choose_text(self, list_name, text, times=1):
         rows = self.eyes.rows(list_name)
