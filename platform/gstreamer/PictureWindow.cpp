@@ -20,7 +20,6 @@ int PassOver(Display* /*display*/, XErrorEvent* /*error*/) {
 // One line to the display for all pictures, for as long as the program runs; null when there is none.
 xcb_connection_t* Line() {
     static xcb_connection_t* const display = [] {
-        XSetErrorHandler(PassOver);
         xcb_connection_t* const made = xcb_connect(nullptr, nullptr);
         if (xcb_connection_has_error(made) == 0) return made;
         xcb_disconnect(made);
@@ -35,6 +34,10 @@ bool IsDone(xcb_connection_t& display, xcb_void_cookie_t request) {
 }
 
 }  // namespace
+
+void PictureWindow::IgnoreErrors() {
+    XSetErrorHandler(PassOver);
+}
 
 std::unique_ptr<PictureWindow> PictureWindow::In(std::int64_t parent) {
     xcb_connection_t* const display = Line();

@@ -15,6 +15,8 @@ namespace gstreamer {
 
 class PictureWindow final {
 public:
+    /// From now on the display's refusals do not end the process.
+    static void IgnoreErrors();
     /// A window of the size of `parent`, not yet to be seen. Null when there is no such window, or no display
     /// that has it.
     static std::unique_ptr<PictureWindow> In(std::int64_t parent);

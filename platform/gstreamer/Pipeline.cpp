@@ -165,13 +165,18 @@ int EventQueue::WaitUntilReady(std::chrono::milliseconds timeout) {
     return error;
 }
 
-void StartGStreamer() {
-    static std::once_flag started;
-    std::call_once(started, [] { gst_init(nullptr, nullptr); });
+// The sinks of pictures put their own error handler in and take it out again, so the one for all is there
+// before them.
+bool StartGStreamer() {
+    static const bool started = [] {
+        PictureWindow::IgnoreErrors();
+        return gst_init_check(nullptr, nullptr, nullptr) != FALSE;
+    }();
+    return started;
 }
 
 void LoadElements() {
-    StartGStreamer();
+    if (!StartGStreamer()) return;
     for (const char* name : {"playbin", "pulsesink", "scaletempo", "audioconvert", "audioresample", "filesrc",
                              "mpegaudioparse", "avdec_mp3", "ximagesink"}) {
         GstElement* const element = gst_element_factory_make(name, nullptr);
@@ -194,7 +199,7 @@ bool CanReachSoundServer() {
 }
 
 Pipeline::Pipeline(std::shared_ptr<Gain> gain, std::function<void()> wake)
-    : gain_(std::move(gain)), events_(std::make_unique<EventQueue>(std::move(wake))) {}
+    : gain_(std::move(gain)), wake_(std::move(wake)), events_(std::make_shared<EventQueue>(wake_)) {}
 
 Pipeline::~Pipeline() {
     Close();
@@ -210,7 +215,7 @@ void Pipeline::Close() {
 
 int Pipeline::Open(const std::string& native_path, std::int64_t parent, bool silent) {
     if (const int error = CheckFile(native_path)) return error;
-    StartGStreamer();
+    if (!StartGStreamer()) return kHardware;
     int error = kNotReady;
     for (const auto patience : kPatience) {
         if (!Build(native_path, parent, silent)) return kHardware;
@@ -235,10 +240,18 @@ bool Pipeline::Build(const std::string& native_path, std::int64_t parent, bool s
                  picture_, nullptr);
     g_free(uri);
     if (!IsWholeMidiFile(native_path)) RefuseMidi(playbin_);
-    GstBus* const bus = gst_element_get_bus(playbin_);
-    gst_bus_set_sync_handler(bus, OnMessage, events_.get(), nullptr);
-    gst_object_unref(bus);
+    TakeMessages();
     return true;
+}
+
+// A thread of the sound client may still be reporting while the pipeline closes, or while the next try runs.
+void Pipeline::TakeMessages() {
+    using Owner = std::shared_ptr<EventQueue>;
+    events_ = std::make_shared<EventQueue>(wake_);
+    GstBus* const bus = gst_element_get_bus(playbin_);
+    gst_bus_set_sync_handler(bus, OnMessage, new Owner(events_),
+                             [](gpointer events) { delete static_cast<Owner*>(events); });
+    gst_object_unref(bus);
 }
 
 // An error of a file can get lost between the threads of a playbin; then none of them works and nothing is
@@ -409,7 +422,7 @@ GstPadProbeReturn Pipeline::OnSamples(GstPad* pad, GstPadProbeInfo* info, void* 
 
 // No message needs the bus: the few that count become events where they are made.
 GstBusSyncReply Pipeline::OnMessage(GstBus* /*bus*/, GstMessage* message, void* events) {
-    auto& queue = *static_cast<EventQueue*>(events);
+    EventQueue& queue = **static_cast<std::shared_ptr<EventQueue>*>(events);
     switch (GST_MESSAGE_TYPE(message)) {
         case GST_MESSAGE_EOS:
             queue.Add(PipelineEvent::Ended);

@@ -92,10 +92,13 @@ private:
     GstElement* MakePictureSink(std::int64_t parent);
     void ShowPicture();
     static GstPadProbeReturn OnSamples(GstPad* pad, GstPadProbeInfo* info, void* pipeline);
+    void TakeMessages();
     static GstBusSyncReply OnMessage(GstBus* bus, GstMessage* message, void* events);
 
     std::shared_ptr<Gain> gain_;
-    std::unique_ptr<EventQueue> events_;
+    std::function<void()> wake_;
+    // Of this try; a thread that reports later holds on to the one it knows.
+    std::shared_ptr<EventQueue> events_;
     GstElement* playbin_ = nullptr;
     GstElement* picture_ = nullptr;  // owned by the playbin, as the next
     GstElement* sound_ = nullptr;
@@ -105,8 +108,8 @@ private:
     bool silent_ = false;
 };
 
-/// Starts GStreamer; later calls wait for the first and do nothing more.
-void StartGStreamer();
+/// Starts GStreamer; later calls wait for the first and do nothing more. False when it cannot start.
+bool StartGStreamer();
 
 /// Loads what the first song needs, so that it starts at once. May take a second.
 void LoadElements();

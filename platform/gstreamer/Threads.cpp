@@ -1,5 +1,8 @@
 #include "platform/gstreamer/Threads.h"
 
+#include <cstdio>
+#include <exception>
+#include <system_error>
 #include <utility>
 
 namespace gstreamer {
@@ -9,23 +12,38 @@ constexpr std::chrono::milliseconds kGlance{2};
 
 std::atomic<bool> gave_up = false;
 
+// What it holds is let go of before it counts as done.
+void Run(std::function<void()> work) noexcept {
+    try {
+        work();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "A thread of the media engine ended early: %s\n", error.what());
+    }
+}
+
 }  // namespace
 
 Threads::~Threads() {
     End(std::chrono::milliseconds::zero());
 }
 
-void Threads::Start(std::function<void()> work) {
+bool Threads::Start(std::function<void()> work) {
     const std::lock_guard lock(mutex_);
-    if (ended_) return;
+    if (ended_) return false;
     JoinDone();
     auto done = std::make_shared<std::atomic<bool>>(false);
-    tasks_.push_back({std::thread([work = std::move(work), done]() mutable {
-                          work();
-                          work = nullptr;
-                          *done = true;
-                      }),
-                      done});
+    Task& task = tasks_.emplace_back();
+    task.done = done;
+    try {
+        task.thread = std::thread([work = std::move(work), done]() mutable {
+            Run(std::move(work));
+            *done = true;
+        });
+    } catch (const std::system_error&) {
+        tasks_.pop_back();
+        return false;
+    }
+    return true;
 }
 
 bool Threads::End(std::chrono::milliseconds patience) {

@@ -20,8 +20,9 @@ public:
     Threads(const Threads&) = delete;
     Threads& operator=(const Threads&) = delete;
 
-    /// Runs `work` on a thread of its own; called from any thread. Does nothing after End.
-    void Start(std::function<void()> work);
+    /// Runs `work` on a thread of its own; called from any thread. False after End, and when the system has
+    /// no thread left. What the work throws ends the work and no more; it is reported on the standard error.
+    bool Start(std::function<void()> work);
     /// Waits until all work is done, `patience` at most. False when a thread still works then, as one that
     /// waits for a frozen sound server does: it is given up, and HasGivenUp tells so.
     bool End(std::chrono::milliseconds patience);

@@ -157,8 +157,7 @@ private:
         if (Anchor::Clock::now() < next_glance_) return;
         ++glances_;
         next_glance_ = Anchor::Clock::now() + kServerGlance / 2;
-        share_.looking = true;
-        share_.threads->Start([weak = weak_share_] { Look(weak); });
+        share_.looking = share_.threads->Start([weak = weak_share_] { Look(weak); });
     }
 
     static void Look(const std::weak_ptr<DeviceShare>& weak) {
@@ -292,7 +291,18 @@ private:
 }  // namespace
 
 void RunWorker(const std::shared_ptr<DeviceShare>& share) {
-    Worker(share).Run();
+    const auto out_of_work = [&share] {
+        const std::lock_guard lock(share->mutex);
+        if (!share->open_result) share->open_result = kHardware;
+        share->mode = Mode::Stopped;
+        share->opened.notify_all();
+    };
+    try {
+        Worker(share).Run();
+    } catch (...) {
+        out_of_work();
+        throw;
+    }
 }
 
 }  // namespace gstreamer

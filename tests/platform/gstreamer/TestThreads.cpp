@@ -4,6 +4,7 @@
 #include <atomic>
 #include <chrono>
 #include <memory>
+#include <stdexcept>
 #include <thread>
 
 #include "platform/gstreamer/Threads.h"
@@ -42,10 +43,18 @@ TEST(Threads, NothingBeginsAfterTheEnd) {
     std::atomic<int> begun = 0;
     threads.End(0s);
 
-    threads.Start([&begun] { ++begun; });
+    EXPECT_FALSE(threads.Start([&begun] { ++begun; }));
 
     EXPECT_TRUE(threads.End(1s));
     EXPECT_EQ(begun, 0);
+}
+
+TEST(Threads, WhatWorkThrowsEndsThatWorkAlone) {
+    gstreamer::Threads threads;
+
+    threads.Start([] { throw std::runtime_error("out of something"); });
+
+    EXPECT_TRUE(threads.End(5s));
 }
 
 TEST(Threads, AThreadThatDoesNotEndInTimeIsToldOf) {

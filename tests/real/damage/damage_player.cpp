@@ -5,8 +5,13 @@
 // The kind "kept" has files of its own, kept because they once ended the process: the number counts them
 // round and round. A line "begin" stands before each damage, so that one that ends the process is known by
 // name. "ok" is a damage after which the next song started; how it got there is behind it.
+#include <execinfo.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <array>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -135,10 +140,28 @@ private:
     std::string next_;
 };
 
+// Where it was when a damage ended it, on the standard error; the signal then takes its course.
+void TellWhere(int /*signal*/) {
+    std::array<void*, 64> frames{};
+    const int count = backtrace(frames.data(), static_cast<int>(frames.size()));
+    backtrace_symbols_fd(frames.data(), count, STDERR_FILENO);
+}
+
+void TellWhereAtTheEnd() {
+    std::array<void*, 1> first{};
+    backtrace(first.data(), 1);  // what it needs is loaded now, not in the handler
+    struct sigaction action {};
+    action.sa_handler = TellWhere;
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    for (const int end : {SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP})
+        sigaction(end, &action, nullptr);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc < 2) return EXIT_FAILURE;
+    TellWhereAtTheEnd();
     Bench bench(argv[1]);
     if (!bench.IsReady()) return EXIT_FAILURE;
     bool all_well = true;

@@ -23,6 +23,8 @@ EACH_IN_SAMPLE = 8
 AT_A_TIME = 5
 # Start, patience and the way to the next song, each at its bound.
 LONGEST_CASE = 20
+# The library's own complaint, and the backtrace after it.
+LAST_WORDS = 30
 
 
 class Batch:
@@ -65,13 +67,13 @@ class Batch:
         except ProcessLookupError:
             pass
         errors.seek(0)
-        last_words = [line.strip() for line in errors if line.strip()][-3:]
+        last_words = [line.strip() for line in errors if line.strip()][-LAST_WORDS:]
         errors.close()
         if all(number in self.results for number in numbers):
             return None
         how = signal.Signals(-child.returncode).name if child.returncode < 0 else f"exit code {child.returncode}"
         left = [number for number in numbers if number not in self.results]
-        return left[0], f"CRASHED {how}: {' / '.join(last_words)}"
+        return left[0], f"CRASHED {how}:" + "".join(f"\n        {line}" for line in last_words)
 
 
 def sample_of(index):
