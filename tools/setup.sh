@@ -18,18 +18,32 @@ install_packages() {
         [ "$status" = "install ok installed" ] || missing+=("$name")
     done
     [ ${#missing[@]} -eq 0 ] && return 0
-    echo "Installing: ${missing[*]}"
+    echo "These packages are missing: ${missing[*]}"
     local as_root=()
     if [ "$(id -u)" -ne 0 ]; then
         if ! command -v sudo >/dev/null; then
-            echo "These packages are missing and only root may install them: ${missing[*]}" >&2
+            echo "Only root may install them." >&2
             return 1
         fi
         as_root=(sudo)
     fi
+    # Nothing that is there is taken away for them: a package may exclude another one, as sound servers do.
+    local install=("${as_root[@]}" env LC_ALL=C DEBIAN_FRONTEND=noninteractive
+        apt-get install --no-install-recommends --no-remove)
     "${as_root[@]}" apt-get update -qq
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
-        >/dev/null
+    local needed
+    if ! needed=$("${install[@]}" -qq --print-uris "${missing[@]}"); then
+        echo "They cannot be installed beside what is there; nothing is taken away for them." >&2
+        return 1
+    fi
+    awk 'NF {size += $3; ++packages}
+         END {printf "With what they need: %d packages, %.0f MB to download.\n", packages, size / 1e6}' <<<"$needed"
+    if [ -t 0 ] && [ -t 1 ]; then
+        local answer
+        read -r -p "Install them? [Y/n] " answer
+        [[ "$answer" =~ ^([Yy].*)?$ ]] || return 1
+    fi
+    "${install[@]}" -y -qq "${missing[@]}" >/dev/null
 }
 
 # build_preset PRESET TARGET...: configures once, then builds.
