@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/dbus/BusFileManager.h"
 #include "platform/dbus/BusMessenger.h"
 #include "platform/dbus/BusNotices.h"
 #include "platform/dbus/BusScreenSaver.h"
@@ -86,6 +87,11 @@ public:
                 [this] { return webengine::EngineVersion(folder_); }};
     }
     void Know(window::MainWindow& house) { house_ = &house; }
+    void ShowFilesWith(dbus::BusFileManager& manager) {
+        settings_.show_file = [&manager](const std::string& file, std::function<void()> otherwise) {
+            manager.Show(file, std::move(otherwise));
+        };
+    }
 
 private:
     std::string OfAllUsers() const {
@@ -164,7 +170,9 @@ int RunProgram(int argc, char** argv) {
     dbus::BusNotices notices(bus);
 
     window::Windows windows(files);
+    dbus::BusFileManager file_manager(bus);
     PageEnds pages(to_native, notices, folder);
+    pages.ShowFilesWith(file_manager);
     qt::Screen screen(loop, pages.Options(from_native));
     screen.AfterFirstPaint = [&media, &bus] {
         media.WarmUp();

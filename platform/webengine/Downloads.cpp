@@ -364,7 +364,15 @@ void Downloads::Open(int id) {
 
 void Downloads::ShowInFolder(int id) {
     const Download* const download = list_.Find(id);
-    if (download != nullptr) QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(download->path).path()));
+    if (download == nullptr) return;
+    const QUrl folder = QUrl::fromLocalFile(QFileInfo(download->path).path());
+    const auto open_folder = [folder] { QDesktopServices::openUrl(folder); };
+    const QString file = download->Asks() ? download->unconfirmed : download->path;
+    if (settings_.show_file && QFile::exists(file)) {
+        settings_.show_file(QFile::encodeName(file).toStdString(), open_folder);
+    } else {
+        open_folder();
+    }
 }
 
 void Downloads::OpenFolder() {

@@ -124,8 +124,10 @@ void EngineFactory::ShowDownloads() {
     downloads_window_->Present();
 }
 
+// A size and an answer to a question say which site they were for, too.
 void EngineFactory::ForgetVisits() {
     EndPages();
+    choices_.ForgetSites();
     folder_.RenewEngine();
     MakeProfile();
 }

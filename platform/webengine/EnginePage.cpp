@@ -72,6 +72,8 @@ EnginePage::EnginePage(const PageShare& share, QWidget* parent)
     view_->setPage(page_);
     new ClipboardGate(*view_, *page_->settings());
     bars_->SetPage(view_);
+    patience_.setSingleShot(true);
+    connect(&patience_, &QTimer::timeout, this, [this] { GiveUpEncryption(); });
     MakeChrome(share.choices);
     ConnectPage(*share.profile);
     bars_->show();
@@ -95,6 +97,7 @@ void EnginePage::ConnectPage(QWebEngineProfile& profile) {
 
 void EnginePage::WatchUser() {
     rest_->is_busy = [this] { return busy_; };
+    rest_->is_dead = [this] { return died_unseen_; };
     rest_->waking = [this] { waking_ = true; };
     auto* input = new UserInput(*view_);
     input->pressed = [this] { page_->RenewByHand(); };
@@ -133,6 +136,7 @@ void EnginePage::Navigate(std::string_view address) {
         AtSearchEngine(chosen.search_engine, settings_.search_form, address), RulesOf(settings_, chosen));
     asked_ = completed.address;
     on_refusal_ = completed.on_refusal;
+    if (!on_refusal_.isEmpty()) patience_.start(settings_.patience_with_https);
     if (asked_.isValid()) {
         page_->load(asked_);
         return;
@@ -178,7 +182,9 @@ void EnginePage::SetSeen(ports::PageSeen seen) {
     if (view_ == nullptr) return;
     if (seen != ports::PageSeen::InFront) bars_->hide();
     rest_->SetSeen(seen);
-    if (seen == ports::PageSeen::InFront) bars_->show();
+    if (seen != ports::PageSeen::InFront) return;
+    bars_->show();
+    if (died_unseen_) Revive();
 }
 
 bool EnginePage::TakeKey(int key_code, int shift) {
@@ -194,6 +200,7 @@ void EnginePage::TryAgain() {
 // The user, or the program for one, sends the page somewhere.
 void EnginePage::Begin() {
     on_refusal_.clear();
+    patience_.stop();
     if (notice_ != nullptr) notice_->hide();
     chrome_->OnBegin();
     page_->RenewQuotas();
@@ -202,6 +209,7 @@ void EnginePage::Begin() {
     busy_ = true;
     walking_history_ = false;
     waking_ = false;
+    died_unseen_ = false;
 }
 
 std::string EnginePage::LocationURL() const {
@@ -230,6 +238,13 @@ void EnginePage::OnFrame(const QUrl& url) {
     const QString scheme = url.scheme();
     if (scheme != QLatin1String("about") && scheme != QLatin1String("chrome-extension"))
         frames_.push_back(url);
+}
+
+// The engine says nothing of a navigation that the page was not left for.
+void EnginePage::OnDeclined() {
+    QTimer::singleShot(0, this, [this, serial = serial_] {
+        if (serial == serial_ && !loading_ && !location_.isEmpty()) busy_ = walking_history_ = false;
+    });
 }
 
 // A page that the user has closed while it loaded still arrives, and would open its windows then.
@@ -291,6 +306,14 @@ bool EnginePage::AskWithoutEncryption(const QWebEngineLoadingInfo& info) {
         if (serial == serial_ && view_ != nullptr) page_->load(plain);
     });
     return true;
+}
+
+// A host that swallows what is sent to its port of https refuses nothing; the engine would wait for minutes.
+void EnginePage::GiveUpEncryption() {
+    const QUrl plain = std::exchange(on_refusal_, QUrl());
+    if (plain.isEmpty() || view_ == nullptr || !busy_) return;
+    asked_ = plain;
+    page_->load(plain);
 }
 
 void EnginePage::OnUrlChanged(const QUrl& url) {
@@ -410,10 +433,23 @@ void EnginePage::Fail(const QUrl& url, int code) {
 
 void EnginePage::OnRendererGone(QWebEnginePage::RenderProcessTerminationStatus status) {
     if (status == QWebEnginePage::NormalTerminationStatus || view_ == nullptr) return;
+    if (rest_->Seen() == ports::PageSeen::InFront || location_.isEmpty()) {
+        // The engine is still taking the dead page apart inside this signal.
+        QTimer::singleShot(0, this, [this, serial = serial_] {
+            if (serial == serial_ && view_ != nullptr) Revive();
+        });
+        return;
+    }
+    // Nobody sees it, so there is no hurry to start a process for it.
+    busy_ = walking_history_ = false;
+    died_unseen_ = true;
+}
+
+void EnginePage::Revive() {
+    died_unseen_ = false;
     if (!reloaded_by_itself_ && !location_.isEmpty()) {
         reloaded_by_itself_ = true;
-        // The engine is still taking the dead page apart inside this signal.
-        QTimer::singleShot(0, this, [this] { Refresh(); });
+        Refresh();
         return;
     }
     ShowNotice();

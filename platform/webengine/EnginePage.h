@@ -5,10 +5,12 @@
 // reported once. A navigation inside a document (an anchor, a pushed state) is reported when nothing loads. A
 // navigation that fails leaves what was there: with its error pages off, the engine drops it. Titles and such
 // navigations are reported only a few times a second, the last one always. How often a page may bother the
-// user is limited. A renderer that died is restarted once automatically; after that a notice offers to.
+// user is limited. A renderer that died is restarted once automatically, as soon as its page is seen; after
+// that a notice offers to.
 #pragma once
 
 #include <QPointer>
+#include <QTimer>
 #include <QUrl>
 #include <QWebEngineHistory>
 #include <QWebEngineLoadingInfo>
@@ -59,6 +61,8 @@ public:
     // Notifications of the page to its owner.
     void OnFrame(const QUrl& url);
     void OnNavigation(QWebEnginePage::NavigationType type) { rest_->OnNavigation(type); }
+    /// A question of the page was answered with no. It may have been whether to leave the page.
+    void OnDeclined();
     QWebEnginePage* OnWindowWanted(ports::WindowPlace place);
     bool IsShown() const { return view_ != nullptr && view_->isVisible(); }
     /// The page's area. Null once the screen has taken it away.
@@ -91,9 +95,11 @@ private:
     void TellInside();
     bool IsBackAgain();
     void OnRendererGone(QWebEnginePage::RenderProcessTerminationStatus status);
+    void Revive();
     void Fail(const QUrl& url, int code);
     void TellArrivals();
     bool AskWithoutEncryption(const QWebEngineLoadingInfo& info);
+    void GiveUpEncryption();
     QWebEngineHistory& History() const { return *view_->page()->history(); }
 
     QPointer<PageBars> bars_;
@@ -122,6 +128,8 @@ private:
     bool reloaded_by_itself_ = false;
     bool is_popup_ = false;
     bool waking_ = false;
+    bool died_unseen_ = false;
+    QTimer patience_;  // with an answer on https
 };
 
 }  // namespace webengine

@@ -72,7 +72,9 @@ void LimitedPage::javaScriptAlert(const QUrl& origin, const QString& text) {
 }
 
 bool LimitedPage::javaScriptConfirm(const QUrl& origin, const QString& text) {
-    return MayAsk() && QWebEnginePage::javaScriptConfirm(origin, text.left(kLongestBoxText));
+    const bool yes = MayAsk() && QWebEnginePage::javaScriptConfirm(origin, text.left(kLongestBoxText));
+    if (!yes) owner_.OnDeclined();
+    return yes;
 }
 
 bool LimitedPage::javaScriptPrompt(const QUrl& origin, const QString& text, const QString& given,

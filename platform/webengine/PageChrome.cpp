@@ -1,7 +1,6 @@
 #include "platform/webengine/PageChrome.h"
 
 #include <QBuffer>
-#include <QIcon>
 #include <QWebEngineLoadingInfo>
 
 #include "platform/webengine/LoadFailure.h"
@@ -49,7 +48,10 @@ void PageChrome::Connect() {
         if (info.status() != QWebEngineLoadingInfo::LoadStartedStatus) ShowProgress(-1);
     });
     connect(page, &QWebEnginePage::linkHovered, this, [this](const QString& address) { ShowLink(address); });
-    connect(page, &QWebEnginePage::iconChanged, this, [this](const QIcon& icon) { TakeIcon(icon); });
+    connect(page, &QWebEnginePage::iconChanged, this, [this](const QIcon& icon) {
+        icon_ = icon;
+        icons_.Want();
+    });
 }
 
 ports::PageSigns PageChrome::Signs(const QUrl& location) const {
@@ -69,8 +71,8 @@ void PageChrome::ShowLink(const QString& address) {
     parts_.bars.SetLine(address.isEmpty() ? QString() : ShownAddress(QUrl(address), kMostLinkCharacters));
 }
 
-void PageChrome::TakeIcon(const QIcon& icon) {
-    std::string bytes = PngOf(icon);
+void PageChrome::TakeIcon() {
+    std::string bytes = PngOf(icon_);
     if (bytes == signs_.icon) return;
     signs_.icon = std::move(bytes);
     SignsChanged();

@@ -2,6 +2,7 @@
 // how safe it is, why it could not be loaded.
 #pragma once
 
+#include <QIcon>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -11,6 +12,7 @@
 
 #include "platform/webengine/FindBar.h"
 #include "platform/webengine/NoticePage.h"
+#include "platform/webengine/Pace.h"
 #include "platform/webengine/PageBars.h"
 #include "platform/webengine/PageSecurity.h"
 #include "platform/webengine/PageZoom.h"
@@ -50,7 +52,7 @@ private:
     void Connect();
     void ShowProgress(int percent);
     void ShowLink(const QString& address);
-    void TakeIcon(const QIcon& icon);
+    void TakeIcon();
     void SignsChanged();
     void ForgetFailure();
     void ShowFailureBar(const QUrl& address, const QString& words, bool can_try_again);
@@ -62,6 +64,8 @@ private:
     PageSecurity security_;
     ports::PageSigns signs_;
     QTimer tell_signs_;
+    QIcon icon_;
+    Pace icons_{[this] { TakeIcon(); }};
     QPointer<Notice> notice_;
 };
 

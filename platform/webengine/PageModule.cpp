@@ -13,8 +13,7 @@ namespace webengine {
 
 namespace {
 
-constexpr const char* kEngineFlags =
-    "--disable-features=HardwareMediaKeyHandling --force-renderer-accessibility";
+constexpr const char* kEngineFlags = "--disable-features=HardwareMediaKeyHandling";
 
 constexpr const char* kModule = "/brindlepost_pages.so";
 
@@ -34,6 +33,9 @@ bool HasUserNamespaces() {
 
 void SetEngineEnvironment(const PageSettings& settings) {
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", kEngineFlags);
+    // Pages tell a screen reader what is in them as long as the desktop says that there is one. To tell it
+    // always would cost every page its time and memory a second time.
+    qputenv("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
     for (const char* name : {"QTWEBENGINE_REMOTE_DEBUGGING", "QTWEBENGINEPROCESS_PATH",
                              "QTWEBENGINE_RESOURCES_PATH", "QTWEBENGINE_LOCALES_PATH", "SSLKEYLOGFILE"}) {
         qunsetenv(name);

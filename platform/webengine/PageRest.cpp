@@ -125,7 +125,7 @@ void PageRest::OnLoadEnd() {
 }
 
 bool PageRest::CanBeDiscarded() const {
-    return !discarded_ && !page_.isVisible() && !came_from_form_ && downloads_ == 0 &&
+    return !discarded_ && !is_dead() && !page_.isVisible() && !came_from_form_ && downloads_ == 0 &&
            page_.devToolsPage() == nullptr && page_.inspectedPage() == nullptr;
 }
 

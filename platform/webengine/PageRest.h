@@ -52,6 +52,8 @@ public:
     bool IsDiscarded() const { return discarded_; }
     /// Whether it is on its way somewhere; the engine knows that later than who sent it.
     std::function<bool()> is_busy;
+    /// Whether its process has died: then there is nothing to discard, and it would not come back by itself.
+    std::function<bool()> is_dead;
     /// Called before a discarded page is loaded again.
     std::function<void()> waking;
 

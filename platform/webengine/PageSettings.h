@@ -49,6 +49,11 @@ struct PageSettings {
     /// Where the dictionaries of the spell check are; empty: none.
     std::string dictionary_folder = {};
     RestTimes rest = {};
+    /// After so long without an answer on https a host that was typed without a scheme is asked on http.
+    std::chrono::milliseconds patience_with_https{std::chrono::seconds(3)};
+    /// Shows a file, by its native path, selected among its neighbours. Calls `otherwise`, at once or later,
+    /// where the desktop cannot. Empty: never can.
+    std::function<void(const std::string& file, std::function<void()> otherwise)> show_file = {};
     /// Where the folders of the users lie: a native path, made when it is first needed. Empty: nothing is
     /// kept.
     std::string users_folder = {};

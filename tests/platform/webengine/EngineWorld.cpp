@@ -1,8 +1,9 @@
 #include "platform/webengine/EngineWorld.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QMouseEvent>
 #include <QNetworkProxy>
 
 #include "base/Text.h"
@@ -34,6 +35,9 @@ webengine::PageSettings SettingsOfTest() {
             .notices = &Notices(),
             .add_to_favourites = [] { Intake().emplace_back("favourite"); },
             .rest = kRest,
+            .patience_with_https = std::chrono::milliseconds(400),
+            .show_file = [](const std::string& file,
+                            const std::function<void()>&) { Intake().push_back("show " + file); },
             .users_folder = UsersFolder().toStdString()};
 }
 
@@ -114,6 +118,25 @@ EngineWorld::EngineWorld() {
     window_.resize(640, 480);
     window_.show();
     browser_ = Factory().MakePage(control_, &window_);
+}
+
+bool EngineWorld::PressInPage() {
+    QWidget* target = nullptr;
+    for (QWidget* widget : window_.findChildren<QWidget*>()) {
+        if (widget->inherits("QWebEngineView")) target = widget->focusProxy();
+    }
+    if (target == nullptr) return false;
+    const QPointF at(target->rect().center());
+    const QPointF on_screen(target->mapToGlobal(at));
+    QMouseEvent move(QEvent::MouseMove, at, on_screen, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, at, on_screen, Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QMouseEvent release(QEvent::MouseButtonRelease, at, on_screen, Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QApplication::sendEvent(target, &move);
+    QApplication::sendEvent(target, &press);
+    QApplication::sendEvent(target, &release);
+    return true;
 }
 
 ports::BrowserControl& EngineWorld::Other() {

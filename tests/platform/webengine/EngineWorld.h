@@ -22,7 +22,7 @@ qt::PageFactory& Factory();
 PageServer& Net();
 /// Where its downloads go.
 QString DownloadFolder();
-/// What was handed over to the player: "play" or "add", a blank and the path.
+/// What was handed over: "play" or "add" to the player, "show" to the file manager; a blank and the path.
 std::vector<std::string>& Intake();
 /// A desktop that shows whatever it is given.
 class RecordingNotices final : public ports::NoticeBoard {
@@ -51,6 +51,9 @@ public:
 
     /// After ForgetVisits: another page in the place of the one that went.
     void Renew() { browser_ = Factory().MakePage(control_, &window_); }
+
+    /// A click in the middle of the page that was made last, as a hand makes it; false without one.
+    bool PressInPage();
 
     PageServer& Server() { return server_; }
     QTemporaryDir& Folder() { return folder_; }

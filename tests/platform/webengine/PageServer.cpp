@@ -40,6 +40,7 @@ void PageServer::Serve(QSslSocket& socket) {
     if (!request.contains("\r\n\r\n")) return;
     socket.setProperty("request", QByteArray());
     const QList<QByteArray> words = request.left(request.indexOf("\r\n")).split(' ');
+    if (words.value(0) == "CONNECT" && words.value(1) == Swallowing + ":443") return;
     if (words.value(0) == "CONNECT") {
         Encrypt(socket, words.value(1).split(':').value(0));
         return;

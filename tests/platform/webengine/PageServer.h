@@ -35,6 +35,8 @@ public:
     QHash<QByteArray, Answer> Pages;
     /// A path that never gets an answer.
     QByteArray Silent;
+    /// A host whose encrypted port swallows what is sent to it.
+    QByteArray Swallowing;
     /// A path whose answer breaks off in the middle, with the connection left open.
     QByteArray Unfinished;
 

@@ -153,6 +153,37 @@ TEST_F(Downloads, WhatAPageWasRefusedBeginsWhenTheUserAllowsIt) {
     })) << Files().join(' ').toStdString();
 }
 
+TEST_F(Downloads, AClickInThePageGivesItAFewAgain) {
+    Serve("/few",
+          "<title>Few</title><script>let n = 0; const save = () => { const a = document.createElement('a');"
+          "a.href = '/f' + n++ + '.bin'; a.download = ''; a.click() };"
+          "const timer = setInterval(() => { save(); if (n === 5) { clearInterval(timer); document.title = "
+          "'Over' "
+          "} }, 60); onmousedown = () => { save(); document.title = 'Pressed' }</script>");
+    for (const char* path : {"/f0.bin", "/f1.bin", "/f2.bin", "/f3.bin", "/f4.bin", "/f5.bin"})
+        ServeToDisk(path, "words");
+    ASSERT_TRUE(Arrive(world.Site + "/few"));
+    ASSERT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Over"; }));
+    ASSERT_TRUE(SeesOnPage("This page tries to save more files"));
+    ASSERT_EQ(Files(), QStringList({"f0.bin", "f1.bin", "f2.bin"}));
+
+    ASSERT_TRUE(WaitFor([&] { return world.PressInPage() && world.Browser().LocationName() == "Pressed"; }));
+
+    EXPECT_TRUE(WaitFor([&] { return Files().contains("f5.bin"); })) << Files().join(' ').toStdString();
+}
+
+TEST_F(Downloads, OneIsShownSelectedInItsFolder) {
+    ServeToDisk("/owl.zip", "words");
+    ASSERT_TRUE(Arrive(world.Site + "/plain"));
+    world.Browser().Navigate(world.Site + "/owl.zip");
+    ASSERT_TRUE(HasRow("owl.zip, 5 bytes, from 127.0.0.1"));
+
+    ASSERT_TRUE(Press("Show in folder owl.zip"));
+
+    EXPECT_EQ(webengine_tests::Intake(),
+              std::vector<std::string>{"show " + folder.filePath("owl.zip").toStdString()});
+}
+
 TEST_F(Downloads, OneThatIsDoneIsInTheListAndOnThePage) {
     ServeToDisk("/owl.zip", "0123456789");
     ASSERT_TRUE(Arrive(world.Site + "/plain"));

@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
-#include <QMouseEvent>
 #include <QTimer>
 
 #include "platform/webengine/EngineWorld.h"
@@ -27,24 +27,6 @@ protected:
     }
     void Serve(const char* path, const QByteArray& body) { world.Server().Pages[path] = {body}; }
     int Asked(const char* path) { return world.Server().Asked(path); }
-    /// A click in the middle of the page, as a hand makes it.
-    void PressInPage() {
-        QWidget* target = nullptr;
-        for (QWidget* widget : world.Window().findChildren<QWidget*>()) {
-            if (widget->inherits("QWebEngineView")) target = widget->focusProxy();
-        }
-        ASSERT_NE(target, nullptr);
-        const QPointF at(target->rect().center());
-        const QPointF on_screen(target->mapToGlobal(at));
-        QMouseEvent move(QEvent::MouseMove, at, on_screen, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-        QMouseEvent press(QEvent::MouseButtonPress, at, on_screen, Qt::LeftButton, Qt::LeftButton,
-                          Qt::NoModifier);
-        QMouseEvent release(QEvent::MouseButtonRelease, at, on_screen, Qt::LeftButton, Qt::NoButton,
-                            Qt::NoModifier);
-        QApplication::sendEvent(target, &move);
-        QApplication::sendEvent(target, &press);
-        QApplication::sendEvent(target, &release);
-    }
 
     EngineWorld world;
     contracts::Listener heard{world.Browser()};
@@ -333,9 +315,34 @@ TEST_F(EnginePage, APressInThePageLetsItAskAgain) {
     ASSERT_TRUE(WaitFor([&] { return Asked("/no") >= 8; }));
     ASSERT_EQ(boxes, 3);
 
-    PressInPage();
+    ASSERT_TRUE(world.PressInPage());
 
     EXPECT_TRUE(WaitFor([&] { return boxes == 6; }));
+}
+
+TEST_F(EnginePage, AHostThatSwallowsWhatIsEncryptedIsSoonAskedWithout) {
+    webengine_tests::Net().Swallowing = "swallowing.example";
+    QElapsedTimer clock;
+    clock.start();
+
+    world.Browser().Navigate("swallowing.example/plain");
+
+    EXPECT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Plain words"; }));
+    EXPECT_EQ(world.Browser().LocationURL(), "http://swallowing.example/plain");
+    EXPECT_LT(clock.elapsed(), 5000);
+    EXPECT_TRUE(heard.Failed.empty());
+}
+
+TEST_F(EnginePage, AHostThatWasAskedForOnHttpsIsNeverAskedWithout) {
+    webengine_tests::Net().Swallowing = "silent.example";
+    world.Browser().Navigate("https://silent.example/plain");
+
+    QElapsedTimer clock;
+    clock.start();
+    WaitFor([&] { return clock.hasExpired(1200); });
+
+    EXPECT_TRUE(world.Browser().Busy());
+    EXPECT_FALSE(webengine_tests::Net().Addresses().contains("http://silent.example/plain"));
 }
 
 TEST_F(EnginePage, ColourChoosersPassTheLimitOfBoxes) {

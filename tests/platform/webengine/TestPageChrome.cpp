@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QWheelEvent>
+#include <set>
 
 #include "controls/Control.h"
 #include "platform/webengine/EngineWorld.h"
@@ -207,6 +208,27 @@ TEST_F(PageChrome, TheSitesIconIsAPicture) {
 
     ASSERT_TRUE(Arrive("brindlepost://start/"));
     EXPECT_TRUE(WaitFor([&] { return world.Browser().Signs().icon != icon; }));
+}
+
+TEST_F(PageChrome, AnIconThatNeverRestsIsTakenAFewTimesASecondAndItsLastOneAlways) {
+    Serve("/flicker",
+          "<title>Flicker</title><link rel=icon id=i><canvas id=c width=16 height=16></canvas><script>"
+          "const x = c.getContext('2d'); let n = 0; const timer = setInterval(() => { const over = ++n > 150;"
+          "x.fillStyle = over ? '#00ff00' : 'rgb(255,' + n + ',0)'; x.fillRect(0, 0, 16, 16);"
+          "i.href = c.toDataURL(); if (over) { clearInterval(timer); document.title = 'Over' } }, "
+          "20)</script>");
+    std::set<std::string> icons;
+
+    ASSERT_TRUE(Arrive(world.Site + "/flicker"));
+    const auto last_is_there = [&] {
+        icons.insert(world.Browser().Signs().icon);
+        const QImage shown =
+            QImage::fromData(QByteArray::fromStdString(*icons.find(world.Browser().Signs().icon)));
+        return !shown.isNull() && shown.pixel(5, 5) == 0xff00ff00;
+    };
+
+    EXPECT_TRUE(WaitFor(last_is_there));
+    EXPECT_LE(icons.size(), 20U) << "of 150";
 }
 
 TEST_F(PageChrome, APageOverPlainHttpIsNotSecureAndTheMakersIsNeither) {

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <signal.h>
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -45,6 +46,21 @@ protected:
             if (object->inherits("QWebEnginePage")) found.push_back(object);
         }
         return found.at(static_cast<std::size_t>(number));
+    }
+    void KillRenderer(int number) {
+        const auto process = static_cast<pid_t>(Page(number)->property("renderProcessPid").toLongLong());
+        ASSERT_GT(process, 1);
+        ASSERT_EQ(kill(process, SIGKILL), 0);
+    }
+    /// A key of the user's in the page.
+    void Write(const char* text) {
+        QWidget* view = nullptr;
+        for (QWidget* widget : world.Window().findChildren<QWidget*>()) {
+            if (view == nullptr && widget->inherits("QWebEngineView")) view = widget;
+        }
+        ASSERT_NE(view, nullptr);
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QString::fromLatin1(text));
+        QApplication::sendEvent(view->focusProxy() != nullptr ? view->focusProxy() : view, &press);
     }
     int StateOf(int number) { return Page(number)->property("lifecycleState").toInt(); }
     /// Covers the page and, later, another one, so that it is not the one seen last.
@@ -177,6 +193,53 @@ TEST_F(PageRest, ADiscardedPageThatIsClosedComesBackByRefreshAndBack) {
     EXPECT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Plain words"; }));
 }
 
+TEST_F(PageRest, ACoveredPageThatDiesIsLoadedAgainWhenItIsSeen) {
+    ASSERT_TRUE(Arrive(world.Browser(), "/plain"));
+    world.Browser().SetSeen(PageSeen::Covered);
+
+    KillRenderer(0);
+    RunFor(600);
+
+    EXPECT_EQ(Asked("/plain"), 1);
+    EXPECT_FALSE(world.Browser().Busy());
+    EXPECT_EQ(world.Browser().LocationURL(), world.Site + "/plain");
+
+    world.Browser().SetSeen(PageSeen::InFront);
+
+    EXPECT_TRUE(WaitFor([&] { return Asked("/plain") == 2 && !world.Browser().Busy(); }));
+    EXPECT_EQ(world.Browser().LocationName(), "Plain words");
+}
+
+TEST_F(PageRest, AClosedPageThatDiesStaysAsItIsUntilItIsReopened) {
+    ASSERT_TRUE(Arrive(world.Browser(), "/plain"));
+    world.Browser().SetSeen(PageSeen::Closed);
+
+    KillRenderer(0);
+    RunFor(2500);
+
+    EXPECT_EQ(Asked("/plain"), 1) << "dead, and later discarded";
+    world.Browser().SetSeen(PageSeen::InFront);
+    EXPECT_TRUE(WaitFor([&] { return Asked("/plain") == 2 && !world.Browser().Busy(); }));
+    RunFor(300);
+    EXPECT_EQ(Asked("/plain"), 2);
+    EXPECT_EQ(world.Browser().LocationName(), "Plain words");
+}
+
+TEST_F(PageRest, ACoveredPageThatMindsBeingLeftAsksNobodyAndIsNotBusyForEver) {
+    Serve("/minds",
+          "<title>Minds</title><script>onbeforeunload = (e) => { e.preventDefault(); return e.returnValue = "
+          "'stay' }; onmousedown = () => document.title = 'Pressed'</script>");
+    ASSERT_TRUE(Arrive(world.Browser(), "/minds"));
+    ASSERT_TRUE(WaitFor([&] { return world.PressInPage() && world.Browser().LocationName() == "Pressed"; }));
+    world.Browser().SetSeen(PageSeen::Covered);
+
+    world.Browser().Navigate(world.Site + "/plain");
+
+    EXPECT_TRUE(WaitFor([&] { return !world.Browser().Busy(); }));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(world.Browser().LocationURL(), world.Site + "/minds");
+}
+
 TEST_F(PageRest, OfManyClosedPagesTheFirstGoAtOnce) {
     std::vector<ports::BrowserControl*> pages;
     for (int i = 0; i < 3; ++i) {
@@ -226,15 +289,7 @@ TEST_F(PageRest, ACoveredPageWithSomethingOfTheUsersInItStays) {
 TEST_F(PageRest, ACoveredPageThatTheUserHasWrittenInStays) {
     ASSERT_TRUE(Arrive(world.Browser(), "/plain"));
     ASSERT_TRUE(Arrive(world.Other(), "/plain"));
-    QWidget* view = world.Window().findChildren<QWidget*>().constFirst();
-    for (QWidget* widget : world.Window().findChildren<QWidget*>()) {
-        if (widget->inherits("QWebEngineView")) {
-            view = widget;
-            break;
-        }
-    }
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
-    QApplication::sendEvent(view->focusProxy() != nullptr ? view->focusProxy() : view, &press);
+    Write("a");
 
     CoverBoth();
 

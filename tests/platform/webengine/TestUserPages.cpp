@@ -6,9 +6,11 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 #include <QWidget>
 
 #include "platform/webengine/EngineWorld.h"
+#include "platform/webengine/SiteChoices.h"
 #include "platform/webengine/UserFolder.h"
 
 namespace {
@@ -145,6 +147,30 @@ TEST_F(UserPages, ForgottenVisitsAreGoneForGood) {
     Factory().EndUser();
     Factory().BeginUser("Ann", true);
     EXPECT_TRUE(IsKnown()) << "what comes afterwards is kept again " << Files().join('\n').toStdString();
+}
+
+TEST_F(UserPages, ForgottenVisitsTakeTheSizesAndPermissionsOfSitesAlong) {
+    Factory().BeginUser("Ann", true);
+    ASSERT_TRUE(Open("/in", "In"));
+    Factory().EndUser();
+    const QString folder = QFileInfo(EngineOf("Ann")).path();
+    {
+        webengine::SiteChoices choices(folder);
+        choices.SetZoom("owls.example", 1.5);
+        choices.SetVerdict("https://owls.example", webengine::Ability::Place, webengine::Verdict::Allow);
+        webengine::GeneralChoices general = choices.General();
+        general.zoom = 1.25;
+        choices.SetGeneral(general);
+    }
+    Factory().BeginUser("Ann", true);
+
+    Factory().ForgetVisits();
+
+    Factory().EndUser();
+    const webengine::SiteChoices left(folder);
+    EXPECT_TRUE(left.Zooms().empty());
+    EXPECT_TRUE(left.Permissions().empty());
+    EXPECT_EQ(left.General().zoom, 1.25) << "what was chosen in general stays";
 }
 
 TEST_F(UserPages, ADamagedProfileCostsWhatItHeldAndNotThePage) {
