@@ -27,6 +27,7 @@
 #include "platform/linux/LinuxFiles.h"
 #include "platform/linux/LinuxInstanceLock.h"
 #include "platform/linux/LinuxRegistry.h"
+#include "platform/linux/PlaceOfStores.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/qt/Activation.h"
 #include "platform/qt/Boxes.h"
@@ -46,6 +47,7 @@ namespace {
 
 constexpr int kNoDisplay = 2;
 constexpr int kNoLock = 3;
+constexpr int kNoStores = 4;
 
 std::string FolderOf(const std::string& file) {
     return std::filesystem::path(file).parent_path().string();
@@ -114,6 +116,11 @@ int NoLock(const linux::LinuxInstanceLock& instance, ports::Dialogs& boxes) {
     return kNoLock;
 }
 
+int NoStores(const std::string& trouble, ports::Dialogs& boxes) {
+    boxes.MsgBox(trouble, ports::BoxButtons::Ok, "Brindlepost", ports::BoxIcon::Critical);
+    return kNoStores;
+}
+
 /// What comes from outside while the program runs: later starts, and signals that end it.
 class Doorbells final {
 public:
@@ -140,7 +147,8 @@ int RunProgram(int argc, char** argv) {
 
     const std::string program = linux::RunningProgram();
     const std::string folder = FolderOf(program);
-    linux::LinuxFiles files(program);
+    const linux::PlaceOfStores stores = linux::FindPlaceOfStores(folder, linux::FoldersOfUser().data);
+    linux::LinuxFiles files(program, stores.folder);
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const std::string command = linux::CommandText(arguments, linux::WorkingFolder(), files);
     const auto to_native = [&files](std::string_view path) { return files.ToNative(path); };
@@ -152,7 +160,8 @@ int RunProgram(int argc, char** argv) {
     QApplication::setWindowIcon(QIcon(QString::fromStdString(folder + "/images/brindlepost.png")));
     qt::Boxes boxes(loop);
 
-    linux::LinuxInstanceLock instance(folder, startup_id);
+    if (!stores.trouble.empty()) return NoStores(stores.trouble, boxes);
+    linux::LinuxInstanceLock instance(stores.folder, startup_id);
     if (instance.TryBecomeFirst() == ports::Instance::Failed) return NoLock(instance, boxes);
 
     linux::LinuxRegistry registry(files, linux::FoldersOfUser());
@@ -183,10 +192,11 @@ int RunProgram(int argc, char** argv) {
         screen.Adopt(*form);
     qt::MainWindowShape window_shape(screen, windows.frmBrowser);
 
+    const std::string program_folder = files.FromNative(folder);
     window::MainWindow main_window(
         windows,
         {database, files, media, window_services, window_shape, boxes, loop, clock, chance, instance,
-         messenger, board, screen_saver, screen, registry, programs},
+         messenger, board, screen_saver, screen, registry, programs, program_folder},
         command, [&loop] { loop.Quit(); });
     pages.Know(main_window);
     const Doorbells doorbells(instance, main_window);

@@ -8,7 +8,7 @@ namespace {
 // All in pixels.
 constexpr double kMargin = 16;
 constexpr double kPanelWidth = 448;
-constexpr double kPanelHeight = 232;
+constexpr double kPanelHeight = 304;
 constexpr double kIcon = 48;
 constexpr double kTextLeft = kMargin + kIcon + kMargin;
 constexpr double kInner = kPanelWidth - 2 * kMargin;
@@ -24,7 +24,8 @@ AboutForm::AboutForm() {
     frmAbout.SetContentSize(controls::Px(kPanelWidth + 2 * kMargin),
                             controls::Px(kLastButtons + kButton + kMargin));
     frmAbout.Add(fraAbout, cmdLarkmoorHome, cmdUpdates, cmdSysInfo, cmdOK);
-    fraAbout.Add(imgAbout, lblTitle, lblVersion, lblEngineHeading, lblEngine, lblDisclaimer);
+    fraAbout.Add(imgAbout, lblTitle, lblVersion, lblEngineHeading, lblEngine, lblStoresHeading, lblStores,
+                 lblDisclaimer);
 
     Place(fraAbout, kMargin, kMargin, kPanelWidth, kPanelHeight);
     Place(imgAbout, kMargin, kMargin, kIcon, kIcon);
@@ -32,7 +33,9 @@ AboutForm::AboutForm() {
     Place(lblVersion, kTextLeft, kMargin + 28, kWide, 20);
     Place(lblEngineHeading, kMargin, 84, kInner, 16);
     Place(lblEngine, kMargin, 104, kInner, 36);
-    Place(lblDisclaimer, kMargin, 156, kInner, 60);
+    Place(lblStoresHeading, kMargin, 156, kInner, 16);
+    Place(lblStores, kMargin, 176, kInner, 36);
+    Place(lblDisclaimer, kMargin, 228, kInner, 60);
     Place(cmdLarkmoorHome, kMargin, kFirstButtons, kButtonWidth, kButton);
     Place(cmdUpdates, kMargin + kButtonWidth + 8, kFirstButtons, kButtonWidth, kButton);
     Place(cmdSysInfo, kMargin, kLastButtons, kButtonWidth, kButton);
@@ -42,6 +45,7 @@ AboutForm::AboutForm() {
     lblTitle.SetLook("title");
     lblVersion.SetLook("accent");
     lblEngineHeading.SetLook("heading");
+    lblStoresHeading.SetLook("heading");
     lblDisclaimer.SetLook("muted");
     cmdOK.SetLook("accent");
     cmdOK.SetDefault(true);

@@ -19,6 +19,8 @@ struct AboutForm {
     controls::Label lblVersion{"lblVersion"};
     controls::Label lblEngineHeading{"lblEngineHeading", "Page engine"};
     controls::Label lblEngine{"lblEngine"};
+    controls::Label lblStoresHeading{"lblStoresHeading", "Databases"};
+    controls::Label lblStores{"lblStores"};
     controls::Label lblDisclaimer{"lblDisclaimer"};
     controls::CommandButton cmdLarkmoorHome{"cmdLarkmoorHome", "Larkmoor Home Page"};
     controls::CommandButton cmdUpdates{"cmdUpdates", "Check For Updates"};

@@ -61,6 +61,7 @@ void AboutRoom::Form_Load() {
     form_.lblDisclaimer.SetCaption(kDisclaimer);
     const std::string engine = ports_.pages.Version();
     form_.lblEngine.SetCaption(engine.empty() ? "Not installed: web pages cannot be shown." : engine);
+    form_.lblStores.SetCaption(ports_.files.DisplayPath(ports_.files.ApplicationFolder()));
 }
 
 void AboutRoom::cmdOK_Click() {

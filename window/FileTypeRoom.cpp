@@ -54,7 +54,7 @@ void FileTypeRoom::MakeKey(const std::string& key, std::string_view value) {
 }
 
 std::string FileTypeRoom::InFolder(std::string_view file) const {
-    return files_.BuildPath(files_.ApplicationFolder(), file);
+    return files_.BuildPath(program_folder_, file);
 }
 
 }  // namespace window

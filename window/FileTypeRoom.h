@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "ports/Files.h"
 #include "ports/Registry.h"
@@ -16,7 +17,9 @@ namespace window {
 
 class FileTypeRoom final : public roles::FileType {
 public:
-    FileTypeRoom(ports::Registry& registry, const ports::Files& files) : registry_(registry), files_(files) {}
+    /// `program_folder` is where the program's file lies; its stores may live elsewhere.
+    FileTypeRoom(ports::Registry& registry, const ports::Files& files, std::string program_folder)
+        : registry_(registry), files_(files), program_folder_(std::move(program_folder)) {}
 
     // roles::FileType
     void cmdAssociate() override;
@@ -31,6 +34,7 @@ private:
 
     ports::Registry& registry_;
     const ports::Files& files_;
+    std::string program_folder_;
 };
 
 }  // namespace window

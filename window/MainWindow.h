@@ -61,6 +61,8 @@ struct Ports {
     ports::PageEngine& pages;
     ports::Registry& registry;
     ports::Programs& programs;
+    /// Where the program's file lies, as a path with a drive.
+    std::string_view program_folder;
 };
 
 /// Plain data that several subjects know.

@@ -69,6 +69,12 @@ std::string BehindLinks(const std::string& native) {
     return ::realpath(native.c_str(), buffer.data()) != nullptr ? std::string(buffer.data()) : native;
 }
 
+std::string FolderOf(const std::string& native) {
+    const std::size_t slash = native.rfind('/');
+    if (slash == std::string::npos) return {};
+    return slash == 0 ? "/" : native.substr(0, slash);
+}
+
 constexpr std::string_view kBeside = ".brindlepost-";
 
 }  // namespace
@@ -84,8 +90,12 @@ std::string RunningProgram() {
     return program;
 }
 
-LinuxFiles::LinuxFiles(std::string program, const std::string& mount_table)
-    : program_(std::move(program)), volumes_(mount_table) {}
+LinuxFiles::LinuxFiles(std::string program, std::string application_folder, const std::string& mount_table)
+    : program_(std::move(program)),
+      application_folder_(std::move(application_folder)),
+      volumes_(mount_table) {}
+
+LinuxFiles::LinuxFiles(const std::string& program) : LinuxFiles(program, FolderOf(program)) {}
 
 std::optional<int> LinuxFiles::GetAttributes(std::string_view path) const {
     const std::string native = ToNative(path);
@@ -191,9 +201,7 @@ std::string LinuxFiles::FromNative(std::string_view native_path) const {
 }
 
 std::string LinuxFiles::ApplicationFolder() const {
-    const std::size_t slash = program_.rfind('/');
-    if (slash == std::string::npos) return "C:\\";
-    return FromNative(slash == 0 ? "/" : program_.substr(0, slash));
+    return application_folder_.empty() ? "C:\\" : FromNative(application_folder_);
 }
 
 std::string LinuxFiles::ApplicationFileName() const {

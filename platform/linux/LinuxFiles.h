@@ -15,8 +15,12 @@ std::string RunningProgram();
 
 class LinuxFiles final : public ports::Files {
 public:
-    /// `program` is the native path of the program's file, whose folder is the application folder.
-    explicit LinuxFiles(std::string program, const std::string& mount_table = "/proc/self/mountinfo");
+    /// `program` is the native path of the program's file, `application_folder` that of the folder with its
+    /// stores.
+    LinuxFiles(std::string program, std::string application_folder,
+               const std::string& mount_table = "/proc/self/mountinfo");
+    /// The stores lie beside the program.
+    explicit LinuxFiles(const std::string& program);
 
     std::optional<int> GetAttributes(std::string_view path) const override;
     std::optional<ports::FolderListing> ListFolder(std::string_view path,
@@ -35,6 +39,7 @@ public:
 
 private:
     std::string program_;
+    std::string application_folder_;
     mutable MountedVolumes volumes_;
     mutable base::ShortPaths short_paths_;
 };

@@ -3,6 +3,7 @@
 import hashlib
 import os
 import re
+import shutil
 import signal
 import subprocess
 import sys
@@ -171,13 +172,34 @@ def a_read_only_database(person):
 
 
 def a_read_only_folder(person):
-    """Nobody can be let in where nothing can be kept: it is told, and the program ends with a code of its own."""
+    """The stores are copied into a folder of the user's own, and the user's rows live there."""
+    person.add_user()
     before = person.other_stores()
+    kept = person.stage.folder / "home/.local/share/brindlepost"
     os.chmod(person.application, 0o500)
     try:
         person.launch()
-        text = person.wait_for_box("cannot be written")
-        check(str(person.application) in text, f"the box does not name the folder: {text!r}")
+        person.enter()
+        check_equal("the folder's rights", kept.stat().st_mode & 0o777, 0o700)
+        check_equal("the stores there", sorted(file.name for file in kept.glob("*.mdb")),
+                    sorted(name + ".mdb" for name in STORES))
+        person.end()
+        check_equal("the stores beside the program", person.other_stores(), before)
+    finally:
+        os.chmod(person.application, 0o700)
+        shutil.rmtree(kept, ignore_errors=True)
+
+
+def nowhere_to_keep_anything(person):
+    """Nobody can be let in where nothing can be kept: it is told, and the program ends with a code of its own."""
+    before = person.other_stores()
+    home = person.stage.folder / "closed home"
+    home.mkdir(mode=0o500)
+    os.chmod(person.application, 0o500)
+    try:
+        person.launch(environment={"XDG_DATA_HOME": str(home / "data")})
+        text = person.wait_for_box("cannot be made")
+        check(str(home) in text, f"the box does not name the folder: {text!r}")
         person.answer_ok()
         check(person.wait_for_end() != "0", "it ended with exit code 0")
         check_equal("the stores", person.other_stores(), before)
@@ -360,7 +382,7 @@ def eight_starts_at_once(person):
 
 CASES = [
     a_database_is_missing, a_folder_in_a_databases_place, a_damaged_database, a_cut_off_database,
-    an_empty_file_for_a_database, a_database_of_another_kind, a_read_only_database, a_read_only_folder,
+    an_empty_file_for_a_database, a_database_of_another_kind, a_read_only_database, a_read_only_folder, nowhere_to_keep_anything,
     a_database_locked_by_another_program, a_full_disk, no_display, no_sound_server,
     told_to_end_while_a_song_plays, told_to_end_before_the_login, killed_while_media_is_added,
     eight_starts_at_once,

@@ -19,7 +19,7 @@ Program::Program(Computer& on, std::string_view command)
       windows(on.files),
       main_window(windows,
                   {on.database, on.files, on.media, places, shape, dialogs, desktop, desktop, chance,
-                   instance, messenger, board, screen_saver, pages, on.registry, programs},
+                   instance, messenger, board, screen_saver, pages, on.registry, programs, "C:\\brindlepost"},
                   command, [this] {
                       ended = true;
                       desktop.Ending = true;

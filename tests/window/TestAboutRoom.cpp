@@ -51,6 +51,8 @@ TEST_F(AboutRoom, TheMenuOpensTheBoxWithItsTexts) {
               "Warning: This product is not protected by international copyright laws, this product can be "
               "re-distributed at users consent.");
     EXPECT_EQ(form.lblEngine.Caption(), "Page engine 1.2.3 (patches up to 1.2.4)");
+    EXPECT_EQ(form.lblStores.Caption(), files.DisplayPath(files.ApplicationFolder()));
+    EXPECT_FALSE(form.lblStores.Caption().empty());
     EXPECT_EQ(form.cmdLarkmoorHome.Caption(), "Larkmoor Home Page");
     EXPECT_EQ(form.cmdUpdates.Caption(), "Check For Updates");
     EXPECT_EQ(form.cmdSysInfo.Caption(), "&System Info...");

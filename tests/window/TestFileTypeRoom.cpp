@@ -14,8 +14,21 @@ class FileTypeRoom : public testing::Test {
 protected:
     fakes::FakeFiles files{"C:\\my app"};
     fakes::FakeRegistry registry;
-    window::FileTypeRoom room{registry, files};
+    window::FileTypeRoom room{registry, files, "C:\\my app"};
 };
+
+TEST_F(FileTypeRoom, TheCommandIsTheProgramWhereverItsStoresLive) {
+    window::FileTypeRoom installed{registry, files, "C:\\usr\\lib"};
+
+    installed.cmdAssociate();
+
+    const auto command = registry.QueryValue(
+        registry.OpenKey(ports::RegistryRoot::ClassesRoot, ".mp3\\shell\\open\\command"), "");
+    ASSERT_TRUE(command.has_value());
+    EXPECT_TRUE(
+        command->bytes.starts_with("\"C:\\usr\\lib\\" + files.ApplicationFileName() + ".exe\" \"%1\""))
+        << command->bytes;
+}
 
 TEST_F(FileTypeRoom, TheTypeIsClaimedInOneOrder) {
     const std::string command = "\"C:\\my app\\" + files.ApplicationFileName() + ".exe\" \"%1\"";
@@ -79,7 +92,7 @@ TEST_F(FileTypeRoom, AfterAMoveOfTheProgramTheNewPathIsWritten) {
     room.cmdAssociate();
     fakes::FakeFiles moved{"C:\\elsewhere"};
 
-    window::FileTypeRoom(registry, moved).cmdAssociate();
+    window::FileTypeRoom(registry, moved, "C:\\elsewhere").cmdAssociate();
 
     const auto command = registry.QueryValue(registry.OpenKey(kRoot, ".mp3\\shell\\open\\command"), "");
     ASSERT_TRUE(command);

@@ -17,7 +17,7 @@ protected:
         return CommandText(arguments, "/home/ann/music", files_);
     }
 
-    LinuxFiles files_{"/opt/brindlepost", "/no/such/table"};
+    LinuxFiles files_{"/opt/brindlepost", "/opt", "/no/such/table"};
 };
 
 TEST_F(CommandTextTest, NoArgumentsAreTheEmptyText) {

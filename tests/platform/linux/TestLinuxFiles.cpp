@@ -265,13 +265,15 @@ TEST_F(LinuxFilesTest, TheApplicationFolderIsWhereTheProgramStands) {
     EXPECT_EQ(files_.ApplicationFolder(), files_.FromNative(folder_.Path()));
     EXPECT_EQ(files_.ApplicationFileName(), "brindlepost");
     EXPECT_EQ(LinuxFiles("/brindlepost").ApplicationFolder(), "C:\\");
+    EXPECT_EQ(LinuxFiles("/usr/lib/brindlepost/Brindlepost", "/home/ann/kept").ApplicationFolder(),
+              "C:\\home\\ann\\kept");
     EXPECT_TRUE(RunningProgram().ends_with("/test_platform_linux")) << RunningProgram();
 }
 
 TEST_F(LinuxFilesTest, AMountedVolumeHasALetter) {
     folder_.Write("table", "36 35 98:0 / /media/My\\040Stick rw - vfat /dev/sdb1 rw\n");
 
-    const LinuxFiles files("/opt/brindlepost", folder_ / "table");
+    const LinuxFiles files("/opt/brindlepost", "/opt", folder_ / "table");
 
     ASSERT_EQ(files.Drives().size(), 2U);
     EXPECT_EQ(files.Drives()[1].Letter, 'D');
