@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "platform/qt/SkinColours.h"
+#include "platform/qt/SkinSheet.h"
 #include "platform/webengine/ShownText.h"
 
 namespace webengine {
@@ -25,30 +25,18 @@ constexpr int kSpeedMilliseconds = 1000;
 constexpr int kMostName = 70;
 constexpr int kParts = 1000;
 
-QString Name(QRgb colour) {
-    return QColor(colour).name();
-}
-
 QString StyleOfWindow() {
-    return QStringLiteral(
-               "#downloads, #list, #rows { background: %1; }"
-               "QScrollArea { border: 0; }"
-               "QLabel { color: %2; font-size: 13px; }"
-               "QLabel#heading { font-size: 17px; }"
-               "QLabel#muted, QLabel#words { color: %3; font-size: 12px; }"
-               "QLabel#asks { color: %4; font-size: 12px; }"
-               "QProgressBar { background: %5; border: 0; border-radius: 2px; }"
-               "QProgressBar::chunk { background: %6; border-radius: 2px; }"
-               "QPushButton { background: %7; color: %2; border: 1px solid %8; border-radius: 5px;"
-               " padding: 3px 10px; font-size: 12px; }"
-               "QPushButton[accent=\"true\"] { color: %6; }"
-               "QPushButton:hover { background: %9; }"
-               "QPushButton:focus { border-color: %6; }"
-               "QPushButton:disabled { color: %10; }")
-        .arg(Name(skin::kGround), Name(skin::kText), Name(skin::kMuted), Name(skin::kWarning),
-             Name(skin::kWell), Name(skin::kAccent), Name(skin::kRaised), Name(skin::kLine),
-             Name(skin::kHover))
-        .arg(Name(skin::kDisabled));
+    return skin::Sheet(QStringLiteral("#downloads, #list, #rows { background: @ground; }"
+                                      "QScrollArea { border: 0; }"
+                                      "QLabel { color: @text; font-size: 13px; }"
+                                      "QLabel#heading { font-size: 17px; }"
+                                      "QLabel#muted, QLabel#words { color: @muted; font-size: 12px; }"
+                                      "QLabel#asks { color: @warning; font-size: 12px; }"
+                                      "QProgressBar { background: @well; border: 0; border-radius: 2px; }"
+                                      "QProgressBar::chunk { background: @accent; border-radius: 2px; }"
+                                      "QPushButton { color: @text; padding: 3px 10px; font-size: 12px; }"
+                                      "QPushButton[accent=\"true\"] { color: @accent; }") +
+                       skin::kButtonSheet);
 }
 
 QString AskingWords(const Download& download) {

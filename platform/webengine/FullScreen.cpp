@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
-#include "platform/qt/SkinColours.h"
+#include "platform/qt/SkinSheet.h"
 #include "platform/webengine/LimitedPage.h"
 #include "platform/webengine/ShownText.h"
 
@@ -93,10 +93,9 @@ void FullScreen::ShowHint(const QUrl& origin) {
     hint->setObjectName(QStringLiteral("hint"));
     hint->setTextFormat(Qt::PlainText);
     hint->setAttribute(Qt::WA_TransparentForMouseEvents);
-    hint->setStyleSheet(
-        QStringLiteral("background: %1; color: %2; border: 1px solid %3; border-radius: 7px;"
-                       " padding: 10px 24px; font-size: 15px;")
-            .arg(QColor(skin::kPanel).name(), QColor(skin::kText).name(), QColor(skin::kLine).name()));
+    hint->setStyleSheet(skin::Sheet(
+        QStringLiteral("background: @panel; color: @text; border: 1px solid @line; border-radius: 7px;"
+                       " padding: 10px 24px; font-size: 15px;")));
     hint->adjustSize();
     hint->move((window_->width() - hint->width()) / 2, kHintTop);
     hint->show();

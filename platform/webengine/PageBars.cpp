@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "platform/qt/SkinColours.h"
+#include "platform/qt/SkinSheet.h"
 #include "platform/webengine/ShownText.h"
 
 namespace webengine {
@@ -24,29 +24,21 @@ constexpr int kFlashMilliseconds = 1500;
 constexpr int kProgressHeight = 3;
 constexpr int kMostWords = 400;
 
-QString Name(QRgb colour) {
-    return QColor(colour).name();
-}
-
 QString StyleOfBars() {
-    return QStringLiteral(
-               "QLabel { color: %1; font-size: 13px; }"
-               "QLineEdit { background: %2; color: %1; border: 1px solid %3; border-radius: 5px; padding: "
-               "2px 6px;"
-               " selection-background-color: %4; }"
-               "QLineEdit:focus { border-color: %5; }"
-               "QPushButton { background: %6; color: %5; border: 1px solid %3; border-radius: 5px;"
-               " padding: 3px 12px; font-size: 13px; }"
-               "QPushButton:hover { background: %7; }"
-               "QPushButton:focus, QPushButton:checked { border-color: %5; }"
-               "QPushButton:disabled { color: %8; }"
-               "QPushButton[flat=\"true\"] { background: transparent; border: 1px solid transparent; "
-               "padding: 3px; }"
-               "QPushButton[flat=\"true\"]:focus { border-color: %5; }"
-               "#pageLine { background: %6; border: 1px solid %3; border-top-right-radius: 5px;"
-               " padding: 2px 8px; font-size: 12px; }")
-        .arg(Name(skin::kText), Name(skin::kWell), Name(skin::kLine), Name(skin::kAccentDeep),
-             Name(skin::kAccent), Name(skin::kRaised), Name(skin::kHover), Name(skin::kDisabled));
+    return skin::Sheet(
+        QStringLiteral(
+            "QLabel { color: @text; font-size: 13px; }"
+            "QLineEdit { background: @well; color: @text; border: 1px solid @line; border-radius: 5px;"
+            " padding: 2px 6px; selection-background-color: @accent-deep; }"
+            "QLineEdit:focus { border-color: @accent; }"
+            "QPushButton { color: @accent; padding: 3px 12px; font-size: 13px; }") +
+        skin::kButtonSheet +
+        QStringLiteral(
+            "QPushButton[flat=\"true\"] { background: transparent; border: 1px solid transparent;"
+            " padding: 3px; }"
+            "QPushButton[flat=\"true\"]:focus { border-color: @accent; }"
+            "#pageLine { background: @raised; border: 1px solid @line; border-top-right-radius: 5px;"
+            " padding: 2px 8px; font-size: 12px; }"));
 }
 
 /// A cross that is drawn, with the words of it for a screen reader.
