@@ -22,6 +22,8 @@ public:
     /// Takes away what the pages of the user left: cookies, storage, caches, visited links. Pages that are
     /// open load again, which is no visit.
     virtual void ForgetVisits() = 0;
+    /// Brings the list of downloads to the front; nothing while nobody is logged in.
+    virtual void ShowDownloads() = 0;
     /// A user is new: what was kept for an earlier one of that name is taken away.
     virtual void RemoveUser(std::string_view name) = 0;
     /// Name, version and patch level in words for the user; empty when no engine is installed. May take a

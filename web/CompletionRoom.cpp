@@ -4,13 +4,12 @@
 
 #include "base/Text.h"
 #include "controls/Arrange.h"
+#include "controls/KeyCodes.h"
 
 namespace web {
 
 namespace {
 
-constexpr int kUp = 38;
-constexpr int kDown = 40;
 constexpr double kRow = controls::Px(24);
 constexpr double kEdges = controls::Px(2);
 constexpr std::size_t kLongestName = 48;
@@ -78,11 +77,12 @@ bool CompletionRoom::Dismiss() {
 }
 
 bool CompletionRoom::TakeKey(int key_code, int shift) {
-    if (!IsOpen() || shift != 0 || (key_code != kUp && key_code != kDown)) return false;
+    if (!IsOpen() || shift != 0 || (key_code != controls::kKeyUp && key_code != controls::kKeyDown))
+        return false;
     // Before the first row and after the last there is what was typed.
     const int places = controls_.lstSuggestions.ListCount() + 1;
     const int from = controls_.lstSuggestions.ListIndex() + 1;
-    Pick((from + (key_code == kDown ? 1 : places - 1)) % places - 1);
+    Pick((from + (key_code == controls::kKeyDown ? 1 : places - 1)) % places - 1);
     return true;
 }
 

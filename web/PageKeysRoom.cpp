@@ -4,17 +4,13 @@
 #include <iterator>
 #include <vector>
 
+#include "controls/KeyCodes.h"
 #include "web/Addresses.h"
 
 namespace web {
 
 namespace {
 
-constexpr int kTab = 9;
-constexpr int kLeft = 37;
-constexpr int kRight = 39;
-constexpr int kF5 = 116;
-constexpr int kF11 = 122;
 constexpr int kPlain = 0;
 constexpr int kControl = controls::kControlMask;
 constexpr int kControlShift = controls::kControlMask | controls::kShiftMask;
@@ -35,20 +31,22 @@ const PageKeysRoom::Key PageKeysRoom::kKeys[] = {
     {'T', kControl, [](PageKeysRoom& keys) { keys.OpenEmptyTab(); }},
     {'W', kControl, [](PageKeysRoom& keys) { keys.tabs_.CloseTabInFront(); }},
     {'T', kControlShift, [](PageKeysRoom& keys) { keys.tabs_.Reopen(); }},
-    {kTab, kControl, [](PageKeysRoom& keys) { keys.finder_.Walk(1); }},
-    {kTab, kControlShift, [](PageKeysRoom& keys) { keys.finder_.Walk(-1); }},
+    {controls::kKeyTab, kControl, [](PageKeysRoom& keys) { keys.finder_.Walk(1); }},
+    {controls::kKeyTab, kControlShift, [](PageKeysRoom& keys) { keys.finder_.Walk(-1); }},
     {'A', kControlShift, [](PageKeysRoom& keys) { keys.finder_.Find(); }},
     {'R', kControl, [](PageKeysRoom& keys) { keys.pages_.Refresh(); }},
-    {kF5, kPlain, [](PageKeysRoom& keys) { keys.pages_.Refresh(); }},
-    {kLeft, kAlt, [](PageKeysRoom& keys) { keys.pages_.GoBack(); }},
-    {kRight, kAlt, [](PageKeysRoom& keys) { keys.pages_.GoForward(); }},
+    {controls::kKeyF5, kPlain, [](PageKeysRoom& keys) { keys.pages_.Refresh(); }},
+    {controls::kKeyLeft, kAlt, [](PageKeysRoom& keys) { keys.pages_.GoBack(); }},
+    {controls::kKeyRight, kAlt, [](PageKeysRoom& keys) { keys.pages_.GoForward(); }},
     {'D', kControl, [](PageKeysRoom& keys) { keys.favourites_.AddPageInFront(); }},
-    {kF11, kPlain, [](PageKeysRoom& keys) { keys.window_.ToggleFullScreen(); }},
+    {'J', kControl, [](PageKeysRoom& keys) { keys.engine_.ShowDownloads(); }},
+    {controls::kKeyF11, kPlain, [](PageKeysRoom& keys) { keys.window_.ToggleFullScreen(); }},
 };
 
 PageKeysRoom::PageKeysRoom(const WebState& state, AddressBox& address, AddressRoom& opener,
                            CompletionRoom& completion, TabRoom& tabs, TabFinderRoom& finder,
-                           BrowserEventsRoom& pages, roles::Window& window, roles::Favourites& favourites)
+                           BrowserEventsRoom& pages, roles::Window& window, roles::Favourites& favourites,
+                           ports::PageEngine& engine)
     : state_(state),
       address_(address),
       opener_(opener),
@@ -57,7 +55,8 @@ PageKeysRoom::PageKeysRoom(const WebState& state, AddressBox& address, AddressRo
       finder_(finder),
       pages_(pages),
       window_(window),
-      favourites_(favourites) {}
+      favourites_(favourites),
+      engine_(engine) {}
 
 bool PageKeysRoom::Take(int key_code, int shift) {
     const auto* const key = std::find_if(std::begin(kKeys), std::end(kKeys), [=](const Key& one) {

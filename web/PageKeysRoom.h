@@ -1,10 +1,11 @@
 // The keys that work the browser wherever the keyboard is, in a page as well: the address row, tabs, back and
-// forward, refresh, stop.
+// forward, refresh, stop, downloads.
 //
 // The table here comes first. A key that it does not name goes to the area of the page in front, whose own
 // table is platform/webengine/PageKeys.cpp; what nobody takes goes on to where the keyboard is.
 #pragma once
 
+#include "ports/PageEngine.h"
 #include "roles/Favourites.h"
 #include "roles/Window.h"
 #include "web/AddressBox.h"
@@ -21,7 +22,7 @@ class PageKeysRoom final {
 public:
     PageKeysRoom(const WebState& state, AddressBox& address, AddressRoom& opener, CompletionRoom& completion,
                  TabRoom& tabs, TabFinderRoom& finder, BrowserEventsRoom& pages, roles::Window& window,
-                 roles::Favourites& favourites);
+                 roles::Favourites& favourites, ports::PageEngine& engine);
 
     /// True if the key is used up.
     bool Take(int key_code, int shift);
@@ -45,6 +46,7 @@ private:
     BrowserEventsRoom& pages_;
     roles::Window& window_;
     roles::Favourites& favourites_;
+    ports::PageEngine& engine_;
 };
 
 }  // namespace web

@@ -4,6 +4,7 @@
 
 #include "base/Text.h"
 #include "controls/Arrange.h"
+#include "controls/KeyCodes.h"
 
 namespace web {
 
@@ -11,8 +12,6 @@ namespace {
 
 using controls::Px;
 
-constexpr int kUp = 38;
-constexpr int kDown = 40;
 constexpr double kRow = Px(24);
 constexpr double kEdge = Px(8);
 constexpr double kFinderWidth = Px(420);
@@ -147,9 +146,9 @@ void TabFinderRoom::txtTabFinder_KeyDown(int key_code, int shift) {
     const int rows = controls_.lstTabFinder.ListCount();
     if (shift == 0 && key_code == controls::kKeyEnter) {
         Choose(row);
-    } else if (shift == 0 && rows > 0 && (key_code == kUp || key_code == kDown)) {
+    } else if (shift == 0 && rows > 0 && (key_code == controls::kKeyUp || key_code == controls::kKeyDown)) {
         at_work_ = true;
-        controls_.lstTabFinder.SetListIndex((row + (key_code == kDown ? 1 : rows - 1)) % rows);
+        controls_.lstTabFinder.SetListIndex((row + (key_code == controls::kKeyDown ? 1 : rows - 1)) % rows);
         at_work_ = false;
     } else {
         keys_.KeyDown(key_code, shift);

@@ -45,6 +45,7 @@ Web::Web(WebControls& controls, WebMenu& menu, WebState& state, SessionFacts ses
       refresh_(controls.refresh, menu, state, pages_, guard_, roles.keys, ports.dialogs),
       commands_(controls.help, menu, opener_, tabs_, guard_, roles.window, roles.now_playing, ports.dialogs),
       finder_(controls.finder, tabs_, roles.window, roles.keys),
-      keys_(state, address_, opener_, completion_, tabs_, finder_, pages_, roles.window, roles.favourites) {}
+      keys_(state, address_, opener_, completion_, tabs_, finder_, pages_, roles.window, roles.favourites,
+            ports.engine) {}
 
 }  // namespace web

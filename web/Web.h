@@ -62,6 +62,7 @@ struct WebPorts {
     const ports::Files& files;
     ports::EventLoop& events;
     ports::Dialogs& dialogs;
+    ports::PageEngine& engine;
 };
 
 class Web final : private PageWatcher {

@@ -182,29 +182,30 @@ places::Places MainWindow::BuildPlaces() {
 
 web::Web MainWindow::BuildWeb() {
     BrowserForm& window = windows_.frmBrowser;
-    return web::Web(window.web, window.menus, state_.web,
-                    {.LoggedIn = state_.session.LoggedIn,
-                     .Internet_Connection = state_.connection.Internet_Connection,
-                     .Save_History = state_.options.Save_History,
-                     .Allow_Multiple_Users = state_.login.Allow_Multiple_Users,
-                     .Auto_Login = state_.options.Auto_Login,
-                     .StartedWithArguments = state_.session.StartedWithArguments,
-                     .credentials = state_.login},
-                    {.window = window_,
-                     .layout = layout_,
-                     .highlights = skin_,
-                     .keys = relays_.media_keys,
-                     .transport = player_,
-                     .now_playing = player_.Playing(),
-                     .messenger = player_.Line(),
-                     .track_lists = library_.Lists(),
-                     .media = library_.Intake(),
-                     .cue = player_.Cue(),
-                     .history = places_.History(),
-                     .favourites = places_.Favourites(),
-                     .suggestions = places_.Suggestions(),
-                     .start = relays_.start},
-                    {.files = ports_.files, .events = ports_.events, .dialogs = ports_.dialogs});
+    return web::Web(
+        window.web, window.menus, state_.web,
+        {.LoggedIn = state_.session.LoggedIn,
+         .Internet_Connection = state_.connection.Internet_Connection,
+         .Save_History = state_.options.Save_History,
+         .Allow_Multiple_Users = state_.login.Allow_Multiple_Users,
+         .Auto_Login = state_.options.Auto_Login,
+         .StartedWithArguments = state_.session.StartedWithArguments,
+         .credentials = state_.login},
+        {.window = window_,
+         .layout = layout_,
+         .highlights = skin_,
+         .keys = relays_.media_keys,
+         .transport = player_,
+         .now_playing = player_.Playing(),
+         .messenger = player_.Line(),
+         .track_lists = library_.Lists(),
+         .media = library_.Intake(),
+         .cue = player_.Cue(),
+         .history = places_.History(),
+         .favourites = places_.Favourites(),
+         .suggestions = places_.Suggestions(),
+         .start = relays_.start},
+        {.files = ports_.files, .events = ports_.events, .dialogs = ports_.dialogs, .engine = ports_.pages});
 }
 
 session::SessionControls MainWindow::ControlsOfSession() {

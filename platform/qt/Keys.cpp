@@ -1,6 +1,7 @@
 #include "platform/qt/Keys.h"
 
 #include "controls/Control.h"
+#include "controls/KeyCodes.h"
 
 namespace qt {
 namespace {
@@ -56,14 +57,6 @@ constexpr KeyPair kNamedKeys[] = {
     {Qt::Key_LaunchMedia, 181},
 };
 
-constexpr int kNumberPadZero = 96;
-constexpr int kFirstFunctionKey = 112;
-constexpr int kLastFunctionKey = 135;
-constexpr int kTab = 9;
-constexpr int kPadPlus = 107;
-constexpr int kPadMinus = 109;
-constexpr int kPlus = 187;
-constexpr int kMinus = 189;
 constexpr int kBrowserBack = 166;
 constexpr int kBrowserRefresh = 168;
 constexpr int kBrowserHome = 172;
@@ -77,13 +70,14 @@ int KeyCode(int key, Qt::KeyboardModifiers modifiers) {
     }
     if (key >= Qt::Key_0 && key <= Qt::Key_9) {
         const bool pad = modifiers.testFlag(Qt::KeypadModifier);
-        return pad ? kNumberPadZero + (key - Qt::Key_0) : key;
+        return pad ? controls::kKeyPadZero + (key - Qt::Key_0) : key;
     }
     if (key >= Qt::Key_A && key <= Qt::Key_Z) return key;
     if (key == Qt::Key_Plus || key == Qt::Key_Equal)
-        return modifiers.testFlag(Qt::KeypadModifier) ? kPadPlus : kPlus;
-    if (key == Qt::Key_Minus) return modifiers.testFlag(Qt::KeypadModifier) ? kPadMinus : kMinus;
-    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return kFirstFunctionKey + (key - Qt::Key_F1);
+        return modifiers.testFlag(Qt::KeypadModifier) ? controls::kKeyPadPlus : controls::kKeyPlus;
+    if (key == Qt::Key_Minus)
+        return modifiers.testFlag(Qt::KeypadModifier) ? controls::kKeyPadMinus : controls::kKeyMinus;
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return controls::kKeyF1 + (key - Qt::Key_F1);
     return 0;
 }
 
@@ -96,12 +90,13 @@ bool MayMeanWindow(int key_code, int shift) {
     if (key_code == 0) return false;
     if ((shift & (controls::kControlMask | controls::kAltMask)) != 0) return true;
     return key_code == controls::kKeyEscape ||
-           (key_code >= kFirstFunctionKey && key_code <= kLastFunctionKey);
+           (key_code >= controls::kKeyF1 && key_code <= controls::kKeyF24);
 }
 
 bool MayRepeat(int key_code) {
-    return key_code == kTab || key_code == kPlus || key_code == kMinus || key_code == kPadPlus ||
-           key_code == kPadMinus;
+    return key_code == controls::kKeyTab || key_code == controls::kKeyPlus ||
+           key_code == controls::kKeyMinus || key_code == controls::kKeyPadPlus ||
+           key_code == controls::kKeyPadMinus;
 }
 
 int ShiftState(Qt::KeyboardModifiers modifiers) {

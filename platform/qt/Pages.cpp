@@ -54,14 +54,23 @@ void Pages::ForgetVisits() {
     }
 }
 
+void Pages::ShowDownloads() {
+    if (IsHeld()) return;
+    Load();
+    if (factory_ != nullptr) factory_->ShowDownloads();
+}
+
+void Pages::Load() {
+    if (factory_ != nullptr || !loader_) return;
+    factory_ = loader_();
+    // A loader that failed is not tried for every page.
+    loader_ = nullptr;
+    if (factory_ != nullptr) factory_->BeginUser(user_->name, user_->keeps_history);
+}
+
 void Pages::Make(controls::WebBrowser& browser, QWidget& place) {
     if (browser.Engine() != nullptr) return;
-    if (factory_ == nullptr && loader_) {
-        factory_ = loader_();
-        // A loader that failed is not tried for every page.
-        loader_ = nullptr;
-        if (factory_ != nullptr) factory_->BeginUser(user_->name, user_->keeps_history);
-    }
+    Load();
     if (factory_ == nullptr) return;
     ports::BrowserControl* engine = factory_->MakePage(browser, &place);
     if (engine != nullptr) browser.Attach(engine);

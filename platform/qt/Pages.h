@@ -38,6 +38,8 @@ public:
     bool IsHeld() const { return !released_ || !user_; }
     /// Ends every engine that was handed out, which no control may use any more, and what pages left.
     void ForgetVisits();
+    /// Brings their list to the front; loads the engine for it if no page was wanted so far.
+    void ShowDownloads();
 
 private:
     struct User {
@@ -45,6 +47,7 @@ private:
         bool keeps_history;
     };
     void MakeThoseThatWait();
+    void Load();
     void Make(controls::WebBrowser& browser, QWidget& place);
 
     struct Wanted {

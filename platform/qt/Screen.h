@@ -66,6 +66,7 @@ public:
     }
     void EndUser() override;
     void ForgetVisits() override;
+    void ShowDownloads() override { pages_.ShowDownloads(); }
     void RemoveUser(std::string_view name) override {
         if (options_.RemoveUser) options_.RemoveUser(name);
     }

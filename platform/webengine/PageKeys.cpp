@@ -1,6 +1,7 @@
 #include "platform/webengine/PageKeys.h"
 
 #include "controls/Control.h"
+#include "controls/KeyCodes.h"
 #include "platform/webengine/EnginePage.h"
 #include "platform/webengine/PageTools.h"
 
@@ -8,12 +9,6 @@ namespace webengine {
 
 namespace {
 
-constexpr int kPadZero = 96;
-constexpr int kPadPlus = 107;
-constexpr int kPadMinus = 109;
-constexpr int kF3 = 114;
-constexpr int kPlus = 187;
-constexpr int kMinus = 189;
 constexpr int kPlain = 0;
 constexpr int kShift = controls::kShiftMask;
 constexpr int kControl = controls::kControlMask;
@@ -71,27 +66,25 @@ bool With(EnginePage& page, void (PageTools::*act)()) {
     return true;
 }
 
-constexpr int kF12 = 123;
-
 /// One row a key.
 constexpr PageKey kKeys[] = {
     {'F', kControl, OpenFind},
-    {kF3, kPlain, FindNext},
-    {kF3, kShift, FindPrevious},
-    {kPlus, kControl, ZoomIn},
-    {kPlus, kControlShift, ZoomIn},
-    {kPadPlus, kControl, ZoomIn},
-    {kMinus, kControl, ZoomOut},
-    {kPadMinus, kControl, ZoomOut},
+    {controls::kKeyF3, kPlain, FindNext},
+    {controls::kKeyF3, kShift, FindPrevious},
+    {controls::kKeyPlus, kControl, ZoomIn},
+    {controls::kKeyPlus, kControlShift, ZoomIn},
+    {controls::kKeyPadPlus, kControl, ZoomIn},
+    {controls::kKeyMinus, kControl, ZoomOut},
+    {controls::kKeyPadMinus, kControl, ZoomOut},
     {'0', kControl, ZoomAsUsual},
-    {kPadZero, kControl, ZoomAsUsual},
+    {controls::kKeyPadZero, kControl, ZoomAsUsual},
     {'L', kControlShift, ShowSecurity},
     {controls::kKeyEscape, kPlain, Escape},
-    {'J', kControl, [](EnginePage& page) { return With(page, &PageTools::ShowDownloads); }},
     {'P', kControl, [](EnginePage& page) { return With(page, &PageTools::Print); }},
     {'S', kControl, [](EnginePage& page) { return With(page, &PageTools::SavePage); }},
     {'U', kControl, [](EnginePage& page) { return With(page, &PageTools::ShowSource); }},
-    {kF12, kPlain, [](EnginePage& page) { return With(page, &PageTools::ToggleDeveloperTools); }},
+    {controls::kKeyF12, kPlain,
+     [](EnginePage& page) { return With(page, &PageTools::ToggleDeveloperTools); }},
 };
 
 }  // namespace

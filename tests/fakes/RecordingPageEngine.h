@@ -22,6 +22,7 @@ struct RecordingPageEngine final : ports::PageEngine {
         if (OnEnd) OnEnd();
     }
     void ForgetVisits() override { Log.emplace_back("Forget"); }
+    void ShowDownloads() override { Log.emplace_back("Downloads"); }
     void RemoveUser(std::string_view name) override { Log.push_back("Remove " + std::string(name)); }
     std::string Version() override {
         ++VersionQuestions;

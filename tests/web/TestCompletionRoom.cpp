@@ -1,14 +1,12 @@
 #include "web/CompletionRoom.h"
 
+#include "controls/KeyCodes.h"
 #include "web/WebHarness.h"
 
 namespace {
 
 using web_tests::Calls;
 using web_tests::WebTest;
-
-constexpr int kUp = 38;
-constexpr int kDown = 40;
 
 class CompletionTest : public WebTest {
 protected:
@@ -68,7 +66,8 @@ TEST_F(CompletionTest, DownAndUpPutSuggestionsIntoTheRowAndGoRoundOverWhatWasTyp
     Type("example");
 
     Calls seen;
-    for (const int key : {kDown, kDown, kDown, kDown, kUp, kUp}) {
+    for (const int key : {controls::kKeyDown, controls::kKeyDown, controls::kKeyDown, controls::kKeyDown,
+                          controls::kKeyUp, controls::kKeyUp}) {
         Press(key);
         seen.push_back(Box().Text());
     }
@@ -81,8 +80,8 @@ TEST_F(CompletionTest, DownAndUpPutSuggestionsIntoTheRowAndGoRoundOverWhatWasTyp
 
 TEST_F(CompletionTest, EnterOpensThePickedOne) {
     Type("example");
-    Press(kDown);
-    Press(kDown);
+    Press(controls::kKeyDown);
+    Press(controls::kKeyDown);
 
     Press(controls::kKeyEnter);
 
@@ -93,7 +92,7 @@ TEST_F(CompletionTest, EnterOpensThePickedOne) {
 
 TEST_F(CompletionTest, APickedAddressWithABracketArrivesWhole) {
     Type("band");
-    Press(kDown);
+    Press(controls::kKeyDown);
 
     Press(controls::kKeyEnter);
 
@@ -119,7 +118,7 @@ TEST_F(CompletionTest, AClickOpensTheRow) {
 
 TEST_F(CompletionTest, EscapeClosesTheListAndBringsBackWhatWasTyped) {
     Type("example");
-    Press(kDown);
+    Press(controls::kKeyDown);
 
     EXPECT_TRUE(rooms.Keys().Take(controls::kKeyEscape, 0));
 
@@ -130,7 +129,7 @@ TEST_F(CompletionTest, EscapeClosesTheListAndBringsBackWhatWasTyped) {
 
 TEST_F(CompletionTest, TypingOnAfterAPickIsTypingAgain) {
     Type("example");
-    Press(kDown);
+    Press(controls::kKeyDown);
 
     Type("http://one.example/x");
     Press(controls::kKeyEnter);
@@ -174,7 +173,7 @@ TEST_F(CompletionTest, OtherModesSuggestNothing) {
 TEST_F(CompletionTest, WithShiftTheArrowsBelongToTheRow) {
     Type("example");
 
-    Press(kDown, controls::kShiftMask);
+    Press(controls::kKeyDown, controls::kShiftMask);
 
     EXPECT_EQ(Box().Text(), "example");
 }

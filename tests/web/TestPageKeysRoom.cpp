@@ -1,5 +1,6 @@
 #include "web/PageKeysRoom.h"
 
+#include "controls/KeyCodes.h"
 #include "web/WebHarness.h"
 
 namespace {
@@ -10,9 +11,6 @@ using web_tests::WebTest;
 constexpr int kControl = controls::kControlMask;
 constexpr int kControlShift = controls::kControlMask | controls::kShiftMask;
 constexpr int kAlt = controls::kAltMask;
-constexpr int kTab = 9;
-constexpr int kF5 = 116;
-constexpr int kF11 = 122;
 
 class PageKeysTest : public WebTest {
 protected:
@@ -30,12 +28,12 @@ TEST_F(PageKeysTest, WalkingTheTabsGoesRoundAndTakesTheMusicTabWithIt) {
 
     Calls seen;
     for (int i = 0; i < 4; ++i) {
-        EXPECT_TRUE(Press(kTab, kControl));
+        EXPECT_TRUE(Press(controls::kKeyTab, kControl));
         seen.push_back(std::to_string(Front()));
     }
     EXPECT_EQ(seen, (Calls{"0", "1", "2", "3"}));
 
-    EXPECT_TRUE(Press(kTab, kControlShift));
+    EXPECT_TRUE(Press(controls::kKeyTab, kControlShift));
     EXPECT_EQ(Front(), 2);
 }
 
@@ -45,16 +43,16 @@ TEST_F(PageKeysTest, WalkingLeavesOutClosedTabsAndTheClosedMusicTab) {
     groups.tabs.tabClose(2).Click.Raise();
     ASSERT_EQ(Front(), 1);
 
-    Press(kTab, kControl);
+    Press(controls::kKeyTab, kControl);
     EXPECT_EQ(Front(), 3);
-    Press(kTab, kControl);
+    Press(controls::kKeyTab, kControl);
     EXPECT_EQ(Front(), 1);
 }
 
 TEST_F(PageKeysTest, WithNothingOpenWalkingDoesNothing) {
     groups.tabs.tabMusicClose.Click.Raise();
 
-    EXPECT_TRUE(Press(kTab, kControl));
+    EXPECT_TRUE(Press(controls::kKeyTab, kControl));
 
     EXPECT_EQ(state.currentbrowser, 0);
 }
@@ -168,7 +166,7 @@ TEST_F(PageKeysTest, ThePageKeysDoAsTheButtonsDo) {
     Engine(1).Calls.clear();
 
     EXPECT_TRUE(Press('R', kControl));
-    EXPECT_TRUE(Press(kF5, 0));
+    EXPECT_TRUE(Press(controls::kKeyF5, 0));
     EXPECT_TRUE(Press(37, kAlt));
     EXPECT_TRUE(Press(39, kAlt));
 
@@ -179,7 +177,7 @@ TEST_F(PageKeysTest, WithoutAConnectionTheyShowTheBox) {
     Open("one.example");
     session.Internet_Connection = false;
 
-    Press(kF5, 0);
+    Press(controls::kKeyF5, 0);
 
     ASSERT_EQ(dialogs.Boxes.size(), 1u);
     EXPECT_EQ(dialogs.Boxes[0].title, "No Internet Connection");
@@ -187,10 +185,18 @@ TEST_F(PageKeysTest, WithoutAConnectionTheyShowTheBox) {
 
 TEST_F(PageKeysTest, FavouriteAndFullScreenHaveTheirKeys) {
     EXPECT_TRUE(Press('D', kControl));
-    EXPECT_TRUE(Press(kF11, 0));
+    EXPECT_TRUE(Press(controls::kKeyF11, 0));
 
     EXPECT_TRUE(Logged("AddPageInFront"));
     EXPECT_TRUE(Logged("ToggleFullScreen"));
+}
+
+TEST_F(PageKeysTest, DownloadsComeFromAnywhere) {
+    EXPECT_TRUE(Press('J', kControl));
+    Open("one.example");
+    EXPECT_TRUE(Press('J', kControl));
+
+    EXPECT_EQ(engine.Log, (Calls{"Downloads", "Downloads"}));
 }
 
 TEST_F(PageKeysTest, EscapeStopsAPageOnItsWayAndIsElseLeftToWhatHasTheKeyboard) {

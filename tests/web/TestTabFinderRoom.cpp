@@ -1,5 +1,6 @@
 #include "web/TabFinderRoom.h"
 
+#include "controls/KeyCodes.h"
 #include "web/WebHarness.h"
 
 namespace {
@@ -9,9 +10,6 @@ using web_tests::WebTest;
 
 constexpr int kControl = controls::kControlMask;
 constexpr int kControlShift = controls::kControlMask | controls::kShiftMask;
-constexpr int kTab = 9;
-constexpr int kUp = 38;
-constexpr int kDown = 40;
 
 class TabFinderTest : public WebTest {
 protected:
@@ -40,7 +38,7 @@ protected:
 };
 
 TEST_F(TabFinderTest, WalkingShowsAllTabsForAMomentWithTheOneInFrontLit) {
-    rooms.Keys().Take(kTab, kControlShift);
+    rooms.Keys().Take(controls::kKeyTab, kControlShift);
 
     EXPECT_TRUE(Panel().Visible());
     EXPECT_FALSE(Box().Visible());
@@ -56,9 +54,9 @@ TEST_F(TabFinderTest, WalkingShowsAllTabsForAMomentWithTheOneInFrontLit) {
 }
 
 TEST_F(TabFinderTest, EachStepBeginsTheMomentAgain) {
-    rooms.Keys().Take(kTab, kControl);
+    rooms.Keys().Take(controls::kKeyTab, kControl);
     desktop.Advance(1000);
-    rooms.Keys().Take(kTab, kControl);
+    rooms.Keys().Take(controls::kKeyTab, kControl);
 
     desktop.Advance(1000);
 
@@ -91,10 +89,10 @@ TEST_F(TabFinderTest, EnterBringsTheChosenTabForward) {
     Find("o");
     ASSERT_GE(List().ListCount(), 2);
     ASSERT_EQ(List().Text(), "One");
-    Press(kDown);
+    Press(controls::kKeyDown);
     ASSERT_EQ(List().Text(), "Two");
-    Press(kDown);
-    Press(kUp);
+    Press(controls::kKeyDown);
+    Press(controls::kKeyUp);
 
     Press(controls::kKeyEnter);
 

@@ -18,6 +18,7 @@
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeFiles.h"
+#include "fakes/RecordingPageEngine.h"
 #include "web/Addresses.h"
 #include "web/Web.h"
 
@@ -286,6 +287,7 @@ protected:
     RecordingRoles near;
     Session session;
     int Focused = 0;
+    fakes::RecordingPageEngine engine;
     web::Web rooms{groups,
                    menu,
                    state,
@@ -310,7 +312,7 @@ protected:
                     .favourites = near,
                     .suggestions = near,
                     .start = near},
-                   {.files = files, .events = desktop, .dialogs = dialogs}};
+                   {.files = files, .events = desktop, .dialogs = dialogs, .engine = engine}};
 
 private:
     void OnPropertyChanged(controls::Control& control, controls::Property property) override {

@@ -42,6 +42,7 @@ public:
         Log.emplace_back("Forget");
         Pages.clear();
     }
+    void ShowDownloads() override { Log.emplace_back("Downloads"); }
     std::vector<std::string> Log;
     std::vector<QWidget*> Widgets;
     std::vector<std::unique_ptr<NullPage>> Pages;
@@ -218,6 +219,21 @@ TEST_F(PagesTest, PagesThatAreOpenLoadAgainOnceTheirVisitsAreForgotten) {
     desk.screen.CatchUp();
     ASSERT_EQ(factory_->Pages.size(), 2U);
     EXPECT_EQ(factory_->Pages[1]->Addresses, std::vector<std::string>{"http://example.org/closed"});
+}
+
+TEST_F(PagesTest, DownloadsShowWithoutAPageAndForAUserOnly) {
+    qt_tests::Desk desk(options_, browser_);
+    desk.screen.ReleasePages();
+    desk.screen.ShowDownloads();
+    EXPECT_EQ(loads_, 0) << "nobody is logged in";
+    desk.screen.BeginUser("Ann", true);
+
+    desk.screen.ShowDownloads();
+
+    EXPECT_EQ(factory_->Log, (std::vector<std::string>{"Begin Ann kept", "Downloads"}));
+    desk.screen.EndUser();
+    desk.screen.ShowDownloads();
+    EXPECT_EQ(factory_->Log.back(), "End");
 }
 
 TEST_F(PagesTest, WithoutPagesVisitsAreForgottenWithoutTheEngine) {
