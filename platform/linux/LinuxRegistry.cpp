@@ -141,7 +141,12 @@ void LinuxRegistry::NotifyAssociationsChanged() {
     if (!folders_.data.empty()) WriteNative(folders_.data + std::string(kKeysFile), Keys().ToText());
     const std::string entry = DesktopEntry();
     if (entry.empty() || folders_.data.empty() || folders_.config.empty()) return;
-    WriteNative(folders_.data + std::string(kEntryFile), entry);
+    const std::string own_entry = folders_.data + std::string(kEntryFile);
+    if (HasEntryOfPackage()) {
+        files_.DeleteFile(files_.FromNative(own_entry));
+    } else {
+        WriteNative(own_entry, entry);
+    }
     ClaimKind(folders_.config + "/" + std::string(kListFile), false);
     // The list of the desktop itself, where it has one, comes before that of every desktop.
     for (const std::string& desktop : folders_.desktops)
@@ -167,6 +172,14 @@ std::string LinuxRegistry::DesktopEntry() const {
     entry += "StartupNotify=true\n";
     entry += "StartupWMClass=Brindlepost\n";
     return entry;
+}
+
+/// The program that is claimed for came with a package that has a desktop entry as well.
+bool LinuxRegistry::HasEntryOfPackage() const {
+    const auto command = Keys().Value(ports::RegistryRoot::ClassesRoot, kOpenCommand, "");
+    const std::string program = command ? files_.ToNative(ProgramOf(*command)) : "";
+    const std::string entry = folders_.system + "/share" + std::string(kEntryFile);
+    return program.starts_with(folders_.system + "/") && files_.FileExists(files_.FromNative(entry));
 }
 
 void LinuxRegistry::ClaimKind(const std::string& list, bool only_where_named) {

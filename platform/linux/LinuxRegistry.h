@@ -2,10 +2,10 @@
 // instead of it.
 //
 // The keys are read at the first use and written at the notice. The notice also translates the open command
-// of
-// ".mp3": into a desktop entry, "brindlepost.desktop", and into the user's choice of programs for that kind
-// of file, `mimeapps.list`. Each file is written only where it would differ, and whole or not at all; where
-// it may not be written nothing happens.
+// of ".mp3": into a desktop entry, "brindlepost.desktop", and into the user's choice of programs for that
+// kind of file, `mimeapps.list`. A program whose package brought an entry of that name needs none of the
+// user's, which would hide the other. Each file is written only where it would differ, and whole or not at
+// all; where it may not be written nothing happens.
 #pragma once
 
 #include <map>
@@ -24,6 +24,7 @@ struct DesktopFolders {
     std::string data;                   ///< $XDG_DATA_HOME
     std::string config;                 ///< $XDG_CONFIG_HOME
     std::vector<std::string> desktops;  ///< names of the running desktop, in lower case
+    std::string system = "/usr";        ///< where packages install programs and their desktop entries
 };
 
 /// Those of the user who runs the program, as the environment says, else below the home folder.
@@ -52,6 +53,7 @@ private:
     const OpenedKey* Opened(ports::RegistryKey key) const;
     ports::RegistryKey Open(ports::RegistryRoot root, std::string_view path);
     std::string DesktopEntry() const;
+    bool HasEntryOfPackage() const;
     void ClaimKind(const std::string& list, bool only_where_named);
     std::string ReadNative(const std::string& path) const;
     void WriteNative(const std::string& path, std::string_view text);

@@ -102,6 +102,38 @@ TEST_F(LinuxRegistryTest, TheNoticeWritesAnEntryThatOpensSeveralFilesAtOnce) {
               "\n[Added Associations]\naudio/mpeg=brindlepost.desktop;\n");
 }
 
+TEST_F(LinuxRegistryTest, TheEntryOfThePackageIsNotHiddenByOneOfTheUsers) {
+    const std::string program = files_.FromNative(folder_ / "usr/lib/brindlepost/Brindlepost");
+    linux::DesktopFolders folders = Folders();
+    folders.system = folder_ / "usr";
+    Claim();  // from a checkout, before
+    ASSERT_TRUE(std::filesystem::exists(folder_ / "data/applications/brindlepost.desktop"));
+    folder_.Make("usr/share/applications");
+    folder_.Write("usr/share/applications/brindlepost.desktop");
+    linux::LinuxRegistry registry(files_, folders);
+
+    Claim(registry, program);
+
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "data/applications/brindlepost.desktop"));
+    EXPECT_TRUE(Read("config/mimeapps.list")
+                    .starts_with("[Default Applications]\naudio/mpeg=brindlepost.desktop;\n"));
+}
+
+TEST_F(LinuxRegistryTest, AProgramBesideThePackageOrAPackageWithoutAnEntryHasTheUsers) {
+    const std::string program = files_.FromNative(folder_ / "usr/lib/brindlepost/Brindlepost");
+    linux::DesktopFolders folders = Folders();
+    folders.system = folder_ / "usr";
+    linux::LinuxRegistry registry(files_, folders);
+
+    Claim(registry, program);
+    EXPECT_EQ(LineOf("TryExec"), folder_ / "usr/lib/brindlepost/Brindlepost");
+
+    folder_.Make("usr/share/applications");
+    folder_.Write("usr/share/applications/brindlepost.desktop");
+    Claim(registry);
+    EXPECT_EQ(LineOf("TryExec"), "/opt/Brindlepost/Brindlepost");
+}
+
 TEST_F(LinuxRegistryTest, AFolderWithOddNamesIsQuoted) {
     Claim("C:\\my \"$5\" 100% app\\Brindlepost");
     EXPECT_EQ(LineOf("Exec"), R"("/my \\"\\$5\\" 100%% app/Brindlepost" %F)");
