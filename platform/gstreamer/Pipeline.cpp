@@ -15,7 +15,9 @@
 #include "platform/gstreamer/MciErrors.h"
 #include "platform/gstreamer/MidiFile.h"
 #include "platform/gstreamer/Playout.h"
+#include "platform/gstreamer/Priority.h"
 #include "platform/gstreamer/SoundClock.h"
+#include "platform/gstreamer/SoundStore.h"
 #include "platform/gstreamer/SpareSink.h"
 
 namespace gstreamer {
@@ -29,14 +31,15 @@ constexpr std::chrono::milliseconds kGlance{25};
 constexpr int kIdleGlances = 4;
 // Of the playbin's flags: pictures and sound, nothing else.
 constexpr unsigned kPlayPicturesAndSound = 0x3;
-// What the sound server has in store, in microseconds: a busy machine holds a thread up for a tenth of a
-// second and more. A level is heard later by as much.
-constexpr std::int64_t kSoundBuffer = 200'000;
-constexpr std::int64_t kSoundLatency = 10'000;
+// Sound that is decoded and has no level yet, in nanoseconds: a busy machine holds decoders up for a tenth of
+// a second and more.
+constexpr std::uint64_t kDecodedAhead = GST_SECOND;
 // Stretched sound is off its times by some 50 milliseconds, in nanoseconds here; a sink that minds it skips
 // so much a second after each start.
 constexpr std::int64_t kTimesMayBeOff = 200'000'000;
 constexpr double kUsualFrameRate = 25;
+// Its thread hands the samples to the sink.
+constexpr const char* kFeeder = "sound-ahead";
 constexpr const char* kScalingSink = "xvimagesink";
 
 void SetInt(GstElement* element, const char* property, std::int64_t value) {
@@ -78,15 +81,6 @@ bool HasFormat(GstElement* element) {
     return has_format;
 }
 
-int RateOf(GstPad* pad) {
-    GstCaps* const caps = gst_pad_get_current_caps(pad);
-    if (caps == nullptr) return 0;
-    int rate = 0;
-    gst_structure_get_int(gst_caps_get_structure(caps, 0), "rate", &rate);
-    gst_caps_unref(caps);
-    return rate;
-}
-
 bool CanBeUsed(GstElement* sink) {
     if (sink == nullptr) return false;
     if (gst_element_set_state(sink, GST_STATE_READY) != GST_STATE_CHANGE_FAILURE) return true;
@@ -123,6 +117,16 @@ void RefuseMidi(GstElement* playbin) {
         gst_object_unref(pad);
     };
     g_signal_connect(playbin, "element-setup", G_CALLBACK(refuse), nullptr);
+}
+
+// On the thread that the message is about.
+void SetPriority(GstMessage* message) {
+    GstStreamStatusType type = GST_STREAM_STATUS_TYPE_CREATE;
+    GstElement* owner = nullptr;
+    gst_message_parse_stream_status(message, &type, &owner);
+    if (owner == nullptr || std::string_view(GST_OBJECT_NAME(owner)) != kFeeder) return;
+    if (type == GST_STREAM_STATUS_TYPE_ENTER) Priority::Raise();
+    if (type == GST_STREAM_STATUS_TYPE_LEAVE) Priority::Restore();
 }
 
 }  // namespace
@@ -187,6 +191,8 @@ void LoadElements() {
         gst_object_unref(element);
     }
     SpareSink::Keep();
+    Priority::Prepare();
+    Priority::RaiseClientLibrary();
 }
 
 bool CanReachSoundServer() {
@@ -209,7 +215,7 @@ void Pipeline::Close() {
     if (playbin_ == nullptr) return;
     gst_element_set_state(playbin_, GST_STATE_NULL);
     gst_object_unref(playbin_);
-    playbin_ = picture_ = sound_ = speaker_ = nullptr;
+    playbin_ = picture_ = sound_ = nullptr;
     window_.reset();
 }
 
@@ -300,10 +306,10 @@ bool Pipeline::Seek(std::int64_t position, std::int64_t stop, double rate) {
 }
 
 std::chrono::milliseconds Pipeline::FadeOut() {
-    constexpr std::chrono::milliseconds kRamp(static_cast<int>(1000 * Gain::kRampSeconds));
+    constexpr std::chrono::duration<double> kRamp(Gain::kLongestRampSeconds);
     gain_->SetLeft(0);
     gain_->SetRight(0);
-    return Gain::kDelay + kRamp;
+    return std::chrono::ceil<std::chrono::milliseconds>(gain_->Delay() + kRamp);
 }
 
 std::int64_t Pipeline::Position() const {
@@ -348,13 +354,15 @@ void Pipeline::SetState(GstState state) {
 GstElement* Pipeline::MakeSoundSink(bool silent) {
     GstElement* sink = silent ? nullptr : gst_element_factory_make("pulsesink", nullptr);
     if (sink != nullptr) {
-        SetInt(sink, "buffer-time", kSoundBuffer);
-        SetInt(sink, "latency-time", kSoundLatency);
+        const std::chrono::milliseconds store = SoundStore::Length();
+        SetInt(sink, "buffer-time", std::chrono::microseconds(store).count());
+        SetInt(sink, "latency-time", std::chrono::microseconds(SoundStore::kPiece).count());
         SetInt(sink, "alignment-threshold", kTimesMayBeOff);
         IgnoreLeapsOf(sink);
     }
     silent_ = !CanBeUsed(sink);
     if (!silent_) {
+        LevelAtSink(sink, gain_, [length = SoundStore::Length()] { SoundStore::RanEmpty(length); });
         SpareSink::Keep();
         return sink;
     }
@@ -369,16 +377,16 @@ GstElement* Pipeline::MakeSoundBin(bool silent) {
     GstElement* const convert = gst_element_factory_make("audioconvert", nullptr);
     GstElement* const resample = gst_element_factory_make("audioresample", nullptr);
     GstElement* const stereo = gst_element_factory_make("capsfilter", nullptr);
-    GstElement* const sink = speaker_ = MakeSoundSink(silent);
+    GstElement* const ahead = gst_element_factory_make("queue", kFeeder);
+    GstElement* const sink = MakeSoundSink(silent);
     GstCaps* const caps = gst_caps_from_string(
         "audio/x-raw,format=F32LE,layout=interleaved,channels=2,channel-mask=(bitmask)3");
     g_object_set(stereo, "caps", caps, nullptr);
     gst_caps_unref(caps);
-    gst_bin_add_many(GST_BIN(bin), tempo, convert, resample, stereo, sink, nullptr);
-    gst_element_link_many(tempo, convert, resample, stereo, sink, nullptr);
-    GstPad* const levels = gst_element_get_static_pad(stereo, "src");
-    gst_pad_add_probe(levels, GST_PAD_PROBE_TYPE_BUFFER, OnSamples, this, nullptr);
-    gst_object_unref(levels);
+    g_object_set(ahead, "max-size-time", kDecodedAhead, "max-size-bytes", 0U, "max-size-buffers", 0U,
+                 "silent", TRUE, nullptr);
+    gst_bin_add_many(GST_BIN(bin), tempo, convert, resample, stereo, ahead, sink, nullptr);
+    gst_element_link_many(tempo, convert, resample, stereo, ahead, sink, nullptr);
     GstPad* const entry = gst_element_get_static_pad(tempo, "sink");
     gst_element_add_pad(bin, gst_ghost_pad_new("sink", entry));
     gst_object_unref(entry);
@@ -405,21 +413,6 @@ GstElement* Pipeline::MakePictureSink(std::int64_t parent) {
     return sink;
 }
 
-GstPadProbeReturn Pipeline::OnSamples(GstPad* pad, GstPadProbeInfo* info, void* pipeline) {
-    const auto& self = *static_cast<const Pipeline*>(pipeline);
-    Gain& levels = *self.gain_;
-    const int rate = RateOf(pad);
-    if (levels.IsIdle() || rate <= 0) return GST_PAD_PROBE_OK;
-    GstBuffer* const buffer = gst_buffer_make_writable(GST_PAD_PROBE_INFO_BUFFER(info));
-    GST_PAD_PROBE_INFO_DATA(info) = buffer;
-    GstMapInfo map;
-    if (gst_buffer_map(buffer, &map, GST_MAP_READWRITE) == FALSE) return GST_PAD_PROBE_OK;
-    levels.Apply(reinterpret_cast<float*>(map.data), map.size / (2 * sizeof(float)), rate,
-                 HeardAt(pad, buffer, self.speaker_));
-    gst_buffer_unmap(buffer, &map);
-    return GST_PAD_PROBE_OK;
-}
-
 // No message needs the bus: the few that count become events where they are made.
 GstBusSyncReply Pipeline::OnMessage(GstBus* /*bus*/, GstMessage* message, void* events) {
     EventQueue& queue = **static_cast<std::shared_ptr<EventQueue>*>(events);
@@ -435,6 +428,9 @@ GstBusSyncReply Pipeline::OnMessage(GstBus* /*bus*/, GstMessage* message, void* 
             break;
         case GST_MESSAGE_ASYNC_DONE:
             queue.Add(PipelineEvent::Ready);
+            break;
+        case GST_MESSAGE_STREAM_STATUS:
+            SetPriority(message);
             break;
         default:
             break;

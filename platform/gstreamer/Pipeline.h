@@ -91,7 +91,6 @@ private:
     GstElement* MakeSoundBin(bool silent);
     GstElement* MakePictureSink(std::int64_t parent);
     void ShowPicture();
-    static GstPadProbeReturn OnSamples(GstPad* pad, GstPadProbeInfo* info, void* pipeline);
     void TakeMessages();
     static GstBusSyncReply OnMessage(GstBus* bus, GstMessage* message, void* events);
 
@@ -102,7 +101,6 @@ private:
     GstElement* playbin_ = nullptr;
     GstElement* picture_ = nullptr;  // owned by the playbin, as the next
     GstElement* sound_ = nullptr;
-    GstElement* speaker_ = nullptr;
     std::unique_ptr<PictureWindow> window_;
     std::int64_t origin_ = 0;  // where the file's own count of time begins
     bool silent_ = false;

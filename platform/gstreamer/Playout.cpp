@@ -1,33 +1,147 @@
 #include "platform/gstreamer/Playout.h"
 
+#include <algorithm>
+#include <chrono>
+#include <optional>
+#include <utility>
+
 namespace gstreamer {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-constexpr GstClockTimeDiff kLongestLead = 2 * GST_SECOND;
+using Clock = Gain::Clock;
 
-GstClockTime RunningTime(GstPad* pad, GstBuffer* buffer) {
+constexpr std::size_t kFrameBytes = 2 * sizeof(float);
+constexpr int kPiecesPerSecond = 100;
+// A longer one tells of a clock that was set to something else.
+constexpr GstClockTimeDiff kLongestLead = 2 * GST_SECOND;
+// The sink had this much in store before, and its last sample is over now.
+constexpr GstClockTimeDiff kFilled = 25 * GST_MSECOND;
+constexpr GstClockTimeDiff kEmpty = 0;
+// While levels stand still the lead is looked at for every so many pieces.
+constexpr int kSeldom = 8;
+
+/// Where a buffer is on its sink's course, and when that course began; both change with a jump or a pause.
+struct Course {
+    GstClockTime running = 0;
+    GstClockTime base = 0;
+    GstClockTimeDiff lead = 0;  ///< how long before its first sample is heard the buffer is here
+};
+
+std::optional<GstClockTime> RunningTime(GstPad* pad, GstBuffer* buffer) {
     GstEvent* const event = gst_pad_get_sticky_event(pad, GST_EVENT_SEGMENT, 0);
-    if (event == nullptr) return GST_CLOCK_TIME_NONE;
+    if (event == nullptr) return std::nullopt;
     const GstSegment* segment = nullptr;
     gst_event_parse_segment(event, &segment);
     const GstClockTime time = gst_segment_to_running_time(segment, GST_FORMAT_TIME, GST_BUFFER_PTS(buffer));
     gst_event_unref(event);
-    return time;
+    return GST_CLOCK_TIME_IS_VALID(time) ? std::optional(time) : std::nullopt;
 }
+
+/// None while the sink runs on no clock.
+std::optional<Course> CourseOf(GstPad* pad, GstBuffer* buffer, GstElement* sink) {
+    GstClock* const clock = gst_element_get_clock(sink);
+    if (clock == nullptr) return std::nullopt;
+    const GstClockTime base = gst_element_get_base_time(sink);
+    const GstClockTime passed = gst_clock_get_time(clock) - base;
+    gst_object_unref(clock);
+    const std::optional<GstClockTime> running = RunningTime(pad, buffer);
+    if (!running || GST_STATE(sink) != GST_STATE_PLAYING) return std::nullopt;
+    const GstClockTimeDiff lead = GST_CLOCK_DIFF(passed, *running);
+    if (lead >= kLongestLead || lead <= -kLongestLead) return std::nullopt;
+    return Course{.running = *running, .base = base, .lead = lead};
+}
+
+int RateOf(GstPad* pad) {
+    GstCaps* const caps = gst_pad_get_current_caps(pad);
+    if (caps == nullptr) return 0;
+    int rate = 0;
+    gst_structure_get_int(gst_caps_get_structure(caps, 0), "rate", &rate);
+    gst_caps_unref(caps);
+    return rate;
+}
+
+class Playout final {
+public:
+    Playout(GstElement* sink, GstPadChainFunction chain, std::shared_ptr<Gain> gain,
+            std::function<void()> on_empty)
+        : sink_(sink), chain_(chain), gain_(std::move(gain)), on_empty_(std::move(on_empty)) {}
+
+    static GstFlowReturn Chain(GstPad* pad, GstObject* parent, GstBuffer* buffer) {
+        return static_cast<Playout*>(pad->chaindata)->Take(pad, parent, buffer);
+    }
+    static void Free(gpointer self) { const std::unique_ptr<Playout> playout(static_cast<Playout*>(self)); }
+
+private:
+    GstFlowReturn Take(GstPad* pad, GstObject* parent, GstBuffer* buffer) {
+        const int rate = RateOf(pad);
+        const std::size_t frames = gst_buffer_get_size(buffer) / kFrameBytes;
+        const std::size_t piece = rate / kPiecesPerSecond;
+        if (rate <= 0 || frames <= piece + piece / 2) return Pass(pad, parent, buffer, rate);
+        GstFlowReturn result = GST_FLOW_OK;
+        for (std::size_t done = 0; done < frames && result == GST_FLOW_OK; done += piece) {
+            GstBuffer* const part = Cut(buffer, done, std::min(piece, frames - done), rate);
+            result = Pass(pad, parent, part, rate);
+        }
+        gst_buffer_unref(buffer);
+        return result;
+    }
+
+    static GstBuffer* Cut(GstBuffer* buffer, std::size_t first, std::size_t frames, int rate) {
+        GstBuffer* const part =
+            gst_buffer_copy_region(buffer, GST_BUFFER_COPY_ALL, first * kFrameBytes, frames * kFrameBytes);
+        const auto time_of = [rate](std::size_t count) {
+            return gst_util_uint64_scale_int_round(count, GST_SECOND, rate);
+        };
+        if (GST_BUFFER_PTS_IS_VALID(buffer)) GST_BUFFER_PTS(part) = GST_BUFFER_PTS(buffer) + time_of(first);
+        GST_BUFFER_DURATION(part) = time_of(frames);
+        if (first > 0) GST_BUFFER_FLAG_UNSET(part, GST_BUFFER_FLAG_DISCONT);
+        return part;
+    }
+
+    GstFlowReturn Pass(GstPad* pad, GstObject* parent, GstBuffer* buffer, int rate) {
+        const bool is_idle = gain_->IsIdle();
+        Clock::time_point heard = Clock::now();
+        if (!is_idle || ++passed_ % kSeldom == 0) heard += Lead(pad, buffer);
+        if (!is_idle && rate > 0) {
+            buffer = gst_buffer_make_writable(buffer);
+            GstMapInfo map;
+            if (gst_buffer_map(buffer, &map, GST_MAP_READWRITE) != FALSE) {
+                gain_->Apply(reinterpret_cast<float*>(map.data), map.size / kFrameBytes, rate, heard);
+                gst_buffer_unmap(buffer, &map);
+            }
+        }
+        return chain_(pad, parent, buffer);
+    }
+
+    std::chrono::nanoseconds Lead(GstPad* pad, GstBuffer* buffer) {
+        const auto course = CourseOf(pad, buffer, sink_);
+        if (!course) return {};
+        if (course->base != course_.base || course->running < course_.running) was_filled_ = false;
+        course_ = *course;
+        if (course->lead > kFilled) was_filled_ = true;
+        if (course->lead < kEmpty && std::exchange(was_filled_, false)) on_empty_();
+        const std::chrono::nanoseconds ahead(std::max<GstClockTimeDiff>(course->lead, 0));
+        gain_->NoteLead(ahead);
+        return ahead;
+    }
+
+    GstElement* sink_;  // which owns this
+    GstPadChainFunction chain_;
+    std::shared_ptr<Gain> gain_;
+    std::function<void()> on_empty_;
+    int passed_ = 0;
+    Course course_;
+    bool was_filled_ = false;
+};
 
 }  // namespace
 
-Clock::time_point HeardAt(GstPad* pad, GstBuffer* buffer, GstElement* sink) {
-    const Clock::time_point now = Clock::now();
-    const GstClockTime running = RunningTime(pad, buffer);
-    GstClock* const clock = gst_element_get_clock(sink);
-    if (clock == nullptr) return now;
-    const GstClockTime passed = gst_clock_get_time(clock) - gst_element_get_base_time(sink);
-    gst_object_unref(clock);
-    if (!GST_CLOCK_TIME_IS_VALID(running)) return now;
-    const GstClockTimeDiff lead = GST_CLOCK_DIFF(passed, running);
-    return lead > 0 && lead < kLongestLead ? now + std::chrono::nanoseconds(lead) : now;
+void LevelAtSink(GstElement* sink, std::shared_ptr<Gain> gain, std::function<void()> on_empty) {
+    GstPad* const pad = gst_element_get_static_pad(sink, "sink");
+    auto playout =
+        std::make_unique<Playout>(sink, GST_PAD_CHAINFUNC(pad), std::move(gain), std::move(on_empty));
+    gst_pad_set_chain_function_full(pad, Playout::Chain, playout.release(), Playout::Free);
+    gst_object_unref(pad);
 }
 
 }  // namespace gstreamer

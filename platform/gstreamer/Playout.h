@@ -1,14 +1,22 @@
-// When samples on their way to the speaker are going to be heard.
+// The last stretch of samples on their way to the speaker: cut into short pieces, each gets its level when
+// the sink takes it.
+//
+// Whatever has its level waits in the sink until it is heard, so a change of level is heard late by the
+// sink's store and one piece. Decoders and stretchers hand over pieces of up to a tenth of a second.
 #pragma once
 
 #include <gst/gst.h>
 
-#include <chrono>
+#include <functional>
+#include <memory>
+
+#include "platform/gstreamer/Gain.h"
 
 namespace gstreamer {
 
-/// The moment the first sample of a buffer at `pad` is heard. Now, when its sink runs on no clock, or when
-/// its clock is implausible.
-std::chrono::steady_clock::time_point HeardAt(GstPad* pad, GstBuffer* buffer, GstElement* sink);
+/// From here on the sink takes samples (32 bit float, left and right in turn) in short pieces with the levels
+/// of `gain`. `on_empty` is called on the thread that feeds the sink whenever samples come too late, once the
+/// song was heard. For a sink that has not been opened yet.
+void LevelAtSink(GstElement* sink, std::shared_ptr<Gain> gain, std::function<void()> on_empty);
 
 }  // namespace gstreamer

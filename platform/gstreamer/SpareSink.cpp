@@ -4,6 +4,8 @@
 
 #include <mutex>
 
+#include "platform/gstreamer/Priority.h"
+
 namespace gstreamer {
 namespace {
 
@@ -28,6 +30,7 @@ void SpareSink::Keep() {
     g_object_set(sink, "client-name", "Brindlepost (spare)", nullptr);
     if (gst_element_set_state(sink, GST_STATE_READY) == GST_STATE_CHANGE_FAILURE) return Close(sink);
     spare = sink;
+    Priority::RaiseClientLibrary();
 }
 
 void SpareSink::Release() {

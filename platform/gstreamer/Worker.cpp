@@ -16,10 +16,13 @@ constexpr double kNormalSpeed = 1000;
 // The speeds that sound can be stretched to and still be recognised.
 constexpr double kSlowest = 0.03;
 constexpr double kFastest = 8;
-// A player tells the speed of a song just after it has started it, and then that the sound is off; waiting
-// for that saves a jump.
+// A player tells the speed of a song just after it has started it, and then that the sound is off. Waiting
+// for that saves a jump, and lets nothing of a muted song be heard.
 constexpr std::chrono::milliseconds kSpeedFollows{4};
 constexpr std::chrono::milliseconds kLevelFollows{1};
+// Where there is a window, the last that is told at a start is the place of the picture in it. A player that
+// is held up for longer than this starts with what it told.
+constexpr std::chrono::milliseconds kPlaceFollows{200};
 constexpr std::chrono::milliseconds kSettling{150};
 // How often a song without a sound server looks for one: often while it may be a restart, then seldom.
 constexpr std::chrono::milliseconds kServerGlance{300};
@@ -45,7 +48,7 @@ public:
         while (!share_.closing) {
             Wait(lock);
             if (share_.closing) break;
-            WaitForSpeed(lock);
+            WaitForStart(lock);
             TakeEvents(lock);
             GoOnAloud(lock);
             Fulfil(lock);
@@ -75,8 +78,7 @@ private:
         share_.facts = facts;
         share_.open_result = error;
         share_.opened.notify_all();
-        heard_left_ = share_.gain->Left();
-        heard_right_ = share_.gain->Right();
+        NoteLevels();
         return error == kNoError;
     }
 
@@ -100,8 +102,13 @@ private:
                (wish.playing && RateOf(wish) != rate_) || wish.playing != playing_ || wish.put != put_;
     }
 
-    void WaitForSpeed(Lock& lock) {
+    void WaitForStart(Lock& lock) {
         if (!share_.wish.playing || started_) return;
+        if (share_.request.parent != 0) {
+            share_.changed.wait_for(lock, kPlaceFollows,
+                                    [this] { return share_.wish.put > 0 || share_.closing; });
+            return;
+        }
         share_.changed.wait_for(lock, kSpeedFollows,
                                 [this] { return share_.wish.speed_told || share_.closing; });
         share_.changed.wait_for(lock, kLevelFollows, [this] { return share_.closing; });
@@ -232,8 +239,7 @@ private:
         stop_ = wish.stop;
         jump_ = wish.jump;
         ended_ = false;
-        heard_left_ = share_.gain->Left();
-        heard_right_ = share_.gain->Right();
+        NoteLevels();
         pipeline_.Seek(position, stop_, rate_);
         // A jump that meets the start of playing can leave the pipeline paused.
         if (playing_) pipeline_.Play();
@@ -241,9 +247,17 @@ private:
         return true;
     }
 
-    // What was made ready before the first play has the levels of that time.
+    // What was made ready before the first play, or waits in the sound server since a pause, has the levels
+    // of that time.
     bool IsStale() const {
-        return !started_ && (share_.gain->Left() != heard_left_ || share_.gain->Right() != heard_right_);
+        return !playing_ && (!are_levels_heard_ || share_.gain->Left() != heard_left_ ||
+                             share_.gain->Right() != heard_right_);
+    }
+
+    void NoteLevels() {
+        heard_left_ = share_.gain->Left();
+        heard_right_ = share_.gain->Right();
+        are_levels_heard_ = true;
     }
 
     void SetPlaying(bool playing) {
@@ -252,6 +266,8 @@ private:
             started_ = true;
         } else {
             pipeline_.Pause();
+            NoteLevels();
+            are_levels_heard_ = share_.gain->IsHeard();
         }
         playing_ = playing;
     }
@@ -280,6 +296,7 @@ private:
     bool started_ = false;
     bool ended_ = false;
     bool settling_ = false;
+    bool are_levels_heard_ = true;
     int heard_left_ = Gain::kFull;
     int heard_right_ = Gain::kFull;
     std::int64_t last_place_ = 0;

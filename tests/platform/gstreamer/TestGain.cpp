@@ -13,8 +13,9 @@ using gstreamer::Gain;
 constexpr int kRate = 48000;
 constexpr std::size_t kRampFrames = 240;  // five milliseconds
 constexpr Gain::Clock::time_point kStart{std::chrono::seconds(1000)};
-// What is set at the start is heard from here on.
-constexpr auto kHeard = kStart + Gain::kDelay;
+constexpr std::chrono::milliseconds kLead{50};
+// What passes at the start is heard from here on.
+constexpr auto kHeard = kStart + kLead;
 
 std::vector<float> Ones(std::size_t frames) {
     return std::vector<float>(2 * frames, 1.0F);
@@ -78,10 +79,31 @@ TEST(Gain, ARampGoesOnFromBufferToBuffer) {
     EXPECT_EQ(rest.back(), 0);
 }
 
-TEST(Gain, ALevelIsHeardAFixedTimeAfterItWasSet) {
+TEST(Gain, AChangeByItselfIsLaidOnTheNextSamplesOnBothSides) {
     Gain gain;
+    gain.NoteLead(2 * kLead, kStart);
     std::vector<float> before = Ones(1);
     gain.Apply(before.data(), 1, kRate, kStart);
+    gain.SetLeft(0, kStart);
+    gain.SetRight(0, kStart + std::chrono::microseconds(100));
+    std::vector<float> samples = Ones(2 * kRampFrames);
+
+    gain.Apply(samples.data(), 2 * kRampFrames, kRate, kHeard);
+
+    EXPECT_LT(samples[0], 1);
+    EXPECT_EQ(samples[0], samples[1]);
+    EXPECT_EQ(samples[samples.size() - 2], 0);
+    EXPECT_EQ(samples.back(), 0);
+}
+
+TEST(Gain, ALevelOfARowIsHeardTheLongestLeadAfterItWasSet) {
+    Gain gain;
+    gain.NoteLead(kLead / 2, kStart);
+    gain.NoteLead(kLead, kStart);
+    gain.NoteLead(kLead / 2, kStart);
+    std::vector<float> before = Ones(1);
+    gain.Apply(before.data(), 1, kRate, kStart);
+    gain.SetRight(500, kStart - std::chrono::milliseconds(100));
     gain.SetLeft(0, kStart);
     std::vector<float> samples = Ones(4 * kRampFrames);
 
@@ -92,26 +114,94 @@ TEST(Gain, ALevelIsHeardAFixedTimeAfterItWasSet) {
     EXPECT_EQ(samples[2 * (3 * kRampFrames + 1)], 0);
 }
 
+TEST(Gain, AnOldLeadIsForgotten) {
+    Gain gain;
+    gain.NoteLead(4 * kLead, kStart);
+    for (int i = 1; i <= 3; ++i)
+        gain.NoteLead(kLead, kStart + i * std::chrono::milliseconds(600));
+
+    EXPECT_EQ(gain.Delay(), kLead);
+}
+
+TEST(Gain, ALeadThatGrowsOrShrinksDoesNotTurnARowRound) {
+    Gain gain;
+    gain.NoteLead(kLead, kStart);
+    gain.SetLeft(100, kStart);
+    gain.SetLeft(200, kStart + std::chrono::milliseconds(20));
+    for (int i = 1; i <= 3; ++i)
+        gain.NoteLead(kLead / 10, kStart + i * std::chrono::milliseconds(600));
+    gain.SetLeft(300, kStart + std::chrono::milliseconds(40));
+    std::vector<float> samples = Ones(40 * kRampFrames);
+
+    gain.Apply(samples.data(), 40 * kRampFrames, kRate, kStart);
+
+    EXPECT_NEAR(samples[2 * static_cast<std::size_t>(0.085 * kRate)], 0.2, 0.01);
+    EXPECT_NEAR(samples[samples.size() - 2], 0.3, 0.01);
+}
+
 TEST(Gain, LevelsKeepTheirRhythmInOnePieceOfSamples) {
     Gain gain;
+    gain.NoteLead(kLead, kStart);
     std::vector<float> before = Ones(1);
     gain.Apply(before.data(), 1, kRate, kStart);
+    gain.SetRight(900, kStart);
     for (int step = 1; step <= 4; ++step)
-        gain.SetRight(1000 - 100 * step, kStart + step * std::chrono::milliseconds(10));
+        gain.SetRight(900 - 100 * step, kStart + step * std::chrono::milliseconds(10));
     std::vector<float> samples = Ones(10 * kRampFrames);
 
     gain.Apply(samples.data(), 10 * kRampFrames, kRate, kHeard);
 
     for (std::size_t step = 1; step <= 4; ++step) {
         const std::size_t settled = 2 * kRampFrames * step + kRampFrames + 2;
-        EXPECT_NEAR(samples[2 * settled + 1], 1 - 0.1 * static_cast<double>(step), 1e-4) << step;
+        EXPECT_NEAR(samples[2 * settled + 1], 0.9 - 0.1 * static_cast<double>(step), 1e-4) << step;
         EXPECT_EQ(samples[2 * settled], 1);
     }
 }
 
+TEST(Gain, SmallStepsOfARowHaveNoStairs) {
+    Gain gain;
+    gain.NoteLead(kLead, kStart);
+    std::vector<float> before = Ones(1);
+    gain.Apply(before.data(), 1, kRate, kStart);
+    constexpr int kSteps = 5;
+    constexpr std::chrono::milliseconds kApart{60};
+    for (int step = 0; step <= kSteps; ++step)
+        gain.SetLeft(1000 - 20 * step, kStart + step * kApart);
+    const std::size_t frames = kRate * 60 / 1000 * (kSteps + 1);
+    std::vector<float> samples = Ones(frames);
+
+    gain.Apply(samples.data(), frames, kRate, kHeard);
+
+    float largest = 0;
+    for (std::size_t i = 2 * kRate * 130 / 1000; i < samples.size(); i += 2)
+        largest = std::max(largest, samples[i - 2] - samples[i]);
+    EXPECT_LT(largest, 1.1 * 0.02 / (0.06 * kRate)) << "an even slope from step to step";
+    EXPECT_NEAR(samples[samples.size() - 2], 0.9, 1e-3);
+}
+
+TEST(Gain, AStepTakesAsLongAsItsRowAllows) {
+    using std::chrono::milliseconds;
+    EXPECT_EQ(Gain::RampOf(20, milliseconds(60)), 0.06);
+    EXPECT_EQ(Gain::RampOf(-20, milliseconds(500)), Gain::kLongestRampSeconds);
+    EXPECT_EQ(Gain::RampOf(10, milliseconds(1)), Gain::kRampSeconds);
+    EXPECT_EQ(Gain::RampOf(10, milliseconds(700)), Gain::kRampSeconds);
+    EXPECT_EQ(Gain::RampOf(-1000, milliseconds(60)), Gain::kRampSeconds);
+}
+
+TEST(Gain, WhatWasSetIsHeardOnceItsSamplesAre) {
+    Gain gain;
+    EXPECT_TRUE(gain.IsHeard(kStart));
+    gain.NoteLead(kLead, kStart);
+    gain.SetLeft(500, kStart);
+
+    EXPECT_FALSE(gain.IsHeard(kStart + kLead));
+    EXPECT_TRUE(gain.IsHeard(kStart + kLead + std::chrono::milliseconds(101)));
+}
+
 TEST(Gain, ALevelThatIsNotDueYetChangesNothing) {
     Gain gain;
-    gain.SetLeft(1000, kStart);
+    gain.NoteLead(2 * kLead, kStart);
+    gain.SetLeft(1000, kStart - std::chrono::milliseconds(100));
     std::vector<float> before = Ones(1);
     gain.Apply(before.data(), 1, kRate, kStart);
     gain.SetLeft(300, kStart);
@@ -139,7 +229,8 @@ TEST(Gain, AfterAJumpTheNewestLevelsHoldAtOnce) {
 
 TEST(Gain, LevelsSetAfterAJumpKeepTheirTime) {
     Gain gain;
-    gain.SetLeft(0, kStart);
+    gain.NoteLead(kLead, kStart);
+    gain.SetLeft(0, kStart - std::chrono::milliseconds(100));
     gain.Snap();
     gain.SetLeft(1000, kStart);
     std::vector<float> samples = Ones(2);

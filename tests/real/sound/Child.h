@@ -19,6 +19,8 @@ public:
     Child(Child&& other) noexcept;
     Child& operator=(Child&& other) noexcept;
 
+    /// Its process number; negative when it did not start.
+    pid_t Id() const { return pid_; }
     bool IsRunning();
     void Signal(int signal) const;
     void Kill();

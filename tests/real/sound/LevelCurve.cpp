@@ -1,6 +1,7 @@
 #include "real/sound/LevelCurve.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
@@ -16,8 +17,8 @@ constexpr std::size_t kGrainsPerHop = 5;
 constexpr std::size_t kHop = kGrainsPerHop * kGrain;
 // The sound server's clock is known to so many grains, one way or the other.
 constexpr std::ptrdiff_t kSlack = 12;
-constexpr int kSoonest = 190;
-constexpr int kLatest = 260;
+constexpr int kSoonest = 0;
+constexpr int kLatest = 120;
 
 /// The weights of the window that tones are measured with; their sum is 1.
 const std::vector<double>& Weights() {
@@ -49,12 +50,18 @@ LevelCurve::LevelCurve(const std::vector<ToldLevel>& told, const std::string& al
                        std::size_t begin, std::size_t end, double level) {
     double target = level;
     double step = 0;
+    std::size_t changed = 0;
     auto next = told.begin();
     for (std::size_t sample = begin; sample < end; ++sample) {
         for (; next != told.end() && next->sample <= sample; ++next) {
             if (!Concerns(*next, alias, side) || next->percent / 100 == target) continue;
+            const std::chrono::duration<double> since(static_cast<double>(sample - changed) / kRate);
+            const int tenths = static_cast<int>(std::lround(1000 * (next->percent / 100 - target)));
+            const double ramp = gstreamer::Gain::RampOf(
+                tenths, std::chrono::duration_cast<gstreamer::Gain::Clock::duration>(since));
+            changed = sample;
             target = next->percent / 100;
-            step = (target - level) / (gstreamer::Gain::kRampSeconds * kRate);
+            step = (target - level) / (ramp * kRate);
         }
         level += step;
         if ((step > 0 && level >= target) || (step < 0 && level <= target)) {

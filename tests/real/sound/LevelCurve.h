@@ -1,6 +1,6 @@
 // The course of a level as it was told, held against the course that is heard.
 //
-// What was told is drawn sample by sample, with the short ramp that keeps a level from clicking, and must be
+// What was told is drawn sample by sample, with the ramp in which a level is reached, and must be
 // heard one fixed time later, give or take what the clock of a sound server is off. Both are looked at
 // through the same window, every few milliseconds.
 #pragma once

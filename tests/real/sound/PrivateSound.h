@@ -1,7 +1,8 @@
 // A sound server of the test's own, without a sound card, whose output is recorded and measured.
 //
 // It lives in a folder of its own and is reached only through PULSE_SERVER, which is set for this process and
-// its children while the object lives. Everything it starts, it ends.
+// its children while the object lives. Everything it starts, it ends. Its threads have the priority that a
+// desktop gives them, where the process may give it.
 #pragma once
 
 #include <condition_variable>

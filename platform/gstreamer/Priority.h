@@ -1,0 +1,23 @@
+// The priority of the threads that feed the sound server: they copy a few kilobytes a hundred times a second,
+// and must be woken in time on a machine that has other work.
+//
+// They get the lowest real-time class, under the guard of the system that ends a process whose real-time
+// thread works for longer than a fifth of a second without a rest. Where the process may not take it by
+// itself it is asked of the desktop's real-time service; where there is none, the threads stay as they are.
+#pragma once
+
+namespace gstreamer {
+
+class Priority final {
+public:
+    /// Connects to the real-time service where the process needs it. May take its time.
+    static void Prepare();
+    /// Raises the calling thread; does not wait.
+    static void Raise();
+    /// Puts the calling thread back.
+    static void Restore();
+    /// Raises the thread of the sound server's client library that passes on what the server asks for.
+    static void RaiseClientLibrary();
+};
+
+}  // namespace gstreamer
