@@ -1,8 +1,8 @@
 // Builds everything, in order, and runs it.
 //
 // The page engine and the media engine take a tenth of a second to load, so both come after the first window
-// has been painted: the pages as a module when the first page is wanted, the media engine on a thread of its
-// own.
+// has been painted: the pages as a module when the first page is wanted, the media engine in two processes of
+// its own.
 
 #include <QIcon>
 #include <QSocketNotifier>
@@ -20,7 +20,7 @@
 #include "platform/dbus/BusNotices.h"
 #include "platform/dbus/BusScreenSaver.h"
 #include "platform/dbus/MprisBoard.h"
-#include "platform/gstreamer/MediaEngine.h"
+#include "platform/decoder/MediaProcesses.h"
 #include "platform/gstreamer/Threads.h"
 #include "platform/linux/CommandText.h"
 #include "platform/linux/EndSignal.h"
@@ -169,7 +169,7 @@ int RunProgram(int argc, char** argv) {
     linux::SystemClock clock;
     linux::RandomChance chance;
     sqlite::SqliteDatabase database(to_native);
-    gstreamer::MediaEngine media(to_native);
+    decoder::MediaProcesses media(folder + "/brindlepost-media", to_native);
     qt::DesktopWindows window_services;
     qt::DesktopPrograms programs({to_native, from_native});
     dbus::SessionBus bus;
@@ -208,7 +208,7 @@ int RunProgram(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     const int code = RunProgram(argc, argv);
-    // A thread that a frozen sound server holds must not meet exit handlers at work.
+    // A thread that a frozen disk holds must not meet exit handlers at work.
     if (gstreamer::Threads::HasGivenUp()) std::_Exit(code);
     return code;
 }

@@ -99,6 +99,11 @@ bool TransportRoom::HasNoSong() {
     return state_.FramesPerSecond < 0 && mci_.ModeOf(TextOf(state_.CurrentAlias)) == Mode::Error;
 }
 
+/// The song that was started last played and is no longer open: its decoder ended.
+bool TransportRoom::HasLostSong() {
+    return state_.FramesPerSecond > 0 && mci_.ModeOf(TextOf(state_.CurrentAlias)) == Mode::Error;
+}
+
 /// The song that was started last plays and does not tell how long it is.
 bool TransportRoom::LengthIsUnknown() {
     return state_.FramesPerSecond < 0 && mci_.ModeOf(TextOf(state_.CurrentAlias)) != Mode::Error;
@@ -117,10 +122,16 @@ bool TransportRoom::EndSongWhenDue() {
     }
     if (!LengthIsUnknown() && IsAtStartFade() && rooms_.playback.MayEndBeforeItsEnd()) {
         rooms_.panning.SetPanningRunning(false);
-    } else if (mci_.MciPercentPlayed(TextOf(state_.CurrentAlias)) != 100) {
-        return false;
+        rooms_.playback.EndSong();
+        return true;
     }
-    rooms_.playback.EndSong();
+    const std::int64_t percent = mci_.MciPercentPlayed(TextOf(state_.CurrentAlias));
+    if (percent == 100) {
+        rooms_.playback.EndSong();
+        return true;
+    }
+    if (percent >= 0 || !HasLostSong()) return false;
+    rooms_.playback.PassOverSong();
     return true;
 }
 

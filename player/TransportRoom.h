@@ -62,6 +62,7 @@ private:
     void ShowRunningTime();
     bool IsAtStartFade() const;
     bool HasNoSong();
+    bool HasLostSong();
     bool LengthIsUnknown();
     void ShowUnknownLength();
     bool EndSongWhenDue();

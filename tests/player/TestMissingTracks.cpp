@@ -210,6 +210,38 @@ TEST(MissingTracks, MovesOnFromASongThatCannotBeOpened) {
     EXPECT_FALSE(house.controls.transport.lblNoFile.Visible());
 }
 
+TEST(MissingTracks, MovesOnFromASongWhoseDecoderEnds) {
+    PlayerHouse house;
+    house.AddTrack("first", house.AddSong("first.mp3"));
+    house.AddTrack("second", house.AddSong("second.mp3"));
+    house.DoubleClickTrack(0);
+    house.RunFor(2000);
+
+    house.device.SendString("close a");
+    house.RunFor(100);
+
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\second.mp3");
+    EXPECT_EQ(house.PlayingOn("a"), "C:\\m\\second.mp3");
+    EXPECT_FALSE(house.controls.transport.lblNoFile.Visible());
+    EXPECT_TRUE(house.dialogs.Boxes.empty());
+}
+
+TEST(MissingTracks, ADecoderThatEndsWithTheOutgoingSongOfACrossfadeDisturbsNothing) {
+    PlayerHouse house;
+    house.AddTrack("first", house.AddSong("first.mp3"));
+    house.AddTrack("second", house.AddSong("second.mp3"));
+    house.DoubleClickTrack(0);
+    house.RunFor(2000);
+    house.DoubleClickTrack(1);
+    house.RunFor(500);
+
+    house.device.SendString("close a");
+    house.RunFor(1000);
+
+    EXPECT_EQ(house.PlayingOn("b"), "C:\\m\\second.mp3");
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\second.mp3");
+}
+
 TEST(MissingTracks, SaysOnceThatNoSongOfAListCanBeOpened) {
     PlayerHouse house;
     house.AddTrack("one", house.AddBrokenSong("one.mp3"));

@@ -15,46 +15,28 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "real/damage/Damages.h"
 #include "real/damage/LivePlayer.h"
+#include "real/damage/Originals.h"
 #include "real/sound/GeneratedMedia.h"
 #include "real/sound/PrivateSound.h"
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using damage::ContentOf;
 using damage::LivePlayer;
+using damage::MakeMedia;
 
 constexpr const char* kKept = "kept";
 /// Nothing may take longer: neither a command nor the way to the next song.
 constexpr double kBound = 6;
-/// The good songs, damaged or following.
-constexpr double kSongSeconds = 0.8;
 /// A damaged file that still plays after this long has become a long one; the person goes on to the next.
 constexpr double kPatience = 3;
-
-std::string ContentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::string MakePicture(const sound::GeneratedMedia& files, const std::string& name) {
-    std::string path = files.Path(name);
-    sound::Child draw({"ffmpeg", "-y", "-loglevel", "error", "-f", "lavfi", "-i", "testsrc=size=160x120",
-                       "-frames:v", "1", path});
-    return draw.Wait(20) == 0 ? path : std::string();
-}
-
-std::string MakeMedia(sound::GeneratedMedia& files, const std::string& name) {
-    if (name.ends_with(".jpeg")) return MakePicture(files, name);
-    return files.Make(name, {.seconds = kSongSeconds});
-}
 
 /// The files that are kept, by name.
 std::vector<std::filesystem::path> KeptFiles() {

@@ -1,0 +1,139 @@
+#include "platform/decoder/MediaProcesses.h"
+
+#include <utility>
+
+#include "platform/gstreamer/MciCommand.h"
+#include "platform/gstreamer/MciErrors.h"
+
+namespace decoder {
+namespace {
+
+using gstreamer::Command;
+using gstreamer::Verb;
+
+// The engine itself waits a second for a sound server that does not take the rest.
+constexpr std::chrono::milliseconds kFarewell{1300};
+// A process that is gone so soon after it was asked may have been going before.
+constexpr std::chrono::milliseconds kAtOnce{50};
+
+ports::MediaReply Error(int error) {
+    return {.error = error, .text = {}};
+}
+
+}  // namespace
+
+MediaProcesses::MediaProcesses(std::string program, Resolver resolve)
+    : resolve_(std::move(resolve)), channels_{Channel{{program, "a"}, {}}, Channel{{program, "b"}, {}}} {}
+
+MediaProcesses::~MediaProcesses() {
+    for (Channel& channel : channels_)
+        channel.process.Leave();
+    const auto until = Process::Clock::now() + kFarewell;
+    for (Channel& channel : channels_)
+        channel.process.Wait(until);
+}
+
+void MediaProcesses::WarmUp() {
+    for (Channel& channel : channels_)
+        channel.process.Start();
+}
+
+pid_t MediaProcesses::ProcessOf(std::string_view alias) {
+    return ChannelOf(alias).process.Number();
+}
+
+ports::MediaReply MediaProcesses::SendString(std::string_view text) {
+    Command command;
+    if (const int error = gstreamer::ParseCommand(text, command)) return Error(error);
+    for (Channel& channel : channels_)
+        Tend(channel);
+    if (command.verb == Verb::Open) return Open(command, text);
+    if (command.target == "all") return Error(AskAll(command, text));
+    Channel& channel = ChannelOf(command.target);
+    if (!channel.songs.contains(command.target)) return Error(gstreamer::kNotOpen);
+    ports::MediaReply reply = Ask(channel, text);
+    if (command.verb == Verb::Close) Close(channel, command.target);
+    return reply;
+}
+
+std::string MediaProcesses::ErrorString(int error) const {
+    return std::string(gstreamer::ErrorText(error));
+}
+
+MediaProcesses::Channel& MediaProcesses::ChannelOf(std::string_view alias) {
+    return channels_.at(alias == "b" ? 1 : 0);
+}
+
+/// A process that ended is started again; only one that was there before, for a program may never play.
+void MediaProcesses::Tend(Channel& channel) {
+    if (channel.process.Number() == 0 || channel.process.IsRunning()) return;
+    channel.songs.clear();
+    channel.process.Start();
+}
+
+ports::MediaReply MediaProcesses::Open(const Command& command, std::string_view text) {
+    Channel& channel = ChannelOf(command.alias);
+    const std::string path = resolve_(command.target);
+    const auto begin = Process::Clock::now();
+    std::optional<ports::MediaReply> reply = AskToOpen(channel, command.alias, text, path);
+    if (!reply && Process::Clock::now() - begin < kAtOnce)
+        reply = AskToOpen(channel, command.alias, text, path);
+    return reply ? *std::move(reply) : Error(gstreamer::kInvalidFile);
+}
+
+/// Nothing when the process ended over it, or was ended; the next one is on its way then.
+std::optional<ports::MediaReply> MediaProcesses::AskToOpen(Channel& channel, const std::string& alias,
+                                                           std::string_view text, const std::string& path) {
+    channel.process.Start();
+    if (!channel.process.WaitUntilReady()) {
+        Tend(channel);
+        return Error(gstreamer::kNotReady);
+    }
+    if (!channel.songs.contains(alias)) channel.process.Gate().Hand(path);
+    std::optional<ports::MediaReply> reply = channel.process.Ask(std::string(text), path);
+    if (!reply) {
+        channel.songs.clear();
+        channel.process.Start();
+    } else if (reply->error == gstreamer::kNoError) {
+        channel.songs[alias] = path;
+    } else if (!channel.songs.contains(alias)) {
+        channel.process.Gate().Forget(path);
+    }
+    return reply;
+}
+
+/// Of something that is open in the channel.
+ports::MediaReply MediaProcesses::Ask(Channel& channel, std::string_view text) {
+    if (std::optional<ports::MediaReply> reply = channel.process.Ask(std::string(text), {}))
+        return *std::move(reply);
+    channel.songs.clear();
+    channel.process.Start();
+    return Error(gstreamer::kNotOpen);
+}
+
+int MediaProcesses::AskAll(const Command& command, std::string_view text) {
+    if (command.verb == Verb::Status || command.verb == Verb::Put) return gstreamer::kCannotUseAll;
+    int result = gstreamer::kNoError;
+    for (Channel& channel : channels_) {
+        if (channel.songs.empty()) continue;
+        const int error = Ask(channel, text).error;
+        if (command.verb == Verb::Close) CloseAll(channel);
+        if (error != gstreamer::kNoError)
+            result = result == gstreamer::kNoError ? error : gstreamer::kMultipleErrors;
+    }
+    return result;
+}
+
+void MediaProcesses::Close(Channel& channel, const std::string& alias) {
+    const auto found = channel.songs.find(alias);
+    if (found == channel.songs.end()) return;
+    if (channel.process.IsReady()) channel.process.Gate().Forget(found->second);
+    channel.songs.erase(found);
+}
+
+void MediaProcesses::CloseAll(Channel& channel) {
+    while (!channel.songs.empty())
+        Close(channel, channel.songs.begin()->first);
+}
+
+}  // namespace decoder
