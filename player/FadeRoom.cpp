@@ -57,6 +57,7 @@ void FadeRoom::RestartFade() {
 }
 
 void FadeRoom::ClearDrag() {
+    chooses_at_marker_ = false;
     state_.FadeDragging.End();
 }
 
@@ -76,6 +77,7 @@ void FadeRoom::PlaceMarker() {
 }
 
 void FadeRoom::lblStartFade_MouseDown(double x) {
+    chooses_at_marker_ = false;
     state_.FadeDragging.Press(x);
 }
 
@@ -84,15 +86,22 @@ void FadeRoom::lblStartFade_MouseMove(double x) {
         state_.FadeDragging.Move(controls_.lblStartFade, x, song_bar_.ScaleWidth());
         return;
     }
+    // The menu is gone again when the pointer moves over the marker.
+    chooses_at_marker_ = false;
     const std::int64_t seconds = base::RoundHalfEven(controls_.lblStartFade.Left());
     controls_.lblStartFade.SetToolTipText("Cross fade at: " + base::MinutesAndSeconds(seconds));
 }
 
 void FadeRoom::lblStartFade_MouseUp(int button) {
     if (button == controls::kRightButton) roles_.window.PopupMenu(menu_.mnuCrossfade);
+    chooses_at_marker_ = button == controls::kRightButton;
     state_.FadeDragging.End();
-    state_.FadeSeconds = Whole16(song_bar_.ScaleWidth() - controls_.lblStartFade.Left());
+    TakeSecondsOfMarker();
     roles_.address.FocusAddress();
+}
+
+void FadeRoom::TakeSecondsOfMarker() {
+    state_.FadeSeconds = Whole16(song_bar_.ScaleWidth() - controls_.lblStartFade.Left());
 }
 
 void FadeRoom::tmrFade_Tick() {
@@ -142,8 +151,15 @@ void FadeRoom::mnuFadeOff_Click() {
     UnTickFades();
     menu_.mnuFadeOff.SetChecked(true);
     controls_.tmrFade.SetInterval(1);
-    // FadeSeconds stays: the next song's marker is placed by it again.
+    // FadeSeconds stays, so the next song's marker is placed by it again.
     controls_.lblStartFade.SetLeft(song_bar_.ScaleWidth() - controls_.lblStartFade.Width());
+    FinishChoice();
+}
+
+/// A choice in the menu at the marker comes after the marker was released, and its place counts then.
+void FadeRoom::FinishChoice() {
+    if (chooses_at_marker_) TakeSecondsOfMarker();
+    chooses_at_marker_ = false;
 }
 
 void FadeRoom::TakeFade(controls::Menu& entry, int interval_ms, int seconds) {
@@ -152,6 +168,7 @@ void FadeRoom::TakeFade(controls::Menu& entry, int interval_ms, int seconds) {
     controls_.tmrFade.SetInterval(interval_ms);
     state_.FadeSeconds = Whole16(seconds);
     PlaceMarker();
+    FinishChoice();
 }
 
 void FadeRoom::RunCheckedFade() {

@@ -51,6 +51,8 @@ private:
     void lblStartFade_MouseDown(double x);
     void lblStartFade_MouseMove(double x);
     void lblStartFade_MouseUp(int button);
+    void TakeSecondsOfMarker();
+    void FinishChoice();
     void tmrFade_Tick();
     void mnuMediumFade_Click();
     void mnuLongFade_Click();
@@ -72,6 +74,7 @@ private:
     const VolumeRoom& volume_;
     PanningRoom& panning_;
     FadeRoles roles_;
+    bool chooses_at_marker_ = false;  ///< the menu popped up at the marker
     controls::EventClaims claims_;
 };
 

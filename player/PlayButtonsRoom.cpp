@@ -70,12 +70,24 @@ void PlayButtonsRoom::Stop() {
     mci_.MciClose(kB);
     song_marker_.SetLeft(0);
     rooms_.video.GivePaneBack();
-    rooms_.pair.ShowStopped();
-    rooms_.fade.StopFade();
-    rooms_.panning.SetPanningRunning(true);
+    ShowStopped();
     rooms_.line.SendNothingPlaying();
     rooms_.video.HideWindow();
     address_.FocusAddress();
+}
+
+void PlayButtonsRoom::StayStopped() {
+    song_marker_.SetLeft(0);
+    ShowStopped();
+    if (rooms_.video.IsLightShowSeen()) return;
+    rooms_.video.GivePaneBack();
+    rooms_.video.HideWindow();
+}
+
+void PlayButtonsRoom::ShowStopped() {
+    rooms_.pair.ShowStopped();
+    rooms_.fade.StopFade();
+    rooms_.panning.SetPanningRunning(true);
 }
 
 void PlayButtonsRoom::lstTracks_DblClick() {

@@ -39,12 +39,16 @@ public:
     void Pause();
     /// Ends both songs and notifies the messenger.
     void Stop();
+    /// While stopped, after the bars were laid out again: what Stop left. Nobody is notified, the keyboard
+    /// stays where it is, and so does a light show that is on the screen.
+    void StayStopped();
     /// The next press of a play key plays.
     bool IsPlayShown() const { return rooms_.pair.IsPlayShown(); }
 
 private:
     void lstTracks_DblClick();
 
+    void ShowStopped();
     bool IsAnyIn(Mode mode);
     bool IsIdle();
     void ResumeCurrent();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/DrivePath.h"
 #include "base/MediaKinds.h"
 #include "base/Number.h"
 #include "player/SongTitle.h"
@@ -16,6 +17,7 @@ constexpr double kTitleStart = 100;
 /// Ticks of 50 ms, three seconds: a short title has its turning point where it begins, and would drop out of
 /// its box before it was read.
 constexpr int kTitleRest = 60;
+constexpr int kDeviceLevel = 100;  ///< percent, of a file that was just opened
 constexpr std::string_view kEveryTrackMissing = "Every track in this playlist is missing!";
 
 }  // namespace
@@ -81,7 +83,10 @@ bool PlaybackRoom::IsEveryTrackMissing(int turns_left, bool at_end) {
     if (state_.MissingTrackCount != rooms_.order.Count() && turns_left > 0) return false;
     // With nothing open, or a song at its end, the ticks would go on looking for the next song, also while
     // the box is up.
-    if (at_end || state_.FramesPerSecond < 0) state_.PlayerStopped = true;
+    if (at_end || state_.FramesPerSecond < 0) {
+        state_.PlayerStopped = true;
+        rooms_.pair.ShowStopped();
+    }
     ports_.dialogs.MsgBox(kEveryTrackMissing);
     return true;
 }
@@ -90,10 +95,7 @@ void PlaybackRoom::StartSong(const std::string& filename) {
     const std::int32_t missing_before = state_.MissingTrackCount;
     NoteStart(filename);
     CountThePlay(filename);
-    BeginPlaying();
-    if (ports_.loop.IsEnding()) return;
-    PrepareVideoWindow(filename);
-    if (ports_.loop.IsEnding()) return;
+    if (!MakeReady(filename)) return;
     rooms_.video.ShowOrHideWindow();
     if (OpenOnFreeAlias(filename)) {
         rooms_.pair.ShowPlaying();
@@ -128,6 +130,15 @@ void PlaybackRoom::CountThePlay(const std::string& filename) {
     if (!roles_.start.IsLoading()) rooms_.songs.AddPlayCount(filename);
 }
 
+/// The steps that yield. False when the program was asked to end meanwhile.
+bool PlaybackRoom::MakeReady(const std::string& filename) {
+    ++starting_;
+    BeginPlaying();
+    if (!ports_.loop.IsEnding()) PrepareVideoWindow(filename);
+    --starting_;
+    return !ports_.loop.IsEnding();
+}
+
 void PlaybackRoom::BeginPlaying() {
     state_.VideoPlaying = false;
     state_.PlayerStopped = false;
@@ -156,7 +167,12 @@ bool PlaybackRoom::OpenOnFreeAlias(const std::string& filename) {
     const std::string_view alias = TextOf(row.alias);
     mci_.MciClose(alias);
     const std::string opened = mci_.MciOpen(rooms_.video.ParentHandle(), alias, filename, kMpegVideo);
-    if (row.silent) mci_.MciSetVolume(alias, "all", 0);
+    if (row.silent) {
+        mci_.MciSetVolume(alias, "all", 0);
+    } else if (row.fade == FadeStart::None && state_.MusicVolume != kDeviceLevel) {
+        // No ramp brings it to the slider's level.
+        mci_.MciSetVolume(alias, "all", state_.MusicVolume);
+    }
     mci_.MciPlay(alias, "", "");
     StartFadeOf(row);
     state_.CurrentAlias = row.alias;
@@ -186,7 +202,8 @@ void PlaybackRoom::MeasureLateLength() {
 }
 
 void PlaybackRoom::ShowTitle(const std::string& filename) {
-    const SongTitle song = TitleOfFile(base::FileNameOf(filename), state_.VideoPlaying);
+    const SongTitle song =
+        TitleOfFile(base::WithoutStandIns(base::FileNameOf(filename)), state_.VideoPlaying);
     controls_.lblTrack.SetCaption(CaptionOf(song));
     state_.NowArtist = song.artist;
     state_.NowTitle = song.title;

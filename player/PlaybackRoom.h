@@ -75,6 +75,9 @@ public:
     /// Songs shorter than the fade end as soon as they have begun, until as many in a row did so as the play
     /// order has rows; from then on each is played to its end, until one is longer.
     bool MayEndBeforeItsEnd() const { return short_songs_ <= rooms_.order.Count(); }
+    /// A song is between its history row and its opening, where the start yields: the song before is at its
+    /// end already, whatever the ticks find.
+    bool IsStarting() const { return starting_ > 0; }
     /// Takes the length of a song that did not tell it when it was opened, once it is known.
     void MeasureLateLength();
     /// Skips to the song after one that could not be opened; it counts as a missing one.
@@ -93,6 +96,7 @@ private:
 
     void NoteStart(const std::string& filename);
     void CountThePlay(const std::string& filename);
+    bool MakeReady(const std::string& filename);
     void BeginPlaying();
     void PrepareVideoWindow(const std::string& filename);
     bool OpenOnFreeAlias(const std::string& filename);
@@ -110,6 +114,7 @@ private:
     PlaybackRoles roles_;
     PlaybackPorts ports_;
     int short_songs_ = 0;  ///< in a row, shorter than the fade
+    int starting_ = 0;     ///< starts that yield at the moment
 };
 
 }  // namespace player

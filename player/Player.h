@@ -90,6 +90,7 @@ public:
     void Pause() override { buttons_.Pause(); }
     bool IsPlayShown() const override { return buttons_.IsPlayShown(); }
     void Stop() override { buttons_.Stop(); }
+    void StayStopped() override { buttons_.StayStopped(); }
     void StopAndForget() override;
     void Next() override { playback_.EndOfSongCode(); }
     void Previous() override { playback_.PreviousTrack(); }

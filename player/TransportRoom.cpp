@@ -59,7 +59,11 @@ void TransportRoom::HideMarker() {
 void TransportRoom::tmrPlay_Tick() {
     roles_.address.ClearStaleAddress();
     ShowWhetherStopped();
-    if (state_.PlayerStopped) return;
+    if (state_.PlayerStopped) {
+        // Its hole goes with the main window whether or not a song plays.
+        if (rooms_.video.IsLightShowSeen()) rooms_.video.FollowMainWindow();
+        return;
+    }
     if (LengthIsUnknown()) rooms_.playback.MeasureLateLength();
     MoveMarker();
     ShowRunningTime();
@@ -116,6 +120,7 @@ void TransportRoom::ShowUnknownLength() {
 }
 
 bool TransportRoom::EndSongWhenDue() {
+    if (rooms_.playback.IsStarting()) return false;
     if (HasNoSong()) {
         rooms_.playback.PassOverSong();
         return true;

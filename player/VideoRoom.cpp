@@ -19,20 +19,12 @@ constexpr double kHoleOffsetTop = controls::kFrameTitle + controls::kFrameMenu;
 
 }  // namespace
 
-VideoRoom::VideoRoom(VideoForm& form, VideoPaneControls& pane, VideoMenu& menu, controls::Menu& no_show,
-                     MciLayer& mci, PlayerState& state, VideoRoles roles, ports::EventLoop& loop)
-    : form_(form),
-      pane_(pane),
-      menu_(menu),
-      no_show_(no_show),
-      mci_(mci),
-      state_(state),
-      roles_(roles),
-      loop_(loop) {
+VideoRoom::VideoRoom(VideoForm& form, VideoPaneControls& pane, VideoMenu& menu, MciLayer& mci,
+                     PlayerState& state, VideoRoles roles, ports::EventLoop& loop)
+    : form_(form), pane_(pane), menu_(menu), mci_(mci), state_(state), roles_(roles), loop_(loop) {
     auto& caption = form_.lblVideoCaption;
     claims_.Claim(form_.Activate, [this] { frmVideo_Activate(); });
     claims_.Claim(form_.Resize, [this] { frmVideo_Resize(); });
-    claims_.Claim(form_.Unload, [this](bool&) { frmVideo_Unload(); });
     claims_.Claim(form_.KeyDown, [this](int key_code, int shift) { roles_.keys.KeyDown(key_code, shift); });
     claims_.Claim(form_.cmdMax.Click, [this] { cmdMax_Click(); });
     claims_.Claim(caption.DblClick, [this] { cmdMax_Click(); });
@@ -224,11 +216,6 @@ void VideoRoom::frmVideo_Resize() {
         picture->SetTop((picVid.Height() - picture->Height()) / 2);
     }
     PutVideo();
-}
-
-void VideoRoom::frmVideo_Unload() {
-    TakeWindowAway();
-    no_show_.SetChecked(true);
 }
 
 void VideoRoom::cmdMax_Click() {

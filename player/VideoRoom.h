@@ -35,8 +35,8 @@ struct VideoRoles {
 
 class VideoRoom final : public roles::VideoPane {
 public:
-    VideoRoom(VideoForm& form, VideoPaneControls& pane, VideoMenu& menu, controls::Menu& no_show,
-              MciLayer& mci, PlayerState& state, VideoRoles roles, ports::EventLoop& loop);
+    VideoRoom(VideoForm& form, VideoPaneControls& pane, VideoMenu& menu, MciLayer& mci, PlayerState& state,
+              VideoRoles roles, ports::EventLoop& loop);
 
     bool IsVideoAttached() const override;
     void ShowPane() override;
@@ -50,6 +50,8 @@ public:
     /// Shows the window for a video or a light show; otherwise makes it normal and hides it.
     void ShowOrHideWindow();
     void HideWindow();
+    /// The window is on the screen for a light show.
+    bool IsLightShowSeen() const { return state_.VisualisationOn && form_.Visible(); }
     void SetWindowCaption(std::string_view caption);
     /// The platform's handle of picVid, the parent of both aliases.
     std::int64_t ParentHandle() const { return form_.picVid.Handle(); }
@@ -59,6 +61,8 @@ public:
     void ClearPicture();
     /// Keeps place and size for the next video.
     void SavePlace();
+    /// Hides the pane, closes the hole and lays the main window out.
+    void TakeWindowAway();
     /// Closes the pane and gives its room back to the favourites panel.
     void GivePaneBack();
     void theresize();
@@ -68,13 +72,11 @@ public:
 private:
     void frmVideo_Activate();
     void frmVideo_Resize();
-    void frmVideo_Unload();
     void cmdMax_Click();
     void lblVideoCaption_MouseDown();
     void lblVideoCaption_MouseMove(double x, double y);
     void mnuFullScreen_Click();
     void RestoreSize();
-    void TakeWindowAway();
     void MakeRoomForPane();
     bool IsNormal() const { return form_.State() == controls::WindowState::Normal; }
     bool IsMaximised() const { return form_.State() == controls::WindowState::Maximised; }
@@ -82,7 +84,6 @@ private:
     VideoForm& form_;
     VideoPaneControls& pane_;
     VideoMenu& menu_;
-    controls::Menu& no_show_;  ///< of the light shows
     MciLayer& mci_;
     PlayerState& state_;
     VideoRoles roles_;

@@ -49,6 +49,7 @@ VisualisationRoom::VisualisationRoom(VideoForm& form, VisualMenu& menu, controls
     claims_.Claim(menu_.mnuAnim.Click, [this] { mnuAnim_Click(); });
     claims_.Claim(menu_.mnuNone.Click, [this] { mnuNone_Click(); });
     claims_.Claim(form_.Load, [this] { frmVideo_Load(); });
+    claims_.Claim(form_.Unload, [this](bool&) { frmVideo_Unload(); });
     claims_.Claim(form_.tmrVisual.Tick, [this] { tmrVisual_Tick(); });
 }
 
@@ -79,7 +80,8 @@ void VisualisationRoom::Choose(std::int16_t show, controls::Menu& entry) {
 void VisualisationRoom::mnuNone_Click() {
     UnTickVisual();
     state_.VisualisationOn = false;
-    if (state_.VideoPlaying) return;
+    // VideoPlaying stays until the next song; Stop ended the video.
+    if (state_.VideoPlaying && !state_.PlayerStopped) return;
     video_.GivePaneBack();
     video_.HideWindow();
     form_.tmrVisual.SetEnabled(false);
@@ -103,6 +105,14 @@ void VisualisationRoom::SortVisualisations() {
 
 void VisualisationRoom::frmVideo_Load() {
     MoodRed_ = MoodGreen_ = MoodBlue_ = 1;
+}
+
+/// Whoever closes the window has no show any more; the next song does not bring it back.
+void VisualisationRoom::frmVideo_Unload() {
+    video_.TakeWindowAway();
+    state_.VisualisationOn = false;
+    form_.tmrVisual.SetEnabled(false);
+    shows_.Check(menu_.mnuNone);
 }
 
 void VisualisationRoom::tmrVisual_Tick() {

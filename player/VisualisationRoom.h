@@ -35,6 +35,7 @@ private:
     void mnuAnim_Click();
     void mnuNone_Click();
     void frmVideo_Load();
+    void frmVideo_Unload();
     void tmrVisual_Tick();
 
     void SortVisualisations();

@@ -19,6 +19,8 @@ public:
     virtual bool IsPlayShown() const = 0;
     /// The click of `imgStopOver`: ends both songs and notifies the messenger.
     virtual void Stop() = 0;
+    /// What Stop left is put in place again, silently, after the bars were laid out.
+    virtual void StayStopped() = 0;
     /// Stop as the music tab does it when it closes: the title goes as well.
     virtual void StopAndForget() = 0;
     /// Chooses and starts the next song, as at the end of one.

@@ -17,7 +17,7 @@ BrowserLayout::BrowserLayout(BrowserForm& window, const web::WebState& tabs, con
     : window_(window), tabs_(tabs), PlayerStopped_(PlayerStopped), roles_(roles) {}
 
 void BrowserLayout::Form_Resize() {
-    // The spring-back and the click of the stop button change the window once more; one run is enough for
+    // The spring-back and what a stopped player puts back change the window once more; one run is enough for
     // both.
     if (resizing_) return;
     resizing_ = true;
@@ -37,7 +37,7 @@ void BrowserLayout::Form_Resize() {
     roles_.player.RestoreBars();
     PlaceAddToPlaylist();
     PlaceTaskPanel();
-    if (PlayerStopped_) roles_.transport.Stop();
+    if (PlayerStopped_) roles_.transport.StayStopped();
     PlaceAddressBox();
     resizing_ = false;
 }

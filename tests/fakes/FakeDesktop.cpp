@@ -74,12 +74,15 @@ void FakeDesktop::EndHandler() {
 
 void FakeDesktop::Yield() {
     ++Yields;
+    Pass(YieldTakes);
     EndHandler();
     const auto events = std::move(pending_);
     pending_.clear();
     for (const auto& event : events)
         event();
-    while (RunNextDue(now_)) {
+    // What falls due meanwhile has its turn at the next one.
+    const std::int64_t until = now_;
+    while (RunNextDue(until)) {
     }
 }
 

@@ -23,6 +23,9 @@ public:
 
     /// Moves the clock on, running what falls due on the way.
     void Advance(int milliseconds);
+    /// Time goes by inside a handler, as while a file opens: what falls due waits for the next yield, or for
+    /// the handler's end.
+    void Pass(int milliseconds) { now_ += milliseconds; }
     /// Ends the handler that a test plays: runs the work of AtHandlerEnd.
     void EndHandler();
     /// Work for the next yield, as an event that is pending.
@@ -40,6 +43,8 @@ public:
     ports::Date Date{2026, 3, 9};
     bool Ending = false;
     int Yields = 0;
+    /// How long what runs up to a yield takes. Nothing unless a test says so.
+    int YieldTakes = 0;
 
 private:
     struct Watched {

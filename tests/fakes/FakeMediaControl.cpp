@@ -23,6 +23,7 @@ constexpr int kAliasInUse = 289;
 constexpr int kNameRequired = 292;
 constexpr int kBadTimeFormat = 293;
 constexpr int kInvalidFile = 296;
+constexpr double kFastest = 100'000;
 
 std::vector<std::string> WordsOf(std::string_view command) {
     std::vector<std::string> words;
@@ -113,18 +114,19 @@ int FakeMediaControl::Open(const Words& words) {
     const std::size_t alias = fakes::Find(words, "alias");
     if (type == 1) return kNameRequired;
     if (type < 2 || alias + 1 >= words.size()) return kMissingParameter;
-    std::string path = words[1];
-    for (std::size_t i = 2; i < std::min(type, alias); ++i)
-        path += " " + words[i];
+    // A path is one word.
+    if (type != 2) return kUnrecognisedKeyword;
+    if (Find(words[alias + 1]) != nullptr) return kAliasInUse;
+    const std::string& path = words[1];
     const auto file = files_.find(path);
     if (file != files_.end() && file->second.milliseconds < 0) return kInvalidFile;
     if (file == files_.end() && !AnyFile) return kFileNotFound;
-    if (Find(words[alias + 1]) != nullptr) return kAliasInUse;
     Device device;
     device.path = path;
     device.media = file != files_.end() ? file->second : AnyMedia;
     device.end_ms = static_cast<double>(device.media.milliseconds);
     devices_.emplace(base::LCase(words[alias + 1]), device);
+    if (WhenOpened) WhenOpened();
     return 0;
 }
 
@@ -139,8 +141,7 @@ int FakeMediaControl::Close(const Words& words) {
 int FakeMediaControl::Status(Device& device, const Words& words, std::string& answer) {
     const std::string what = Lower(words, 2);
     if (what == "mode") answer = device.mode;
-    const auto told_ms = static_cast<double>(device.media.tells_length ? device.media.milliseconds : 0);
-    if (what == "length") answer = base::ToText(FromMs(device, told_ms));
+    if (what == "length") answer = base::ToText(FromMs(device, ToldLength(device)));
     if (what == "position") answer = base::ToText(FromMs(device, device.position_ms));
     if (what == "volume") answer = base::ToText((device.left + device.right) / 2);
     if (Lower(words, 3) == "volume" && what == "left") answer = base::ToText(device.left);
@@ -158,7 +159,7 @@ int FakeMediaControl::Set(Device& device, const Words& words) {
     if (Lower(words, 2) != "speed") return kUnrecognisedKeyword;
     const auto speed = base::ToNumber(words.size() > 3 ? words[3] : "");
     if (!speed) return kBadInteger;
-    if (*speed < 1) return kOutOfRange;
+    if (*speed < 1 || *speed > kFastest) return kOutOfRange;
     device.speed = static_cast<int>(*speed);
     return 0;
 }
@@ -185,6 +186,7 @@ int FakeMediaControl::Play(Device& device, const Words& words) {
     }
     if (from > to) return kOutOfRange;
     device.position_ms = from;
+    device.at_end_ms = 0;
     device.end_ms = device.media.tells_length ? to : static_cast<double>(device.media.milliseconds);
     device.mode = "playing";
     return 0;
@@ -194,7 +196,7 @@ int FakeMediaControl::Seek(Device& device, const Words& words) {
     const std::size_t to = fakes::Find(words, "to");
     if (to + 1 >= words.size()) return kMissingParameter;
     const std::string target = base::LCase(words[to + 1]);
-    double place = target == "end" ? static_cast<double>(device.media.milliseconds) : 0;
+    double place = target == "end" ? ToldLength(device) : 0;
     if (target != "start" && target != "end") {
         if (const int error = ReadPlace(device, target, place)) return error;
     }
@@ -203,8 +205,12 @@ int FakeMediaControl::Seek(Device& device, const Words& words) {
     return 0;
 }
 
+double FakeMediaControl::ToldLength(const Device& device) {
+    return device.media.tells_length ? static_cast<double>(device.media.milliseconds) : 0;
+}
+
 int FakeMediaControl::ReadPlace(const Device& device, const std::string& word, double& milliseconds) {
-    const auto length = static_cast<double>(device.media.milliseconds);
+    const double length = ToldLength(device);
     const auto place = base::ToNumber(word);
     if (!place) return word.empty() ? kMissingParameter : kBadInteger;
     if (*place < 0 || *place > static_cast<double>(FromMs(device, length))) return kOutOfRange;
@@ -223,6 +229,7 @@ void FakeMediaControl::Advance(int milliseconds) {
         device.position_ms += milliseconds * device.speed / 1000.0;
         if (device.position_ms < device.end_ms) continue;
         device.position_ms = device.end_ms;
+        if ((device.at_end_ms += milliseconds) <= SaysPlayingAtEnd) continue;
         device.mode = "stopped";
         device.media.tells_length = true;
     }

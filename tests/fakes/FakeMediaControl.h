@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -33,8 +34,14 @@ public:
     bool AnyFile = false;
     FakeMedia AnyMedia;
 
+    /// Called when a file was opened, which takes its time.
+    std::function<void()> WhenOpened;
+
     /// Lets playing devices run on; a device that reaches its end stops there.
     void Advance(int milliseconds);
+    /// For so many milliseconds of Advance a device that is at its end still says "playing", as one whose
+    /// sound server has sound in store. None unless a test says so.
+    int SaysPlayingAtEnd = 0;
     /// The next command that begins with `beginning` fails with that error.
     void FailNext(std::string_view beginning, int error);
 
@@ -67,6 +74,7 @@ private:
         bool in_milliseconds = false;
         double position_ms = 0;
         double end_ms = 0;
+        int at_end_ms = 0;
         int left = 1000;
         int right = 1000;
         int speed = 1000;
@@ -81,6 +89,7 @@ private:
     int SetAudio(Device& device, const Words& words);
     int Play(Device& device, const Words& words);
     int Seek(Device& device, const Words& words);
+    static double ToldLength(const Device& device);
     static int ReadPlace(const Device& device, const std::string& word, double& milliseconds);
     Device* Find(std::string_view alias);
     const Device* Find(std::string_view alias) const;

@@ -16,6 +16,7 @@ public:
     void Pause() override {}
     bool IsPlayShown() const override { return true; }
     void Stop() override {}
+    void StayStopped() override {}
     void StopAndForget() override {}
     void Next() override {}
     void Previous() override {}

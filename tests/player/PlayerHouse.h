@@ -83,7 +83,10 @@ struct FakeMainWindow final : roles::Window,
     void ShowMusicPanel(bool) override {}
     void ToggleFullScreen() override {}
     void BringMusicPanelToFront() override {}
-    void Form_Resize() override { Calls.emplace_back("resize"); }
+    void Form_Resize() override {
+        Calls.emplace_back("resize");
+        if (LaidOut) LaidOut();
+    }
     void PlaceFavouritesPanel() override { ++VideoPanePlacings; }
     void PlaceBelowSplitter() override { Calls.emplace_back("below splitter"); }
     void MakeHole() override { Calls.emplace_back("make hole"); }
@@ -107,6 +110,7 @@ struct FakeMainWindow final : roles::Window,
     bool Loading = false;
     bool FavouritesClosed = false;
     std::vector<std::string> Calls;
+    std::function<void()> LaidOut;
 };
 
 struct FakeChance final : ports::Chance {
@@ -147,6 +151,11 @@ struct PlayerParts {
                .dialogs = dialogs,
                .loop = desktop,
                .chance = chance}) {
+        // What the layout does to the player at its end.
+        window.LaidOut = [this] {
+            player.RestoreBars();
+            if (state.PlayerStopped) player.StayStopped();
+        };
         controls.PutInto(frmBrowser, frmBrowser);
         PlaceBars();
         desktop.Adopt(frmBrowser);

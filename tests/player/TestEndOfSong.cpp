@@ -35,6 +35,24 @@ TEST(EndOfSong, RepeatsWhileOnlyTheBrightPictureShows) {
     EXPECT_EQ(house.NowPlaying(), song);
 }
 
+TEST(EndOfSong, ASongThatStillSaysPlayingAtItsEndIsCrossedOver) {
+    for (const int says_playing_ms : {0, 300}) {
+        PlayerHouse house;
+        house.device.SaysPlayingAtEnd = says_playing_ms;
+        house.AddTrack("1", house.AddSong("1.mp3"));
+        house.AddTrack("2", house.AddSong("2.mp3"));
+        house.DoubleClickTrack(0);
+        // The marker at the end of the bar leaves the end to the percent.
+        house.menu.mnuFadeOff.Click.Raise();
+
+        house.RunFor(29'150);  // at the program's normal speed of 1.03
+
+        const bool crosses = says_playing_ms > 0;
+        EXPECT_EQ(house.PlayingOn(crosses ? "b" : "a"), "C:\\m\\2.mp3");
+        EXPECT_EQ(house.controls.levels.tmrFade.Enabled(), crosses);
+    }
+}
+
 TEST(EndOfSong, WalksThePlayOrderRoundAndRound) {
     PlayerHouse house;
     house.AddTrack("1", house.AddSong("1.mp3"));

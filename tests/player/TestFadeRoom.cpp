@@ -178,9 +178,32 @@ TEST(FadeRoom, UnmuteSetsTheCurrentSongOnlyAndTheRampGoesOn) {
     house.desktop.Advance(600);
     house.menu.mnuMusicMute.Click.Raise();
     house.menu.mnuMusicMute.Click.Raise();
-
     EXPECT_EQ(house.LevelOf("a"), 80);
     EXPECT_EQ(house.LevelOf("b"), 100);
+    EXPECT_TRUE(house.IsRunning());
+
+    house.desktop.Advance(60);
+
+    EXPECT_FALSE(house.IsOpen("a")) << "the next tick finds the new song at its level and ends the ramp";
+    EXPECT_EQ(house.LevelOf("b"), 100);
+    EXPECT_FALSE(house.IsRunning());
+}
+
+TEST(FadeRoom, AMuteBeforeTheNewSongHasALevelGoesOnWithTheRampAfterIt) {
+    RunningRamp house;
+    house.desktop.Advance(600);
+    house.menu.mnuMusicMute.Click.Raise();
+    house.desktop.Advance(600);
+    const int frozen = house.LevelOf("a");
+    house.menu.mnuMusicMute.Click.Raise();
+    // A slider at half: the new song is above it at once, so it is lowered first.
+    house.mci.MciSetVolume("b", "all", 20);
+
+    house.desktop.Advance(120);
+
+    EXPECT_EQ(frozen, 80);
+    EXPECT_EQ(house.LevelOf("a"), 76);
+    EXPECT_EQ(house.LevelOf("b"), 24);
     EXPECT_TRUE(house.IsRunning());
 }
 
@@ -329,6 +352,37 @@ TEST(FadeRoom, ReleaseKeepsTheSecondsAndRightPopsUpTheMenu) {
     EXPECT_FALSE(house.state.FadeDragging.IsOn());
     EXPECT_EQ(house.window.TakeCalls(), Texts{"popup mnuCrossfade"});
     EXPECT_EQ(house.address.Focused, 1);
+}
+
+struct Popup {
+    controls::Menu player::PlayerMenu::*entry;
+    int seconds;
+};
+
+TEST(FadeRoom, WhatIsChosenAtTheMarkerIsThereBeforeItsPlaceIsTaken) {
+    using Menu = player::PlayerMenu;
+    for (const Popup& choice : {Popup{&Menu::mnuQuickFade, 5}, Popup{&Menu::mnuMediumFade, 10},
+                                Popup{&Menu::mnuLongFade, 20}, Popup{&Menu::mnuFadeOff, 2}}) {
+        MarkerAt40 house;
+        PlayerHouse::Press(house.marker, 2);
+        PlayerHouse::Release(house.marker, controls::kRightButton);
+
+        (house.menu.*choice.entry).Click.Raise();
+
+        EXPECT_EQ(house.state.FadeSeconds, choice.seconds);
+        EXPECT_DOUBLE_EQ(house.marker.Left(), 100.0 - choice.seconds);
+    }
+}
+
+TEST(FadeRoom, OffFromTheMenuBarKeepsTheSecondsAlsoAfterTheMenuAtTheMarkerWasLeft) {
+    MarkerAt40 house;
+    PlayerHouse::Press(house.marker, 2);
+    PlayerHouse::Release(house.marker, controls::kRightButton);
+    PlayerHouse::MoveTo(house.marker, 2);
+
+    house.menu.mnuFadeOff.Click.Raise();
+
+    EXPECT_EQ(house.state.FadeSeconds, 60);
 }
 
 }  // namespace

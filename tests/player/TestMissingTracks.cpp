@@ -254,6 +254,8 @@ TEST(MissingTracks, SaysOnceThatNoSongOfAListCanBeOpened) {
     ASSERT_EQ(house.dialogs.Boxes.size(), 1U);
     EXPECT_EQ(house.dialogs.Boxes[0].text, "Every track in this playlist is missing!");
     EXPECT_TRUE(house.state.PlayerStopped);
+    EXPECT_TRUE(house.player.IsPlayShown()) << "nothing plays that could be paused";
+    EXPECT_FALSE(house.controls.transport.imgPause.Visible());
     EXPECT_TRUE(house.controls.transport.lblNoFile.Visible());
 }
 

@@ -296,4 +296,24 @@ TEST(PlayButtonsRoom, StopStopsBothThenClosesBothAndTellsTheMessenger) {
     EXPECT_EQ(house.window.VideoPanePlacings, 1);
 }
 
+TEST(PlayButtonsRoom, ALayoutWhileStoppedTellsNobodyAndLeavesTheKeyboard) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.mp3"));
+    house.menu.mnuStop.Click.Raise();
+    const std::size_t sent = house.message.Sent.size();
+    const int focused = house.address.Focused;
+    house.TakeCommands();
+    house.controls.transport.lblProgress.SetLeft(7);
+
+    for (int step = 0; step < 20; ++step)
+        house.window.Form_Resize();
+
+    EXPECT_EQ(house.message.Sent.size(), sent);
+    EXPECT_EQ(house.address.Focused, focused);
+    EXPECT_TRUE(Orders(house.TakeCommands()).empty());
+    EXPECT_EQ(house.controls.transport.lblProgress.Left(), 0);
+    EXPECT_TRUE(house.player.IsPlayShown());
+    EXPECT_TRUE(house.controls.levels.tmrPanning.Enabled());
+}
+
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/DrivePath.h"
 #include "player/PlayerHouse.h"
 
 namespace {
@@ -272,6 +273,91 @@ TEST(PlaybackRoom, ASongThatStartsDuringTheYieldIsCrossedOverToTheOuterOne) {
     EXPECT_TRUE(house.state.FadeToB);
 }
 
+TEST(PlaybackRoom, ATickDuringTheYieldDoesNotEndTheSongBeforeAgain) {
+    PlayerHouse house;
+    house.AddTrack("one", house.AddSong("1.mp3"));
+    house.AddTrack("two", house.AddSong("2.mp3"));
+    house.AddTrack("three", house.AddSong("3.mp3"));
+    house.DoubleClickTrack(0);
+    house.device.Advance(29'000);
+    house.desktop.YieldTakes = 60;
+
+    house.DoubleClickTrack(2);
+
+    EXPECT_EQ(house.PlayingOn("a"), "C:\\m\\1.mp3");
+    EXPECT_EQ(house.PlayingOn("b"), "C:\\m\\3.mp3");
+    EXPECT_EQ(house.history.Rows, (Texts{"Music:C:\\m\\1.mp3", "Music:C:\\m\\3.mp3"}));
+}
+
+TEST(PlaybackRoom, ATickDuringTheYieldDoesNotTakeTheLastSongsPlacesForThisOnes) {
+    PlayerHouse house;
+    house.AddTrack("one", house.AddSong("1.mp3"));
+    house.AddTrack("broken", house.AddBrokenSong("broken.mp3"));
+    house.AddTrack("three", house.AddSong("3.mp3"));
+    house.DoubleClickTrack(0);
+    // It was past its marker when the next one, which does not open, took its place.
+    house.controls.transport.tmrPlay.SetEnabled(false);
+    house.controls.transport.lblProgress.SetLeft(26);
+    house.player.PlaySong("C:\\m\\broken.mp3");
+    house.controls.transport.tmrPlay.SetEnabled(true);
+    ASSERT_GT(house.controls.transport.lblProgress.Right(), house.controls.levels.lblStartFade.Left());
+    ASSERT_LT(house.state.FramesPerSecond, 0);
+    house.history.Rows.clear();
+    house.desktop.YieldTakes = 60;
+
+    house.DoubleClickTrack(2);
+
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\3.mp3");
+    EXPECT_EQ(house.history.Rows, Texts{"Music:C:\\m\\3.mp3"});
+}
+
+TEST(PlaybackRoom, ATickThatIsLateBecauseAFileOpenedSlowlyFindsTheNewSong) {
+    PlayerHouse house;
+    house.AddTrack("one", house.AddSong("1.mp3"));
+    house.AddTrack("two", house.AddSong("2.mp3"));
+    house.DoubleClickTrack(0);
+    house.device.Advance(24'990);
+    house.device.WhenOpened = [&house] { house.desktop.Pass(4'000); };
+
+    house.RunFor(5'000);
+
+    EXPECT_EQ(house.history.Rows, (Texts{"Music:C:\\m\\1.mp3", "Music:C:\\m\\2.mp3"}));
+    EXPECT_EQ(house.NowPlaying(), "C:\\m\\2.mp3");
+}
+
+TEST(PlaybackRoom, TheFirstSongAfterAStopHasTheSlidersLevelFromItsStart) {
+    PlayerHouse house;
+    PlayerHouse::Press(house.controls.levels.lblVol, 0.3 * 1785);
+    const auto song = house.AddSong("a.mp3");
+    house.TakeCommands();
+
+    house.player.PlaySong(song);
+
+    EXPECT_EQ(house.LevelOf("a"), 30);
+    const Texts orders = Orders(house.TakeCommands());
+    ASSERT_GE(orders.size(), 4U);
+    EXPECT_EQ(orders[2], "setaudio a Volume to 300");
+    EXPECT_EQ(orders[3], "play a from 0 to 30000");
+}
+
+TEST(PlaybackRoom, AFirstSongAtTheFullLevelIsLeftAtTheDevicesOwn) {
+    PlayerHouse house;
+
+    house.player.PlaySong(house.AddSong("a.mp3"));
+
+    for (const std::string& command : house.TakeCommands())
+        EXPECT_FALSE(base::StartsWith(command, "setaudio")) << command;
+}
+
+TEST(PlaybackRoom, AThirdSongDuringARampStillSoundsAtTheDevicesOwnLevel) {
+    PlayerHouse house;
+    PlayerHouse::Press(house.controls.levels.lblVol, 0.3 * 1785);
+    for (const char* name : {"1.mp3", "2.mp3", "3.mp3"})
+        house.player.PlaySong(house.AddSong(name));
+
+    EXPECT_EQ(house.LevelOf(player::TextOf(house.state.CurrentAlias)), 100);
+}
+
 TEST(PlaybackRoom, AVideoThatStartsDuringTheYieldOfASongLeavesNoVideoBehind) {
     PlayerHouse house;
     const auto film = house.AddSong("Owls - Film.avi");
@@ -452,9 +538,22 @@ TEST(PlaybackRoom, KeepsTheBlanksOfArtistAndTitleForTheMessenger) {
     EXPECT_EQ(house.state.NowTitle, " Fly ");
 }
 
+TEST(PlaybackRoom, ANameThatIsNoUtf8IsReadableInTheTitleAndForOthers) {
+    PlayerHouse house;
+
+    house.player.PlaySong(house.AddSong(base::NameToText("Caf\xE9 - Fl\xFCg.mp3")));
+
+    EXPECT_EQ(house.controls.transport.lblTrack.Caption(), "Caf\u00e9 - Fl\u00fcg");
+    EXPECT_EQ(house.state.NowArtist, "Caf\u00e9 ");
+    EXPECT_EQ(house.state.NowTitle, "Fl\u00fcg");
+    EXPECT_EQ(house.message.Sent.back(), "on|{0} - {1} {2}|Caf\u00e9 |Fl\u00fcg||");
+}
+
 TEST(PlaybackRoom, AppliesTheMarkersSpeedToANewSong) {
     PlayerHouse house;
+    // As a drag leaves it; a layout puts the marker where SongSpeed says.
     house.controls.levels.lblSongSpeed.SetLeft(47.5);
+    house.window.LaidOut = nullptr;
 
     house.player.PlaySong(house.AddSong("a.mp3"));
 

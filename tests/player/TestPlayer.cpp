@@ -58,6 +58,10 @@ protected:
         for (const char* name : {"gone1.mp3", "gone2.mp3"})
             paths_.push_back(PlayerHouse::Gone(name));
         paths_.push_back(house.AddBrokenSong("broken.mp3"));
+        house.device.WhenOpened = [this] {
+            house.desktop.Pass(opening_takes_);
+            house.device.Advance(opening_takes_);
+        };
         RebuildTracks();
     }
 
@@ -156,6 +160,8 @@ protected:
 
     void OneStep() {
         house.chance.Value = Anywhere(0, 1);
+        house.desktop.YieldTakes = Below(4) == 0 ? Below(120) : 0;
+        opening_takes_ = Below(8) == 0 ? Below(3000) : 0;
         if (Below(6) == 0) house.desktop.Post([this] { DoubleClickATrack(); });
         switch (Below(16)) {
             case 0:
@@ -255,6 +261,7 @@ protected:
     std::size_t boxes_before_ = 0;
     bool stopped_by_a_box_ = false;
     int most_cued_ = 1;
+    int opening_takes_ = 0;  ///< milliseconds, while the other song goes on
 };
 
 TEST_P(HandsWithoutAPlan, LeaveThePlayerSound) {

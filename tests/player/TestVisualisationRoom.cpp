@@ -32,7 +32,50 @@ TEST(VisualisationRoom, AShowOpensTheWindowOverTheHole) {
     EXPECT_FALSE(house.state.resized);
     EXPECT_TRUE(house.menu.mnuStrobe.Checked());
     EXPECT_FALSE(house.menu.mnuNone.Checked());
-    EXPECT_EQ(house.window.TakeCalls(), (Texts{"make hole", "close hole", "resize", "favourites", "resize"}));
+    EXPECT_EQ(house.window.TakeCalls(),
+              (Texts{"make hole", "close hole", "resize", "close hole", "favourites", "resize"}))
+        << "the second close by the layout of a player that is stopped";
+}
+
+TEST(VisualisationRoom, AShowThatIsChosenWhileStoppedStaysOverALayoutUntilTheNextStop) {
+    PlayerHouse house;
+    ASSERT_TRUE(house.state.PlayerStopped);
+
+    house.menu.mnuParty.Click.Raise();
+    house.window.Form_Resize();
+    const bool stayed = house.frmVideo.Visible() && house.controls.video.picVideo.Visible();
+    house.menu.mnuStop.Click.Raise();
+    house.window.Form_Resize();
+
+    EXPECT_TRUE(stayed);
+    EXPECT_FALSE(house.frmVideo.Visible());
+    EXPECT_FALSE(house.controls.video.picVideo.Visible());
+}
+
+TEST(VisualisationRoom, NoneEndsTheShowOfAVideoThatWasStopped) {
+    PlayerHouse house;
+    house.player.PlaySong(house.AddSong("a.avi"));
+    house.menu.mnuStop.Click.Raise();
+    house.menu.mnuStrobe.Click.Raise();
+
+    house.menu.mnuNone.Click.Raise();
+
+    EXPECT_FALSE(house.frmVideo.tmrVisual.Enabled());
+    EXPECT_FALSE(house.frmVideo.Visible());
+    EXPECT_FALSE(house.controls.video.picVideo.Visible());
+}
+
+TEST(VisualisationRoom, ClosingTheWindowEndsTheShowAndLeavesOneCheck) {
+    PlayerHouse house;
+    house.menu.mnuMood.Click.Raise();
+
+    house.frmVideo.UnloadWindow();
+    house.player.PlaySong(house.AddSong("a.mp3"));
+
+    EXPECT_TRUE(house.menu.mnuNone.Checked());
+    EXPECT_FALSE(house.menu.mnuMood.Checked());
+    EXPECT_FALSE(house.frmVideo.tmrVisual.Enabled());
+    EXPECT_FALSE(house.frmVideo.Visible()) << "the next song does not bring it back";
 }
 
 TEST(VisualisationRoom, EachEntryChoosesItsShow) {
@@ -237,7 +280,7 @@ TEST(VisualisationRoom, NoneEndsTheShow) {
     EXPECT_FALSE(house.frmVideo.tmrVisual.Enabled());
     EXPECT_FALSE(house.menu.mnuParty.Checked());
     EXPECT_FALSE(house.menu.mnuNone.Checked());
-    EXPECT_EQ(house.window.TakeCalls(), (Texts{"close hole", "resize"}));
+    EXPECT_EQ(house.window.TakeCalls(), (Texts{"close hole", "resize", "close hole"}));
 }
 
 TEST(VisualisationRoom, NoneLeavesAVideoAlone) {

@@ -83,6 +83,21 @@ TEST_F(TellingStory, StopClearsTheMessengersLine) {
     EXPECT_EQ(Received(), Texts{kNothing});
 }
 
+TEST_F(TellingStory, NobodyIsToldAgainWhileAStoppedWindowIsResized) {
+    PlayTrack(1);
+    program.Click(Transport().imgStop);
+    program.Click(Transport().imgStopOver);
+    Received();
+
+    for (int step = 1; step <= 20; ++step) {
+        auto& window = program.Browser();
+        window.Move(window.Left(), window.Top(), window.Width() + 15 * step, window.Height());
+        program.Wait(20);
+    }
+
+    EXPECT_EQ(Received(), Texts{});
+}
+
 TEST_F(TellingStory, ClosingTheMusicTabClearsIt) {
     PlayTrack(0);
     Received();

@@ -78,6 +78,35 @@ TEST_F(VideoStory, TheVideoWindowFollowsTheMainWindow) {
     EXPECT_EQ(program.windows.frmVideo.Top(), top + 450);
 }
 
+TEST_F(VideoStory, ALightShowThatIsChosenWhileStoppedStaysOverItsHole) {
+    program.Click(Browser().menus.mnuStrobe);
+    program.Wait(500);
+    const double left = program.windows.frmVideo.Left();
+    const double top = program.windows.frmVideo.Top();
+
+    Browser().Move(Browser().Left() + 600, Browser().Top() + 450, Browser().Width() + 1500,
+                   Browser().Height());
+    program.Wait(100);
+
+    EXPECT_TRUE(program.windows.frmVideo.Visible());
+    EXPECT_EQ(program.windows.frmVideo.Left(), left + 600);
+    EXPECT_EQ(program.windows.frmVideo.Top(), top + 450);
+    EXPECT_EQ(LastHole(), HoleOf(Browser().player.video.picVideo));
+}
+
+TEST_F(VideoStory, AStoppedLightShowDoesNotComeBackWithALayout) {
+    program.Click(Browser().menus.mnuStrobe);
+    program.Wait(100);
+    program.Click(Browser().player.transport.imgStop);
+    program.Click(Browser().player.transport.imgStopOver);
+
+    Browser().Move(Browser().Left(), Browser().Top(), Browser().Width() + 1500, Browser().Height());
+    program.Wait(100);
+
+    EXPECT_FALSE(program.windows.frmVideo.Visible());
+    EXPECT_EQ(LastHole(), std::nullopt);
+}
+
 TEST_F(VideoStory, TheHoleFollowsTheSizeOfTheWindow) {
     PlayTrack(1);
     program.Wait(500);

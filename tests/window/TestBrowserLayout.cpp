@@ -14,9 +14,10 @@ namespace {
 using controls::Control;
 using controls::kTwipsPerPixel;
 
-// What the layout asks for, written down; its click of the stop button lays out again, as the real one may.
+// What the layout asks for, written down; a stopped player may lay out again, as the real one may.
 struct FakePlayer final : fakes::NullTransport, fakes::NullVideoPane, fakes::NullPlayerSetup, roles::Hole {
-    void Stop() override {
+    void Stop() override { calls.emplace_back("click of stop"); }
+    void StayStopped() override {
         calls.emplace_back("stop");
         if (on_stop) on_stop();
     }

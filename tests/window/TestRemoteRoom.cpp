@@ -53,6 +53,7 @@ struct RecordingPlayer final : roles::Transport, roles::NowPlaying {
     void Pause() override { Did("pause"); }
     bool IsPlayShown() const override { return false; }
     void Stop() override { Did("stop"); }
+    void StayStopped() override { Did("stay stopped"); }
     void StopAndForget() override { Did("forget"); }
     void Next() override { Did("next"); }
     void Previous() override { Did("previous"); }
