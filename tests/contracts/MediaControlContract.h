@@ -22,6 +22,10 @@ public:
     /// A file that is there and cannot be played.
     virtual std::string Broken() = 0;
     virtual std::string Missing() = 0;
+    /// A sound of 2 seconds that does not tell its length, as a recorded stream.
+    virtual std::string Lengthless() = 0;
+    /// A sound whose name has a blank.
+    virtual std::string Blank() = 0;
     /// Lets this much time pass.
     virtual void Pass(int milliseconds) = 0;
 };
@@ -97,6 +101,33 @@ TYPED_TEST_P(MediaControlContract, FilesThatCannotBeOpenedAreToldApart) {
     EXPECT_EQ(this->Open(this->bench_.Broken()), 296);
     EXPECT_EQ(this->Open(""), 292);
     EXPECT_EQ(this->Send("status a mode"), 263);
+}
+
+TYPED_TEST_P(MediaControlContract, AnAliasInUseIsRefusedBeforeTheFileIsLookedAt) {
+    this->Open(this->bench_.Song());
+
+    EXPECT_EQ(this->Open(this->bench_.Missing()), 289);
+    EXPECT_EQ(this->Open(this->bench_.Broken()), 289);
+}
+
+TYPED_TEST_P(MediaControlContract, APathIsOneWord) {
+    EXPECT_EQ(this->Open(this->bench_.Blank()), 259);
+    EXPECT_EQ(this->Send("status a mode"), 263);
+}
+
+TYPED_TEST_P(MediaControlContract, AFileThatDoesNotTellItsLengthPlaysToItsEnd) {
+    ASSERT_EQ(this->Open(this->bench_.Lengthless()), 0);
+    EXPECT_EQ(this->Ask("status a length"), "0");
+    EXPECT_EQ(this->Send("seek a to 500"), 282) << "no place in it is known";
+
+    EXPECT_EQ(this->Send("play a from 0 to 0"), 0);
+    this->bench_.Pass(600);
+    EXPECT_EQ(this->Ask("status a mode"), "playing");
+    EXPECT_GT(this->AskNumber("status a position"), 100);
+    this->bench_.Pass(3000);
+
+    EXPECT_EQ(this->Ask("status a mode"), "stopped");
+    EXPECT_GT(this->AskNumber("status a position"), 1500);
 }
 
 TYPED_TEST_P(MediaControlContract, PlayingGoesOn) {
@@ -238,6 +269,8 @@ TYPED_TEST_P(MediaControlContract, LevelsAndSpeedsHaveLimits) {
     EXPECT_EQ(this->Send("set a speed 0"), 282);
     EXPECT_EQ(this->Send("set a speed -170"), 282);
     EXPECT_EQ(this->Send("set a speed 2030"), 0);
+    EXPECT_EQ(this->Send("set a speed 100000"), 0);
+    EXPECT_EQ(this->Send("set a speed 100001"), 282);
 }
 
 TYPED_TEST_P(MediaControlContract, TwoAliasesRunOnTheirOwn) {
@@ -301,17 +334,16 @@ TYPED_TEST_P(MediaControlContract, ErrorsHaveTextsAndOtherNumbersNone) {
     EXPECT_EQ(this->media_.ErrorString(263), "The specified device is not open or is not recognized by MCI.");
 }
 
-REGISTER_TYPED_TEST_SUITE_P(MediaControlContract, AnAliasThatIsNotOpenIsRefusedByEveryCommand,
-                            AnOpenedFileIsStoppedAtItsStart, AFrameIsAMillisecondOfSoundOrAPictureOfAVideo,
-                            TheTimeFormatCanBeMilliseconds, WordsAndAliasesAreReadInAnyCase,
-                            AnAliasIsOpenedOnce, FilesThatCannotBeOpenedAreToldApart, PlayingGoesOn,
-                            PauseHoldsThePlace, ResumeGoesOnWithWhatWasPaused,
-                            WhatIsStoppedIsNeitherPausedNorResumed, StopEndsPlaying, SeekingStopsAtThePlace,
-                            SeekingKnowsStartAndEnd, PlacesOutsideOfTheFileAreRefused, PlacesAreNumbers,
-                            PlayingStopsAtTheGivenEnd, AtTheEndOfTheFileItStopsThere,
-                            ChannelsKeepTheirOwnLevels, BothChannelsAreSetAtOnce, LevelsAndSpeedsHaveLimits,
-                            TwoAliasesRunOnTheirOwn, AClosedAliasIsFreeAgain, CloseAllClosesWhateverIsOpen,
-                            ThePictureCanBePut, UnknownWordsAreRefused, OnlyAQuestionIsAnsweredWithAText,
-                            ErrorsHaveTextsAndOtherNumbersNone);
+REGISTER_TYPED_TEST_SUITE_P(
+    MediaControlContract, AnAliasThatIsNotOpenIsRefusedByEveryCommand, AnOpenedFileIsStoppedAtItsStart,
+    AFrameIsAMillisecondOfSoundOrAPictureOfAVideo, TheTimeFormatCanBeMilliseconds,
+    WordsAndAliasesAreReadInAnyCase, AnAliasIsOpenedOnce, FilesThatCannotBeOpenedAreToldApart,
+    AnAliasInUseIsRefusedBeforeTheFileIsLookedAt, APathIsOneWord, AFileThatDoesNotTellItsLengthPlaysToItsEnd,
+    PlayingGoesOn, PauseHoldsThePlace, ResumeGoesOnWithWhatWasPaused, WhatIsStoppedIsNeitherPausedNorResumed,
+    StopEndsPlaying, SeekingStopsAtThePlace, SeekingKnowsStartAndEnd, PlacesOutsideOfTheFileAreRefused,
+    PlacesAreNumbers, PlayingStopsAtTheGivenEnd, AtTheEndOfTheFileItStopsThere, ChannelsKeepTheirOwnLevels,
+    BothChannelsAreSetAtOnce, LevelsAndSpeedsHaveLimits, TwoAliasesRunOnTheirOwn, AClosedAliasIsFreeAgain,
+    CloseAllClosesWhateverIsOpen, ThePictureCanBePut, UnknownWordsAreRefused,
+    OnlyAQuestionIsAnsweredWithAText, ErrorsHaveTextsAndOtherNumbersNone);
 
 }  // namespace contracts
