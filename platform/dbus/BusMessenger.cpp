@@ -23,8 +23,9 @@ void BusMessenger::SendToWindows(std::string_view window_class, const ports::Cop
         QString::fromUtf8(window_class.data(), static_cast<qsizetype>(window_class.size()));
     bus_.Ask(BusCall(QStringLiteral("ListNames")), [this, wanted, block](const QDBusMessage& reply) {
         const QStringList names = reply.arguments().value(0).toStringList();
+        // Names on a bus have a dot; what goes on without one is another class.
         for (const QString& name : names) {
-            if (name.startsWith(wanted)) bus_.Tell(CopyDataCall(name, wanted, block));
+            if (name.startsWith(wanted + QLatin1Char('.'))) bus_.Tell(CopyDataCall(name, wanted, block));
         }
     });
 }

@@ -1,4 +1,4 @@
-// Messengers on the session bus. Every program whose name on the bus begins with the window class counts as a
+// Messengers on the session bus. Every program whose name on the bus is the window class, a dot and more counts as a
 // window of it ("MsnMsgrUIManager.Main", "MsnMsgrUIManager.Second.Account").
 //
 // A block arrives there as a call of the method "CopyData" of the interface "<class>.Window" at the path

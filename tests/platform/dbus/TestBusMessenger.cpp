@@ -26,10 +26,11 @@ protected:
     const ports::CopyData block{1351, 4, {'a', 0, 0, 0}};
 };
 
-TEST_F(BusMessengerTest, EveryNameThatBeginsWithTheClassIsTold) {
+TEST_F(BusMessengerTest, EveryNameBelowTheClassIsToldAndNoOther) {
     MessengerPeer one(bus, kClass + QStringLiteral(".Main"), kClass);
-    MessengerPeer two(bus, kClass + QStringLiteral("2.Other.Account"), kClass);
+    MessengerPeer two(bus, kClass + QStringLiteral(".Other.Account"), kClass);
     MessengerPeer other(bus, QStringLiteral("org.") + kClass, kClass);
+    MessengerPeer longer(bus, kClass + QStringLiteral("Other.Main"), kClass);
 
     messenger->SendToWindows("MsnMsgrUIManager", block);
 
@@ -37,6 +38,7 @@ TEST_F(BusMessengerTest, EveryNameThatBeginsWithTheClassIsTold) {
     EXPECT_EQ(one.Received(), std::vector{block});
     EXPECT_EQ(two.Received(), std::vector{block});
     EXPECT_TRUE(other.Received().empty());
+    EXPECT_TRUE(longer.Received().empty()) << "its name is another class";
 }
 
 TEST_F(BusMessengerTest, NoReplyIsWanted) {
