@@ -35,6 +35,7 @@
 #include "platform/qt/DesktopWindows.h"
 #include "platform/qt/Environment.h"
 #include "platform/qt/Loop.h"
+#include "platform/qt/ScaledPictures.h"
 #include "platform/qt/Screen.h"
 #include "platform/sqlite/SqliteDatabase.h"
 #include "platform/webengine/PageModule.h"
@@ -170,6 +171,7 @@ int RunProgram(int argc, char** argv) {
     linux::RandomChance chance;
     sqlite::SqliteDatabase database(to_native);
     decoder::MediaProcesses media(folder + "/brindlepost-media", to_native);
+    qt::ScaledPictures pictures(media);
     qt::DesktopWindows window_services;
     qt::DesktopPrograms programs({to_native, from_native});
     dbus::SessionBus bus;
@@ -195,7 +197,7 @@ int RunProgram(int argc, char** argv) {
     const std::string program_folder = files.FromNative(folder);
     window::MainWindow main_window(
         windows,
-        {database, files, media, window_services, window_shape, boxes, loop, clock, chance, instance,
+        {database, files, pictures, window_services, window_shape, boxes, loop, clock, chance, instance,
          messenger, board, screen_saver, screen, registry, programs, program_folder},
         command, [&loop] { loop.Quit(); });
     pages.Know(main_window);

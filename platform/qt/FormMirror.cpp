@@ -82,7 +82,10 @@ protected:
         mirror_.Lay();
         mirror_.OnWindowChanged();
     }
-    void moveEvent(QMoveEvent* /*event*/) override { mirror_.OnWindowChanged(); }
+    void moveEvent(QMoveEvent* event) override {
+        mirror_.OnMoved(event->pos() - event->oldPos());
+        mirror_.OnWindowChanged();
+    }
     void changeEvent(QEvent* event) override {
         if (event->type() == QEvent::WindowStateChange) mirror_.OnStateChanged();
         QWidget::changeEvent(event);
@@ -313,6 +316,17 @@ void FormMirror::Apply(Property property) {
         default:
             break;
     }
+}
+
+void FormMirror::OnMoved(const QPoint& by) {
+    if (was_shown_ && stage_.MainWindow() == window_) stage_.MovePictures(by);
+}
+
+// The window's rules find the same place once the main window's new one is known.
+void FormMirror::GoAlong(const QPoint& by) {
+    placing_ = true;
+    window_->setGeometry(window_->geometry().translated(by));
+    placing_ = false;
 }
 
 void FormMirror::OnWindowChanged() {

@@ -27,6 +27,8 @@ public:
     bool IsPicture() const;
     /// It is to be seen through the hole of the main window, if that has one, from right below.
     bool IsAtHole() const;
+    /// Moves the window with the one it is seen through, before the control learns of its new place.
+    void GoAlong(const QPoint& by);
     bool WasShown() const { return was_shown_; }
     bool IsRealised() const { return Widget() != nullptr; }
     QWidget* Inside() const override { return content_; }
@@ -47,6 +49,7 @@ private:
     void PutOnScreen();
     void Lay();
 
+    void OnMoved(const QPoint& by);
     void OnWindowChanged();
     void WriteBack();
     void OnStateChanged();

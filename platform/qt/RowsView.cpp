@@ -9,6 +9,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "base/DrivePath.h"
 #include "base/Text.h"
 #include "platform/qt/Geometry.h"
 #include "platform/qt/Skin.h"
@@ -22,6 +23,11 @@ constexpr int kNearby = 64;
 /// Bytes of a row that type-ahead compares at most.
 constexpr std::size_t kLongestTyped = 400;
 
+// A row may be a path that is read again; the name of its file need not be UTF-8.
+QString Readable(std::string_view row) {
+    return ToQt(base::WithoutStandIns(row));
+}
+
 }  // namespace
 
 void RowsModel::Sync() {
@@ -32,7 +38,7 @@ void RowsModel::Sync() {
 
 QVariant RowsModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole) return {};
-    return ToQt(list_.List(index.row()));
+    return Readable(list_.List(index.row()));
 }
 
 RowsView::RowsView(const controls::ListBox& list, QWidget* parent)
@@ -165,7 +171,7 @@ QRect RowsView::TextRect(const QRect& row_rect) const {
 }
 
 bool RowsView::IsCutOff(int row) const {
-    return fontMetrics().horizontalAdvance(ToQt(list_.List(row))) > TextRect(RowRect(row)).width();
+    return fontMetrics().horizontalAdvance(Readable(list_.List(row))) > TextRect(RowRect(row)).width();
 }
 
 void RowsView::DrawRow(QPainter& painter, int row, const QRect& rect) const {
@@ -181,7 +187,7 @@ void RowsView::DrawRow(QPainter& painter, int row, const QRect& rect) const {
     painter.setPen(isEnabled() ? ink : QColor(skin::kDisabled));
     const QRect place = TextRect(rect);
     // Only the beginning of a very long row can be seen.
-    const QString text = ToQt(list_.List(row)).left(1000);
+    const QString text = Readable(list_.List(row)).left(1000);
     painter.drawText(place, Qt::AlignVCenter | Qt::TextSingleLine,
                      fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
 }
@@ -296,7 +302,7 @@ int RowsView::RowThatBegins(const QString& typed, int from) const {
         const int row = (from + step) % count;
         std::string_view text = base::Trim(list_.List(row)).substr(0, kLongestTyped);
         if (text.starts_with('[') && !typed.startsWith(QLatin1Char('['))) text.remove_prefix(1);
-        if (ToQt(text).startsWith(typed, Qt::CaseInsensitive)) return row;
+        if (Readable(text).startsWith(typed, Qt::CaseInsensitive)) return row;
     }
     return -1;
 }
@@ -306,7 +312,7 @@ bool RowsView::viewportEvent(QEvent* event) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const int row = RowAt(help->pos().y());
         if (row >= 0 && IsCutOff(row)) {
-            const QString text = ToQt(list_.List(row)).trimmed().left(1000);
+            const QString text = Readable(list_.List(row)).trimmed().left(1000);
             QToolTip::showText(help->globalPos(), text, viewport(), RowRect(row));
         } else {
             QToolTip::showText(help->globalPos(), toolTip(), viewport());

@@ -324,6 +324,14 @@ void Screen::StackPictures() {
     }
 }
 
+void Screen::MovePictures(const QPoint& by) {
+    const QWidget* main_window = MainWindow();
+    if (main_window == nullptr || main_window->mask().isEmpty()) return;
+    for (FormMirror* form : forms_) {
+        if (form->IsAtHole()) form->GoAlong(by);
+    }
+}
+
 // The display tells of the keyboard only after the press that brought it; then a drag that has begun would
 // end with the activation.
 void Screen::OnPressed(controls::Control& window) {

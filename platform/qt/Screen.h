@@ -93,6 +93,7 @@ private:
     void OnMainWindowShown(QWidget& main_window) override;
     bool IsBeneath(const controls::Form& form) const override;
     void StackPictures() override;
+    void MovePictures(const QPoint& by) override;
     std::optional<std::string> TakeUsersWish() override { return std::exchange(users_wish_, std::nullopt); }
     void OnFirstPaint() override;
     void OnPressed(controls::Control& window) override;

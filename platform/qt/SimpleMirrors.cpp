@@ -200,13 +200,14 @@ TimerMirror::TimerMirror(Stage& stage, controls::Timer& timer) : Mirror(stage, t
 }
 
 void TimerMirror::Apply(Property property) {
-    constexpr int kFineBelowMs = 100;
     if (property != Property::Timer) return;
     if (!timer_.Enabled() || timer_.Interval() <= 0) {
         clock_.stop();
         return;
     }
-    clock_.setTimerType(timer_.Interval() < kFineBelowMs ? Qt::PreciseTimer : Qt::CoarseTimer);
+    // A coarse one is late by up to a twentieth of its interval: a fade of eleven seconds takes eleven and a
+    // quarter.
+    clock_.setTimerType(Qt::PreciseTimer);
     clock_.start(timer_.Interval());
 }
 

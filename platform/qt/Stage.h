@@ -49,6 +49,8 @@ public:
     /// A picture window came to be seen or changed its state: one that shows through the hole of the main
     /// window lies right below it from now on.
     virtual void StackPictures() = 0;
+    /// The main window was moved: what shows through its hole goes along at once.
+    virtual void MovePictures(const QPoint& by) = 0;
     /// The start-up id of the user's wish to see this program; once, by the window that comes to the front.
     virtual std::optional<std::string> TakeUsersWish() = 0;
     virtual void OnFirstPaint() = 0;

@@ -40,6 +40,47 @@ TEST_F(FormMirrorTest, AWindowThatWasNeverPlacedIsCentred) {
     EXPECT_GT(desk.form.Left(), 0);
 }
 
+/// Outlives the screen that adopts it.
+struct PictureForm {
+    controls::Form picture{"frmVideo", "", controls::BorderStyle::None};
+};
+
+struct WindowWithAHole : PictureForm, qt_tests::Desk {
+    WindowWithAHole() {
+        picture.Move(3000, 3000, 1500, 1500);
+        screen.Adopt(picture);
+        form.Move(1500, 1500, form.Width(), form.Height());
+        picture.Show();
+        screen.CatchUp();
+        Cut(QRect(20, 20, 100, 100));
+    }
+    void Cut(const QRect& hole) {
+        QWidget& main_window = *screen.WindowOf(form);
+        screen.ShapeMainWindow(hole.isEmpty() ? QRegion() : QRegion(main_window.rect()) - hole);
+        screen.CatchUp();
+    }
+    QPoint Drag(int x, int y) {
+        const QPoint before = screen.WindowOf(picture)->pos();
+        QWidget& main_window = *screen.WindowOf(form);
+        main_window.move(main_window.pos() + QPoint(x, y));
+        return screen.WindowOf(picture)->pos() - before;
+    }
+};
+
+TEST_F(FormMirrorTest, WhatShowsThroughTheHoleGoesAlongBeforeTheNextEvent) {
+    WindowWithAHole desk;
+
+    EXPECT_EQ(desk.Drag(30, 20), QPoint(30, 20));
+    EXPECT_EQ(desk.Drag(-7, 0), QPoint(-7, 0));
+}
+
+TEST_F(FormMirrorTest, APictureThatFloatsStaysWhereItIs) {
+    WindowWithAHole desk;
+    desk.Cut(QRect());
+
+    EXPECT_EQ(desk.Drag(30, 20), QPoint(0, 0));
+}
+
 TEST_F(FormMirrorTest, AHiddenWindowIsGoneFromTheScreen) {
     qt_tests::Desk desk;
 

@@ -7,6 +7,7 @@
 #include <QToolTip>
 #include <chrono>
 
+#include "base/DrivePath.h"
 #include "controls/ListBox.h"
 #include "platform/qt/RowsView.h"
 #include "platform/qt/Skin.h"
@@ -33,6 +34,16 @@ TEST_F(RowsViewTest, RowsAreOfOneHeight) {
     EXPECT_EQ(view_.RowAt(0), 0);
     EXPECT_EQ(view_.RowAt(23), 0);
     EXPECT_EQ(view_.RowAt(24), 1);
+}
+
+TEST_F(RowsViewTest, ARowWhoseNameIsNoUtf8IsReadable) {
+    list_.AddItem("C:\\m\\" + base::NameToText("Caf\xE9.mp3"));
+    Fill(1);
+
+    const QString shown = view_.model()->index(0, 0).data().toString();
+
+    EXPECT_EQ(shown, QStringLiteral("C:\\m\\Caf\u00e9.mp3"));
+    EXPECT_NE(list_.List(0), shown.toStdString()) << "the row itself is still the path";
 }
 
 TEST_F(RowsViewTest, BelowTheLastRowThereIsNone) {
