@@ -122,6 +122,32 @@ class Show:
         time.sleep(0.1)
         self.see_picture("the picture after the main window moved", "Wide")
 
+    def dragged_by_hand(self):
+        """While the main window is dragged by its title, the video keeps its place in the hole at every moment."""
+        window, video = self.screening.main_window(), self.screening.video_window()
+
+        def offset():
+            # The second look at the main window tells whether it moved between the two others.
+            before = self.stage.window_rect(window)
+            film = self.stage.window_rect(video)
+            still = before == self.stage.window_rect(window)
+            return (film[0] - before[0], film[1] - before[1]) if still else None
+
+        x, y, width, _ = self.stage.window_rect(window)
+        wait_for("a window at rest", lambda: offset() == offset())
+        wanted = offset()
+        self.stage.run("xdotool", "mousemove", str(x + width // 2), str(y - 10), "mousedown", "1")
+        seen = []
+        for step in range(30):
+            self.stage.run("xdotool", "mousemove_relative", "--", "6", "3" if step % 2 else "-2")
+            seen.append(offset())
+        self.stage.run("xdotool", "mouseup", "1")
+        check(self.stage.window_rect(window)[0] > x + 100, "the main window was not dragged")
+        away = [place for place in seen if place is not None and place != wanted]
+        print(f"   in place at {len(seen) - len(away)} of {len(seen)} moments of the drag", flush=True)
+        check(len(away) <= len(seen) // 5, f"the video stayed behind: {away}, not {wanted}")
+        self.see_picture("the picture after the drag", "Wide")
+
     def panel_closed(self):
         """Closing the favourites panel closes the hole whole, and opening it brings the picture back."""
         x, y, width, height = hole = self.screening.video_rect()
@@ -286,8 +312,9 @@ class Show:
         check("rror" not in self.stage.program_output(), self.stage.program_output()[-2000:])
 
     def steps(self):
-        return [self.hole, self.moved_and_resized, self.panel_closed, self.another_program_between, self.minimised, self.maximised,
-                self.floating, self.resized_while_paused, self.full_screen, self.song_closes_the_hole,
+        return [self.hole, self.moved_and_resized, self.dragged_by_hand, self.panel_closed,
+                self.another_program_between, self.minimised, self.maximised, self.floating,
+                self.resized_while_paused, self.full_screen, self.song_closes_the_hole,
                 self.strobe_warns, self.strobe, self.party, self.mood, self.animation, self.no_show, self.still_runs]
 
 
