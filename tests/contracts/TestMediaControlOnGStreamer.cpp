@@ -18,11 +18,14 @@ public:
     std::string Film() override { return files_.Make("film.mp4", {.seconds = 2}); }
     std::string Broken() override { return files_.Write("broken.mp3", std::string(5000, 'x')); }
     std::string Missing() override { return files_.Path("missing.mp3"); }
-    // What a container holds that was written to a stream: its length was not known at its beginning.
+    // As it was recorded from a stream: its length was not known when its head was written.
     std::string Lengthless() override {
-        const std::string path = files_.Path("stream.mkv");
-        sound::Child writer({"ffmpeg", "-y", "-loglevel", "error", "-f", "lavfi", "-i", "sine=440:duration=2",
-                             "-c:a", "pcm_s16le", "-f", "matroska", "-live", "1", path});
+        const std::string path = files_.Path("stream.wma");
+        sound::Child writer(
+            {"sh", "-c",
+             "exec ffmpeg -y -loglevel error -f lavfi -i sine=440:duration=2 -c:a wmav2 -f asf -"
+             " > \"$0\"",
+             path});
         return writer.Wait(60) == 0 ? path : std::string();
     }
     std::string Blank() override { return files_.Make("a song.wav", {.seconds = 2}); }

@@ -195,6 +195,7 @@ public:
     void Play() override { Log.emplace_back("Play"); }
     void Pause() override { Log.emplace_back("Pause"); }
     void Stop() override { Log.emplace_back("Stop"); }
+    void StayStopped() override { Log.emplace_back("StayStopped"); }
     void StopAndForget() override { Log.emplace_back("StopAndForget"); }
     void Next() override { Log.emplace_back("Next"); }
     void Previous() override { Log.emplace_back("Previous"); }

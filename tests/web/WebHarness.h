@@ -81,6 +81,7 @@ struct RecordingRoles final : roles::Window,
     void Pause() override { Note("Pause"); }
     bool IsPlayShown() const override { return true; }
     void Stop() override { Note("Stop"); }
+    void StayStopped() override { Note("StayStopped"); }
     void StopAndForget() override {
         Note("StopAndForget");
         Track.clear();
