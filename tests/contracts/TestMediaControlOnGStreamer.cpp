@@ -2,9 +2,9 @@
 #include <cstdlib>
 #include <thread>
 
+#include "contracts/LengthlessFile.h"
 #include "contracts/MediaControlContract.h"
 #include "platform/gstreamer/MediaEngine.h"
-#include "real/sound/Child.h"
 #include "real/sound/GeneratedMedia.h"
 
 namespace {
@@ -18,16 +18,7 @@ public:
     std::string Film() override { return files_.Make("film.mp4", {.seconds = 2}); }
     std::string Broken() override { return files_.Write("broken.mp3", std::string(5000, 'x')); }
     std::string Missing() override { return files_.Path("missing.mp3"); }
-    // As it was recorded from a stream: its length was not known when its head was written.
-    std::string Lengthless() override {
-        const std::string path = files_.Path("stream.wma");
-        sound::Child writer(
-            {"sh", "-c",
-             "exec ffmpeg -y -loglevel error -f lavfi -i sine=440:duration=2 -c:a wmav2 -f asf -"
-             " > \"$0\"",
-             path});
-        return writer.Wait(60) == 0 ? path : std::string();
-    }
+    std::string Lengthless() override { return contracts::MakeLengthless(files_); }
     std::string Blank() override { return files_.Make("a song.wav", {.seconds = 2}); }
     // The clock of the sound is the real one.
     void Pass(int milliseconds) override {

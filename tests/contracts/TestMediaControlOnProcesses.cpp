@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <thread>
 
+#include "contracts/LengthlessFile.h"
 #include "contracts/MediaControlContract.h"
 #include "platform/decoder/MediaProcesses.h"
 #include "real/sound/GeneratedMedia.h"
@@ -17,6 +18,8 @@ public:
     std::string Film() override { return files_.Make("film.mp4", {.seconds = 2}); }
     std::string Broken() override { return files_.Write("broken.mp3", std::string(5000, 'x')); }
     std::string Missing() override { return files_.Path("missing.mp3"); }
+    std::string Lengthless() override { return contracts::MakeLengthless(files_); }
+    std::string Blank() override { return files_.Make("a song.wav", {.seconds = 2}); }
     // The clock of the sound is the real one.
     void Pass(int milliseconds) override {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
