@@ -18,6 +18,7 @@
 #include "platform/dbus/BusFileManager.h"
 #include "platform/dbus/BusMessenger.h"
 #include "platform/dbus/BusNotices.h"
+#include "platform/dbus/BusPriority.h"
 #include "platform/dbus/BusScreenSaver.h"
 #include "platform/dbus/MprisBoard.h"
 #include "platform/decoder/MediaProcesses.h"
@@ -170,7 +171,7 @@ int RunProgram(int argc, char** argv) {
     linux::SystemClock clock;
     linux::RandomChance chance;
     sqlite::SqliteDatabase database(to_native);
-    decoder::MediaProcesses media(folder + "/brindlepost-media", to_native);
+    decoder::MediaProcesses media(folder + "/brindlepost-media", to_native, dbus::RaiseThread);
     qt::ScaledPictures pictures(media);
     qt::DesktopWindows window_services;
     qt::DesktopPrograms programs({to_native, from_native});

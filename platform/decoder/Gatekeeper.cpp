@@ -16,6 +16,7 @@
 #include <climits>
 #include <cstdio>
 #include <filesystem>
+#include <string_view>
 
 #include "platform/decoder/Wire.h"
 
@@ -25,6 +26,7 @@ namespace {
 constexpr std::size_t kPage = 4096;
 constexpr int kNothing = 0;
 constexpr int kReadOnly = O_RDONLY;
+constexpr std::string_view kOwnThreads = "/proc/self/task";
 
 std::string Normal(const std::string& path) {
     return std::filesystem::path(path).lexically_normal().string();
@@ -35,6 +37,16 @@ std::string NameOfOpened(int file) {
     const std::string link = "/proc/self/fd/" + std::to_string(file);
     const ssize_t size = readlink(link.c_str(), name.data(), name.size());
     return size > 0 ? std::string(name.data(), static_cast<std::size_t>(size)) : std::string();
+}
+
+// The list of the process's threads, and the name of one. Here "self" would be the program.
+int OpenOwnThreads(const std::string& rest, pid_t process, int flags) {
+    const std::string folder = "/proc/" + std::to_string(process) + "/task";
+    const std::size_t digits = std::min(rest.find_first_not_of("0123456789", 1), rest.size());
+    const bool is_name = rest.starts_with('/') && digits > 1 && rest.substr(digits) == "/comm";
+    if (!rest.empty() && !is_name) return -ENOENT;
+    const int file = open((folder + rest).c_str(), O_RDONLY | O_CLOEXEC | (flags & O_DIRECTORY));
+    return file < 0 ? -errno : file;
 }
 
 bool OnlyReads(std::uint64_t flags) {
@@ -91,9 +103,18 @@ void Gatekeeper::ServeRequests(int socket, int requests) {
         std::array<pollfd, 2> waited{{{.fd = socket, .events = POLLIN, .revents = 0},
                                       {.fd = requests, .events = POLLIN, .revents = 0}}};
         if (poll(waited.data(), waited.size(), -1) < 0 && errno != EINTR) return;
-        if (waited[0].revents != 0 || (waited[1].revents & (POLLHUP | POLLERR)) != 0) return;
+        if (waited[0].revents != 0 && !TakeWish(socket)) return;
+        if ((waited[1].revents & (POLLHUP | POLLERR)) != 0) return;
         if ((waited[1].revents & POLLIN) != 0) ServeOne(requests);
     }
+}
+
+/// False when the process is gone.
+bool Gatekeeper::TakeWish(int socket) const {
+    Message wish;
+    if (Receive(socket, wish, std::chrono::milliseconds::zero()) != Arrival::Message) return false;
+    if (raise_) raise_(process_, static_cast<pid_t>(wish.serial));
+    return true;
 }
 
 // Both parts are of the kernel's sizes, and zero at first.
@@ -143,6 +164,8 @@ int Gatekeeper::Open(int requests, const seccomp_notif& asked, std::uint64_t pat
 
 /// The file, or the negative number of the system's error. What a decoder may not read is not there for it.
 int Gatekeeper::OpenAllowed(const std::string& path, int flags) {
+    if (path.starts_with(kOwnThreads))
+        return OpenOwnThreads(path.substr(kOwnThreads.size()), process_, flags);
     const Reading reading = MayRead(path);
     if (reading == Reading::No) return -ENOENT;
     constexpr int kKept = O_DIRECTORY | O_NOFOLLOW;

@@ -2,7 +2,8 @@
 //
 // The process itself can open nothing: the kernel holds the call up and reports it here, the program opens
 // the file to read from, or connects the socket, and hands the result over as a descriptor. The song of an
-// open command is among it for as long as it is open.
+// open command is among it for as long as it is open. What the process may not do for its threads is passed
+// on.
 #pragma once
 
 #include <sys/types.h>
@@ -10,6 +11,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -23,10 +25,14 @@ struct seccomp_notif_resp;
 
 namespace decoder {
 
+/// Asks the system for a thread of a process to be woken in time; called on any thread.
+using Raiser = std::function<void(pid_t process, pid_t thread)>;
+
 class Gatekeeper final {
 public:
-    /// `process` is the process that asks, `socket` where its hello comes.
-    Gatekeeper(Policy policy, pid_t process) : policy_(std::move(policy)), process_(process) {}
+    /// `process` is the process that asks.
+    Gatekeeper(Policy policy, pid_t process, Raiser raise)
+        : policy_(std::move(policy)), process_(process), raise_(std::move(raise)) {}
 
     /// A song that may be read from now on; once for each time it is forgotten.
     void Hand(const std::string& native_path);
@@ -41,6 +47,7 @@ public:
 
 private:
     void ServeRequests(int socket, int requests);
+    bool TakeWish(int socket) const;
     void ServeOne(int requests);
     void Answer(int requests, const seccomp_notif& asked, seccomp_notif_resp& answer);
     int Open(int requests, const seccomp_notif& asked, std::uint64_t path_at, std::uint64_t flags,
@@ -52,6 +59,7 @@ private:
 
     const Policy policy_;
     const pid_t process_;
+    const Raiser raise_;
     linux::Descriptor memory_;  // of the process, to read its requests from
     std::mutex mutex_;
     std::condition_variable changed_;

@@ -22,8 +22,9 @@ ports::MediaReply Error(int error) {
 
 }  // namespace
 
-MediaProcesses::MediaProcesses(std::string program, Resolver resolve)
-    : resolve_(std::move(resolve)), channels_{Channel{{program, "a"}, {}}, Channel{{program, "b"}, {}}} {}
+MediaProcesses::MediaProcesses(std::string program, Resolver resolve, Raiser raise)
+    : resolve_(std::move(resolve)),
+      channels_{Channel{{program, "a", raise}, {}}, Channel{{program, "b", raise}, {}}} {}
 
 MediaProcesses::~MediaProcesses() {
     for (Channel& channel : channels_)

@@ -25,8 +25,8 @@ public:
     /// `resolve` gives the native path of a file name as commands have it; empty when it names nothing.
     using Resolver = std::function<std::string(std::string_view)>;
 
-    /// `program` is the decoder's program file.
-    MediaProcesses(std::string program, Resolver resolve);
+    /// `program` is the decoder's program file. `raise` is for threads that feed the sound server.
+    MediaProcesses(std::string program, Resolver resolve, Raiser raise = nullptr);
     /// What is heard fades out; both processes have ended when it returns.
     ~MediaProcesses() override;
     MediaProcesses(const MediaProcesses&) = delete;

@@ -53,8 +53,8 @@ linux::Descriptor Raised(linux::Descriptor low) {
 
 }  // namespace
 
-Process::Process(std::string program, std::string channel)
-    : program_(std::move(program)), channel_(std::move(channel)) {}
+Process::Process(std::string program, std::string channel, Raiser raise)
+    : program_(std::move(program)), channel_(std::move(channel)), raise_(std::move(raise)) {}
 
 Process::~Process() {
     Leave();
@@ -74,7 +74,7 @@ void Process::Start() {
     }
     commands_ = std::move(commands.ours);
     gate_socket_ = std::move(gate.ours);
-    gate_ = std::make_shared<Gatekeeper>(Policy(Surroundings::OfThisProcess()), process_);
+    gate_ = std::make_shared<Gatekeeper>(Policy(Surroundings::OfThisProcess()), process_, raise_);
     threads_ = std::make_unique<gstreamer::Threads>();
     // The thread has a descriptor of its own, for it may outlive this start.
     auto line = std::make_shared<linux::Descriptor>(fcntl(gate_socket_.Number(), F_DUPFD_CLOEXEC, 0));

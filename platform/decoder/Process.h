@@ -31,7 +31,7 @@ public:
     static constexpr std::chrono::milliseconds kStartPatience{5000};
 
     /// `program` is what is run; `channel` is told to it, for lists of processes.
-    Process(std::string program, std::string channel);
+    Process(std::string program, std::string channel, Raiser raise);
     /// As Leave, then Wait.
     ~Process();
     Process(const Process&) = delete;
@@ -64,6 +64,7 @@ private:
 
     const std::string program_;
     const std::string channel_;
+    const Raiser raise_;
     pid_t process_ = 0;
     linux::Descriptor commands_;
     linux::Descriptor gate_socket_;

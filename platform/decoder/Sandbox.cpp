@@ -47,8 +47,9 @@ constexpr int kAllowed[] = {
     SCMP_SYS(rt_sigprocmask), SCMP_SYS(rt_sigreturn), SCMP_SYS(rt_sigtimedwait), SCMP_SYS(sigaltstack),
     SCMP_SYS(restart_syscall), SCMP_SYS(sched_yield), SCMP_SYS(sched_getaffinity), SCMP_SYS(sched_getparam),
     SCMP_SYS(sched_getattr), SCMP_SYS(sched_getscheduler), SCMP_SYS(sched_get_priority_max),
-    SCMP_SYS(sched_get_priority_min), SCMP_SYS(getpriority), SCMP_SYS(setpriority), SCMP_SYS(getcpu),
-    SCMP_SYS(arch_prctl), SCMP_SYS(timer_create), SCMP_SYS(timer_settime), SCMP_SYS(timer_delete),
+    SCMP_SYS(sched_get_priority_min), SCMP_SYS(getpriority), SCMP_SYS(setpriority),
+    SCMP_SYS(sched_setscheduler), SCMP_SYS(getcpu), SCMP_SYS(arch_prctl), SCMP_SYS(timer_create),
+    SCMP_SYS(timer_settime), SCMP_SYS(timer_delete),
     // who and when it is
     SCMP_SYS(getpid), SCMP_SYS(getppid), SCMP_SYS(getpgrp), SCMP_SYS(getuid), SCMP_SYS(geteuid),
     SCMP_SYS(getgid), SCMP_SYS(getegid), SCMP_SYS(getresuid), SCMP_SYS(getresgid), SCMP_SYS(getgroups),

@@ -22,6 +22,7 @@
 #include "platform/decoder/Wire.h"
 #include "platform/gstreamer/MediaEngine.h"
 #include "platform/gstreamer/Pipeline.h"
+#include "platform/gstreamer/Priority.h"
 
 namespace {
 
@@ -36,10 +37,11 @@ void LeaveSignalsToTheProgram() {
 }
 
 // Where it was when a file ended it, on the standard error; the signal then takes its course.
-void TellWhere(int /*signal*/) {
+void TellWhere(int signal) {
     std::array<void*, 64> frames{};
     const int count = backtrace(frames.data(), static_cast<int>(frames.size()));
     backtrace_symbols_fd(frames.data(), count, STDERR_FILENO);
+    raise(signal);
 }
 
 void TellWhereAtABadEnd() {
@@ -59,6 +61,11 @@ bool EndWithTheProgram(const std::string& program) {
 }
 
 void Serve() {
+    // The real-time service is out of reach from here.
+    gstreamer::Priority::AskWith([](pid_t thread) {
+        decoder::Send(decoder::kGateSocket,
+                      {.serial = static_cast<std::uint32_t>(thread), .error = 0, .text = {}, .path = {}});
+    });
     std::string path;
     gstreamer::MediaEngine engine([&path](std::string_view) { return path; });
     engine.WarmUp();

@@ -32,6 +32,7 @@ constexpr std::string_view kLibraryThreads[] = {"threaded-ml", "pulsesink"};
 std::mutex mutex;
 GDBusConnection* bus = nullptr;  // guarded by mutex, as the next
 bool is_prepared = false;
+std::function<void(pid_t)> ask_otherwise;  // set before there are threads
 
 bool SetClass(pid_t thread, int policy, int priority) {
     const sched_param wanted{.sched_priority = priority};
@@ -56,6 +57,7 @@ bool RaiseByOneself(pid_t thread) {
 
 // The second question is for a service that refuses the first. Neither is waited for.
 void AskService(pid_t thread) {
+    if (ask_otherwise) return ask_otherwise(thread);
     const std::lock_guard lock(mutex);
     if (bus == nullptr) return;
     const auto ask = [](const char* what, GVariant* arguments) {
@@ -91,7 +93,12 @@ bool IsOfTheLibrary(const std::filesystem::path& task) {
 
 }  // namespace
 
+void Priority::AskWith(std::function<void(pid_t thread)> ask) {
+    ask_otherwise = std::move(ask);
+}
+
 void Priority::Prepare() {
+    if (ask_otherwise) return;
     {
         const std::lock_guard lock(mutex);
         if (std::exchange(is_prepared, true) || MayRaise()) return;

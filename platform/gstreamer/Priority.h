@@ -6,10 +6,17 @@
 // itself it is asked of the desktop's real-time service; where there is none, the threads stay as they are.
 #pragma once
 
+#include <sys/types.h>
+
+#include <functional>
+
 namespace gstreamer {
 
 class Priority final {
 public:
+    /// What the process may not do itself is asked of `ask` from now on, by the number of the thread, instead
+    /// of the service; for a process that cannot reach it. Called before anything else here.
+    static void AskWith(std::function<void(pid_t thread)> ask);
     /// Connects to the real-time service where the process needs it. May take its time.
     static void Prepare();
     /// Raises the calling thread; does not wait.

@@ -43,13 +43,15 @@ protected:
         const decoder::SocketPair gate = decoder::SocketPair::Make();
         const pid_t child = fork();
         if (child == 0) {
+            gate_of_child = gate.theirs.Number();
             const decoder::Hello hello = decoder::EnterSandbox(false);
             // The gatekeeper has to be there before this process is gone again.
             const bool is_whole = hello.missing.empty() && decoder::SendHello(gate.theirs.Number(), hello) &&
                                   CanOpen("/dev/null", O_RDONLY);
             _exit(!is_whole ? 2 : deed() ? 0 : 1);
         }
-        decoder::Gatekeeper keeper(decoder::Policy(surroundings), child);
+        decoder::Gatekeeper keeper(decoder::Policy(surroundings), child,
+                                   [this](pid_t, pid_t thread) { raised = thread; });
         keeper.Hand(song);
         if (is_forgotten) keeper.Forget(song);
         std::thread serving([&] { keeper.Serve(gate.ours.Number()); });
@@ -62,6 +64,8 @@ protected:
     }
 
     bool is_forgotten = false;
+    int gate_of_child = -1;
+    pid_t raised = 0;
     sound::GeneratedMedia files;
     const std::string song = files.Write("song.mp3", "song");
     const std::string letter = files.Write("letter.txt", "letter");
@@ -149,6 +153,25 @@ TEST_F(SandboxTest, ThreadsAreStarted) {
         std::thread([&ran] { ran = true; }).join();
         return ran;
     }));
+}
+
+TEST_F(SandboxTest, TheProcessFindsItsOwnThreadsAndTheirNamesAndNothingElseOfItself) {
+    EXPECT_TRUE(Succeeds([] { return CanOpen("/proc/self/task", O_RDONLY | O_DIRECTORY); }));
+    EXPECT_TRUE(
+        Succeeds([] { return CanOpen("/proc/self/task/" + std::to_string(getpid()) + "/comm", O_RDONLY); }));
+    for (const char* path : {"/proc/self/task/1", "/proc/self/task/../mem", "/proc/self/task/1/../comm",
+                             "/proc/self/task/1/mem", "/proc/self/taskx", "/proc/self/task//comm"})
+        EXPECT_FALSE(Succeeds([&] { return CanOpen(path, O_RDONLY); })) << path;
+}
+
+TEST_F(SandboxTest, AWishForAThreadIsPassedOn) {
+    EXPECT_TRUE(Succeeds([this] {
+        const bool is_sent =
+            decoder::Send(gate_of_child, {.serial = 4711, .error = 0, .text = {}, .path = {}});
+        // Answered after the wish was taken.
+        return is_sent && CanOpen("/dev/null", O_RDONLY) && CanOpen("/dev/null", O_RDONLY);
+    }));
+    EXPECT_EQ(raised, 4711);
 }
 
 TEST_F(SandboxTest, MemoryHasALimit) {

@@ -1,0 +1,30 @@
+#include "platform/dbus/BusPriority.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QVariant>
+
+namespace dbus {
+namespace {
+
+constexpr quint32 kClass = 1;
+// The service grants no more than 15 levels by default.
+constexpr qint32 kNice = -11;
+
+void Ask(const char* method, pid_t process, pid_t thread, const QVariant& level) {
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.RealtimeKit1"), QStringLiteral("/org/freedesktop/RealtimeKit1"),
+        QStringLiteral("org.freedesktop.RealtimeKit1"), QLatin1String(method));
+    call << static_cast<quint64>(process) << static_cast<quint64>(thread) << level;
+    QDBusConnection::systemBus().send(call);
+}
+
+}  // namespace
+
+// The first is for a service that refuses the second.
+void RaiseThread(pid_t process, pid_t thread) {
+    Ask("MakeThreadHighPriorityWithPID", process, thread, kNice);
+    Ask("MakeThreadRealtimeWithPID", process, thread, kClass);
+}
+
+}  // namespace dbus
