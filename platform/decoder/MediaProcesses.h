@@ -20,7 +20,7 @@ struct Command;
 
 namespace decoder {
 
-class MediaProcesses final : public ports::MediaControl {
+class MediaProcesses : public ports::MediaControl {
 public:
     /// `resolve` gives the native path of a file name as commands have it; empty when it names nothing.
     using Resolver = std::function<std::string(std::string_view)>;

@@ -10,7 +10,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/gstreamer/MediaEngine.h"
 #include "real/sound/GeneratedMedia.h"
 #include "real/sound/PrivateSound.h"
 #include "real/sound/TimedMedia.h"

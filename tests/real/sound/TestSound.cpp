@@ -6,7 +6,7 @@
 #include <string>
 #include <thread>
 
-#include "platform/gstreamer/MediaEngine.h"
+#include "real/sound/Engine.h"
 #include "real/sound/GeneratedMedia.h"
 #include "real/sound/PrivateSound.h"
 
@@ -49,7 +49,7 @@ protected:
 
     sound::PrivateSound server_;
     sound::GeneratedMedia files_;
-    gstreamer::MediaEngine engine_{[](std::string_view name) { return std::string(name); }};
+    sound::Engine engine_{[](std::string_view name) { return std::string(name); }};
 };
 
 TEST_F(Sound, ASongIsHeardAsItIs) {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/gstreamer/MciCommand.h"
-#include "platform/gstreamer/MediaEngine.h"
+#include "real/sound/Engine.h"
 #include "real/sound/PrivateSound.h"
 
 namespace sound {
@@ -24,7 +24,7 @@ struct ToldLevel {
 
 class TimedMedia final : public ports::MediaControl {
 public:
-    TimedMedia(PrivateSound& server, gstreamer::MediaEngine::Resolver resolve)
+    TimedMedia(PrivateSound& server, Engine::Resolver resolve)
         : server_(server), engine_(std::move(resolve)) {}
 
     ports::MediaReply SendString(std::string_view command) override {
@@ -56,7 +56,7 @@ public:
 
 private:
     PrivateSound& server_;
-    gstreamer::MediaEngine engine_;
+    Engine engine_;
     std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
     double ahead_ = 0;
     std::vector<ToldLevel> told_;
