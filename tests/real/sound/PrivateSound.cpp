@@ -15,19 +15,17 @@ namespace {
 constexpr double kAudible = 0.003;
 constexpr double kServerStart = 10;
 
-/// A desktop gives its sound server a real-time class; so does the test, where it may, to the server's
-/// threads and to the recorder. The server would put back what it was started with.
-void PutInTime(const Child& child) {
-    const std::string id = std::to_string(child.Id());
-    Child({"chrt", "-a", "-r", "-p", "1", id}).Wait(2);
-}
-
 std::string NewFolder() {
     std::string pattern = std::filesystem::temp_directory_path() / "sound-XXXXXX";
     return mkdtemp(pattern.data()) == nullptr ? std::string() : pattern;
 }
 
 }  // namespace
+
+// Each thread that is there: the server puts back what it was started with.
+void PutInTime(const Child& child) {
+    Child({"chrt", "-a", "-r", "-p", "1", std::to_string(child.Id())}).Wait(2);
+}
 
 PrivateSound::PrivateSound() : folder_(NewFolder()) {
     running_ = !folder_.empty() && StartServer() && StartRecorder();

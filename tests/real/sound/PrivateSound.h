@@ -17,6 +17,9 @@
 
 namespace sound {
 
+/// Gives a program the real-time class that a desktop gives to what makes sound, where the test may.
+void PutInTime(const Child& child);
+
 class PrivateSound final {
 public:
     PrivateSound();
