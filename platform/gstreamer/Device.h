@@ -25,6 +25,7 @@ class Threads;
 struct OpenRequest {
     std::string native_path;
     std::int64_t parent = 0;
+    int likely_speed = 1000;  ///< what it is going to be told; sound is made ready for it
 };
 
 class Device final {

@@ -59,7 +59,8 @@ int MediaEngine::Open(const Command& command) {
     const std::string path = resolve_(command.target);
     if (path.empty()) return kFileNotFound;
     auto device = std::make_unique<Device>(threads_);
-    const int error = device->Open({.native_path = path, .parent = command.parent});
+    const int error =
+        device->Open({.native_path = path, .parent = command.parent, .likely_speed = last_speed_});
     if (error == kNoError) devices_[command.alias] = std::move(device);
     return error;
 }
@@ -92,7 +93,7 @@ int MediaEngine::RunOnDevice(Device& device, const Command& command, std::string
         case Verb::Seek:
             return device.Seek(command);
         case Verb::SetSpeed:
-            return device.SetSpeed(command.value);
+            return SetSpeed(device, command.value);
         case Verb::SetAudio:
             return device.SetLevel(command.channel, command.value);
         case Verb::Pause:
@@ -118,6 +119,12 @@ int MediaEngine::RunOnDevice(Device& device, const Command& command, std::string
             break;
     }
     return kNoError;
+}
+
+int MediaEngine::SetSpeed(Device& device, std::int64_t speed) {
+    const int error = device.SetSpeed(speed);
+    if (error == kNoError) last_speed_ = static_cast<int>(speed);
+    return error;
 }
 
 }  // namespace gstreamer

@@ -42,10 +42,12 @@ private:
     int CloseAll();
     int RunOnAll(const Command& command);
     int RunOnDevice(Device& device, const Command& command, std::string& answer);
+    int SetSpeed(Device& device, std::int64_t speed);
     void Close(const std::string& alias);
 
     Resolver resolve_;
     std::map<std::string, std::unique_ptr<Device>> devices_;
+    int last_speed_ = 1000;  // a player tells each song the same
     std::shared_ptr<Threads> threads_ = std::make_shared<Threads>();
 };
 

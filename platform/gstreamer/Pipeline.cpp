@@ -28,7 +28,8 @@ constexpr std::chrono::milliseconds kReadyTimeout{5000};
 // A file that is not ready at its first try gets a second; together they stay below the 5 seconds of opening.
 constexpr std::array kPatience = {std::chrono::milliseconds(1500), std::chrono::milliseconds(3000)};
 constexpr std::chrono::milliseconds kGlance{25};
-constexpr int kIdleGlances = 4;
+// A busy machine keeps a thread that is about to work from it for a tenth of a second.
+constexpr int kIdleGlances = 12;
 // Of the playbin's flags: pictures and sound, nothing else.
 constexpr unsigned kPlayPicturesAndSound = 0x3;
 // Sound that is decoded and has no level yet, in nanoseconds: a busy machine holds decoders up for a tenth of
@@ -56,6 +57,11 @@ int CheckFile(const std::string& native_path) {
     close(file);
     if (!is_regular) return kFileRead;
     return facts.st_size == 0 ? kInvalidFile : kNoError;
+}
+
+std::int64_t LengthInside(std::int64_t length, const Recording& recording) {
+    const std::int64_t end = recording.end == 0 ? length : std::min(length, recording.end);
+    return std::max<std::int64_t>(end - recording.begin, 0);
 }
 
 double FrameRateOf(GstElement* picture) {
@@ -219,12 +225,12 @@ void Pipeline::Close() {
     window_.reset();
 }
 
-int Pipeline::Open(const std::string& native_path, std::int64_t parent, bool silent) {
+int Pipeline::Open(const std::string& native_path, std::int64_t parent, bool silent, double rate) {
     if (const int error = CheckFile(native_path)) return error;
     if (!StartGStreamer()) return kHardware;
     int error = kNotReady;
     for (const auto patience : kPatience) {
-        if (!Build(native_path, parent, silent)) return kHardware;
+        if (!Build(native_path, parent, silent, rate)) return kHardware;
         error = Prepare(patience);
         if (error != kNotReady) break;
     }
@@ -234,8 +240,11 @@ int Pipeline::Open(const std::string& native_path, std::int64_t parent, bool sil
     return error == kNotReady ? kInvalidFile : error;
 }
 
-bool Pipeline::Build(const std::string& native_path, std::int64_t parent, bool silent) {
+bool Pipeline::Build(const std::string& native_path, std::int64_t parent, bool silent, double rate) {
     Close();
+    entry_ = std::make_shared<EntryWish>();
+    entry_->recording = RecordingOfFile(native_path);
+    entry_->rate = rate;
     playbin_ = gst_element_factory_make("playbin", nullptr);
     if (playbin_ == nullptr) return false;
     gst_object_ref_sink(playbin_);
@@ -294,7 +303,12 @@ bool Pipeline::IsStill() const {
     return !HasFormat(sound_) && Facts().length <= 0;
 }
 
+std::optional<double> Pipeline::ReadyRate() const {
+    return HasFormat(picture_) ? std::nullopt : std::optional<double>(entry_->rate);
+}
+
 bool Pipeline::Seek(std::int64_t position, std::int64_t stop, double rate) {
+    entry_->rate = 1;
     events_->Clear();
     gain_->Snap();
     const auto flags = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
@@ -326,7 +340,7 @@ MediaFacts Pipeline::Facts() const {
     MediaFacts facts;
     gint64 length = 0;
     if (gst_element_query_duration(playbin_, GST_FORMAT_TIME, &length) != FALSE)
-        facts.length = std::max<std::int64_t>(length, 0);
+        facts.length = LengthInside(length, entry_->recording);
     facts.is_video = HasFormat(picture_);
     if (facts.is_video) facts.frames_per_second = FrameRateOf(picture_);
     return facts;
@@ -388,6 +402,7 @@ GstElement* Pipeline::MakeSoundBin(bool silent) {
     gst_bin_add_many(GST_BIN(bin), tempo, convert, resample, stereo, ahead, sink, nullptr);
     gst_element_link_many(tempo, convert, resample, stereo, ahead, sink, nullptr);
     GstPad* const entry = gst_element_get_static_pad(tempo, "sink");
+    TakeAs(entry, entry_);
     gst_element_add_pad(bin, gst_ghost_pad_new("sink", entry));
     gst_object_unref(entry);
     return bin;

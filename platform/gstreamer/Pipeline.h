@@ -15,9 +15,11 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <utility>
 
+#include "platform/gstreamer/Entry.h"
 #include "platform/gstreamer/Gain.h"
 #include "platform/gstreamer/PictureWindow.h"
 
@@ -59,8 +61,11 @@ public:
     Pipeline& operator=(const Pipeline&) = delete;
 
     /// Makes the file ready at its start, its picture in the window `parent` (0: nowhere). Only a regular
-    /// file is opened. 0, or the number of the error. `silent` asks no sound server.
-    int Open(const std::string& native_path, std::int64_t parent, bool silent);
+    /// file is opened. 0, or the number of the error. `silent` asks no sound server. Sound is made ready for
+    /// the speed `rate`.
+    int Open(const std::string& native_path, std::int64_t parent, bool silent, double rate);
+    /// The speed that what was opened runs at until a jump; none when sound and pictures differ in it.
+    std::optional<double> ReadyRate() const;
     void Play() { SetState(GST_STATE_PLAYING); }
     void Pause() { SetState(GST_STATE_PAUSED); }
     /// Goes to `position` and runs to `stop` (negative: the end) at `rate`, keeping the pitch. What is still
@@ -80,7 +85,7 @@ public:
 
 private:
     void Close();
-    bool Build(const std::string& native_path, std::int64_t parent, bool silent);
+    bool Build(const std::string& native_path, std::int64_t parent, bool silent, double rate);
     int Prepare(std::chrono::milliseconds patience);
     bool HasWorkingThread() const;
     /// Neither sound nor a length: a photograph, or nothing that can be played.
@@ -95,6 +100,7 @@ private:
     static GstBusSyncReply OnMessage(GstBus* bus, GstMessage* message, void* events);
 
     std::shared_ptr<Gain> gain_;
+    std::shared_ptr<EntryWish> entry_ = std::make_shared<EntryWish>();
     std::function<void()> wake_;
     // Of this try; a thread that reports later holds on to the one it knows.
     std::shared_ptr<EventQueue> events_;

@@ -30,8 +30,8 @@ constexpr std::chrono::milliseconds kSeldomGlance{3000};
 constexpr int kGlancesOfARestart = 100;
 constexpr std::chrono::seconds kSoonAgain{2};
 
-double RateOf(const Wish& wish) {
-    return std::clamp(wish.speed / kNormalSpeed, kSlowest, kFastest);
+double RateOf(int speed) {
+    return std::clamp(speed / kNormalSpeed, kSlowest, kFastest);
 }
 
 // Brings one pipeline to what is wished.
@@ -72,14 +72,20 @@ private:
     }
 
     bool Open() {
-        const int error = pipeline_.Open(share_.request.native_path, share_.request.parent, false);
+        const int error = OpenPipeline(false, RateOf(share_.request.likely_speed));
         const MediaFacts facts = error == kNoError ? pipeline_.Facts() : MediaFacts();
         const std::lock_guard lock(share_.mutex);
         share_.facts = facts;
         share_.open_result = error;
         share_.opened.notify_all();
         NoteLevels();
+        // Where sound and pictures differ, any speed is another one.
+        rate_ = error == kNoError ? pipeline_.ReadyRate().value_or(0) : rate_;
         return error == kNoError;
+    }
+
+    int OpenPipeline(bool silent, double rate = 1) {
+        return pipeline_.Open(share_.request.native_path, share_.request.parent, silent, rate);
     }
 
     // The sound of a jump or a start comes a little later than was asked; so the place is looked at once
@@ -99,7 +105,7 @@ private:
         const Wish& wish = share_.wish;
         return share_.closing || share_.event || share_.place_wanted ||
                (share_.server_found && wish.playing) || wish.jump != jump_ || wish.stop != stop_ ||
-               (wish.playing && RateOf(wish) != rate_) || wish.playing != playing_ || wish.put != put_;
+               (wish.playing && RateOf(wish.speed) != rate_) || wish.playing != playing_ || wish.put != put_;
     }
 
     void WaitForStart(Lock& lock) {
@@ -149,7 +155,7 @@ private:
         const auto now = Anchor::Clock::now();
         const bool again = now - std::exchange(broken_at_, now) < kSoonAgain;
         lock.unlock();
-        const int error = pipeline_.Open(share_.request.native_path, share_.request.parent, again);
+        const int error = OpenPipeline(again);
         const bool goes_on = error == kNoError && pipeline_.Seek(place, stop_, rate_);
         if (goes_on && playing_) pipeline_.Play();
         lock.lock();
@@ -184,7 +190,7 @@ private:
         if (!pipeline_.IsSilent() || ended_) return;
         lock.unlock();
         const std::int64_t place = std::max<std::int64_t>(pipeline_.Position(), 0);
-        const int error = pipeline_.Open(share_.request.native_path, share_.request.parent, false);
+        const int error = OpenPipeline(false);
         const bool is_as_it_was = error == kFileNotFound || error == kFileRead;
         const bool goes_on = is_as_it_was || (error == kNoError && pipeline_.Seek(place, stop_, rate_));
         if (goes_on && playing_ && !is_as_it_was) pipeline_.Play();
@@ -232,10 +238,11 @@ private:
     /// True when there was a jump to make.
     bool Move(const Wish& wish) {
         const bool jumps = wish.jump != jump_;
-        const bool restarts = wish.playing && (RateOf(wish) != rate_ || wish.stop != stop_ || IsStale());
+        const bool restarts =
+            wish.playing && (RateOf(wish.speed) != rate_ || wish.stop != stop_ || IsStale());
         if (!jumps && !restarts) return false;
         const std::int64_t position = jumps ? wish.jump_to : std::max<std::int64_t>(pipeline_.Position(), 0);
-        rate_ = RateOf(wish);
+        rate_ = RateOf(wish.speed);
         stop_ = wish.stop;
         jump_ = wish.jump;
         ended_ = false;

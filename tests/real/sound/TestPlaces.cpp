@@ -225,6 +225,28 @@ TEST_F(Places, TheLastSoundOfASongIsHeardWhole) {
     }
 }
 
+// An encoder puts silence around what it is given, and leaves a note of how much.
+TEST_F(Places, AnMp3IsHeardFromTheFirstSampleOfItsRecordingToTheLast) {
+    constexpr double kLoud = 0.15;
+    constexpr double kLength = 1.5;
+    const std::string song =
+        files_.Make("song.mp3", {.seconds = kLength, .wave = "if(lt(mod(t*441\\,2)\\,1)\\,1\\,-1)"});
+    Open(song);
+    const std::size_t begin = server_.Heard();
+    Send("play a");
+    ASSERT_TRUE(server_.WaitForSound());
+    ASSERT_TRUE(server_.WaitForSilence(4));
+
+    const std::vector<float> heard = server_.Between(begin, server_.Heard()).left;
+
+    const std::size_t first = sound::FirstLouderThan(heard, 0.01);
+    const std::size_t last = heard.size() - sound::FirstLouderThan({heard.rbegin(), heard.rend()}, 0.01);
+    EXPECT_NEAR(static_cast<double>(last - first) / kRate, kLength, 0.001);
+    EXPECT_GT(sound::Rms(sound::Piece(heard, first, kRate / 500)), kLoud) << "loud from the start";
+    EXPECT_GT(sound::Rms(sound::Piece(heard, last - kRate / 500, kRate / 500)), kLoud) << "loud to the end";
+    EXPECT_NEAR(std::stod(Ask("status a length")) / 1000, kLength, 0.002);
+}
+
 std::size_t EntriesOf(const char* folder) {
     const std::filesystem::directory_iterator entries(folder);
     return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
