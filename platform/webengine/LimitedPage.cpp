@@ -91,6 +91,8 @@ QStringList LimitedPage::chooseFiles(FileSelectionMode mode, const QStringList& 
 void LimitedPage::LimitChooser(QColorDialog& chooser) {
     if (MayAsk()) return;
     chooser.setAttribute(Qt::WA_DontShowOnScreen);
+    // A modal one that nobody sees would take every click and key of its window as long as it is there.
+    chooser.setWindowModality(Qt::NonModal);
     QTimer::singleShot(0, &chooser, &QDialog::reject);
 }
 

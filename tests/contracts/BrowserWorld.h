@@ -45,7 +45,8 @@ public:
         Completed.emplace_back(url);
         Locations.push_back(browser_.LocationURL());
     }
-    bool OnNavigateError(std::string_view url, int) override {
+    bool OnNavigateError(std::string_view url, int code) override {
+        Codes.push_back(code);
         Failed.emplace_back(url);
         return true;
     }
@@ -61,6 +62,7 @@ public:
     std::vector<std::string> Completed;
     std::vector<std::string> Locations;
     std::vector<std::string> Failed;
+    std::vector<int> Codes;  // of those that failed
     int Windows = 0;
     int WindowsBehind = 0;
     int Closings = 0;

@@ -1,6 +1,7 @@
 #include "platform/webengine/SecureServer.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QHostAddress>
 #include <QProcess>
@@ -35,7 +36,7 @@ QByteArray Contents(const QString& path) {
 
 }  // namespace
 
-SecureServer::SecureServer(const CertificateWishes& wishes) {
+SecureServer::SecureServer(const CertificateWishes& wishes) : wishes_(wishes) {
     Make(wishes);
     if (!listen(QHostAddress::LocalHost)) throw std::runtime_error("no port on 127.0.0.1");
 }
@@ -57,16 +58,27 @@ void SecureServer::Make(const CertificateWishes& wishes) {
                         "\nnew_certs_dir=" + folder_.path().toUtf8() +
                         "\ndefault_md=sha256\npolicy=any\n[any]\ncommonName=supplied\n");
     const QDateTime today = QDateTime::currentDateTimeUtc();
-    Run({"ca", "-batch", "-selfsign", "-notext", "-config", settings, "-keyfile", key, "-in", request, "-out",
-         certificate, "-extfile", extensions, "-startdate", Moment(today.addDays(-30)), "-enddate",
-         Moment(today.addDays(wishes.expired ? -3 : 30))});
+    const QDir home = QDir::home();
+    const QStringList issuer = wishes.trusted ? QStringList{"-cert", home.filePath("authority.pem"),
+                                                            "-keyfile", home.filePath("authority.key")}
+                                              : QStringList{"-selfsign", "-keyfile", key};
+    Run(QStringList{"ca", "-batch", "-notext", "-config", settings} + issuer +
+        QStringList{"-in", request, "-out", certificate, "-extfile", extensions, "-startdate",
+                    Moment(today.addDays(-30)), "-enddate", Moment(today.addDays(wishes.expired ? -3 : 30))});
     certificate_ = QSslCertificate(Contents(certificate));
     key_ = QSslKey(Contents(key), QSsl::Rsa);
     if (certificate_.isNull() || key_.isNull()) throw std::runtime_error("no certificate");
 }
 
 std::string SecureServer::Address() const {
-    return "https://localhost:" + std::to_string(serverPort());
+    return "https://" + wishes_.at + ":" + std::to_string(serverPort());
+}
+
+QByteArray SecureServer::Reply() const {
+    const QByteArray page = "<title>Secret words</title>secret";
+    QByteArray head = "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n";
+    if (wishes_.only_encrypted) head += "Strict-Transport-Security: max-age=600\r\n";
+    return head + "Content-Length: " + QByteArray::number(page.size()) + "\r\n\r\n" + page;
 }
 
 void SecureServer::incomingConnection(qintptr handle) {
@@ -78,9 +90,7 @@ void SecureServer::incomingConnection(qintptr handle) {
     connect(socket, &QSslSocket::readyRead, socket, [this, socket] {
         if (!socket->readAll().contains("\r\n\r\n")) return;
         ++served_;
-        const QByteArray page = "<title>Secret words</title>secret";
-        socket->write("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\nContent-Length: " +
-                      QByteArray::number(page.size()) + "\r\n\r\n" + page);
+        socket->write(Reply());
         socket->disconnectFromHost();
     });
     socket->startServerEncryption();

@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTimer>
+#include <QWindow>
 
 #include "platform/webengine/EngineWorld.h"
 #include "platform/webengine/NoticePage.h"
@@ -14,6 +15,20 @@ namespace {
 
 using webengine_tests::EngineWorld;
 using webengine_tests::WaitFor;
+
+/// How often a window was kept from its user by a modal one.
+class BlockCount final : public QObject {
+public:
+    int Blocked = 0;
+    int Freed = 0;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::WindowBlocked) ++Blocked;
+        if (event->type() == QEvent::WindowUnblocked) ++Freed;
+        return QObject::eventFilter(watched, event);
+    }
+};
 
 class EnginePage : public testing::Test {
 protected:
@@ -362,10 +377,14 @@ TEST_F(EnginePage, ColourChoosersPassTheLimitOfBoxes) {
         }
     });
     closer.start(5);
+    BlockCount blocks;
+    world.Window().windowHandle()->installEventFilter(&blocks);
     world.Browser().Navigate(world.Site + "/colours");
 
     ASSERT_TRUE(WaitFor([&] { return Asked("/tick") >= 30; }));
     EXPECT_LE(choosers, 3);
+    EXPECT_LE(blocks.Blocked, 3) << "the window takes clicks as if there was none";
+    EXPECT_EQ(blocks.Blocked, blocks.Freed);
 }
 
 TEST_F(EnginePage, AWindowThatClosesItselfIsTold) {

@@ -335,6 +335,38 @@ TEST_F(BadCertificate, OneForAnotherHostAndAnExpiredOneAreRefusedWithAllTheirRea
     EXPECT_EQ(other.Served() + old.Served(), 0);
 }
 
+TEST_F(BadCertificate, OneThatLacksOnlyOneThingIsRefusedForThatAlone) {
+    const SecureServer good({.trusted = true});
+    const SecureServer other({.host = "owl.example", .trusted = true});
+    const SecureServer old({.expired = true, .trusted = true});
+    ASSERT_TRUE(Arrive(good.Address() + "/")) << "or the refusals would say nothing";
+
+    ASSERT_TRUE(Fail(other.Address() + "/"));
+    EXPECT_EQ(heard.Codes.back(), -200);
+    const std::string for_another = "The certificate of localhost is for another host.";
+    EXPECT_EQ(WordsOf("failure").substr(0, for_another.size()), for_another);
+
+    ASSERT_TRUE(Fail(old.Address() + "/"));
+    EXPECT_EQ(heard.Codes.back(), -201);
+    const std::string expired = "The certificate of localhost is not valid today";
+    EXPECT_EQ(WordsOf("failure").substr(0, expired.size()), expired);
+    EXPECT_EQ(other.Served() + old.Served(), 0);
+}
+
+TEST_F(BadCertificate, NothingIsPassedWhereTheSiteForbidsIt) {
+    const SecureServer strict(
+        {.host = "strict.localhost", .trusted = true, .at = "strict.localhost", .only_encrypted = true});
+    const SecureServer bad({.host = "strict.localhost", .at = "strict.localhost"});
+    ASSERT_TRUE(Arrive(strict.Address() + "/"));
+
+    ASSERT_TRUE(Fail(bad.Address() + "/"));
+
+    ASSERT_NE(Bar("failure"), nullptr);
+    EXPECT_NE(Button("failure", "Certificate"), nullptr);
+    EXPECT_EQ(Button("failure", "Go on all the same"), nullptr);
+    EXPECT_EQ(bad.Served(), 0);
+}
+
 TEST_F(BadCertificate, ItIsPassedAfterAWarningForThisHostAndCertificateOnly) {
     const SecureServer server({});
     const SecureServer other({});

@@ -134,6 +134,12 @@ WEIGHTS = [
 # What hangs comes last: a page that was closed may hold up one of the same site.
 TABLE = WAYS + FLOODS + WEIGHTS + LOOPS
 
+# Those that every run of the tests has time for are all but these, each of which has a like among the others.
+RARE = {"redirect to a file", "redirect to the own scheme", "foreign schemes", "login page as its own frame",
+        "notification flood", "file chooser flood", "focus flood", "memory", "workers", "huge favicon", "drawing",
+        "blown-up text", "beforeunload at the close of its tab", "endless script on a click", "meta refresh loop",
+        "redirect loop", "window that closes itself"}
+
 # What a server may call a file. The text is put into the header as it stands.
 DOWNLOAD_NAMES = [
     'filename="../../../escape-' + MARK + '.txt"',

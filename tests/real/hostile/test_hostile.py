@@ -1,4 +1,5 @@
-"""Pages that mean harm, on the real program, while music plays: `test_hostile.py BUILD_FOLDER [--seconds N] [NAME...]`.
+"""Pages that mean harm, on the real program, while music plays: `test_hostile.py BUILD_FOLDER [--seconds N] [NAME...]`,
+with "all" for every page of the table.
 
 Each page of `hostile_pages.py` gets a tab and some seconds, in which a person clicks into it. Then the person leaves it:
 Escape for whatever box is open, the music tab, all tabs closed. Measured all the while: how long the main window took to
@@ -23,7 +24,7 @@ import gaps
 import stage as stages
 from answering import Answering
 from browsing import MUSIC_CAPTION, Browsing, Failed, check
-from hostile_pages import MARK, SECRET_NAME, SECRET_WORD, TABLE
+from hostile_pages import MARK, RARE, SECRET_NAME, SECRET_WORD, TABLE
 from stage import SAMPLE_RATE, Recorder, StageError, wait_for
 
 # Bounds of the test, which must hold beside other work; what is measured is printed, and is far below on a quiet machine.
@@ -35,6 +36,7 @@ MOST_BOXES = 12             # that a person has to put away before the page can 
 MOST_TABS = 45
 MOST_MEMORY = 1500          # MiB of the program's own process
 SECONDS = 1.2
+LONGEST_ARRIVAL = 90        # seconds; what a closed page left may keep both processors for a while
 
 
 class Hostility(Browsing):
@@ -191,9 +193,9 @@ class Hostility(Browsing):
         self.stage.type(address)
         self.stage.key("Return")
         if row.arrives and row.path != "file":
-            wait_for(f"'{row.name}' to be asked for", lambda: len(self.asked(row.scheme)) > before, 20)
+            self.wait_for_page(f"'{row.name}' to be asked for", lambda: len(self.asked(row.scheme)) > before)
         if row.script or "pal.example" in row.path:
-            wait_for(f"the script of '{row.name}' to begin", lambda: self.began() > began, 20)
+            self.wait_for_page(f"the script of '{row.name}' to begin", lambda: self.began() > began)
         self.suffer(row)
         boxes, click = self.leave()
         self.close_all()
@@ -203,6 +205,11 @@ class Hostility(Browsing):
         # The recordings lag by a little.
         wait_for("the recording", lambda end=self.music.seconds() + 0.1: self.music.seconds() > end)
         return self.note(row, answers, places, boxes, click)
+
+    def wait_for_page(self, what, is_there):
+        """As long as it takes, while the program lives."""
+        wait_for(what, lambda: is_there() or self.program.poll() is not None, LONGEST_ARRIVAL)
+        self.must_run()
 
     def suffer(self, row):
         end = time.monotonic() + self.seconds
@@ -276,7 +283,7 @@ class Hostility(Browsing):
         for file in [*self.stage.folder.rglob("*"), *pathlib.Path("/tmp").glob("*")]:
             if MARK in file.name or "escape-" in file.name:
                 check(file.parent == self.downloads, f"{file} lies outside the download folder")
-        for file in self.downloads.iterdir():
+        for file in self.downloads.iterdir() if self.downloads.is_dir() else []:
             name = file.name
             check(name.isprintable() and not name.startswith((".", "-", "~")) and len(name.encode()) <= 255
                   and not re.search("[\u200b-\u200f\u202a-\u202e\u2066-\u2069/\\\\]", name), f"a download is called {name!r}")
@@ -322,8 +329,10 @@ def main():
     parser.add_argument("names", nargs="*")
     parser.add_argument("--seconds", type=float, default=SECONDS)
     options = parser.parse_args()
-    # One in three is what every run of the tests has time for.
-    rows = [row for row in TABLE if row.name in options.names or "all" in options.names] if options.names else TABLE[::3]
+    if options.names:
+        rows = [row for row in TABLE if row.name in options.names or "all" in options.names]
+    else:
+        rows = [row for row in TABLE if row.name not in RARE]
     with stages.Stage(build) as stage:
         person = Hostility(stage, options.seconds)
         try:
