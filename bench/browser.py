@@ -1,11 +1,12 @@
 """Measures pages and tabs of the whole program on a stage of its own, beside a bare window of the same page engine.
 
-    python3 bench/browser.py BUILD [open|memory|switch|closed|covered]... [--seconds N]
+    python3 bench/browser.py BUILD [open|memory|switch|closed|covered|reader]... [--seconds N]
 
 "open": from Enter to the request at the server and to the page's second frame, in the first tab and in later ones.
 "memory": what the process and its children hold with 1 and 10 tabs. "switch": from a click on a tab to the first pixel of
 its page. "closed": how soon the memory of a closed tab comes back. "covered": 100 tabs, 90 of them covered for --seconds,
-against the same 100 just opened.
+against the same 100 just opened. "reader": what pages that do too much cost the window, with a desktop that says there is a
+screen reader and with one that does not.
 """
 
 import argparse
@@ -24,12 +25,21 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
 import program as programs
 import stage as stages
+from answering import Answering
 from screening import Screening
 
 RUNS = 9
 PAGE = """<!doctype html><title>{path}</title><link rel=icon href="data:,"><style>body {{ background: {colour} }}</style>
 <script>requestAnimationFrame(() => requestAnimationFrame(() => fetch("/frame{path}")));
 const kept = []; for (let i = 0; i < {weight}; i++) kept.push(new Uint8Array(1 << 20).fill(i + 1));</script>"""
+# Pages that give a screen reader much to read.
+TIRING = {
+    "/titles": "<title>titles</title><script>let n = 0; setInterval(() => { for (let i = 0; i < 50; i++)"
+               " document.title = ++n + 'x'.repeat(3000) }, 1)</script>",
+    "/nodes": "<title>nodes</title><script>let b = ''; for (let i = 0; i < 2000; i++) b += '<p>' + 'node '.repeat(8);"
+              "const go = () => { const d = document.createElement('div'); d.innerHTML = b; document.body.append(d);"
+              "if (document.body.childElementCount < 200) setTimeout(go) }; onload = go</script><body>",
+}
 HEAVY = 200     # MiB that a heavy page holds
 COLOURS = [(0x1F, 0x6F, 0x8B), (0x8B, 0x3A, 0x1F)]
 
@@ -46,8 +56,9 @@ class Site:
             def do_GET(self):
                 times.setdefault(self.path, time.monotonic())
                 number = int("".join(filter(str.isdigit, self.path)) or 0)
-                data = PAGE.format(path=self.path, colour="#%02x%02x%02x" % COLOURS[number % 2],
-                                   weight=HEAVY if "heavy" in self.path else 0).encode()
+                data = (TIRING.get(self.path) or PAGE.format(
+                    path=self.path, colour="#%02x%02x%02x" % COLOURS[number % 2],
+                    weight=HEAVY if "heavy" in self.path else 0)).encode()
                 self.send_response(200)
                 self.send_header("Content-Type", "text/html")
                 self.send_header("Content-Length", str(len(data)))
@@ -148,6 +159,13 @@ class Subject:
         """(milliseconds to the request, to the second frame, of processor up to the request) of a page in a new tab."""
         path = path or f"/{self.name}-{self.count}"
         self.count += 1
+        busy, begin = self.start(path)
+        busy = self.busy() - busy
+        frame = self.site.wait_for("/frame" + path)
+        return (self.site.times[path] - begin) * 1000, (frame - begin) * 1000, busy
+
+    def start(self, path):
+        """Asks for a page; what `busy` said, and when, as Enter was pressed."""
         if self.address:
             self.hand.click(*self.address)
         self.stage.key("ctrl+a")
@@ -155,9 +173,7 @@ class Subject:
         time.sleep(0.3)
         busy, begin = self.busy(), self.hand.key(ENTER)
         self.site.wait_for(path)
-        busy = self.busy() - busy
-        frame = self.site.wait_for("/frame" + path)
-        return (self.site.times[path] - begin) * 1000, (frame - begin) * 1000, busy
+        return busy, begin
 
     def busy(self):
         """Milliseconds of processor that the thread of the window has had: a figure that other work does not change."""
@@ -313,6 +329,30 @@ def measure_covered(stage, site, places, seconds):
         print(f"program: 10 tabs {ten:.0f} MiB, 100 tabs {live:.0f}, covered for {seconds} s {memory(program.process.pid):.0f}")
     finally:
         program.end()
+
+
+def measure_reader(stage, site, places):
+    for path in TIRING:
+        for is_there in (True, False):
+            stage.environment.update({"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"} if is_there else {})
+            program = Program(stage, site, places)
+            stage.environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", None)
+            site.times.clear()
+            program.start(path)
+            # The window is made again with its first page.
+            answering = Answering(stage.environment["DISPLAY"], stage.window("Brindlepost - "))
+            begin = time.monotonic()
+            try:
+                time.sleep(3)
+                program.hand.click(640, 500)
+                time.sleep(12)
+                own = int(pathlib.Path(f"/proc/{program.process.pid}/statm").read_text().split()[1]) * 4096 / (1 << 20)
+                print(f"program: {path} for 15 s, reader {'wanted' if is_there else 'not wanted'}: longest answer of the window "
+                      f"{answering.longest(begin) * 1000:.0f} ms, its own process {own:.0f} MiB, "
+                      f"all {memory(program.process.pid):.0f}", flush=True)
+            finally:
+                answering.close()
+                program.end()
 
 
 def main():

@@ -72,7 +72,8 @@ class Site:
 
         self._server = Server(("127.0.0.1", 0), Handler)
         self.port = self._server.server_address[1]
-        self._thread = threading.Thread(target=self._server.serve_forever)
+        # A scene that does not come about must not wait for it.
+        self._thread = threading.Thread(target=self._server.serve_forever, daemon=True)
         self._thread.start()
 
     def _take(self, path):

@@ -35,7 +35,7 @@ PAGES = {
 class Life(Browsing):
 
     def add_bob(self):
-        self._sql("dbLogin", "insert into tblLogin values('bob','secret',' ',' ',' ',' ',' ',' ','True','False')")
+        self._sql("dbLogin", "insert into tblLogin values('bob','secret',' ',' ',' ',' ',' ',' ','False','False')")
 
     # -- links --
 
@@ -143,9 +143,9 @@ class Life(Browsing):
         self.log_in("ada")
         self.look("who-ada", 1)
         self.end()
-        # The first of the names logs in by itself.
-        self.start()
-        self.window_id = self.largest_window()
+        # Who logged in last is logged in again.
+        self.program = self.stage.launch(self.application)
+        self.wait_for_main_window()
         self.look("who-ada", 2)
         self.log_in("bob")
         self.look("who-bob", 2)
@@ -162,20 +162,27 @@ class Life(Browsing):
         self.wait_for_caption("Look")
 
     def log_in(self, name):
-        """As another user, after a log out."""
+        """As another user, after a log out with a tab open."""
         self.menu("File", "Log Out")
+        self.stage.window("Log Out Brindlepost$")
+        self.stage.click(*self.eyes.centre("Yes", "push button"))
         self.stage.window("Brindlepost - Login$")
         x, y, width, height = self.eyes.rect(self._users())
         self.stage.click(x + width // 2, y + height // 2)
-        self.stage.click(*self.eyes.centre(name, "list item"))
+        self.stage.key("ctrl+a")
+        self.stage.type(name)
         wait_for("the name in its box", lambda: self._users().get_name() == name)
         self.stage.click(*self.eyes.centre("Password", "password text"))
         self.stage.key("ctrl+a")
         self.stage.type("secret")
         self.stage.key("Return")
         wait_for("the login to go", lambda: not self.stage.has_window("Brindlepost - Login"))
-        self.window_id = self.stage.window("Brindlepost - Music Player", 30)
-        wait_for("the splash to go", lambda: not self.stage.has_window("Brindlepost$"), 30)
+        self.wait_for_main_window()
+
+    def wait_for_main_window(self):
+        """The splash shows above it at first."""
+        wait_for("the main window alone", lambda: len(self.stage.stacking()) == 1 and self.eyes.shows("Address", "text"), 60)
+        self.window_id = self.largest_window()
 
     def _users(self):
         """The box of names in the login."""
