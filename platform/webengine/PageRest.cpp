@@ -1,5 +1,7 @@
 #include "platform/webengine/PageRest.h"
 
+#include <malloc.h>
+
 #include <QPointer>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineScript>
@@ -30,6 +32,14 @@ constexpr const char* kIsFilledIn = R"((() => {
     return false;
 })())";
 
+/// What a page sent faster than it was read waits in this process, and the allocator keeps what is freed of
+/// it.
+void GiveMemoryBack() {
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
+}
+
 }  // namespace
 
 RestHouse::RestHouse(RestTimes times) : times_(times) {
@@ -53,11 +63,14 @@ void RestHouse::Look() {
     for (std::size_t i = times_.most_covered; i < covered.size(); ++i) {
         if (covered[i]->UnseenForMs() >= times_.covered.count()) covered[i]->DiscardCovered();
     }
+    bool is_less = false;
     const std::vector<PageRest*> closed = Unseen(PageSeen::Closed);
     for (std::size_t i = 0; i < closed.size(); ++i) {
-        if (i >= times_.most_closed || closed[i]->UnseenForMs() >= times_.closed.count())
-            closed[i]->DiscardClosed();
+        if (i < times_.most_closed && closed[i]->UnseenForMs() < times_.closed.count()) continue;
+        closed[i]->DiscardClosed();
+        is_less = is_less || closed[i]->IsDiscarded();
     }
+    if (is_less) GiveMemoryBack();
 }
 
 PageRest::PageRest(QWebEnginePage& page, RestHouse& house) : QObject(&page), page_(page), house_(house) {

@@ -36,6 +36,8 @@ bool UserInput::eventFilter(QObject* watched, QEvent* event) {
             }
             break;
         case QEvent::KeyPress:
+            // Whoever wants to be left alone does not ask for more.
+            if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) break;
             if (Writes(static_cast<QKeyEvent&>(*event)) && wrote) wrote();
             [[fallthrough]];
         case QEvent::MouseButtonPress:

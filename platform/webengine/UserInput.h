@@ -14,7 +14,7 @@ public:
     /// Watches the view and the widgets that the engine puts into it.
     explicit UserInput(QWidget& view);
 
-    /// A button or a key was pressed, or something was dropped.
+    /// A button or a key but Escape was pressed, or something was dropped.
     std::function<void()> pressed;
     /// A key that writes, or a drop: the page may hold something of the user's now.
     std::function<void()> wrote;

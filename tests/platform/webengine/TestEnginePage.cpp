@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QKeyEvent>
 #include <QTimer>
 #include <QWindow>
 
@@ -333,6 +334,29 @@ TEST_F(EnginePage, APressInThePageLetsItAskAgain) {
     ASSERT_TRUE(world.PressInPage());
 
     EXPECT_TRUE(WaitFor([&] { return boxes == 6; }));
+}
+
+TEST_F(EnginePage, EscapeDoesNotLetAPageAskAgain) {
+    Serve(
+        "/nag",
+        "<title>Nag</title><script>setInterval(() => { if (!confirm('again?')) fetch('/no') }, 10)</script>");
+    int boxes = 0;
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, &closer, [&boxes] {
+        if (QWidget* box = QApplication::activeModalWidget(); box != nullptr) ++boxes, box->close();
+    });
+    closer.start(10);
+    world.Browser().Navigate(world.Site + "/nag");
+    ASSERT_TRUE(WaitFor([&] { return Asked("/no") >= 8; }));
+
+    const int refused = Asked("/no");
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    for (QWidget* widget : world.Window().findChildren<QWidget*>()) {
+        if (widget->inherits("QWebEngineView")) QApplication::sendEvent(widget->focusProxy(), &press);
+    }
+
+    ASSERT_TRUE(WaitFor([&] { return Asked("/no") > refused + 8; }));
+    EXPECT_EQ(boxes, 3);
 }
 
 TEST_F(EnginePage, AHostThatSwallowsWhatIsEncryptedIsSoonAskedWithout) {

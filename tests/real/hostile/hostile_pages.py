@@ -12,7 +12,9 @@ SECRET_WORD = "marked-word-of-ada"
 MEGABYTE = 1 << 20
 
 # What a page told is harmless; what it got hold of is not.
-BEGAN = "new Image().src = '/told/began?' + Math.random();"
+# What lets nothing else happen waits until the word is out: `begun(what)`.
+BEGAN = ("const word = new Image(); word.src = '/told/began?' + Math.random();"
+         "const begun = (act) => { word.onload = word.onerror = act };")
 GOT = BEGAN + "const got = (word) => { new Image().src = '/got/' + encodeURIComponent(String(word).slice(0, 200)) };"
 
 
@@ -36,15 +38,14 @@ def again(statement, every=10):
 
 
 LOOPS = [
-    Hostile("alert loop", "setTimeout(() => { for (let i = 0; ; i++) alert('alert ' + i) }, 100)"),
-    Hostile("confirm and prompt loop", "setTimeout(() => { for (let i = 0; ; i++) { confirm('sure ' + i); prompt('name ' + i) } },"
-            " 100)"),
+    Hostile("alert loop", "begun(() => { for (let i = 0; ; i++) alert('alert ' + i) })"),
+    Hostile("confirm and prompt loop", "begun(() => { for (let i = 0; ; i++) { confirm('sure ' + i); prompt('name ' + i) } })"),
     Hostile("print loop", again("print()")),
     Hostile("beforeunload loop", "onbeforeunload = (e) => { e.preventDefault(); return e.returnValue = 'stay' };"
             + again("location.reload()", 50)),
     Hostile("beforeunload at the close of its tab", "onbeforeunload = (e) => { e.preventDefault(); e.returnValue = 'stay';"
             " for (const end = Date.now() + 20000; Date.now() < end;); return 'stay' };"),
-    Hostile("endless script", "setTimeout(() => { for (;;); }, 100)"),
+    Hostile("endless script", "begun(() => { for (;;); })"),
     Hostile("endless script on a click", "document.onclick = () => { for (;;); }"),
     Hostile("meta refresh loop", head="<meta http-equiv=refresh content=0>"),
     Hostile("redirect loop", path="/redirect/0"),
