@@ -14,7 +14,7 @@ using gstreamer::Verb;
 // The engine itself waits a second for a sound server that does not take the rest.
 constexpr std::chrono::milliseconds kFarewell{1300};
 // A process that is gone so soon after it was asked may have been going before.
-constexpr std::chrono::milliseconds kAtOnce{50};
+constexpr std::chrono::milliseconds kAtOnce{500};
 
 ports::MediaReply Error(int error) {
     return {.error = error, .text = {}};
@@ -93,8 +93,10 @@ std::optional<ports::MediaReply> MediaProcesses::AskToOpen(Channel& channel, con
     if (!channel.songs.contains(alias)) channel.process.Gate().Hand(path);
     std::optional<ports::MediaReply> reply = channel.process.Ask(std::string(text), path);
     if (!reply) {
+        const bool hung = channel.process.HasHung();
         channel.songs.clear();
         channel.process.Start();
+        if (hung) return Error(gstreamer::kNotReady);
     } else if (reply->error == gstreamer::kNoError) {
         channel.songs[alias] = path;
     } else if (!channel.songs.contains(alias)) {

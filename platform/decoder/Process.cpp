@@ -135,7 +135,8 @@ std::optional<ports::MediaReply> Process::Ask(std::string text, std::string path
     if (arrival == Arrival::Message) vain_starts_ = 0;
     if (arrival == Arrival::Message)
         return ports::MediaReply{.error = message.error, .text = std::move(message.text)};
-    Kill(arrival == Arrival::TooLate ? "did not answer" : nullptr);
+    has_hung_ = arrival == Arrival::TooLate;
+    Kill(has_hung_ ? "did not answer" : nullptr);
     return std::nullopt;
 }
 

@@ -46,6 +46,8 @@ public:
     bool IsReady() { return gate_ != nullptr && gate_->IsReady(); }
     /// Nothing when the process ended over it, or was ended because no answer came.
     std::optional<ports::MediaReply> Ask(std::string text, std::string path);
+    /// The last question was not answered in time.
+    bool HasHung() const { return has_hung_; }
 
     /// Of a process that is ready.
     Gatekeeper& Gate() { return *gate_; }
@@ -73,6 +75,7 @@ private:
     std::uint32_t serial_ = 0;
     Clock::time_point started_;
     Clock::time_point not_before_;
+    bool has_hung_ = false;
     int vain_starts_ = 0;         // since the last answer
     std::vector<pid_t> leaving_;  // were made to end, and have not yet
 };
