@@ -82,13 +82,15 @@ public:
     PageEnds(const PageEnds&) = delete;
     PageEnds& operator=(const PageEnds&) = delete;
 
-    qt::ScreenOptions Options(std::function<std::string(const std::string&)> from_native) {
+    qt::ScreenOptions Options(std::function<std::string(const std::string&)> from_native,
+                              std::function<bool(const std::string&)> is_folder) {
         return {folder_,
                 std::move(from_native),
                 [this] { return webengine::LoadPages(folder_, settings_); },
                 [this](std::string_view user) { kept_.RemoveEngines(user); },
                 [this](std::string_view user) { kept_.Remove(user); },
-                [this] { return webengine::EngineVersion(folder_); }};
+                [this] { return webengine::EngineVersion(folder_); },
+                std::move(is_folder)};
     }
     void Know(window::MainWindow& house) { house_ = &house; }
     void ShowFilesWith(dbus::BusFileManager& manager) {
@@ -156,6 +158,10 @@ int RunProgram(int argc, char** argv) {
     const auto to_native = [&files](std::string_view path) { return files.ToNative(path); };
     const auto from_native = [&files](std::string_view path) { return files.FromNative(path); };
 
+    const auto is_folder = [&files](const std::string& native) {
+        return files.IsFolder(files.FromNative(native));
+    };
+
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     qt::Loop loop;
     const qt::Application application(argv[0], loop);
@@ -185,7 +191,7 @@ int RunProgram(int argc, char** argv) {
     dbus::BusFileManager file_manager(bus);
     PageEnds pages(to_native, notices, folder);
     pages.ShowFilesWith(file_manager);
-    qt::Screen screen(loop, pages.Options(from_native));
+    qt::Screen screen(loop, pages.Options(from_native, is_folder));
     screen.AfterFirstPaint = [&media, &bus] {
         media.WarmUp();
         bus.Join();

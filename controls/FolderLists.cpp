@@ -108,7 +108,8 @@ std::string_view DirListBox::RowPath(int row) const {
 }
 
 void DirListBox::DirListBox_DblClick() {
-    OpenRow(ListIndex());
+    const std::string path(RowPath(ListIndex()));
+    if (!path.empty() && !SetPath(path)) Unreachable.Raise(path);
 }
 
 void DirListBox::ShowFolder() {

@@ -61,6 +61,8 @@ public:
 
     /// Path has changed.
     Event<> Change;
+    /// The folder of a row that was double clicked cannot be gone to; with its path.
+    Event<std::string_view> Unreachable;
 
 private:
     void DirListBox_DblClick();

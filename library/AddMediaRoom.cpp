@@ -13,6 +13,8 @@ namespace library {
 namespace {
 
 constexpr std::string_view kNoneFound = "None Found";
+constexpr std::string_view kGone = "The folder is not there any more.";
+constexpr std::string_view kSilent = "The folder does not answer. Try again later.";
 constexpr int kTicksBeforeSearch = 5;
 constexpr std::size_t kRowsBetweenProgress = 100;
 
@@ -46,6 +48,7 @@ void AddMediaRoom::ClaimWindow() {
     claims_.Claim(form_.frmAddMedia.Unload, [this](bool&) { Form_Unload(); });
     claims_.Claim(form_.frmAddMedia.KeyDown, [this](int key_code, int) { Form_KeyDown(key_code); });
     claims_.Claim(form_.Drive1.Change, [this] { Drive1_Change(); });
+    claims_.Claim(form_.Dir1.Unreachable, [this](std::string_view folder) { Dir1_Unreachable(folder); });
     claims_.Claim(form_.cmdGetFiles.Click, [this] { cmdGetFiles_Click(); });
     claims_.Claim(form_.cmdCancel.Click, [this] { cmdCancel_Click(); });
     claims_.Claim(form_.tmrSearch.Tick, [this] { tmrSearch_Tick(); });
@@ -109,7 +112,13 @@ void AddMediaRoom::Drive1_Change() {
     if (form_.Dir1.SetPath(drive + "\\")) return;
     form_.Drive1.ReadDrives();
     form_.Drive1.SetDrive(form_.Dir1.Path());
-    form_.lblNotice.SetCaption("The drive " + drive + " can not be read.");
+    const bool is_silent = ports_.files.IsSilent(drive + "\\");
+    form_.lblNotice.SetCaption("The drive " + drive +
+                               (is_silent ? " does not answer." : " can not be read."));
+}
+
+void AddMediaRoom::Dir1_Unreachable(std::string_view folder) {
+    form_.lblNotice.SetCaption(ports_.files.IsSilent(folder) ? kSilent : kGone);
 }
 
 void AddMediaRoom::Form_KeyDown(int key_code) {
@@ -145,7 +154,7 @@ void AddMediaRoom::ShowResult(const std::string& folder) {
 
 std::string AddMediaRoom::NoticeOfSearch(const std::string& folder) const {
     if (walk_.WasCancelled()) return "The search was stopped. There may be more files.";
-    if (!ports_.files.IsFolder(folder)) return "The folder is not there any more.";
+    if (!ports_.files.IsFolder(folder)) return std::string(ports_.files.IsSilent(folder) ? kSilent : kGone);
     const int unreadable = walk_.UnreadableFolders();
     if (unreadable == 0) return {};
     return base::ToText(unreadable) + (unreadable == 1 ? " folder" : " folders") + " could not be read.";

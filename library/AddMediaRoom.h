@@ -54,6 +54,7 @@ private:
     void Form_Unload();
     void Form_KeyDown(int key_code);
     void Drive1_Change();
+    void Dir1_Unreachable(std::string_view folder);
     void cmdGetFiles_Click();
     void cmdCancel_Click();
     void tmrSearch_Tick();

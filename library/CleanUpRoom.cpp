@@ -25,7 +25,10 @@ CleanUpRoom::CleanUpRoom(CleanUpControls& controls, CleanUpMenu& menu, CleanUpSt
 // The menu stays open to the user while a task yields.
 void CleanUpRoom::mnuCleanUp_Click() {
     if (task_.IsBusy()) return;
-    task_.Run([this] { CleanUp(); });
+    task_.Run([this] {
+        CleanUp();
+        TellUnknown();
+    });
 }
 
 void CleanUpRoom::CleanUp() {
@@ -33,6 +36,7 @@ void CleanUpRoom::CleanUp() {
                     .found = "Duplicates found:",
                     .removed = "Duplicates removed:"});
     songs_removed_ = 0;
+    songs_unknown_ = 0;
     if (!IsConfirmed()) return;
     ShowPanel();
     store::RecordSet songs;
@@ -82,6 +86,8 @@ void CleanUpRoom::SearchFile(store::RecordSet& song) {
     if (path.empty()) return;
     if (FileExists(ports_.files, path)) {
         controls_.lstCleanup.AddItem(path);
+    } else if (ports_.files.IsSilent(path)) {
+        ++songs_unknown_;
     } else {
         song.Delete();
         task_.ShowRemoved(++songs_removed_);
@@ -117,6 +123,14 @@ void CleanUpRoom::ShowResult() {
     stores_.datSong.Refresh();
     lists_.Command1();
     task_.HidePanel();
+}
+
+void CleanUpRoom::TellUnknown() {
+    if (songs_unknown_ == 0 || !task_.MayGoOn()) return;
+    ports_.dialogs.MsgBox(base::ToText(songs_unknown_) +
+                              (songs_unknown_ == 1 ? " song stays: its place" : " songs stay: their place") +
+                              " does not answer, so nobody knows whether the files are there.",
+                          ports::BoxButtons::Ok, "Clean-up Duplicates");
 }
 
 void CleanUpRoom::BeginPhase(std::string_view status, std::size_t steps) {

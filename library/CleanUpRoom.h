@@ -53,6 +53,7 @@ private:
     bool FindDuplicates();
     void SkipDuplicates(store::RecordSet& songs);
     void ShowResult();
+    void TellUnknown();
     void BeginPhase(std::string_view status, std::size_t steps);
 
     CleanUpControls& controls_;
@@ -62,6 +63,7 @@ private:
     roles::TrackLists& lists_;
     CleanUpPorts ports_;
     std::int64_t songs_removed_ = 0;
+    std::int64_t songs_unknown_ = 0;  ///< what they are on does not answer
     controls::EventClaims claims_;
 };
 

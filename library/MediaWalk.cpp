@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::string_view kAudioFormats = "AUDIO FORMATS";
 constexpr std::string_view kVideoFormats = "VIDEO FORMATS";
+constexpr std::string_view kSilent = " does not answer";
 
 }  // namespace
 
@@ -67,7 +68,7 @@ void MediaWalk::SearchLinks() {
 // What is in the folder, as far as it is still to be searched.
 ports::FolderListing MediaWalk::Visit(const std::string& folder, int level) {
     std::optional<ports::FolderListing> listing =
-        files_.ListFolder(folder, [this] { return YieldAndGoOn(); });
+        files_.ListFolder(folder, [this, &folder] { return WaitFor(folder); });
     if (!listing) {
         if (!IsCancelled()) ++unreadable_folders_;
         return {};
@@ -98,6 +99,12 @@ bool MediaWalk::YieldAndGoOn() {
     if (IsCancelled()) return false;
     loop_.Yield();
     return !IsCancelled();
+}
+
+bool MediaWalk::WaitFor(const std::string& folder) {
+    if (files_.IsSilent(folder))
+        controls_.lblDirectory.SetCaption(files_.DisplayPath(folder).append(kSilent));
+    return YieldAndGoOn();
 }
 
 bool MediaWalk::IsWanted(std::string_view file) const {

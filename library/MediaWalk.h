@@ -2,7 +2,7 @@
 //
 // It goes fifteen levels deep: the start folder, and fourteen levels under it. It runs on the user-interface
 // thread and yields after each sub folder, and every now and then within a long one; whatever happens
-// meanwhile may cancel it.
+// meanwhile may cancel it. A folder that does not answer is named while it is waited for.
 //
 // A folder that links lead to on several ways gives its files once, so that a web of links has an end. It is
 // searched again only when it is met on a level nearer to the start, from where the walk reaches deeper.
@@ -67,6 +67,7 @@ private:
     bool MaySearchSubFolders();
     bool IsCancelled() const { return cancelled_ || loop_.IsEnding(); }
     bool YieldAndGoOn();
+    bool WaitFor(const std::string& folder);
 
     WalkControls controls_;
     const bool& Include_Sub_Folders_;

@@ -6,7 +6,9 @@
 // path.
 //
 // Only files and folders count: a pipe, a socket or a device counts as missing, so nothing here can wait
-// for one. Links are followed. Nothing throws; every failure is in the result.
+// for one, and nothing waits longer than half a second, writing two, for a share that gives no sign of life;
+// a listing that can be cancelled does, for a quarter of a minute. Links are followed. Nothing throws; every
+// failure is in the result.
 #pragma once
 
 #include <compare>
@@ -77,6 +79,13 @@ public:
     bool IsFolder(std::string_view path) const {
         const std::optional<int> bits = GetAttributes(path);
         return bits && (*bits & kFolder) != 0;
+    }
+
+    /// What the path is on was asked, and does not answer: what is asked of it comes back at once, as if it
+    /// were missing or unreadable. It may answer later.
+    virtual bool IsSilent(std::string_view path) const {
+        static_cast<void>(path);
+        return false;
     }
 
     /// Nothing when the folder cannot be read, or `may_go_on` cancelled it. A link that leads back to this

@@ -60,6 +60,7 @@ lay_out_application() {
     mkdir -p "$folder/images"
     install -m 755 "$build/app/Brindlepost" "$folder/Brindlepost"
     install -m 755 "$build/platform/decoder/brindlepost-media" "$folder/brindlepost-media"
+    install -m 755 "$build/platform/linux/brindlepost-files" "$folder/brindlepost-files"
     install -m 755 "$build"/platform/webengine/*.so "$folder/"
     cp -u "$build"/images/*.bmp "$build"/images/*.png "$folder/images/"
     for store in dbMedia dbFavs dbHistory dbLogin; do

@@ -16,7 +16,7 @@
 namespace linux {
 namespace {
 
-enum class EntryKind { File, Folder, FolderLink, Neither };
+enum class EntryKind { File, ReadableFile, Folder, FolderLink, Neither };
 
 struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
@@ -56,7 +56,16 @@ EntryKind KindOfLink(int folder, const char* name, const std::string& native_pat
     return IsOnTheWay(status, native_path) ? EntryKind::Neither : EntryKind::FolderLink;
 }
 
-EntryKind KindOf(int folder, const dirent& entry, const std::string& native_path) {
+EntryKind KindOf(LinkTo where) {
+    if (where == LinkTo::FileElsewhere) return EntryKind::ReadableFile;
+    return where == LinkTo::FolderElsewhere ? EntryKind::FolderLink : EntryKind::Neither;
+}
+
+EntryKind KindOf(int folder, const dirent& entry, const std::string& native_path, const LinkJudge& judge) {
+    if (entry.d_type == DT_LNK && judge) {
+        const LinkTo where = judge(native_path + "/" + entry.d_name);
+        if (where != LinkTo::Here) return KindOf(where);
+    }
     switch (entry.d_type) {
         case DT_REG:
             return EntryKind::File;
@@ -77,7 +86,7 @@ bool MayBeRead(int folder, const char* name) {
 // The names of a folder, sorted into files and sub folders as they are read.
 class Listing {
 public:
-    explicit Listing(const ports::MayGoOn& may_go_on) : pace_(may_go_on) {}
+    Listing(const ports::MayGoOn& may_go_on, const LinkJudge& judge) : pace_(may_go_on), judge_(judge) {}
 
     bool Read(DIR* folder, const std::string& native_path) {
         while (const dirent* const entry = ::readdir(folder)) {
@@ -102,17 +111,18 @@ public:
 
 private:
     void Take(int folder, const dirent& entry, const std::string& native_path) {
-        const EntryKind kind = KindOf(folder, entry, native_path);
+        const EntryKind kind = KindOf(folder, entry, native_path, judge_);
         if (kind == EntryKind::Folder || kind == EntryKind::FolderLink) {
             sub_folders_.Add(base::NameToText(entry.d_name));
         }
         if (kind == EntryKind::FolderLink) links_.insert(base::NameToText(entry.d_name));
-        if (kind == EntryKind::File && MayBeRead(folder, entry.d_name)) {
+        if (kind == EntryKind::ReadableFile || (kind == EntryKind::File && MayBeRead(folder, entry.d_name))) {
             files_.Add(base::NameToText(entry.d_name));
         }
     }
 
     Pace pace_;
+    const LinkJudge& judge_;
     NameSorter files_;
     NameSorter sub_folders_;
     std::set<std::string> links_;
@@ -127,10 +137,10 @@ ports::FolderIdentity IdentityOf(DIR* folder) {
 }  // namespace
 
 std::optional<ports::FolderListing> ReadFolder(const std::string& native_path,
-                                               const ports::MayGoOn& may_go_on) {
+                                               const ports::MayGoOn& may_go_on, const LinkJudge& judge) {
     const OpenFolder folder = Open(native_path);
     if (folder == nullptr) return std::nullopt;
-    Listing names(may_go_on);
+    Listing names(may_go_on, judge);
     if (!names.Read(folder.get(), native_path)) return std::nullopt;
     std::optional<ports::FolderListing> listing = names.Sorted();
     if (listing) listing->Identity = IdentityOf(folder.get());

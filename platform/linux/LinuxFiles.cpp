@@ -1,72 +1,25 @@
 #include "platform/linux/LinuxFiles.h"
 
-#include <fcntl.h>
 #include <limits.h>
-#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <cstdlib>
 #include <utility>
 
-#include "platform/linux/Descriptor.h"
 #include "platform/linux/FolderReader.h"
+#include "platform/linux/NativeFiles.h"
 
 namespace linux {
 namespace {
 
-ports::FileResult ResultOf(int error) {
-    switch (error) {
-        case ENOENT:
-        case ENOTDIR:
-            return ports::FileResult::Missing;
-        case EEXIST:
-            return ports::FileResult::AlreadyThere;
-        case EACCES:
-        case EPERM:
-        case EROFS:
-            return ports::FileResult::Refused;
-        case ENOSPC:
-        case EDQUOT:
-            return ports::FileResult::DiskFull;
-        default:
-            return ports::FileResult::Failed;
-    }
+std::string BesideProgram(const std::string& program, std::string_view name) {
+    return program.substr(0, program.rfind('/') + 1).append(name);
 }
 
-// A pipe or a device would make an opener wait; nothing here waits.
-Descriptor OpenAtOnce(const std::string& native, int flags) {
-    return Descriptor(::open(native.c_str(), flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666));
-}
-
-bool IsRegular(const Descriptor& file) {
-    struct stat status {};
-    return ::fstat(file.Number(), &status) == 0 && S_ISREG(status.st_mode);
-}
-
-std::string_view LastName(std::string_view native) {
-    while (native.size() > 1 && native.back() == '/')
-        native.remove_suffix(1);
-    return native.substr(native.rfind('/') + 1);
-}
-
-bool WriteAll(const Descriptor& file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(file.Number(), bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return false;
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return true;
-}
-
-// A link stays a link: what it leads to is written. One that leads nowhere is replaced.
-std::string BehindLinks(const std::string& native) {
-    struct stat status {};
-    if (native.empty() || ::lstat(native.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) return native;
-    std::array<char, PATH_MAX> buffer{};
-    return ::realpath(native.c_str(), buffer.data()) != nullptr ? std::string(buffer.data()) : native;
+LinkTo LinkToShare(const std::optional<int>& bits) {
+    if (!bits) return LinkTo::Nothing;
+    return (*bits & ports::kFolder) != 0 ? LinkTo::FolderElsewhere : LinkTo::FileElsewhere;
 }
 
 std::string FolderOf(const std::string& native) {
@@ -74,8 +27,6 @@ std::string FolderOf(const std::string& native) {
     if (slash == std::string::npos) return {};
     return slash == 0 ? "/" : native.substr(0, slash);
 }
-
-constexpr std::string_view kBeside = ".brindlepost-";
 
 }  // namespace
 
@@ -90,29 +41,40 @@ std::string RunningProgram() {
     return program;
 }
 
-LinuxFiles::LinuxFiles(std::string program, std::string application_folder, const std::string& mount_table)
+LinuxFiles::LinuxFiles(std::string program, std::string application_folder, const std::string& mount_table,
+                       std::string file_program)
     : program_(std::move(program)),
       application_folder_(std::move(application_folder)),
-      volumes_(mount_table) {}
+      volumes_(mount_table),
+      shares_(file_program.empty() ? BesideProgram(program_, "brindlepost-files") : std::move(file_program),
+              volumes_) {}
 
 LinuxFiles::LinuxFiles(const std::string& program) : LinuxFiles(program, FolderOf(program)) {}
 
-std::optional<int> LinuxFiles::GetAttributes(std::string_view path) const {
-    const std::string native = ToNative(path);
-    struct stat status {};
-    if (native.empty() || ::stat(native.c_str(), &status) != 0) return std::nullopt;
-    const bool is_folder = S_ISDIR(status.st_mode);
-    if (!is_folder && !S_ISREG(status.st_mode)) return std::nullopt;
-    const bool is_read_only = (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
-    return (is_folder ? ports::kFolder : 0) | (is_read_only ? ports::kReadOnly : 0) |
-           (LastName(native).starts_with('.') ? ports::kHidden : 0);
+std::optional<int> LinuxFiles::AttributesOf(const std::string& native) const {
+    if (native.empty()) return std::nullopt;
+    if (const auto share = shares_.Of(native)) return shares_.Attributes(*share, native);
+    return AttributesAt(native);
 }
 
+std::optional<int> LinuxFiles::GetAttributes(std::string_view path) const {
+    return AttributesOf(ToNative(path));
+}
+
+bool LinuxFiles::IsSilent(std::string_view path) const {
+    const auto share = shares_.Of(ToNative(path));
+    return share && shares_.IsSilent(*share);
+}
+
+// A link in a folder of this computer may lead to a share that hangs; only that one is left out then.
 std::optional<ports::FolderListing> LinuxFiles::ListFolder(std::string_view path,
                                                            const ports::MayGoOn& may_go_on) const {
     const std::string native = ToNative(path);
     if (native.empty()) return std::nullopt;
-    return ReadFolder(native, may_go_on);
+    if (const auto share = shares_.Of(native)) return shares_.List(*share, native, may_go_on);
+    return ReadFolder(native, may_go_on, [this](const std::string& link) {
+        return !shares_.Of(link) ? LinkTo::Here : LinkToShare(AttributesOf(link));
+    });
 }
 
 std::vector<ports::Drive> LinuxFiles::Drives() const {
@@ -125,54 +87,26 @@ std::vector<ports::Drive> LinuxFiles::Drives() const {
 ports::FileResult LinuxFiles::MakeFolder(std::string_view path) {
     const std::string native = ToNative(path);
     if (native.empty()) return ports::FileResult::Missing;
-    return ::mkdir(native.c_str(), 0777) == 0 ? ports::FileResult::Done : ResultOf(errno);
+    if (const auto share = shares_.Of(native)) return shares_.MakeFolder(*share, native);
+    return MakeFolderAt(native);
 }
 
 ports::FileResult LinuxFiles::DeleteFile(std::string_view path) {
     const std::string native = ToNative(path);
-    struct stat status {};
-    if (native.empty() || ::lstat(native.c_str(), &status) != 0) return ports::FileResult::Missing;
-    if (S_ISDIR(status.st_mode)) return ports::FileResult::Failed;
-    if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) return ports::FileResult::Missing;
-    return ::unlink(native.c_str()) == 0 ? ports::FileResult::Done : ResultOf(errno);
+    if (const auto share = shares_.Of(native)) return shares_.Delete(*share, native);
+    return DeleteFileAt(native);
 }
 
 std::optional<std::string> LinuxFiles::ReadText(std::string_view path, std::size_t limit) const {
     const std::string native = ToNative(path);
-    const Descriptor file = OpenAtOnce(native, O_RDONLY);
-    if (!file.IsOpen() || !IsRegular(file)) return std::nullopt;
-    std::string text;
-    std::array<char, 65536> buffer{};
-    while (text.size() < limit) {
-        const std::size_t wanted = std::min(buffer.size(), limit - text.size());
-        const ssize_t count = ::read(file.Number(), buffer.data(), wanted);
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return std::nullopt;
-        if (count == 0) break;
-        text.append(buffer.data(), static_cast<std::size_t>(count));
-    }
-    return text;
+    if (const auto share = shares_.Of(native)) return shares_.Read(*share, native, limit);
+    return ReadTextAt(native, limit);
 }
 
-// The new text is complete on the disk, in a hidden file beside the old one, before it takes its place.
 ports::FileResult LinuxFiles::WriteText(std::string_view path, std::string_view bytes) {
-    const std::string native = BehindLinks(ToNative(path));
-    if (native.empty()) return ports::FileResult::Missing;
-    struct stat old {};
-    const bool is_there = ::stat(native.c_str(), &old) == 0;
-    if (is_there && !S_ISREG(old.st_mode)) return ports::FileResult::Failed;
-    const std::string beside =
-        native.substr(0, native.rfind('/') + 1) + std::string(kBeside) + std::to_string(::getpid());
-    ::unlink(beside.c_str());
-    Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
-    if (!file.IsOpen()) return ResultOf(errno);
-    const bool is_written = (!is_there || ::fchmod(file.Number(), old.st_mode & 07777U) == 0) &&
-                            WriteAll(file, bytes) && ::fsync(file.Number()) == 0 && file.Close() &&
-                            ::rename(beside.c_str(), native.c_str()) == 0;
-    if (is_written) return ports::FileResult::Done;
-    const ports::FileResult result = ResultOf(errno);
-    ::unlink(beside.c_str());
-    return result;
+    const std::string native = ToNative(path);
+    if (const auto share = shares_.Of(native)) return shares_.Write(*share, native, bytes);
+    return WriteTextAt(native, bytes);
 }
 
 std::string LinuxFiles::GetShortPathName(std::string_view path) const {

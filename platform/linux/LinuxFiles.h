@@ -1,4 +1,5 @@
-// Files and folders of a Linux system: the system's own calls, on bytes.
+// Files and folders of a Linux system: the system's own calls, on bytes. For a share they are made in another
+// process (Shares).
 #pragma once
 
 #include <string>
@@ -6,6 +7,7 @@
 #include <vector>
 
 #include "platform/linux/MountedVolumes.h"
+#include "platform/linux/Shares.h"
 #include "ports/Files.h"
 
 namespace linux {
@@ -16,13 +18,16 @@ std::string RunningProgram();
 class LinuxFiles final : public ports::Files {
 public:
     /// `program` is the native path of the program's file, `application_folder` that of the folder with its
-    /// stores.
+    /// stores. The file process is beside the program, unless another one is named.
     LinuxFiles(std::string program, std::string application_folder,
-               const std::string& mount_table = "/proc/self/mountinfo");
+               const std::string& mount_table = "/proc/self/mountinfo", std::string file_program = {});
     /// The stores lie beside the program.
     explicit LinuxFiles(const std::string& program);
+    LinuxFiles(const LinuxFiles&) = delete;
+    LinuxFiles& operator=(const LinuxFiles&) = delete;
 
     std::optional<int> GetAttributes(std::string_view path) const override;
+    bool IsSilent(std::string_view path) const override;
     std::optional<ports::FolderListing> ListFolder(std::string_view path,
                                                    const ports::MayGoOn& may_go_on = {}) const override;
     std::vector<ports::Drive> Drives() const override;
@@ -38,9 +43,12 @@ public:
     std::string ApplicationFileName() const override;
 
 private:
+    std::optional<int> AttributesOf(const std::string& native) const;
+
     std::string program_;
     std::string application_folder_;
     mutable MountedVolumes volumes_;
+    mutable Shares shares_;
     mutable base::ShortPaths short_paths_;
 };
 

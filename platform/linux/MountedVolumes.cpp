@@ -37,6 +37,18 @@ bool IsVolume(std::string_view mount_point) {
            mount_point.starts_with("/run/media/");
 }
 
+// Kinds that wait for nothing but a disk of this computer.
+bool IsOwn(std::string_view kind) {
+    constexpr std::array kOwn = std::to_array<std::string_view>(
+        {"bcachefs", "binfmt_misc", "bpf",      "btrfs",    "cgroup",     "cgroup2",  "configfs",  "cramfs",
+         "debugfs",  "devpts",      "devtmpfs", "efivarfs", "erofs",      "exfat",    "ext2",      "ext3",
+         "ext4",     "f2fs",        "fusectl",  "fuseblk",  "hfs",        "hfsplus",  "hugetlbfs", "iso9660",
+         "jfs",      "mqueue",      "msdos",    "nilfs2",   "nsfs",       "ntfs",     "ntfs3",     "overlay",
+         "proc",     "pstore",      "ramfs",    "reiserfs", "securityfs", "squashfs", "sysfs",     "tmpfs",
+         "tracefs",  "udf",         "vfat",     "xfs",      "zfs"});
+    return std::find(kOwn.begin(), kOwn.end(), kind) != kOwn.end();
+}
+
 std::string ReadAll(int descriptor) {
     std::string text;
     std::array<char, 16384> buffer{};
@@ -65,14 +77,39 @@ std::vector<base::Volume> VolumesFrom(std::string_view mount_table) {
     return volumes;
 }
 
+// The kind comes after a dash, which comes after any number of optional fields.
+std::vector<Share> SharesFrom(std::string_view mount_table) {
+    std::vector<Share> shares;
+    for (const std::string& line : base::Split(mount_table, "\n")) {
+        const std::vector<std::string> fields = base::Split(line, " ");
+        const auto dash = std::find(fields.begin(), fields.end(), "-");
+        if (fields.end() - dash < 2 || dash - fields.begin() <= static_cast<int>(kMountPointField)) continue;
+        const std::string mount_point = Unescaped(fields[kMountPointField]);
+        if (mount_point != "/" && !IsOwn(*(dash + 1))) shares.push_back({fields.front(), mount_point});
+    }
+    return shares;
+}
+
 MountedVolumes::MountedVolumes(const std::string& mount_table)
     : table_(::open(mount_table.c_str(), O_RDONLY | O_CLOEXEC)) {
-    if (table_.IsOpen()) volumes_ = VolumesFrom(ReadAll(table_.Number()));
+    if (table_.IsOpen()) Read();
+}
+
+void MountedVolumes::Read() {
+    const std::string table = ReadAll(table_.Number());
+    volumes_ = VolumesFrom(table);
+    shares_ = SharesFrom(table);
+    ++readings_;
 }
 
 const std::vector<base::Volume>& MountedVolumes::Current() {
-    if (HasChanged()) volumes_ = VolumesFrom(ReadAll(table_.Number()));
+    if (HasChanged()) Read();
     return volumes_;
+}
+
+const std::vector<Share>& MountedVolumes::CurrentShares() {
+    if (HasChanged()) Read();
+    return shares_;
 }
 
 bool MountedVolumes::HasChanged() const {

@@ -1,7 +1,11 @@
-// The mounted volumes that get a drive letter: what is mounted below /media, /run/media and /mnt, lettered
-// from "D:" in the order of mounting.
+// What is mounted.
+//
+// Volumes get a drive letter: what is mounted below /media, /run/media and /mnt, lettered from "D:" in the
+// order of mounting. Shares are what another computer or a program answers for, wherever they are mounted,
+// and may hang.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,20 +15,35 @@
 
 namespace linux {
 
+struct Share {
+    std::string number;       ///< of the mount, never used again while the system runs on
+    std::string mount_point;  ///< in native bytes
+};
+
 /// The volumes of a mount table in the form of /proc/self/mountinfo; other lines are skipped.
 std::vector<base::Volume> VolumesFrom(std::string_view mount_table);
+
+/// The shares of a mount table, in the order of mounting: everything of a kind that is not known to be a
+/// disk's or the system's own. The root is none.
+std::vector<Share> SharesFrom(std::string_view mount_table);
 
 class MountedVolumes {
 public:
     explicit MountedVolumes(const std::string& mount_table = "/proc/self/mountinfo");
     /// As they are now; costs one question to the system while nothing was mounted or unmounted.
     const std::vector<base::Volume>& Current();
+    const std::vector<Share>& CurrentShares();
+    /// How often the mount table was read.
+    std::uint64_t Readings() const { return readings_; }
 
 private:
     bool HasChanged() const;
+    void Read();
 
     Descriptor table_;
     std::vector<base::Volume> volumes_;
+    std::vector<Share> shares_;
+    std::uint64_t readings_ = 0;
 };
 
 }  // namespace linux

@@ -2,8 +2,6 @@
 
 #include <QUrl>
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 #include "platform/qt/Geometry.h"
 
@@ -19,28 +17,27 @@ bool HasLocal(const QMimeData& data) {
     return std::ranges::any_of(data.urls(), &QUrl::isLocalFile);
 }
 
-/// The native paths of the files; a path that cannot be looked at counts as a file's.
-std::vector<std::string> FilesOf(const QMimeData& data) {
+/// The native paths of the files.
+std::vector<std::string> FilesOf(const QMimeData& data, const IsFolder& is_folder) {
     std::vector<std::string> files;
     for (const QUrl& url : data.urls()) {
-        std::error_code unknown;
         if (!url.isLocalFile()) continue;
-        if (std::string path = BytesOf(url); !std::filesystem::is_directory(path, unknown))
-            files.push_back(std::move(path));
+        if (std::string path = BytesOf(url); !is_folder(path)) files.push_back(std::move(path));
     }
     return files;
 }
 
 }  // namespace
 
-bool IsDroppable(const QMimeData& data) {
-    return HasLocal(data) ? !FilesOf(data).empty() : data.hasText();
+bool IsDroppable(const QMimeData& data, const IsFolder& is_folder) {
+    return HasLocal(data) ? !FilesOf(data, is_folder).empty() : data.hasText();
 }
 
 controls::DropData DropDataOf(const QMimeData& data,
-                              const std::function<std::string(const std::string&)>& drive_form) {
+                              const std::function<std::string(const std::string&)>& drive_form,
+                              const IsFolder& is_folder) {
     controls::DropData drop;
-    for (const std::string& path : FilesOf(data))
+    for (const std::string& path : FilesOf(data, is_folder))
         drop.Files.push_back(drive_form(path));
     if (!HasLocal(data) && data.hasText()) {
         drop.HasText = true;

@@ -3,6 +3,8 @@
 #include <QCursor>
 #include <QMouseEvent>
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "controls/CheckBox.h"
 #include "controls/ComboBox.h"
@@ -267,6 +269,12 @@ void Screen::ForgetVisits() {
     pages_.ForgetVisits();
     for (const auto& [browser, address] : open)
         browser->NavigateAgain(address);
+}
+
+bool Screen::IsFolder(const std::string& native_path) const {
+    std::error_code unknown;
+    return options_.IsFolder ? options_.IsFolder(native_path)
+                             : std::filesystem::is_directory(native_path, unknown);
 }
 
 std::string Screen::DriveForm(const std::string& native_path) const {

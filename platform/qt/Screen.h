@@ -38,6 +38,8 @@ struct ScreenOptions {
     PageRemover RemoveUser;
     /// The engine's name, version and patch level; left empty, there is none.
     std::function<std::string()> PageEngineVersion;
+    /// A native path, in bytes, is a folder's. Left empty, the system is asked.
+    std::function<bool(const std::string&)> IsFolder;
 };
 
 class Screen final : public ports::PageEngine, private Stage {
@@ -87,6 +89,7 @@ private:
     Pictures& SkinPictures() override { return pictures_; }
     Loop& Events() override { return loop_; }
     std::string DriveForm(const std::string& native_path) const override;
+    bool IsFolder(const std::string& native_path) const override;
     void WantPage(controls::WebBrowser& browser, QWidget& place) override { pages_.Want(browser, place); }
     void OnCoverMoved(const controls::Control& control) override;
     QWidget* MainWindow() const override;

@@ -33,6 +33,8 @@ public:
     virtual Loop& Events() = 0;
     /// A path as a drop brings it, in the form the controls speak.
     virtual std::string DriveForm(const std::string& native_path) const = 0;
+    /// A path as a drop brings it is a folder's.
+    virtual bool IsFolder(const std::string& native_path) const = 0;
     /// An engine for the control, at once where that is allowed already; its page is put into `place`.
     virtual void WantPage(controls::WebBrowser& browser, QWidget& place) = 0;
 

@@ -230,11 +230,15 @@ void WidgetMirror::FocusCame(const QFocusEvent& event) {
     Mirrored().GotFocus.Raise();
 }
 
+std::function<bool(const std::string&)> WidgetMirror::FolderTest() const {
+    return [this](const std::string& path) { return stage_.IsFolder(path); };
+}
+
 bool WidgetMirror::DraggedOver(QDropEvent& event) {
     if (!Mirrored().OLEDragDrop.IsClaimed()) return false;
     // Qt asks for each place only after the way in was accepted; the files need no second look. What is
     // refused is kept from the widget, since a line of text would take a folder's address.
-    if (event.type() == QEvent::DragEnter && !IsDroppable(*event.mimeData())) {
+    if (event.type() == QEvent::DragEnter && !IsDroppable(*event.mimeData(), FolderTest())) {
         event.ignore();
         return true;
     }
@@ -247,8 +251,8 @@ bool WidgetMirror::DraggedOver(QDropEvent& event) {
 // handler reads a long list or shows a box. So the handler runs right after it.
 bool WidgetMirror::Dropped(QDropEvent& event) {
     if (!DraggedOver(event)) return false;
-    controls::DropData data =
-        DropDataOf(*event.mimeData(), [this](const std::string& path) { return stage_.DriveForm(path); });
+    controls::DropData data = DropDataOf(
+        *event.mimeData(), [this](const std::string& path) { return stage_.DriveForm(path); }, FolderTest());
     data.Row = RowAt(static_cast<int>(event.position().y()));
     const QPointF at = Point(event.position() + QPointF(0, ScrolledUp()));
     QMetaObject::invokeMethod(

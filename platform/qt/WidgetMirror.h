@@ -52,6 +52,7 @@ private:
     bool MouseReleased(const QMouseEvent& event);
     bool WheelTurned(const QWheelEvent& event);
     bool PressWindowButton(int key_code);
+    std::function<bool(const std::string&)> FolderTest() const;
     bool DraggedOver(QDropEvent& event);
     bool Dropped(QDropEvent& event);
     void FocusCame(const QFocusEvent& event);

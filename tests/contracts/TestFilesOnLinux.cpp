@@ -5,9 +5,12 @@
 namespace contracts {
 namespace {
 
+/// On a disk, or on a share, which is a folder that a mount table says to be one.
 class LinuxBench final : public FilesBench {
 public:
-    LinuxBench() : files_(folder_ / "brindlepost") {}
+    enum class Place { Disk, Share };
+    explicit LinuxBench(Place place)
+        : files_(folder_ / "brindlepost", folder_.Path(), MountTable(place), FILE_PROGRAM) {}
     ~LinuxBench() override {
         for (const std::string& closed : closed_)
             ::chmod(closed.c_str(), 0700);
@@ -20,15 +23,26 @@ public:
     }
 
 private:
+    std::string MountTable(Place place) const {
+        if (place == Place::Disk) return "/proc/self/mountinfo";
+        linux_tests::WriteMountTable(table_ / "table", folder_.Path());
+        return table_ / "table";
+    }
+
+    linux_tests::PlayFolder table_;
     linux_tests::PlayFolder folder_;
-    linux_tests::Unprivileged rights_{folder_};
     linux::LinuxFiles files_;
+    linux_tests::Unprivileged rights_{folder_};
     std::vector<std::string> closed_;
 };
 
+MakeFilesBench On(LinuxBench::Place place) {
+    return [place] { return std::make_unique<LinuxBench>(place); };
+}
+
 INSTANTIATE_TEST_SUITE_P(Linux, FilesContract,
-                         testing::Values(MakeFilesBench([] { return std::make_unique<LinuxBench>(); })),
-                         [](const auto&) { return "Linux"; });
+                         testing::Values(On(LinuxBench::Place::Disk), On(LinuxBench::Place::Share)),
+                         [](const auto& suite) { return suite.index == 0 ? "Linux" : "LinuxShare"; });
 
 }  // namespace
 }  // namespace contracts

@@ -97,7 +97,13 @@ bool FakeFiles::LeadsBack(const std::string& link, const std::string& folder) co
     }
 }
 
+bool FakeFiles::IsSilent(std::string_view path) const {
+    const std::string key = Key(path);
+    return !silent_.empty() && (key == silent_ || key.starts_with(silent_ + "/"));
+}
+
 const FakeFiles::Node* FakeFiles::Find(std::string_view path) const {
+    if (IsSilent(path)) return nullptr;
     const auto found = nodes_.find(Resolved(Key(path)));
     if (found == nodes_.end()) return nullptr;
     const bool names_a_folder = !path.empty() && (path.back() == '\\' || path.back() == '/');
@@ -117,6 +123,12 @@ std::optional<int> FakeFiles::GetAttributes(std::string_view path) const {
 
 std::optional<ports::FolderListing> FakeFiles::ListFolder(std::string_view path,
                                                           const ports::MayGoOn& may_go_on) const {
+    if (!hangs_.empty() && Key(path) == hangs_) {
+        silent_ = hangs_;
+        constexpr int kQuestionsOfPatience = 1000;
+        for (int i = 0; may_go_on && i < kQuestionsOfPatience && may_go_on();)
+            ++i;
+    }
     const Node* const folder = Find(path);
     if (folder == nullptr || !folder->is_folder || !folder->readable) return std::nullopt;
     ports::FolderListing listing;

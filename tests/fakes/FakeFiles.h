@@ -27,6 +27,10 @@ public:
     void Remove(std::string_view path);
     /// A folder's contents, or a file's text, can no longer be read; its attributes still can.
     void MakeUnreadable(std::string_view path);
+    /// What is at the path and below it does not answer; no longer, with "".
+    void Silence(std::string_view path) { silent_ = path.empty() ? std::string() : Key(path); }
+    /// What is at and below this path falls silent when the folder is listed, which cancels that in the end.
+    void SilenceWhenListed(std::string_view path) { hangs_ = Key(path); }
     /// What every later write, deletion and new folder results in; Done gives the real result again. A full
     /// disk lets files be deleted.
     void FailChangesWith(ports::FileResult result) { forced_result_ = result; }
@@ -35,6 +39,7 @@ public:
 
     // ports::Files
     std::optional<int> GetAttributes(std::string_view path) const override;
+    bool IsSilent(std::string_view path) const override;
     std::optional<ports::FolderListing> ListFolder(std::string_view path,
                                                    const ports::MayGoOn& may_go_on = {}) const override;
     std::vector<ports::Drive> Drives() const override;
@@ -69,6 +74,8 @@ private:
     std::vector<base::Volume> volumes_;
     mutable base::ShortPaths short_paths_;
     std::string application_folder_;
+    mutable std::string silent_;
+    std::string hangs_;
     ports::FileResult forced_result_ = ports::FileResult::Done;
 };
 

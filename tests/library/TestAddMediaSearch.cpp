@@ -82,6 +82,72 @@ TEST_F(AddMediaSearchTest, ASecondSearchWaitsForFiveTicksToo) {
     EXPECT_EQ(Form.lstFiles.ListCount(), 1);
 }
 
+TEST_F(AddMediaSearchTest, AFolderThatHangsIsNamedAndCanBeCancelled) {
+    Files.AddDrive('D', "Share");
+    Files.AddFile("D:\\Music\\a.mp3");
+    Files.AddFile("D:\\b.mp3");
+    Files.SilenceWhenListed("D:\\Music");
+    std::string shown;
+    controls::EventClaims claims;
+    claims.Claim(Form.lblDirectory.Change, [&] {
+        if (Form.lblDirectory.Caption() != "/media/Share/Music does not answer") return;
+        shown = Form.lblDirectory.Caption();
+        Desktop.Post([this] { Form.cmdCancel.Click.Raise(); });
+    });
+
+    Search("D:\\");
+
+    EXPECT_EQ(shown, "/media/Share/Music does not answer");
+    EXPECT_FALSE(Form.fraSearch.Visible());
+    EXPECT_EQ(RowsOf(Form.lstFiles), (Rows{"D:\\b.mp3"}));
+    EXPECT_EQ(Form.lblNotice.Caption(), "The search was stopped. There may be more files.");
+}
+
+TEST_F(AddMediaSearchTest, AFolderThatHangsIsPassedOverInTheEnd) {
+    Files.AddDrive('D', "Share");
+    Files.AddFile("D:\\Music\\a.mp3");
+    Files.AddFile("D:\\More\\b.mp3");
+    Files.SilenceWhenListed("D:\\More");
+
+    Search("D:\\");
+
+    EXPECT_EQ(RowsOf(Form.lstFiles), (Rows{"D:\\Music\\a.mp3"}));
+    EXPECT_EQ(Form.lblNotice.Caption(), "1 folder could not be read.");
+}
+
+TEST_F(AddMediaSearchTest, ASearchOfAFolderThatDoesNotAnswerSaysSo) {
+    Files.AddDrive('D', "Share");
+    Files.AddFile("D:\\Music\\a.mp3");
+    Form.frmAddMedia.Show();
+    Form.Dir1.SetPath("D:\\Music");
+    Files.Silence("D:\\");
+
+    Form.cmdGetFiles.Click.Raise();
+    Desktop.Advance(kFiveTicks);
+
+    EXPECT_EQ(RowsOf(Form.lstFiles), (Rows{"None Found"}));
+    EXPECT_EQ(Form.lblNotice.Caption(), "The folder does not answer. Try again later.");
+}
+
+TEST_F(AddMediaSearchTest, ADriveOrFolderThatDoesNotAnswerIsTold) {
+    Files.AddDrive('D', "Share");
+    Files.AddFile("C:\\Music\\a.mp3");
+    Form.frmAddMedia.Show();
+    Files.Silence("D:\\");
+    Form.Drive1.SetDrive("D:");
+    EXPECT_EQ(Form.lblNotice.Caption(), "The drive D: does not answer.");
+
+    Files.Silence("C:\\Music");
+    Form.Dir1.SetListIndex(Form.Dir1.ListCount() - 1);
+    Form.Dir1.DblClick.Raise();
+    EXPECT_EQ(Form.lblNotice.Caption(), "The folder does not answer. Try again later.");
+
+    Files.Silence("");
+    Files.Remove("C:\\Music");
+    Form.Dir1.DblClick.Raise();
+    EXPECT_EQ(Form.lblNotice.Caption(), "The folder is not there any more.");
+}
+
 TEST_F(AddMediaSearchTest, AnEmptyResultSaysSo) {
     Files.AddFolder("C:\\Empty");
 

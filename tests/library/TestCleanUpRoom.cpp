@@ -114,6 +114,23 @@ TEST_F(CleanUpRoomTest, ACleanLibraryChangesOnlyTheDateRow) {
     EXPECT_TRUE(Neighbours.Calls.empty());
 }
 
+TEST_F(CleanUpRoomTest, SongsOfAPlaceThatDoesNotAnswerStayAndAreTold) {
+    files.AddDrive('D', "Share");
+    SeedPaths({"C:\\a.mp3", "D:\\b.mp3", "C:\\gone.mp3", "D:\\c.mp3"});
+    OnDisk({"C:\\a.mp3", "D:\\b.mp3", "D:\\c.mp3"});
+    files.Silence("D:\\");
+
+    Run();
+
+    EXPECT_EQ(KeysLeft(), (Rows{"1", "2", "4"}));
+    EXPECT_EQ(Counters(), (Rows{"0", "1"}));
+    ASSERT_EQ(Dialogs.Boxes.size(), 2U);
+    EXPECT_EQ(Dialogs.Boxes[1].text,
+              "2 songs stay: their place does not answer, so nobody knows whether the files are there.");
+    EXPECT_EQ(Dialogs.Boxes[1].title, "Clean-up Duplicates");
+    EXPECT_FALSE(task.fraTask.Visible());
+}
+
 TEST_F(CleanUpRoomTest, TheDateIsEightDigits) {
     Desktop.Date = {987, 6, 5};
 

@@ -31,8 +31,8 @@ class StageError(Exception):
 
 
 # What the stage needs out of a build folder.
-KIT = ["app/Brindlepost", "platform/decoder/brindlepost-media", "platform/webengine/*.so", "images/*.png", "images/*.bmp",
-       "stores/*.mdb", "bench/bare_window", "bench/bare_pages", "tests/real/drag_source",
+KIT = ["app/Brindlepost", "platform/decoder/brindlepost-media", "platform/linux/brindlepost-files", "platform/webengine/*.so",
+       "images/*.png", "images/*.bmp", "stores/*.mdb", "bench/bare_window", "bench/bare_pages", "tests/real/drag_source",
        "tests/real/damage/damage_files"]
 
 
@@ -317,6 +317,7 @@ class Stage:
         (folder / "images").mkdir(parents=True)
         shutil.copy2(self.build / "app" / "Brindlepost", folder)
         shutil.copy2(self.build / "platform" / "decoder" / "brindlepost-media", folder)
+        shutil.copy2(self.build / "platform" / "linux" / "brindlepost-files", folder)
         for module in (self.build / "platform" / "webengine").glob("*.so"):
             shutil.copy2(module, folder)
         for picture in (self.build / "images").glob("*.*"):

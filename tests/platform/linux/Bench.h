@@ -40,6 +40,12 @@ private:
     std::string path_;
 };
 
+/// A mount table in which one folder is a share.
+inline void WriteMountTable(const std::string& file, const std::string& mount_point) {
+    std::ofstream(file) << "22 1 8:1 / / rw,relatime shared:1 - ext4 /dev/sda1 rw\n"
+                        << "36 22 0:50 / " << mount_point << " rw,relatime - fuse.sshfs server:/music rw\n";
+}
+
 /// Takes root's rights over files away for as long as it lives; the folder is made the other account's own.
 class Unprivileged {
 public:

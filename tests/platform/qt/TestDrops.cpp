@@ -2,10 +2,18 @@
 
 #include <QTemporaryDir>
 #include <QUrl>
+#include <filesystem>
+#include <string>
+#include <system_error>
 
 #include "platform/qt/Drops.h"
 
 namespace {
+
+bool IsFolder(const std::string& native) {
+    std::error_code unknown;
+    return std::filesystem::is_directory(native, unknown);
+}
 
 std::string Drive(const std::string& native) {
     return "C:" + native;
@@ -15,7 +23,7 @@ TEST(Drops, FilesComeInTheControlsForm) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile("/music/One.mp3"), QUrl::fromLocalFile("/music/T w o.mp3")});
 
-    const controls::DropData drop = qt::DropDataOf(data, Drive);
+    const controls::DropData drop = qt::DropDataOf(data, Drive, IsFolder);
 
     EXPECT_EQ(drop.Files, (std::vector<std::string>{"C:/music/One.mp3", "C:/music/T w o.mp3"}));
     EXPECT_FALSE(drop.HasText);
@@ -25,7 +33,7 @@ TEST(Drops, ANameThatIsNoTextKeepsItsBytes) {
     QMimeData data;
     data.setData("text/uri-list", "file:///music/%FFodd.mp3\r\n");
 
-    const controls::DropData drop = qt::DropDataOf(data, Drive);
+    const controls::DropData drop = qt::DropDataOf(data, Drive, IsFolder);
 
     ASSERT_EQ(drop.Files.size(), 1U);
     EXPECT_EQ(drop.Files[0], "C:/music/\xffodd.mp3");
@@ -35,15 +43,15 @@ TEST(Drops, AFileFromElsewhereIsLeftOut) {
     QMimeData data;
     data.setUrls({QUrl("http://example.org/One.mp3"), QUrl::fromLocalFile("/music/Two.mp3")});
 
-    EXPECT_EQ(qt::DropDataOf(data, Drive).Files, std::vector<std::string>{"C:/music/Two.mp3"});
+    EXPECT_EQ(qt::DropDataOf(data, Drive, IsFolder).Files, std::vector<std::string>{"C:/music/Two.mp3"});
 }
 
 TEST(Drops, ARowsTextGoesOutAndComesIn) {
     const auto data = qt::DragOf("17");
 
-    const controls::DropData drop = qt::DropDataOf(*data, Drive);
+    const controls::DropData drop = qt::DropDataOf(*data, Drive, IsFolder);
 
-    EXPECT_TRUE(qt::IsDroppable(*data));
+    EXPECT_TRUE(qt::IsDroppable(*data, IsFolder));
     EXPECT_TRUE(drop.HasText);
     EXPECT_EQ(drop.Text, "17");
     EXPECT_TRUE(drop.Files.empty());
@@ -54,7 +62,7 @@ TEST(Drops, ADragWithFilesCarriesNoText) {
     data.setUrls({QUrl::fromLocalFile("/music/One.mp3")});
     data.setText("/music/One.mp3");
 
-    EXPECT_FALSE(qt::DropDataOf(data, Drive).HasText);
+    EXPECT_FALSE(qt::DropDataOf(data, Drive, IsFolder).HasText);
 }
 
 TEST(Drops, AFolderIsRefused) {
@@ -62,9 +70,9 @@ TEST(Drops, AFolderIsRefused) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(folder.path())});
 
-    EXPECT_FALSE(qt::IsDroppable(data));
-    EXPECT_TRUE(qt::DropDataOf(data, Drive).Files.empty());
-    EXPECT_FALSE(qt::DropDataOf(data, Drive).HasText);
+    EXPECT_FALSE(qt::IsDroppable(data, IsFolder));
+    EXPECT_TRUE(qt::DropDataOf(data, Drive, IsFolder).Files.empty());
+    EXPECT_FALSE(qt::DropDataOf(data, Drive, IsFolder).HasText);
 }
 
 TEST(Drops, AFolderAmongFilesIsLeftOut) {
@@ -72,23 +80,23 @@ TEST(Drops, AFolderAmongFilesIsLeftOut) {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(folder.path()), QUrl::fromLocalFile("/music/Two.mp3")});
 
-    EXPECT_TRUE(qt::IsDroppable(data));
-    EXPECT_EQ(qt::DropDataOf(data, Drive).Files, std::vector<std::string>{"C:/music/Two.mp3"});
+    EXPECT_TRUE(qt::IsDroppable(data, IsFolder));
+    EXPECT_EQ(qt::DropDataOf(data, Drive, IsFolder).Files, std::vector<std::string>{"C:/music/Two.mp3"});
 }
 
 TEST(Drops, AnAddressFromElsewhereIsAText) {
     QMimeData data;
     data.setUrls({QUrl("http://example.org/page")});
 
-    EXPECT_TRUE(qt::IsDroppable(data));
-    EXPECT_EQ(qt::DropDataOf(data, Drive).Text, "http://example.org/page");
+    EXPECT_TRUE(qt::IsDroppable(data, IsFolder));
+    EXPECT_EQ(qt::DropDataOf(data, Drive, IsFolder).Text, "http://example.org/page");
 }
 
 TEST(Drops, APictureAloneIsNothingToDrop) {
     QMimeData data;
     data.setData("image/png", "x");
 
-    EXPECT_FALSE(qt::IsDroppable(data));
+    EXPECT_FALSE(qt::IsDroppable(data, IsFolder));
 }
 
 }  // namespace
