@@ -23,6 +23,7 @@
 #include "platform/dbus/MprisBoard.h"
 #include "platform/decoder/MediaProcesses.h"
 #include "platform/gstreamer/Threads.h"
+#include "platform/linux/CommandLine.h"
 #include "platform/linux/CommandText.h"
 #include "platform/linux/EndSignal.h"
 #include "platform/linux/LinuxFiles.h"
@@ -144,7 +145,27 @@ private:
     QSocketNotifier end_;
 };
 
-int RunProgram(int argc, char** argv) {
+int Say(std::FILE* where, const std::string& text, int code) {
+    if (!text.empty()) std::fprintf(where, "%s\n", text.c_str());
+    return code;
+}
+
+/// What an option of the command line comes to; the program that runs answers those of the player.
+int AnswerOption(const linux::CommandLine& line) {
+    using Kind = linux::CommandLine::Kind;
+    if (line.kind == Kind::Help) return Say(stdout, linux::HelpText(), linux::kDone);
+    if (line.kind == Kind::Version)
+        return Say(stdout, "Brindlepost " + window::MainWindow::Version(), linux::kDone);
+    if (line.kind == Kind::Wrong)
+        return Say(stderr, "Brindlepost: " + line.trouble + " --help tells what there is.", linux::kWrongUse);
+    const std::string folder = FolderOf(linux::RunningProgram());
+    linux::LinuxInstanceLock instance(linux::FindPlaceOfStores(folder, linux::FoldersOfUser().data).folder);
+    const auto answer = instance.AskFirst(line.option);
+    if (!answer) return Say(stderr, "Brindlepost does not run.", linux::kNotRunning);
+    return Say(answer->exit_code == linux::kDone ? stdout : stderr, answer->text, answer->exit_code);
+}
+
+int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     qt::PrepareEnvironment();
     const std::string startup_id = qt::StartupIdOfProcess();
     if (const std::string missing = qt::MissingDisplay(); !missing.empty()) return NoDisplay(missing);
@@ -153,7 +174,6 @@ int RunProgram(int argc, char** argv) {
     const std::string folder = FolderOf(program);
     const linux::PlaceOfStores stores = linux::FindPlaceOfStores(folder, linux::FoldersOfUser().data);
     linux::LinuxFiles files(program, stores.folder);
-    const std::vector<std::string> arguments(argv + 1, argv + argc);
     const std::string command = linux::CommandText(arguments, linux::WorkingFolder(), files);
     const auto to_native = [&files](std::string_view path) { return files.ToNative(path); };
     const auto from_native = [&files](std::string_view path) { return files.FromNative(path); };
@@ -164,7 +184,7 @@ int RunProgram(int argc, char** argv) {
 
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     qt::Loop loop;
-    const qt::Application application(argv[0], loop);
+    const qt::Application application(name, loop);
     QApplication::setWindowIcon(QIcon(QString::fromStdString(folder + "/images/brindlepost.png")));
     qt::Boxes boxes(loop);
 
@@ -216,7 +236,9 @@ int RunProgram(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const int code = RunProgram(argc, argv);
+    const linux::CommandLine line = linux::ReadCommandLine({argv + 1, argv + argc});
+    if (line.kind != linux::CommandLine::Kind::Open) return AnswerOption(line);
+    const int code = RunProgram(argv[0], line.arguments);
     // A thread that a frozen disk holds must not meet exit handlers at work.
     if (gstreamer::Threads::HasGivenUp()) std::_Exit(code);
     return code;

@@ -5,6 +5,7 @@
 // ends; a later start learns that, hands over and never reaches the stores.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,23 @@ public:
     virtual void OnCommandText(std::string_view text) = 0;
     /// Process the text now. The later start waits until this returns.
     virtual void OnTrigger() = 0;
+};
+
+inline constexpr int kOptionNotPossible = 1;
+inline constexpr int kOptionUnknown = 2;
+
+/// What a later start that was given an option shows and ends with.
+struct OptionAnswer {
+    int exit_code = 0;   ///< one digit
+    std::string text{};  ///< lines without a break after the last; may be empty
+};
+
+/// The running instance's answers to the options of later starts, on the user-interface thread.
+class OptionListener {
+public:
+    virtual ~OptionListener() = default;
+    /// The option without its dashes, "next". The later start waits until this returns.
+    virtual OptionAnswer OnOption(std::string_view option) = 0;
 };
 
 enum class Instance {
@@ -43,8 +61,14 @@ public:
     /// or half a minute has gone by. False when it was not delivered.
     virtual bool HandOff(std::string_view text) = 0;
 
+    /// Asks the running instance, whether or not TryBecomeFirst was called, and waits as HandOff does.
+    /// Nothing when none runs or none answers.
+    virtual std::optional<OptionAnswer> AskFirst(std::string_view option) = 0;
+
     /// First: whom to notify. Without a listener a text waits.
     virtual void SetListener(HandOffListener* listener) = 0;
+    /// First: who answers options. Without a listener none is answered.
+    virtual void SetOptionListener(OptionListener* listener) = 0;
     /// First: a file descriptor that can be read when a start may have something to hand over; -1 when there
     /// is none.
     virtual int FileDescriptor() const = 0;

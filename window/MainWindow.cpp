@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "base/Number.h"
+#include "window/Version.h"
+
 namespace window {
 namespace {
 
@@ -56,7 +59,9 @@ MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, 
       session_(BuildSession(command)),
       about_(windows.about, windows.frmBrowser.menus, web_.Maker(), PortsOfAbout()),
       remote_({.transport = player_, .playing = player_.Playing(), .LoggedIn = state_.session.LoggedIn},
-              ActionsOfRemote(), PortsOfRemote()) {
+              ActionsOfRemote(), PortsOfRemote()),
+      options_({.transport = player_, .playing = player_.Playing(), .LoggedIn = state_.session.LoggedIn},
+               ports.instance) {
     Connect();
     claims_.Claim(windows.frmBrowser.KeyPreview, [this](int key_code, int shift, bool& taken) {
         taken = web_.Keys().Take(key_code, shift);
@@ -75,6 +80,13 @@ void MainWindow::Connect() {
     relays_.media_keys.Connect(session_.Keys());
     relays_.page_opener.Connect(web_.Opener());
     relays_.start.Connect(session_);
+}
+
+std::string MainWindow::Version() {
+    std::string text = base::ToText(kMajorVersion);
+    for (const int part : {kMinorVersion, kRevision})
+        text.append(".").append(base::ToText(part));
+    return text;
 }
 
 void MainWindow::Start() {

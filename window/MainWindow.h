@@ -34,6 +34,7 @@
 #include "window/FileTypeRoom.h"
 #include "window/HoleRoom.h"
 #include "window/MSN.h"
+#include "window/OptionRoom.h"
 #include "window/RemoteRoom.h"
 #include "window/SkinRoom.h"
 #include "window/Switchboard.h"
@@ -85,6 +86,8 @@ public:
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
 
+    /// "1.1.43"
+    static std::string Version();
     /// Loads the main window, which starts everything else.
     void Start();
     /// Ends the program as an exit does, asking nothing.
@@ -138,6 +141,7 @@ private:
     session::Session session_;
     AboutRoom about_;
     RemoteRoom remote_;
+    OptionRoom options_;
     controls::EventClaims claims_;
 };
 

@@ -79,6 +79,7 @@ std::string Framed(std::string_view text) {
 }
 
 constexpr char kAroundId = '\0';
+constexpr char kBeforeOption = '\1';
 
 std::string MessageOf(std::string_view startup_id, std::string_view text) {
     const bool has_id = !startup_id.empty() && !base::Contains(startup_id, std::string_view(&kAroundId, 1));
@@ -167,20 +168,45 @@ void HandOffServer::Close(const SocketPlace& place) {
     events_.Close();
 }
 
-void HandOffServer::Serve(ports::HandOffListener& listener, const StartupIdTaker& take_id) {
+bool HandOffServer::IsOption(const Connection& connection) {
+    return std::string_view(connection.received).substr(kLengthBytes).starts_with(kBeforeOption);
+}
+
+void HandOffServer::Serve(const Listeners& listeners) {
     if (!IsListening()) return;
     AcceptAll();
     ReadAll();
-    while (!complete_.empty()) {
-        const Connection connection = std::move(complete_.front());
-        complete_.pop_front();
-        const Message message = MessageIn(std::string_view(connection.received).substr(kLengthBytes));
-        if (take_id) take_id(message.startup_id);
-        listener.OnBringToFront();
-        listener.OnCommandText(message.text);
-        listener.OnTrigger();
-        ::send(connection.socket.Number(), &kProcessed, 1, MSG_NOSIGNAL);
+    while (true) {
+        const auto next = std::find_if(complete_.begin(), complete_.end(), [&](const Connection& one) {
+            return IsOption(one) ? listeners.options != nullptr : listeners.texts != nullptr;
+        });
+        if (next == complete_.end()) return;
+        const Connection connection = std::move(*next);
+        complete_.erase(next);
+        if (IsOption(connection)) {
+            AnswerOption(connection, *listeners.options);
+        } else {
+            Notify(connection, listeners);
+        }
     }
+}
+
+void HandOffServer::Notify(const Connection& connection, const Listeners& listeners) {
+    const Message message = MessageIn(std::string_view(connection.received).substr(kLengthBytes));
+    if (listeners.take_id) listeners.take_id(message.startup_id);
+    listeners.texts->OnBringToFront();
+    listeners.texts->OnCommandText(message.text);
+    listeners.texts->OnTrigger();
+    ::send(connection.socket.Number(), &kProcessed, 1, MSG_NOSIGNAL);
+}
+
+void HandOffServer::AnswerOption(const Connection& connection, ports::OptionListener& options) {
+    const ports::OptionAnswer answer =
+        options.OnOption(std::string_view(connection.received).substr(kLengthBytes + 1));
+    const std::string bytes =
+        std::string{kProcessed, static_cast<char>('0' + answer.exit_code)} + answer.text;
+    // A text of a few lines always has room in the connection.
+    ::send(connection.socket.Number(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
 }
 
 void HandOffServer::AcceptAll() {
@@ -240,6 +266,23 @@ bool Deliver(const SocketPlace& place, std::string_view startup_id, std::string_
     if (!WaitFor(socket, POLLIN, end)) return true;
     char answer = 0;
     return ::recv(socket.Number(), &answer, 1, 0) == 1;
+}
+
+std::optional<ports::OptionAnswer> AskOption(const SocketPlace& place, std::string_view option) {
+    const Descriptor socket = NewSocket();
+    if (!WithAddress(::connect, socket, AddressOf(place)) || !IsOfThisUser(socket)) return std::nullopt;
+    const Moment end = std::chrono::steady_clock::now() + kPatienceForAnswer;
+    if (!SendAll(socket, Framed(std::string(1, kBeforeOption).append(option)), end)) return std::nullopt;
+    std::string answer;
+    std::array<char, 4096> buffer{};
+    while (WaitFor(socket, POLLIN, end)) {
+        const ssize_t count = ::recv(socket.Number(), buffer.data(), buffer.size(), 0);
+        if (count < 0 && errno == EINTR) continue;
+        if (count <= 0) break;
+        answer.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+    if (answer.size() < 2 || answer[0] != kProcessed) return std::nullopt;
+    return ports::OptionAnswer{.exit_code = answer[1] - '0', .text = answer.substr(2)};
 }
 
 }  // namespace linux

@@ -2,14 +2,16 @@
 //
 // One connection carries one message: four bytes of length, lowest first, and the message. That is the text,
 // and before it, where the start has one, its start-up id between two zero bytes. The answer is one byte,
-// sent when the text has been processed. The socket can be used by its owner only, and each side checks who
-// the other is.
+// sent when the text has been processed. A message that begins with the byte 1 is an option; after the byte
+// of its answer come the digit of the exit code and the text, up to the end of the connection. The socket can
+// be used by its owner only, and each side checks who the other is.
 #pragma once
 
 #include <cstddef>
 #include <deque>
 #include <functional>
 #include <list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -42,8 +44,14 @@ public:
     bool Listen(const SocketPlace& place);
     bool IsListening() const { return events_.IsOpen(); }
     int FileDescriptor() const { return events_.Number(); }
-    /// Notifies the listener of every text that is complete, and `take_id` before each. Never waits.
-    void Serve(ports::HandOffListener& listener, const StartupIdTaker& take_id);
+    /// Whom to notify; null for nobody. `take_id` is called before the listener.
+    struct Listeners {
+        ports::HandOffListener* texts = nullptr;
+        ports::OptionListener* options = nullptr;
+        const StartupIdTaker& take_id;
+    };
+    /// Notifies of every message that is complete and has a listener; the others wait. Never waits.
+    void Serve(const Listeners& listeners);
     /// Stops listening; `place` is where it listened.
     void Close(const SocketPlace& place);
 
@@ -54,6 +62,9 @@ private:
     };
     enum class Progress { Waiting, Complete, Broken };
 
+    static bool IsOption(const Connection& connection);
+    static void AnswerOption(const Connection& connection, ports::OptionListener& options);
+    static void Notify(const Connection& connection, const Listeners& listeners);
     void AcceptAll();
     void ReadAll();
     static Progress Read(Connection& connection);
@@ -70,5 +81,9 @@ bool IsSomeoneListening(const SocketPlace& place);
 /// Delivers a text and a start-up id, which may be empty, and waits until it was processed: at most 5 seconds
 /// for someone to listen, then half a minute for the answer. False when it was not taken.
 bool Deliver(const SocketPlace& place, std::string_view startup_id, std::string_view text);
+
+/// Asks the instance that listens there, and waits for its answer half a minute at most. Nothing when there
+/// is none.
+std::optional<ports::OptionAnswer> AskOption(const SocketPlace& place, std::string_view option);
 
 }  // namespace linux

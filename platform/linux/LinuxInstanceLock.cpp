@@ -86,8 +86,17 @@ bool LinuxInstanceLock::HandOff(std::string_view text) {
     return folder_.IsOpen() && !lock_.IsOpen() && Deliver(Place(), startup_id_, text);
 }
 
+std::optional<ports::OptionAnswer> LinuxInstanceLock::AskFirst(std::string_view option) {
+    if (lock_.IsOpen()) return std::nullopt;
+    const Descriptor folder(::open(folder_path_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.IsOpen()) return std::nullopt;
+    return AskOption({folder.Number(), Place().name}, option);
+}
+
 void LinuxInstanceLock::Serve() {
-    if (listener_ != nullptr) server_.Serve(*listener_, OnStartupId);
+    // What is not read yet keeps the descriptor readable.
+    if (listener_ == nullptr && option_listener_ == nullptr) return;
+    server_.Serve({.texts = listener_, .options = option_listener_, .take_id = OnStartupId});
 }
 
 }  // namespace linux

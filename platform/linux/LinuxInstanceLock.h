@@ -6,6 +6,7 @@
 // file itself is never removed: two starts could then hold locks on two files of one name.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -28,7 +29,9 @@ public:
     ports::Instance Answer() const override { return answer_; }
     std::string Failure() const override { return failure_; }
     bool HandOff(std::string_view text) override;
+    std::optional<ports::OptionAnswer> AskFirst(std::string_view option) override;
     void SetListener(ports::HandOffListener* listener) override { listener_ = listener; }
+    void SetOptionListener(ports::OptionListener* listener) override { option_listener_ = listener; }
     int FileDescriptor() const override { return server_.FileDescriptor(); }
     void Serve() override;
 
@@ -49,6 +52,7 @@ private:
     Descriptor lock_;
     HandOffServer server_;
     ports::HandOffListener* listener_ = nullptr;
+    ports::OptionListener* option_listener_ = nullptr;
 };
 
 }  // namespace linux

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,9 @@ public:
     /// Lets `second` hand over while `first` serves; what HandOff gave.
     virtual bool HandOver(ports::InstanceLock& second, ports::InstanceLock& first,
                           const std::string& text) = 0;
+    /// Lets `start` ask while `first` serves; what AskFirst gave.
+    virtual std::optional<ports::OptionAnswer> Ask(ports::InstanceLock& start, ports::InstanceLock& first,
+                                                   const std::string& option) = 0;
     /// Makes the folder read-only.
     virtual void MakeUnusable() = 0;
 };
@@ -37,6 +41,17 @@ public:
 
     std::vector<std::string> Told;
     std::function<void()> WhenTriggered;
+};
+
+class AnsweringListener final : public ports::OptionListener {
+public:
+    ports::OptionAnswer OnOption(std::string_view option) override {
+        Asked.emplace_back(option);
+        return Answer;
+    }
+
+    ports::OptionAnswer Answer;
+    std::vector<std::string> Asked;
 };
 
 class InstanceLockContract : public testing::TestWithParam<MakeInstanceBench> {
@@ -168,6 +183,45 @@ TEST_P(InstanceLockContract, ServingInsideATriggerDoesNotTellTheSameTextAgain) {
     bench_->HandOver(*second, *first, "one");
 
     EXPECT_EQ(listener.Told, (std::vector<std::string>{"front", "text one", "trigger"}));
+}
+
+TEST_P(InstanceLockContract, AnOptionIsAnsweredAndBringsNothingToTheFront) {
+    const auto first = bench_->Start();
+    const auto later = bench_->Start();
+    RecordingHandOff texts;
+    AnsweringListener options;
+    options.Answer = {.exit_code = 1, .text = "two\nlines"};
+    first->TryBecomeFirst();
+    first->SetListener(&texts);
+    first->SetOptionListener(&options);
+
+    const auto answer = bench_->Ask(*later, *first, "next");
+
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->exit_code, 1);
+    EXPECT_EQ(answer->text, "two\nlines");
+    EXPECT_EQ(options.Asked, std::vector<std::string>{"next"});
+    EXPECT_TRUE(texts.Told.empty());
+}
+
+TEST_P(InstanceLockContract, AnAnswerWithoutATextIsOne) {
+    const auto first = bench_->Start();
+    const auto later = bench_->Start();
+    AnsweringListener options;
+    first->TryBecomeFirst();
+    first->SetOptionListener(&options);
+
+    const auto answer = bench_->Ask(*later, *first, "stop");
+
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->exit_code, 0);
+    EXPECT_EQ(answer->text, "");
+}
+
+TEST_P(InstanceLockContract, WhereNobodyRunsNobodyAnswers) {
+    const auto later = bench_->Start();
+
+    EXPECT_FALSE(later->AskFirst("status"));
 }
 
 TEST_P(InstanceLockContract, TheFirstHandsNothingOver) {

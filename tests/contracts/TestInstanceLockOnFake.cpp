@@ -13,6 +13,10 @@ public:
                   const std::string& text) override {
         return second.HandOff(text);
     }
+    std::optional<ports::OptionAnswer> Ask(ports::InstanceLock& start, ports::InstanceLock& /*first*/,
+                                           const std::string& option) override {
+        return start.AskFirst(option);
+    }
     void MakeUnusable() override { instances_.Failure = "The folder cannot be written to."; }
 
 private:

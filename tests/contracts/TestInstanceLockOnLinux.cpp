@@ -10,7 +10,8 @@ namespace contracts {
 namespace {
 
 // Serves `first`, as its event loop would, until the other side is done.
-bool ServeUntilDone(ports::InstanceLock& first, std::future<bool> done) {
+template <class Result>
+Result ServeUntilDone(ports::InstanceLock& first, std::future<Result> done) {
     constexpr int kMilliseconds = 5;
     while (done.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
         pollfd wanted{first.FileDescriptor(), POLLIN, 0};
@@ -28,6 +29,11 @@ public:
     bool HandOver(ports::InstanceLock& second, ports::InstanceLock& first, const std::string& text) override {
         return ServeUntilDone(
             first, std::async(std::launch::async, [&second, &text] { return second.HandOff(text); }));
+    }
+    std::optional<ports::OptionAnswer> Ask(ports::InstanceLock& start, ports::InstanceLock& first,
+                                           const std::string& option) override {
+        return ServeUntilDone(
+            first, std::async(std::launch::async, [&start, &option] { return start.AskFirst(option); }));
     }
     void MakeUnusable() override { ASSERT_EQ(::chmod(folder_.Path().c_str(), 0500), 0); }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <optional>
 #include <string>
 
 #include "ports/InstanceLock.h"
@@ -43,7 +44,13 @@ public:
         first->Serve();
         return true;
     }
+    std::optional<ports::OptionAnswer> AskFirst(std::string_view option) override {
+        FakeInstanceLock* const first = instances_.First;
+        if (first == nullptr || first->option_listener_ == nullptr) return std::nullopt;
+        return first->option_listener_->OnOption(option);
+    }
     void SetListener(ports::HandOffListener* listener) override { listener_ = listener; }
+    void SetOptionListener(ports::OptionListener* listener) override { option_listener_ = listener; }
     int FileDescriptor() const override { return -1; }
     void Serve() override {
         while (listener_ != nullptr && !waiting_.empty()) {
@@ -59,6 +66,7 @@ private:
     FakeInstances& instances_;
     ports::Instance answer_ = ports::Instance::Failed;
     ports::HandOffListener* listener_ = nullptr;
+    ports::OptionListener* option_listener_ = nullptr;
     std::deque<std::string> waiting_;
 };
 

@@ -121,6 +121,42 @@ class Opener(Story):
         self.hear("the song that played", TONES[0][1])
         check_equal("what is cued", self.cued(), ["Bell - Two"])
 
+    def ask(self, *arguments):
+        """Exit code, output and error output of a start that is only an option."""
+        done = subprocess.run([str(self.application / "Brindlepost"), *arguments], env=self.stage.environment,
+                              capture_output=True, text=True, timeout=30, check=False)
+        return done.returncode, done.stdout, done.stderr
+
+    def status(self):
+        code, text, trouble = self.ask("--status")
+        check_equal("the code of --status", (code, trouble), (0, ""))
+        return text.splitlines()
+
+    def options_steer_the_player(self):
+        """From a command line; what is in front stays there."""
+        self.put_another_window_in_front()
+        state, song, place = self.status()
+        check_equal("what plays", (state, song), ("playing", "Ada - One"))
+        check(place.endswith(" of 1:00"), f"the place is {place}")
+        check_equal("pause", self.ask("--play-pause"), (0, "", ""))
+        check_equal("the state", self.status()[0], "paused")
+        check_equal("play on", self.ask("--play-pause"), (0, "", ""))
+        self.hear("the song again", TONES[0][1])
+        check_equal("next", self.ask("--next"), (0, "", ""))
+        self.hear("the song that was cued", TONES[1][1])
+        check_equal("stop", self.ask("--stop"), (0, "", ""))
+        check_equal("the state", self.status(), ["stopped"])
+        check(not self.is_in_front(), "the window came to the front")
+        check_equal("an unknown option", self.ask("--dance"),
+                    (2, "", "Brindlepost: There is no option --dance. --help tells what there is.\n"))
+        check_equal("the version", self.ask("--version")[0], 0)
+        check("--play-pause" in self.ask("--help")[1], "the help does not name --play-pause")
+
+    def options_without_a_program(self):
+        self.end()
+        check_equal("next", self.ask("--next"), (4, "", "Brindlepost does not run.\n"))
+        self.launch()
+
     def a_maximised_window_that_was_minimised_comes_back_so(self):
         window = self.main_window_id()
         for wanted in (True, False):
@@ -220,6 +256,7 @@ class Opener(Story):
     def steps(self):
         return [self.a_start_with_a_file_plays_it, self.a_second_start_with_two_files, self.with_an_address_a_tab_opens,
                 self.with_nothing_the_window_comes_to_the_front,
+                self.options_steer_the_player, self.options_without_a_program,
                 self.a_maximised_window_that_was_minimised_comes_back_so, self.the_menu_opens_files,
                 self.many_starts_at_once,
                 self.the_desktop_knows_the_file_type, self.the_desktop_opens_two_files,

@@ -220,7 +220,9 @@ public:
         Note("HandOver ", text);
         return true;
     }
+    std::optional<ports::OptionAnswer> AskFirst(std::string_view) override { return std::nullopt; }
     void SetListener(ports::HandOffListener*) override {}
+    void SetOptionListener(ports::OptionListener*) override {}
     int FileDescriptor() const override { return -1; }
     void Serve() override {}
 
