@@ -3,8 +3,10 @@
 #include "base/ListOrder.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string>
 
@@ -22,6 +24,10 @@ public:
     explicit ListOrder(const std::vector<std::string_view>& texts) : texts_(texts) {
         items_.reserve(texts.size());
         ends_.reserve(texts.size());
+        std::size_t bytes = 0;
+        for (const std::string_view text : texts)
+            bytes += text.size();
+        keys_.reserve(bytes);
         for (const std::string_view text : texts) {
             items_.push_back({0, static_cast<std::uint32_t>(items_.size())});
             AppendSortKey(keys_, text);
@@ -52,9 +58,12 @@ private:
     // Eight bytes of the key from `depth` on; behind its end are zeros.
     std::uint64_t HeadAt(const Item& item, std::size_t depth) const {
         const std::string_view key = Key(item);
+        std::array<unsigned char, kHeadBytes> bytes{};
+        if (key.size() > depth)
+            std::memcpy(bytes.data(), key.data() + depth, std::min(kHeadBytes, key.size() - depth));
         std::uint64_t head = 0;
-        for (std::size_t at = depth; at < depth + kHeadBytes; ++at)
-            head = head << 8U | (at < key.size() ? static_cast<unsigned char>(key[at]) : 0U);
+        for (const unsigned char byte : bytes)
+            head = head << 8U | byte;
         return head;
     }
 

@@ -6,12 +6,19 @@ namespace library {
 namespace {
 
 constexpr std::size_t kFirstPlaces = 64;
+constexpr std::size_t kManyTexts = 65'536;
 
 std::uint32_t Tag(std::uint64_t hash) {
     return static_cast<std::uint32_t>(hash >> 32U);
 }
 
 }  // namespace
+
+bool DistinctTexts::MayBeNew(std::string_view text) {
+    if (has_given_up_) return true;
+    if (++asked_ == kManyTexts && 2 * texts_.Size() > kManyTexts) has_given_up_ = true;
+    return has_given_up_ || IsNew(text);
+}
 
 bool DistinctTexts::IsNew(std::string_view text) {
     if (!texts_.Empty() && text == last_) return false;

@@ -13,8 +13,10 @@ namespace library {
 
 class DistinctTexts {
 public:
-    /// True for the first of equal texts (compared byte for byte).
-    bool IsNew(std::string_view text);
+    /// False for a text that came before (compared byte for byte). Where more than half of very many texts
+    /// were new, looking for each costs more than it spares: from then on every text is called new, and none
+    /// is put into the set.
+    bool MayBeNew(std::string_view text);
     /// The number of a text, which is put into the set if it is not there.
     std::uint32_t NumberOf(std::string_view text);
     /// The number of a text that is there.
@@ -31,12 +33,15 @@ private:
         std::uint32_t hash = 0;
     };
 
+    bool IsNew(std::string_view text);
     std::size_t PlaceOf(std::string_view text, std::uint64_t hash) const;
     void Grow();
 
     base::RowTexts texts_;
     std::vector<Place> places_;  // their number is a power of two
     std::string_view last_;      // into texts_: rows of one artist mostly stand together
+    std::size_t asked_ = 0;
+    bool has_given_up_ = false;
 };
 
 }  // namespace library

@@ -299,10 +299,10 @@ void LibraryListsRoom::AddTrack(std::string_view song_id, std::string_view artis
     controls_.lstMaybe.AddItem(song_id);
 }
 
-// lstArtists shows each artist once, so that lstMusicTest needs each only once as well: a large library has
-// many more songs than artists.
+// lstArtists shows each artist once, so that lstMusicTest needs each only once as well: most large libraries
+// have many more songs than artists.
 void LibraryListsRoom::AddArtist(std::string_view artist) {
-    if (seen_artists_.IsNew(artist)) controls_.lstMusicTest.AddItem(artist);
+    if (seen_artists_.MayBeNew(artist)) controls_.lstMusicTest.AddItem(artist);
 }
 
 void LibraryListsRoom::ShowLast20() {
