@@ -1,4 +1,4 @@
-"""Searching folders and adding what is found, beside the system's own tools: `scan.py BUILD_FOLDER`.
+"""Searching folders, adding what is found and cleaning up, beside the system's own tools: `scan.py BUILD_FOLDER`.
 
 100,000 files in 5,000 folders, and 100,000 files in one folder, in a warm cache. The peer is `find` over the same folders and
 one bulk insert of the same rows by the sqlite3 shell, in the same run; both stores end with every row durable. A thread asks
@@ -55,11 +55,11 @@ def time_insert(store, rows, work):
 
 
 def run_program(stage, build, root, work):
-    """What it printed: (search, longest wait, add, longest wait), in milliseconds."""
+    """What it printed: (search, longest wait, add, longest wait, clean-up, longest wait), in milliseconds."""
     output = stage.run(str(build / "bench" / "scan_and_add"), str(root), str(work), timeout=120)
     numbers = [float(word) for word in output.split() if word.replace(".", "", 1).isdigit()]
-    assert len(numbers) == 5 and numbers[2] == FILES, output
-    return numbers[0], numbers[1], numbers[3], numbers[4]
+    assert len(numbers) == 8 and numbers[2] == FILES and numbers[7] == FILES, output
+    return numbers[0], numbers[1], numbers[3], numbers[4], numbers[5], numbers[6]
 
 
 def measure(stage, build, name, folders, work):
@@ -73,7 +73,7 @@ def measure(stage, build, name, folders, work):
         with open(rows, "wb") as output:
             subprocess.run(["sqlite3", "-csv", str(store), "select * from tblSong"], stdout=output, check=True)
         peers.append((time_find(root, work / "listing"), time_insert(store, rows, work)))
-    search, wait_in_search, add, wait_in_add = (statistics.median(column) for column in zip(*rounds))
+    search, wait_in_search, add, wait_in_add, clean, wait_in_clean = (statistics.median(column) for column in zip(*rounds))
     find, insert = (statistics.median(column) for column in zip(*peers))
     both, peer = (statistics.median(a + b for a, b in pairs)
                   for pairs in ([(r[0], r[2]) for r in rounds], peers))
@@ -81,7 +81,7 @@ def measure(stage, build, name, folders, work):
     print(f"{FILES} files in {folders} folders: search {search:.0f} ms and add {add:.0f} ms, together {both:.0f} ms; "
           f"find {find:.0f} ms and insert {insert:.0f} ms, together {peer:.0f} ms: {both / peer:.2f} times. "
           f"Longest wait of an event: {wait_in_search:.0f} ms searching, {wait_in_add:.0f} ms adding, worst of all "
-          f"{ROUNDS} rounds {worst:.0f} ms", flush=True)
+          f"{ROUNDS} rounds {worst:.0f} ms. Clean-up {clean:.0f} ms, longest wait {wait_in_clean:.0f} ms", flush=True)
 
 
 def main():

@@ -1,5 +1,6 @@
-// The add dialog with its window, files and store: a folder is searched and all of it is added, while a
-// thread asks how long an event has to wait. bench/scan.py makes the folders and runs the peers.
+// The add dialog with its window, files and store: a folder is searched, all of it is added, and the library
+// is cleaned up, while a thread asks how long an event has to wait. bench/scan.py makes the folders and runs
+// the peers.
 #include <QTimer>
 #include <algorithm>
 #include <atomic>
@@ -10,10 +11,13 @@
 #include <string>
 #include <thread>
 
+#include "fakes/FakeDialogs.h"
 #include "fakes/NullWindow.h"
 #include "library/AddMediaForm.h"
 #include "library/AddMediaRoom.h"
+#include "library/CleanUpRoom.h"
 #include "platform/linux/LinuxFiles.h"
+#include "platform/linux/SystemClock.h"
 #include "platform/qt/Boxes.h"
 #include "platform/qt/Loop.h"
 #include "platform/qt/Screen.h"
@@ -96,12 +100,18 @@ public:
         fs::create_directories(folder_);
         fs::remove(StoreFile());
         const auto made = sqlite::MakeStore(StoreFile(), store::kStoreLayouts[0], {});
-        if (!made.Ok()) std::abort();
+        fs::remove(HistoryFile());
+        const sqlite::StartingRow clean_up_row{0, {"5", "Settings", "20260101"}};
+        const auto history = sqlite::MakeStore(HistoryFile(), store::kStoreLayouts[2], {&clean_up_row, 1});
+        if (!made.Ok() || !history.Ok()) std::abort();
+        datSong_.SetDatabaseName(stores_, std::string("C:\\bench").append(store::kMediaStore));
+        datHistory_.SetDatabaseName(stores_, std::string("C:\\bench").append(store::kHistoryStore));
         screen_.Adopt(form_.frmAddMedia);
     }
 
     /// Everything in events of their own, as a person's clicks are.
     int Run(const std::string& tree) {
+        agreeing_.Answers = {ports::BoxAnswer::Yes};
         QTimer::singleShot(0, [this, &tree] {
             form_.frmAddMedia.Show();
             if (!form_.Dir1.SetPath(tree)) std::abort();
@@ -112,6 +122,7 @@ public:
 
 private:
     std::string StoreFile() const { return folder_ + "/dbMedia.mdb"; }
+    std::string HistoryFile() const { return folder_ + "/dbHistory.mdb"; }
 
     void Search() {
         watch_.Forget();
@@ -136,6 +147,18 @@ private:
         const double took = MillisecondsSince(begin_);
         QTimer::singleShot(0, [this, took] {
             std::printf("add     %8.1f ms  longest wait of an event %6.1f ms\n", took, watch_.LongestWait());
+            QTimer::singleShot(200, [this] { CleanUp(); });
+        });
+    }
+
+    void CleanUp() {
+        watch_.Forget();
+        begin_ = Clock::now();
+        menu_.mnuCleanUp.Click.Raise();
+        const double took = MillisecondsSince(begin_);
+        QTimer::singleShot(0, [this, took] {
+            std::printf("clean   %8.1f ms  longest wait of an event %6.1f ms  %d rows\n", took,
+                        watch_.LongestWait(), task_.lstCleanup.ListCount());
             loop_.Quit();
         });
     }
@@ -145,7 +168,9 @@ private:
     linux::LinuxFiles files_;
     std::string folder_;
     qt::Boxes boxes_{loop_};
-    sqlite::SqliteDatabase database_{[this](std::string_view) { return StoreFile(); }};
+    sqlite::SqliteDatabase database_{[this](std::string_view path) {
+        return path.ends_with(store::kMediaStore) ? StoreFile() : HistoryFile();
+    }};
     EndInTrouble trouble_;
     store::Stores stores_{database_, loop_, trouble_};
     fakes::NullWindow window_;
@@ -154,6 +179,19 @@ private:
     library::AddMediaForm form_{files_};
     library::AddMediaRoom room_{
         form_, stores_, "C:\\bench", sub_folders_, window_, lists_, {files_, boxes_, loop_}};
+    struct NoHighlights final : roles::Highlights {
+        void NoMouseOvers() override {}
+    } highlights_;
+    fakes::FakeDialogs agreeing_;
+    linux::SystemClock clock_;
+    store::DataSource datSong_{"datSong"};
+    store::DataSource datHistory_{"datHistory"};
+    library::TaskControls task_;
+    library::CleanUpMenu menu_;
+    library::TaskRoom task_room_{task_, loop_, highlights_};
+    const std::int32_t age_ = 0;
+    library::CleanUpRoom clean_up_{task_,      menu_,  {datSong_, datHistory_},    age_,
+                                   task_room_, lists_, {files_, agreeing_, clock_}};
     qt::Screen screen_{loop_, {}};
     EventWatch watch_;
     Clock::time_point begin_;

@@ -9,7 +9,8 @@
 namespace qt {
 namespace {
 
-constexpr std::chrono::milliseconds kYieldPause{4};
+/// Less than a frame of the screen: every yield paints what changed, and ends in a durable write.
+constexpr std::chrono::milliseconds kYieldPause{10};
 constexpr std::chrono::milliseconds kLongHandler{200};
 
 /// Qt keeps references to these for as long as it lives.
