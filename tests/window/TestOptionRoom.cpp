@@ -30,6 +30,7 @@ struct RecordingPlayer final : roles::Transport, roles::NowPlaying {
     void Play() override { Done.emplace_back("play"); }
     void Pause() override { Done.emplace_back("pause"); }
     bool IsPlayShown() const override { return false; }
+    void StayStopped() override { Done.emplace_back("stay stopped"); }
     void Stop() override { Done.emplace_back("stop"); }
     void StopAndForget() override { Done.emplace_back("forget"); }
     void Next() override { Done.emplace_back("next"); }
