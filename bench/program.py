@@ -92,9 +92,26 @@ def seed(application, song):
     run("dbMedia.mdb", f"insert into tblSong values(1,'Ada','Tone','{path}',0)")
 
 
+def family(pid):
+    """A process and the decoders that it started."""
+    found = [pid]
+    for folder in pathlib.Path("/proc").glob("[0-9]*"):
+        try:
+            fields = (folder / "stat").read_text().rsplit(")", 1)[1].split()
+            if int(fields[1]) == pid and b"brindlepost-media" in (folder / "cmdline").read_bytes():
+                found.append(int(folder.name))
+        except OSError:
+            continue
+    return found
+
+
 def processor_seconds(pid):
-    fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
-    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+    """Of a process and its decoders."""
+    seconds = 0
+    for number in family(pid):
+        fields = pathlib.Path(f"/proc/{number}/stat").read_text().rsplit(")", 1)[1].split()
+        seconds += (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+    return seconds
 
 
 def percent_of_a_core(pid, seconds=SECONDS):
@@ -104,8 +121,14 @@ def percent_of_a_core(pid, seconds=SECONDS):
 
 
 def memory_mib(pid):
-    values = dict(line.split(":") for line in pathlib.Path(f"/proc/{pid}/smaps_rollup").read_text().splitlines()[1:])
-    return tuple(int(values[key].split()[0]) / 1024 for key in ("Rss", "Pss"))
+    """Resident and proportional, of a process and its decoders."""
+    total = {"Rss": 0, "Pss": 0}
+    for number in family(pid):
+        lines = pathlib.Path(f"/proc/{number}/smaps_rollup").read_text().splitlines()[1:]
+        values = dict(line.split(":") for line in lines)
+        for key in total:
+            total[key] += int(values[key].split()[0]) / 1024
+    return total["Rss"], total["Pss"]
 
 
 def open_main_window(stage):
