@@ -218,8 +218,12 @@ QWidget* DownloadsWindow::MakeList() {
     return area;
 }
 
+// Over the window that the user looks at, the first time; later where the user has put it.
 void DownloadsWindow::Present() {
     Update();
+    const QWidget* const below = QApplication::activeWindow();
+    if (!testAttribute(Qt::WA_Moved) && !isVisible() && below != nullptr && below != this)
+        move(below->geometry().center() - rect().center());
     show();
     raise();
     activateWindow();

@@ -80,14 +80,14 @@ class Life(Browsing):
         heard.stop()
 
     def a_box_of_a_page_leaves_the_music_alone(self):
-        """As much sound in store as the program keeps, so that a busy machine cuts both short."""
+        """The peer has as much sound in store as the program begins with, so that a busy machine cuts both short."""
         check(self.stage.run("pactl", "load-module", "module-null-sink", "sink_name=peer", f"rate={SAMPLE_RATE}"),
               "no second sink")
         self.play("Tone")
         music = Recorder(self.stage, self.stage.folder / "music.raw")
         wait_for("the music", lambda: music.hears(440, least=0.02), 20)
         player = self.stage.spawn(["gst-launch-1.0", "-q", "filesrc", f"location={self.tone}", "!", "wavparse", "!",
-                                   "audioconvert", "!", "pulsesink", "device=peer", "buffer-time=200000", "latency-time=10000"])
+                                   "audioconvert", "!", "pulsesink", "device=peer", "buffer-time=50000", "latency-time=10000"])
         peer = Recorder(self.stage, self.stage.folder / "peer.raw", "peer.monitor")
         wait_for("the peer's music", lambda: peer.hears(440, least=0.02), 20)
         self.open("/box", "Box")

@@ -31,12 +31,16 @@ from stage import SAMPLE_RATE, Recorder, StageError, wait_for
 LONGEST_ANSWER = 5.0
 LONGEST_GAP = 5.0           # milliseconds, over twice what the peer had
 TRIES = 3                   # a gap or a wait that does not come again is the machine's
-SOUND_BUFFER = 200000       # microseconds
+SOUND_BUFFER = 50000        # microseconds; what the program begins with
 MOST_BOXES = 12             # that a person has to put away before the page can be left
 MOST_TABS = 45
 MOST_MEMORY = 1500          # MiB of the program's own process
 SECONDS = 1.2
-LONGEST_ARRIVAL = 90        # seconds; what a closed page left may keep both processors for a while
+LONGEST_ARRIVAL = 45        # seconds; what a closed page left may keep both processors for a while
+
+
+class NotThere(Exception):
+    """A page did not begin. Once, that is what a page before left to be done; every time, it is a fault."""
 
 
 class Hostility(Browsing):
@@ -87,7 +91,7 @@ class Hostility(Browsing):
         wait_for("the music", lambda: self.music.hears(440, least=0.02), 20)
         # As much sound in store as the program keeps, so that a busy machine cuts both short.
         self.stage.spawn(["gst-launch-1.0", "-q", "filesrc", f"location={self.tone}", "!", "wavparse", "!", "audioconvert",
-                          "!", "pulsesink", "device=peer", f"buffer-time={SOUND_BUFFER}", f"latency-time={SOUND_BUFFER // 20}"])
+                          "!", "pulsesink", "device=peer", f"buffer-time={SOUND_BUFFER}", f"latency-time={SOUND_BUFFER // 5}"])
         self.peer = Recorder(self.stage, self.stage.folder / "peer.raw", "peer.monitor")
         wait_for("the peer's music", lambda: self.peer.hears(440, least=0.02), 20)
 
@@ -208,7 +212,10 @@ class Hostility(Browsing):
 
     def wait_for_page(self, what, is_there):
         """As long as it takes, while the program lives."""
-        wait_for(what, lambda: is_there() or self.program.poll() is not None, LONGEST_ARRIVAL)
+        try:
+            wait_for(what, lambda: is_there() or self.program.poll() is not None, LONGEST_ARRIVAL)
+        except StageError as error:
+            raise NotThere(str(error)) from error
         self.must_run()
 
     def suffer(self, row):
@@ -257,7 +264,12 @@ class Hostility(Browsing):
         """What a page does to the clock counts when it does it every time."""
         complaint = None
         for _ in range(TRIES):
-            complaint = self.visit(row)
+            try:
+                complaint = self.visit(row)
+            except NotThere as error:
+                complaint = str(error)
+                print(complaint, flush=True)
+                self.recover()
             if not complaint:
                 return
         raise Failed(complaint)
