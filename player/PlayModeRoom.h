@@ -17,6 +17,9 @@ public:
     /// The check of mnuRepeat, which goes along with the pictures.
     bool IsRepeatChecked() const { return menu_.mnuRepeat.Checked(); }
     bool IsShuffling() const { return menu_.mnuShuffle.Checked(); }
+    /// The clicks of mnuRepeat and mnuShuffle.
+    void ToggleRepeat() { mnuRepeat_Click(); }
+    void ToggleShuffle() { mnuShuffle_Click(); }
     /// Once the bright pictures were hidden: the plain ones say what the check of mnuRepeat says.
     void SettlePictures();
 

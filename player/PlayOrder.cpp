@@ -7,6 +7,7 @@ PlayOrder::PlayOrder(PlayOrderControls& controls, ports::Chance& chance)
 
 void PlayOrder::CopyFrom(const controls::ListBox& entries) {
     controls_.lstNowPlaying.CopyRowsFrom(entries);
+    ++version_;
 }
 
 base::SongEntry PlayOrder::Select(int row) {

@@ -1,6 +1,8 @@
 // The playing order: a copy of the visible tracks' entries, taken at a double click, walked for ever.
 #pragma once
 
+#include <cstdint>
+
 #include "base/SongEntry.h"
 #include "controls/ListBox.h"
 #include "player/PlayerControls.h"
@@ -22,10 +24,17 @@ public:
     /// The entry before the selected one, round and round.
     base::SongEntry Previous();
     int Count() const { return controls_.lstNowPlaying.ListCount(); }
+    /// The selected row; -1 for none.
+    int Row() const { return controls_.lstNowPlaying.ListIndex(); }
+    /// The entry of a row, which must be there.
+    base::SongEntry At(int row) const { return base::SongEntry(controls_.lstNowPlaying.List(row)); }
+    /// Grows each time that other entries are taken over.
+    std::uint64_t Version() const { return version_; }
 
 private:
     PlayOrderControls& controls_;
     ports::Chance& chance_;
+    std::uint64_t version_ = 0;
 };
 
 }  // namespace player

@@ -47,7 +47,9 @@ Player::Player(PlayerWindows windows, PlayerState& state, PlayerRoles roles, Pla
                 roles.layout),
       speaker_test_(windows.speaker_test, windows.menu, windows.controls.transport.lblTrack, mci_, state,
                     {.fade = fade_, .panning = panning_, .volume = volume_}, roles.window),
-      playing_(windows.controls.transport, windows.tracks, mci_, state, RoomsOfPlaying()) {}
+      playing_(windows.controls.transport, windows.tracks, mci_, state, RoomsOfPlaying()),
+      order_view_(windows.controls.transport, state,
+                  {.order = order_, .mode = mode_, .songs = songs_, .playback = playback_}) {}
 
 PlaybackRooms Player::RoomsOfPlayback() {
     return {.pair = pair_,

@@ -9,6 +9,7 @@
 #include "player/MediaWatch.h"
 #include "player/MessengerLine.h"
 #include "player/NowPlaying.h"
+#include "player/OrderView.h"
 #include "player/PanningRoom.h"
 #include "player/PlayButtonsRoom.h"
 #include "player/PlayModeRoom.h"
@@ -82,6 +83,7 @@ public:
     roles::NowPlaying& Playing() { return playing_; }
     roles::MessengerLine& Line() { return line_; }
     roles::CueList& Cue() { return cue_; }
+    roles::PlayOrder& Order() { return order_view_; }
     roles::VideoPane& Video() { return video_; }
 
     // roles::Transport
@@ -136,6 +138,7 @@ private:
     SplitterRoom splitter_;
     SpeakerTestRoom speaker_test_;
     NowPlaying playing_;
+    OrderView order_view_;
 };
 
 }  // namespace player

@@ -1,6 +1,7 @@
 #include "player/SongLookup.h"
 
 #include "base/Number.h"
+#include "store/FirstRows.h"
 #include "store/Songs.h"
 #include "store/Tables.h"
 
@@ -17,6 +18,23 @@ std::optional<std::string> SongLookup::PathOf(std::int64_t song_id) {
 std::string SongLookup::PathOfEntry(const base::SongEntry& entry) {
     if (!entry.IsSongId()) return entry.Text();
     return store::SongPathFromId(songs_, base::ToText(entry.SongId()));
+}
+
+std::vector<std::string> SongLookup::PathsOf(const std::vector<base::SongEntry>& entries) {
+    std::vector<std::string> paths;
+    std::vector<std::string> song_ids;
+    for (const base::SongEntry& entry : entries) {
+        paths.push_back(entry.IsSongId() ? std::string() : entry.Text());
+        song_ids.push_back(entry.IsSongId() ? base::ToText(entry.SongId()) : std::string());
+    }
+    if (!songs_.Open(store::kAllSongs)) return paths;
+    store::RecordSet& songs = songs_.Recordset();
+    const auto found = store::FirstRowsWith(songs, store::tblSong::SongID, song_ids);
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        if (!song_ids[i].empty() && found[i] && songs.MoveTo(*found[i]))
+            paths[i] = songs.Text(store::tblSong::FilePath);
+    }
+    return paths;
 }
 
 std::optional<SongLookup::Song> SongLookup::SongAt(std::string_view path) {

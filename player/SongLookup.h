@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/SongEntry.h"
 #include "store/DataSource.h"
@@ -19,6 +20,8 @@ public:
     std::optional<std::string> PathOf(std::int64_t song_id);
     /// The path itself, or what SongPathFromId finds for the SongID; empty when that is nothing.
     std::string PathOfEntry(const base::SongEntry& entry);
+    /// As PathOfEntry for many, in one walk.
+    std::vector<std::string> PathsOf(const std::vector<base::SongEntry>& entries);
     struct Song {
         std::string id;
         std::string artist;

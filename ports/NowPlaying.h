@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace ports {
 
@@ -20,6 +21,7 @@ struct NowPlaying {
     std::string title;
     std::string artist;
     std::string path;         ///< the system's own form
+    std::string art;          ///< the picture of the album, in the same form; empty without one
     std::int64_t length = 0;  ///< 0 when it is not known
     double rate = 1;          ///< 1 is the device's own speed
     double volume = 1;        ///< 0 to 1, linear
@@ -28,8 +30,22 @@ struct NowPlaying {
     bool can_seek = false;
     bool can_go_next = false;
     bool can_go_previous = false;
+    bool repeats = false;   ///< the track, for ever; otherwise the list is walked for ever
+    bool shuffles = false;  ///< the next track of the list is any
+    /// The list around the track, by numbers as `track` is one. The track is among them if the list has it.
+    std::vector<std::int64_t> tracks;
 
     bool operator==(const NowPlaying&) const = default;
+};
+
+/// A track of NowPlaying::tracks.
+struct ListedTrack {
+    std::int64_t track = 0;
+    std::string title;
+    std::string artist;
+    std::string path;  ///< the system's own form; empty when it is not known
+
+    bool operator==(const ListedTrack&) const = default;
 };
 
 /// The range of NowPlaying::rate.
@@ -52,10 +68,16 @@ public:
     virtual void OnSetPosition(std::int64_t track, std::int64_t position) = 0;
     virtual void OnSetRate(double rate) = 0;
     virtual void OnSetVolume(double volume) = 0;
+    virtual void OnSetRepeat(bool repeat) = 0;
+    virtual void OnSetShuffle(bool shuffle) = 0;
+    /// Plays a track of the list; `track` may be none of it any more.
+    virtual void OnGoTo(std::int64_t track) = 0;
     virtual void OnRaise() = 0;
     virtual void OnQuit() = 0;
     /// The place in the song now.
     virtual std::int64_t Position() = 0;
+    /// What tracks of the list are; those that are none of it are left out.
+    virtual std::vector<ListedTrack> Describe(const std::vector<std::int64_t>& tracks) = 0;
 };
 
 class NowPlayingBoard {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "base/DrivePath.h"
 #include "base/Number.h"
 #include "base/Text.h"
 
@@ -16,10 +17,14 @@ std::int64_t ToMicroseconds(double seconds) {
     return base::RoundHalfEven(std::max(seconds, 0.0) * kMicroseconds);
 }
 
+std::string CoverBeside(std::string_view path) {
+    return base::BuildPath(path.substr(0, path.find_last_of("\\/")), "cover.jpg");
+}
+
 }  // namespace
 
 RemoteRoom::RemoteRoom(RemoteRoles roles, RemoteActions actions, RemotePorts ports)
-    : roles_(roles), actions_(std::move(actions)), ports_(ports) {
+    : roles_(roles), actions_(std::move(actions)), ports_(ports), tracks_(roles.order, ports.files) {
     ports_.board.SetListener(this);
     ports_.events.AtHandlerEnd([this] { Look(); });
 }
@@ -44,6 +49,7 @@ void RemoteRoom::Look() {
 
 RemoteRoom::Glance RemoteRoom::TakeGlance() {
     return {.player = roles_.playing.Glance(),
+            .order = roles_.order.Order(),
             .ended_by_itself = IsPlaying() && roles_.playing.Status() != roles::PlayerStatus::Playing,
             .logged_in = roles_.LoggedIn};
 }
@@ -69,8 +75,12 @@ ports::NowPlaying RemoteRoom::Now() {
     if (has_song) DescribeTrack(now, song);
     now.rate = std::clamp(song.speed / 100.0, ports::kSlowestRate, ports::kFastestRate);
     now.volume = player.volume;
+    now.repeats = glance_.order.repeats;
+    now.shuffles = glance_.order.shuffles;
+    tracks_.Look(glance_.order, now.track);
     is_video_ = song.is_video;
     if (!glance_.logged_in) return now;
+    now.tracks = tracks_.Numbers();
     now.can_play = has_song || player.has_selected_track;
     now.can_pause = has_song;
     now.can_seek = now.length > 0;
@@ -85,6 +95,8 @@ void RemoteRoom::DescribeTrack(ports::NowPlaying& now, const roles::CurrentSong&
     now.artist = base::Trim(song.artist);
     now.path = ports_.files.ToNative(song.path);
     now.length = ToMicroseconds(song.length);
+    const std::string art = CoverBeside(song.path);
+    if (ports_.files.FileExists(art)) now.art = ports_.files.ToNative(art);
 }
 
 void RemoteRoom::OnPlay() {
@@ -151,6 +163,18 @@ void RemoteRoom::OnSetVolume(double volume) {
     if (!std::isnan(volume) && roles_.LoggedIn) roles_.transport.SetVolume(std::clamp(volume, 0.0, 1.0));
 }
 
+void RemoteRoom::OnSetRepeat(bool repeat) {
+    if (roles_.LoggedIn) roles_.order.SetRepeat(repeat);
+}
+
+void RemoteRoom::OnSetShuffle(bool shuffle) {
+    if (roles_.LoggedIn) roles_.order.SetShuffle(shuffle);
+}
+
+void RemoteRoom::OnGoTo(std::int64_t track) {
+    if (roles_.LoggedIn) tracks_.Play(track);
+}
+
 void RemoteRoom::OnRaise() {
     actions_.raise();
 }
@@ -161,6 +185,10 @@ void RemoteRoom::OnQuit() {
 
 std::int64_t RemoteRoom::Position() {
     return IsStopped() ? 0 : ToMicroseconds(roles_.playing.Position());
+}
+
+std::vector<ports::ListedTrack> RemoteRoom::Describe(const std::vector<std::int64_t>& tracks) {
+    return roles_.LoggedIn ? tracks_.Describe(tracks) : std::vector<ports::ListedTrack>();
 }
 
 }  // namespace window

@@ -7,19 +7,23 @@
 
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
 #include "ports/NowPlaying.h"
 #include "ports/ScreenSaver.h"
 #include "roles/NowPlaying.h"
+#include "roles/PlayOrder.h"
 #include "roles/Transport.h"
+#include "window/RemoteTracks.h"
 
 namespace window {
 
 struct RemoteRoles {
     roles::Transport& transport;
     roles::NowPlaying& playing;
+    roles::PlayOrder& order;
     /// With nobody logged in the player is not steered from outside.
     const bool& LoggedIn;
 };
@@ -50,6 +54,7 @@ private:
     /// What shows that something changed.
     struct Glance {
         roles::PlayerGlance player;
+        roles::OrderGlance order;
         bool ended_by_itself = false;
         bool logged_in = false;
 
@@ -67,9 +72,13 @@ private:
     void OnSetPosition(std::int64_t track, std::int64_t position) override;
     void OnSetRate(double rate) override;
     void OnSetVolume(double volume) override;
+    void OnSetRepeat(bool repeat) override;
+    void OnSetShuffle(bool shuffle) override;
+    void OnGoTo(std::int64_t track) override;
     void OnRaise() override;
     void OnQuit() override;
     std::int64_t Position() override;
+    std::vector<ports::ListedTrack> Describe(const std::vector<std::int64_t>& tracks) override;
 
     void Look();
     Glance TakeGlance();
@@ -83,6 +92,7 @@ private:
     RemoteRoles roles_;
     RemoteActions actions_;
     RemotePorts ports_;
+    RemoteTracks tracks_;
     ports::NowPlaying shown_;
     Glance glance_;
     bool is_video_ = false;  ///< what is shown

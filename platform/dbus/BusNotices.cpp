@@ -24,6 +24,9 @@ bool TakesMarkup(const QDBusMessage& capabilities) {
 
 BusNotices::BusNotices(SessionBus& bus) : bus_(bus) {
     bus_.WhenJoined([this] {
+        // What an earlier bus showed is gone with it.
+        while (!shown_.empty())
+            OnGone(shown_.begin()->first);
         bus_.Connection().connect(QLatin1String(kService), QLatin1String(kPath), QLatin1String(kService),
                                   QStringLiteral("ActionInvoked"), this, SLOT(ActionInvoked(uint, QString)));
         bus_.Connection().connect(QLatin1String(kService), QLatin1String(kPath), QLatin1String(kService),

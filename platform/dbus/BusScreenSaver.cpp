@@ -58,6 +58,14 @@ QDBusMessage ReleaseCall(const Way& way, const QVariant& receipt) {
 
 }  // namespace
 
+BusScreenSaver::BusScreenSaver(SessionBus& bus) : bus_(bus) {
+    bus_.WhenJoined([this] {
+        receipt_ = {};
+        asking_ = false;
+        if (wanted_) Ask(0);
+    });
+}
+
 void BusScreenSaver::SetInhibited(bool inhibited) {
     if (inhibited == wanted_) return;
     wanted_ = inhibited;

@@ -1,6 +1,6 @@
 // The screen saver of the session, by the first of three ways that is there: the screen saver's own service,
 // the power manager's, the desktop portal's. Each of them lets the screen go dark again when this program's
-// connection ends.
+// connection ends, so a bus that is joined again is asked again.
 #pragma once
 
 #include <QVariant>
@@ -13,7 +13,7 @@ namespace dbus {
 
 class BusScreenSaver final : public ports::ScreenSaver {
 public:
-    explicit BusScreenSaver(SessionBus& bus) : bus_(bus) {}
+    explicit BusScreenSaver(SessionBus& bus);
     ~BusScreenSaver() override { bus_.WaitForAnswers(); }
     BusScreenSaver(const BusScreenSaver&) = delete;
     BusScreenSaver& operator=(const BusScreenSaver&) = delete;

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QStringList>
+#include <algorithm>
 
 #include "platform/dbus/MprisInterfaces.h"
 
@@ -19,6 +20,10 @@ QString BusName() {
 
 QString PlayerInterface() {
     return QStringLiteral("org.mpris.MediaPlayer2.Player");
+}
+
+QString TrackListInterface() {
+    return QStringLiteral("org.mpris.MediaPlayer2.TrackList");
 }
 
 QString TrackPrefix() {
@@ -39,6 +44,10 @@ QString AddressOf(const std::string& path) {
            QString::fromLatin1(QByteArray::fromStdString(path).toPercentEncoding("/"));
 }
 
+QDBusObjectPath PathOf(std::int64_t track) {
+    return QDBusObjectPath(track > 0 ? TrackPrefix() + QString::number(track) : NoTrack());
+}
+
 template <class Value>
 void AddIfNews(QVariantMap& news, const char* name, const Value& before, const Value& now) {
     if (!(before == now)) news.insert(QLatin1String(name), QVariant::fromValue(now));
@@ -47,6 +56,8 @@ void AddIfNews(QVariantMap& news, const char* name, const Value& before, const V
 QVariantMap NewsOf(const ports::NowPlaying& before, const ports::NowPlaying& now) {
     QVariantMap news;
     AddIfNews(news, "PlaybackStatus", StatusText(before.status), StatusText(now.status));
+    AddIfNews(news, "LoopStatus", LoopText(before.repeats), LoopText(now.repeats));
+    AddIfNews(news, "Shuffle", before.shuffles, now.shuffles);
     AddIfNews(news, "Metadata", MetadataOf(before), MetadataOf(now));
     AddIfNews(news, "Rate", before.rate, now.rate);
     AddIfNews(news, "Volume", before.volume, now.volume);
@@ -73,14 +84,34 @@ QString StatusText(ports::PlaybackStatus status) {
 
 QVariantMap MetadataOf(const ports::NowPlaying& now) {
     QVariantMap data;
-    const QString track = now.track > 0 ? TrackPrefix() + QString::number(now.track) : NoTrack();
-    data.insert(QStringLiteral("mpris:trackid"), QVariant::fromValue(QDBusObjectPath(track)));
+    data.insert(QStringLiteral("mpris:trackid"), QVariant::fromValue(PathOf(now.track)));
     if (now.track <= 0) return data;
     data.insert(QStringLiteral("xesam:title"), QString::fromStdString(now.title));
     data.insert(QStringLiteral("xesam:artist"), QStringList{QString::fromStdString(now.artist)});
     data.insert(QStringLiteral("xesam:url"), AddressOf(now.path));
+    if (!now.art.empty()) data.insert(QStringLiteral("mpris:artUrl"), AddressOf(now.art));
     if (now.length > 0) data.insert(QStringLiteral("mpris:length"), static_cast<qlonglong>(now.length));
     return data;
+}
+
+QVariantMap MetadataOf(const ports::ListedTrack& track) {
+    QVariantMap data;
+    data.insert(QStringLiteral("mpris:trackid"), QVariant::fromValue(PathOf(track.track)));
+    data.insert(QStringLiteral("xesam:title"), QString::fromStdString(track.title));
+    data.insert(QStringLiteral("xesam:artist"), QStringList{QString::fromStdString(track.artist)});
+    if (!track.path.empty()) data.insert(QStringLiteral("xesam:url"), AddressOf(track.path));
+    return data;
+}
+
+QString LoopText(bool repeats) {
+    return repeats ? QStringLiteral("Track") : QStringLiteral("Playlist");
+}
+
+QList<QDBusObjectPath> PathsOf(const std::vector<std::int64_t>& tracks) {
+    QList<QDBusObjectPath> paths;
+    for (const std::int64_t track : tracks)
+        paths.push_back(PathOf(track));
+    return paths;
 }
 
 std::int64_t TrackOf(const QDBusObjectPath& path) {
@@ -93,6 +124,7 @@ std::int64_t TrackOf(const QDBusObjectPath& path) {
 MprisBoard::MprisBoard(SessionBus& bus) : bus_(bus) {
     new MprisRoot(*this);
     new MprisPlayer(*this);
+    new MprisTrackList(*this);
     bus_.WhenJoined([this] { Appear(); });
 }
 
@@ -112,10 +144,22 @@ void MprisBoard::RequestName(const QString& name, const QString& otherwise) {
 void MprisBoard::Show(const ports::NowPlaying& now) {
     if (now == shown_) return;
     const QVariantMap news = NewsOf(shown_, now);
+    const bool has_other_tracks = now.tracks != shown_.tracks;
     shown_ = now;
+    if (has_other_tracks) SignalTracks();
     if (news.isEmpty()) return;
     Signal(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"),
            {PlayerInterface(), news, QStringList()});
+}
+
+// Who lists the tracks gets the new ones; who asked for them once learns that they are old.
+void MprisBoard::SignalTracks() {
+    const bool is_listed = std::count(shown_.tracks.begin(), shown_.tracks.end(), shown_.track) > 0;
+    Signal(TrackListInterface(), QStringLiteral("TrackListReplaced"),
+           {QVariant::fromValue(PathsOf(shown_.tracks)),
+            QVariant::fromValue(PathOf(is_listed ? shown_.track : 0))});
+    Signal(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"),
+           {TrackListInterface(), QVariantMap(), QStringList{QStringLiteral("Tracks")}});
 }
 
 void MprisBoard::ShowJump(std::int64_t position) {

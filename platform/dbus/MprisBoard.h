@@ -39,6 +39,7 @@ public:
 private:
     void Appear();
     void RequestName(const QString& name, const QString& otherwise);
+    void SignalTracks();
     void Signal(const QString& interface, const QString& name, const QVariantList& arguments);
 
     SessionBus& bus_;
@@ -48,7 +49,12 @@ private:
 
 /// "Playing", "Paused", "Stopped".
 QString StatusText(ports::PlaybackStatus status);
+/// "Track" for one that repeats, else "Playlist".
+QString LoopText(bool repeats);
 QVariantMap MetadataOf(const ports::NowPlaying& now);
+QVariantMap MetadataOf(const ports::ListedTrack& track);
+/// The paths that name tracks.
+QList<QDBusObjectPath> PathsOf(const std::vector<std::int64_t>& tracks);
 /// The track that a path names; -1 when it names none.
 std::int64_t TrackOf(const QDBusObjectPath& path);
 

@@ -1,5 +1,8 @@
 #include "platform/dbus/MprisInterfaces.h"
 
+#include <QDBusMetaType>
+#include <vector>
+
 #include "platform/dbus/MprisBoard.h"
 
 namespace dbus {
@@ -22,6 +25,26 @@ MprisPlayer::MprisPlayer(MprisBoard& board) : QDBusAbstractAdaptor(&board), boar
 
 QString MprisPlayer::PlaybackStatus() const {
     return StatusText(board_.Shown().status);
+}
+
+// The order is walked round and round, so a list that ends is nothing that could be asked for.
+QString MprisPlayer::LoopStatus() const {
+    return LoopText(board_.Shown().repeats);
+}
+
+void MprisPlayer::SetLoopStatus(const QString& status) {
+    const bool is_track = status == LoopText(true);
+    const bool is_list = status == LoopText(false) || status == QStringLiteral("None");
+    RemoteControl* const listener = board_.Listener();
+    if (listener != nullptr && (is_track || is_list)) listener->OnSetRepeat(is_track);
+}
+
+bool MprisPlayer::Shuffle() const {
+    return board_.Shown().shuffles;
+}
+
+void MprisPlayer::SetShuffle(bool shuffle) {
+    if (RemoteControl* const listener = board_.Listener()) listener->OnSetShuffle(shuffle);
 }
 
 double MprisPlayer::Rate() const {
@@ -114,6 +137,37 @@ void MprisPlayer::SetPosition(const QDBusObjectPath& TrackId, qlonglong Position
 
 void MprisPlayer::OpenUri(const QString& /*Uri*/, const QDBusMessage& call) {
     board_.Refuse(call, QStringLiteral("No address is opened from outside."));
+}
+
+MprisTrackList::MprisTrackList(MprisBoard& board) : QDBusAbstractAdaptor(&board), board_(board) {
+    setAutoRelaySignals(false);
+    qDBusRegisterMetaType<MetadataList>();
+}
+
+QList<QDBusObjectPath> MprisTrackList::Tracks() const {
+    return PathsOf(board_.Shown().tracks);
+}
+
+MetadataList MprisTrackList::GetTracksMetadata(const QList<QDBusObjectPath>& TrackIds) {
+    std::vector<std::int64_t> tracks;
+    for (const QDBusObjectPath& path : TrackIds)
+        tracks.push_back(TrackOf(path));
+    MetadataList list;
+    RemoteControl* const listener = board_.Listener();
+    if (listener == nullptr) return list;
+    for (const ports::ListedTrack& track : listener->Describe(tracks))
+        list.push_back(MetadataOf(track));
+    return list;
+}
+
+void MprisTrackList::AddTrack(const QString& /*Uri*/, const QDBusObjectPath& /*AfterTrack*/,
+                              bool /*SetAsCurrent*/) {}
+
+void MprisTrackList::RemoveTrack(const QDBusObjectPath& /*TrackId*/) {}
+
+void MprisTrackList::GoTo(const QDBusObjectPath& TrackId, const QDBusMessage& call) {
+    board_.Answer(call);
+    if (RemoteControl* const listener = board_.Listener()) listener->OnGoTo(TrackOf(TrackId));
 }
 
 }  // namespace dbus

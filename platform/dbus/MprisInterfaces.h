@@ -1,5 +1,5 @@
-// The two interfaces of a media player on the session bus (MPRIS 2.2), which read and pass on what the board
-// knows. Qt finds slots and properties here by their names, so they are the interface's own.
+// The three interfaces of a media player on the session bus (MPRIS 2.2), which read and pass on what the
+// board knows. Qt finds slots and properties here by their names, so they are the interface's own.
 //
 // A call is answered before it is carried out: what it starts may ask the user something, and the
 // caller must not wait for that.
@@ -8,19 +8,21 @@
 #include <QDBusAbstractAdaptor>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
+#include <QList>
 #include <QStringList>
 #include <QVariantMap>
 
 namespace dbus {
 
 class MprisBoard;
+using MetadataList = QList<QVariantMap>;
 
 class MprisRoot final : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2")
     Q_PROPERTY(bool CanQuit READ Yes CONSTANT)
     Q_PROPERTY(bool CanRaise READ Yes CONSTANT)
-    Q_PROPERTY(bool HasTrackList READ No CONSTANT)
+    Q_PROPERTY(bool HasTrackList READ Yes CONSTANT)
     Q_PROPERTY(QString Identity READ Identity CONSTANT)
     Q_PROPERTY(QString DesktopEntry READ DesktopEntry CONSTANT)
     Q_PROPERTY(QStringList SupportedUriSchemes READ Nothing CONSTANT)
@@ -30,7 +32,6 @@ public:
     explicit MprisRoot(MprisBoard& board);
 
     bool Yes() const { return true; }
-    bool No() const { return false; }
     QString Identity() const { return QStringLiteral("Brindlepost"); }
     QString DesktopEntry() const { return QStringLiteral("brindlepost"); }
     QStringList Nothing() const { return {}; }
@@ -47,6 +48,8 @@ class MprisPlayer final : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2.Player")
     Q_PROPERTY(QString PlaybackStatus READ PlaybackStatus)
+    Q_PROPERTY(QString LoopStatus READ LoopStatus WRITE SetLoopStatus)
+    Q_PROPERTY(bool Shuffle READ Shuffle WRITE SetShuffle)
     Q_PROPERTY(double Rate READ Rate WRITE SetRate)
     Q_PROPERTY(QVariantMap Metadata READ Metadata)
     Q_PROPERTY(double Volume READ Volume WRITE SetVolume)
@@ -64,6 +67,10 @@ public:
     explicit MprisPlayer(MprisBoard& board);
 
     QString PlaybackStatus() const;
+    QString LoopStatus() const;
+    void SetLoopStatus(const QString& status);
+    bool Shuffle() const;
+    void SetShuffle(bool shuffle);
     double Rate() const;
     void SetRate(double rate);
     QVariantMap Metadata() const;
@@ -92,6 +99,32 @@ public slots:
 
 signals:
     void Seeked(qlonglong Position);
+
+private:
+    MprisBoard& board_;
+};
+
+class MprisTrackList final : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2.TrackList")
+    Q_PROPERTY(QList<QDBusObjectPath> Tracks READ Tracks)
+    Q_PROPERTY(bool CanEditTracks READ CanEditTracks CONSTANT)
+
+public:
+    explicit MprisTrackList(MprisBoard& board);
+
+    QList<QDBusObjectPath> Tracks() const;
+    bool CanEditTracks() const { return false; }
+
+public slots:
+    MetadataList GetTracksMetadata(const QList<QDBusObjectPath>& TrackIds);
+    // A list that cannot be edited takes these and does nothing.
+    void AddTrack(const QString& Uri, const QDBusObjectPath& AfterTrack, bool SetAsCurrent);
+    void RemoveTrack(const QDBusObjectPath& TrackId);
+    void GoTo(const QDBusObjectPath& TrackId, const QDBusMessage& call);
+
+signals:
+    void TrackListReplaced(const QList<QDBusObjectPath>& Tracks, const QDBusObjectPath& CurrentTrack);
 
 private:
     MprisBoard& board_;

@@ -22,10 +22,12 @@ QString NextConnectionName() {
 }
 
 /// Without these the bus library would start a bus of its own.
-bool HasSessionBus() {
-    if (qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")) return true;
+QString AddressOfDesktop() {
+    const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    if (!address.isEmpty()) return address;
     const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return !folder.isEmpty() && QFileInfo::exists(folder + QStringLiteral("/bus"));
+    const QString socket = folder + QStringLiteral("/bus");
+    return !folder.isEmpty() && QFileInfo::exists(socket) ? QStringLiteral("unix:path=") + socket : QString();
 }
 
 }  // namespace
@@ -36,36 +38,70 @@ QDBusMessage BusCall(const QString& method) {
                                           QStringLiteral("org.freedesktop.DBus"), method);
 }
 
-SessionBus::SessionBus(QString address) : address_(std::move(address)), connection_(QString()) {}
+SessionBus::SessionBus(QString address, BusPatience patience)
+    : address_(std::move(address)), patience_(patience), connection_(QString()), wait_ms_(patience.first_ms) {
+    again_.setSingleShot(true);
+    QObject::connect(&again_, &QTimer::timeout, this, &SessionBus::Join);
+}
 
 SessionBus::~SessionBus() {
     WaitForAnswers();
     // The bus reads in order: once it has answered this, it has the last words.
     if (has_told_ && IsJoined())
         connection_.call(BusCall(QStringLiteral("GetId")), QDBus::Block, kLastWordsMs);
+    Leave();
+}
+
+void SessionBus::Join() {
+    if (IsJoined() || probe_) return;
+    const QString address = address_.isEmpty() ? AddressOfDesktop() : address_;
+    if (address.isEmpty()) return;
+    probe_ =
+        std::make_unique<BusProbe>(address, patience_.answer_ms, [this](bool answers) { OnProbed(answers); });
+}
+
+// The probe is the caller.
+void SessionBus::OnProbed(bool answers) {
+    probe_.release()->deleteLater();
+    if (answers && !IsJoined()) Connect();
+    if (IsJoined()) {
+        wait_ms_ = patience_.first_ms;
+        for (std::size_t i = 0; i < when_joined_.size(); ++i)
+            when_joined_[i]();
+    } else {
+        LookAgainLater();
+    }
+}
+
+void SessionBus::Connect() {
+    Leave();
+    const QString name = NextConnectionName();
+    connection_ = address_.isEmpty() ? QDBusConnection::connectToBus(QDBusConnection::SessionBus, name)
+                                     : QDBusConnection::connectToBus(address_, name);
+    connection_.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                        QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                        SLOT(OnGone()));
+}
+
+void SessionBus::Leave() {
     const QString name = connection_.name();
     connection_ = QDBusConnection(QString());
     if (!name.isEmpty()) QDBusConnection::disconnectFromBus(name);
 }
 
-void SessionBus::Join() {
-    if (IsJoined()) return;
-    if (!address_.isEmpty()) {
-        connection_ = QDBusConnection::connectToBus(address_, NextConnectionName());
-    } else if (HasSessionBus()) {
-        connection_ = QDBusConnection::connectToBus(QDBusConnection::SessionBus, NextConnectionName());
-    }
-    if (!IsJoined()) return;
-    for (const auto& work : std::exchange(when_joined_, {}))
-        work();
+void SessionBus::OnGone() {
+    if (!IsJoined()) LookAgainLater();
+}
+
+void SessionBus::LookAgainLater() {
+    if (again_.isActive()) return;
+    again_.start(wait_ms_);
+    wait_ms_ = std::min(2 * wait_ms_, patience_.longest_ms);
 }
 
 void SessionBus::WhenJoined(std::function<void()> work) {
-    if (IsJoined()) {
-        work();
-    } else {
-        when_joined_.push_back(std::move(work));
-    }
+    when_joined_.push_back(std::move(work));
+    if (IsJoined()) when_joined_.back()();
 }
 
 void SessionBus::Tell(const QDBusMessage& message) {

@@ -32,6 +32,11 @@ public:
     virtual void AskPosition(std::int64_t track, std::int64_t position) = 0;
     virtual void AskRate(double rate) = 0;
     virtual void AskVolume(double volume) = 0;
+    virtual void AskRepeat(bool repeat) = 0;
+    virtual void AskShuffle(bool shuffle) = 0;
+    virtual void AskGoTo(std::int64_t track) = 0;
+    /// What the watcher learns of tracks.
+    virtual std::vector<ports::ListedTrack> AskTracks(const std::vector<std::int64_t>& tracks) = 0;
 };
 
 using MakeNowPlayingBench = std::function<std::unique_ptr<NowPlayingBench>()>;
@@ -47,7 +52,10 @@ protected:
         now.title = "Nachtmusik \xE2\x99\xAB";
         now.artist = "Mozart";
         now.path = "/m/Nachtmusik #1 100%.mp3";
+        now.art = "/m/cover #1.jpg";
         now.length = 185'000'000;
+        now.repeats = now.shuffles = true;
+        now.tracks = {(std::int64_t{1} << 32U) + 5, track, (std::int64_t{1} << 32U) + 7};
         now.rate = 1.03;
         now.volume = 0.5;
         now.can_play = now.can_pause = now.can_seek = now.can_go_next = now.can_go_previous = true;
@@ -138,6 +146,38 @@ TEST_P(NowPlayingContract, WithoutAListenerNothingHappens) {
 
     EXPECT_TRUE(control_.Asked.empty());
     EXPECT_EQ(bench_->AskPosition(), 0);
+}
+
+TEST_P(NowPlayingContract, ModesAndTracksReachTheListener) {
+    bench_->Board().Show(Song(7));
+
+    bench_->AskRepeat(true);
+    bench_->AskRepeat(false);
+    bench_->AskShuffle(true);
+    bench_->AskShuffle(false);
+    bench_->AskGoTo(7);
+    bench_->AskGoTo((std::int64_t{1} << 32U) + 5);
+
+    EXPECT_EQ(control_.Asked, (std::vector<std::string>{"repeat", "repeat no more", "shuffle",
+                                                        "shuffle no more", "go to 7", "go to 4294967301"}));
+}
+
+TEST_P(NowPlayingContract, TracksAreDescribedByTheListener) {
+    control_.Known = {{.track = 7, .title = "Nachtmusik", .artist = "Mozart", .path = "/m/#1 100%.mp3"},
+                      {.track = 8, .title = "Gone", .artist = "", .path = ""}};
+
+    EXPECT_EQ(bench_->AskTracks({8, 99, 7}), control_.Known);
+    EXPECT_TRUE(bench_->AskTracks({}).empty());
+}
+
+TEST_P(NowPlayingContract, AnotherOrderIsSeen) {
+    ports::NowPlaying now = Song(7);
+    bench_->Board().Show(now);
+
+    now.tracks = {7};
+    bench_->Board().Show(now);
+
+    EXPECT_EQ(bench_->Seen(), now);
 }
 
 }  // namespace contracts

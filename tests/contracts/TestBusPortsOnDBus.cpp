@@ -41,7 +41,7 @@ GLib.MainLoop().run()
 
 class BusMessengerBench final : public MessengerBench {
 public:
-    BusMessengerBench() { session_.Join(); }
+    BusMessengerBench() { dbus_tests::JoinNow(session_); }
     ~BusMessengerBench() override {
         if (deaf_.state() == QProcess::NotRunning) return;
         deaf_.kill();
@@ -90,7 +90,7 @@ private:
 class BusNowPlayingBench final : public NowPlayingBench {
 public:
     BusNowPlayingBench() {
-        session_.Join();
+        dbus_tests::JoinNow(session_);
         session_.WaitForAnswers();
     }
 
@@ -105,6 +105,11 @@ public:
         ReadTrack(qdbus_cast<QVariantMap>(all.value(QStringLiteral("Metadata"))), now);
         now.rate = all.value(QStringLiteral("Rate")).toDouble();
         now.volume = all.value(QStringLiteral("Volume")).toDouble();
+        now.repeats = all.value(QStringLiteral("LoopStatus")).toString() == QStringLiteral("Track");
+        now.shuffles = flag("Shuffle");
+        const QVariantMap list = watcher_.All(QStringLiteral("org.mpris.MediaPlayer2.TrackList"));
+        for (const auto& path : qdbus_cast<QList<QDBusObjectPath>>(list.value(QStringLiteral("Tracks"))))
+            now.tracks.push_back(dbus::TrackOf(path));
         now.can_play = flag("CanPlay");
         now.can_pause = flag("CanPause");
         now.can_seek = flag("CanSeek");
@@ -138,6 +143,27 @@ public:
     }
     void AskRate(double rate) override { watcher_.Set(QStringLiteral("Rate"), rate); }
     void AskVolume(double volume) override { watcher_.Set(QStringLiteral("Volume"), volume); }
+    void AskRepeat(bool repeat) override {
+        watcher_.Set(QStringLiteral("LoopStatus"), Text(repeat ? "Track" : "None"));
+    }
+    void AskShuffle(bool shuffle) override { watcher_.Set(QStringLiteral("Shuffle"), shuffle); }
+    void AskGoTo(std::int64_t track) override {
+        watcher_.Call(QStringLiteral("TrackList.GoTo"),
+                      {QVariant::fromValue(dbus::PathsOf({track}).constFirst())});
+    }
+    std::vector<ports::ListedTrack> AskTracks(const std::vector<std::int64_t>& tracks) override {
+        const QDBusMessage answer = watcher_.Call(QStringLiteral("TrackList.GetTracksMetadata"),
+                                                  {QVariant::fromValue(dbus::PathsOf(tracks))});
+        std::vector<ports::ListedTrack> described;
+        const auto list = qdbus_cast<QList<QVariantMap>>(answer.arguments().value(0));
+        for (const QVariantMap& data : list) {
+            ports::NowPlaying now;
+            ReadTrack(data, now);
+            described.push_back(
+                {.track = now.track, .title = now.title, .artist = now.artist, .path = now.path});
+        }
+        return described;
+    }
 
 private:
     static void ReadTrack(const QVariantMap& data, ports::NowPlaying& now) {
@@ -147,6 +173,7 @@ private:
         now.artist =
             data.value(QStringLiteral("xesam:artist")).toStringList().join(QLatin1Char(';')).toStdString();
         now.path = QUrl(data.value(QStringLiteral("xesam:url")).toString()).toLocalFile().toStdString();
+        now.art = QUrl(data.value(QStringLiteral("mpris:artUrl")).toString()).toLocalFile().toStdString();
         now.length = data.value(QStringLiteral("mpris:length")).toLongLong();
     }
 
@@ -158,7 +185,7 @@ private:
 
 class BusScreenSaverBench final : public ScreenSaverBench {
 public:
-    BusScreenSaverBench() { session_->Join(); }
+    BusScreenSaverBench() { dbus_tests::JoinNow(*session_); }
 
     ports::ScreenSaver& Saver() override { return *saver_; }
     bool MayGoDark() override {

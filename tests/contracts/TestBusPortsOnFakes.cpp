@@ -65,6 +65,12 @@ public:
     void AskVolume(double volume) override {
         if (board_.Listener != nullptr) board_.Listener->OnSetVolume(volume);
     }
+    void AskRepeat(bool repeat) override { board_.Listener->OnSetRepeat(repeat); }
+    void AskShuffle(bool shuffle) override { board_.Listener->OnSetShuffle(shuffle); }
+    void AskGoTo(std::int64_t track) override { board_.Listener->OnGoTo(track); }
+    std::vector<ports::ListedTrack> AskTracks(const std::vector<std::int64_t>& tracks) override {
+        return board_.Listener->Describe(tracks);
+    }
 
 private:
     fakes::FakeNowPlayingBoard board_;

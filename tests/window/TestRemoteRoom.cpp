@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 #include <vector>
@@ -22,7 +23,7 @@ constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double kEndless = std::numeric_limits<double>::infinity();
 
 /// A player that notes what it is asked to do.
-struct RecordingPlayer final : roles::Transport, roles::NowPlaying {
+struct RecordingPlayer final : roles::Transport, roles::NowPlaying, roles::PlayOrder {
     roles::PlayerGlance Glance() const override {
         return {.orders = OrderCount,
                 .openings = OpeningCount,
@@ -64,6 +65,18 @@ struct RecordingPlayer final : roles::Transport, roles::NowPlaying {
     void IncreaseVolume() override { Did("louder"); }
     void DecreaseVolume() override { Did("quieter"); }
 
+    roles::OrderGlance Order() const override { return Ordered; }
+    bool PlaysItsRow() override { return FromTheOrder; }
+    std::vector<roles::OrderedSong> SongsAt(const std::vector<int>& rows) override {
+        std::vector<roles::OrderedSong> songs;
+        for (const int row : rows)
+            songs.push_back({.artist = "Owls", .title = std::to_string(row), .path = "C:\\m\\x.mp3"});
+        return songs;
+    }
+    void SetRepeat(bool repeat) override { Did(repeat ? "repeat" : "repeat no more"); }
+    void SetShuffle(bool shuffle) override { Did(shuffle ? "shuffle" : "shuffle no more"); }
+    void PlayRow(int row) override { Did("row " + std::to_string(row)); }
+
     void Did(std::string what) { Done.push_back(std::move(what)); }
 
     std::uint64_t OrderCount = 0;
@@ -79,17 +92,21 @@ struct RecordingPlayer final : roles::Transport, roles::NowPlaying {
     bool Selected = true;
     bool NextThere = true;
     bool PreviousThere = true;
+    roles::OrderGlance Ordered;
+    bool FromTheOrder = true;
     Calls Done;
 };
 
 class RemoteRoomTest : public testing::Test {
 protected:
     RemoteRoomTest() {
-        room.emplace(window::RemoteRoles{.transport = player, .playing = player, .LoggedIn = logged_in},
-                     window::RemoteActions{.raise = [this] { player.Did("raise"); },
-                                           .quit = [this] { player.Did("quit"); }},
-                     window::RemotePorts{
-                         .board = board, .screen_saver = screen_saver, .events = desktop, .files = files});
+        room.emplace(
+            window::RemoteRoles{
+                .transport = player, .playing = player, .order = player, .LoggedIn = logged_in},
+            window::RemoteActions{.raise = [this] { player.Did("raise"); },
+                                  .quit = [this] { player.Did("quit"); }},
+            window::RemotePorts{
+                .board = board, .screen_saver = screen_saver, .events = desktop, .files = files});
         desktop.EndHandler();
     }
 
@@ -390,6 +407,81 @@ TEST_F(RemoteRoomTest, AVolumeIsTakenWithinItsRangeAndOtherwiseNot) {
 
     EXPECT_EQ(player.Done,
               (Calls{"volume 0.500000", "volume 0.000000", "volume 1.000000", "volume 1.000000"}));
+}
+
+TEST_F(RemoteRoomTest, ModesAreShownAndSet) {
+    player.Ordered.repeats = true;
+    player.Ordered.shuffles = true;
+    desktop.EndHandler();
+    EXPECT_TRUE(board.Shown.repeats);
+    EXPECT_TRUE(board.Shown.shuffles);
+
+    Remote().OnSetRepeat(false);
+    Remote().OnSetShuffle(false);
+    logged_in = false;
+    Remote().OnSetRepeat(true);
+    Remote().OnSetShuffle(true);
+
+    EXPECT_EQ(player.Done, (Calls{"repeat no more", "shuffle no more"}));
+}
+
+TEST_F(RemoteRoomTest, TheOrderIsListedWithTheTrackThatPlays) {
+    player.Ordered = {.version = 2, .count = 3, .row = 1};
+    StartSong();
+
+    ASSERT_EQ(board.Shown.tracks.size(), 3U);
+    EXPECT_EQ(board.Shown.tracks[1], board.Shown.track);
+    EXPECT_NE(board.Shown.tracks[0], board.Shown.tracks[2]);
+
+    Remote().OnGoTo(board.Shown.tracks[2]);
+    Remote().OnGoTo(board.Shown.tracks[1]);
+    Remote().OnGoTo(12345);
+    EXPECT_EQ(player.Done, (Calls{"row 2", "row 1"}));
+}
+
+TEST_F(RemoteRoomTest, ACuedSongIsNoTrackOfTheList) {
+    player.Ordered = {.version = 2, .count = 3, .row = 1};
+    player.FromTheOrder = false;
+    StartSong();
+
+    EXPECT_EQ(std::count(board.Shown.tracks.begin(), board.Shown.tracks.end(), board.Shown.track), 0);
+}
+
+TEST_F(RemoteRoomTest, OfALongOrderTheSurroundingsAreListed) {
+    for (const int row : {0, 19, 20, 500, 980, 999}) {
+        player.Ordered = {.version = 1, .count = 1000, .row = row};
+        StartSong();
+        EXPECT_EQ(board.Shown.tracks.size(), 100U) << row;
+        EXPECT_EQ(std::count(board.Shown.tracks.begin(), board.Shown.tracks.end(), board.Shown.track), 1)
+            << row;
+        const ports::ListedTrack first = Remote().Describe({board.Shown.tracks.front()}).at(0);
+        EXPECT_EQ(first.title, std::to_string(std::clamp(row - 20, 0, 900))) << row;
+    }
+}
+
+TEST_F(RemoteRoomTest, TracksOfAnOlderListAreNone) {
+    player.Ordered = {.version = 1, .count = 2, .row = -1};
+    desktop.EndHandler();
+    const std::vector<std::int64_t> old = board.Shown.tracks;
+    ASSERT_EQ(old.size(), 2U);
+    EXPECT_EQ(Remote().Describe(old).size(), 2U);
+
+    player.Ordered.version = 2;
+    desktop.EndHandler();
+    Remote().OnGoTo(old[0]);
+
+    EXPECT_TRUE(Remote().Describe(old).empty());
+    EXPECT_TRUE(player.Done.empty());
+}
+
+TEST_F(RemoteRoomTest, ACoverBesideTheSongIsItsPicture) {
+    StartSong();
+    EXPECT_EQ(board.Shown.art, "");
+
+    files.AddFile("C:\\m\\cover.jpg");
+    StartSong();
+
+    EXPECT_EQ(board.Shown.art, files.ToNative("C:\\m\\cover.jpg"));
 }
 
 TEST_F(RemoteRoomTest, RaiseAndQuitArePassedOn) {

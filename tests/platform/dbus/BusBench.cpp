@@ -1,6 +1,8 @@
 #include "platform/dbus/BusBench.h"
 
 #include <gtest/gtest.h>
+#include <sys/types.h>
+#include <csignal>
 
 #include <QCoreApplication>
 #include <QDBusArgument>
@@ -52,8 +54,10 @@ ServiceNames NamesOf(SaverService::Kind kind) {
 
 }  // namespace
 
-bool WaitFor(const std::function<bool()>& done) {
-    const QDeadlineTimer end(5000);
+namespace {
+
+bool WaitUpTo(int milliseconds, const std::function<bool()>& done) {
+    const QDeadlineTimer end(milliseconds);
     while (!done()) {
         if (end.hasExpired()) return false;
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 10);
@@ -61,9 +65,34 @@ bool WaitFor(const std::function<bool()>& done) {
     return true;
 }
 
+}  // namespace
+
+bool WaitFor(const std::function<bool()>& done) {
+    return WaitUpTo(5000, done);
+}
+
+bool WaitAWhile(const std::function<bool()>& done) {
+    return WaitUpTo(250, done);
+}
+
+void JoinNow(dbus::SessionBus& session) {
+    session.Join();
+    EXPECT_TRUE(WaitFor([&session] { return session.IsJoined(); }));
+}
+
 PrivateBus::PrivateBus() {
+    Start({});
+}
+
+PrivateBus::PrivateBus(const QString& address) {
+    Start(address);
+}
+
+void PrivateBus::Start(const QString& address) {
     NeedApplication();
-    daemon_.start(Text("dbus-daemon"), {Text("--session"), Text("--nofork"), Text("--print-address=1")});
+    QStringList options{Text("--session"), Text("--nofork"), Text("--print-address=1")};
+    if (!address.isEmpty()) options.push_back(Text("--address=") + address);
+    daemon_.start(Text("dbus-daemon"), options);
     EXPECT_TRUE(daemon_.waitForReadyRead(5000)) << "no message bus";
     address_ = QString::fromLatin1(daemon_.readLine()).trimmed();
 }
@@ -75,6 +104,14 @@ PrivateBus::~PrivateBus() {
 void PrivateBus::Kill() {
     daemon_.kill();
     daemon_.waitForFinished(5000);
+}
+
+void PrivateBus::Stop() {
+    ::kill(static_cast<pid_t>(daemon_.processId()), SIGSTOP);
+}
+
+void PrivateBus::GoOn() {
+    ::kill(static_cast<pid_t>(daemon_.processId()), SIGCONT);
 }
 
 Peer::Peer(const PrivateBus& bus) : connection_(QDBusConnection::connectToBus(bus.Address(), NextName())) {
@@ -118,14 +155,17 @@ PlayerWatcher::PlayerWatcher(const PrivateBus& bus, QString player) : peer_(bus)
                                            SLOT(PropertiesChanged(QString, QVariantMap, QStringList))));
     EXPECT_TRUE(peer_.Connection().connect(player_, path, Text("org.mpris.MediaPlayer2.Player"),
                                            Text("Seeked"), this, SLOT(Seeked(qlonglong))));
+    EXPECT_TRUE(peer_.Connection().connect(player_, path, Text("org.mpris.MediaPlayer2.TrackList"),
+                                           Text("TrackListReplaced"), this,
+                                           SLOT(TrackListReplaced(QList<QDBusObjectPath>, QDBusObjectPath))));
 }
 
 QDBusMessage PlayerWatcher::Call(const QString& method, const QVariantList& arguments) {
-    const bool of_player = method.startsWith(Text("Player."));
+    const QString interface = method.section(QLatin1Char('.'), 0, -2);
     QDBusMessage call = QDBusMessage::createMethodCall(
         player_, Text("/org/mpris/MediaPlayer2"),
-        Text("org.mpris.MediaPlayer2") + (of_player ? Text(".Player") : QString()),
-        of_player ? method.mid(7) : method);
+        Text("org.mpris.MediaPlayer2") + (interface.isEmpty() ? QString() : Text(".") + interface),
+        method.section(QLatin1Char('.'), -1));
     call.setArguments(arguments);
     return peer_.Call(call);
 }
@@ -153,9 +193,15 @@ void PlayerWatcher::Settle() {
     QCoreApplication::processEvents();
 }
 
+void PlayerWatcher::TrackListReplaced(const QList<QDBusObjectPath>& tracks, const QDBusObjectPath& current) {
+    Lists.push_back(tracks.size());
+    CurrentTrack = current.path();
+}
+
 void PlayerWatcher::PropertiesChanged(const QString& /*interface*/, const QVariantMap& changed,
-                                      const QStringList& /*gone*/) {
-    News.push_back(changed);
+                                      const QStringList& gone) {
+    Outdated += gone;
+    if (!changed.isEmpty()) News.push_back(changed);
 }
 
 void PlayerWatcher::Seeked(qlonglong position) {

@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/dbus/SessionBus.h"
 #include "ports/Messenger.h"
 
 namespace dbus_tests {
@@ -23,10 +24,18 @@ namespace dbus_tests {
 /// Runs events until `done` says so; false when it has not within five seconds.
 bool WaitFor(const std::function<bool()>& done);
 
+/// Runs events for a quarter of a second, or until `done` says so; what it says at the end.
+bool WaitAWhile(const std::function<bool()>& done);
+
+/// Joins the bus and waits for it.
+void JoinNow(dbus::SessionBus& session);
+
 /// A message bus that nobody else knows; it ends with the test.
 class PrivateBus final {
 public:
     PrivateBus();
+    /// At an address of its own: a bus that comes back is at the same one.
+    explicit PrivateBus(const QString& address);
     ~PrivateBus();
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
@@ -34,8 +43,13 @@ public:
     const QString& Address() const { return address_; }
     /// The bus dies.
     void Kill();
+    /// The bus takes connections and says nothing, or goes on.
+    void Stop();
+    void GoOn();
 
 private:
+    void Start(const QString& address);
+
     QProcess daemon_;
     QString address_;
 };
@@ -88,7 +102,7 @@ class PlayerWatcher final : public QObject {
 public:
     PlayerWatcher(const PrivateBus& bus, QString player);
 
-    /// A method of org.mpris.MediaPlayer2, or with "Player." before it of the player's interface.
+    /// A method of org.mpris.MediaPlayer2, or with "Player." or "TrackList." before it of that interface.
     QDBusMessage Call(const QString& method, const QVariantList& arguments = {});
     QVariantMap All(const QString& interface);
     QVariant Get(const QString& property);
@@ -98,12 +112,18 @@ public:
     void Settle();
     std::vector<QVariantMap> News;
     std::vector<qlonglong> Jumps;
+    /// How long the lists of tracks were that were told, and which of the last one plays.
+    std::vector<qsizetype> Lists;
+    QString CurrentTrack;
+    /// Properties that were told to be old.
+    QStringList Outdated;
 
     Peer& Itself() { return peer_; }
 
 public slots:
     void PropertiesChanged(const QString& interface, const QVariantMap& changed, const QStringList& gone);
     void Seeked(qlonglong position);
+    void TrackListReplaced(const QList<QDBusObjectPath>& tracks, const QDBusObjectPath& current);
 
 private:
     Peer peer_;

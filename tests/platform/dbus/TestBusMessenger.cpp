@@ -16,7 +16,7 @@ class BusMessengerTest : public testing::Test {
 protected:
     BusMessengerTest() {
         session.emplace(bus.Address());
-        session->Join();
+        dbus_tests::JoinNow(*session);
         messenger.emplace(*session);
     }
 

@@ -14,7 +14,7 @@ using Texts = std::vector<std::string>;
 
 class BusNoticesTest : public testing::Test {
 protected:
-    BusNoticesTest() { session.Join(); }
+    BusNoticesTest() { dbus_tests::JoinNow(session); }
     int Show(const char* title, const char* words) {
         return notices->Show({.title = title,
                               .words = words,

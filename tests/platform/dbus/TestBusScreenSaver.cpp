@@ -14,7 +14,7 @@ using Calls = std::vector<std::string>;
 
 class BusScreenSaverTest : public testing::Test {
 protected:
-    BusScreenSaverTest() { session.Join(); }
+    BusScreenSaverTest() { dbus_tests::JoinNow(session); }
 
     dbus_tests::PrivateBus bus;
     dbus::SessionBus session{bus.Address()};
@@ -41,6 +41,18 @@ TEST_F(BusScreenSaverTest, WithoutOneThePowerManagerIsAsked) {
 
     EXPECT_TRUE(WaitFor([&] { return service.Calls().size() == 2; }));
     EXPECT_EQ(service.Calls(), (Calls{"Inhibit Brindlepost: A video plays", "UnInhibit 1"}));
+}
+
+TEST_F(BusScreenSaverTest, WhatIsWantedBeforeTheBusIsJoinedIsAskedThen) {
+    SaverService service(bus, SaverService::Kind::ScreenSaver);
+    dbus::SessionBus late(bus.Address());
+    dbus::BusScreenSaver early(late);
+    early.SetInhibited(true);
+
+    dbus_tests::JoinNow(late);
+    late.WaitForAnswers();
+
+    EXPECT_EQ(service.Promises(), 1U);
 }
 
 TEST_F(BusScreenSaverTest, WithoutEitherThePortalIsAsked) {

@@ -5,8 +5,11 @@
 
 #include <QDBusArgument>
 #include <QDBusMetaType>
+#include <QFile>
+#include <QTemporaryDir>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <optional>
 
 #include "fakes/RecordingRemoteControl.h"
@@ -30,7 +33,7 @@ QVariantMap MapOf(const QVariant& value) {
 class MprisBoardTest : public testing::Test {
 protected:
     MprisBoardTest() {
-        session.Join();
+        dbus_tests::JoinNow(session);
         board.SetListener(&control);
         session.WaitForAnswers();
     }
@@ -61,16 +64,16 @@ TEST_F(MprisBoardTest, TheProgramSaysWhoItIs) {
     EXPECT_EQ(root.value(Text("DesktopEntry")).toString(), Text("brindlepost"));
     EXPECT_TRUE(root.value(Text("CanRaise")).toBool());
     EXPECT_TRUE(root.value(Text("CanQuit")).toBool());
-    EXPECT_FALSE(root.value(Text("HasTrackList")).toBool());
+    EXPECT_TRUE(root.value(Text("HasTrackList")).toBool());
     EXPECT_EQ(root.size(), 7);
 }
 
 TEST_F(MprisBoardTest, EveryPropertyOfAPlayerIsThere) {
     const QVariantMap player = watcher.All(kPlayer);
 
-    for (const char* name :
-         {"PlaybackStatus", "Rate", "Metadata", "Volume", "Position", "MinimumRate", "MaximumRate",
-          "CanGoNext", "CanGoPrevious", "CanPlay", "CanPause", "CanSeek", "CanControl"}) {
+    for (const char* name : {"PlaybackStatus", "Rate", "Metadata", "Volume", "Position", "MinimumRate",
+                             "MaximumRate", "LoopStatus", "Shuffle", "CanGoNext", "CanGoPrevious", "CanPlay",
+                             "CanPause", "CanSeek", "CanControl"}) {
         EXPECT_TRUE(player.contains(Text(name))) << name;
     }
     EXPECT_TRUE(player.value(Text("CanControl")).toBool());
@@ -171,7 +174,7 @@ TEST_F(MprisBoardTest, AnAddressFromOutsideIsNotOpened) {
 
 TEST_F(MprisBoardTest, AnotherInstanceHasANameOfItsOwn) {
     dbus::SessionBus other_session(bus.Address());
-    other_session.Join();
+    dbus_tests::JoinNow(other_session);
     dbus::MprisBoard other(other_session);
 
     other_session.WaitForAnswers();
@@ -179,6 +182,50 @@ TEST_F(MprisBoardTest, AnotherInstanceHasANameOfItsOwn) {
     const QStringList names = watcher.Itself().Names();
     EXPECT_TRUE(names.contains(kName));
     EXPECT_TRUE(names.contains(kName + Text(".instance%1").arg(getpid())));
+}
+
+TEST_F(MprisBoardTest, TheListEndsNever) {
+    EXPECT_EQ(watcher.Get(Text("LoopStatus")).toString(), Text("Playlist"));
+    watcher.Set(Text("LoopStatus"), Text("Track"));
+    watcher.Set(Text("LoopStatus"), Text("Playlist"));
+    watcher.Set(Text("LoopStatus"), Text("None"));
+    watcher.Set(Text("LoopStatus"), Text("Round"));
+
+    EXPECT_EQ(control.Asked, (std::vector<std::string>{"repeat", "repeat no more", "repeat no more"}));
+}
+
+TEST_F(MprisBoardTest, AnotherListIsToldOnceWithTheTrackThatPlays) {
+    ports::NowPlaying song = Song();
+    song.tracks = {4'294'967'296, 3, 4'294'967'298};
+
+    board.Show(song);
+    song.volume = 0.5;
+    board.Show(song);
+    watcher.Settle();
+
+    EXPECT_EQ(watcher.Lists, (std::vector<qsizetype>{3}));
+    EXPECT_EQ(watcher.CurrentTrack, Text("/org/brindlepost/Brindlepost/Track/3"));
+    EXPECT_EQ(watcher.Outdated, QStringList{Text("Tracks")});
+}
+
+TEST_F(MprisBoardTest, ATrackThatPlaysOutsideTheListIsNoneOfIt) {
+    ports::NowPlaying song = Song();
+    song.tracks = {4'294'967'296};
+
+    board.Show(song);
+    watcher.Settle();
+
+    EXPECT_EQ(watcher.CurrentTrack, Text("/org/mpris/MediaPlayer2/TrackList/NoTrack"));
+}
+
+TEST_F(MprisBoardTest, TheListCannotBeEdited) {
+    EXPECT_FALSE(watcher.All(Text("org.mpris.MediaPlayer2.TrackList")).value(Text("CanEditTracks")).toBool());
+    const QVariant path = QVariant::fromValue(QDBusObjectPath(Text("/org/brindlepost/Brindlepost/Track/3")));
+
+    watcher.Call(Text("TrackList.AddTrack"), {Text("file:///etc/passwd"), path, true});
+    watcher.Call(Text("TrackList.RemoveTrack"), {path});
+
+    EXPECT_TRUE(control.Asked.empty());
 }
 
 TEST_F(MprisBoardTest, OnADeadBusNothingHappens) {
@@ -198,11 +245,34 @@ TEST(MprisBoardEarly, WhatWasShownBeforeTheBusIsSeenOnIt) {
     now.volume = 0.75;
     board.Show(now);
 
-    session.Join();
+    dbus_tests::JoinNow(session);
     session.WaitForAnswers();
 
     PlayerWatcher watcher(bus, kName);
     EXPECT_DOUBLE_EQ(watcher.Get(Text("Volume")).toDouble(), 0.75);
+}
+
+TEST(MprisBoardAgain, OnABusThatCameBackThePlayerIsThereAgain) {
+    QTemporaryDir folder;
+    const QString address = QStringLiteral("unix:path=") + folder.filePath(QStringLiteral("bus"));
+    auto bus = std::make_unique<dbus_tests::PrivateBus>(address);
+    dbus::SessionBus session(address, {.answer_ms = 100, .first_ms = 20, .longest_ms = 40});
+    dbus::MprisBoard board(session);
+    dbus_tests::JoinNow(session);
+    bus->Kill();
+    EXPECT_TRUE(dbus_tests::WaitFor([&session] { return !session.IsJoined(); }));
+    ports::NowPlaying now;
+    now.volume = 0.25;
+    board.Show(now);
+
+    QFile::remove(folder.filePath(QStringLiteral("bus")));
+    bus = std::make_unique<dbus_tests::PrivateBus>(address);
+    EXPECT_TRUE(dbus_tests::WaitFor([&session] { return session.IsJoined(); }));
+    session.WaitForAnswers();
+
+    PlayerWatcher watcher(*bus, kName);
+    EXPECT_TRUE(watcher.Itself().Names().contains(kName));
+    EXPECT_DOUBLE_EQ(watcher.Get(Text("Volume")).toDouble(), 0.25);
 }
 
 }  // namespace
