@@ -136,6 +136,16 @@ Bookmark RecordSet::CurrentBookmark() const {
     return RowAt(position_);
 }
 
+std::int64_t RecordSet::Place() const {
+    assert(HasCurrentRow());
+    return table_->FileRow(RowAt(position_));
+}
+
+std::vector<std::size_t> RecordSet::PutBack(std::span<const KeptRow> rows) {
+    assert(order_.empty() && table_ != nullptr);
+    return table_->PutBack(rows);
+}
+
 bool RecordSet::MoveTo(Bookmark bookmark) {
     assert(order_.empty());
     if (table_ == nullptr || !table_->IsThere(bookmark)) return false;

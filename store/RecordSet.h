@@ -8,10 +8,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "store/KeptRow.h"
 #include "store/Tables.h"
 
 namespace store {
@@ -39,6 +41,11 @@ public:
 
     /// The bookmark of the current row; there must be one.
     Bookmark CurrentBookmark() const;
+    /// Where the current row is in its file, which outlasts the run; there must be one.
+    std::int64_t Place() const;
+    /// Puts rows that were deleted back where they were. Those whose place is taken stay out; the result
+    /// names them. Bookmarks of before hold no more, and every field counts as rewritten.
+    std::vector<std::size_t> PutBack(std::span<const KeptRow> rows);
     /// To the row of a bookmark, in a record set in table order. False when that row is gone.
     bool MoveTo(Bookmark bookmark);
     /// MoveTo will be called with this bookmark a few rows from now: a walk over some of very many rows is as

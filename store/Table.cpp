@@ -83,14 +83,14 @@ void Table::Remove(RowNumber row) {
     assert(IsThere(row));
     storage_.Remove(places_[row]);
     places_[row] = Gap{row, row + 1};
-    Mark(row, states_[row] == State::Added ? State::Gone : State::Removed);
+    Mark(row, states_[row] == State::Added ? State::Dropped : State::Removed);
     --count_;
     TidyUp();
 }
 
 bool Table::ChangeOf(RowNumber row, ports::RowChange& change, std::vector<std::string_view>& values) const {
     assert(row < End() && states_[row] != State::Kept);
-    if (states_[row] == State::Gone) return false;
+    if (states_[row] >= State::Dropped) return false;
     change.row = file_rows_[row];
     values.clear();
     if (states_[row] == State::Removed) {

@@ -1,9 +1,10 @@
 // The image of one table in memory, and the journal of what was changed in it since the file was last equal
 // to it.
 //
-// A row keeps its number (counted from 0 in table order) for the life of the image: a deleted row stays as a
-// gap that walks skip. New rows come last. The journal remembers which rows differ from the file, not
-// how: writing it reads the image, so a row that was added and then edited is one insert.
+// A row keeps its number (counted from 0 in table order) for the life of the image, unless removed rows are
+// put back before it: a deleted row stays as a gap that walks skip. New rows come last. The journal remembers
+// which rows differ from the file, not how: writing it reads the image, so a row that was added and then
+// edited is one insert.
 #pragma once
 
 #include <cassert>
@@ -14,6 +15,7 @@
 #include <vector>
 
 #include "ports/Database.h"
+#include "store/KeptRow.h"
 #include "store/RowStorage.h"
 
 namespace store {
@@ -62,6 +64,12 @@ public:
     void Replace(RowNumber row, std::span<const std::string_view> values);
     /// Removes a row that is there.
     void Remove(RowNumber row);
+    /// The number under which the file has the row, or will have it: it rises in table order, and outlasts
+    /// the image.
+    std::int64_t FileRow(RowNumber row) const { return file_rows_[row]; }
+    /// Puts rows that were removed back where they were. Those whose place is taken stay out; the result
+    /// names them. Rows after them may get other numbers, so every text counts as rewritten.
+    std::vector<std::size_t> PutBack(std::span<const KeptRow> rows);
 
     /// How often a row got another text in this column, Clear counted too.
     std::uint64_t Rewrites(std::size_t column) const { return rewrites_[column]; }
@@ -78,15 +86,20 @@ public:
 
 private:
     // Those up to Changed are there; those from Added differ from the file, Gone excepted.
-    enum class State : std::uint8_t { Kept, Added, Changed, Removed, Gone };
+    // Dropped rows never came into the file, and the journal still names them; Gone ones it does not.
+    enum class State : std::uint8_t { Kept, Added, Changed, Removed, Dropped, Gone };
+    struct Mended;
 
     // In a gap, the place's numbers say where to go on: `block` is the end of the rows to look at before it,
-    // `offset` the row to look at after it. Gaps are never filled, so both stay true, and walks lengthen them
-    // on the way.
+    // `offset` the row to look at after it. Walks lengthen them on the way; where rows come back all begin
+    // again, each as itself alone.
     using Gap = RowStorage::Place;
 
     void Mark(RowNumber row, State state);
     void TidyUp();
+    RowStorage::Place Store(const KeptRow& row);
+    void ComeBack(RowNumber row, const KeptRow& kept, Mended& mended);
+    void TakeOver(Mended mended, const std::vector<RowNumber>& moved, std::size_t more);
 
     const ports::TableLayout& layout_;
     RowStorage storage_;
