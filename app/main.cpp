@@ -26,6 +26,7 @@
 #include "platform/linux/CommandLine.h"
 #include "platform/linux/CommandText.h"
 #include "platform/linux/EndSignal.h"
+#include "platform/linux/KeptFiles.h"
 #include "platform/linux/LinuxFiles.h"
 #include "platform/linux/LinuxInstanceLock.h"
 #include "platform/linux/LinuxRegistry.h"
@@ -194,6 +195,7 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
 
     linux::LinuxRegistry registry(files, linux::FoldersOfUser());
     const linux::EndSignal end_signal;
+    linux::KeptFiles kept(linux::KeptFiles::FolderOf(linux::FoldersOfUser().data, stores.folder));
     linux::SystemClock clock;
     linux::RandomChance chance;
     sqlite::SqliteDatabase database(to_native);
@@ -225,7 +227,7 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     window::MainWindow main_window(
         windows,
         {database, files, pictures, window_services, window_shape, boxes, loop, clock, chance, instance,
-         messenger, board, screen_saver, screen, registry, programs, program_folder},
+         messenger, board, screen_saver, screen, registry, programs, kept, program_folder},
         command, [&loop] { loop.Quit(); });
     pages.Know(main_window);
     const Doorbells doorbells(instance, main_window);

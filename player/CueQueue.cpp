@@ -1,5 +1,7 @@
 #include "player/CueQueue.h"
 
+#include <functional>
+
 #include "base/DrivePath.h"
 #include "base/MediaKinds.h"
 #include "base/Text.h"
@@ -40,6 +42,36 @@ void CueQueue::AddPath(std::string_view path) {
     } else {
         CueFile(path, TextOfFile(path));
     }
+}
+
+std::vector<CuedRow> CueQueue::Rows() const {
+    std::vector<CuedRow> rows;
+    for (int row = 0; row < PathCount(); ++row) {
+        rows.push_back({.text = std::string(controls_.lstCuedSongs.List(row)),
+                        .entry = std::string(controls_.lstCuedSongsPath.List(row))});
+    }
+    return rows;
+}
+
+void CueQueue::PutBefore(const std::vector<CuedRow>& rows) {
+    const std::vector<CuedRow> now = Rows();
+    controls_.lstCuedSongs.Clear();
+    controls_.lstCuedSongsPath.Clear();
+    for (const std::vector<CuedRow>* const part : {&rows, &now}) {
+        for (const CuedRow& row : *part) {
+            controls_.lstCuedSongs.AddItem(row.text);
+            controls_.lstCuedSongsPath.AddItem(row.entry);
+        }
+    }
+}
+
+std::uint64_t CueQueue::Mark() const {
+    if (IsEmpty()) return 0;
+    const std::hash<std::string_view> hash;
+    std::uint64_t mark = static_cast<std::uint64_t>(PathCount());
+    for (const int row : {0, PathCount() - 1})
+        mark = mark * 31 + hash(controls_.lstCuedSongsPath.List(row));
+    return mark;
 }
 
 std::string CueQueue::TakePath() {

@@ -4,14 +4,17 @@
 // goes. A head is taken off before it is played, so that a missing one makes way for the next.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/SongEntry.h"
 #include "controls/Label.h"
 #include "player/PlayerControls.h"
 #include "player/PlayerState.h"
 #include "player/SongLookup.h"
+#include "player/StoppedPlace.h"
 #include "roles/CueList.h"
 
 namespace player {
@@ -29,6 +32,13 @@ public:
     /// How the head is to be played; both are false while there is none, whatever the flags say.
     bool IsPathAtHead() const { return !IsEmpty() && state_.CueHeadIsPath; }
     bool IsIdAtHead() const { return !IsEmpty() && state_.CueHeadIsId; }
+
+    /// The rows, with the texts that show.
+    std::vector<CuedRow> Rows() const;
+    /// Puts rows that were kept before those that are there. How the head is played is the caller's to say.
+    void PutBefore(const std::vector<CuedRow>& rows);
+    /// Another number for other rows, as far as their count, the first and the last one tell.
+    std::uint64_t Mark() const;
 
     /// Adds a song with the text to show and its entry, a number or a path.
     void Add(std::string_view text, std::string_view entry);

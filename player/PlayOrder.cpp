@@ -10,6 +10,22 @@ void PlayOrder::CopyFrom(const controls::ListBox& entries) {
     ++version_;
 }
 
+void PlayOrder::Restore(const std::vector<std::string>& entries, int row) {
+    controls_.lstNowPlaying.Clear();
+    for (const std::string& entry : entries)
+        controls_.lstNowPlaying.AddItem(entry);
+    controls_.lstNowPlaying.SetListIndex(row);
+    ++version_;
+}
+
+std::vector<std::string> PlayOrder::Entries() const {
+    std::vector<std::string> entries;
+    entries.reserve(static_cast<std::size_t>(Count()));
+    for (int row = 0; row < Count(); ++row)
+        entries.emplace_back(controls_.lstNowPlaying.List(row));
+    return entries;
+}
+
 base::SongEntry PlayOrder::Select(int row) {
     if (!controls_.lstNowPlaying.SetListIndex(row)) return base::SongEntry({});
     return base::SongEntry(controls_.lstNowPlaying.Text());

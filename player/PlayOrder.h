@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "base/SongEntry.h"
 #include "controls/ListBox.h"
@@ -23,6 +25,10 @@ public:
     base::SongEntry Next(bool shuffle);
     /// The entry before the selected one, round and round.
     base::SongEntry Previous();
+    /// Takes over entries that were kept, and selects a row of them; none when there is no such row.
+    void Restore(const std::vector<std::string>& entries, int row);
+    /// Every entry, in order.
+    std::vector<std::string> Entries() const;
     int Count() const { return controls_.lstNowPlaying.ListCount(); }
     /// The selected row; -1 for none.
     int Row() const { return controls_.lstNowPlaying.ListIndex(); }

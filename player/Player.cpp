@@ -49,7 +49,9 @@ Player::Player(PlayerWindows windows, PlayerState& state, PlayerRoles roles, Pla
                     {.fade = fade_, .panning = panning_, .volume = volume_}, roles.window),
       playing_(windows.controls.transport, windows.tracks, mci_, state, RoomsOfPlaying()),
       order_view_(windows.controls.transport, state,
-                  {.order = order_, .mode = mode_, .songs = songs_, .playback = playback_}) {}
+                  {.order = order_, .mode = mode_, .songs = songs_, .playback = playback_}),
+      resume_(windows.controls.resume, windows.controls.transport, state, RoomsOfResume(),
+              windows.tracks.ListMaybeChanged, roles.address, ports.kept) {}
 
 PlaybackRooms Player::RoomsOfPlayback() {
     return {.pair = pair_,
@@ -76,6 +78,10 @@ PlayButtonRooms Player::RoomsOfButtons() {
 
 NowPlayingRooms Player::RoomsOfPlaying() const {
     return {.watch = watch_, .mode = mode_, .volume = volume_, .speed = speed_, .order = order_, .cue = cue_};
+}
+
+ResumeRooms Player::RoomsOfResume() {
+    return {.watch = watch_, .order = order_, .cue = cue_, .playback = playback_, .transport = transport_};
 }
 
 void Player::StopAndForget() {

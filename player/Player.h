@@ -20,6 +20,7 @@
 #include "player/PlayerMenu.h"
 #include "player/PlayerState.h"
 #include "player/QueueRoom.h"
+#include "player/ResumeRoom.h"
 #include "player/SongLookup.h"
 #include "player/SpeakerTestForm.h"
 #include "player/SpeakerTestRoom.h"
@@ -74,6 +75,7 @@ struct PlayerPorts {
     ports::Dialogs& dialogs;
     ports::EventLoop& loop;
     ports::Chance& chance;
+    ports::KeptTexts& kept;
 };
 
 class Player final : public roles::Transport, public roles::PlayerSetup {
@@ -84,6 +86,7 @@ public:
     roles::MessengerLine& Line() { return line_; }
     roles::CueList& Cue() { return cue_; }
     roles::PlayOrder& Order() { return order_view_; }
+    roles::KeptPlace& Place() { return resume_; }
     roles::VideoPane& Video() { return video_; }
 
     // roles::Transport
@@ -115,6 +118,7 @@ private:
     PlaybackRooms RoomsOfPlayback();
     PlayButtonRooms RoomsOfButtons();
     NowPlayingRooms RoomsOfPlaying() const;
+    ResumeRooms RoomsOfResume();
 
     MediaWatch watch_;
     MciLayer mci_;
@@ -139,6 +143,7 @@ private:
     SpeakerTestRoom speaker_test_;
     NowPlaying playing_;
     OrderView order_view_;
+    ResumeRoom resume_;
 };
 
 }  // namespace player

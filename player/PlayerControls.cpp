@@ -138,6 +138,11 @@ SplitterControls::SplitterControls() {
     Name(lblSlider, "Drag to share the height between the lists");
 }
 
+ResumeControls::ResumeControls() {
+    lblResume.SetLook("link");
+    Hide(lblResume);
+}
+
 VideoPaneControls::VideoPaneControls() {
     picVideo.SetLook("well");
     picVideo.SetAccessibleName("Video");
@@ -149,7 +154,8 @@ void PlayerControls::PutInto(controls::Container& pane, controls::Container& win
     transport.PutInto(pane);
     levels.PutInto(transport);
     queue.PutInto(pane);
-    pane.Add(splitter.lblSlider);
+    pane.Add(splitter.lblSlider, resume.tmrKeepPlace);
+    transport.picTrackTitle.Add(resume.lblResume);
     transport.fraControls.Add(video.cmdAttachVid);
     window.Add(video.picVideo);
 }

@@ -162,6 +162,14 @@ struct SplitterControls {
     controls::Label lblSlider{"lblSlider"};
 };
 
+/// The offer to go on where the music stopped, in the box of the title, and the beat at which that is kept.
+struct ResumeControls {
+    ResumeControls();
+
+    controls::Label lblResume{"lblResume"};
+    controls::Timer tmrKeepPlace{"tmrKeepPlace", 1000, true};
+};
+
 /// Where an attached video shows, and the button that puts a floating one back.
 struct VideoPaneControls {
     VideoPaneControls();
@@ -175,6 +183,7 @@ struct PlayerControls {
     TransportControls transport;
     LevelControls levels;
     QueueControls queue;
+    ResumeControls resume;
     SplitterControls splitter;
     VideoPaneControls video;
 

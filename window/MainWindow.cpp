@@ -46,6 +46,7 @@ MainWindow::MainWindow(Windows& windows, Ports ports, std::string_view command, 
       window_(windows.frmBrowser, windows.frmBrowser.chrome.fraMusicTab),
       msn_(ports.messenger, state_.options),
       player_(BuildPlayer()),
+      users_(ports.pages, player_.Place()),
       hole_(windows.frmBrowser, windows.frmBrowser.player.video.picVideo, player_.Video(), ports.window_shape,
             ports.dialogs),
       skin_(windows.frmBrowser.chrome, TwinsOf(windows.frmBrowser), [this] { player_.SettlePictures(); }),
@@ -141,7 +142,8 @@ player::Player MainWindow::BuildPlayer() {
                            .songs = windows_.player_songs,
                            .dialogs = ports_.dialogs,
                            .loop = ports_.events,
-                           .chance = ports_.chance});
+                           .chance = ports_.chance,
+                           .kept = ports_.kept});
 }
 
 LayoutRoles MainWindow::RolesOfLayout() {
@@ -150,26 +152,28 @@ LayoutRoles MainWindow::RolesOfLayout() {
 
 library::Library MainWindow::BuildLibrary() {
     BrowserForm& window = windows_.frmBrowser;
-    return library::Library(
-        {.controls = window.library,
-         .menu = window.menus,
-         .add_media = windows_.add_media,
-         .lstEditPlayList = windows_.info.back_up.lstEditPlayList,
-         .lstOpenWith = window.hand_off.lstOpenWith,
-         .datHistory = windows_.history.datHistory},
-        {.ListMaybeChanged = state_.ListMaybeChanged,
-         .Include_Sub_Folders = state_.options.Include_Sub_Folders,
-         .last_clean_up_age = state_.options.DaysStampA},
-        stores_,
-        {.start = relays_.start,
-         .favourites = relays_.favourites,
-         .history = relays_.history,
-         .highlights = skin_,
-         .keys = relays_.media_keys,
-         .address = relays_.address_row,
-         .window = window_,
-         .file_type = file_type_},
-        {.files = ports_.files, .dialogs = ports_.dialogs, .loop = ports_.events, .clock = ports_.clock});
+    return library::Library({.controls = window.library,
+                             .menu = window.menus,
+                             .add_media = windows_.add_media,
+                             .lstEditPlayList = windows_.info.back_up.lstEditPlayList,
+                             .lstOpenWith = window.hand_off.lstOpenWith,
+                             .datHistory = windows_.history.datHistory},
+                            {.ListMaybeChanged = state_.ListMaybeChanged,
+                             .Include_Sub_Folders = state_.options.Include_Sub_Folders,
+                             .last_clean_up_age = state_.options.DaysStampA},
+                            stores_,
+                            {.start = relays_.start,
+                             .favourites = relays_.favourites,
+                             .history = relays_.history,
+                             .highlights = skin_,
+                             .keys = relays_.media_keys,
+                             .address = relays_.address_row,
+                             .window = window_,
+                             .file_type = file_type_},
+                            {.files = ports_.files,
+                             .dialogs = ports_.dialogs,
+                             .loop = ports_.events,
+                             .clock = ports_.clock});
 }
 
 places::Places MainWindow::BuildPlaces() {
@@ -191,7 +195,7 @@ places::Places MainWindow::BuildPlaces() {
          .highlights = skin_,
          .keys = relays_.media_keys,
          .window = window_},
-        {.dialogs = ports_.dialogs, .loop = ports_.events, .pages = ports_.pages},
+        {.dialogs = ports_.dialogs, .loop = ports_.events, .pages = users_},
         {.stores = stores_, .folder = ports_.files.ApplicationFolder()});
 }
 
@@ -284,7 +288,7 @@ session::Session MainWindow::BuildSession(std::string_view command) {
                              .events = ports_.events,
                              .clock = ports_.clock,
                              .instance = ports_.instance,
-                             .pages = ports_.pages},
+                             .pages = users_},
                             {.stores = stores_, .trouble = trouble_}, command,
                             [this] { windows_.BringToFront(); });
 }

@@ -17,6 +17,7 @@
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
 #include "ports/InstanceLock.h"
+#include "ports/KeptTexts.h"
 #include "ports/MediaControl.h"
 #include "ports/Messenger.h"
 #include "ports/NowPlaying.h"
@@ -38,6 +39,7 @@
 #include "window/RemoteRoom.h"
 #include "window/SkinRoom.h"
 #include "window/Switchboard.h"
+#include "window/UserThings.h"
 #include "window/ViewRoom.h"
 #include "window/WindowRoom.h"
 #include "window/Windows.h"
@@ -62,6 +64,7 @@ struct Ports {
     ports::PageEngine& pages;
     ports::Registry& registry;
     ports::Programs& programs;
+    ports::KeptTexts& kept;
     /// Where the program's file lies, as a path with a drive.
     std::string_view program_folder;
 };
@@ -130,6 +133,7 @@ private:
     WindowRoom window_;
     MSN msn_;
     player::Player player_;
+    UserThings users_;
     HoleRoom hole_;
     SkinRoom skin_;
     FileTypeRoom file_type_;

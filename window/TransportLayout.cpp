@@ -34,6 +34,7 @@ void BrowserLayout::PlaceControlsGround() {
     const double right = IsNarrow() ? transport.fraControls.Width() - kGap
                                     : transport.fraControls.Width() - kVolumeWidth - 3 * kGap;
     transport.picTrackTitle.Move(kTitleLeft, top, right - kTitleLeft - kTimeWidth - Px(6), Px(24));
+    window_.player.resume.lblResume.Move(Px(6), 0, transport.picTrackTitle.Width() - Px(12), Px(23));
     transport.picSongProgress.Move(kTitleLeft, top + (IsNarrow() ? Px(28) : Px(30)), right - kTitleLeft,
                                    Px(16));
 }

@@ -86,8 +86,8 @@ bool WriteAll(const Descriptor& file, std::string_view bytes) {
 
 }  // namespace
 
-std::string KeptFiles::FolderOf(const std::string& data_folder, const std::string& program_folder) {
-    return data_folder.empty() ? std::string() : data_folder + "/brindlepost/kept/" + Hash(program_folder);
+std::string KeptFiles::FolderOf(const std::string& data_folder, const std::string& stores_folder) {
+    return data_folder.empty() ? std::string() : data_folder + "/brindlepost/kept/" + Hash(stores_folder);
 }
 
 std::string KeptFiles::PathOf(std::string_view name) const {

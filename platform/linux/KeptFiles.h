@@ -21,8 +21,8 @@ public:
     void SetAside(std::string_view name) override;
     std::vector<std::string> Names(std::string_view prefix) const override;
 
-    /// The folder of the program that lies in `program_folder`.
-    static std::string FolderOf(const std::string& data_folder, const std::string& program_folder);
+    /// The folder of the program whose stores lie in `stores_folder`.
+    static std::string FolderOf(const std::string& data_folder, const std::string& stores_folder);
 
 private:
     std::string PathOf(std::string_view name) const;

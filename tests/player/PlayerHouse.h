@@ -15,6 +15,7 @@
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeFiles.h"
+#include "fakes/FakeKeptTexts.h"
 #include "fakes/FakeMediaControl.h"
 #include "fakes/SeededStores.h"
 #include "player/Player.h"
@@ -150,7 +151,8 @@ struct PlayerParts {
                .songs = datSong,
                .dialogs = dialogs,
                .loop = desktop,
-               .chance = chance}) {
+               .chance = chance,
+               .kept = kept}) {
         // What the layout does to the player at its end.
         window.LaidOut = [this] {
             player.RestoreBars();
@@ -190,6 +192,7 @@ struct PlayerParts {
     FakeMainWindow window;
     FakeChance chance;
     NoWindows no_windows;
+    fakes::FakeKeptTexts kept;
     store::DataSource datSong{"datSong"};
     controls::Form frmBrowser{"frmBrowser", "Brindlepost"};
     player::PlayerControls controls;

@@ -11,6 +11,7 @@
 #include "fakes/FakeDatabase.h"
 #include "fakes/FakeFiles.h"
 #include "fakes/FakeInstanceLock.h"
+#include "fakes/FakeKeptTexts.h"
 #include "fakes/FakeMediaControl.h"
 #include "fakes/FakeRegistry.h"
 
@@ -44,6 +45,7 @@ struct Computer {
     std::map<std::string, fakes::FakeCookies> cookies;
     fakes::FakeInstances instances;
     fakes::FakeRegistry registry;
+    fakes::FakeKeptTexts kept;
 };
 
 }  // namespace scenario

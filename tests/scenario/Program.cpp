@@ -19,7 +19,8 @@ Program::Program(Computer& on, std::string_view command)
       windows(on.files),
       main_window(windows,
                   {on.database, on.files, on.media, places, shape, dialogs, desktop, desktop, chance,
-                   instance, messenger, board, screen_saver, pages, on.registry, programs, "C:\\brindlepost"},
+                   instance, messenger, board, screen_saver, pages, on.registry, programs, on.kept,
+                   "C:\\brindlepost"},
                   command, [this] {
                       ended = true;
                       desktop.Ending = true;

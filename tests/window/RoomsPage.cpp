@@ -93,18 +93,19 @@ void AddLibraryGroups(const library::LibraryControls& library, std::vector<Group
 }
 
 void AddPlayerGroups(const player::PlayerControls& player, std::vector<Group>& into) {
-    into.insert(into.end(), {Of<player::PlayButtonControls>(player.transport, "PlayButtonsRoom"),
-                             Of<player::PlayModeControls>(player.transport, "PlayModeRoom"),
-                             Of<player::TitleControls>(player.transport, "TitleRoom"),
-                             Of<player::ProgressControls>(player.transport, "TransportRoom"),
-                             Of<player::PanelControls>(player.transport, "TransportRoom"),
-                             Of<player::FadeControls>(player.levels, "FadeRoom"),
-                             Of<player::VolumeControls>(player.levels, "VolumeRoom"),
-                             Of<player::SpeedControls>(player.levels, "SpeedRoom"),
-                             Of<player::PanningControls>(player.levels, "PanningRoom"),
-                             Of<player::PlayOrderControls>(player.queue, "PlayOrder"),
-                             Of<player::CueControls>(player.queue, "QueueRoom"),
-                             With(player.splitter, "SplitterRoom"), With(player.video, "VideoRoom")});
+    into.insert(into.end(),
+                {Of<player::PlayButtonControls>(player.transport, "PlayButtonsRoom"),
+                 Of<player::PlayModeControls>(player.transport, "PlayModeRoom"),
+                 Of<player::TitleControls>(player.transport, "TitleRoom"),
+                 Of<player::ProgressControls>(player.transport, "TransportRoom"),
+                 Of<player::PanelControls>(player.transport, "TransportRoom"),
+                 Of<player::FadeControls>(player.levels, "FadeRoom"),
+                 Of<player::VolumeControls>(player.levels, "VolumeRoom"),
+                 Of<player::SpeedControls>(player.levels, "SpeedRoom"),
+                 Of<player::PanningControls>(player.levels, "PanningRoom"),
+                 Of<player::PlayOrderControls>(player.queue, "PlayOrder"),
+                 Of<player::CueControls>(player.queue, "QueueRoom"), With(player.splitter, "SplitterRoom"),
+                 With(player.resume, "ResumeRoom"), With(player.video, "VideoRoom")});
 }
 
 void AddWebGroups(const web::WebControls& web, std::vector<Group>& into) {

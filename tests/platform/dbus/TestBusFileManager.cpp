@@ -12,7 +12,7 @@ using dbus_tests::WaitFor;
 
 class BusFileManagerTest : public testing::Test {
 protected:
-    BusFileManagerTest() { session.Join(); }
+    BusFileManagerTest() { dbus_tests::JoinNow(session); }
     void Show(const char* file) {
         files.Show(file, [this] { ++otherwise; });
     }
