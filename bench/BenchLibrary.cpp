@@ -12,6 +12,7 @@
 #include "BenchStore.h"
 #include "base/Text.h"
 #include "fakes/FakeDialogs.h"
+#include "fakes/FakeKeptTexts.h"
 #include "fakes/RecordingPageEngine.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryListsRoom.h"
@@ -70,6 +71,7 @@ struct Neighbours final : roles::Start,
     void DeleteHistory() override { History->DeleteHistory(); }
     void PopulateHistory(roles::HistoryKind kind) override { History->PopulateHistory(kind); }
     void OnRemoveKey() override {}
+    void OnUndoKey() override {}
     void OnInitialTrack(std::string_view) override {}
     void OnReloaded() override {}
     void OnEndTasks() override {}
@@ -203,7 +205,9 @@ struct Program {
         Store.Loop(),
         Around,
         {.start = Around, .favourites = Around, .history = Around, .highlights = Around, .keys = Around}};
-    library::PlayListRoom PlayListRoom{PlayLists, PlayListMenu, NoSources, ListsRoom, Boxes, Around};
+    fakes::FakeKeptTexts Kept;
+    library::UndoLog Undo{Kept};
+    library::PlayListRoom PlayListRoom{PlayLists, PlayListMenu, NoSources, ListsRoom, Undo, Boxes, Around};
     library::SearchRoom SearchRoom{Search, SearchMenu, Sources, ListsRoom, Around};
     library::TrackMatchRoom MatchRoom{
         Import, {lblFoundNo, lblDuplicatesNoRemoved, lblStatus}, Sources, PlayListRoom, Store.Loop()};

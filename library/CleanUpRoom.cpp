@@ -11,12 +11,13 @@
 namespace library {
 
 CleanUpRoom::CleanUpRoom(CleanUpControls& controls, CleanUpMenu& menu, CleanUpStores stores,
-                         const std::int32_t& last_clean_up_age, TaskRoom& task, roles::TrackLists& lists,
-                         CleanUpPorts ports)
+                         const std::int32_t& last_clean_up_age, TaskRoom& task, UndoLog& undo,
+                         roles::TrackLists& lists, CleanUpPorts ports)
     : controls_(controls),
       stores_(stores),
       last_clean_up_age_(last_clean_up_age),
       task_(task),
+      undo_(undo),
       lists_(lists),
       ports_(ports) {
     claims_.Claim(menu.mnuCleanUp.Click, [this] { mnuCleanUp_Click(); });
@@ -73,6 +74,7 @@ bool CleanUpRoom::StoreToday() {
 bool CleanUpRoom::SearchFiles(store::RecordSet& songs) {
     if (!stores_.datSong.Open(store::kAllSongs)) return false;
     songs = std::move(stores_.datSong.Recordset());
+    undo_.BeginStep();
     BeginPhase("Searching files", songs.RecordCount());
     for (songs.MoveFirst(); !songs.Eof(); songs.MoveNext()) {
         SearchFile(songs);
@@ -89,6 +91,7 @@ void CleanUpRoom::SearchFile(store::RecordSet& song) {
     } else if (ports_.files.IsSilent(path)) {
         ++songs_unknown_;
     } else {
+        undo_.KeepSong(song);
         song.Delete();
         task_.ShowRemoved(++songs_removed_);
     }

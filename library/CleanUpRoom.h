@@ -13,6 +13,7 @@
 #include "library/LibraryControls.h"
 #include "library/LibraryMenu.h"
 #include "library/TaskRoom.h"
+#include "library/UndoLog.h"
 #include "ports/Clock.h"
 #include "ports/Dialogs.h"
 #include "ports/Files.h"
@@ -38,8 +39,8 @@ public:
     /// `last_clean_up_age` is the age of the last run as the session found it: the plain difference of two
     /// numbers yyyymmdd.
     CleanUpRoom(CleanUpControls& controls, CleanUpMenu& menu, CleanUpStores stores,
-                const std::int32_t& last_clean_up_age, TaskRoom& task, roles::TrackLists& lists,
-                CleanUpPorts ports);
+                const std::int32_t& last_clean_up_age, TaskRoom& task, UndoLog& undo,
+                roles::TrackLists& lists, CleanUpPorts ports);
 
 private:
     void mnuCleanUp_Click();
@@ -60,6 +61,7 @@ private:
     CleanUpStores stores_;
     const std::int32_t& last_clean_up_age_;
     TaskRoom& task_;
+    UndoLog& undo_;
     roles::TrackLists& lists_;
     CleanUpPorts ports_;
     std::int64_t songs_removed_ = 0;

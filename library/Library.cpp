@@ -20,13 +20,14 @@ Library::Library(LibraryWindows windows, LibraryState state, store::Stores& stor
               .lstEditPlayList = windows.lstEditPlayList,
               .lstOpenWith = windows.lstOpenWith},
              windows.controls.sources, state.ListMaybeChanged, ports.loop, *this, RolesOfLists(others)),
-      playlists_(windows.controls.playlists, windows.menu, windows.controls.sources, lists_, ports.dialogs,
-                 others.highlights),
+      undo_log_(ports.kept),
+      playlists_(windows.controls.playlists, windows.menu, windows.controls.sources, lists_, undo_log_,
+                 ports.dialogs, others.highlights),
       search_(windows.controls.search, windows.menu, windows.controls.sources, lists_, others.highlights),
       task_(windows.controls.task, ports.loop, others.highlights),
       clean_up_(windows.controls.task, windows.menu,
                 {.datSong = windows.controls.sources.datSong, .datHistory = windows.datHistory},
-                state.last_clean_up_age, task_, lists_,
+                state.last_clean_up_age, task_, undo_log_, lists_,
                 {.files = ports.files, .dialogs = ports.dialogs, .clock = ports.clock}),
       track_match_(windows.controls.track_import,
                    {.lblFoundNo = windows.controls.task.lblFoundNo,
@@ -41,6 +42,7 @@ Library::Library(LibraryWindows windows, LibraryState state, store::Stores& stor
                  others.window, lists_, {.files = ports.files, .dialogs = ports.dialogs, .loop = ports.loop}),
       opened_(windows.controls.opened, windows.menu, windows.controls.search.cmdAddToLibrary, add_media_,
               windows.controls.sources, ports.dialogs),
+      undo_(windows.controls.playlists, windows.controls.sources, undo_log_, task_, lists_, stores),
       file_type_(others.file_type) {}
 
 void Library::OnEndTasks() {

@@ -18,6 +18,8 @@
 #include "library/SearchRoom.h"
 #include "library/TaskRoom.h"
 #include "library/TrackMatchRoom.h"
+#include "library/UndoLog.h"
+#include "library/UndoRoom.h"
 #include "ports/Clock.h"
 #include "ports/Dialogs.h"
 #include "ports/EventLoop.h"
@@ -70,6 +72,7 @@ struct LibraryPorts {
     ports::Dialogs& dialogs;
     ports::EventLoop& loop;
     const ports::Clock& clock;
+    ports::KeptTexts& kept;
 };
 
 class Library final : private LibraryListener, private roles::MediaIntake {
@@ -86,6 +89,7 @@ public:
 private:
     // LibraryListener
     void OnRemoveKey() override { playlists_.RemoveSelectedSong(); }
+    void OnUndoKey() override { undo_.Undo(); }
     void OnInitialTrack(std::string_view path) override { opened_.AddIfMissing(path); }
     void OnReloaded() override { file_type_.cmdAssociate(); }
     void OnEndTasks() override;
@@ -96,6 +100,7 @@ private:
     void OfferToAddMedia() override { opened_.OfferToAddMedia(); }
 
     LibraryListsRoom lists_;
+    UndoLog undo_log_;
     PlayListRoom playlists_;
     SearchRoom search_;
     TaskRoom task_;
@@ -105,6 +110,7 @@ private:
     MediaDropRoom drops_;
     AddMediaRoom add_media_;
     OpenedMediaRoom opened_;
+    UndoRoom undo_;
     roles::FileType& file_type_;
 };
 

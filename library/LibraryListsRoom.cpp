@@ -61,6 +61,8 @@ LibraryListsRoom::LibraryListsRoom(LibraryListControls& controls, SharedLists sh
       others_(others) {
     const auto hide_overs = [this] { others_.highlights.NoMouseOvers(); };
     claims_.Claim(controls_.lstPlayLists.Click, [this] { lstPlayLists_Click(); });
+    claims_.Claim(controls_.lstPlayLists.KeyDown,
+                  [this](int key_code, int shift) { lstPlayLists_KeyDown(key_code, shift); });
     claims_.Claim(controls_.lstPlayLists.MouseMove, hide_overs);
     claims_.Claim(controls_.lstArtists.Click, [this] { lstArtists_Click(); });
     claims_.Claim(controls_.lstArtists.KeyDown,
@@ -281,6 +283,14 @@ void LibraryListsRoom::List_KeyDown(int key_code, int shift) {
     if (key_code == controls::kKeyDelete) {
         listener_.OnRemoveKey();
     } else {
+        lstPlayLists_KeyDown(key_code, shift);
+    }
+}
+
+void LibraryListsRoom::lstPlayLists_KeyDown(int key_code, int shift) {
+    if (key_code == 'Z' && shift == controls::kControlMask) {
+        listener_.OnUndoKey();
+    } else {
         others_.keys.KeyDown(key_code, shift);
     }
 }
@@ -360,6 +370,11 @@ void LibraryListsRoom::NarrowView(std::string_view view, std::string_view artist
 
 bool LibraryListsRoom::IsWanted(std::string_view artist) const {
     return only_artist_.empty() || base::Trim(artist) == only_artist_;
+}
+
+void LibraryListsRoom::ShowPutBack(std::size_t count) {
+    controls_.lblTrackCount.SetCaption(CountOfTracks(controls_.lstTracks.ListCount()) + ", " +
+                                       base::ToText(static_cast<std::int64_t>(count)) + " put back");
 }
 
 void LibraryListsRoom::ShowCount(std::string_view hint) {

@@ -5,6 +5,7 @@
 // where it is.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -31,6 +32,8 @@ public:
     virtual ~LibraryListener() = default;
     /// The Delete key was pressed on the artists or the tracks.
     virtual void OnRemoveKey() = 0;
+    /// Ctrl+Z was pressed on one of the lists.
+    virtual void OnUndoKey() = 0;
     /// The reload reached one of the files that were opened last.
     virtual void OnInitialTrack(std::string_view path) = 0;
     /// The reload has come to its end.
@@ -97,6 +100,8 @@ public:
     base::SongEntry SelectedEntry();
     /// The selected playlist row, trimmed; empty when none is selected.
     std::string SelectedPlayList() const;
+    /// Says beside the count of the tracks how many rows an undo put back.
+    void ShowPutBack(std::size_t count);
     /// Moves the keyboard focus to the tracks.
     void FocusTracks() { controls_.lstTracks.SetFocus(); }
 
@@ -110,6 +115,7 @@ private:
     void lstPlayLists_Click();
     void lstArtists_Click();
     void lstTracks_Click();
+    void lstPlayLists_KeyDown(int key_code, int shift);
     void List_KeyDown(int key_code, int shift);
 
     void ClearTracks();

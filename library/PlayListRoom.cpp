@@ -14,11 +14,13 @@ constexpr std::string_view kNewName = "New_Playlist";
 }  // namespace
 
 PlayListRoom::PlayListRoom(PlayListControls& controls, PlayListMenu& menu, MediaSources& sources,
-                           LibraryListsRoom& lists, ports::Dialogs& dialogs, roles::Highlights& highlights)
+                           LibraryListsRoom& lists, UndoLog& undo, ports::Dialogs& dialogs,
+                           roles::Highlights& highlights)
     : controls_(controls),
       menu_(menu),
       sources_(sources),
       lists_(lists),
+      undo_(undo),
       dialogs_(dialogs),
       highlights_(highlights) {
     ClaimButtons();
@@ -141,9 +143,11 @@ void PlayListRoom::RemoveFromPlayList(const std::string& playlist, const std::st
         return;
     }
     store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRows);
+    undo_.BeginStep();
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         if (base::Trim(rows.Text(store::tblPlayList::Name)) == playlist &&
             rows.Text(store::tblPlayList::SongID) == song_id) {
+            undo_.KeepPlayListRow(rows);
             rows.Delete();
         }
     }
@@ -174,8 +178,27 @@ void PlayListRoom::DeleteTrackAllMedia(std::string_view song_id) {
     rows.MoveFirst();
     while (!rows.Eof() && rows.Text(store::tblSong::SongID) != song_id)
         rows.MoveNext();
+    if (!rows.Eof()) {
+        undo_.BeginStep();
+        if (HasTwin(rows)) {
+            undo_.KeepTwin(rows);
+        } else {
+            undo_.KeepSong(rows);
+        }
+    }
     rows.Delete();
     lists_.Command1();
+}
+
+/// Another row has the file of the current one.
+bool PlayListRoom::HasTwin(store::RecordSet& songs) {
+    const store::Bookmark song = songs.CurrentBookmark();
+    const std::string file(songs.Text(store::tblSong::FilePath));
+    int rows = 0;
+    for (songs.MoveFirst(); !songs.Eof() && rows < 2; songs.MoveNext())
+        rows += songs.Text(store::tblSong::FilePath) == file ? 1 : 0;
+    songs.MoveTo(song);
+    return rows > 1;
 }
 
 void PlayListRoom::AddingPlayList() {
@@ -212,8 +235,11 @@ void PlayListRoom::imgDeletePlayListOver_Click() {
     if (name.empty()) return;
     if (!IsConfirmed("Are you sure you want to delete the playlist " + name + "?", "Delete Playlist")) return;
     store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRowsToDelete);
+    undo_.BeginStep();
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-        if (base::Trim(rows.Text(store::tblPlayList::Name)) == name) rows.Delete();
+        if (base::Trim(rows.Text(store::tblPlayList::Name)) != name) continue;
+        undo_.KeepPlayListRow(rows);
+        rows.Delete();
     }
     lists_.Command1();
 }

@@ -9,6 +9,7 @@
 #include "library/LibraryControls.h"
 #include "library/LibraryListsRoom.h"
 #include "library/LibraryMenu.h"
+#include "library/UndoLog.h"
 #include "ports/Dialogs.h"
 #include "roles/Highlights.h"
 
@@ -17,7 +18,8 @@ namespace library {
 class PlayListRoom final {
 public:
     PlayListRoom(PlayListControls& controls, PlayListMenu& menu, MediaSources& sources,
-                 LibraryListsRoom& lists, ports::Dialogs& dialogs, roles::Highlights& highlights);
+                 LibraryListsRoom& lists, UndoLog& undo, ports::Dialogs& dialogs,
+                 roles::Highlights& highlights);
 
     /// Adds a song of the library to a playlist, as often as it is called; a SongID that is not there adds
     /// nothing.
@@ -52,6 +54,7 @@ private:
     void ClaimButtons();
     void ClaimPanel();
     void HidePanel();
+    static bool HasTwin(store::RecordSet& songs);
     bool IsConfirmed(std::string_view question, std::string_view title);
     void RemoveFromPlayList(const std::string& playlist, const std::string& song_id);
     void ResetPlayCount(const std::string& song_id);
@@ -60,6 +63,7 @@ private:
     PlayListMenu& menu_;
     MediaSources& sources_;
     LibraryListsRoom& lists_;
+    UndoLog& undo_;
     ports::Dialogs& dialogs_;
     roles::Highlights& highlights_;
     controls::EventClaims claims_;

@@ -173,7 +173,8 @@ library::Library MainWindow::BuildLibrary() {
                             {.files = ports_.files,
                              .dialogs = ports_.dialogs,
                              .loop = ports_.events,
-                             .clock = ports_.clock});
+                             .clock = ports_.clock,
+                             .kept = ports_.kept});
 }
 
 places::Places MainWindow::BuildPlaces() {

@@ -11,6 +11,7 @@
 #include "controls/ListBox.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeDialogs.h"
+#include "fakes/FakeKeptTexts.h"
 #include "fakes/SeededStores.h"
 #include "library/LibraryControls.h"
 #include "library/LibraryListsRoom.h"
@@ -63,6 +64,10 @@ struct RecordingNeighbours final : roles::Start,
         if (OnHistory) OnHistory();
     }
     void OnRemoveKey() override { ++RemoveKeys; }
+    void OnUndoKey() override {
+        ++UndoKeys;
+        if (OnUndo) OnUndo();
+    }
     void OnInitialTrack(std::string_view path) override { Remember("media ", path); }
     void OnReloaded() override { Remember("reloaded", ""); }
     void OnEndTasks() override { Remember("end tasks", ""); }
@@ -78,7 +83,9 @@ struct RecordingNeighbours final : roles::Start,
     std::vector<std::string> Calls;
     std::function<void()> OnHistory;
     bool Over = false;
+    std::function<void()> OnUndo;
     int RemoveKeys = 0;
+    int UndoKeys = 0;
     int OversHidden = 0;
 };
 
@@ -120,7 +127,9 @@ struct LibraryPane {
                                          .history = Neighbours,
                                          .highlights = Neighbours,
                                          .keys = Neighbours}};
-    library::PlayListRoom PlayListsRoom{PlayLists, menu, Sources, ListsRoom, Dialogs, Neighbours};
+    fakes::FakeKeptTexts Kept;
+    library::UndoLog Undo{Kept};
+    library::PlayListRoom PlayListsRoom{PlayLists, menu, Sources, ListsRoom, Undo, Dialogs, Neighbours};
     library::SearchRoom SearchingRoom{Search, menu, Sources, ListsRoom, Neighbours};
 };
 

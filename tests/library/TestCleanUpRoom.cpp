@@ -57,8 +57,8 @@ protected:
     std::function<void()> on_phase;
     controls::EventClaims claims;
     library::TaskRoom task_room{task, Desktop, Neighbours};
-    library::CleanUpRoom room{task,      menu,      {Sources.datSong, datHistory}, age,
-                              task_room, ListsRoom, {files, Dialogs, Desktop}};
+    library::CleanUpRoom room{task, menu,      {Sources.datSong, datHistory}, age, task_room,
+                              Undo, ListsRoom, {files, Dialogs, Desktop}};
 };
 
 TEST_F(CleanUpRoomTest, ItAsksFirstAndTellsTheAgeOfTheLastRun) {

@@ -106,8 +106,8 @@ protected:
     library::CleanUpMenu clean_up_menu;
     std::int32_t age = 0;
     library::TaskRoom Task{task, Desktop, Neighbours};
-    library::CleanUpRoom CleaningRoom{task, clean_up_menu, {Sources.datSong, datHistory}, age,
-                                      Task, ListsRoom,     {files, Dialogs, Desktop}};
+    library::CleanUpRoom CleaningRoom{task, clean_up_menu, {Sources.datSong, datHistory}, age, Task,
+                                      Undo, ListsRoom,     {files, Dialogs, Desktop}};
     library::TrackMatchRoom Matcher{Controls,
                                     {task.lblFoundNo, task.lblDuplicatesNoRemoved, task.lblStatus},
                                     Sources,

@@ -189,8 +189,8 @@ protected:
     library::CleanUpMenu menu_;
     std::int32_t age_ = 0;
     library::TaskRoom task_room_{task_, Desktop, Neighbours};
-    library::CleanUpRoom cleaning_room_{task_,      menu_,     {Sources.datSong, datHistory_}, age_,
-                                        task_room_, ListsRoom, {files_, Dialogs, Desktop}};
+    library::CleanUpRoom cleaning_room_{task_, menu_,     {Sources.datSong, datHistory_}, age_, task_room_,
+                                        Undo,  ListsRoom, {files_, Dialogs, Desktop}};
     struct : roles::MediaIntake {
         void AddMediaFromCommand(std::string_view) override {}
         void AddPlayList(std::string_view) override {}
