@@ -27,12 +27,17 @@ constexpr std::string_view kNothingHere = "No tracks here yet";
 constexpr std::string_view kNothingPlayed = "No played tracks to show";
 constexpr std::string_view kNothingFound = "No tracks match the search";
 
-/// "1,234 tracks"
-std::string CountOfTracks(int count) {
+/// "1,234"
+std::string WithCommas(std::int64_t count) {
     std::string digits = base::ToText(count);
     for (std::size_t end = digits.size(); end > 3; end -= 3)
         digits.insert(end - 3, ",");
-    return digits.append(count == 1 ? " track" : " tracks");
+    return digits;
+}
+
+/// "1,234 tracks"
+std::string CountOfTracks(int count) {
+    return WithCommas(count).append(count == 1 ? " track" : " tracks");
 }
 
 std::string Special(std::string_view name) {
@@ -373,8 +378,7 @@ bool LibraryListsRoom::IsWanted(std::string_view artist) const {
 }
 
 void LibraryListsRoom::ShowPutBack(std::size_t count) {
-    controls_.lblTrackCount.SetCaption(CountOfTracks(controls_.lstTracks.ListCount()) + ", " +
-                                       base::ToText(static_cast<std::int64_t>(count)) + " put back");
+    controls_.lblTrackCount.SetCaption(WithCommas(static_cast<std::int64_t>(count)) + " put back");
 }
 
 void LibraryListsRoom::ShowCount(std::string_view hint) {

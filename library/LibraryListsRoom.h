@@ -100,7 +100,7 @@ public:
     base::SongEntry SelectedEntry();
     /// The selected playlist row, trimmed; empty when none is selected.
     std::string SelectedPlayList() const;
-    /// Says beside the count of the tracks how many rows an undo put back.
+    /// Says in the place of the count how many rows an undo put back.
     void ShowPutBack(std::size_t count);
     /// Moves the keyboard focus to the tracks.
     void FocusTracks() { controls_.lstTracks.SetFocus(); }

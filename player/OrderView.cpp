@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/DrivePath.h"
 #include "base/MediaKinds.h"
 #include "base/Text.h"
 #include "player/SongTitle.h"
@@ -33,7 +34,8 @@ std::vector<roles::OrderedSong> OrderView::SongsAt(const std::vector<int>& rows)
     std::vector<roles::OrderedSong> songs;
     songs.reserve(rows.size());
     for (std::string& path : rooms_.songs.PathsOf(entries)) {
-        const SongTitle title = TitleOfFile(base::FileNameOf(path), base::IsVideoFile(path));
+        const SongTitle title =
+            TitleOfFile(base::WithoutStandIns(base::FileNameOf(path)), base::IsVideoFile(path));
         songs.push_back({.artist = std::string(base::Trim(title.artist)),
                          .title = std::string(base::Trim(title.title)),
                          .path = std::move(path)});
