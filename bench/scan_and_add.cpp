@@ -16,6 +16,7 @@
 #include "library/AddMediaForm.h"
 #include "library/AddMediaRoom.h"
 #include "library/CleanUpRoom.h"
+#include "platform/linux/KeptFiles.h"
 #include "platform/linux/LinuxFiles.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/qt/Boxes.h"
@@ -190,8 +191,10 @@ private:
     library::CleanUpMenu menu_;
     library::TaskRoom task_room_{task_, loop_, highlights_};
     const std::int32_t age_ = 0;
-    library::CleanUpRoom clean_up_{task_,      menu_,  {datSong_, datHistory_},    age_,
-                                   task_room_, lists_, {files_, agreeing_, clock_}};
+    linux::KeptFiles kept_{folder_ + "/kept"};
+    library::UndoLog undo_{kept_};
+    library::CleanUpRoom clean_up_{task_, menu_,  {datSong_, datHistory_},    age_, task_room_,
+                                   undo_, lists_, {files_, agreeing_, clock_}};
     qt::Screen screen_{loop_, {}};
     EventWatch watch_;
     Clock::time_point begin_;
