@@ -12,8 +12,7 @@ constexpr std::chrono::milliseconds kGlance{2};
 
 std::atomic<bool> gave_up = false;
 
-// What it holds is let go of before it counts as done.
-void Run(std::function<void()> work) noexcept {
+void Run(const std::function<void()>& work) noexcept {
     try {
         work();
     } catch (const std::exception& error) {
@@ -36,7 +35,8 @@ bool Threads::Start(std::function<void()> work) {
     task.done = done;
     try {
         task.thread = std::thread([work = std::move(work), done]() mutable {
-            Run(std::move(work));
+            Run(work);
+            work = nullptr;
             *done = true;
         });
     } catch (const std::system_error&) {
