@@ -319,7 +319,7 @@ void FormMirror::Apply(Property property) {
 }
 
 void FormMirror::OnMoved(const QPoint& by) {
-    if (was_shown_ && stage_.MainWindow() == window_) stage_.MovePictures(by);
+    if (was_shown_ && stage_.MainWindow() == window_) stage_.OnMainWindowMoved(by);
 }
 
 // The window's rules find the same place once the main window's new one is known.

@@ -66,7 +66,13 @@ Screen::Screen(Loop& loop, ScreenOptions options)
     : loop_(loop),
       options_(std::move(options)),
       pictures_(QString::fromStdString(options_.ProgramFolder)),
-      pages_(options_.LoadPages, options_.ForgetVisitsOf) {
+      pages_(options_.LoadPages, options_.ForgetVisitsOf),
+      following_(
+          [this] {
+              const QWidget* main_window = MainWindow();
+              return main_window != nullptr ? PlaceOnDisplay(*main_window) : std::nullopt;
+          },
+          [this](const QPoint& by) { MovePictures(by); }) {
     loop_.SetScreenUpdate([this] { CatchUp(); });
     QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { RealiseNext(); });
     QObject::connect(&release_, &QTimer::timeout, &release_, [this] { ReleasePages(); });
@@ -224,6 +230,7 @@ void Screen::ApplyShape() {
         }
         window->update();
     }
+    following_.SetOn(!shape->isEmpty());
     StackPictures();
 }
 

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "controls/Form.h"
+#include "platform/qt/Following.h"
 #include "platform/qt/Loop.h"
 #include "platform/qt/Pages.h"
 #include "platform/qt/Pictures.h"
@@ -96,7 +97,7 @@ private:
     void OnMainWindowShown(QWidget& main_window) override;
     bool IsBeneath(const controls::Form& form) const override;
     void StackPictures() override;
-    void MovePictures(const QPoint& by) override;
+    void OnMainWindowMoved(const QPoint& by) override { following_.OnMoved(by); }
     std::optional<std::string> TakeUsersWish() override { return std::exchange(users_wish_, std::nullopt); }
     void OnFirstPaint() override;
     void OnPressed(controls::Control& window) override;
@@ -106,6 +107,7 @@ private:
     std::vector<controls::WebBrowser*> Browsers() const;
     void RealiseNext();
     void SayWhatIsSeen();
+    void MovePictures(const QPoint& by);
     void CatchUpLate(const std::vector<Mirror*>& changed);
     void ApplyShape();
     void OrderTabsAgain();
@@ -122,6 +124,7 @@ private:
     controls::Form* active_ = nullptr;
     std::optional<QRegion> shape_;
     std::optional<std::string> users_wish_;
+    Following following_;
     QTimer idle_;
     QTimer release_;
     bool painted_ = false;

@@ -1,7 +1,9 @@
 // The order of windows on the screen, where the toolkit has no call for it.
 #pragma once
 
+#include <QPoint>
 #include <QWidget>
+#include <optional>
 
 namespace qt {
 
@@ -12,5 +14,9 @@ void PutBelow(QWidget& lower, QWidget& upper);
 /// Asks the window manager to keep `upper` over `lower`, whichever is worked in, until PutBelow asks for the
 /// opposite.
 void KeepAbove(QWidget& upper, QWidget& lower);
+
+/// Where the display has a window, in the toolkit's pixels; nothing where that cannot be asked. It may be
+/// ahead of what the toolkit knows.
+std::optional<QPoint> PlaceOnDisplay(const QWidget& window);
 
 }  // namespace qt

@@ -52,7 +52,7 @@ public:
     /// window lies right below it from now on.
     virtual void StackPictures() = 0;
     /// The main window was moved: what shows through its hole goes along at once.
-    virtual void MovePictures(const QPoint& by) = 0;
+    virtual void OnMainWindowMoved(const QPoint& by) = 0;
     /// The start-up id of the user's wish to see this program; once, by the window that comes to the front.
     virtual std::optional<std::string> TakeUsersWish() = 0;
     virtual void OnFirstPaint() = 0;

@@ -49,8 +49,9 @@ class Hand(Story):
 
     def drag(self, name, pixels):
         """Takes a marker right of its middle, where the ratio is small, and pulls it."""
-        x, y, width, height = self.rect(name)
-        check(width >= GRIP, f"the grip of {name} is {width} wide")
+        # A bar may have the name of its marker.
+        x, y, width, height = min((self.eyes.rect(node) for node in self.eyes.find_all(name)), key=lambda r: r[2])
+        check(GRIP <= width < 2 * GRIP, f"the grip of {name} is {width} wide")
         at = (str(x + width - 2), str(y + height // 2))
         self.stage.run("xdotool", "mousemove", *at, "mousedown", "1")
         step = pixels // 4
@@ -60,11 +61,11 @@ class Hand(Story):
 
     def song_is_dragged(self):
         before = self.peers.property("Position") / SECOND
-        self.drag("Position", 40)
+        self.drag("Position", 120)
         wait_for("a later place in the song", lambda: self.peers.property("Position") / SECOND > before + 8)
         check(self.peers.property("PlaybackStatus") == "Playing", "the song does not go on after the drag")
         there = self.peers.property("Position") / SECOND
-        self.drag("Position", -40)
+        self.drag("Position", -120)
         wait_for("an earlier place in the song", lambda: self.peers.property("Position") / SECOND < there - 4)
 
     def fade_is_dragged(self):
@@ -83,7 +84,7 @@ class Hand(Story):
         self.drag("Speed", 24)
         wait_for("a higher rate", lambda: self.peers.property("Rate") > rate + 0.03)
         higher = self.peers.property("Rate")
-        self.drag("Speed", -24)
+        self.drag("Speed", -60)
         wait_for("a lower rate", lambda: self.peers.property("Rate") < higher - 0.03)
 
     def steps(self):

