@@ -2,7 +2,6 @@
 
 #include <array>
 #include <string>
-#include <vector>
 
 #include "library/TableRows.h"
 #include "store/Tables.h"
@@ -12,7 +11,6 @@ namespace {
 
 constexpr int kTicksBeforeSearch = 20;
 constexpr std::size_t kRowsATick = 65'536;
-constexpr std::size_t kRowsAhead = 8;  // so long takes a row to come from memory
 
 struct FieldEntry {
     SearchField field;
@@ -82,10 +80,8 @@ void SearchRoom::RunLibrarySearch(SearchField field, std::string_view text) {
             AddSong(songs);
     } else {
         cleaned_.Prepare(rule, songs, songs.EndOfBookmarks());
-        const std::vector<store::Bookmark> found = cleaned_.RowsWith(wanted);
-        for (std::size_t i = 0; i < found.size(); ++i) {
-            if (i + kRowsAhead < found.size()) songs.Expect(found[i + kRowsAhead]);
-            if (songs.MoveTo(found[i])) AddSong(songs);
+        for (const store::Bookmark row : cleaned_.RowsWith(wanted)) {
+            if (songs.MoveTo(row)) AddSong(songs);
         }
     }
     view_.EndView();

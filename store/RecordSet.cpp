@@ -152,10 +152,6 @@ bool RecordSet::MoveTo(Bookmark bookmark) {
     return StandOn(bookmark);
 }
 
-void RecordSet::Expect(Bookmark bookmark) const {
-    if (table_ != nullptr) table_->Expect(bookmark);
-}
-
 Bookmark RecordSet::EndOfBookmarks() const {
     return table_ == nullptr ? 0 : table_->End();
 }

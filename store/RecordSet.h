@@ -48,9 +48,6 @@ public:
     std::vector<std::size_t> PutBack(std::span<const KeptRow> rows);
     /// To the row of a bookmark, in a record set in table order. False when that row is gone.
     bool MoveTo(Bookmark bookmark);
-    /// MoveTo will be called with this bookmark a few rows from now: a walk over some of very many rows is as
-    /// slow as the memory that they lie in.
-    void Expect(Bookmark bookmark) const;
     /// One more than the highest bookmark so far; 0 without a table.
     Bookmark EndOfBookmarks() const;
     /// Rises each time that an existing row gets another text in this field: what was computed from the

@@ -33,8 +33,6 @@ public:
     Place MoveToEnd(Place place);
     /// The view holds until the row is replaced or removed.
     std::string_view Text(Place place, std::size_t column) const;
-    /// Asks the processor to have a row at hand; nothing else comes of it.
-    void Expect(Place place) const { __builtin_prefetch(At(place)); }
     /// Memory held, in bytes.
     std::size_t BytesHeld() const { return bytes_held_; }
     /// Bytes of it that no row uses any more.

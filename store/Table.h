@@ -53,11 +53,6 @@ public:
         return storage_.Text(places_[row], column);
     }
 
-    /// The values of this row will be asked for soon.
-    void Expect(RowNumber row) const {
-        if (IsThere(row)) storage_.Expect(places_[row]);
-    }
-
     /// Adds a row of one value per field after the last.
     void Append(std::span<const std::string_view> values);
     /// Gives a row that is there other values; they may be views of its old ones.
