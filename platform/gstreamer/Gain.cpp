@@ -27,11 +27,13 @@ double Gain::RampOf(int step, Clock::duration since) {
     return std::clamp(SecondsOf(since), kRampSeconds, kLongestRampSeconds);
 }
 
-// A row's delay only grows: a shorter one would lay a change before the one that came before it.
+// A row keeps the delay that it began with: another one in its middle would break its rhythm.
 void Gain::TakeMoment(Clock::time_point now) {
     if (now - moment_.begin < kTogether) return;
     const bool in_row = now - moment_.begin < kRow;
-    const Clock::duration delay = in_row ? std::max(moment_.delay, LongestLead()) : Clock::duration::zero();
+    const bool goes_on = in_row && moment_.delay > Clock::duration::zero();
+    const Clock::duration begun = in_row ? LongestLead() : Clock::duration::zero();
+    const Clock::duration delay = goes_on ? moment_.delay : begun;
     moment_ = {.begin = now, .delay = delay};
 }
 
