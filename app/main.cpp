@@ -73,33 +73,42 @@ webengine::PageSettings SettingsOfPages(std::function<std::string(std::string_vi
         .dictionary_folder = webengine::DictionaryFolder().toStdString()};
 }
 
+/// The programs of the desktop that are spoken to.
+struct OnTheBus {
+    dbus::SessionBus bus;
+    dbus::BusMessenger messenger{bus};
+    dbus::MprisBoard board{bus};
+    dbus::BusScreenSaver screen_saver{bus};
+    dbus::BusNotices notices{bus};
+    dbus::BusFileManager file_manager{bus};
+};
+
 /// What the page engine has of the program, and the program of the engine.
 class PageEnds final {
 public:
-    PageEnds(const std::function<std::string(std::string_view)>& to_native, dbus::BusNotices& notices,
+    PageEnds(const std::function<std::string(std::string_view)>& to_native, OnTheBus& desktop,
              const std::string& folder)
-        : folder_(folder), settings_(SettingsOfPages(to_native, notices, house_)), kept_(OfAllUsers()) {
+        : folder_(folder),
+          settings_(SettingsOfPages(to_native, desktop.notices, house_)),
+          kept_(OfAllUsers()) {
         settings_.users_folder = OfAllUsers();
+        settings_.show_file = [&desktop](const std::string& file, std::function<void()> otherwise) {
+            desktop.file_manager.Show(file, std::move(otherwise));
+        };
     }
     PageEnds(const PageEnds&) = delete;
     PageEnds& operator=(const PageEnds&) = delete;
 
-    qt::ScreenOptions Options(std::function<std::string(const std::string&)> from_native,
-                              std::function<bool(const std::string&)> is_folder) {
+    qt::ScreenOptions Options(const ports::Files& files) {
         return {folder_,
-                std::move(from_native),
+                [&files](const std::string& native) { return files.FromNative(native); },
                 [this] { return webengine::LoadPages(folder_, settings_); },
                 [this](std::string_view user) { kept_.RemoveEngines(user); },
                 [this](std::string_view user) { kept_.Remove(user); },
                 [this] { return webengine::EngineVersion(folder_); },
-                std::move(is_folder)};
+                [&files](const std::string& native) { return files.IsFolder(files.FromNative(native)); }};
     }
     void Know(window::MainWindow& house) { house_ = &house; }
-    void ShowFilesWith(dbus::BusFileManager& manager) {
-        settings_.show_file = [&manager](const std::string& file, std::function<void()> otherwise) {
-            manager.Show(file, std::move(otherwise));
-        };
-    }
 
 private:
     std::string OfAllUsers() const {
@@ -179,10 +188,6 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     const auto to_native = [&files](std::string_view path) { return files.ToNative(path); };
     const auto from_native = [&files](std::string_view path) { return files.FromNative(path); };
 
-    const auto is_folder = [&files](const std::string& native) {
-        return files.IsFolder(files.FromNative(native));
-    };
-
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     qt::Loop loop;
     const qt::Application application(name, loop);
@@ -203,20 +208,14 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     qt::ScaledPictures pictures(media);
     qt::DesktopWindows window_services;
     qt::DesktopPrograms programs({to_native, from_native});
-    dbus::SessionBus bus;
-    dbus::BusMessenger messenger(bus);
-    dbus::MprisBoard board(bus);
-    dbus::BusScreenSaver screen_saver(bus);
-    dbus::BusNotices notices(bus);
+    OnTheBus desktop;
 
     window::Windows windows(files);
-    dbus::BusFileManager file_manager(bus);
-    PageEnds pages(to_native, notices, folder);
-    pages.ShowFilesWith(file_manager);
-    qt::Screen screen(loop, pages.Options(from_native, is_folder));
-    screen.AfterFirstPaint = [&media, &bus] {
+    PageEnds pages(to_native, desktop, folder);
+    qt::Screen screen(loop, pages.Options(files));
+    screen.AfterFirstPaint = [&media, &desktop] {
         media.WarmUp();
-        bus.Join();
+        desktop.bus.Join();
     };
     instance.OnStartupId = [&screen](const std::string& id) { screen.ExpectToFront(id); };
     for (controls::Form* form : windows.All())
@@ -224,11 +223,11 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     qt::MainWindowShape window_shape(screen, windows.frmBrowser);
 
     const std::string program_folder = files.FromNative(folder);
-    window::MainWindow main_window(
-        windows,
-        {database, files, pictures, window_services, window_shape, boxes, loop, clock, chance, instance,
-         messenger, board, screen_saver, screen, registry, programs, kept, program_folder},
-        command, [&loop] { loop.Quit(); });
+    window::MainWindow main_window(windows,
+                                   {database, files, pictures, window_services, window_shape, boxes, loop,
+                                    clock, chance, instance, desktop.messenger, desktop.board,
+                                    desktop.screen_saver, screen, registry, programs, kept, program_folder},
+                                   command, [&loop] { loop.Quit(); });
     pages.Know(main_window);
     const Doorbells doorbells(instance, main_window);
     main_window.Start();

@@ -97,7 +97,7 @@ public:
 
 class Bench {
 public:
-    Bench(std::string program, const std::string& folder) : files_(std::move(program)), folder_(folder) {
+    Bench(const std::string& program, const std::string& folder) : files_(program), folder_(folder) {
         fs::create_directories(folder_);
         fs::remove(StoreFile());
         const auto made = sqlite::MakeStore(StoreFile(), store::kStoreLayouts[0], {});

@@ -8,8 +8,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 TABLES = ("web/PageKeysRoom.cpp", "platform/webengine/PageKeys.cpp")
 PAGE = "platform/webengine/pages/keys.html"
 DOCUMENT = "docs/browser.md"
-NAMES = {"kKeyEscape": "Esc", "kEscape": "Esc", "kPlus": "+", "kMinus": "-", "kKeyEnter": "Enter",
-         "kPadPlus": "+", "kPadMinus": "-", "kPadZero": "0"}
+NAMES = {"Escape": "Esc", "Plus": "+", "Minus": "-", "PadPlus": "+", "PadMinus": "-", "PadZero": "0"}
 ROW = re.compile(r"\{\s*('.'|(?:controls::)?k\w+),\s*(k\w+),")
 
 
@@ -17,8 +16,8 @@ def name_of(key, shift):
     if key.startswith("'"):
         name = key[1]
     else:
-        bare = key.split("::")[-1]
-        name = NAMES.get(bare, re.sub("^k(Key)?", "", bare))
+        bare = re.sub("^k(Key)?", "", key.split("::")[-1])
+        name = NAMES.get(bare, bare)
     if name == "+":
         shift = shift.replace("Shift", "")  # many keyboards have the plus above another sign
     before = [word for part, word in (("Control", "Ctrl"), ("Alt", "Alt"), ("Shift", "Shift")) if part in shift]

@@ -1,5 +1,5 @@
-// Messengers on the session bus. Every program whose name on the bus is the window class, a dot and more counts as a
-// window of it ("MsnMsgrUIManager.Main", "MsnMsgrUIManager.Second.Account").
+// Messengers on the session bus. Every program whose name on the bus is the window class, a dot and more
+// counts as a window of it ("MsnMsgrUIManager.Main", "MsnMsgrUIManager.Second.Account").
 //
 // A block arrives there as a call of the method "CopyData" of the interface "<class>.Window" at the path
 // "/<class>", with three arguments: dwData (u), cbData (u), the bytes (ay). No reply is asked for.

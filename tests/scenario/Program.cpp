@@ -17,14 +17,14 @@ Program::Program(Computer& on, std::string_view command)
     : computer(on),
       instance(on.instances),
       windows(on.files),
-      main_window(windows,
-                  {on.database, on.files, on.media, places, shape, dialogs, desktop, desktop, chance,
-                   instance, messenger, board, screen_saver, pages, on.registry, programs, on.kept,
-                   "C:\\brindlepost"},
-                  command, [this] {
-                      ended = true;
-                      desktop.Ending = true;
-                  }) {
+      main_window(
+          windows,
+          {on.database, on.files, on.media, places, shape, dialogs, desktop, desktop, chance, instance,
+           messenger, board, screen_saver, pages, on.registry, programs, on.kept, "C:\\brindlepost"},
+          command, [this] {
+              ended = true;
+              desktop.Ending = true;
+          }) {
     instance.TryBecomeFirst();
     for (controls::Form* form : windows.All())
         desktop.Adopt(*form);

@@ -19,14 +19,6 @@ QString Text(const char* text) {
     return QString::fromLatin1(text);
 }
 
-/// Qt wants one before anything on the bus is heard.
-void NeedApplication() {
-    static int count = 1;
-    static char name[] = "bus_bench";
-    static char* values[] = {name, nullptr};
-    static const QCoreApplication application(count, values);
-}
-
 QString NextName() {
     static int count = 0;
     return QStringLiteral("bench-%1").arg(++count);
@@ -53,6 +45,13 @@ ServiceNames NamesOf(SaverService::Kind kind) {
 }
 
 }  // namespace
+
+void NeedApplication() {
+    static int count = 1;
+    static char name[] = "bus_bench";
+    static char* values[] = {name, nullptr};
+    static const QCoreApplication application(count, values);
+}
 
 namespace {
 

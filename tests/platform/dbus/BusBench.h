@@ -21,6 +21,9 @@
 
 namespace dbus_tests {
 
+/// Qt wants one before anything on the bus is heard; a private bus makes it as well.
+void NeedApplication();
+
 /// Runs events until `done` says so; false when it has not within five seconds.
 bool WaitFor(const std::function<bool()>& done);
 

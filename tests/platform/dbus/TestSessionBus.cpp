@@ -91,6 +91,7 @@ TEST(SessionBus, WithoutAnAddressNoBusIsStarted) {
     const QByteArray folder = qgetenv("XDG_RUNTIME_DIR");
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
     qputenv("XDG_RUNTIME_DIR", "/nowhere");
+    dbus_tests::NeedApplication();
 
     dbus::SessionBus session;
     session.Join();
@@ -154,6 +155,7 @@ TEST(SessionBus, ABusThatDiesIsJoinedAgainAndTheWorkDoneAgain) {
 TEST(SessionBus, ABusThatIsNotThereYetIsJoinedWhenItComes) {
     QTemporaryDir folder;
     const QString address = QStringLiteral("unix:path=") + folder.filePath(QStringLiteral("bus"));
+    dbus_tests::NeedApplication();
     dbus::SessionBus session(address, kHasty);
     session.Join();
     EXPECT_FALSE(dbus_tests::WaitAWhile([&session] { return session.IsJoined(); }));
