@@ -46,6 +46,7 @@ void CueQueue::AddPath(std::string_view path) {
 
 std::vector<CuedRow> CueQueue::Rows() const {
     std::vector<CuedRow> rows;
+    rows.reserve(static_cast<std::size_t>(PathCount()));
     for (int row = 0; row < PathCount(); ++row) {
         rows.push_back({.text = std::string(controls_.lstCuedSongs.List(row)),
                         .entry = std::string(controls_.lstCuedSongsPath.List(row))});

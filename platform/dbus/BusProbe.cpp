@@ -17,8 +17,7 @@ QByteArray SocketNameOf(const QString& address) {
     for (const QString& one : address.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
         if (!one.startsWith(QLatin1String("unix:"))) continue;
         for (const QString& part : one.mid(5).split(QLatin1Char(','))) {
-            const QByteArray value =
-                QByteArray::fromPercentEncoding(part.section(QLatin1Char('='), 1).toUtf8());
+            QByteArray value = QByteArray::fromPercentEncoding(part.section(QLatin1Char('='), 1).toUtf8());
             if (part.startsWith(QLatin1String("path="))) return value;
             if (part.startsWith(QLatin1String("abstract="))) return QByteArray(1, '\0') + value;
         }

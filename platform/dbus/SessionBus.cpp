@@ -23,7 +23,7 @@ QString NextConnectionName() {
 
 /// Without these the bus library would start a bus of its own.
 QString AddressOfDesktop() {
-    const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
     if (!address.isEmpty()) return address;
     const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
     const QString socket = folder + QStringLiteral("/bus");

@@ -73,6 +73,11 @@ bool Gatekeeper::WaitUntilReady(std::chrono::milliseconds patience) {
     return ready_ && !gone_;
 }
 
+bool Gatekeeper::WasReady() {
+    const std::lock_guard lock(mutex_);
+    return ready_;
+}
+
 bool Gatekeeper::IsReady() {
     return WaitUntilReady(std::chrono::milliseconds::zero());
 }

@@ -44,6 +44,8 @@ public:
     /// True as soon as the hello was there; waits for it, `patience` at most.
     bool WaitUntilReady(std::chrono::milliseconds patience);
     bool IsReady();
+    /// True also of a process that is gone since.
+    bool WasReady();
 
 private:
     void ServeRequests(int socket, int requests);

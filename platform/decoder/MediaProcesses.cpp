@@ -86,10 +86,14 @@ ports::MediaReply MediaProcesses::Open(const Command& command, std::string_view 
 std::optional<ports::MediaReply> MediaProcesses::AskToOpen(Channel& channel, const std::string& alias,
                                                            std::string_view text, const std::string& path) {
     channel.process.Start();
-    if (!channel.process.WaitUntilReady()) {
-        Tend(channel);
-        return Error(gstreamer::kNotReady);
+    bool is_ready = channel.process.WaitUntilReady();
+    if (!is_ready && channel.process.Number() == 0) {
+        // It was on its way out when it was asked.
+        channel.songs.clear();
+        channel.process.Start();
+        is_ready = channel.process.WaitUntilReady();
     }
+    if (!is_ready) return Error(gstreamer::kNotReady);
     if (!channel.songs.contains(alias)) channel.process.Gate().Hand(path);
     std::optional<ports::MediaReply> reply = channel.process.Ask(std::string(text), path);
     if (!reply) {

@@ -132,7 +132,6 @@ std::optional<ports::MediaReply> Process::Ask(std::string text, std::string path
             arrival = Receive(commands_.Number(), message, std::max(left, std::chrono::milliseconds::zero()));
     } while ((arrival == Arrival::Message && message.serial != serial) ||
              (arrival == Arrival::TooLate && Clock::now() < until));
-    if (arrival == Arrival::Message) vain_starts_ = 0;
     if (arrival == Arrival::Message)
         return ports::MediaReply{.error = message.error, .text = std::move(message.text)};
     has_hung_ = arrival == Arrival::TooLate;
@@ -171,6 +170,8 @@ void Process::Kill(const char* why) {
     std::fprintf(stderr, "Brindlepost: the decoder of channel %s ended (%s)\n", channel_.c_str(),
                  why == nullptr ? "by itself" : why);
     process_ = 0;
+    // One that was ready works on this system, whatever ended it: a file, or somebody else.
+    if (gate_ != nullptr && gate_->WasReady()) vain_starts_ = -1;
     if (++vain_starts_ > kMostVainStarts) not_before_ = Clock::now() + kPause;
     Bury();
 }

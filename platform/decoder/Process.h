@@ -37,7 +37,7 @@ public:
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
-    /// Starts it unless it runs. After several starts without an answer there is a pause.
+    /// Starts it unless it runs. After several starts in a row that came to nothing there is a pause.
     void Start();
     /// False when it has ended; what it was is reported once on the standard error.
     bool IsRunning();
@@ -76,7 +76,7 @@ private:
     Clock::time_point started_;
     Clock::time_point not_before_;
     bool has_hung_ = false;
-    int vain_starts_ = 0;         // since the last answer
+    int vain_starts_ = 0;         // in a row, of processes that never became ready
     std::vector<pid_t> leaving_;  // were made to end, and have not yet
 };
 

@@ -65,7 +65,8 @@ Shares::Way Shares::Walk(std::string from, const std::string& path) const {
             at.resize(at.empty() ? 0 : at.rfind('/'));
             continue;
         }
-        std::string next = at + "/" + name;
+        std::string next = at;
+        next.append("/").append(name);
         const auto is_mounted_here = [&next](const Share& share) { return share.mount_point == next; };
         const auto share = std::find_if(shares.rbegin(), shares.rend(), is_mounted_here);
         if (share != shares.rend()) return {*share, {}};

@@ -89,10 +89,9 @@ class UndoTest : public testing::Test {
 protected:
     UndoTest() { Begin(kSongs, kLists, {}); }
 
-    void Begin(const Table& songs, const Table& lists, const fakes::FakeKeptTexts& kept) {
-        const fakes::FakeKeptTexts texts = kept;
+    void Begin(const Table& songs, const Table& lists, fakes::FakeKeptTexts kept) {
         run = std::make_unique<OneRun>();
-        run->Kept = texts;
+        run->Kept = std::move(kept);
         run->SeedSongs(songs);
         run->SeedPlayLists(lists);
         run->ListsRoom.Command1();

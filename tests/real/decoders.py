@@ -9,7 +9,7 @@ from stage import wait_for
 from story import Story, check
 
 # After a decoder that ended, a song plays again within this many seconds.
-BACK_WITHIN = 3.0
+BACK_WITHIN = 10  # seconds, on a machine with other work; what it took is told
 
 
 def say(text):

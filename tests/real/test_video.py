@@ -187,6 +187,7 @@ class Show:
         self.see("an empty screen", {(x + width / 2, y + height / 2): BLACK, (x + 5, y + height - 5): BLACK})
         wait_for("no video window", lambda: not self.stage.has_window("Film - "))
         self.stage.run("xdotool", "windowactivate", window)
+        wait_for("the video back in its hole", lambda: self.in_hole(self.screening.video_rect()))
         self.see_picture("the picture after the main window came back", "Wide")
         check(self.below(), f"the video came back above: {self.stage.stacking()}")
 

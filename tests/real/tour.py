@@ -269,6 +269,8 @@ class Tour(Story):
     def steps(self):
         road = super().steps()
         lights = [(f"A light show: {entry}", lambda entry=entry: self.light_show(entry)) for entry in LIGHTS]
+        # The music for the lights must not come to the videos after it in the list.
+        lights.insert(-1, ("The music from its beginning", lambda: self.play_afresh("mp3")))
         tour = [
             ("A new playlist", self.new_playlist),
             ("Two songs are put into it", self.fill_playlist),

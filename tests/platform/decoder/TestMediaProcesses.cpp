@@ -10,6 +10,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -35,6 +36,21 @@ bool IsGoneWithin(pid_t process, std::chrono::milliseconds patience) {
     while (kill(process, 0) == 0 && Clock::now() < until)
         std::this_thread::sleep_for(5ms);
     return kill(process, 0) != 0;
+}
+
+/// In its sandbox, that is, and ready for commands a moment later.
+bool IsReadyWithin(pid_t process, std::chrono::milliseconds patience) {
+    const auto until = Clock::now() + patience;
+    while (Clock::now() < until) {
+        std::ifstream status("/proc/" + std::to_string(process) + "/status");
+        for (std::string line; std::getline(status, line);) {
+            if (line != "Seccomp:\t2") continue;
+            std::this_thread::sleep_for(100ms);
+            return true;
+        }
+        std::this_thread::sleep_for(10ms);
+    }
+    return false;
 }
 
 // Without any sound server: the sound goes nowhere, in real time.
@@ -79,10 +95,26 @@ TEST_F(MediaProcessesTest, TheNextSongPlaysOnAChannelWhoseDecoderEnded) {
     Signal("a", SIGSEGV);
 
     EXPECT_EQ(Play("a"), 0);
-    std::this_thread::sleep_for(300ms);
+    const auto until = Clock::now() + 5s;
+    while (Place("a") <= 100 && Clock::now() < until)
+        std::this_thread::sleep_for(20ms);
 
     EXPECT_GT(Place("a"), 100);
     EXPECT_NE(media.ProcessOf("a"), first);
+}
+
+TEST_F(MediaProcessesTest, ADecoderThatIsKilledAgainAndAgainComesBackAtOnce) {
+    media.WarmUp();
+    ASSERT_EQ(Play("a"), 0);
+
+    for (int i = 0; i < 6; ++i) {
+        ASSERT_TRUE(IsReadyWithin(media.ProcessOf("b"), 10s));
+        Signal("b", SIGKILL);
+        std::this_thread::sleep_for(20ms);
+        Send("status a mode");
+    }
+
+    EXPECT_EQ(Play("b"), 0);
 }
 
 TEST_F(MediaProcessesTest, ADecoderThatHangsHoldsTheProgramUpForTwoSecondsAtMost) {
