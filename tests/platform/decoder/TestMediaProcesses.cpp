@@ -93,9 +93,11 @@ TEST_F(MediaProcessesTest, TheNextSongPlaysOnAChannelWhoseDecoderEnded) {
     ASSERT_EQ(Play("a"), 0);
     const pid_t first = media.ProcessOf("a");
     Signal("a", SIGSEGV);
+    const auto until = Clock::now() + 10s;
+    while (Send("status a mode") == 0 && Clock::now() < until)
+        std::this_thread::sleep_for(5ms);
 
     EXPECT_EQ(Play("a"), 0);
-    const auto until = Clock::now() + 5s;
     while (Place("a") <= 100 && Clock::now() < until)
         std::this_thread::sleep_for(20ms);
 
