@@ -176,7 +176,11 @@ TEST_F(SandboxTest, AWishForAThreadIsPassedOn) {
 
 TEST_F(SandboxTest, MemoryHasALimit) {
     constexpr std::size_t kThreeGigabytes = std::size_t{3} << 30;
-    EXPECT_FALSE(Succeeds([] { return std::malloc(kThreeGigabytes) != nullptr; }));
+    EXPECT_FALSE(Succeeds([] {
+        void* const taken = std::malloc(kThreeGigabytes);
+        std::free(taken);
+        return taken != nullptr;
+    }));
 }
 
 }  // namespace

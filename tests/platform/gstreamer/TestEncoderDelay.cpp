@@ -39,7 +39,7 @@ TEST(EncoderDelay, IsReadFromTheFirstFrame) {
 }
 
 TEST(EncoderDelay, APaddingThatTheDecoderUsesUpLeavesTheEndOfTheFile) {
-    EXPECT_EQ(RecordingOf("", Frame(10, 576, 100)).end, 10 * 1152 * kSecond / kRate);
+    EXPECT_EQ(RecordingOf("", Frame(10, 576, 100)).end, 11520 * kSecond / kRate);
 }
 
 TEST(EncoderDelay, WithoutANumberOfFramesTheEndIsThatOfTheFile) {

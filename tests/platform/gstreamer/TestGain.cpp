@@ -167,7 +167,7 @@ TEST(Gain, SmallStepsOfARowHaveNoStairs) {
     constexpr std::chrono::milliseconds kApart{60};
     for (int step = 0; step <= kSteps; ++step)
         gain.SetLeft(1000 - 20 * step, kStart + step * kApart);
-    const std::size_t frames = kRate * 60 / 1000 * (kSteps + 1);
+    constexpr std::size_t frames = std::size_t{kRate} * 60 / 1000 * (kSteps + 1);
     std::vector<float> samples = Ones(frames);
 
     gain.Apply(samples.data(), frames, kRate, kHeard);

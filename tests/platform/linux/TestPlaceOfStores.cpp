@@ -151,6 +151,7 @@ TEST_F(PlaceOfStoresTest, ManyStartsAtOnceMakeEachStoreOnce) {
     const Unprivileged person(folder_);
     std::vector<std::string> troubles(8);
     std::vector<std::thread> starts;
+    starts.reserve(troubles.size());
     for (std::string& trouble : troubles)
         starts.emplace_back([&] { trouble = FindPlaceOfStores(Program(), Home()).trouble; });
     for (std::thread& start : starts)
