@@ -57,10 +57,10 @@ function(brindlepost_prelude)
   target_precompile_headers(test_prelude PRIVATE "${CMAKE_SOURCE_DIR}/tests/Prelude.h")
 endfunction()
 
-# brindlepost_test(NAME SOURCES ... LINKS ... LABELS logic controls [TIMEOUT seconds] [RUNNER script])
+# brindlepost_test(NAME SOURCES ... LINKS ... LABELS logic controls [TIMEOUT seconds] [RUNNER script] [PREFIX text])
 # One test program, run by the script if there is one; every test in it is a test of CTest with the labels.
 function(brindlepost_test name)
-  cmake_parse_arguments(ARG "" "TIMEOUT;RUNNER" "SOURCES;LINKS;LABELS" ${ARGN})
+  cmake_parse_arguments(ARG "" "TIMEOUT;RUNNER;PREFIX" "SOURCES;LINKS;LABELS" ${ARGN})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 60)
   endif()
@@ -75,6 +75,7 @@ function(brindlepost_test name)
   gtest_discover_tests(${name}
     DISCOVERY_MODE PRE_TEST
     DISCOVERY_TIMEOUT 60
+    TEST_PREFIX "${ARG_PREFIX}"
     PROPERTIES TIMEOUT ${ARG_TIMEOUT})
   # The discovery takes no lists as properties; the labels are put on the tests that it found.
   set(labels "${CMAKE_CURRENT_BINARY_DIR}/${name}_labels.cmake")
