@@ -31,8 +31,9 @@ bool WriteKind(sound::GeneratedMedia& files, const std::string& folder, int kind
     for (int i = 0; i < count; ++i) {
         const int number =
             (kind * 3 + i * kStride) % damage::kDamages + i / damage::kDamages * damage::kDamages;
-        std::ofstream(folder + "/Bad - " + ending + " " + std::to_string(number) + "." + ending,
-                      std::ios::binary)
+        std::string name = folder;
+        name.append("/Bad - ").append(ending).append(" ").append(std::to_string(number));
+        std::ofstream(name.append(".").append(ending), std::ios::binary)
             << damage::Damaged(good, other, number);
     }
     return true;
