@@ -144,6 +144,7 @@ TEST(PutBack, AnyRowsComeBackInAnyRunAndTheFileFollows) {
         }
         EXPECT_TRUE(table->PutBack(out).empty());
         std::vector<Texts> all;
+        all.reserve(30);
         for (int i = 0; i < 30; ++i)
             all.push_back({"1", "Web", std::to_string(i)});
         ASSERT_EQ(Forwards(*table), all) << seed;

@@ -13,7 +13,6 @@
 
 namespace {
 
-using sound::Amplitude;
 using sound::kRate;
 using sound::PlayingHouse;
 using sound::Samples;
