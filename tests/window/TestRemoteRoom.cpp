@@ -69,6 +69,7 @@ struct RecordingPlayer final : roles::Transport, roles::NowPlaying, roles::PlayO
     bool PlaysItsRow() override { return FromTheOrder; }
     std::vector<roles::OrderedSong> SongsAt(const std::vector<int>& rows) override {
         std::vector<roles::OrderedSong> songs;
+        songs.reserve(rows.size());
         for (const int row : rows)
             songs.push_back({.artist = "Owls", .title = std::to_string(row), .path = "C:\\m\\x.mp3"});
         return songs;
