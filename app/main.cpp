@@ -126,14 +126,9 @@ int NoDisplay(const std::string& what) {
     return kNoDisplay;
 }
 
-int NoLock(const linux::LinuxInstanceLock& instance, ports::Dialogs& boxes) {
-    boxes.MsgBox(instance.Failure(), ports::BoxButtons::Ok, "Brindlepost", ports::BoxIcon::Critical);
-    return kNoLock;
-}
-
-int NoStores(const std::string& trouble, ports::Dialogs& boxes) {
+int EndWith(int code, const std::string& trouble, ports::Dialogs& boxes) {
     boxes.MsgBox(trouble, ports::BoxButtons::Ok, "Brindlepost", ports::BoxIcon::Critical);
-    return kNoStores;
+    return code;
 }
 
 /// What comes from outside while the program runs: later starts, and signals that end it.
@@ -194,9 +189,10 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     QApplication::setWindowIcon(QIcon(QString::fromStdString(folder + "/images/brindlepost.png")));
     qt::Boxes boxes(loop);
 
-    if (!stores.trouble.empty()) return NoStores(stores.trouble, boxes);
+    if (!stores.trouble.empty()) return EndWith(kNoStores, stores.trouble, boxes);
     linux::LinuxInstanceLock instance(stores.folder, startup_id);
-    if (instance.TryBecomeFirst() == ports::Instance::Failed) return NoLock(instance, boxes);
+    if (instance.TryBecomeFirst() == ports::Instance::Failed)
+        return EndWith(kNoLock, instance.Failure(), boxes);
 
     linux::LinuxRegistry registry(files, linux::FoldersOfUser());
     const linux::EndSignal end_signal;

@@ -174,8 +174,9 @@ int Gatekeeper::OpenAllowed(const std::string& path, int flags) {
     const Reading reading = MayRead(path);
     if (reading == Reading::No) return -ENOENT;
     constexpr int kKept = O_DIRECTORY | O_NOFOLLOW;
+    // By the name that was looked at: with a link in it another way may lead elsewhere.
     linux::Descriptor file(
-        open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | (flags & kKept)));
+        open(Normal(path).c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | (flags & kKept)));
     if (!file.IsOpen()) return -errno;
     if (reading == Reading::Below && policy_.MayRead(NameOfOpened(file.Number())) == Reading::No)
         return -ENOENT;

@@ -32,6 +32,15 @@ struct Runs {
         house->AddTrack("Bats - Hang", paths[1]);
         house->AddTrack("Moths - Film", paths[2]);
     }
+    void AnnPlays(int track, int milliseconds) {
+        Place().BeginUser("Ann", true);
+        House().DoubleClickTrack(track);
+        House().RunFor(milliseconds);
+    }
+    void AnnTakesTheOffer() {
+        Place().BeginUser("Ann", true);
+        Offer().Click.Raise();
+    }
     std::string Song(int number) const { return paths[static_cast<std::size_t>(number)]; }
     double Second() { return house->player.Playing().Position(); }
 
@@ -50,9 +59,7 @@ TEST(ResumeRoom, AFirstLoginOffersNothing) {
 
 TEST(ResumeRoom, AKilledProgramOffersListsRowAndPlaceAndAClickTakesThem) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(1);
-    runs.House().RunFor(40'000);
+    runs.AnnPlays(1, 40'000);
     runs.House().player.Cue().CueFile(runs.Song(3), "Cat - Cue");
     runs.House().RunFor(43'500);
 
@@ -79,13 +86,10 @@ TEST(ResumeRoom, AKilledProgramOffersListsRowAndPlaceAndAClickTakesThem) {
 TEST(ResumeRoom, TheKeptPlaceIsNeverMoreThanSixSecondsOld) {
     for (const int length : {1'000, 7'300, 12'050, 60'000, 121'950}) {
         Runs runs;
-        runs.Place().BeginUser("Ann", true);
-        runs.House().DoubleClickTrack(0);
-        runs.House().RunFor(length);
+        runs.AnnPlays(0, length);
         const double heard = runs.Second();
         runs.KillAndBegin();
-        runs.Place().BeginUser("Ann", true);
-        runs.Offer().Click.Raise();
+        runs.AnnTakesTheOffer();
         EXPECT_LE(runs.Second(), heard + 0.1) << length;
         EXPECT_GE(runs.Second(), heard - 6.1) << length;
     }
@@ -93,9 +97,7 @@ TEST(ResumeRoom, TheKeptPlaceIsNeverMoreThanSixSecondsOld) {
 
 TEST(ResumeRoom, WritingIsBounded) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(0);
-    runs.House().RunFor(10'000);
+    runs.AnnPlays(0, 10'000);
     const int before = runs.House().kept.Writes;
 
     runs.House().RunFor(100'000);
@@ -111,9 +113,7 @@ TEST(ResumeRoom, WritingIsBounded) {
 
 TEST(ResumeRoom, ADragThatSeeksAllTheTimeWritesOnceASecond) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(0);
-    runs.House().RunFor(5'000);
+    runs.AnnPlays(0, 5'000);
     const int before = runs.House().kept.Writes;
 
     for (int step = 0; step < 200; ++step) {
@@ -126,15 +126,12 @@ TEST(ResumeRoom, ADragThatSeeksAllTheTimeWritesOnceASecond) {
 
 TEST(ResumeRoom, AStopKeepsThePlace) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(2);
-    runs.House().RunFor(30'000);
+    runs.AnnPlays(2, 30'000);
     runs.House().player.Stop();
     runs.House().RunFor(30'000);
 
     runs.KillAndBegin();
-    runs.Place().BeginUser("Ann", true);
-    runs.Offer().Click.Raise();
+    runs.AnnTakesTheOffer();
 
     EXPECT_EQ(runs.House().NowPlaying(), runs.Song(2));
     EXPECT_NEAR(runs.Second(), 30, 1.1);
@@ -142,9 +139,7 @@ TEST(ResumeRoom, AStopKeepsThePlace) {
 
 TEST(ResumeRoom, AnOfferThatIsNotTakenStandsAgainAtTheNextStart) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(0);
-    runs.House().RunFor(30'000);
+    runs.AnnPlays(0, 30'000);
     runs.KillAndBegin();
     runs.Place().BeginUser("Ann", true);
     const auto kept = runs.House().kept.Texts;
@@ -160,9 +155,7 @@ TEST(ResumeRoom, AnOfferThatIsNotTakenStandsAgainAtTheNextStart) {
 
 TEST(ResumeRoom, ASongThatIsStartedTakesTheOfferAway) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(0);
-    runs.House().RunFor(30'000);
+    runs.AnnPlays(0, 30'000);
     runs.KillAndBegin();
     runs.Place().BeginUser("Ann", true);
 
@@ -194,15 +187,12 @@ TEST(ResumeRoom, WhatWasCuedSinceComesAfterWhatWasKept) {
 
 TEST(ResumeRoom, ADoubleClickAfterwardsPlaysTheRowThatShows) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(0);
-    runs.House().RunFor(30'000);
+    runs.AnnPlays(0, 30'000);
     runs.KillAndBegin();
     runs.House().lstTracks.RemoveItem(0);
     runs.House().lstMaybe.RemoveItem(0);
     runs.House().ListMaybeChanged = false;
-    runs.Place().BeginUser("Ann", true);
-    runs.Offer().Click.Raise();
+    runs.AnnTakesTheOffer();
 
     runs.House().DoubleClickTrack(0);
 
@@ -211,9 +201,7 @@ TEST(ResumeRoom, ADoubleClickAfterwardsPlaysTheRowThatShows) {
 
 TEST(ResumeRoom, ASongThatIsGoneMakesWayForTheNextFromItsStart) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(0);
-    runs.House().RunFor(30'000);
+    runs.AnnPlays(0, 30'000);
     runs.KillAndBegin();
     runs.House().files.Remove(runs.Song(0));
     runs.Place().BeginUser("Ann", true);
@@ -226,9 +214,7 @@ TEST(ResumeRoom, ASongThatIsGoneMakesWayForTheNextFromItsStart) {
 
 TEST(ResumeRoom, EachUserHasAPlaceOfTheirOwn) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(0);
-    runs.House().RunFor(30'000);
+    runs.AnnPlays(0, 30'000);
     runs.House().player.StopAndForget();
     runs.Place().EndUser();
 
@@ -246,9 +232,7 @@ TEST(ResumeRoom, EachUserHasAPlaceOfTheirOwn) {
 
 TEST(ResumeRoom, ListsThatAnotherUserLeftAreKeptWithTheSongThatIsPlayedOfThem) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(0);
-    runs.House().RunFor(30'000);
+    runs.AnnPlays(0, 30'000);
     runs.House().player.StopAndForget();
     runs.Place().EndUser();
     runs.Place().BeginUser("Bob", true);
@@ -267,9 +251,7 @@ TEST(ResumeRoom, ListsThatAnotherUserLeftAreKeptWithTheSongThatIsPlayedOfThem) {
 
 TEST(ResumeRoom, WithHistoryOffNothingIsKeptAndWhatWasGoes) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(0);
-    runs.House().RunFor(30'000);
+    runs.AnnPlays(0, 30'000);
     runs.KillAndBegin();
 
     runs.Place().BeginUser("Ann", false);
@@ -282,9 +264,7 @@ TEST(ResumeRoom, WithHistoryOffNothingIsKeptAndWhatWasGoes) {
 
 TEST(ResumeRoom, ADeletedHistoryTakesThePlaceAlongUntilTheNextSong) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(0);
-    runs.House().RunFor(30'000);
+    runs.AnnPlays(0, 30'000);
 
     runs.Place().Forget();
     runs.House().RunFor(30'000);
@@ -293,17 +273,14 @@ TEST(ResumeRoom, ADeletedHistoryTakesThePlaceAlongUntilTheNextSong) {
     runs.House().player.Next();
     runs.House().RunFor(10'000);
     runs.KillAndBegin();
-    runs.Place().BeginUser("Ann", true);
-    runs.Offer().Click.Raise();
+    runs.AnnTakesTheOffer();
     EXPECT_EQ(runs.House().NowPlaying(), runs.Song(1));
     EXPECT_EQ(runs.House().controls.queue.lstNowPlaying.ListCount(), 3);
 }
 
 TEST(ResumeRoom, ADeletedHistoryTakesTheOfferAlong) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(0);
-    runs.House().RunFor(30'000);
+    runs.AnnPlays(0, 30'000);
     runs.KillAndBegin();
     runs.Place().BeginUser("Ann", true);
 
@@ -338,9 +315,7 @@ TEST(ResumeRoom, AFullDiskHurtsNothing) {
 
 TEST(ResumeRoom, OfOtherListsAPlaceKnowsNoRow) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(2);
-    runs.House().RunFor(30'000);
+    runs.AnnPlays(2, 30'000);
     const std::string place = runs.House().kept.Texts["place of Ann"];
     runs.House().ListMaybeChanged = true;
     runs.House().DoubleClickTrack(1);
@@ -349,8 +324,7 @@ TEST(ResumeRoom, OfOtherListsAPlaceKnowsNoRow) {
     runs.House().kept.Texts["place of Ann"] = place;
     runs.KillAndBegin();
 
-    runs.Place().BeginUser("Ann", true);
-    runs.Offer().Click.Raise();
+    runs.AnnTakesTheOffer();
 
     EXPECT_EQ(runs.House().NowPlaying(), runs.Song(2));
     EXPECT_EQ(runs.House().controls.queue.lstNowPlaying.ListIndex(), -1);
@@ -375,15 +349,12 @@ TEST(ResumeRoom, ACueListAloneIsOfferedAndPlaysNothing) {
 
 TEST(ResumeRoom, TheEndOfTheProgramKeepsTheLastPlace) {
     Runs runs;
-    runs.Place().BeginUser("Ann", true);
-    runs.House().DoubleClickTrack(0);
-    runs.House().RunFor(33'900);
+    runs.AnnPlays(0, 33'900);
     const double heard = runs.Second();
     runs.Place().EndUser();
 
     runs.KillAndBegin();
-    runs.Place().BeginUser("Ann", true);
-    runs.Offer().Click.Raise();
+    runs.AnnTakesTheOffer();
 
     EXPECT_NEAR(runs.Second(), heard, 0.1);
 }

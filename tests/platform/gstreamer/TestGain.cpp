@@ -167,10 +167,10 @@ TEST(Gain, SmallStepsOfARowHaveNoStairs) {
     constexpr std::chrono::milliseconds kApart{60};
     for (int step = 0; step <= kSteps; ++step)
         gain.SetLeft(1000 - 20 * step, kStart + step * kApart);
-    constexpr std::size_t frames = std::size_t{kRate} * 60 / 1000 * (kSteps + 1);
-    std::vector<float> samples = Ones(frames);
+    constexpr std::size_t kFrames = std::size_t{kRate} * 60 / 1000 * (kSteps + 1);
+    std::vector<float> samples = Ones(kFrames);
 
-    gain.Apply(samples.data(), frames, kRate, kHeard);
+    gain.Apply(samples.data(), kFrames, kRate, kHeard);
 
     float largest = 0;
     for (std::size_t i = 2 * kRate * 130 / 1000; i < samples.size(); i += 2)
