@@ -40,10 +40,12 @@
 #include "platform/qt/Loop.h"
 #include "platform/qt/ScaledPictures.h"
 #include "platform/qt/Screen.h"
+#include "platform/sqlite/BringUp.h"
 #include "platform/sqlite/SqliteDatabase.h"
 #include "platform/webengine/PageModule.h"
 #include "platform/webengine/SpellCheck.h"
 #include "platform/webengine/UserFolder.h"
+#include "store/StoreWords.h"
 #include "web/Addresses.h"
 #include "window/MainWindow.h"
 
@@ -131,6 +133,23 @@ int EndWith(int code, const std::string& trouble, ports::Dialogs& boxes) {
     return code;
 }
 
+std::string WordsFor(const sqlite::UnfitStore& store) {
+    if (store.version == 0) return store::OlderStoreMessage(store.file, store.result);
+    return store::NewerStoreMessage(store.file, store.version, store.known, store.copy);
+}
+
+/// The exit code of a start that cannot go on, which has been told; kDone when it can.
+int RefuseStart(const linux::PlaceOfStores& stores, linux::LinuxInstanceLock& instance,
+                ports::Dialogs& boxes) {
+    if (!stores.trouble.empty()) return EndWith(kNoStores, stores.trouble, boxes);
+    const ports::Instance answer = instance.TryBecomeFirst();
+    if (answer == ports::Instance::Failed) return EndWith(kNoLock, instance.Failure(), boxes);
+    // A later start opens no store.
+    if (answer == ports::Instance::Second) return linux::kDone;
+    const auto unfit = sqlite::BringUpStores(stores.folder);
+    return unfit ? EndWith(kNoStores, WordsFor(*unfit), boxes) : linux::kDone;
+}
+
 /// What comes from outside while the program runs: later starts, and signals that end it.
 class Doorbells final {
 public:
@@ -189,10 +208,8 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     QApplication::setWindowIcon(QIcon(QString::fromStdString(folder + "/images/brindlepost.png")));
     qt::Boxes boxes(loop);
 
-    if (!stores.trouble.empty()) return EndWith(kNoStores, stores.trouble, boxes);
     linux::LinuxInstanceLock instance(stores.folder, startup_id);
-    if (instance.TryBecomeFirst() == ports::Instance::Failed)
-        return EndWith(kNoLock, instance.Failure(), boxes);
+    if (const int refusal = RefuseStart(stores, instance, boxes); refusal != linux::kDone) return refusal;
 
     linux::LinuxRegistry registry(files, linux::FoldersOfUser());
     const linux::EndSignal end_signal;

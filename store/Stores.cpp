@@ -7,6 +7,7 @@
 
 #include "base/Text.h"
 #include "store/Layouts.h"
+#include "store/StoreWords.h"
 
 namespace store {
 namespace {
@@ -24,32 +25,11 @@ struct TableImage {
     bool is_loaded = false;
 };
 
-std::string_view Reason(DatabaseError error) {
-    switch (error) {
-        case DatabaseError::Missing:
-            return "it is missing, or was moved or replaced while the program was running";
-        case DatabaseError::IsFolder:
-            return "a folder stands in its place";
-        case DatabaseError::Damaged:
-            return "it is damaged or no database";
-        case DatabaseError::OtherKind:
-            return "it does not hold the tables that this program needs";
-        case DatabaseError::ReadOnly:
-            return "the file or its folder is read-only";
-        case DatabaseError::DiskFull:
-            return "the disk is full";
-        case DatabaseError::Locked:
-            return "another program is holding it";
-        default:
-            return "the disk or the system reported an error";
-    }
-}
-
 std::string Sentence(std::string_view file, const ports::DatabaseResult& result, bool writing) {
     const std::string_view name = file.substr(file.find_last_of("\\/") + 1);
     std::string sentence =
         "The file \"" + std::string(name) + "\" can not be " + (writing ? "written" : "opened");
-    sentence += ": " + std::string(Reason(result.error)) + ".";
+    sentence += ": " + std::string(ReasonOf(result.error)) + ".";
     if (result.error == DatabaseError::InputOutput && !result.text.empty())
         sentence += "\n(" + result.text + ")";
     return sentence;

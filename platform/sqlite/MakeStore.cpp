@@ -4,10 +4,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
 #include "platform/sqlite/Journal.h"
+#include "platform/sqlite/Versions.h"
 
 namespace sqlite {
 namespace {
@@ -34,6 +36,14 @@ DatabaseResult MakeFile(const std::string& path, bool owner_only) {
     if (file < 0) return {DatabaseError::InputOutput, std::strerror(errno)};
     ::close(file);
     return {};
+}
+
+DatabaseResult Number(sqlite3* connection, const ports::StoreLayout& layout) {
+    const auto store =
+        std::find_if(kStoreVersions.begin(), kStoreVersions.end(),
+                     [&layout](const auto& known) { return layout.file.ends_with(known.file); });
+    if (store == kStoreVersions.end()) return {};
+    return Execute(connection, ("PRAGMA user_version = " + std::to_string(store->Current())).c_str());
 }
 
 // Gives the rows one after another as inserts.
@@ -66,6 +76,7 @@ DatabaseResult MakeStore(const std::string& native_path, const ports::StoreLayou
     for (const ports::TableLayout& table : layout.tables) {
         if (result.Ok()) result = Execute(connection.get(), CreateText(table).c_str());
     }
+    if (result.Ok()) result = Number(connection.get(), layout);
     if (!result.Ok()) return result;
     RowReader reader(layout, rows);
     return ApplyChanges(connection.get(), layout, [&reader] { return reader.Next(); });

@@ -37,20 +37,6 @@ std::string UnchangingAddress(const std::string& path) {
     return address + "?immutable=1";
 }
 
-// The page size of a database file stands in two bytes of its head, 1 for 65,536. A file that ends inside a
-// page was cut off; the engine would read it as far as it goes.
-bool IsCutOff(const std::string& path, std::uintmax_t size) {
-    constexpr std::size_t kPageSizeAt = 16;
-    std::array<char, kPageSizeAt + 2> head{};
-    std::ifstream file(path, std::ios::binary);
-    if (!file.read(head.data(), head.size())) return false;
-    const auto high = static_cast<unsigned char>(head[kPageSizeAt]);
-    const auto low = static_cast<unsigned char>(head[kPageSizeAt + 1]);
-    const std::uintmax_t stored = static_cast<std::uintmax_t>(high) * 256U + low;
-    const std::uintmax_t page = stored == 1 ? 65'536U : stored;
-    return page != 0 && size % page != 0;
-}
-
 bool IsWriteTrouble(DatabaseError error) {
     return error == DatabaseError::ReadOnly || error == DatabaseError::DiskFull;
 }
@@ -70,14 +56,27 @@ std::string ReadSql(const ports::TableLayout& table) {
 
 }  // namespace
 
+// The page size of a database file stands in two bytes of its head, 1 for 65,536.
+bool EndsInsideAPage(const std::string& native_path) {
+    struct stat status = {};
+    if (::stat(native_path.c_str(), &status) != 0) return false;
+    constexpr std::size_t kPageSizeAt = 16;
+    std::array<char, kPageSizeAt + 2> head{};
+    std::ifstream file(native_path, std::ios::binary);
+    if (!file.read(head.data(), head.size())) return false;
+    const auto high = static_cast<unsigned char>(head[kPageSizeAt]);
+    const auto low = static_cast<unsigned char>(head[kPageSizeAt + 1]);
+    const std::uintmax_t stored = static_cast<std::uintmax_t>(high) * 256U + low;
+    const std::uintmax_t page = stored == 1 ? 65'536U : stored;
+    return page != 0 && static_cast<std::uintmax_t>(status.st_size) % page != 0;
+}
+
 SqliteStoreFile::SqliteStoreFile(std::string native_path, const ports::StoreLayout& layout)
     : path_(std::move(native_path)), layout_(layout) {}
 
 DatabaseResult SqliteStoreFile::Open(int wait_milliseconds) {
     if (::stat(path_.c_str(), &identity_) != 0) return {DatabaseError::Missing, std::strerror(errno)};
-    if (!HasLog() && IsCutOff(path_, static_cast<std::uintmax_t>(identity_.st_size))) {
-        return {DatabaseError::Damaged, "the file ends inside a page"};
-    }
+    if (!HasLog() && EndsInsideAPage(path_)) return {DatabaseError::Damaged, "the file ends inside a page"};
     DatabaseResult result = Reconnect(path_, SQLITE_OPEN_READWRITE, wait_milliseconds);
     can_write_ = result.Ok() && sqlite3_db_readonly(connection_.get(), "main") == 0;
     // A log that was left behind holds rows; reading past it would lose them.

@@ -13,6 +13,10 @@
 
 namespace sqlite {
 
+/// Whether a database file was cut off; the engine would read it as far as it goes. A file with a log may end
+/// anywhere.
+bool EndsInsideAPage(const std::string& native_path);
+
 class SqliteStoreFile final : public ports::StoreFile {
 public:
     SqliteStoreFile(std::string native_path, const ports::StoreLayout& layout);

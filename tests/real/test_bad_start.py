@@ -147,6 +147,18 @@ def a_cut_off_database(person):
     told_and_untouched(person, "dbHistory", "damaged|no database")
 
 
+def a_database_of_a_newer_program(person):
+    subprocess.run(["sqlite3", str(person.store("dbFavs")), "pragma user_version = 99"], check=True)
+    before = person.other_stores()
+    person.launch()
+    text = person.wait_for_box("newer version of Brindlepost")
+    check('"dbFavs.mdb"' in text and "version 99" in text, f"the box says {text!r}")
+    check(not person.stage.has_window("Brindlepost - Login"), "the login came all the same")
+    person.answer_ok()
+    check_equal("the exit code", person.wait_for_end(), "4")
+    check_equal("the stores", person.other_stores(), before)
+
+
 def an_empty_file_for_a_database(person):
     person.store("dbMedia").write_bytes(b"")
     told_and_untouched(person, "dbMedia", "damaged|no database|table")
@@ -381,7 +393,7 @@ def eight_starts_at_once(person):
 
 
 CASES = [
-    a_database_is_missing, a_folder_in_a_databases_place, a_damaged_database, a_cut_off_database,
+    a_database_is_missing, a_folder_in_a_databases_place, a_damaged_database, a_cut_off_database, a_database_of_a_newer_program,
     an_empty_file_for_a_database, a_database_of_another_kind, a_read_only_database, a_read_only_folder, nowhere_to_keep_anything,
     a_database_locked_by_another_program, a_full_disk, no_display, no_sound_server,
     told_to_end_while_a_song_plays, told_to_end_before_the_login, killed_while_media_is_added,

@@ -7,6 +7,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/sqlite/Versions.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -62,6 +64,13 @@ TEST(ShippedStores, HoldTheHomePagesGroupOnly) {
                   "UNION ALL SELECT count(*) FROM tblFolder"),
               "0\n0\n0\n");
     EXPECT_EQ(Ask("dbLogin.mdb", "SELECT count(*) FROM tblLogin"), "0\n");
+}
+
+TEST(ShippedStores, CarryThePresentVersion) {
+    for (const sqlite::StoreVersions& store : sqlite::kStoreVersions) {
+        EXPECT_EQ(Ask(std::string(store.file), "PRAGMA user_version"),
+                  std::to_string(store.Current()) + "\n");
+    }
 }
 
 TEST(ShippedStores, AreSoundAndTheLoginIsTheOwnersAlone) {
