@@ -2,45 +2,22 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <string>
+#include <utility>
+#include <vector>
 
-#include "library/LibraryPane.h"
+#include "library/PlayListPane.h"
 
 namespace {
 
-using library_tests::LibraryPane;
+using library_tests::PlayListPane;
 using library_tests::PlayListRow;
 using library_tests::Rows;
 using library_tests::RowsOf;
 using library_tests::Song;
 using ports::BoxAnswer;
 
-class PlayListRoomTest : public testing::Test, protected LibraryPane {
-protected:
-    PlayListRoomTest() {
-        SeedSongs(
-            {Song("1", "Lark", "Brindle", "4"), Song("2", "Ac-dc", "Nightjar"), Song("3", "Lark", "Largo")});
-        SeedPlayLists({PlayListRow("1", "Road"), PlayListRow("2", "Road", "3", "Lark", "Largo"),
-                       PlayListRow("3", "Sunday"), PlayListRow("4", "Sunday", "3", "Lark", "Largo"),
-                       PlayListRow("5", "Road", "3", "Lark", "Largo"),
-                       PlayListRow("6", "Road", "2", "Ac-dc", "Nightjar")});
-        ListsRoom.Command1();
-        Neighbours.Calls.clear();
-    }
-
-    void OpenPanelFor(int track) {
-        Lists.lstTracks.SetListIndex(track);
-        PlayLists.imgAddSongOver.Click.Raise();
-    }
-    void ExpectQuestion(std::string_view text, std::string_view title) {
-        ASSERT_EQ(Dialogs.Boxes.size(), 1U);
-        EXPECT_EQ(Dialogs.Boxes[0].text, text);
-        EXPECT_EQ(Dialogs.Boxes[0].title, title);
-        EXPECT_EQ(Dialogs.Boxes[0].buttons, ports::BoxButtons::YesNo);
-        EXPECT_EQ(Dialogs.Boxes[0].icon, ports::BoxIcon::None);
-    }
-};
+class PlayListRoomTest : public PlayListPane {};
 
 TEST_F(PlayListRoomTest, AddSongOpensThePanelForTheSelectedTrack) {
     OpenPanelFor(1);
@@ -411,178 +388,6 @@ TEST_F(PlayListRoomTest, DeletingTheLastSongLetsTheNextReuseItsKey) {
     PlayListsRoom.addsong("2", "Sunday");
 
     EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "Sunday", "2", "Ac-dc", "Nightjar"));
-}
-
-TEST_F(PlayListRoomTest, ANewPlayListIsAHeadRowAndIsListed) {
-    Dialogs.Typed = {" Evening "};
-
-    menu.mnuNewPlayList.Click.Raise();
-
-    ASSERT_EQ(Dialogs.Inputs.size(), 1U);
-    EXPECT_EQ(Dialogs.Inputs[0].prompt, "What would you like to call the new play list?");
-    EXPECT_EQ(Dialogs.Inputs[0].title, "New Play List");
-    EXPECT_EQ(Dialogs.Inputs[0].default_text, "New_Playlist");
-    EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "Evening"));
-    EXPECT_EQ(Lists.lstPlayLists.List(5), "Evening");
-}
-
-TEST_F(PlayListRoomTest, AnEmptyNameMakesNoPlayList) {
-    Dialogs.Typed = {"  "};
-
-    menu.mnuNewPlayList.Click.Raise();
-
-    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
-    EXPECT_TRUE(Neighbours.Calls.empty());
-}
-
-TEST_F(PlayListRoomTest, ATakenNameAsksForAnother) {
-    Dialogs.Typed = {"Road", "Sunday", "Evening"};
-
-    menu.mnuNewPlayList.Click.Raise();
-
-    ASSERT_EQ(Dialogs.Inputs.size(), 3U);
-    EXPECT_EQ(Dialogs.Inputs[1].prompt, "You already have a playlist with that name, please state another.");
-    EXPECT_EQ(Dialogs.Inputs[1].title, "New Playlist");
-    EXPECT_EQ(Dialogs.Inputs[0].default_text, "New_Playlist");
-    EXPECT_EQ(Dialogs.Inputs[1].default_text, "");
-    EXPECT_EQ(Dialogs.Inputs[2].prompt, "You already have a playlist with that name, please state another.");
-    EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "Evening"));
-}
-
-TEST_F(PlayListRoomTest, AnEmptyAnswerToEitherBoxEndsIt) {
-    for (const std::deque<std::string>& typed :
-         {std::deque<std::string>{""}, std::deque<std::string>{"Road", ""},
-          std::deque<std::string>{"Road", " "}}) {
-        Dialogs.Typed = typed;
-
-        menu.mnuNewPlayList.Click.Raise();
-
-        EXPECT_TRUE(Dialogs.Typed.empty());
-        EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
-    }
-    EXPECT_TRUE(Neighbours.Calls.empty());
-}
-
-TEST_F(PlayListRoomTest, ThePanelStaysInFrontOfThePaneUntilItIsAnswered) {
-    controls::Frame window("frmBrowser");
-    controls::Frame pane("fraMusicTab");
-    window.Add(PlayLists.fraAddToPlaylist, pane);
-    Lists.lstTracks.SetListIndex(0);
-    PlayLists.imgAddSongOver.Click.Raise();
-
-    pane.BringToFront();
-    EXPECT_EQ(window.Children().back(), &PlayLists.fraAddToPlaylist);
-    PlayLists.imgCancelOver.Click.Raise();
-    pane.BringToFront();
-
-    EXPECT_EQ(window.Children().back(), &pane);
-}
-
-TEST_F(PlayListRoomTest, ABuiltInViewsNameIsTaken) {
-    Dialogs.Typed = {"[Top 20]", ""};
-
-    menu.mnuNewPlayList.Click.Raise();
-
-    EXPECT_EQ(Dialogs.Inputs.size(), 2U);
-    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
-}
-
-TEST_F(PlayListRoomTest, NoBuiltInViewGivesItsNameAway) {
-    for (const auto* name : {"[All Media]", "  [Last 20]", " [Top 20] "}) {
-        Dialogs.Inputs.clear();
-        Dialogs.Typed = {name, ""};
-
-        menu.mnuNewPlayList.Click.Raise();
-
-        EXPECT_EQ(Dialogs.Inputs.size(), 2U) << name;
-    }
-    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
-}
-
-TEST_F(PlayListRoomTest, ANameIsTakenWhateverBlanksStandAroundIt) {
-    Dialogs.Typed = {"  Road ", ""};
-
-    menu.mnuNewPlayList.Click.Raise();
-
-    EXPECT_EQ(Dialogs.Inputs.size(), 2U);
-}
-
-TEST_F(PlayListRoomTest, ANameThatDiffersInCaseIsFree) {
-    Dialogs.Typed = {"road"};
-
-    menu.mnuNewPlayList.Click.Raise();
-
-    EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "road"));
-}
-
-TEST_F(PlayListRoomTest, ANameOfTenThousandCharactersIsAPlayListLikeAnyOther) {
-    const std::string name = std::string(9'998, 'x') + "\"'";
-    Dialogs.Typed = {name};
-    menu.mnuNewPlayList.Click.Raise();
-    ASSERT_TRUE(Lists.lstPlayLists.SelectText(name));
-    PlayListsRoom.addsong("1", name);
-    ListsRoom.OpenPlayList(name);
-    EXPECT_EQ(RowsOf(Lists.lstTracks), Rows{"Lark - Brindle"});
-    OpenPanelFor(0);
-    PlayLists.lstAddToPlaylist.SelectText(name);
-    Dialogs.Answers = {BoxAnswer::Yes};
-
-    PlayLists.imgDeletePlayListOver.Click.Raise();
-
-    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
-}
-
-TEST_F(PlayListRoomTest, ANewPlayListThatCannotBeStoredStaysInViewAndIsToldOnce) {
-    Stores.Database.FailApply(fakes::SeededStores::kMediaPath, ports::DatabaseError::DiskFull);
-    Dialogs.Typed = {"Evening"};
-
-    menu.mnuNewPlayList.Click.Raise();
-    Desktop.EndHandler();
-
-    EXPECT_EQ(Stores.Trouble.Troubles.size(), 1U);
-    EXPECT_TRUE(Lists.lstPlayLists.SelectText("Evening"));
-    Stores.Database.FailApply(fakes::SeededStores::kMediaPath, ports::DatabaseError::None);
-    EXPECT_EQ(Stores.Rows("tblPlayList").back(), PlayListRow("7", "Evening"));
-}
-
-TEST_F(PlayListRoomTest, APlayListIsDeletedWhateverBlanksItsRowsCarry) {
-    Sources.datPlayList.Open(store::kAllPlayListRows);
-    store::RecordSet& rows = Sources.datPlayList.Recordset();
-    rows.AddNew();
-    rows.Set(store::tblPlayList::PlayListID, "7");
-    rows.Set(store::tblPlayList::Name, "  Road ");
-    rows.Update();
-    OpenPanelFor(0);
-    PlayLists.lstAddToPlaylist.SelectText("Road");
-    Dialogs.Answers = {BoxAnswer::Yes};
-
-    PlayLists.imgDeletePlayListOver.Click.Raise();
-
-    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 2U);
-}
-
-TEST_F(PlayListRoomTest, DeletingAPlayListTakesAllItsRows) {
-    OpenPanelFor(0);
-    PlayLists.lstAddToPlaylist.SelectText("Road");
-    Dialogs.Answers = {BoxAnswer::Yes};
-
-    PlayLists.imgDeletePlayListOver.Click.Raise();
-
-    ExpectQuestion("Are you sure you want to delete the playlist Road?", "Delete Playlist");
-    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 2U);
-    EXPECT_EQ(RowsOf(PlayLists.lstAddToPlaylist), (Rows{"Sunday"}));
-}
-
-TEST_F(PlayListRoomTest, DeletingNeedsASelectedPlayListAndAYes) {
-    OpenPanelFor(0);
-    PlayLists.imgDeletePlayListOver.Click.Raise();
-    EXPECT_TRUE(Dialogs.Boxes.empty());
-    PlayLists.lstAddToPlaylist.SelectText("Road");
-
-    PlayLists.imgDeletePlayListOver.Click.Raise();
-
-    EXPECT_EQ(Dialogs.Boxes.size(), 1U);
-    EXPECT_EQ(Stores.Rows("tblPlayList").size(), 6U);
 }
 
 TEST_F(PlayListRoomTest, TheMouseOverAPlainPictureShowsItsBrightTwin) {
