@@ -250,7 +250,10 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const linux::CommandLine line = linux::ReadCommandLine({argv + 1, argv + argc});
+    linux::CommandLine line = linux::ReadCommandLine({argv + 1, argv + argc});
+    if (line.kind == linux::CommandLine::Kind::NewTab) {
+        line = {.arguments = {std::string(web::MakerSiteUrl)}};
+    }
     if (line.kind != linux::CommandLine::Kind::Open) return AnswerOption(line);
     const int code = RunProgram(argv[0], line.arguments);
     // A thread that a frozen disk holds must not meet exit handlers at work.

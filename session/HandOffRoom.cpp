@@ -7,6 +7,7 @@
 #include "base/MediaKinds.h"
 #include "base/Text.h"
 #include "library/Naming.h"
+#include "web/Addresses.h"
 
 namespace session {
 namespace {
@@ -25,7 +26,10 @@ constexpr std::size_t kExtension = 4;
 constexpr std::array<std::string_view, 12> kOfferedEndings{".mp3", ".wma", ".mpg", ".wav", ".wmv", ".mid",
                                                            ".mp4", ".m4a", ".mov", ".avi", ".vob", ".mpeg"};
 /// What makes a text an address.
-constexpr std::array<std::string_view, 6> kAddressMarks{".com", ".uk", ".net", ".org", "http://", "www."};
+constexpr std::array<std::string_view, 8> kAddressMarks{".com",    ".uk",      ".net", ".org",
+                                                        "http://", "https://", "www.", web::MakerSiteUrl};
+/// Files that are pages. Desktops open them with the program that opens addresses.
+constexpr std::array<std::string_view, 3> kPageKinds{"html", "htm", "xhtml"};
 
 std::string WithoutQuotes(std::string_view text) {
     return base::Replace(text, kQuote, "");
@@ -40,6 +44,11 @@ bool HasAddressMark(std::string_view text) {
     const std::string lower = base::LCase(text);
     return std::any_of(kAddressMarks.begin(), kAddressMarks.end(),
                        [&lower](std::string_view mark) { return base::Contains(lower, mark); });
+}
+
+/// A page in a file is entered as an address is: it is no media file.
+bool IsPageFile(const std::string& text, const ports::Files& files) {
+    return base::HasExtension(text, kPageKinds) && files.FileExists(text);
 }
 
 /// A command that is one playlist file, closed by a quote, or an address. A media file whose path has what
@@ -200,7 +209,7 @@ std::deque<std::string> HandOffRoom::MediaFilesOf(const std::string& command) {
         std::string text = WithoutQuotes(entries[i]);
         if (base::Trim(text).empty()) break;
         const bool is_text =
-            IsForeignPlayList(text, ports_.files) ||
+            IsForeignPlayList(text, ports_.files) || IsPageFile(text, ports_.files) ||
             (entries.size() == 1 ? IsTextCommand(command) : IsTextAmongOthers(text, ports_.files));
         (is_text ? texts_ : files).push_back(std::move(text));
     }

@@ -25,6 +25,7 @@ CommandLine Alone(CommandLine line, std::string_view option, std::size_t argumen
 CommandLine ReadOption(std::string_view option, std::size_t arguments) {
     if (option == "--help" || option == "-h") return {.kind = CommandLine::Kind::Help};
     if (option == "--version") return {.kind = CommandLine::Kind::Version};
+    if (option == "--new-tab") return Alone({.kind = CommandLine::Kind::NewTab}, option, arguments);
     if (std::find(kPlayerOptions.begin(), kPlayerOptions.end(), option) == kPlayerOptions.end())
         return Wrong("There is no option " + std::string(option) + ".");
     return Alone({.kind = CommandLine::Kind::Player, .option = std::string(option.substr(2))}, option,
@@ -61,6 +62,7 @@ std::string HelpText() {
            "  --stop         stop\n"
            "  --status       what plays: playing, paused or stopped; the song; the place in it and its "
            "length\n"
+           "  --new-tab      a new tab; starts the program where it does not run\n"
            "  --help, -h     this text\n"
            "  --version      the version\n"
            "    The first five are answered by the program that runs; its window stays where it is.\n"

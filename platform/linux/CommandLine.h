@@ -19,6 +19,7 @@ inline constexpr int kNotRunning = 4;
 struct CommandLine {
     enum class Kind {
         Open,     ///< start, or hand over to the program that runs
+        NewTab,   ///< the same with the page of a new tab
         Player,   ///< ask the program that runs: `option`
         Help,     ///< show HelpText
         Version,  ///< show the version

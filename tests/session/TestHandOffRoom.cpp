@@ -209,6 +209,19 @@ TEST_F(HandOffRoom, TheListOfAnotherPlayerIsOneWhereItsFileIs) {
     EXPECT_EQ(OpenWith(), (Texts{"C:\\one.mp3", "C:\\gone.pls"}));
 }
 
+TEST_F(HandOffRoom, WhatADesktopOpensWithABrowserIsEntered) {
+    files.AddFile("C:\\a page.html");
+
+    Deliver("\"https://page.example/\"");
+    Deliver("\"brindlepost://start\"");
+    Deliver("\"C:\\a page.html\"");
+    Deliver("\"C:\\gone.html\"");
+
+    for (const std::string page : {"https://page.example/", "brindlepost://start", "C:\\a page.html"})
+        EXPECT_EQ(Count(near.Log, "EnterAsWeb " + page), 1) << page;
+    EXPECT_EQ(OpenWith(), (Texts{"C:\\gone.html"}));
+}
+
 TEST_F(HandOffRoom, ATextIsShownInTheAddressRowBeforeItIsEntered) {
     Deliver("\"example.org\"");
 

@@ -34,6 +34,12 @@ TEST(CommandLine, HelpAndVersion) {
     EXPECT_EQ(ReadCommandLine({"--version"}).kind, Kind::Version);
 }
 
+TEST(CommandLine, ANewTabStandsAlone) {
+    EXPECT_EQ(ReadCommandLine({"--new-tab"}).kind, Kind::NewTab);
+    EXPECT_NE(HelpText().find("--new-tab "), std::string::npos);
+    EXPECT_EQ(ReadCommandLine({"--new-tab", "a.mp3"}).trouble, "--new-tab stands alone.");
+}
+
 TEST(CommandLine, AnUnknownOptionIsTold) {
     for (const std::string option : {"--play", "-x", "--Next", "--next=1", "---"}) {
         const CommandLine line = ReadCommandLine({"a.mp3", option});
