@@ -10,7 +10,7 @@ import threading
 
 from dragging import Dragging
 from screening import Screening
-from stage import StageError, make_tone, wait_for
+from stage import StageError, make_tone, role_of, wait_for
 
 TONE = 440
 MUSIC_CAPTION = "Brindlepost - Music Player"
@@ -209,7 +209,7 @@ class Browsing(Dragging, Screening):
         """Where a tab bears that title on the strip, past its edge too; the page below may hold the same words."""
         top = self.eyes.rect(self.eyes.find("Row BG"))[1]
         found = [self.eyes.rect(node) for node in self.eyes.find_all(title, showing=False)
-                 if self.is_visible(node) and node.get_role_name() in ("label", "push button", "page tab")]
+                 if self.is_visible(node) and role_of(node) in ("label", "push button", "page tab")]
         found = [rect for rect in found if top - 40 <= rect[1] < top]
         return max(found, key=lambda rect: rect[2]) if found else None
 

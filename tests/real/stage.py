@@ -42,15 +42,26 @@ def become_unprivileged(build):
     if not (build / "app" / "Brindlepost").exists():
         sys.exit(f"There is no program in {build}: build it first (targets Brindlepost, brindlepost_pages, "
                  "brindlepost_stores and brindlepost_images).")
+    begin_as_nobody(build)
+    return build
+
+
+def begin_as_nobody(build=None):
+    """Started by root, the script begins again as nobody; with a build folder, with a copy of it as its first argument."""
     if os.geteuid() != 0:
         if "BRINDLEPOST_KIT" in os.environ:
             atexit.register(shutil.rmtree, os.environ["BRINDLEPOST_KIT"], ignore_errors=True)
-        return build
+        return
     kit = pathlib.Path(tempfile.mkdtemp(prefix="brindlepost-kit-"))
-    _copy_kit(build, kit)
+    arguments = sys.argv[1:]
+    if build:
+        _copy_build(build, kit)
+        arguments[0] = str(kit / "build")
+    for folder in (pathlib.Path(__file__).parent, pathlib.Path(sys.argv[0]).parent):
+        for script in folder.glob("*.py"):
+            shutil.copy2(script, kit)
     subprocess.run(["chown", "-R", f"{NOBODY}:{NOBODY}", str(kit)], check=True)
     os.environ["BRINDLEPOST_KIT"] = str(kit)
-    arguments = [str(kit / "build") if index == 0 else text for index, text in enumerate(sys.argv[1:])]
     os.chdir(kit)
     os.execvp(
         "setpriv",
@@ -59,15 +70,12 @@ def become_unprivileged(build):
     )
 
 
-def _copy_kit(build, kit):
+def _copy_build(build, kit):
     for pattern in KIT:
         for file in build.glob(pattern):
             target = kit / "build" / file.relative_to(build)
             target.parent.mkdir(parents=True, exist_ok=True)
             shutil.copy2(file, target)
-    for folder in (pathlib.Path(__file__).parent, pathlib.Path(sys.argv[0]).parent):
-        for script in folder.glob("*.py"):
-            shutil.copy2(script, kit)
 
 
 def wait_for(what, condition, seconds=10.0, step=0.05):
@@ -449,6 +457,12 @@ class Stage:
 # ---- controls by name ----------------------------------------------------------------------------------------------
 
 
+def role_of(node):
+    """The role's name; newer releases of the accessibility library call a push button a button."""
+    name = node.get_role_name()
+    return "push button" if name == "button" else name
+
+
 class Eyes:
     """Finds what the program shows the way a screen reader does: by name, with its place on the screen."""
 
@@ -528,7 +542,7 @@ class Eyes:
         found = []
         for node in self.nodes(showing):
             try:
-                if node.get_name() == name and (role is None or node.get_role_name() == role):
+                if node.get_name() == name and (role is None or role_of(node) == role):
                     found.append(node)
             except self._gone:
                 continue

@@ -8,7 +8,7 @@ import re
 import subprocess
 import time
 
-from stage import Eyes, PageServer, Recorder, level_of_tone, loudness, make_midi, make_tone, wait_for
+from stage import Eyes, PageServer, Recorder, level_of_tone, loudness, make_midi, make_tone, role_of, wait_for
 
 USER = "Ada"
 PASSWORD = "open sesame"
@@ -153,7 +153,7 @@ class Story:
 
     def running_time(self):
         for node in self.eyes.nodes():
-            if node.get_role_name() in ("label", "push button", "button") and re.fullmatch(r"\s*-?\d+:\d\d\s*/\s*\d+:\d\d\s*", node.get_name() or ""):
+            if role_of(node) in ("label", "push button") and re.fullmatch(r"\s*-?\d+:\d\d\s*/\s*\d+:\d\d\s*", node.get_name() or ""):
                 return node.get_name().strip()
         return None
 
@@ -431,7 +431,7 @@ class Story:
     def tab(self, title):
         """Place of the tab that bears a title; the page below may hold the same words."""
         found = [self.eyes.rect(node) for node in self.eyes.nodes()
-                 if node.get_name() == title and node.get_role_name() in ("label", "push button")]
+                 if node.get_name() == title and role_of(node) in ("label", "push button")]
         top = self.eyes.rect(self.eyes.find("Music Player", "push button"))[1]
         found = [rect for rect in found if abs(rect[1] - top) < 20]
         return found[0] if found else None

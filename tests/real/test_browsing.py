@@ -10,7 +10,7 @@ import sys
 import time
 
 import stage
-from stage import Eyes, PageServer, StageError, wait_for
+from stage import Eyes, PageServer, StageError, role_of, wait_for
 
 PAGE = """<!doctype html><html><head><title>{title}</title><style>
 body {{ margin: 0; background: {colour}; color: white; font: 20px sans-serif; }} main {{ margin: 60px; }}
@@ -175,7 +175,7 @@ class Browsing:
             if self._focused("Close this tab"):
                 break
         check(self._focused("Close this tab"), "no cross of a tab has the keyboard")
-        check(all(node.get_role_name() == "push button" for node in self._crosses()), "a cross is no button")
+        check(all(role_of(node) == "push button" for node in self._crosses()), "a cross is no button")
         self.stage.key("space")
         wait_for("one tab less", lambda: len(self._crosses()) == before - 1)
 

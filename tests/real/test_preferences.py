@@ -10,7 +10,7 @@ import sys
 import tempfile
 
 import stage
-from stage import wait_for
+from stage import role_of, wait_for
 from story import check, check_equal
 from test_library import Listener, QuickEyes
 
@@ -213,7 +213,7 @@ def the_keyboard_reaches_every_option(person):
     order = []
     for _ in range(40):
         node = next((n for n in person.eyes.nodes() if n.get_state_set().contains(person.eyes.focused)
-                     and n.get_role_name() in ("check box", "push button", "text", "list")), None)
+                     and role_of(n) in ("check box", "push button", "text", "list")), None)
         name = node.get_name() if node else None
         if order and name == order[0]:
             break
