@@ -6,6 +6,7 @@
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineQuotaRequest>
 #include <QWebEngineRegisterProtocolHandlerRequest>
+#include <QtGlobal>
 
 #include "platform/webengine/EnginePage.h"
 #include "platform/webengine/PasswordBox.h"
@@ -30,8 +31,11 @@ LimitedPage::LimitedPage(const PageShare& share, EnginePage& owner)
 }
 
 void LimitedPage::RefuseRequests() {
+#if QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
+    // From there on no page can ask for it.
     connect(this, &QWebEnginePage::quotaRequested, this,
             [](QWebEngineQuotaRequest request) { request.reject(); });
+#endif
     connect(this, &QWebEnginePage::registerProtocolHandlerRequested, this,
             [](QWebEngineRegisterProtocolHandlerRequest request) { request.reject(); });
     connect(this, &QWebEnginePage::authenticationRequired, this,

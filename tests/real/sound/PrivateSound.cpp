@@ -15,6 +15,26 @@ namespace {
 constexpr double kAudible = 0.003;
 constexpr double kServerStart = 10;
 
+/// The words that start the server whose socket is `folder`/native.
+std::vector<std::string> ServerIn(const std::string& folder) {
+    // Another one than PulseAudio, as pipewire.py beside this file.
+    if (const char* const other = std::getenv("BRINDLEPOST_SOUND_SERVER")) return {other, folder};
+    return {"env",
+            "XDG_RUNTIME_DIR=" + folder,
+            "HOME=" + folder,
+            "XDG_CONFIG_HOME=" + folder,
+            "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent",
+            "pulseaudio",
+            "-n",
+            "--daemonize=no",
+            "--exit-idle-time=-1",
+            "--use-pid-file=no",
+            "--realtime=no",
+            "--high-priority=no",
+            "--load=module-native-protocol-unix auth-anonymous=1 socket=" + folder + "/native",
+            "--load=module-null-sink sink_name=test rate=44100 channels=2"};
+}
+
 std::string NewFolder() {
     std::string pattern = std::filesystem::temp_directory_path() / "sound-XXXXXX";
     return mkdtemp(pattern.data()) == nullptr ? std::string() : pattern;
@@ -58,16 +78,12 @@ PrivateSound::~PrivateSound() {
 }
 
 bool PrivateSound::StartServer() {
-    const std::string socket = folder_ + "/native";
-    setenv("PULSE_SERVER", ("unix:" + socket).c_str(), 1);
-    server_ = Child({"env", "XDG_RUNTIME_DIR=" + folder_, "HOME=" + folder_, "XDG_CONFIG_HOME=" + folder_,
-                     "DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent", "pulseaudio", "-n", "--daemonize=no",
-                     "--exit-idle-time=-1", "--use-pid-file=no", "--realtime=no", "--high-priority=no",
-                     "--load=module-native-protocol-unix auth-anonymous=1 socket=" + socket,
-                     "--load=module-null-sink sink_name=test rate=44100 channels=2"});
+    setenv("PULSE_SERVER", ("unix:" + folder_ + "/native").c_str(), 1);
+    server_ = Child(ServerIn(folder_));
     const auto until = std::chrono::steady_clock::now() + std::chrono::duration<double>(kServerStart);
     while (server_.IsRunning() && std::chrono::steady_clock::now() < until) {
-        if (Child({"pactl", "info"}).Wait(2) != 0) continue;
+        // The sink may come after the server.
+        if (Child({"pactl", "get-sink-volume", "test"}).Wait(2) != 0) continue;
         PutInTime(server_);
         return true;
     }

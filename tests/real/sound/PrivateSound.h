@@ -2,7 +2,8 @@
 //
 // It lives in a folder of its own and is reached only through PULSE_SERVER, which is set for this process and
 // its children while the object lives. Everything it starts, it ends. Its threads have the priority that a
-// desktop gives them, where the process may give it.
+// desktop gives them, where the process may give it. It is PulseAudio, or what BRINDLEPOST_SOUND_SERVER
+// names: a program that listens on "native" in the folder that it is given, and has a sink "test".
 #pragma once
 
 #include <condition_variable>
