@@ -302,7 +302,8 @@ RemotePorts MainWindow::PortsOfRemote() const {
     return {.board = ports_.now_playing,
             .screen_saver = ports_.screen_saver,
             .events = ports_.events,
-            .files = ports_.files};
+            .files = ports_.files,
+            .clock = ports_.clock};
 }
 
 AboutPorts MainWindow::PortsOfAbout() const {

@@ -12,6 +12,7 @@ namespace window {
 namespace {
 
 constexpr double kMicroseconds = 1e6;
+constexpr std::int64_t kBetweenQuestionsMs = 100;
 
 std::int64_t ToMicroseconds(double seconds) {
     return base::RoundHalfEven(std::max(seconds, 0.0) * kMicroseconds);
@@ -50,8 +51,17 @@ void RemoteRoom::Look() {
 RemoteRoom::Glance RemoteRoom::TakeGlance() {
     return {.player = roles_.playing.Glance(),
             .order = roles_.order.Order(),
-            .ended_by_itself = IsPlaying() && roles_.playing.Status() != roles::PlayerStatus::Playing,
+            .ended_by_itself = HasEndedByItself(),
             .logged_in = roles_.LoggedIn};
+}
+
+// A page can end thousands of handlers a second, and each question waits for the process of the device.
+bool RemoteRoom::HasEndedByItself() {
+    if (!IsPlaying()) return false;
+    const std::int64_t now = ports_.clock.Milliseconds();
+    if (asked_device_ && now - *asked_device_ < kBetweenQuestionsMs) return false;
+    asked_device_ = now;
+    return roles_.playing.Status() != roles::PlayerStatus::Playing;
 }
 
 ports::PlaybackStatus RemoteRoom::Status() {

@@ -2,13 +2,16 @@
 // buttons answer.
 //
 // At the end of each handler the room takes a glance at the player, which costs a few comparisons, and shows
-// the whole state only when something changed. Nothing here ticks.
+// the whole state only when something changed. Nothing here ticks. Whether a song has ended by itself only
+// the device knows, in another process: it is asked a few times a second, however many handlers end.
 #pragma once
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
+#include "ports/Clock.h"
 #include "ports/EventLoop.h"
 #include "ports/Files.h"
 #include "ports/NowPlaying.h"
@@ -39,6 +42,7 @@ struct RemotePorts {
     ports::ScreenSaver& screen_saver;
     ports::EventLoop& events;
     const ports::Files& files;
+    const ports::Clock& clock;
 };
 
 class RemoteRoom final : private ports::RemoteControl {
@@ -82,6 +86,7 @@ private:
 
     void Look();
     Glance TakeGlance();
+    bool HasEndedByItself();
     ports::NowPlaying Now();
     void DescribeTrack(ports::NowPlaying& now, const roles::CurrentSong& song);
     ports::PlaybackStatus Status();
@@ -95,7 +100,8 @@ private:
     RemoteTracks tracks_;
     ports::NowPlaying shown_;
     Glance glance_;
-    bool is_video_ = false;  ///< what is shown
+    std::optional<std::int64_t> asked_device_;  ///< when
+    bool is_video_ = false;                     ///< what is shown
 };
 
 }  // namespace window

@@ -15,6 +15,7 @@
 #include "platform/webengine/Downloads.h"
 #include "platform/webengine/DownloadsWindow.h"
 #include "platform/webengine/EnginePage.h"
+#include "platform/webengine/EngineTurns.h"
 #include "platform/webengine/FavouritesFile.h"
 #include "platform/webengine/LimitedPage.h"
 #include "platform/webengine/MakerPages.h"
@@ -45,6 +46,7 @@ private:
     PageBars* AreaInFront() const;
     QWebEngineProfile* ToolsProfile();
 
+    EngineTurns turns_;
     PageSettings settings_;
     UserFolder folder_;
     SiteChoices choices_;

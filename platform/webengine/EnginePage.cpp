@@ -97,6 +97,7 @@ void EnginePage::ConnectPage(QWebEngineProfile& profile) {
 
 void EnginePage::WatchUser() {
     rest_->is_busy = [this] { return busy_; };
+    rest_->is_flooding = [this] { return titles_.IsFlooded() || moves_inside_.IsFlooded(); };
     rest_->is_dead = [this] { return died_unseen_; };
     rest_->waking = [this] { waking_ = true; };
     auto* input = new UserInput(*view_);
@@ -377,7 +378,9 @@ void EnginePage::OnTitleChanged() {
     titles_.Want();
 }
 
+// One that waited may come after the screen has taken the page away, or after it was discarded.
 void EnginePage::TellTitle() {
+    if (view_ == nullptr || rest_->IsDiscarded()) return;
     const QString title = page_->title();
     title_ = IsStandInTitle(title, location_) ? QString() : ShortTitle(title);
     if (listener_ != nullptr) listener_->OnTitleChange(LocationName());

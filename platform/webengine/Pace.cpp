@@ -11,6 +11,8 @@ constexpr qint64 kShortMs = 250;
 constexpr qint64 kLongMs = 1000;
 constexpr qint64 kQuietMs = 5000;
 constexpr int kMostAtShort = 12;
+// So many between two acts are no page that tells something.
+constexpr int kFlood = 200;
 
 }  // namespace
 
@@ -20,6 +22,7 @@ Pace::Pace(std::function<void()> act) : act_(std::move(act)) {
 }
 
 void Pace::Want() {
+    if (++held_back_ > kFlood) flooded_.start();
     if (later_.isActive()) return;
     const qint64 since = last_.isValid() ? last_.elapsed() : kQuietMs;
     if (since >= kQuietMs) in_a_row_ = 0;
@@ -34,8 +37,13 @@ void Pace::Want() {
 void Pace::Act() {
     later_.stop();
     last_.start();
+    held_back_ = 0;
     in_a_row_ = std::min(in_a_row_ + 1, kMostAtShort);
     act_();
+}
+
+bool Pace::IsFlooded() const {
+    return flooded_.isValid() && !flooded_.hasExpired(kQuietMs);
 }
 
 }  // namespace webengine

@@ -17,12 +17,16 @@ public:
     void Act();
     /// What was waiting is no longer wanted.
     void Forget() { later_.stop(); }
+    /// Far more was wanted than got through, and it is not long ago.
+    bool IsFlooded() const;
 
 private:
     std::function<void()> act_;
     QTimer later_;
     QElapsedTimer last_;
     int in_a_row_ = 0;
+    int held_back_ = 0;
+    QElapsedTimer flooded_;
 };
 
 }  // namespace webengine

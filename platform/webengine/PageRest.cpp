@@ -117,6 +117,8 @@ void PageRest::Wake() {
 void PageRest::Freeze() {
     if (seen_ != PageSeen::Closed || discarded_ || page_.isVisible() || page_.isLoading() || is_busy())
         return;
+    // What it sent and nobody has read would hold all other pages up, frozen or not.
+    if (is_flooding()) DiscardClosed();
     if (page_.lifecycleState() == State::Active) page_.setLifecycleState(State::Frozen);
 }
 

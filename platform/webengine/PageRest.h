@@ -3,7 +3,8 @@
 // A covered page goes on: its scripts are slowed by the engine, its sound is heard. When it has been covered
 // for long it is discarded: its process ends, and it is loaded again when it comes to the front. That happens
 // only where nothing is lost (see CanBeDiscarded), and never to the few pages that were seen last. A closed
-// page is silent at once, frozen as soon as it has loaded, and discarded sooner.
+// page is silent at once, frozen as soon as it has loaded, and discarded sooner; one that sends without end
+// at once.
 #pragma once
 
 #include <QElapsedTimer>
@@ -52,6 +53,8 @@ public:
     bool IsDiscarded() const { return discarded_; }
     /// Whether it is on its way somewhere; the engine knows that later than who sent it.
     std::function<bool()> is_busy;
+    /// Whether it sends more than anybody reads.
+    std::function<bool()> is_flooding;
     /// Whether its process has died: then there is nothing to discard, and it would not come back by itself.
     std::function<bool()> is_dead;
     /// Called before a discarded page is loaded again.

@@ -106,8 +106,11 @@ protected:
                 .transport = player, .playing = player, .order = player, .LoggedIn = logged_in},
             window::RemoteActions{.raise = [this] { player.Did("raise"); },
                                   .quit = [this] { player.Did("quit"); }},
-            window::RemotePorts{
-                .board = board, .screen_saver = screen_saver, .events = desktop, .files = files});
+            window::RemotePorts{.board = board,
+                                .screen_saver = screen_saver,
+                                .events = desktop,
+                                .files = files,
+                                .clock = desktop});
         desktop.EndHandler();
     }
 
@@ -182,6 +185,20 @@ TEST_F(RemoteRoomTest, WhileNothingPlaysTheDeviceIsNotAsked) {
         desktop.EndHandler();
 
     EXPECT_EQ(player.StatusQuestions, asked);
+}
+
+// The device is in another process, and pages end a great many handlers.
+TEST_F(RemoteRoomTest, WhilePlayingTheDeviceIsAskedAFewTimesASecond) {
+    StartSong();
+    const int asked = player.StatusQuestions;
+
+    for (int i = 0; i < 1000; ++i) {
+        desktop.Pass(1);
+        desktop.EndHandler();
+    }
+
+    EXPECT_GE(player.StatusQuestions - asked, 9);
+    EXPECT_LE(player.StatusQuestions - asked, 10);
 }
 
 TEST_F(RemoteRoomTest, ASongThatEndsByItselfIsShownOnce) {

@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QKeyEvent>
+#include <QThread>
 #include <QTimer>
 #include <QWindow>
 
@@ -96,6 +97,25 @@ TEST_F(EnginePage, AFailedNavigationKeepsTheDocumentAlive) {
     EXPECT_TRUE(WaitFor([&] { return Asked("/beat") > beats + 2; }));
     EXPECT_EQ(Asked("/alive"), documents);
     EXPECT_EQ(world.Browser().LocationName(), "Alive");
+}
+
+// As music and a window that is painted keep the loop.
+TEST_F(EnginePage, AWindowWithMuchToDoDoesNotHoldThePagesUp) {
+    Serve("/many",
+          "<title>0</title><script>onload = () => { for (let i = 1; i <= 600; ++i) document.title = 'Title ' "
+          "+ i }"
+          "</script>");
+    QTimer work;
+    QObject::connect(&work, &QTimer::timeout, [] { QThread::msleep(20); });
+    work.start(0);
+    QElapsedTimer taken;
+    taken.start();
+    ASSERT_TRUE(Arrive(world.Site + "/many"));
+
+    ASSERT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Title 600"; }));
+
+    // One piece of work a turn would be 600 times 20 milliseconds.
+    EXPECT_LT(taken.elapsed(), 8000);
 }
 
 TEST_F(EnginePage, AnErrorAnswerWithoutWordsIsAnEmptyPage) {
@@ -222,6 +242,23 @@ TEST_F(EnginePage, APageOpensOnlySoManyWindows) {
 
     EXPECT_EQ(heard.Windows, 20);
     EXPECT_EQ(world.Browser().LocationName(), "Done");
+}
+
+TEST_F(EnginePage, AWindowThatTheUserClicksForOpensThoughThePageMayOpenNoMore) {
+    Serve("/flood",
+          "<title>Flood</title><body><script>for (let i = 0; i < 60; ++i) window.open('/other');"
+          "document.onmousedown = () => { for (let i = 0; i < 60; ++i) window.open('/other') };"
+          "document.onmouseup = () => { document.title = 'Clicked' };"
+          "requestAnimationFrame(() => requestAnimationFrame(() => { document.title = 'Drawn' }))</script>");
+    ASSERT_TRUE(Arrive(world.Site + "/flood"));
+    ASSERT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Drawn"; }));
+    ASSERT_EQ(heard.Windows, 20);
+
+    ASSERT_TRUE(world.PressInPage());
+    ASSERT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Clicked"; }));
+
+    // The one that was clicked for, and the page's own twenty that a click gives it again.
+    EXPECT_EQ(heard.Windows - 20, 1 + 20);
 }
 
 TEST_F(EnginePage, AScriptThatNeverEndsLeavesTheProgramRunning) {

@@ -179,6 +179,19 @@ TEST_F(PageRest, AClosedPageIsDiscardedAndIsStillLoadedToAllThatAsk) {
         << "and it has its history";
 }
 
+TEST_F(PageRest, AClosedPageThatSendsWithoutEndIsDiscardedAtOnce) {
+    Serve("/flood",
+          "<title>0</title><script>let n = 0; setInterval(() => { for (let i = 0; i < 50; ++i)"
+          " document.title = ++n }, 5)</script>");
+    ASSERT_TRUE(Arrive(world.Browser(), "/flood"));
+    RunFor(500);
+
+    world.Browser().SetSeen(PageSeen::Closed);
+
+    EXPECT_EQ(StateOf(0), kDiscarded);
+    EXPECT_EQ(world.Browser().LocationURL(), world.Site + "/flood");
+}
+
 TEST_F(PageRest, ADiscardedPageThatIsClosedComesBackByRefreshAndBack) {
     ASSERT_TRUE(Arrive(world.Browser(), "/plain"));
     ASSERT_TRUE(Arrive(world.Browser(), "/other"));
