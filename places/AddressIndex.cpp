@@ -54,10 +54,11 @@ struct AddressIndex::Found {
     bool begins;
     std::uint32_t uses;
     std::uint64_t last;
+    std::uint32_t of_host;
 
     bool operator<(const Found& other) const {
-        return std::tie(other.begins, other.uses, other.last, other.place) <
-               std::tie(begins, uses, last, place);
+        return std::tie(other.begins, other.uses, other.last, other.of_host, other.place) <
+               std::tie(begins, uses, last, of_host, place);
     }
 };
 
@@ -65,6 +66,8 @@ void AddressIndex::Clear() {
     texts_.clear();
     lower_.clear();
     entries_.clear();
+    host_numbers_.clear();
+    hosts_.clear();
 }
 
 void AddressIndex::Add(std::string_view name, std::string_view address, std::uint32_t uses) {
@@ -77,11 +80,21 @@ void AddressIndex::Add(std::string_view name, std::string_view address, std::uin
     entry.address_length = static_cast<std::uint32_t>(address.size());
     entry.name_length = static_cast<std::uint32_t>(name.size());
     entry.uses = uses;
+    entry.host = NumberOfHost(WithoutScheme(lower_address));
+    ++hosts_[entry.host];
     texts_.append(address).append(name);
     lower_.append(WithoutScheme(lower_address));
     if (!name.empty()) lower_.append("\n").append(Lower(name));
     entry.lower_length = static_cast<std::uint32_t>(lower_.size()) - entry.lower;
     entries_.push_back(entry);
+}
+
+std::uint32_t AddressIndex::NumberOfHost(std::string_view address) {
+    const auto next = static_cast<std::uint32_t>(hosts_.size());
+    const auto [found, is_new] =
+        host_numbers_.try_emplace(std::string(address.substr(0, address.find('/'))), next);
+    if (is_new) hosts_.push_back(0);
+    return found->second;
 }
 
 void AddressIndex::NoteVisit(std::string_view address) {
@@ -107,7 +120,7 @@ std::string_view AddressIndex::NameOf(const Entry& entry) const {
 AddressIndex::Found AddressIndex::Weigh(std::size_t place, std::string_view start) const {
     const Entry& entry = entries_[place];
     const std::string_view lower = LowerOf(entry);
-    Found found{place, base::StartsWith(lower, start), entry.uses, 0};
+    Found found{place, base::StartsWith(lower, start), entry.uses, 0, hosts_[entry.host]};
     if (visits_.empty()) return found;
     const auto visits = visits_.find(std::string(WithoutSlash(lower.substr(0, lower.find('\n')))));
     if (visits == visits_.end()) return found;

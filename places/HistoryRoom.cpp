@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <utility>
 
 #include "base/Number.h"
 #include "base/Text.h"
@@ -26,7 +27,7 @@ HistoryRoom::HistoryRoom(HistoryControls& controls, HistoryMenu& menu, store::Da
     : controls_(controls),
       dat_song_(datSong),
       Save_History_(Save_History),
-      others_(others),
+      others_(std::move(others)),
       dialogs_(dialogs),
       pages_(pages) {
     claims_.Claim(menu.mnuHistory.Click, [this] { mnuHistory_Click(); });
@@ -131,6 +132,7 @@ void HistoryRoom::mnuHistory_Click() {
     }
     DeleteAll();
     others_.address.ClearList();
+    if (others_.deleted) others_.deleted();
     // What pages left says where the user was, too.
     pages_.ForgetVisits();
 }

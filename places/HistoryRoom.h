@@ -5,6 +5,7 @@
 // again and keep their order by their place.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,6 +31,8 @@ struct HistoryRoles {
     roles::AddressRow& address;
     const roles::FrontPage& page;
     roles::TrackView& played;
+    /// The history was deleted.
+    std::function<void()> deleted = {};
 };
 
 class HistoryRoom final : public roles::History {

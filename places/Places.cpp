@@ -5,8 +5,11 @@ namespace places {
 Places::Places(PlacesWindows windows, PlacesState state, PlacesRoles others, PlacesPorts ports,
                const PlacesStores& stores)
     : history_(windows.history, windows.menu, windows.datSong, state.Save_History,
-               {.address = others.address, .page = others.page, .played = others.played}, ports.dialogs,
-               ports.pages),
+               {.address = others.address,
+                .page = others.page,
+                .played = others.played,
+                .deleted = [this] { suggestions_.ForgetVisits(); }},
+               ports.dialogs, ports.pages),
       dialog_(windows.add,
               {.datFav = windows.favourites.datFav, .lblEntryCount = windows.favourites.lblEntryCount},
               panel_, state.mainclose, {.window = others.window, .lists = others.lists},

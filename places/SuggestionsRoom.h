@@ -20,6 +20,8 @@ public:
 
     std::vector<roles::Suggestion> Suggest(std::string_view typed, std::size_t most) override;
     void NoteVisit(std::string_view address) override { index_.NoteVisit(address); }
+    /// The visits that NoteVisit was told of.
+    void ForgetVisits() { index_.ForgetVisits(); }
 
 private:
     /// How a table was when it was read.

@@ -53,6 +53,27 @@ TEST_F(AddressIndexTest, AVisitMakesAnAddressNewerAndMoreUsed) {
     EXPECT_EQ(Find("example")[0], "http://a.example/");
 }
 
+TEST_F(AddressIndexTest, OfTheSameUseTheHostWithTheMostAddressesComesFirst) {
+    index.AddVisited("http://often.example/one");
+    index.AddVisited("https://www.often.example/two");
+    index.AddVisited("http://once.example/three");
+
+    EXPECT_EQ(Find("example"), (Texts{"https://www.often.example/two", "http://often.example/one",
+                                      "http://once.example/three"}));
+    index.NoteVisit("http://once.example/three");
+    EXPECT_EQ(Find("example")[0], "http://once.example/three") << "a visit counts for more";
+}
+
+TEST_F(AddressIndexTest, ForgottenVisitsCountNoMore) {
+    index.AddVisited("http://a.example/");
+    index.AddVisited("http://b.example/");
+    index.NoteVisit("http://a.example/");
+
+    index.ForgetVisits();
+
+    EXPECT_EQ(Find("example")[0], "http://b.example/");
+}
+
 TEST_F(AddressIndexTest, AFavouriteIsFoundByItsNameAndComesOnceWithIt) {
     index.AddFavourite("Night Birds", "http://owl.example/");
     index.AddVisited("http://owl.example");

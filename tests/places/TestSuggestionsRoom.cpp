@@ -76,6 +76,15 @@ TEST_F(SuggestionsTest, AVisitedPageComesFirst) {
     EXPECT_EQ(Suggest("example")[0], "http://one.example/");
 }
 
+TEST_F(SuggestionsTest, ForgottenVisitsCountNoMore) {
+    room.NoteVisit("http://one.example/");
+    room.NoteVisit("http://one.example/");
+
+    room.ForgetVisits();
+
+    EXPECT_EQ(Suggest("example")[0], "Post|http://post.example/");
+}
+
 TEST_F(SuggestionsTest, AStoreThatCannotBeReadSuggestsNothing) {
     places::SuggestionsRoom elsewhere(stores.Stores, "C:\\nowhere");
 
