@@ -21,6 +21,7 @@
 #include "platform/dbus/BusPriority.h"
 #include "platform/dbus/BusScreenSaver.h"
 #include "platform/dbus/MprisBoard.h"
+#include "platform/dbus/SilentBus.h"
 #include "platform/decoder/MediaProcesses.h"
 #include "platform/gstreamer/Threads.h"
 #include "platform/linux/CommandLine.h"
@@ -77,6 +78,9 @@ webengine::PageSettings SettingsOfPages(std::function<std::string(std::string_vi
 
 /// The programs of the desktop that are spoken to.
 struct OnTheBus {
+    /// `silent_bus` is one that the toolkit was kept away from; empty for the desktop's own.
+    explicit OnTheBus(const QString& silent_bus) : bus(silent_bus) {}
+
     dbus::SessionBus bus;
     dbus::BusMessenger messenger{bus};
     dbus::MprisBoard board{bus};
@@ -191,6 +195,7 @@ int AnswerOption(const linux::CommandLine& line) {
 
 int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     qt::PrepareEnvironment();
+    const QString silent_bus = dbus::LeaveSilentBus();
     const std::string startup_id = qt::StartupIdOfProcess();
     if (const std::string missing = qt::MissingDisplay(); !missing.empty()) return NoDisplay(missing);
 
@@ -221,7 +226,7 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     qt::ScaledPictures pictures(media);
     qt::DesktopWindows window_services;
     qt::DesktopPrograms programs({to_native, from_native});
-    OnTheBus desktop;
+    OnTheBus desktop(silent_bus);
 
     window::Windows windows(files);
     PageEnds pages(to_native, desktop, folder);

@@ -11,8 +11,35 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace dbus {
+
+/// A line to a bus, on which nothing waits.
+class BusSocket final {
+public:
+    BusSocket() = default;
+    /// To a socket as SocketNameOf tells it.
+    static BusSocket To(const QByteArray& socket_name);
+    ~BusSocket();
+    BusSocket(BusSocket&& other) noexcept : number_(std::exchange(other.number_, -1)), error_(other.error_) {}
+    BusSocket& operator=(BusSocket&& other) noexcept {
+        std::swap(number_, other.number_);
+        std::swap(error_, other.error_);
+        return *this;
+    }
+
+    bool IsConnected() const { return number_ >= 0 && error_ == 0; }
+    /// Nobody is there, as opposed to one who takes no connections.
+    bool IsRefused() const;
+    /// The first words of the protocol. Whatever is said to them, the bus is awake.
+    bool SayHello() const;
+    int Number() const { return number_; }
+
+private:
+    int number_ = -1;
+    int error_ = 0;  ///< of the connection
+};
 
 class BusProbe final : public QObject {
 public:
@@ -23,12 +50,11 @@ public:
     ~BusProbe() override;
 
 private:
-    bool Connect(const QByteArray& socket_name);
-    void SayHello();
+    void Listen();
     void Finish(bool answers);
 
     std::function<void(bool)> answered_;
-    int socket_ = -1;
+    BusSocket socket_;
     std::unique_ptr<QSocketNotifier> heard_;
     QTimer limit_;
 };

@@ -2,10 +2,11 @@
 
 #include <QCoreApplication>
 #include <QDBusPendingCallWatcher>
-#include <QFileInfo>
 #include <algorithm>
 #include <atomic>
 #include <utility>
+
+#include "platform/dbus/SilentBus.h"
 
 namespace dbus {
 namespace {
@@ -19,15 +20,6 @@ constexpr int kLastWordsMs = 500;
 QString NextConnectionName() {
     static std::atomic<int> count{0};
     return QStringLiteral("brindlepost-%1").arg(++count);
-}
-
-/// Without these the bus library would start a bus of its own.
-QString AddressOfDesktop() {
-    QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
-    if (!address.isEmpty()) return address;
-    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    const QString socket = folder + QStringLiteral("/bus");
-    return !folder.isEmpty() && QFileInfo::exists(socket) ? QStringLiteral("unix:path=") + socket : QString();
 }
 
 }  // namespace
