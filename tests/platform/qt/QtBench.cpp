@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <QTimer>
+#include <memory>
 
 namespace qt_tests {
 
@@ -29,9 +31,22 @@ void PlaceAt(controls::Control& control, int left, int top, int width, int heigh
 
 }  // namespace qt_tests
 
+namespace {
+
+// A program that was told to exit runs no loop any more, until the next run of the whole.
+class ExitForgetter final : public testing::EmptyTestEventListener {
+    void OnTestEnd(const testing::TestInfo& /*test*/) override {
+        QTimer::singleShot(0, [] { QCoreApplication::exit(); });
+        QCoreApplication::exec();
+    }
+};
+
+}  // namespace
+
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qt::Application application(argv[0], qt_tests::TheLoop());
+    testing::UnitTest::GetInstance()->listeners().Append(std::make_unique<ExitForgetter>().release());
     return RUN_ALL_TESTS();
 }
