@@ -11,7 +11,8 @@ namespace {
 
 constexpr std::int16_t kDefaultSeconds = 5;
 constexpr int kStepPercent = 2;
-constexpr int kQuietEnough = 3;  ///< below it the outgoing song is closed
+constexpr double kAtTheEnd = 0.01;  ///< seconds
+constexpr int kQuietEnough = 3;     ///< below it the outgoing song is closed
 
 }  // namespace
 
@@ -41,6 +42,10 @@ FadeRoom::FadeRoom(FadeControls& controls, FadeMenu& menu, const controls::Pictu
 
 void FadeRoom::SetDefaults() {
     state_.FadeSeconds = kDefaultSeconds;
+}
+
+bool FadeRoom::IsOff() const {
+    return menu_.mnuFadeOff.Checked() && controls_.lblStartFade.Right() >= song_bar_.ScaleWidth() - kAtTheEnd;
 }
 
 void FadeRoom::StartFade(bool to_b) {

@@ -35,6 +35,8 @@ public:
     void SetDefaults();
     /// What the entry mnuQuickFade does.
     void ChooseQuickFade();
+    /// The fade is off for this song: the marker is at the end of the bar.
+    bool IsOff() const;
     /// Starts the ramp towards "b", or else towards "a".
     void StartFade(bool to_b);
     void StopFade();

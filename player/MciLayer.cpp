@@ -153,6 +153,12 @@ std::int64_t MciLayer::MciGetVolume(std::string_view alias, std::string_view cha
     return level ? base::RoundHalfEven(base::Val(*level) / kDeviceUnits) : kFailed;
 }
 
+std::string MciLayer::MciFollow(std::string_view alias, std::string_view path) {
+    if (path.empty()) return Command(Join("follow ", alias));
+    return Command(
+        Join("follow ", alias, " by ").append(base::Left(files_.GetShortPathName(path), kShortPathLength)));
+}
+
 std::string MciLayer::MciSetSpeed(std::string_view alias, int speed) {
     return Command(Join("set ", alias, " speed " + Text(std::int64_t{speed} * kDeviceUnits)));
 }

@@ -66,6 +66,9 @@ public:
     /// sends nothing and returns "out of volume".
     std::string MciSetVolume(std::string_view alias, std::string_view channel, int percent);
     std::int64_t MciGetVolume(std::string_view alias, std::string_view channel);
+    /// What the device goes on with when the song is over, at once; empty for nothing. What is open under the
+    /// alias comes to its end as ever; the file that follows is then opened under any alias and played.
+    std::string MciFollow(std::string_view alias, std::string_view path);
     /// No range is checked.
     std::string MciSetSpeed(std::string_view alias, int speed);
 

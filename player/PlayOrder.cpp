@@ -37,6 +37,12 @@ base::SongEntry PlayOrder::Next(bool shuffle) {
     return Select(next > Count() - 1 ? 0 : next);
 }
 
+base::SongEntry PlayOrder::PeekNext() const {
+    if (Count() == 0) return base::SongEntry({});
+    const int next = Row() + 1;
+    return At(next > Count() - 1 ? 0 : next);
+}
+
 base::SongEntry PlayOrder::Previous() {
     const int previous = controls_.lstNowPlaying.ListIndex() - 1;
     return Select(previous < 0 ? Count() - 1 : previous);

@@ -23,6 +23,8 @@ public:
     /// The entry after the selected one, round and round. With shuffle any entry of two or more, the one that
     /// just played included. Empty when the order is.
     base::SongEntry Next(bool shuffle);
+    /// The entry that Next would return without shuffle; no row is selected.
+    base::SongEntry PeekNext() const;
     /// The entry before the selected one, round and round.
     base::SongEntry Previous();
     /// Takes over entries that were kept, and selects a row of them; none when there is no such row.

@@ -60,6 +60,11 @@ void PlaybackRoom::PassOverSong() {
     if (!IsEveryTrackMissing(turns_left, true)) EndSong();
 }
 
+void PlaybackRoom::PassOverLostSong(bool was_heard) {
+    if (!was_heard) state_.MissingTrackCount = missing_before_start_;
+    PassOverSong();
+}
+
 void PlaybackRoom::GetSongInfo(std::int64_t song_id) {
     if (const auto path = rooms_.songs.PathOf(song_id)) PlaySong(*path);
 }
@@ -92,15 +97,16 @@ bool PlaybackRoom::IsEveryTrackMissing(int turns_left, bool at_end) {
 }
 
 void PlaybackRoom::StartSong(const std::string& filename) {
-    const std::int32_t missing_before = state_.MissingTrackCount;
+    missing_before_start_ = state_.MissingTrackCount;
     NoteStart(filename);
     CountThePlay(filename);
     if (!MakeReady(filename)) return;
     rooms_.video.ShowOrHideWindow();
+    rooms_.join.Leave();
     if (OpenOnFreeAlias(filename)) {
         rooms_.pair.ShowPlaying();
     } else {
-        state_.MissingTrackCount = missing_before;
+        state_.MissingTrackCount = missing_before_start_;
     }
     MeasureSong();
     ShowTitle(filename);

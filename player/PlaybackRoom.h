@@ -15,6 +15,7 @@
 #include "player/AliasTable.h"
 #include "player/CueQueue.h"
 #include "player/FadeRoom.h"
+#include "player/JoinRoom.h"
 #include "player/MciLayer.h"
 #include "player/MessengerLine.h"
 #include "player/PlayModeRoom.h"
@@ -41,6 +42,7 @@ struct PlaybackRooms {
     CueQueue& cue;
     PlayModeRoom& mode;
     FadeRoom& fade;
+    JoinRoom& join;
     VolumeRoom& volume;
     SpeedRoom& speed;
     VideoRoom& video;
@@ -82,6 +84,9 @@ public:
     void MeasureLateLength();
     /// Skips to the song after one that could not be opened; it counts as a missing one.
     void PassOverSong();
+    /// The same after one that was opened and whose decoder ended; unless it was heard, its start counts as
+    /// none.
+    void PassOverLostSong(bool was_heard);
     /// Plays the song with that number; nothing when there is none.
     void GetSongInfo(std::int64_t song_id);
     /// Plays the entry before the current one in the play order.
@@ -114,7 +119,8 @@ private:
     PlaybackRoles roles_;
     PlaybackPorts ports_;
     int short_songs_ = 0;  ///< in a row, shorter than the fade
-    int starting_ = 0;     ///< starts that yield at the moment
+    std::int32_t missing_before_start_ = 0;
+    int starting_ = 0;  ///< starts that yield at the moment
 };
 
 }  // namespace player

@@ -5,6 +5,7 @@
 
 #include "player/CueQueue.h"
 #include "player/FadeRoom.h"
+#include "player/JoinRoom.h"
 #include "player/MciLayer.h"
 #include "player/MediaWatch.h"
 #include "player/MessengerLine.h"
@@ -131,6 +132,7 @@ private:
     SpeedRoom speed_;
     PanningRoom panning_;
     FadeRoom fade_;
+    JoinRoom join_;
     VideoRoom video_;
     VisualisationRoom visuals_;
     PlayPausePair pair_;

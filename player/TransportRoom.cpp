@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::string_view kEmptyTime = "0:00/0:00";
 constexpr double kWheelSeconds = 5;  ///< a notch
+constexpr double kHeardSeconds = 5;  ///< a song that got so far was no vain start
 
 }  // namespace
 
@@ -67,6 +68,7 @@ void TransportRoom::tmrPlay_Tick() {
     if (LengthIsUnknown()) rooms_.playback.MeasureLateLength();
     MoveMarker();
     ShowRunningTime();
+    rooms_.join.Tick();
     if (EndSongWhenDue()) return;
     if (LengthIsUnknown()) ShowUnknownLength();
     rooms_.title.ScrollStep();
@@ -125,6 +127,7 @@ bool TransportRoom::EndSongWhenDue() {
         rooms_.playback.PassOverSong();
         return true;
     }
+    if (rooms_.join.HoldsEnd()) return false;
     if (!LengthIsUnknown() && IsAtStartFade() && rooms_.playback.MayEndBeforeItsEnd()) {
         rooms_.panning.SetPanningRunning(false);
         rooms_.playback.EndSong();
@@ -136,7 +139,7 @@ bool TransportRoom::EndSongWhenDue() {
         return true;
     }
     if (percent >= 0 || !HasLostSong()) return false;
-    rooms_.playback.PassOverSong();
+    rooms_.playback.PassOverLostSong(controls_.lblProgress.Left() >= kHeardSeconds);
     return true;
 }
 

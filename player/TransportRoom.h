@@ -3,14 +3,15 @@
 // on the bar.
 //
 // A song ends when the right edge of lblProgress is past lblStartFade, which starts a crossfade, or when the
-// percent played rounds to 100; one that could not be opened ends at the first tick. While PlayerStopped
-// is set a tick asks the device nothing.
+// percent played rounds to 100; one that could not be opened ends at the first tick. One that the next
+// follows without a gap ends with its last sample. While PlayerStopped is set a tick asks the device nothing.
 #pragma once
 
 #include <string>
 
 #include "controls/Event.h"
 #include "controls/Label.h"
+#include "player/JoinRoom.h"
 #include "player/MarkerDrag.h"
 #include "player/MciLayer.h"
 #include "player/PanningRoom.h"
@@ -29,6 +30,7 @@ struct TransportRooms {
     PanningRoom& panning;
     TitleRoom& title;
     VideoRoom& video;
+    JoinRoom& join;
 };
 
 struct TransportRoles {

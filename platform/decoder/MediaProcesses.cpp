@@ -24,7 +24,7 @@ ports::MediaReply Error(int error) {
 
 MediaProcesses::MediaProcesses(std::string program, Resolver resolve, Raiser raise)
     : resolve_(std::move(resolve)),
-      channels_{Channel{{program, "a", raise}, {}}, Channel{{program, "b", raise}, {}}} {}
+      channels_{Channel{{program, "a", raise}, {}, {}}, Channel{{program, "b", raise}, {}, {}}} {}
 
 MediaProcesses::~MediaProcesses() {
     for (Channel& channel : channels_)
@@ -52,6 +52,7 @@ ports::MediaReply MediaProcesses::SendString(std::string_view text) {
     if (command.target == "all") return Error(AskAll(command, text));
     Channel& channel = ChannelOf(command.target);
     if (!channel.songs.contains(command.target)) return Error(gstreamer::kNotOpen);
+    if (command.verb == Verb::Follow) return Follow(command, text);
     ports::MediaReply reply = Ask(channel, text);
     if (command.verb == Verb::Close) Close(channel, command.target);
     return reply;
@@ -61,20 +62,71 @@ std::string MediaProcesses::ErrorString(int error) const {
     return std::string(gstreamer::ErrorText(error));
 }
 
+/// Where it is open, else where it is opened as a rule.
 MediaProcesses::Channel& MediaProcesses::ChannelOf(std::string_view alias) {
+    const std::string name(alias);
+    for (Channel& channel : channels_)
+        if (channel.songs.contains(name)) return channel;
     return channels_.at(alias == "b" ? 1 : 0);
+}
+
+/// What follows a song is opened where that is heard; then the other alias moves to the other process. Two
+/// songs are in one process only while the first of them is at its end.
+MediaProcesses::Channel& MediaProcesses::ChannelFor(const std::string& alias, const std::string& path) {
+    for (Channel& channel : channels_)
+        if (!path.empty() && channel.next == path && IsAtEnd(channel)) return channel;
+    Channel& own = ChannelOf(alias);
+    Channel& other = channels_.at(&own == channels_.data() ? 1 : 0);
+    const bool is_free = own.songs.empty() || own.songs.contains(alias) || !other.songs.empty();
+    return is_free ? own : other;
+}
+
+bool MediaProcesses::IsAtEnd(Channel& channel) {
+    for (const auto& [alias, path] : channel.songs) {
+        const auto mode = channel.process.Ask("status " + alias + " mode", {});
+        if (!mode || mode->text != "stopped") return false;
+    }
+    return true;
+}
+
+void MediaProcesses::DropNext(Channel& channel) {
+    if (!channel.next.empty() && channel.process.IsReady()) channel.process.Gate().Forget(channel.next);
+    channel.next.clear();
+}
+
+void MediaProcesses::Lose(Channel& channel) {
+    channel.songs.clear();
+    channel.next.clear();
+}
+
+/// The gatekeeper has a path once for each time that it was handed.
+ports::MediaReply MediaProcesses::Follow(const Command& command, std::string_view text) {
+    Channel& channel = ChannelOf(command.target);
+    const std::string path = command.file.empty() ? std::string() : resolve_(command.file);
+    if (path.empty() && !command.file.empty()) return Error(gstreamer::kFileNotFound);
+    if (!channel.process.IsReady()) return Error(gstreamer::kNotReady);
+    if (!path.empty()) channel.process.Gate().Hand(path);
+    std::optional<ports::MediaReply> reply = channel.process.Ask(std::string(text), path);
+    if (!reply) {
+        Lose(channel);
+        channel.process.Start();
+        return Error(gstreamer::kNotOpen);
+    }
+    DropNext(channel);
+    channel.next = path;
+    return *std::move(reply);
 }
 
 /// A process that ended is started again; only one that was there before, for a program may never play.
 void MediaProcesses::Tend(Channel& channel) {
     if (channel.process.Number() == 0 || channel.process.IsRunning()) return;
-    channel.songs.clear();
+    Lose(channel);
     channel.process.Start();
 }
 
 ports::MediaReply MediaProcesses::Open(const Command& command, std::string_view text) {
-    Channel& channel = ChannelOf(command.alias);
     const std::string path = resolve_(command.target);
+    Channel& channel = ChannelFor(command.alias, path);
     const auto begin = Process::Clock::now();
     std::optional<ports::MediaReply> reply = AskToOpen(channel, command.alias, text, path);
     if (!reply && Process::Clock::now() - begin < kAtOnce)
@@ -89,7 +141,7 @@ std::optional<ports::MediaReply> MediaProcesses::AskToOpen(Channel& channel, con
     bool is_ready = channel.process.WaitUntilReady();
     if (!is_ready && channel.process.Number() == 0) {
         // It was on its way out when it was asked.
-        channel.songs.clear();
+        Lose(channel);
         channel.process.Start();
         is_ready = channel.process.WaitUntilReady();
     }
@@ -98,11 +150,12 @@ std::optional<ports::MediaReply> MediaProcesses::AskToOpen(Channel& channel, con
     std::optional<ports::MediaReply> reply = channel.process.Ask(std::string(text), path);
     if (!reply) {
         const bool hung = channel.process.HasHung();
-        channel.songs.clear();
+        Lose(channel);
         channel.process.Start();
         if (hung) return Error(gstreamer::kNotReady);
     } else if (reply->error == gstreamer::kNoError) {
         channel.songs[alias] = path;
+        DropNext(channel);
     } else if (!channel.songs.contains(alias)) {
         channel.process.Gate().Forget(path);
     }
@@ -113,7 +166,7 @@ std::optional<ports::MediaReply> MediaProcesses::AskToOpen(Channel& channel, con
 ports::MediaReply MediaProcesses::Ask(Channel& channel, std::string_view text) {
     if (std::optional<ports::MediaReply> reply = channel.process.Ask(std::string(text), {}))
         return *std::move(reply);
-    channel.songs.clear();
+    Lose(channel);
     channel.process.Start();
     return Error(gstreamer::kNotOpen);
 }

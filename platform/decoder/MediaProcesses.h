@@ -1,7 +1,8 @@
 // The media control interface over decoders in processes of their own, one for each channel.
 //
 // The text of a command goes to the process of its alias as it is, and its answer comes back. A process that
-// ends, or does not answer within two seconds, is started again; what was open in it is closed then.
+// ends, or does not answer within two seconds, is started again; what was open in it is closed then. What
+// follows a song without a gap is opened in that song's process, whatever its alias.
 #pragma once
 
 #include <array>
@@ -45,8 +46,14 @@ private:
     struct Channel {
         Process process;
         std::map<std::string, std::string> songs;  ///< native paths of what is open, by alias
+        std::string next;                          ///< native path of what is to follow; empty for nothing
     };
     Channel& ChannelOf(std::string_view alias);
+    Channel& ChannelFor(const std::string& alias, const std::string& path);
+    ports::MediaReply Follow(const gstreamer::Command& command, std::string_view text);
+    bool IsAtEnd(Channel& channel);
+    static void DropNext(Channel& channel);
+    static void Lose(Channel& channel);
     void Tend(Channel& channel);
     ports::MediaReply Open(const gstreamer::Command& command, std::string_view text);
     std::optional<ports::MediaReply> AskToOpen(Channel& channel, const std::string& alias,

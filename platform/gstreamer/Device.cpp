@@ -108,6 +108,7 @@ void Device::Resume() {
 
 void Device::Stop() {
     const std::lock_guard lock(share_->mutex);
+    share_->follower.refused = true;
     share_->mode = Mode::Stopped;
     share_->wish.playing = false;
     share_->changed.notify_all();
@@ -125,6 +126,8 @@ int Device::SetSpeed(std::int64_t speed) {
 
 int Device::SetLevel(Channel channel, std::int64_t level) {
     if (level < 0 || level > Gain::kFull) return kOutOfRange;
+    const std::lock_guard lock(share_->mutex);
+    share_->levels_open = false;
     if (channel != Channel::Right) share_->gain->SetLeft(static_cast<int>(level));
     if (channel != Channel::Left) share_->gain->SetRight(static_cast<int>(level));
     return kNoError;
@@ -135,6 +138,61 @@ void Device::PutPicture(const std::array<int, 4>& place) {
     share_->wish.place = place;
     ++share_->wish.put;
     share_->changed.notify_all();
+}
+
+void Device::Follow(const std::string& native_path) {
+    const std::lock_guard lock(share_->mutex);
+    share_->wish.next_path = native_path;
+    ++share_->wish.next;
+    share_->changed.notify_all();
+}
+
+bool Device::IsFollowed() const {
+    const std::lock_guard lock(share_->mutex);
+    return !share_->follower.path.empty();
+}
+
+bool Device::BecomeFollower(const std::string& native_path) {
+    const std::lock_guard lock(share_->mutex);
+    DeviceShare& share = *share_;
+    if (share.follower.path != native_path || share.follower.refused || native_path.empty()) return false;
+    share.request.native_path = native_path;
+    share.facts = share.follower.facts;
+    share.follower = {};
+    share.follower.taken = true;
+    share.mode = Mode::Stopped;
+    Wish wish;
+    wish.jump = share.wish.jump;
+    wish.put = share.wish.put;
+    wish.next = share.wish.next;
+    share.wish = wish;
+    share.anchor = {};
+    share.last_told = 0;
+    share.levels_open = true;
+    format_ = TimeFormat::Frames;
+    share.changed.notify_all();
+    return true;
+}
+
+std::unique_ptr<Device> Device::LeftBy(const std::string& native_path) {
+    {
+        const std::lock_guard lock(share_->mutex);
+        if (native_path.empty() || share_->follower.path != native_path) return nullptr;
+    }
+    auto left = std::make_unique<Device>(share_->threads);
+    left->StayAtEnd(*this);
+    if (BecomeFollower(native_path)) return left;
+    return nullptr;
+}
+
+/// Opens what `followed` had open, in its own time.
+void Device::StayAtEnd(const Device& followed) {
+    const std::scoped_lock lock(share_->mutex, followed.share_->mutex);
+    share_->request = followed.share_->request;
+    share_->facts = followed.share_->facts;
+    format_ = followed.format_;
+    JumpTo(share_->facts.length);
+    share_->threads->Start([share = share_] { RunWorker(share); });
 }
 
 std::string Device::Status(const Command& command) {
@@ -202,6 +260,7 @@ std::int64_t Device::Position() {
 }
 
 int Device::Level(Channel channel) const {
+    if (share_->levels_open) return Gain::kFull;
     const Gain& gain = *share_->gain;
     if (channel == Channel::Left) return gain.Left();
     if (channel == Channel::Right) return gain.Right();

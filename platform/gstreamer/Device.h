@@ -49,6 +49,16 @@ public:
     int SetLevel(Channel channel, std::int64_t level);
     void SetTimeFormat(TimeFormat format) { format_ = format; }
     void PutPicture(const std::array<int, 4>& place);
+    /// What is to be heard after this without a gap; empty for nothing.
+    void Follow(const std::string& native_path);
+    /// What follows is heard now; of the device itself it seems that it has come to its end.
+    bool IsFollowed() const;
+    /// Becomes the device of what is heard now, stopped at its start. False when that is no longer heard, or
+    /// is another file.
+    bool BecomeFollower(const std::string& native_path);
+    /// As BecomeFollower; what is returned is the device that it was, at its end. Null when it is not
+    /// followed.
+    std::unique_ptr<Device> LeftBy(const std::string& native_path);
     /// The answer to a status command.
     std::string Status(const Command& command);
 
@@ -58,6 +68,7 @@ private:
     double UnitsPerSecond() const;
     int ReadPlace(std::int64_t place, std::int64_t& time) const;
     void JumpTo(std::int64_t time);
+    void StayAtEnd(const Device& followed);
     std::int64_t Position();
     int Level(Channel channel) const;
 

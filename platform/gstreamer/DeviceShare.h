@@ -9,6 +9,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <string>
 
 #include "platform/gstreamer/Device.h"
 #include "platform/gstreamer/Gain.h"
@@ -28,6 +29,17 @@ struct Wish {
     bool playing = false;
     std::int64_t put = 0;  ///< serial of the last place of the picture
     std::array<int, 4> place{};
+    std::int64_t next = 0;  ///< serial of what was last told to follow
+    std::string next_path;
+};
+
+/// What is heard in place of a song that has ended. From then on the device is at its end, until it becomes
+/// the device of what follows.
+struct Follower {
+    std::string path;  ///< empty while nothing is
+    MediaFacts facts;
+    bool refused = false;  ///< it is not wanted
+    bool taken = false;    ///< the device is that of the follower
 };
 
 /// Where the sound was, and when.
@@ -50,6 +62,8 @@ struct DeviceShare {
     MediaFacts facts;
 
     Wish wish;
+    Follower follower;
+    bool levels_open = false;  ///< the levels are those of the song before; none has been told yet
     Mode mode = Mode::Stopped;
     bool closing = false;
     bool event = false;         ///< the pipeline has an event

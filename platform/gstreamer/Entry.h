@@ -17,7 +17,10 @@ struct EntryWish {
     std::atomic<double> rate = 1;
 };
 
-/// From here on `pad`, a sink pad, takes sound as `wish` says.
-void TakeAs(GstPad* pad, std::shared_ptr<const EntryWish> wish);
+class Successor;
+
+/// From here on `pad`, a sink pad, takes sound as `wish` says, and what follows as `successor` says. That
+/// begins where the sound before ended, not where its file did.
+void TakeAs(GstPad* pad, std::shared_ptr<const EntryWish> wish, std::shared_ptr<Successor> successor);
 
 }  // namespace gstreamer

@@ -178,6 +178,14 @@ int ParsePut(Words& words, Command& command) {
     return ParseNothing(words, command);
 }
 
+int ParseFollow(Words& words, Command& command) {
+    if (words.Skip("by")) {
+        if (words.Empty()) return kMissingParameter;
+        command.file = words.Take();
+    }
+    return ParseNothing(words, command);
+}
+
 struct Syntax {
     std::string_view word;
     Verb verb;
@@ -196,6 +204,7 @@ constexpr std::array kSyntax = {
     Syntax{"setaudio", Verb::SetAudio, ParseSetAudio},
     Syntax{"status", Verb::Status, ParseStatus},
     Syntax{"put", Verb::Put, ParsePut},
+    Syntax{"follow", Verb::Follow, ParseFollow},
 };
 
 const Syntax* FindSyntax(std::string_view word) {

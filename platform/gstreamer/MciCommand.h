@@ -24,7 +24,8 @@ enum class Verb {
     SetSpeed,
     SetAudio,
     Status,
-    Put
+    Put,
+    Follow
 };
 enum class Channel { Both, Left, Right };
 enum class TimeFormat { Frames, Milliseconds };
@@ -45,6 +46,7 @@ struct Command {
     TimeFormat format = TimeFormat::Frames;
     Item item = Item::Mode;
     std::array<int, 4> place{};  ///< put: x, y, width, height
+    std::string file;            ///< follow: what is to be heard next; empty for nothing
 };
 
 /// Fills `command` and returns 0, or returns the number of the error.

@@ -14,7 +14,7 @@ constexpr std::chrono::seconds kFarewell{1};
 
 // Only what needs no answer and no place of its own can be told to all devices.
 bool CanBeForAll(Verb verb) {
-    return verb != Verb::Status && verb != Verb::Put;
+    return verb != Verb::Status && verb != Verb::Put && verb != Verb::Follow;
 }
 
 }  // namespace
@@ -43,6 +43,8 @@ std::string MediaEngine::ErrorString(int error) const {
 }
 
 int MediaEngine::Run(const Command& command, std::string& answer) {
+    // What follows a song is opened at once, or nobody wants it.
+    const std::unique_ptr<Device> unwanted = command.verb == Verb::Open ? nullptr : std::move(follower_);
     if (command.verb == Verb::Open) return Open(command);
     if (command.target == "all") return RunOnAll(command);
     const auto found = devices_.find(command.target);
@@ -58,6 +60,8 @@ int MediaEngine::Open(const Command& command) {
         return kTypeNotInstalled;
     const std::string path = resolve_(command.target);
     if (path.empty()) return kFileNotFound;
+    if (TakeFollower(path, command.alias)) return kNoError;
+    follower_.reset();
     auto device = std::make_unique<Device>(threads_);
     const int error =
         device->Open({.native_path = path, .parent = command.parent, .likely_speed = last_speed_});
@@ -65,12 +69,39 @@ int MediaEngine::Open(const Command& command) {
     return error;
 }
 
+/// What is heard already when it is opened goes on under the alias. The song that it followed, where that is
+/// still open, keeps its own.
+bool MediaEngine::TakeFollower(const std::string& path, const std::string& alias) {
+    if (follower_ != nullptr && follower_->BecomeFollower(path)) {
+        devices_[alias] = std::move(follower_);
+        return true;
+    }
+    for (auto& [other, device] : devices_) {
+        auto left = device->LeftBy(path);
+        if (left == nullptr) continue;
+        std::swap(left, device);
+        devices_[alias] = std::move(left);
+        return true;
+    }
+    return false;
+}
+
+int MediaEngine::Follow(Device& device, const Command& command) {
+    const std::string path = command.file.empty() ? std::string() : resolve_(command.file);
+    if (path.empty() && !command.file.empty()) return kFileNotFound;
+    device.Follow(path);
+    return kNoError;
+}
+
 void MediaEngine::Close(const std::string& alias) {
-    devices_.erase(alias);
+    const auto found = devices_.find(alias);
+    if (found->second->IsFollowed()) follower_ = std::move(found->second);
+    devices_.erase(found);
 }
 
 int MediaEngine::CloseAll() {
     devices_.clear();
+    follower_.reset();
     return kNoError;
 }
 
@@ -108,6 +139,8 @@ int MediaEngine::RunOnDevice(Device& device, const Command& command, std::string
         case Verb::SetTimeFormat:
             device.SetTimeFormat(command.format);
             break;
+        case Verb::Follow:
+            return Follow(device, command);
         case Verb::Put:
             device.PutPicture(command.place);
             break;

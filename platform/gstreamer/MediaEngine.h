@@ -43,11 +43,14 @@ private:
     int RunOnAll(const Command& command);
     int RunOnDevice(Device& device, const Command& command, std::string& answer);
     int SetSpeed(Device& device, std::int64_t speed);
+    bool TakeFollower(const std::string& path, const std::string& alias);
+    int Follow(Device& device, const Command& command);
     void Close(const std::string& alias);
 
     Resolver resolve_;
     std::map<std::string, std::unique_ptr<Device>> devices_;
-    int last_speed_ = 1000;  // a player tells each song the same
+    std::unique_ptr<Device> follower_;  // of a song that was just closed
+    int last_speed_ = 1000;             // a player tells each song the same
     std::shared_ptr<Threads> threads_ = std::make_shared<Threads>();
 };
 

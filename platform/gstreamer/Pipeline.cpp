@@ -12,6 +12,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/gstreamer/Guard.h"
 #include "platform/gstreamer/MciErrors.h"
 #include "platform/gstreamer/MidiFile.h"
 #include "platform/gstreamer/Playout.h"
@@ -146,13 +147,30 @@ void EventQueue::Add(PipelineEvent event) {
     wake_();
 }
 
+void EventQueue::Fail() noexcept {
+    failed_ = true;
+    Guarded(
+        false,
+        [this] {
+            // Who is about to wait has looked at the flag by now, or has not yet.
+            mutex_.lock();
+            mutex_.unlock();
+            added_.notify_all();
+            wake_();
+            return true;
+        },
+        [] {});
+}
+
 void EventQueue::Clear() {
     const std::lock_guard lock(mutex_);
     events_.clear();
+    failed_ = false;
 }
 
 PipelineEvent EventQueue::Take() {
     const std::lock_guard lock(mutex_);
+    if (failed_.exchange(false)) return PipelineEvent::Broken;
     if (events_.empty()) return PipelineEvent::None;
     const PipelineEvent event = events_.front();
     events_.pop_front();
@@ -163,6 +181,10 @@ int EventQueue::WaitUntilReady(std::chrono::milliseconds timeout) {
     std::unique_lock lock(mutex_);
     int error = kNotReady;
     const auto decided = [&] {
+        if (failed_.exchange(false)) {
+            error = kInvalidFile;
+            return true;
+        }
         for (auto event = events_.begin(); event != events_.end(); ++event) {
             if (*event != PipelineEvent::Ready && *event != PipelineEvent::Broken) continue;
             error = *event == PipelineEvent::Ready ? kNoError : kInvalidFile;
@@ -245,6 +267,7 @@ bool Pipeline::Build(const std::string& native_path, std::int64_t parent, bool s
     entry_ = std::make_shared<EntryWish>();
     entry_->recording = RecordingOfFile(native_path);
     entry_->rate = rate;
+    successor_ = std::make_shared<Successor>();
     playbin_ = gst_element_factory_make("playbin", nullptr);
     if (playbin_ == nullptr) return false;
     gst_object_ref_sink(playbin_);
@@ -254,7 +277,8 @@ bool Pipeline::Build(const std::string& native_path, std::int64_t parent, bool s
     g_object_set(playbin_, "uri", uri, "flags", kPlayPicturesAndSound, "audio-sink", sound_, "video-sink",
                  picture_, nullptr);
     g_free(uri);
-    if (!IsWholeMidiFile(native_path)) RefuseMidi(playbin_);
+    may_be_followed_ = !IsWholeMidiFile(native_path);
+    if (may_be_followed_) RefuseMidi(playbin_);
     TakeMessages();
     return true;
 }
@@ -267,6 +291,22 @@ void Pipeline::TakeMessages() {
     gst_bus_set_sync_handler(bus, OnMessage, new Owner(events_),
                              [](gpointer events) { delete static_cast<Owner*>(events); });
     gst_object_unref(bus);
+}
+
+void Pipeline::Follow(const std::string& native_path, double rate) {
+    const bool can_follow = !native_path.empty() && may_be_followed_ && CheckFile(native_path) == kNoError &&
+                            !IsWholeMidiFile(native_path);
+    auto entry = std::make_shared<EntryWish>();
+    if (can_follow) entry->recording = RecordingOfFile(native_path);
+    entry->rate = rate;
+    successor_->Wish(can_follow ? native_path : std::string(), std::move(entry));
+}
+
+std::string Pipeline::BecomeFollower() {
+    std::string path = successor_->TakenPath();
+    if (auto entry = successor_->Settle()) entry_ = std::move(entry);
+    origin_ = entry_->recording.begin;
+    return path;
 }
 
 // An error of a file can get lost between the threads of a playbin; then none of them works and nothing is
@@ -402,7 +442,8 @@ GstElement* Pipeline::MakeSoundBin(bool silent) {
     gst_bin_add_many(GST_BIN(bin), tempo, convert, resample, stereo, ahead, sink, nullptr);
     gst_element_link_many(tempo, convert, resample, stereo, ahead, sink, nullptr);
     GstPad* const entry = gst_element_get_static_pad(tempo, "sink");
-    TakeAs(entry, entry_);
+    TakeAs(entry, entry_, successor_);
+    LetFollow(playbin_, sink, successor_);
     gst_element_add_pad(bin, gst_ghost_pad_new("sink", entry));
     gst_object_unref(entry);
     return bin;
@@ -428,9 +469,7 @@ GstElement* Pipeline::MakePictureSink(std::int64_t parent) {
     return sink;
 }
 
-// No message needs the bus: the few that count become events where they are made.
-GstBusSyncReply Pipeline::OnMessage(GstBus* /*bus*/, GstMessage* message, void* events) {
-    EventQueue& queue = **static_cast<std::shared_ptr<EventQueue>*>(events);
+void Pipeline::Note(GstMessage* message, EventQueue& queue) {
     switch (GST_MESSAGE_TYPE(message)) {
         case GST_MESSAGE_EOS:
             queue.Add(PipelineEvent::Ended);
@@ -444,12 +483,27 @@ GstBusSyncReply Pipeline::OnMessage(GstBus* /*bus*/, GstMessage* message, void* 
         case GST_MESSAGE_ASYNC_DONE:
             queue.Add(PipelineEvent::Ready);
             break;
+        case GST_MESSAGE_STREAM_START:
+            queue.Add(PipelineEvent::Begun);
+            break;
         case GST_MESSAGE_STREAM_STATUS:
             SetPriority(message);
             break;
         default:
             break;
     }
+}
+
+// No message needs the bus: the few that count become events where they are made.
+GstBusSyncReply Pipeline::OnMessage(GstBus* /*bus*/, GstMessage* message, void* events) {
+    EventQueue& queue = **static_cast<std::shared_ptr<EventQueue>*>(events);
+    Guarded(
+        false,
+        [message, &queue] {
+            Note(message, queue);
+            return true;
+        },
+        [&queue] { queue.Fail(); });
     gst_message_unref(message);
     return GST_BUS_DROP;
 }

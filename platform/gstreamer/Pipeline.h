@@ -8,6 +8,7 @@
 #include <gst/gst.h>
 
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
@@ -22,6 +23,7 @@
 #include "platform/gstreamer/Entry.h"
 #include "platform/gstreamer/Gain.h"
 #include "platform/gstreamer/PictureWindow.h"
+#include "platform/gstreamer/Successor.h"
 
 namespace gstreamer {
 
@@ -32,13 +34,15 @@ struct MediaFacts {
     bool is_video = false;
 };
 
-enum class PipelineEvent { None, Ready, Ended, Broken, LengthChanged };
+enum class PipelineEvent { None, Ready, Ended, Broken, LengthChanged, Begun };
 
 /// What GStreamer's threads report, for the worker to take.
 class EventQueue final {
 public:
     explicit EventQueue(std::function<void()> wake) : wake_(std::move(wake)) {}
     void Add(PipelineEvent event);
+    /// As adding Broken, for where an event could not be added.
+    void Fail() noexcept;
     void Clear();
     PipelineEvent Take();
     /// Takes Ready or Broken out: 0, or the number of the error.
@@ -49,6 +53,7 @@ private:
     std::mutex mutex_;
     std::condition_variable added_;
     std::deque<PipelineEvent> events_;
+    std::atomic<bool> failed_ = false;
 };
 
 class Pipeline final {
@@ -83,6 +88,16 @@ public:
     PipelineEvent TakeEvent() { return events_->Take(); }
     bool IsSilent() const { return silent_; }
 
+    /// What is to be heard after this without a gap, at the speed `rate`; empty for nothing. Sound only, and
+    /// no MIDI file; nothing else is taken. Counts until the first of it goes to the speaker.
+    void Follow(const std::string& native_path, double rate);
+    /// What follows is being read already, so a jump would meet it.
+    bool IsReadingOn() const { return successor_->Taken() != nullptr; }
+    /// With the event Begun: what follows is what is heard.
+    bool HasBeenFollowed() const { return successor_->HasEntered(); }
+    /// From here on it is the file of this pipeline, whose path is returned.
+    std::string BecomeFollower();
+
 private:
     void Close();
     bool Build(const std::string& native_path, std::int64_t parent, bool silent, double rate);
@@ -97,10 +112,12 @@ private:
     GstElement* MakePictureSink(std::int64_t parent);
     void ShowPicture();
     void TakeMessages();
+    static void Note(GstMessage* message, EventQueue& queue);
     static GstBusSyncReply OnMessage(GstBus* bus, GstMessage* message, void* events);
 
     std::shared_ptr<Gain> gain_;
     std::shared_ptr<EntryWish> entry_ = std::make_shared<EntryWish>();
+    std::shared_ptr<Successor> successor_ = std::make_shared<Successor>();
     std::function<void()> wake_;
     // Of this try; a thread that reports later holds on to the one it knows.
     std::shared_ptr<EventQueue> events_;
@@ -110,6 +127,7 @@ private:
     std::unique_ptr<PictureWindow> window_;
     std::int64_t origin_ = 0;  // where the file's own count of time begins
     bool silent_ = false;
+    bool may_be_followed_ = false;
 };
 
 /// Starts GStreamer; later calls wait for the first and do nothing more. False when it cannot start.

@@ -5,6 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "platform/gstreamer/Guard.h"
+
 namespace gstreamer {
 namespace {
 
@@ -67,7 +69,10 @@ public:
         : sink_(sink), chain_(chain), gain_(std::move(gain)), on_empty_(std::move(on_empty)) {}
 
     static GstFlowReturn Chain(GstPad* pad, GstObject* parent, GstBuffer* buffer) {
-        return static_cast<Playout*>(pad->chaindata)->Take(pad, parent, buffer);
+        auto& playout = *static_cast<Playout*>(pad->chaindata);
+        return Guarded(
+            GST_FLOW_ERROR, [&] { return playout.Take(pad, parent, buffer); },
+            [&playout] { ReportBroken(playout.sink_); });
     }
     static void Free(gpointer self) { const std::unique_ptr<Playout> playout(static_cast<Playout*>(self)); }
 

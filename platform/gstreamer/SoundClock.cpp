@@ -6,6 +6,8 @@
 #include <mutex>
 #include <utility>
 
+#include "platform/gstreamer/Guard.h"
+
 namespace gstreamer {
 namespace {
 
@@ -31,7 +33,9 @@ public:
 
     static GstClockTime Next(GstClock* clock, gpointer self) {
         auto& answers = *static_cast<Answers*>(self);
-        return answers.Judge(answers.func_(clock, answers.user_data_));
+        return Guarded(
+            GST_CLOCK_TIME_NONE, [&] { return answers.Judge(answers.func_(clock, answers.user_data_)); },
+            [] {});
     }
     static void Free(gpointer self) { const std::unique_ptr<Answers> answers(static_cast<Answers*>(self)); }
 

@@ -29,6 +29,13 @@ constexpr std::chrono::milliseconds kServerGlance{300};
 constexpr std::chrono::milliseconds kSeldomGlance{3000};
 constexpr int kGlancesOfARestart = 100;
 constexpr std::chrono::seconds kSoonAgain{2};
+// What follows a song plays for so long before somebody opens it, and after that is not wanted. A player that
+// is held up opens it late; one that closed the song opens at once.
+constexpr std::chrono::seconds kFollowerIsOpened{2};
+// A player that opened it plays it, and tells speed and levels, within these.
+constexpr std::chrono::milliseconds kFollowerIsPlayed{500};
+constexpr std::chrono::milliseconds kFollowersSpeed{100};
+constexpr std::chrono::milliseconds kFollowersLevel{20};
 
 double RateOf(int speed) {
     return std::clamp(speed / kNormalSpeed, kSlowest, kFastest);
@@ -40,6 +47,7 @@ public:
     explicit Worker(const std::shared_ptr<DeviceShare>& share)
         : weak_share_(share),
           share_(*share),
+          request_(share->request),
           pipeline_(share->gain, [weak = std::weak_ptr(share)] { Wake(weak); }) {}
 
     void Run() {
@@ -48,13 +56,16 @@ public:
         while (!share_.closing) {
             Wait(lock);
             if (share_.closing) break;
+            if (share_.follower.taken) TakeOver(lock);
+            if (IsFollowed() && !HasDroppedFollower(lock)) continue;
             WaitForStart(lock);
             TakeEvents(lock);
             GoOnAloud(lock);
             Fulfil(lock);
             LookForServer();
         }
-        const bool is_heard = playing_ && share_.wish.playing && !ended_;
+        const bool is_heard =
+            IsFollowed() || share_.follower.taken || (playing_ && share_.wish.playing && !ended_);
         lock.unlock();
         if (is_heard) EndSoftly();
     }
@@ -72,7 +83,7 @@ private:
     }
 
     bool Open() {
-        const int error = OpenPipeline(false, RateOf(share_.request.likely_speed));
+        const int error = OpenPipeline(false, RateOf(request_.likely_speed));
         const MediaFacts facts = error == kNoError ? pipeline_.Facts() : MediaFacts();
         const std::lock_guard lock(share_.mutex);
         share_.facts = facts;
@@ -85,13 +96,17 @@ private:
     }
 
     int OpenPipeline(bool silent, double rate = 1) {
-        return pipeline_.Open(share_.request.native_path, share_.request.parent, silent, rate);
+        return pipeline_.Open(request_.native_path, request_.parent, silent, rate);
     }
 
     // The sound of a jump or a start comes a little later than was asked; so the place is looked at once
     // more.
     void Wait(Lock& lock) {
         const auto is_needed = [this] { return IsNeeded(); };
+        if (IsFollowed()) {
+            share_.changed.wait_until(lock, follower_until_, is_needed);
+            return;
+        }
         if (std::exchange(settling_, false) && !share_.changed.wait_for(lock, kSettling, is_needed)) return;
         if (pipeline_.IsSilent() && !ended_) {
             share_.changed.wait_for(lock, glances_ < kGlancesOfARestart ? kServerGlance : kSeldomGlance,
@@ -104,13 +119,14 @@ private:
     bool IsNeeded() const {
         const Wish& wish = share_.wish;
         return share_.closing || share_.event || share_.place_wanted ||
-               (share_.server_found && wish.playing) || wish.jump != jump_ || wish.stop != stop_ ||
+               (share_.server_found && wish.playing) || wish.next != next_ || share_.follower.taken ||
+               (IsFollowed() && share_.follower.refused) || wish.jump != jump_ || wish.stop != stop_ ||
                (wish.playing && RateOf(wish.speed) != rate_) || wish.playing != playing_ || wish.put != put_;
     }
 
     void WaitForStart(Lock& lock) {
         if (!share_.wish.playing || started_) return;
-        if (share_.request.parent != 0) {
+        if (request_.parent != 0) {
             share_.changed.wait_for(lock, kPlaceFollows,
                                     [this] { return share_.wish.put > 0 || share_.closing; });
             return;
@@ -127,7 +143,74 @@ private:
             if (event == PipelineEvent::Ended) HasEnded();
             if (event == PipelineEvent::Broken) GoOn(lock);
             if (event == PipelineEvent::LengthChanged) Measure(lock);
+            if (event == PipelineEvent::Begun && pipeline_.HasBeenFollowed()) LeaveToFollower(lock);
         }
+    }
+
+    bool IsFollowed() const { return !share_.follower.path.empty(); }
+
+    /// For the device the song is over; the pipeline plays on.
+    void LeaveToFollower(Lock& lock) {
+        lock.unlock();
+        const std::string path = pipeline_.BecomeFollower();
+        const MediaFacts facts = pipeline_.Facts();
+        lock.lock();
+        share_.follower = {.path = path, .facts = facts, .refused = false, .taken = false};
+        follower_until_ = Anchor::Clock::now() + kFollowerIsOpened;
+        HasEnded();
+        playing_ = false;
+    }
+
+    /// True when the follower is not wanted, or no longer; its song is at its end then.
+    bool HasDroppedFollower(Lock& lock) {
+        const Wish& wish = share_.wish;
+        const bool is_unwanted = share_.follower.refused || wish.playing || wish.jump != jump_;
+        if (is_unwanted || Anchor::Clock::now() >= follower_until_) {
+            DropFollower(lock);
+            return true;
+        }
+        share_.event = share_.place_wanted = false;
+        put_ = wish.put;
+        next_ = wish.next;
+        return false;
+    }
+
+    void DropFollower(Lock& lock) {
+        share_.follower = {};
+        lock.unlock();
+        pipeline_.Pause();
+        OpenPipeline(pipeline_.IsSilent());
+        lock.lock();
+        put_ = next_ = 0;
+    }
+
+    /// The device is that of the follower, which is heard already. What a player tells at a start is waited
+    /// for.
+    void TakeOver(Lock& lock) {
+        request_ = share_.request;
+        const auto tells = [&](std::chrono::milliseconds patience, const bool& told) {
+            share_.changed.wait_for(lock, patience, [&] { return told || share_.closing; });
+        };
+        tells(kFollowerIsPlayed, share_.wish.playing);
+        tells(kFollowersSpeed, share_.wish.speed_told);
+        share_.changed.wait_for(lock, kFollowersLevel, [this] { return share_.closing; });
+        share_.follower = {};
+        OpenLevels();
+        playing_ = started_ = true;
+        ended_ = false;
+        stop_ = -1;
+        next_ = 0;
+        if (share_.wish.playing) return;
+        // Nobody played it: it waits at its start.
+        ++share_.wish.jump;
+        share_.wish.jump_to = 0;
+    }
+
+    // A song's levels begin as they are in every new one, unless the player tells others.
+    void OpenLevels() {
+        if (!std::exchange(share_.levels_open, false)) return;
+        share_.gain->SetLeft(Gain::kFull);
+        share_.gain->SetRight(Gain::kFull);
     }
 
     void HasEnded() {
@@ -160,7 +243,7 @@ private:
         if (goes_on && playing_) pipeline_.Play();
         lock.lock();
         if (!goes_on) HasEnded();
-        put_ = 0;
+        put_ = next_ = 0;
         share_.place_wanted = true;
     }
 
@@ -195,7 +278,7 @@ private:
         const bool goes_on = is_as_it_was || (error == kNoError && pipeline_.Seek(place, stop_, rate_));
         if (goes_on && playing_ && !is_as_it_was) pipeline_.Play();
         lock.lock();
-        put_ = 0;
+        put_ = next_ = 0;
         settling_ = true;
         if (!goes_on) HasEnded();
     }
@@ -220,6 +303,8 @@ private:
         const Wish wish = share_.wish;
         share_.place_wanted = false;
         lock.unlock();
+        if (wish.next != next_) pipeline_.Follow(wish.next_path, RateOf(wish.speed));
+        next_ = wish.next;
         if (playing_ && !wish.playing) SetPlaying(false);
         settling_ = Move(wish) || wish.playing != playing_;
         if (wish.playing != playing_) SetPlaying(wish.playing);
@@ -247,11 +332,25 @@ private:
         jump_ = wish.jump;
         ended_ = false;
         NoteLevels();
-        pipeline_.Seek(position, stop_, rate_);
+        Jump(position, wish);
         // A jump that meets the start of playing can leave the pipeline paused.
         if (playing_) pipeline_.Play();
         last_place_ = position;
         return true;
+    }
+
+    /// A jump would meet what follows once that is being read; then the file is opened again.
+    void Jump(std::int64_t position, const Wish& wish) {
+        const auto read_anew = [this] {
+            if (pipeline_.IsReadingOn()) OpenPipeline(pipeline_.IsSilent());
+        };
+        read_anew();
+        pipeline_.Seek(position, stop_, rate_);
+        if (pipeline_.IsReadingOn()) {
+            read_anew();
+            pipeline_.Seek(position, stop_, rate_);
+        }
+        if (!wish.next_path.empty()) pipeline_.Follow(wish.next_path, rate_);
     }
 
     // What was made ready before the first play, or waits in the sound server since a pause, has the levels
@@ -294,7 +393,10 @@ private:
 
     std::weak_ptr<DeviceShare> weak_share_;
     DeviceShare& share_;
+    OpenRequest request_;
     Pipeline pipeline_;
+    std::int64_t next_ = 0;
+    Anchor::Clock::time_point follower_until_;
     std::int64_t jump_ = 0;
     std::int64_t stop_ = -1;
     std::int64_t put_ = 0;

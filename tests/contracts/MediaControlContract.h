@@ -51,9 +51,9 @@ protected:
 TYPED_TEST_SUITE_P(MediaControlContract);
 
 TYPED_TEST_P(MediaControlContract, AnAliasThatIsNotOpenIsRefusedByEveryCommand) {
-    for (const char* command :
-         {"play a", "pause a", "resume a", "stop a", "close a", "seek a to 1", "set a time format ms",
-          "set a speed 1000", "setaudio a volume to 1", "status a mode", "put a window at 0 0 1 1"}) {
+    for (const char* command : {"play a", "pause a", "resume a", "stop a", "close a", "seek a to 1",
+                                "set a time format ms", "set a speed 1000", "setaudio a volume to 1",
+                                "status a mode", "put a window at 0 0 1 1", "follow a"}) {
         EXPECT_EQ(this->Send(command), 263) << command;
     }
 }
@@ -329,6 +329,69 @@ TYPED_TEST_P(MediaControlContract, OnlyAQuestionIsAnsweredWithAText) {
     EXPECT_EQ(this->media_.SendString("status a mode").text, "stopped");
 }
 
+TYPED_TEST_P(MediaControlContract, WhatIsToFollowIsNotSeenUntilItIsOpened) {
+    const std::string song = this->bench_.Song();
+    this->Open(song);
+    EXPECT_EQ(this->Send("follow a by " + song), 0);
+    this->Send("play a");
+    this->bench_.Pass(400);
+    EXPECT_EQ(this->Ask("status a mode"), "playing");
+    EXPECT_GT(this->AskNumber("status a position"), 100);
+
+    this->bench_.Pass(2000);
+
+    EXPECT_EQ(this->Ask("status a mode"), "stopped");
+    EXPECT_EQ(this->Ask("status a position"), "2000");
+}
+
+TYPED_TEST_P(MediaControlContract, WhatFollowsIsOpenedAndPlayedAsEver) {
+    const std::string song = this->bench_.Song();
+    for (const std::string alias : {"a", "b"}) {
+        this->Open(song);
+        this->Send("follow a by " + song);
+        this->Send("play a");
+        this->bench_.Pass(2200);
+
+        this->Send("close " + alias);
+        EXPECT_EQ(this->Open(song, alias), 0);
+        EXPECT_EQ(this->Ask("status " + alias + " position"), "0");
+        EXPECT_EQ(this->Send("play " + alias + " from 0 to 2000"), 0);
+        this->bench_.Pass(400);
+
+        EXPECT_EQ(this->Ask("status " + alias + " mode"), "playing");
+        EXPECT_GT(this->AskNumber("status " + alias + " position"), 100);
+        EXPECT_LT(this->AskNumber("status " + alias + " position"), 1500);
+        EXPECT_EQ(this->Ask("status " + alias + " volume"), "1000");
+        this->Send("close all");
+    }
+}
+
+TYPED_TEST_P(MediaControlContract, TheSongThatWasFollowedCanBePlayedAgain) {
+    const std::string song = this->bench_.Song();
+    this->Open(song);
+    this->Send("follow a by " + song);
+    this->Send("play a");
+    this->bench_.Pass(2200);
+
+    EXPECT_EQ(this->Send("play a from 500"), 0);
+    this->bench_.Pass(400);
+
+    EXPECT_EQ(this->Ask("status a mode"), "playing");
+    EXPECT_GT(this->AskNumber("status a position"), 550);
+    EXPECT_LT(this->AskNumber("status a position"), 1800);
+}
+
+TYPED_TEST_P(MediaControlContract, WhatIsToFollowCanBeTakenBack) {
+    const std::string song = this->bench_.Song();
+    this->Open(song);
+    this->Send("follow a by " + song);
+
+    EXPECT_EQ(this->Send("follow a"), 0);
+    EXPECT_EQ(this->Send("follow a by " + this->bench_.Missing()), 0) << "no file is looked at";
+    EXPECT_EQ(this->Send("follow a by"), 273);
+    EXPECT_EQ(this->Send("follow a with " + song), 259);
+}
+
 TYPED_TEST_P(MediaControlContract, ErrorsHaveTextsAndOtherNumbersNone) {
     EXPECT_EQ(this->media_.ErrorString(0), "");
     EXPECT_EQ(this->media_.ErrorString(263), "The specified device is not open or is not recognized by MCI.");
@@ -344,6 +407,8 @@ REGISTER_TYPED_TEST_SUITE_P(
     PlacesAreNumbers, PlayingStopsAtTheGivenEnd, AtTheEndOfTheFileItStopsThere, ChannelsKeepTheirOwnLevels,
     BothChannelsAreSetAtOnce, LevelsAndSpeedsHaveLimits, TwoAliasesRunOnTheirOwn, AClosedAliasIsFreeAgain,
     CloseAllClosesWhateverIsOpen, ThePictureCanBePut, UnknownWordsAreRefused,
-    OnlyAQuestionIsAnsweredWithAText, ErrorsHaveTextsAndOtherNumbersNone);
+    OnlyAQuestionIsAnsweredWithAText, WhatIsToFollowIsNotSeenUntilItIsOpened,
+    WhatFollowsIsOpenedAndPlayedAsEver, TheSongThatWasFollowedCanBePlayedAgain, WhatIsToFollowCanBeTakenBack,
+    ErrorsHaveTextsAndOtherNumbersNone);
 
 }  // namespace contracts

@@ -93,6 +93,7 @@ int FakeMediaControl::Run(const Words& words, std::string& answer) {
     if (verb == "setaudio") return SetAudio(*device, words);
     if (verb == "play") return Play(*device, words);
     if (verb == "seek") return Seek(*device, words);
+    if (verb == "follow") return Follow(*device, words);
     if (verb == "put") return 0;
     if (verb == "pause") {
         if (device->mode == "playing") device->mode = "paused";
@@ -205,6 +206,14 @@ int FakeMediaControl::Seek(Device& device, const Words& words) {
     return 0;
 }
 
+// Opening takes no time here, so there is nothing to hear of it.
+int FakeMediaControl::Follow(Device& device, const Words& words) {
+    if (words.size() > 2 && Lower(words, 2) != "by") return kUnrecognisedKeyword;
+    if (words.size() == 3) return kMissingParameter;
+    device.next = words.size() > 3 ? words[3] : std::string();
+    return 0;
+}
+
 double FakeMediaControl::ToldLength(const Device& device) {
     return device.media.tells_length ? static_cast<double>(device.media.milliseconds) : 0;
 }
@@ -271,6 +280,11 @@ bool FakeMediaControl::IsOpen(std::string_view alias) const {
 std::string FakeMediaControl::Mode(std::string_view alias) const {
     const Device* const device = Find(alias);
     return device != nullptr ? device->mode : std::string();
+}
+
+std::string FakeMediaControl::NextOf(std::string_view alias) const {
+    const Device* const device = Find(alias);
+    return device != nullptr ? device->next : std::string();
 }
 
 std::string FakeMediaControl::PathOf(std::string_view alias) const {

@@ -48,6 +48,8 @@ public:
     bool IsOpen(std::string_view alias) const;
     /// "playing", "paused", "stopped"; empty when it is not open.
     std::string Mode(std::string_view alias) const;
+    /// What it was told to go on with; empty for nothing.
+    std::string NextOf(std::string_view alias) const;
     /// The path it was opened with; empty when it is not open.
     std::string PathOf(std::string_view alias) const;
     /// Device units, 0 to 1000; -1 when it is not open.
@@ -69,6 +71,7 @@ public:
 private:
     struct Device {
         std::string path;
+        std::string next;
         FakeMedia media;
         std::string mode = "stopped";
         bool in_milliseconds = false;
@@ -89,6 +92,7 @@ private:
     int SetAudio(Device& device, const Words& words);
     int Play(Device& device, const Words& words);
     int Seek(Device& device, const Words& words);
+    int Follow(Device& device, const Words& words);
     static double ToldLength(const Device& device);
     static int ReadPlace(const Device& device, const std::string& word, double& milliseconds);
     Device* Find(std::string_view alias);

@@ -129,6 +129,44 @@ TEST(MissingTracks, RepeatOfAFileThatIsGoneTriesItOnceForEachRow) {
     EXPECT_EQ(house.controls.queue.lstNowPlaying.ListIndex(), 0) << "the order did not move";
 }
 
+TEST(MissingTracks, AListOfFilesThatEndTheirDecoderEndsInTheBox) {
+    PlayerHouse house;
+    for (const char* name : {"1.mp3", "2.mp3", "3.mp3"})
+        house.AddTrack(name, house.AddSong(name));
+    house.DoubleClickTrack(0);
+
+    for (int starts = 0; starts < 10 && house.dialogs.Boxes.empty(); ++starts) {
+        house.RunFor(200);
+        house.device.SendString("close a");
+        house.device.SendString("close b");
+        house.RunFor(50);
+    }
+
+    ASSERT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(house.dialogs.Boxes[0].text, "Every track in this playlist is missing!");
+    EXPECT_EQ(house.history.Rows.size(), 3U) << "each was tried once";
+    EXPECT_TRUE(house.state.PlayerStopped);
+    house.RunFor(1000);
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+}
+
+TEST(MissingTracks, ASongThatWasHeardBeforeItsDecoderEndedIsNotCounted) {
+    PlayerHouse house;
+    for (const char* name : {"1.mp3", "2.mp3"})
+        house.AddTrack(name, house.AddSong(name));
+    house.DoubleClickTrack(0);
+
+    for (int starts = 0; starts < 5; ++starts) {
+        house.RunFor(8'000);
+        house.device.SendString("close a");
+        house.device.SendString("close b");
+        house.RunFor(50);
+    }
+
+    EXPECT_TRUE(house.dialogs.Boxes.empty());
+    EXPECT_FALSE(house.state.PlayerStopped);
+}
+
 TEST(MissingTracks, GetsThroughAVeryLongListOfMissingTracks) {
     PlayerHouse house;
     for (int i = 0; i < 100'000; ++i)

@@ -37,7 +37,8 @@ const std::regex& CommandShapes() {
                                    R"(|set [ab]? speed -?\d+)"
                                    R"(|seek [ab]? to -?\d+)"
                                    R"(|setaudio [ab]? ((left|right) )?Volume to (1000|\d{1,3}))"
-                                   R"(|put [ab]? window at 0 0 -?\d+ -?\d+)");
+                                   R"(|put [ab]? window at 0 0 -?\d+ -?\d+)"
+                                   R"(|follow [ab]( by \S+)?)");
     return shapes;
 }
 

@@ -168,6 +168,35 @@ TEST_F(PlayingStory, AMissingFileGivesItsNoticeAndTheNextSongPlays) {
     EXPECT_EQ(Playing("a"), "Moon - Fall.mp3");
 }
 
+TEST_F(PlayingStory, AListOfFilesThatEndTheirDecoderEndsInTheNoticeOfMissingOnes) {
+    PlayTrack(0);
+
+    for (int starts = 0; starts < 8 && program.dialogs.Boxes.empty(); ++starts) {
+        program.Wait(200);
+        computer.media.SendString("close all");
+        program.Wait(50);
+    }
+
+    EXPECT_EQ(program.BoxTexts(), (Texts{"Every track in this playlist is missing!"}));
+    program.Wait(2000);
+    EXPECT_EQ(program.dialogs.Boxes.size(), 1U);
+    EXPECT_TRUE(computer.media.Mode("a").empty());
+}
+
+TEST_F(PlayingStory, WithTheFadeOffTheNextSongIsTheDevicesBeforeAnybodyIsToldOfIt) {
+    PlayTrack(0);
+    program.Click(program.Browser().menus.mnuFadeOff);
+
+    program.Wait(15'000);
+
+    EXPECT_EQ(computer.media.NextOf("a"), computer.files.GetShortPathName(fall));
+    EXPECT_EQ(Playing("a"), computer.files.NameInFolder(rise));
+    const auto history = computer.database.Rows(scenario::kHistoryPath, "tblHistory").size();
+    program.Wait(6'000);
+    EXPECT_EQ(Playing("a"), computer.files.NameInFolder(fall));
+    EXPECT_EQ(computer.database.Rows(scenario::kHistoryPath, "tblHistory").size(), history + 1);
+}
+
 TEST_F(PlayingStory, APathInTheAddressRowIsPlayedAndAddedToTheLibrary) {
     computer.AddSong("C:\\Music\\Star - Shine.mp3");
 

@@ -205,4 +205,25 @@ TEST_F(MediaProcessesTest, WithoutTheDecodersProgramNoSongOpensAndNothingHangs) 
     EXPECT_LT(SecondsSince(begin), 1);
 }
 
+TEST_F(MediaProcessesTest, WhatFollowsIsOpenedInTheProcessOfTheSongBefore) {
+    // Long enough not to be read to its end before it is told what follows.
+    const std::string brief = files.Make("brief.wav", {.seconds = 4});
+    ASSERT_EQ(Send("open \"" + brief + "\" type MPEGVideo alias b"), 0);
+    ASSERT_EQ(Send("follow b by \"" + song + "\""), 0);
+    ASSERT_EQ(Send("play b"), 0);
+    const pid_t before = media.ProcessOf("b");
+    std::this_thread::sleep_for(4300ms);
+
+    ASSERT_EQ(Play("a"), 0);
+
+    EXPECT_EQ(media.ProcessOf("a"), before);
+    std::this_thread::sleep_for(300ms);
+    EXPECT_GT(Place("a"), 450) << "it played already";
+    EXPECT_EQ(media.SendString("status b mode").text, "stopped");
+    EXPECT_EQ(Place("b"), 4000);
+    ASSERT_EQ(Send("close b"), 0);
+    ASSERT_EQ(Play("b"), 0);
+    EXPECT_NE(media.ProcessOf("b"), before) << "two songs that are heard have a process each";
+}
+
 }  // namespace

@@ -101,6 +101,14 @@ TEST(MciCommand, StatusKnowsItsItems) {
     EXPECT_EQ(Parsed("status a Right Volume").channel, Channel::Right);
 }
 
+TEST(MciCommand, FollowHasAFileOrNone) {
+    const Command follow = Parsed("follow A by C:\\song.mp3");
+    EXPECT_EQ(follow.verb, Verb::Follow);
+    EXPECT_EQ(follow.target, "a");
+    EXPECT_EQ(follow.file, "C:\\song.mp3");
+    EXPECT_EQ(Parsed("follow a").file, "");
+}
+
 TEST(MciCommand, PutHasFourCoordinates) {
     const Command put = Parsed("put a window at -1 2 320 240");
 
@@ -139,6 +147,8 @@ TEST(MciCommand, WhatCannotBeReadHasItsNumber) {
         {"status a left mode", 259},
         {"status a weather", 259},
         {"put a", 273},
+        {"follow a by", 273},
+        {"follow a after song.mp3", 259},
         {"put a window at 1 2 3", 273},
         {"put a window at 1 2 3 99999999999", 282},
     };
