@@ -37,6 +37,7 @@
 #include "platform/qt/Boxes.h"
 #include "platform/qt/DesktopPrograms.h"
 #include "platform/qt/DesktopWindows.h"
+#include "platform/qt/DesktopWishes.h"
 #include "platform/qt/Environment.h"
 #include "platform/qt/Loop.h"
 #include "platform/qt/ScaledPictures.h"
@@ -208,8 +209,10 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     const auto from_native = [&files](std::string_view path) { return files.FromNative(path); };
 
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    const qt::DesktopWishes wishes = qt::WishesOfDesktop();
+    qt::TakeLetters(wishes);
     qt::Loop loop;
-    const qt::Application application(name, loop);
+    const qt::Application application(name, loop, wishes);
     QApplication::setWindowIcon(QIcon(QString::fromStdString(folder + "/images/brindlepost.png")));
     qt::Boxes boxes(loop);
 

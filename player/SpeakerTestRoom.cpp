@@ -10,6 +10,9 @@ SpeakerTestRoom::SpeakerTestRoom(SpeakerTestForm& form, SpeakerTestMenu& menu, c
     claims_.Claim(form_.cmdLeft.Click, [this] { cmdLeft_Click(); });
     claims_.Claim(form_.cmdRight.Click, [this] { cmdRight_Click(); });
     claims_.Claim(form_.cmdBoth.Click, [this] { cmdBoth_Click(); });
+    claims_.Claim(form_.KeyDown, [this](int key_code, int) {
+        if (key_code == controls::kKeyEscape) form_.UnloadWindow();
+    });
     claims_.Claim(form_.Unload, [this](bool&) { frmSpeakerTest_Unload(); });
 }
 

@@ -10,6 +10,8 @@ namespace web {
 namespace {
 
 constexpr std::string_view kTitle = "Brindlepost";
+/// What a tab is called for screen readers while its page has no title.
+constexpr std::string_view kNewTab = "New tab";
 
 }  // namespace
 
@@ -94,6 +96,7 @@ void TabRoom::LoadPage(int index) {
 
 void TabRoom::LoadStripMembers(int index) {
     controls_.tabtab.Load(index, [this, index](controls::Image& face) {
+        face.SetAccessibleName(kNewTab);
         claims_.Claim(face.MouseUp,
                       [this, index](int button, int, double, double) { tabtab_MouseUp(index, button); });
         claims_.Claim(face.MouseMove, [this, index] { tabtab_MouseMove(index); });
@@ -153,7 +156,7 @@ void TabRoom::NameTab(int index, std::string_view caption) {
 void TabRoom::ShowTitle(int index) {
     const std::string title = controls_.Browser(index).LocationName();
     controls_.tabLabel(index).SetCaption(title);
-    controls_.tabtab(index).SetAccessibleName(title);
+    controls_.tabtab(index).SetAccessibleName(title.empty() ? kNewTab : std::string_view(title));
     controls_.mnuTabTab(index).SetCaption(title);
     if (index == state_.currentbrowser && !state_.MusicTabActive) {
         roles_.window.SetCaption(std::string(kTitle).append(" - ").append(title));

@@ -45,13 +45,13 @@ protected:
         const bool critical = icon_ == ports::BoxIcon::Critical;
         const QRectF disc = QRectF(rect()).adjusted(2, 2, -2, -2);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(QColor(critical ? 0xffc4503b : skin::kTeal));
+        painter.setBrush(QColor(critical ? skin::Colours().critical : skin::Colours().teal));
         painter.drawEllipse(disc);
         if (critical) {
-            skin::Cross(painter, disc.center(), QColor(skin::kKnob), 6);
+            skin::Cross(painter, disc.center(), QColor(skin::Colours().knob), 6);
             return;
         }
-        painter.setBrush(QColor(skin::kInk));
+        painter.setBrush(QColor(skin::Colours().ink));
         painter.drawEllipse(disc.center() + QPointF(0, -7), 2.2, 2.2);
         painter.drawRoundedRect(QRectF(disc.center().x() - 2, disc.center().y() - 2.5, 4, 12), 1.5, 1.5);
     }

@@ -12,6 +12,7 @@
 #include "platform/qt/Geometry.h"
 #include "platform/qt/MenuMirror.h"
 #include "platform/qt/Skin.h"
+#include "platform/qt/Spoken.h"
 #include "platform/qt/Stacking.h"
 #include "platform/qt/SurfaceMirrors.h"
 #include "platform/qt/TabOrder.h"
@@ -57,9 +58,9 @@ protected:
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
         if (!skin::Surface(painter, rect(), form_.Look()))
-            painter.fillRect(event->rect(), QColor(skin::kGround));
+            painter.fillRect(event->rect(), QColor(skin::Colours().ground));
         if (form_.Border() != BorderStyle::None) return;
-        painter.setPen(QColor(skin::kLine));
+        painter.setPen(QColor(skin::Colours().line));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
 
@@ -129,6 +130,8 @@ void FormMirror::Realise() {
     content_ = new ContentView(form_, window_);
     content_->setFocusPolicy(Qt::NoFocus);
     SetWidget(window_, content_);
+    const auto role = form_.Border() == BorderStyle::FixedDialog ? QAccessible::Dialog : QAccessible::Window;
+    Speak(*window_, {.role = [role] { return role; }});
     window_->setWindowTitle(ToQt(form_.Caption()));
     FillMenuBar();
     PutOnScreen();
@@ -168,9 +171,14 @@ void FormMirror::Centre() {
     const bool over_main = main_window != nullptr && main_window != window_;
     const QRect around = over_main ? main_window->geometry() : screen->availableGeometry();
     QRect client = ClientRect(form_);
-    client.moveCenter(around.center());
     const QRect all = screen->availableGeometry();
     const int title = form_.Border() == BorderStyle::None ? 0 : ToPixels(controls::kFrameTitle);
+    // A window that has no size of its own starts no larger than the screen.
+    if (form_.Border() == BorderStyle::Sizable) {
+        const int border = ToPixels(controls::kFrameBorder);
+        client.setSize(client.size().boundedTo(all.size() - QSize(2 * border, title + border)));
+    }
+    client.moveCenter(around.center());
     client.moveLeft(std::max(client.left(), all.left()));
     client.moveTop(std::max(client.top(), all.top() + title));
     TakeClientRect(form_, client);

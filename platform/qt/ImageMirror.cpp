@@ -3,8 +3,10 @@
 #include <QLabel>
 #include <QPainter>
 #include <QToolButton>
+#include <cmath>
 
 #include "platform/qt/Geometry.h"
+#include "platform/qt/Keys.h"
 #include "platform/qt/Pictures.h"
 #include "platform/qt/Skin.h"
 #include "platform/qt/SliderPainting.h"
@@ -49,6 +51,17 @@ bool IsBrightTwin(const controls::Image& image) {
     return ToQt(image.Name()).endsWith(QLatin1String("over"), Qt::CaseInsensitive);
 }
 
+/// A tab of the strip: its picture is one of the two faces.
+bool IsTabFace(const controls::Image& image) {
+    const std::string& picture = image.Picture();
+    return picture.ends_with("pale.bmp") || picture.ends_with("dark.bmp");
+}
+
+/// The tab is the one in front.
+bool IsPale(const controls::Image& image) {
+    return image.Picture().ends_with("pale.bmp");
+}
+
 /// The bright twin laid over a plain picture; the picture itself when it has none.
 controls::Image& TwinOf(controls::Image& image) {
     if (image.Parent() == nullptr) return image;
@@ -74,11 +87,28 @@ ImageMirror::ImageMirror(Stage& stage, controls::Image& image, QWidget* containe
     const bool acts = DoesSomething(image) || (!IsBrightTwin(image) && &TwinOf(image) != &image);
     if (acts) {
         SetWidget(new ImageView<QToolButton>(image, stage.SkinPictures(), container));
-        Widget()->setFocusPolicy(IsBrightTwin(image) || image.Look() == "marker" ? Qt::NoFocus
-                                                                                 : Qt::TabFocus);
+        const bool is_part = IsBrightTwin(image) || image.Look() == "marker";
+        Widget()->setFocusPolicy(is_part ? Qt::NoFocus : Qt::TabFocus);
+        if (is_part) {
+            KeepSilent(*Widget());
+        } else {
+            Speak(*Widget(), SpokenButton());
+        }
     } else {
         SetWidget(new ImageView<QLabel>(image, stage.SkinPictures(), container));
+        if (image.AccessibleName().empty() || IsBrightTwin(image)) KeepSilent(*Widget());
     }
+}
+
+SpokenPart ImageMirror::SpokenButton() {
+    return {.role = [this] { return IsTabFace(image_) ? QAccessible::PageTab : QAccessible::Button; },
+            .add_state =
+                [this](QAccessible::State& state) {
+                    if (!IsTabFace(image_)) return;
+                    state.selectable = true;
+                    state.selected = IsPale(image_);
+                },
+            .press = [this] { PressSpace(*Widget()); }};
 }
 
 // The keyboard's way to what the pointer does: reaching a picture lights its bright twin, Enter clicks it.
@@ -94,9 +124,35 @@ bool ImageMirror::PressEnter() {
     return true;
 }
 
+/// From tab to tab along the strip.
+bool ImageMirror::GoToNeighbour(int key) {
+    if (!IsTabFace(image_) || image_.Parent() == nullptr || (key != Qt::Key_Left && key != Qt::Key_Right))
+        return false;
+    const controls::Control* nearest = nullptr;
+    for (const controls::Control* other : image_.Parent()->Children()) {
+        if (other->ControlKind() != controls::Kind::Image || !other->Visible() || other == &image_) continue;
+        if (!IsTabFace(static_cast<const controls::Image&>(*other))) continue;
+        const bool is_right = other->Left() > image_.Left();
+        if (is_right != (key == Qt::Key_Right)) continue;
+        const auto away = [this](const controls::Control& face) {
+            return std::abs(face.Left() - image_.Left());
+        };
+        if (nearest == nullptr || away(*other) < away(*nearest)) nearest = other;
+    }
+    const Mirror* mirror = nearest != nullptr ? stage_.MirrorOf(*nearest) : nullptr;
+    if (mirror != nullptr) mirror->Widget()->setFocus(Qt::TabFocusReason);
+    return true;
+}
+
 bool ImageMirror::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space)
-        return PressEnter();
+    if (event->type() == QEvent::KeyPress) {
+        const auto& press = static_cast<QKeyEvent&>(*event);
+        if (ShiftState(press.modifiers()) == 0 && GoToNeighbour(press.key())) return true;
+        if (press.key() == Qt::Key_Space) {
+            stage_.SetMenuPlace(Widget()->mapToGlobal(Widget()->rect().bottomLeft()));
+            return PressEnter();
+        }
+    }
     if (event->type() == QEvent::FocusIn) Light();
     if (event->type() == QEvent::FocusOut && image_.Parent() != nullptr) {
         image_.Parent()->MouseMove.Raise(0, 0, 0.0, 0.0);

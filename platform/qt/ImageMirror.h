@@ -3,6 +3,7 @@
 #pragma once
 
 #include "controls/Image.h"
+#include "platform/qt/Spoken.h"
 #include "platform/qt/WidgetMirror.h"
 
 namespace qt {
@@ -15,6 +16,8 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool PressEnter() override;
     void Light();
+    SpokenPart SpokenButton();
+    bool GoToNeighbour(int key);
     controls::Image& image_;
 };
 

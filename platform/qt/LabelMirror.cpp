@@ -1,18 +1,18 @@
 #include "platform/qt/LabelMirror.h"
 
-#include <QAccessibleWidget>
-#include <QCoreApplication>
 #include <QLabel>
 #include <QPainter>
 #include <QPixmap>
 #include <algorithm>
-#include <memory>
 
 #include "base/Text.h"
 #include "controls/Image.h"
 #include "platform/qt/Geometry.h"
+#include "platform/qt/Keys.h"
 #include "platform/qt/Skin.h"
+#include "platform/qt/SliderKeys.h"
 #include "platform/qt/SliderPainting.h"
+#include "platform/qt/Spoken.h"
 
 namespace qt {
 namespace {
@@ -38,26 +38,29 @@ bool StandsOnPaleFace(const controls::Control& label) {
 
 struct Writing {
     QFont font = skin::TextFont();
-    QRgb colour = skin::kText;
+    QRgb colour = skin::Colours().text;
     int indent = 0;
 };
 
 Writing WritingOf(const controls::Label& label, bool pointed_at) {
     const std::string& look = label.Look();
-    if (look == "heading") return {skin::HeadingFont(), skin::kMuted};
-    if (look == "title") return {skin::TextFont(15), skin::kText};
-    if (look == "muted") return {skin::TextFont(), skin::kMuted};
-    if (look == "status") return {skin::TextFont(skin::kSmallSize), skin::kMuted};
-    if (look == "display" || look == "accent") return {skin::TextFont(), skin::kAccent};
-    if (look == "display off" || look == "readout off") return {skin::TextFont(), skin::kMuted};
-    if (look == "well" || look == "raised" || look == "panel") return {skin::TextFont(), skin::kText, 10};
-    if (look == "button") return {skin::TextFont(), pointed_at ? skin::kKnob : skin::kAccent};
-    if (look == "warning") return {skin::TextFont(), skin::kWarning};
-    if (look == "caption" || look == "strip") return {skin::TextFont(), skin::kText, 10};
-    if (look == "tab front") return {skin::TextFont(), skin::kInk};
-    if (look == "tab") return {skin::TextFont(), StandsOnPaleFace(label) ? skin::kInk : 0xffd9cdbf};
+    if (look == "heading") return {skin::HeadingFont(), skin::Colours().muted};
+    if (look == "title") return {skin::TextFont(15), skin::Colours().text};
+    if (look == "muted") return {skin::TextFont(), skin::Colours().muted};
+    if (look == "status") return {skin::TextFont(skin::kSmallSize), skin::Colours().muted};
+    if (look == "display" || look == "accent") return {skin::TextFont(), skin::Colours().accent};
+    if (look == "display off" || look == "readout off") return {skin::TextFont(), skin::Colours().muted};
+    if (look == "well" || look == "raised" || look == "panel")
+        return {skin::TextFont(), skin::Colours().text, 10};
+    if (look == "button")
+        return {skin::TextFont(), pointed_at ? skin::Colours().knob : skin::Colours().accent};
+    if (look == "warning") return {skin::TextFont(), skin::Colours().warning};
+    if (look == "caption" || look == "strip") return {skin::TextFont(), skin::Colours().text, 10};
+    if (look == "tab front") return {skin::TextFont(), skin::Colours().ink};
+    if (look == "tab")
+        return {skin::TextFont(), StandsOnPaleFace(label) ? skin::Colours().ink : skin::Colours().tab_text};
     if (look == "link") {
-        Writing link{skin::TextFont(), skin::kAccent};
+        Writing link{skin::TextFont(), skin::Colours().accent};
         link.font.setUnderline(pointed_at);
         return link;
     }
@@ -108,8 +111,8 @@ private:
         if (DrawMarker(painter, rect(), label_.Look())) return true;
         if (label_.Look() == "tab close" || label_.Look() == "tab close front") {
             const bool pale = label_.Look() == "tab close front" || StandsOnPaleFace(label_);
-            const QRgb calm = pale ? skin::kInkMuted : skin::kMuted;
-            const QRgb lit = pale ? skin::kInk : skin::kAccent;
+            const QRgb calm = pale ? skin::Colours().ink_muted : skin::Colours().muted;
+            const QRgb lit = pale ? skin::Colours().ink : skin::Colours().accent;
             skin::Cross(painter, QRectF(rect()).center(), QColor(underMouse() ? lit : calm));
             return true;
         }
@@ -117,7 +120,7 @@ private:
             const QRectF grip(width() / 2.0 - 20, height() / 2.0 - 1.5, 40, 3);
             painter.setRenderHint(QPainter::Antialiasing);
             painter.setPen(Qt::NoPen);
-            painter.setBrush(QColor(underMouse() ? skin::kAccent : 0xff6b5d50));
+            painter.setBrush(QColor(underMouse() ? skin::Colours().accent : skin::Colours().handle));
             painter.drawRoundedRect(grip, 1.5, 1.5);
             return true;
         }
@@ -127,10 +130,10 @@ private:
     void DrawGround(QPainter& painter) {
         if (DrawBar(painter, rect(), label_)) return;
         if (label_.Look() == "button") {
-            const QRgb fill = underMouse() && isEnabled() ? skin::kHover : skin::kRaised;
-            skin::RoundBox(painter, rect(), QColor(fill), skin::kLine, skin::kCorner + 1);
+            const QRgb fill = underMouse() && isEnabled() ? skin::Colours().hover : skin::Colours().raised;
+            skin::RoundBox(painter, rect(), QColor(fill), skin::Colours().line, skin::kCorner + 1);
         } else if (label_.Look() == "caption") {
-            painter.fillRect(rect(), QColor(skin::kRaised));
+            painter.fillRect(rect(), QColor(skin::Colours().raised));
         } else {
             skin::Surface(painter, rect(), label_.Look());
         }
@@ -141,7 +144,7 @@ private:
         if (text.isEmpty()) return;
         const Writing writing = WritingOf(label_, underMouse());
         painter.setFont(writing.font);
-        painter.setPen(isEnabled() ? QColor(writing.colour) : QColor(skin::kDisabled));
+        painter.setPen(isEnabled() ? QColor(writing.colour) : QColor(skin::Colours().disabled));
         const int icon = icon_.isNull() ? 0 : kIconSide + kIconGap;
         const QRect place = rect().adjusted(writing.indent + icon, 0, -writing.indent, 0);
         const QFontMetrics metrics(writing.font);
@@ -167,10 +170,10 @@ private:
         if (label_.Progress() < 0) return;
         const bool pale = StandsOnPaleFace(label_);
         const QRect line(0, height() - 2, width(), 2);
-        painter.fillRect(line, QColor(pale ? 0xffd8c8b0 : skin::kLine));
+        painter.fillRect(line, QColor(pale ? skin::Colours().pale_line : skin::Colours().line));
         painter.fillRect(
             QRect(0, line.y(), line.width() * std::min(label_.Progress(), 100) / 100, line.height()),
-            QColor(pale ? skin::kAccentDeep : skin::kAccent));
+            QColor(pale ? skin::Colours().accent_deep : skin::Colours().accent));
     }
 
     QString TextOfLabel() const {
@@ -192,45 +195,19 @@ bool IsButton(const controls::Label& label) {
            label.Look() != "tab front";
 }
 
-constexpr const char* kButton = "button";
-
-/// A label that does something is a button to a screen reader, which can press it.
-class ButtonOfLabel final : public QAccessibleWidget {
-public:
-    explicit ButtonOfLabel(QWidget* label) : QAccessibleWidget(label, QAccessible::Button) {}
-    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
-    void doAction(const QString& action) override {
-        if (action != pressAction()) {
-            QAccessibleWidget::doAction(action);
-            return;
-        }
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier);
-        QCoreApplication::sendEvent(widget(), &press);
-    }
-};
-
-QAccessibleInterface* MakeButtonOfLabel(const QString& /*class_name*/, QObject* object) {
-    if (object == nullptr || !object->isWidgetType() || !object->property(kButton).toBool()) return nullptr;
-    return std::make_unique<ButtonOfLabel>(static_cast<QWidget*>(object)).release();
-}
-
-void TellScreenReaders(QWidget& label) {
-    static const bool installed = [] {
-        QAccessible::installFactory(&MakeButtonOfLabel);
-        return true;
-    }();
-    label.setProperty(kButton, installed);
-}
-
 }  // namespace
 
 LabelMirror::LabelMirror(Stage& stage, controls::Label& label, QWidget* container)
     : WidgetMirror(stage, label), label_(label) {
     SetWidget(new LabelView(label, container));
     if (label.Look() == "splitter") Widget()->setCursor(Qt::SplitVCursor);
-    if (!IsButton(label)) return;
-    Widget()->setFocusPolicy(Qt::TabFocus);
-    TellScreenReaders(*Widget());
+    if (IsSlider(label)) {
+        MakeSlider(*Widget(), label);
+    } else if (IsButton(label)) {
+        Widget()->setFocusPolicy(Qt::TabFocus);
+        Speak(*Widget(),
+              {.role = [] { return QAccessible::Button; }, .press = [this] { PressSpace(*Widget()); }});
+    }
 }
 
 QString LabelMirror::SpokenName() const {
@@ -246,8 +223,12 @@ void LabelMirror::Apply(Property property) {
 }
 
 bool LabelMirror::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space)
-        return PressEnter();
+    if (event->type() == QEvent::KeyPress) {
+        const auto& press = static_cast<QKeyEvent&>(*event);
+        const bool is_plain = ShiftState(press.modifiers()) == 0;
+        if (is_plain && IsSlider(label_) && TakeSliderKey(label_, press.key())) return true;
+        if (press.key() == Qt::Key_Space) return PressEnter();
+    }
     return WidgetMirror::eventFilter(watched, event);
 }
 

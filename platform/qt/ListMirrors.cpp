@@ -11,6 +11,7 @@
 #include "platform/qt/Loop.h"
 #include "platform/qt/Signs.h"
 #include "platform/qt/Skin.h"
+#include "platform/qt/Spoken.h"
 
 namespace qt {
 
@@ -72,7 +73,7 @@ protected:
         QLineEdit::paintEvent(event);
         if (!inset_ || !hasFocus()) return;
         QPainter painter(this);
-        painter.fillRect(QRect(6, height() - 2, width() - 12, 1), QColor(skin::kAccent));
+        painter.fillRect(QRect(6, height() - 2, width() - 12, 1), QColor(skin::Colours().accent));
     }
 
 private:
@@ -142,9 +143,26 @@ ComboMirror::ComboMirror(Stage& stage, controls::ComboBox& combo, QWidget* conta
     box_->setInsertPolicy(QComboBox::NoInsert);
     box_->setMaxVisibleItems(16);
     SetWidget(box_);
+    Speak(*box_, {.role = [] { return QAccessible::ComboBox; },
+                  .add_state =
+                      [this](QAccessible::State& state) {
+                          const bool is_open = box_->view()->isVisible();
+                          state.expandable = true;
+                          state.expanded = is_open;
+                          state.collapsed = !is_open;
+                          state.editable = box_->isEditable();
+                      },
+                  .press = [this] { box_->showPopup(); },
+                  .list = [this] { return box_->view(); },
+                  .content =
+                      [this] {
+                          const QString text = box_->currentText();
+                          return text.isEmpty() ? ToQt(combo_.Hint()) : text;
+                      }});
     if (QLineEdit* edit = box_->lineEdit()) {
         box_->setCompleter(nullptr);
         edit->setFrame(false);
+        edit->setAccessibleName(ToQt(combo.AccessibleName()));
         WatchInput(edit);
         // Qt takes a text that equals a row for a choice of that row when the box is left; nobody chose it.
         QObject::disconnect(edit, &QLineEdit::editingFinished, box_, nullptr);
@@ -165,6 +183,7 @@ void ComboMirror::ShowText() {
     box_->setCurrentIndex(combo_.ListIndex());
     const QString text = ToQt(combo_.Text());
     if (box_->isEditable() && box_->currentText() != text) box_->setEditText(text);
+    TellNewContent(*box_);
 }
 
 void ComboMirror::Apply(Property property) {
@@ -186,7 +205,7 @@ void ComboMirror::Apply(Property property) {
             } else {
                 // It is what the box stands for until a row is chosen, so it looks like a choice.
                 QPalette palette = box_->palette();
-                palette.setColor(QPalette::PlaceholderText, QColor(skin::kText));
+                palette.setColor(QPalette::PlaceholderText, QColor(skin::Colours().text));
                 box_->setPalette(palette);
                 box_->setPlaceholderText(ToQt(combo_.Hint()));
             }

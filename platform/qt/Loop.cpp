@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "platform/qt/SkinColours.h"
 #include "platform/qt/SkinStyle.h"
 
 namespace qt {
@@ -118,12 +119,13 @@ void Loop::Quit(int exit_code) {
     QCoreApplication::exit(exit_code);
 }
 
-Application::Application(const char* program, Loop& loop)
+Application::Application(const char* program, Loop& loop, const DesktopWishes& wishes)
     : QApplication(ArgumentsFor(program).count, ArgumentsFor(program).values.data()), loop_(loop) {
     setQuitOnLastWindowClosed(false);
     setApplicationName(QStringLiteral("Brindlepost"));
     setApplicationDisplayName(QString());
     setDesktopFileName(QStringLiteral("brindlepost"));
+    skin::ShowHighContrast(wishes.high_contrast);
     ApplySkin(*this);
 }
 

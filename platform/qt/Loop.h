@@ -16,6 +16,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/qt/DesktopWishes.h"
 #include "ports/EventLoop.h"
 
 namespace qt {
@@ -93,7 +94,7 @@ private:
 /// hold what a stranger chose.
 class Application final : public QApplication {
 public:
-    Application(const char* program, Loop& loop);
+    Application(const char* program, Loop& loop, const DesktopWishes& wishes = {});
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:

@@ -54,7 +54,7 @@ void MenuMirror::Fill() {
 }
 
 void MenuMirror::PopUp() {
-    Entries()->popup(QCursor::pos());
+    Entries()->popup(stage_.MenuPlace().value_or(QCursor::pos()));
 }
 
 void MenuMirror::Apply(Property property) {

@@ -16,7 +16,7 @@ public:
 
     /// The entry's item in the menu or bar above it.
     QAction* Action() const { return action_.get(); }
-    /// Shows the entries at the pointer.
+    /// Shows the entries at the pointer, or at the control that the keyboard was in.
     void PopUp();
     /// The entries below as a menu; made when first asked for.
     QMenu* Entries();

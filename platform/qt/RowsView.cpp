@@ -177,14 +177,19 @@ bool RowsView::IsCutOff(int row) const {
 void RowsView::DrawRow(QPainter& painter, int row, const QRect& rect) const {
     const bool chosen = row == list_.ListIndex();
     if (chosen) {
-        painter.fillRect(rect, QColor(isEnabled() ? skin::kAccentDeep : skin::kRaised));
+        painter.fillRect(rect, QColor(isEnabled() ? skin::Colours().accent_deep : skin::Colours().raised));
+        // Where grounds hardly differ, a line tells them apart.
+        if (skin::Colours().high_contrast) {
+            painter.setPen(QColor(skin::Colours().line));
+            painter.drawRect(rect.adjusted(0, 0, -1, -1));
+        }
     } else if (row == hovered_) {
-        painter.fillRect(rect, QColor(skin::kPanel));
+        painter.fillRect(rect, QColor(skin::Colours().panel));
     } else if (row % 2 != 0) {
-        painter.fillRect(rect, QColor(skin::kWellOdd));
+        painter.fillRect(rect, QColor(skin::Colours().well_odd));
     }
-    const QColor ink = chosen ? QColor(skin::kKnob) : QColor(skin::kText);
-    painter.setPen(isEnabled() ? ink : QColor(skin::kDisabled));
+    const QColor ink = chosen ? QColor(skin::Colours().knob) : QColor(skin::Colours().text);
+    painter.setPen(isEnabled() ? ink : QColor(skin::Colours().disabled));
     const QRect place = TextRect(rect);
     // Only the beginning of a very long row can be seen.
     const QString text = Readable(list_.List(row)).left(1000);
@@ -208,7 +213,7 @@ void RowsView::paintEvent(QPaintEvent* event) {
         DrawRow(painter, row, rect);
     }
     if (count == 0 && !list_.Hint().empty()) {
-        painter.setPen(QColor(skin::kMuted));
+        painter.setPen(QColor(skin::Colours().muted));
         painter.drawText(viewport()->rect().adjusted(kIndent, 7, -kIndent, -7),
                          Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, ToQt(list_.Hint()));
     }

@@ -100,6 +100,8 @@ private:
     void OnMainWindowMoved(const QPoint& by) override { following_.OnMoved(by); }
     std::optional<std::string> TakeUsersWish() override { return std::exchange(users_wish_, std::nullopt); }
     void OnFirstPaint() override;
+    void SetMenuPlace(std::optional<QPoint> place) override { menu_place_ = place; }
+    std::optional<QPoint> MenuPlace() const override { return menu_place_; }
     void OnPressed(controls::Control& window) override;
     void OnActivated(controls::Form& form) override;
 
@@ -123,6 +125,7 @@ private:
     std::vector<const controls::Container*> cover_moved_in_;
     controls::Form* active_ = nullptr;
     std::optional<QRegion> shape_;
+    std::optional<QPoint> menu_place_;
     std::optional<std::string> users_wish_;
     Following following_;
     QTimer idle_;

@@ -18,14 +18,14 @@ enum class Kind { Locked, Open, Broken };
 struct Sign {
     std::string_view name;
     Kind kind;
-    QRgb colour;
+    QRgb skin::ColourSet::*colour;
     const char* words;
 };
 
 constexpr Sign kSigns[] = {
-    {"lock", Kind::Locked, skin::kTeal, "The connection is encrypted"},
-    {"open lock", Kind::Open, skin::kMuted, "The connection is not secure"},
-    {"broken lock", Kind::Broken, skin::kWarning, "The certificate of this site is not valid"},
+    {"lock", Kind::Locked, &skin::ColourSet::teal, "The connection is encrypted"},
+    {"open lock", Kind::Open, &skin::ColourSet::muted, "The connection is not secure"},
+    {"broken lock", Kind::Broken, &skin::ColourSet::warning, "The certificate of this site is not valid"},
 };
 
 const Sign* FindSign(std::string_view name) {
@@ -44,15 +44,15 @@ void DrawLock(QPainter& painter, const Sign& sign) {
     bow.arcTo(QRectF(left, 2.5, width, 6), 180, -180);
     if (sign.kind != Kind::Open) bow.lineTo(left + width, 7.5);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(QColor(sign.colour), 1.5, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(QColor(skin::Colours().*sign.colour), 1.5, Qt::SolidLine, Qt::RoundCap));
     painter.drawPath(bow);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(sign.colour));
+    painter.setBrush(QColor(skin::Colours().*sign.colour));
     painter.drawRoundedRect(QRectF(3.5, 7.25, 9, 6.5), 1.5, 1.5);
     if (sign.kind != Kind::Broken) return;
-    painter.setPen(QPen(QColor(skin::kWell), 3, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(QColor(skin::Colours().well), 3, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(QPointF(3, 13.5), QPointF(13, 3.5));
-    painter.setPen(QPen(QColor(sign.colour), 1.4, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(QColor(skin::Colours().*sign.colour), 1.4, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(QPointF(3, 13.5), QPointF(13, 3.5));
 }
 

@@ -9,6 +9,7 @@
 
 #include "platform/qt/Geometry.h"
 #include "platform/qt/Skin.h"
+#include "platform/qt/Spoken.h"
 
 namespace qt {
 namespace {
@@ -21,7 +22,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
-        QPainter(this).fillRect(rect(), QColor(line_.Look() == "pale" ? skin::kPale : skin::kLine));
+        QPainter(this).fillRect(rect(),
+                                QColor(line_.Look() == "pale" ? skin::Colours().pale : skin::Colours().line));
     }
 
 private:
@@ -36,7 +38,7 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
         const double part = maximum() > 0 ? double(value()) / maximum() : 0;
-        skin::Groove(painter, rect(), part * width(), skin::kAccentDeep, skin::kAccent);
+        skin::Groove(painter, rect(), part * width(), skin::Colours().accent_deep, skin::Colours().accent);
     }
 };
 
@@ -50,12 +52,12 @@ protected:
         constexpr int kSide = 16;
         QPainter painter(this);
         const QRect box(0, (height() - kSide) / 2, kSide, kSide);
-        const QRgb lit = isEnabled() ? skin::kAccent : skin::kDisabled;
+        const QRgb lit = isEnabled() ? skin::Colours().accent : skin::Colours().disabled;
         const bool is_lit = isEnabled() && (isChecked() || underMouse());
-        const QRgb ground = isEnabled() && isChecked() ? 0xff4a3218 : skin::kWell;
-        skin::RoundBox(painter, box, QColor(ground), is_lit ? lit : skin::kLine, 3);
+        const QRgb ground = isEnabled() && isChecked() ? skin::Colours().checked : skin::Colours().well;
+        skin::RoundBox(painter, box, QColor(ground), is_lit ? lit : skin::Colours().line, 3);
         if (isChecked()) skin::Tick(painter, box, QColor(lit));
-        painter.setPen(isEnabled() ? QColor(skin::kText) : QColor(skin::kDisabled));
+        painter.setPen(isEnabled() ? QColor(skin::Colours().text) : QColor(skin::Colours().disabled));
         const QRect words = rect().adjusted(kSide + 7, 0, 0, 0);
         const QString caption =
             fontMetrics().elidedText(text(), Qt::ElideRight, words.width(), Qt::TextShowMnemonic);
@@ -84,7 +86,11 @@ protected:
                 fontMetrics().elidedText(text(), Qt::ElideRight, width() - 8, Qt::TextShowMnemonic);
             painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, caption);
         }
-        if (hasFocus()) skin::FocusRing(painter, rect());
+        if (hasFocus() && button_.Look() == "accent") {
+            skin::DarkFocusRing(painter, rect());
+        } else if (hasFocus()) {
+            skin::FocusRing(painter, rect());
+        }
     }
 
 private:
@@ -92,17 +98,18 @@ private:
         const bool accent = button_.Look() == "accent" && isEnabled();
         const bool flat = button_.Look() == "flat";
         if (flat && !underMouse() && !isDown()) return;
-        QRgb fill = accent ? skin::kAccent : skin::kRaised;
-        if (underMouse() && isEnabled()) fill = accent ? 0xfff2b568 : skin::kHover;
-        if (isDown()) fill = accent ? 0xffcf8c3a : skin::kPressed;
-        skin::RoundBox(painter, rect(), QColor(fill), accent ? fill : skin::kLine, skin::kCorner + 1);
+        QRgb fill = accent ? skin::Colours().accent : skin::Colours().raised;
+        if (underMouse() && isEnabled()) fill = accent ? skin::Colours().accent_over : skin::Colours().hover;
+        if (isDown()) fill = accent ? skin::Colours().accent_pressed : skin::Colours().pressed;
+        skin::RoundBox(painter, rect(), QColor(fill), accent ? fill : skin::Colours().line,
+                       skin::kCorner + 1);
     }
 
     QColor Ink() const {
-        if (!isEnabled()) return {QColor(skin::kDisabled)};
-        if (button_.Look() == "accent") return {QColor(skin::kInk)};
-        if (button_.Look() == "ambertext" || IsSign()) return {QColor(skin::kAccent)};
-        return {QColor(skin::kText)};
+        if (!isEnabled()) return {QColor(skin::Colours().disabled)};
+        if (button_.Look() == "accent") return {QColor(skin::Colours().ink)};
+        if (button_.Look() == "ambertext" || IsSign()) return {QColor(skin::Colours().accent)};
+        return {QColor(skin::Colours().text)};
     }
 
     bool IsSign() const { return text().size() == 1 && kSigns.contains(text()[0]); }
@@ -128,6 +135,7 @@ private:
 
 LineMirror::LineMirror(Stage& stage, controls::Line& line, QWidget* container) : WidgetMirror(stage, line) {
     SetWidget(new LineView(line, container));
+    KeepSilent(*Widget());
 }
 
 void LineMirror::Place() {

@@ -25,6 +25,15 @@ QPen RoundPen(QColor colour, double width) {
     return {colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
 }
 
+void DrawRing(QPainter& painter, const QRectF& rect, double corner, QRgb colour) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(QColor(colour), Colours().high_contrast ? 3 : 1.5));
+    painter.drawRoundedRect(rect, corner, corner);
+    painter.restore();
+}
+
 }  // namespace
 
 QFont TextFont(int pixels) {
@@ -52,24 +61,26 @@ void RoundBox(QPainter& painter, const QRectF& rect, const QBrush& fill, QRgb li
 
 bool Surface(QPainter& painter, const QRect& rect, std::string_view look) {
     if (look == "ground" || look == "page") {
-        painter.fillRect(rect, QColor(kGround));
+        painter.fillRect(rect, QColor(Colours().ground));
     } else if (look == "strip") {
-        painter.fillRect(rect, QColor(kStrip));
+        painter.fillRect(rect, QColor(Colours().strip));
     } else if (look == "row") {
-        painter.fillRect(rect, Shade(rect, kRaised, 0xff241e1a));
+        painter.fillRect(rect, Shade(rect, Colours().raised, Colours().row_bottom));
     } else if (look == "panel") {
-        RoundBox(painter, rect, QColor(kPanel), 0xff3b322b, kPanelCorner);
+        RoundBox(painter, rect, QColor(Colours().panel), Colours().panel_line, kPanelCorner);
     } else if (look == "raised") {
-        RoundBox(painter, rect, Shade(rect, 0xff362d27, 0xff292320), kLine, kPanelCorner);
+        RoundBox(painter, rect, Shade(rect, Colours().raised_top, Colours().raised_bottom), Colours().line,
+                 kPanelCorner);
     } else if (look == "well") {
-        RoundBox(painter, rect, QColor(kWell), kLine, kCorner);
+        RoundBox(painter, rect, QColor(Colours().well), Colours().line, kCorner);
     } else if (look == "tool") {
-        RoundBox(painter, rect, Shade(rect, 0xff382f29, 0xff2e2722), kLine, kCorner);
+        RoundBox(painter, rect, Shade(rect, Colours().tool_top, Colours().tool_bottom), Colours().line,
+                 kCorner);
     } else if (look == "round") {
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(QColor(kAccent));
+        painter.setBrush(QColor(Colours().accent));
         const int side = qMin(rect.width(), rect.height());
         painter.drawEllipse(
             QRectF(rect.center().x() + 0.5 - side / 2.0, rect.center().y() + 0.5 - side / 2.0, side, side));
@@ -81,12 +92,11 @@ bool Surface(QPainter& painter, const QRect& rect, std::string_view look) {
 }
 
 void FocusRing(QPainter& painter, const QRect& rect, double corner) {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(QColor(kAccent), 1.5));
-    painter.drawRoundedRect(QRectF(rect).adjusted(1, 1, -1, -1), corner, corner);
-    painter.restore();
+    DrawRing(painter, QRectF(rect).adjusted(1, 1, -1, -1), corner, Colours().accent);
+}
+
+void DarkFocusRing(QPainter& painter, const QRect& rect, double corner) {
+    DrawRing(painter, QRectF(rect).adjusted(3, 3, -3, -3), corner - 2, Colours().ink);
 }
 
 void Chevron(QPainter& painter, const QPointF& centre, Arrow arrow, QColor colour, double reach) {
@@ -135,7 +145,7 @@ void Tick(QPainter& painter, const QRectF& box, QColor colour) {
 
 void Groove(QPainter& painter, const QRect& rect, double filled, QRgb from, QRgb to) {
     const double corner = qMin(rect.height() / 2.0, 8.0);
-    RoundBox(painter, rect, QColor(kWell), kLine, corner);
+    RoundBox(painter, rect, QColor(Colours().well), Colours().line, corner);
     if (filled < 3) return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -153,7 +163,7 @@ void Knob(QPainter& painter, const QRect& rect) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(kKnob));
+    painter.setBrush(QColor(Colours().knob));
     const double corner = qMin(2.5, rect.width() / 3.0);
     painter.drawRoundedRect(QRectF(rect), corner, corner);
     painter.restore();

@@ -80,8 +80,9 @@ enum class Arrow { Left, Right, Up, Down };
 void RoundBox(QPainter& painter, const QRectF& rect, const QBrush& fill, QRgb line, double corner);
 /// The surface of that look; false, and nothing drawn, when the look is not a surface.
 bool Surface(QPainter& painter, const QRect& rect, std::string_view look);
-/// An amber ring for the control that has the keyboard.
+/// A ring for the control that has the keyboard: amber, or dark inside an amber control.
 void FocusRing(QPainter& painter, const QRect& rect, double corner = kCorner);
+void DarkFocusRing(QPainter& painter, const QRect& rect, double corner = kCorner);
 void Chevron(QPainter& painter, const QPointF& centre, Arrow arrow, QColor colour, double reach = 4);
 void Cross(QPainter& painter, const QPointF& centre, QColor colour, double reach = 3.5);
 void Tick(QPainter& painter, const QRectF& box, QColor colour);

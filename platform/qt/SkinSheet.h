@@ -18,22 +18,22 @@ inline const QString kButtonSheet = QStringLiteral(
 /// The sheet with the colours in the places of their names: "@text", "@accent" and so on.
 inline QString Sheet(QString text) {
     // A name that begins with another one comes before it.
-    static constexpr std::pair<const char*, QRgb> kNames[] = {
-        {"@accent-deep", kAccentDeep},
-        {"@accent", kAccent},
-        {"@disabled", kDisabled},
-        {"@ground", kGround},
-        {"@hover", kHover},
-        {"@line", kLine},
-        {"@muted", kMuted},
-        {"@panel", kPanel},
-        {"@raised", kRaised},
-        {"@text", kText},
-        {"@warning", kWarning},
-        {"@well", kWell},
+    static constexpr std::pair<const char*, QRgb ColourSet::*> kNames[] = {
+        {"@accent-deep", &ColourSet::accent_deep},
+        {"@accent", &ColourSet::accent},
+        {"@disabled", &ColourSet::disabled},
+        {"@ground", &ColourSet::ground},
+        {"@hover", &ColourSet::hover},
+        {"@line", &ColourSet::line},
+        {"@muted", &ColourSet::muted},
+        {"@panel", &ColourSet::panel},
+        {"@raised", &ColourSet::raised},
+        {"@text", &ColourSet::text},
+        {"@warning", &ColourSet::warning},
+        {"@well", &ColourSet::well},
     };
     for (const auto& [name, colour] : kNames)
-        text.replace(QLatin1String(name), QColor(colour).name());
+        text.replace(QLatin1String(name), QColor(Colours().*colour).name());
     return text;
 }
 

@@ -20,17 +20,18 @@ bool Has(const QStyleOption& option, QStyle::StateFlag flag) {
 }
 
 QColor TextColour(const QStyleOption& option) {
-    return Has(option, QStyle::State_Enabled) ? QColor(skin::kText) : QColor(skin::kDisabled);
+    return Has(option, QStyle::State_Enabled) ? QColor(skin::Colours().text)
+                                              : QColor(skin::Colours().disabled);
 }
 
 void DrawThinFrame(QPainter& painter, const QRect& rect, QRgb fill) {
     painter.fillRect(rect, QColor(fill));
-    painter.setPen(QColor(skin::kLine));
+    painter.setPen(QColor(skin::Colours().line));
     painter.drawRect(rect.adjusted(0, 0, -1, -1));
 }
 
 void DrawWell(QPainter& painter, const QStyleOption& option) {
-    skin::RoundBox(painter, option.rect, QColor(skin::kWell), skin::kLine, skin::kCorner);
+    skin::RoundBox(painter, option.rect, QColor(skin::Colours().well), skin::Colours().line, skin::kCorner);
     if (Has(option, QStyle::State_HasFocus)) skin::FocusRing(painter, option.rect);
 }
 
@@ -39,23 +40,25 @@ void DrawLineOfText(QPainter& painter, const QStyleOption& option) {
     if (static_cast<const QStyleOptionFrame&>(option).lineWidth > 0) {
         DrawWell(painter, option);
     } else {
-        painter.fillRect(option.rect, QColor(skin::kWell));
+        painter.fillRect(option.rect, QColor(skin::Colours().well));
     }
 }
 
 void DrawButton(QPainter& painter, const QStyleOption& option) {
-    QRgb fill = skin::kRaised;
-    if (Has(option, QStyle::State_MouseOver)) fill = skin::kHover;
-    if (Has(option, QStyle::State_Sunken)) fill = skin::kPressed;
-    skin::RoundBox(painter, option.rect, QColor(fill), skin::kLine, skin::kCorner);
+    QRgb fill = skin::Colours().raised;
+    if (Has(option, QStyle::State_MouseOver)) fill = skin::Colours().hover;
+    if (Has(option, QStyle::State_Sunken)) fill = skin::Colours().pressed;
+    skin::RoundBox(painter, option.rect, QColor(fill), skin::Colours().line, skin::kCorner);
     if (Has(option, QStyle::State_HasFocus)) skin::FocusRing(painter, option.rect);
 }
 
 void DrawCheck(QPainter& painter, const QStyleOption& option) {
     const bool on = Has(option, QStyle::State_On);
-    const QRgb line = on || Has(option, QStyle::State_MouseOver) ? skin::kAccent : skin::kLine;
-    skin::RoundBox(painter, option.rect, QColor(on ? 0xff4a3218 : skin::kWell), line, 3);
-    if (on) skin::Tick(painter, option.rect, QColor(skin::kAccent));
+    const QRgb line =
+        on || Has(option, QStyle::State_MouseOver) ? skin::Colours().accent : skin::Colours().line;
+    skin::RoundBox(painter, option.rect, QColor(on ? skin::Colours().checked : skin::Colours().well), line,
+                   3);
+    if (on) skin::Tick(painter, option.rect, QColor(skin::Colours().accent));
 }
 
 QPalette SkinPalette() {
@@ -63,26 +66,26 @@ QPalette SkinPalette() {
     const auto both = [&palette](QPalette::ColorRole role, QRgb colour) {
         palette.setColor(role, QColor(colour));
     };
-    both(QPalette::Window, skin::kGround);
-    both(QPalette::WindowText, skin::kText);
-    both(QPalette::Base, skin::kWell);
-    both(QPalette::AlternateBase, skin::kWellOdd);
-    both(QPalette::Text, skin::kText);
-    both(QPalette::PlaceholderText, skin::kMuted);
-    both(QPalette::Button, skin::kRaised);
-    both(QPalette::ButtonText, skin::kText);
-    both(QPalette::BrightText, skin::kKnob);
-    both(QPalette::Highlight, skin::kAccentDeep);
-    both(QPalette::HighlightedText, skin::kKnob);
-    both(QPalette::ToolTipBase, skin::kRaised);
-    both(QPalette::ToolTipText, skin::kText);
-    both(QPalette::Link, skin::kAccent);
-    both(QPalette::Light, skin::kHover);
-    both(QPalette::Mid, skin::kLine);
-    both(QPalette::Dark, skin::kStrip);
-    both(QPalette::Shadow, 0xff0d0b09);
+    both(QPalette::Window, skin::Colours().ground);
+    both(QPalette::WindowText, skin::Colours().text);
+    both(QPalette::Base, skin::Colours().well);
+    both(QPalette::AlternateBase, skin::Colours().well_odd);
+    both(QPalette::Text, skin::Colours().text);
+    both(QPalette::PlaceholderText, skin::Colours().muted);
+    both(QPalette::Button, skin::Colours().raised);
+    both(QPalette::ButtonText, skin::Colours().text);
+    both(QPalette::BrightText, skin::Colours().knob);
+    both(QPalette::Highlight, skin::Colours().accent_deep);
+    both(QPalette::HighlightedText, skin::Colours().knob);
+    both(QPalette::ToolTipBase, skin::Colours().raised);
+    both(QPalette::ToolTipText, skin::Colours().text);
+    both(QPalette::Link, skin::Colours().accent);
+    both(QPalette::Light, skin::Colours().hover);
+    both(QPalette::Mid, skin::Colours().line);
+    both(QPalette::Dark, skin::Colours().strip);
+    both(QPalette::Shadow, skin::Colours().shadow);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Disabled, role, QColor(skin::kDisabled));
+        palette.setColor(QPalette::Disabled, role, QColor(skin::Colours().disabled));
     }
     return palette;
 }
@@ -110,16 +113,16 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
             DrawCheck(*painter, *option);
             return;
         case PE_FrameMenu:
-            DrawThinFrame(*painter, option->rect, skin::kPanel);
+            DrawThinFrame(*painter, option->rect, skin::Colours().panel);
             return;
         case PE_PanelMenu:
-            painter->fillRect(option->rect, QColor(skin::kPanel));
+            painter->fillRect(option->rect, QColor(skin::Colours().panel));
             return;
         case PE_PanelTipLabel:
-            DrawThinFrame(*painter, option->rect, skin::kRaised);
+            DrawThinFrame(*painter, option->rect, skin::Colours().raised);
             return;
         case PE_PanelScrollAreaCorner:
-            painter->fillRect(option->rect, QColor(skin::kWell));
+            painter->fillRect(option->rect, QColor(skin::Colours().well));
             return;
         default:
             QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -128,37 +131,39 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
 
 void SkinStyle::DrawMenuItem(const QStyleOption& option, QPainter& painter) const {
     const auto& item = static_cast<const QStyleOptionMenuItem&>(option);
-    painter.fillRect(item.rect, QColor(skin::kPanel));
+    painter.fillRect(item.rect, QColor(skin::Colours().panel));
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
         const int y = item.rect.center().y();
-        painter.fillRect(QRect(item.rect.left() + 10, y, item.rect.width() - 20, 1), QColor(skin::kLine));
+        painter.fillRect(QRect(item.rect.left() + 10, y, item.rect.width() - 20, 1),
+                         QColor(skin::Colours().line));
         return;
     }
     const bool chosen = Has(item, State_Selected) && Has(item, State_Enabled);
     if (chosen) {
-        skin::RoundBox(painter, item.rect.adjusted(4, 1, -4, -1), QColor(skin::kAccentDeep),
-                       skin::kAccentDeep, 4);
+        skin::RoundBox(painter, item.rect.adjusted(4, 1, -4, -1), QColor(skin::Colours().accent_deep),
+                       skin::Colours().accent_deep, 4);
     }
     if (item.checked) {
         const QRectF box(item.rect.left() + 8, item.rect.center().y() - 7, 15, 15);
-        skin::Tick(painter, box, QColor(chosen ? skin::kKnob : skin::kAccent));
+        skin::Tick(painter, box, QColor(chosen ? skin::Colours().knob : skin::Colours().accent));
     }
-    painter.setPen(chosen ? QColor(skin::kKnob) : TextColour(item));
+    painter.setPen(chosen ? QColor(skin::Colours().knob) : TextColour(item));
     const QString text = item.text.section(QLatin1Char('\t'), 0, 0);
     painter.drawText(item.rect.adjusted(kMenuCheckWidth, 0, -kMenuArrowWidth, 0),
                      Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic | Qt::TextSingleLine, text);
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu) {
         skin::Chevron(painter, QPointF(item.rect.right() - 13, item.rect.center().y() + 0.5),
-                      skin::Arrow::Right, QColor(chosen ? skin::kKnob : skin::kMuted));
+                      skin::Arrow::Right, QColor(chosen ? skin::Colours().knob : skin::Colours().muted));
     }
 }
 
 void SkinStyle::DrawMenuBarItem(const QStyleOption& option, QPainter& painter) const {
     const auto& item = static_cast<const QStyleOptionMenuItem&>(option);
-    painter.fillRect(item.rect, QColor(skin::kStrip));
+    painter.fillRect(item.rect, QColor(skin::Colours().strip));
     const bool chosen = Has(item, State_Selected) && Has(item, State_Enabled);
     if (chosen)
-        skin::RoundBox(painter, item.rect.adjusted(0, 2, 0, -2), QColor(skin::kRaised), skin::kLine, 4);
+        skin::RoundBox(painter, item.rect.adjusted(0, 2, 0, -2), QColor(skin::Colours().raised),
+                       skin::Colours().line, 4);
     painter.setPen(TextColour(item));
     painter.drawText(item.rect, Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine, item.text);
 }
@@ -174,14 +179,14 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, 
             return;
         case CE_MenuBarEmptyArea:
         case CE_MenuEmptyArea:
-            painter->fillRect(option->rect,
-                              QColor(element == CE_MenuEmptyArea ? skin::kPanel : skin::kStrip));
+            painter->fillRect(option->rect, QColor(element == CE_MenuEmptyArea ? skin::Colours().panel
+                                                                               : skin::Colours().strip));
             return;
         case CE_ShapedFrame:
             if (widget == nullptr) return;
             if (widget->inherits("QListView")) DrawWell(*painter, *option);
             if (widget->inherits("QComboBoxPrivateContainer"))
-                DrawThinFrame(*painter, option->rect, skin::kWell);
+                DrawThinFrame(*painter, option->rect, skin::Colours().well);
             return;
         default:
             QProxyStyle::drawControl(element, option, painter, widget);
@@ -191,7 +196,7 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, 
 void SkinStyle::DrawScrollBar(const QStyleOptionComplex& option, QPainter& painter,
                               const QWidget* widget) const {
     const auto& bar = static_cast<const QStyleOptionSlider&>(option);
-    painter.fillRect(bar.rect, QColor(skin::kWell));
+    painter.fillRect(bar.rect, QColor(skin::Colours().well));
     const QRect slider = proxy()->subControlRect(CC_ScrollBar, &bar, SC_ScrollBarSlider, widget);
     if (bar.maximum <= bar.minimum || slider.isEmpty()) return;
     const bool held = bar.activeSubControls.testFlag(SC_ScrollBarSlider) && Has(bar, State_Sunken);
@@ -199,7 +204,9 @@ void SkinStyle::DrawScrollBar(const QStyleOptionComplex& option, QPainter& paint
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(held ? skin::kAccent : over ? 0xff7d6c5d : 0xff5d5046));
+    painter.setBrush(QColor(held   ? skin::Colours().accent
+                            : over ? skin::Colours().handle_over
+                                   : skin::Colours().handle));
     painter.drawRoundedRect(QRectF(slider).adjusted(2, 2, -2, -2), 3, 3);
     painter.restore();
 }
@@ -207,11 +214,11 @@ void SkinStyle::DrawScrollBar(const QStyleOptionComplex& option, QPainter& paint
 void SkinStyle::DrawComboBox(const QStyleOptionComplex& option, QPainter& painter) const {
     const auto& box = static_cast<const QStyleOptionComboBox&>(option);
     const bool over = Has(box, State_MouseOver) && Has(box, State_Enabled) && !box.editable;
-    skin::RoundBox(painter, box.rect, QColor(over ? skin::kPressed : skin::kWell), skin::kLine,
-                   skin::kCorner);
+    skin::RoundBox(painter, box.rect, QColor(over ? skin::Colours().pressed : skin::Colours().well),
+                   skin::Colours().line, skin::kCorner);
     if (Has(box, State_HasFocus)) skin::FocusRing(painter, box.rect);
     skin::Chevron(painter, QPointF(box.rect.right() - 12.5, box.rect.center().y() + 1), skin::Arrow::Down,
-                  Has(box, State_Enabled) ? QColor(skin::kMuted) : QColor(skin::kLine));
+                  Has(box, State_Enabled) ? QColor(skin::Colours().muted) : QColor(skin::Colours().line));
 }
 
 void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

@@ -6,13 +6,6 @@
 namespace qt {
 namespace {
 
-const controls::Control* MarkerAmong(const std::vector<controls::Control*>& controls) {
-    for (const controls::Control* control : controls) {
-        if (control->Look() == "marker" && control->Visible()) return control;
-    }
-    return nullptr;
-}
-
 double FilledPixels(const controls::Control& bar) {
     if (const auto* container = dynamic_cast<const controls::Container*>(&bar)) {
         if (const auto* marker = MarkerAmong(container->Children()))
@@ -25,13 +18,20 @@ double FilledPixels(const controls::Control& bar) {
 
 }  // namespace
 
+const controls::Control* MarkerAmong(const std::vector<controls::Control*>& controls) {
+    for (const controls::Control* control : controls) {
+        if (control->Look() == "marker" && control->Visible()) return control;
+    }
+    return nullptr;
+}
+
 bool DrawBar(QPainter& painter, const QRect& rect, const controls::Control& bar) {
     if (bar.Look() == "progress") {
-        skin::Groove(painter, rect, FilledPixels(bar), skin::kAccentDeep, skin::kAccent);
+        skin::Groove(painter, rect, FilledPixels(bar), skin::Colours().accent_deep, skin::Colours().accent);
     } else if (bar.Look() == "level") {
-        skin::Groove(painter, rect, FilledPixels(bar), skin::kTealDeep, skin::kTeal);
+        skin::Groove(painter, rect, FilledPixels(bar), skin::Colours().teal_deep, skin::Colours().teal);
     } else if (bar.Look() == "track") {
-        skin::Groove(painter, rect, 0, skin::kWell, skin::kWell);
+        skin::Groove(painter, rect, 0, skin::Colours().well, skin::Colours().well);
     } else {
         return false;
     }
@@ -42,7 +42,7 @@ bool DrawMarker(QPainter& painter, const QRect& rect, std::string_view look) {
     if (look == "marker") {
         skin::Knob(painter, rect);
     } else if (look == "fademarker") {
-        skin::RoundBox(painter, rect, QColor(skin::kTeal), skin::kTeal, 1.5);
+        skin::RoundBox(painter, rect, QColor(skin::Colours().teal), skin::Colours().teal, 1.5);
     } else {
         return false;
     }

@@ -56,6 +56,9 @@ public:
     /// The start-up id of the user's wish to see this program; once, by the window that comes to the front.
     virtual std::optional<std::string> TakeUsersWish() = 0;
     virtual void OnFirstPaint() = 0;
+    /// Where a menu goes that the next handler asks for; without a place, to the pointer.
+    virtual void SetMenuPlace(std::optional<QPoint> place) = 0;
+    virtual std::optional<QPoint> MenuPlace() const = 0;
     /// The user presses in a window. That activates a picture window, before the press is reported.
     virtual void OnPressed(controls::Control& window) = 0;
     /// The window manager has put the keyboard into the window.

@@ -8,7 +8,9 @@
 #include "platform/qt/Geometry.h"
 #include "platform/qt/Keys.h"
 #include "platform/qt/Skin.h"
+#include "platform/qt/SliderKeys.h"
 #include "platform/qt/SliderPainting.h"
+#include "platform/qt/Spoken.h"
 
 namespace qt {
 namespace {
@@ -27,7 +29,7 @@ protected:
         if (!skin::Surface(painter, rect(), frame_.Look())) skin::Surface(painter, rect(), "panel");
         if (frame_.Caption().empty()) return;
         painter.setFont(skin::HeadingFont());
-        painter.setPen(QColor(skin::kMuted));
+        painter.setPen(QColor(skin::Colours().muted));
         painter.drawText(rect().adjusted(12, 8, -12, 0), Qt::AlignLeft | Qt::AlignTop,
                          ToQt(frame_.Caption()).toUpper());
     }
@@ -48,8 +50,9 @@ public:
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
-        if (DrawBar(painter, rect(), box_) || skin::Surface(painter, rect(), box_.Look())) return;
-        painter.fillRect(rect(), QColor::fromRgb(0xff000000U | box_.BackColor()));
+        if (!DrawBar(painter, rect(), box_) && !skin::Surface(painter, rect(), box_.Look()))
+            painter.fillRect(rect(), QColor::fromRgb(0xff000000U | box_.BackColor()));
+        if (hasFocus()) skin::FocusRing(painter, rect());
     }
 
 private:
@@ -62,7 +65,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override {
-        QPainter(this).fillRect(event->rect(), QColor(skin::kGround));
+        QPainter(this).fillRect(event->rect(), QColor(skin::Colours().ground));
     }
 };
 
@@ -87,6 +90,7 @@ void MirrorChildren(Stage& stage, controls::Container& container, QWidget* insid
 FrameMirror::FrameMirror(Stage& stage, controls::Frame& frame, QWidget* container)
     : WidgetMirror(stage, frame) {
     SetWidget(new FrameView(frame, container));
+    Speak(*Widget(), {.role = [] { return QAccessible::Grouping; }});
     MirrorChildren(stage, frame, Widget());
 }
 
@@ -98,11 +102,16 @@ void FrameMirror::Apply(Property property) {
 PictureBoxMirror::PictureBoxMirror(Stage& stage, controls::PictureBox& box, QWidget* container)
     : WidgetMirror(stage, box), box_(box) {
     SetWidget(new PictureView(box, container));
+    if (IsSlider(box)) MakeSlider(*Widget(), box);
     if (box.Look() == kVideo) box_.SetHandle(static_cast<std::int64_t>(Widget()->winId()));
     MirrorChildren(stage, box, Widget());
 }
 
 bool PictureBoxMirror::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && Widget()->hasFocus() && IsSlider(box_)) {
+        const auto& press = static_cast<QKeyEvent&>(*event);
+        if (ShiftState(press.modifiers()) == 0 && TakeSliderKey(box_, press.key())) return true;
+    }
     if (event->type() == QEvent::WinIdChange && box_.Look() == kVideo) {
         box_.SetHandle(static_cast<std::int64_t>(Widget()->internalWinId()));
     }

@@ -2,14 +2,18 @@
 
 #include <QApplication>
 #include <QDropEvent>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QTextDocument>
 #include <QUrl>
+#include <utility>
 
 #include "controls/CommandButton.h"
 #include "platform/qt/Drops.h"
 #include "platform/qt/Geometry.h"
 #include "platform/qt/Keys.h"
+#include "platform/qt/SliderKeys.h"
+#include "platform/qt/Spoken.h"
 
 namespace qt {
 namespace {
@@ -105,6 +109,7 @@ void WidgetMirror::Apply(Property property) {
             // A bar is filled up to its marker.
             if (control.Look() == "marker" && widget_->parentWidget() != nullptr)
                 widget_->parentWidget()->update();
+            TellPlaceOfMarker();
             break;
         case Property::ToolTip:
         case Property::Caption: {
@@ -138,12 +143,22 @@ void WidgetMirror::Apply(Property property) {
     }
 }
 
+void WidgetMirror::TellPlaceOfMarker() {
+    controls::Control* slider = Mirrored().Look() == "marker" ? Mirrored().Parent() : &Mirrored();
+    if (slider == nullptr || !IsSlider(*slider)) return;
+    const int percent = static_cast<int>(SliderPercent(*slider));
+    if (std::exchange(told_percent_, percent) == percent) return;
+    const Mirror* mirror = stage_.MirrorOf(*slider);
+    if (mirror != nullptr && mirror->Widget() != nullptr) TellNewPercent(*mirror->Widget(), percent);
+}
+
 QPointF WidgetMirror::Point(const QPointF& in_surface) const {
     return InScaleOf(Mirrored(), in_surface);
 }
 
 bool WidgetMirror::MousePressed(const QMouseEvent& event) {
     pressed_ = event.button() == Qt::LeftButton;
+    stage_.SetMenuPlace(std::nullopt);
     stage_.OnPressed(Outermost(Mirrored()));
     const QPointF at = Point(event.position());
     Mirrored().MouseDown.Raise(ButtonNumber(event.button()), ShiftState(event.modifiers()), at.x(), at.y());
@@ -203,7 +218,30 @@ bool WidgetMirror::PreviewKey(const QKeyEvent& event) {
     auto* form = dynamic_cast<controls::Form*>(&Outermost(Mirrored()));
     bool taken = false;
     if (form != nullptr) form->KeyPreview.Raise(code, shift, taken);
-    return taken;
+    return taken || (shift == 0 && event.key() == Qt::Key_F10 && OpenMenuBar());
+}
+
+bool WidgetMirror::OpenMenuBar() {
+    auto* bar = widget_->window()->findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly);
+    if (bar == nullptr || !bar->isEnabled() || bar->actions().isEmpty()) return false;
+    bar->setFocus(Qt::MenuBarFocusReason);
+    bar->setActiveAction(bar->actions().constFirst());
+    return true;
+}
+
+// The right button of the keyboard.
+bool WidgetMirror::AskForMenu(const QKeyEvent& event) {
+    const bool asks =
+        event.key() == Qt::Key_Menu || (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
+    if (!asks || !IsPassive() || !Mirrored().MouseUp.IsClaimed()) return false;
+    Mirrored().MouseDown.Raise(controls::kRightButton, 0, 0, 0);
+    Mirrored().MouseUp.Raise(controls::kRightButton, 0, 0, 0);
+    return true;
+}
+
+bool WidgetMirror::TakeKey(const QKeyEvent& event) {
+    stage_.SetMenuPlace(widget_->mapToGlobal(widget_->rect().bottomLeft()));
+    return AskForMenu(event) || PreviewKey(event) || KeyPressed(event);
 }
 
 bool WidgetMirror::KeyPressed(const QKeyEvent& event) {
@@ -279,7 +317,7 @@ bool WidgetMirror::eventFilter(QObject* watched, QEvent* event) {
             // Qt offers the same press to the containers next.
             if (QApplication::focusWidget() != nullptr && watched != QApplication::focusWidget())
                 return false;
-            return PreviewKey(static_cast<QKeyEvent&>(*event)) || KeyPressed(static_cast<QKeyEvent&>(*event));
+            return TakeKey(static_cast<QKeyEvent&>(*event));
         case QEvent::FocusIn:
             FocusCame(static_cast<QFocusEvent&>(*event));
             return false;

@@ -52,6 +52,10 @@ private:
     bool MouseReleased(const QMouseEvent& event);
     bool WheelTurned(const QWheelEvent& event);
     bool PressWindowButton(int key_code);
+    bool TakeKey(const QKeyEvent& event);
+    bool AskForMenu(const QKeyEvent& event);
+    bool OpenMenuBar();
+    void TellPlaceOfMarker();
     std::function<bool(const std::string&)> FolderTest() const;
     bool DraggedOver(QDropEvent& event);
     bool Dropped(QDropEvent& event);
@@ -61,6 +65,7 @@ private:
     QPointer<QWidget> widget_;
     QWidget* surface_ = nullptr;
     bool pressed_ = false;
+    int told_percent_ = -1;
     int wheel_rest_ = 0;  // eighths of a degree that do not make a notch yet
 };
 

@@ -78,8 +78,8 @@ DownloadRow::DownloadRow(Downloads& downloads, int id, QWidget* parent)
 void DownloadRow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor(skin::kLine));
-    painter.setBrush(QColor(skin::kPanel));
+    painter.setPen(QColor(skin::Colours().line));
+    painter.setBrush(QColor(skin::Colours().panel));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 7, 7);
 }
 

@@ -117,7 +117,7 @@ void FindBar::Search(QWebEnginePage::FindFlags direction) {
 void FindBar::ShowCount(const QString& words, bool is_nothing) {
     if (count_->text() == words) return;
     count_->setText(words);
-    const QRgb colour = is_nothing ? qt::skin::kWarning : qt::skin::kMuted;
+    const QRgb colour = is_nothing ? qt::skin::Colours().warning : qt::skin::Colours().muted;
     count_->setStyleSheet(QStringLiteral("color: %1").arg(QColor(colour).name()));
     count_->setAccessibleName(words);
     QAccessibleEvent changed(count_, QAccessible::Alert);

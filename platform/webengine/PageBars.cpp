@@ -51,8 +51,8 @@ protected:
         QPushButton::paintEvent(event);
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(
-            QPen(QColor(underMouse() ? skin::kAccent : skin::kMuted), 1.5, Qt::SolidLine, Qt::RoundCap));
+        painter.setPen(QPen(QColor(underMouse() ? skin::Colours().accent : skin::Colours().muted), 1.5,
+                            Qt::SolidLine, Qt::RoundCap));
         const QPointF centre = QRectF(rect()).center();
         constexpr double kReach = 3.5;
         painter.drawLine(centre + QPointF(-kReach, -kReach), centre + QPointF(kReach, kReach));
@@ -70,8 +70,8 @@ public:
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
-        painter.fillRect(rect(), QColor(skin::kAccentDeep));
-        painter.fillRect(QRect(0, 0, width() * percent_ / 100, height()), QColor(skin::kAccent));
+        painter.fillRect(rect(), QColor(skin::Colours().accent_deep));
+        painter.fillRect(QRect(0, 0, width() * percent_ / 100, height()), QColor(skin::Colours().accent));
     }
 
 private:
@@ -158,8 +158,8 @@ void PageBar::Close() {
 
 void PageBar::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(rect(), QColor(skin::kPanel));
-    painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(skin::kLine));
+    painter.fillRect(rect(), QColor(skin::Colours().panel));
+    painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(skin::Colours().line));
 }
 
 void PageBar::keyPressEvent(QKeyEvent* event) {

@@ -54,6 +54,17 @@ TEST(SpeakerTestRoom, ClosingItStartsTheFadeTimerThoughNoFadeRan) {
     EXPECT_EQ(house.TakeCommands(), Texts{"setaudio a Volume to 1000"});
 }
 
+TEST(SpeakerTestRoom, EscapeClosesIt) {
+    Testing house;
+
+    house.frmSpeakerTest.KeyDown.Raise('A', 0);
+    const bool stays = house.frmSpeakerTest.Visible();
+    house.frmSpeakerTest.KeyDown.Raise(controls::kKeyEscape, 0);
+
+    EXPECT_TRUE(stays);
+    EXPECT_FALSE(house.frmSpeakerTest.Visible());
+}
+
 TEST(SpeakerTestRoom, ItEndsARunningCrossfadeAsItStands) {
     PlayerHouse house;
     house.controls.transport.tmrPlay.SetEnabled(false);

@@ -152,17 +152,17 @@ class Browsing(Dragging, Screening):
         wait_for("the tabs to go", lambda: not self.eyes.shows("Close this tab"))
 
     def to_the_music(self):
-        self.stage.click(*self.eyes.centre("Music Player", "push button"))
+        self.stage.click(*self.eyes.centre("Music Player", "page tab"))
         self.wait_for_title(MUSIC_CAPTION)
 
     def pick_mode(self, mode):
         x, y, width, height = self.eyes.rect(self._mode_box())
         self.stage.click(x + width // 2, y + height // 2)
         self.stage.click(*self.eyes.centre(mode, "list item"))
-        wait_for(f"the mode {mode}", lambda: self._mode_box().get_name() == mode)
+        wait_for(f"the mode {mode}", lambda: self._mode_box().get_description() == mode)
 
     def _mode_box(self):
-        """The box left of the address row; a combo box bears what stands in it as its name."""
+        """The box left of the address row; a combo box says what is in it as its description."""
         row = self.eyes.rect(self.eyes.find("Address", "text"))
         boxes = [node for node in self.eyes.nodes() if node.get_role_name() == "combo box"
                  and abs(self.eyes.rect(node)[1] - row[1]) < 12]
@@ -207,7 +207,7 @@ class Browsing(Dragging, Screening):
 
     def tab(self, title):
         """Where a tab bears that title on the strip, past its edge too; the page below may hold the same words."""
-        top = self.eyes.rect(self.eyes.find("Row BG"))[1]
+        top = self.eyes.rect(self.eyes.find("Back"))[1] - 8
         found = [self.eyes.rect(node) for node in self.eyes.find_all(title, showing=False)
                  if self.is_visible(node) and role_of(node) in ("label", "push button", "page tab")]
         found = [rect for rect in found if top - 40 <= rect[1] < top]

@@ -503,6 +503,10 @@ class Eyes:
         """A node and what it holds."""
         return self._walk(node, False)
 
+    def do_not_wait_long(self):
+        """For actions that open a box: their answer comes when the box is closed."""
+        self._atspi.set_timeout(1500, 3000)
+
     @property
     def selected(self):
         return self._atspi.StateType.SELECTED
@@ -510,6 +514,18 @@ class Eyes:
     @property
     def visible(self):
         return self._atspi.StateType.VISIBLE
+
+    @property
+    def showing(self):
+        return self._atspi.StateType.SHOWING
+
+    @property
+    def enabled(self):
+        return self._atspi.StateType.ENABLED
+
+    @property
+    def focusable(self):
+        return self._atspi.StateType.FOCUSABLE
 
     @property
     def focused(self):

@@ -238,11 +238,11 @@ class Story:
         return [("stored user", USER)]
 
     def login_name(self):
-        """The user name that stands in the login; a combo box bears what stands in it as its name."""
+        """The user name that stands in the login; a combo box says what is in it as its description."""
         for window in self.eyes.find_all("Brindlepost - Login"):
             for node in self.eyes.below(window):
                 if node.get_role_name() == "combo box":
-                    return node.get_name()
+                    return node.get_description()
         return None
 
     def log_in(self):
@@ -431,8 +431,8 @@ class Story:
     def tab(self, title):
         """Place of the tab that bears a title; the page below may hold the same words."""
         found = [self.eyes.rect(node) for node in self.eyes.nodes()
-                 if node.get_name() == title and role_of(node) in ("label", "push button")]
-        top = self.eyes.rect(self.eyes.find("Music Player", "push button"))[1]
+                 if node.get_name() == title and role_of(node) in ("label", "page tab")]
+        top = self.eyes.rect(self.eyes.find("Music Player", "page tab"))[1]
         found = [rect for rect in found if abs(rect[1] - top) < 20]
         return found[0] if found else None
 
@@ -445,7 +445,7 @@ class Story:
         return measured
 
     def back_to_the_music(self):
-        self.press("Music Player", "push button")
+        self.press("Music Player", "page tab")
         self.main_window("Brindlepost - Music Player")
         check(self.eyes.shows("Tracks", "list"), "the music tab shows no tracks")
         return []

@@ -171,7 +171,7 @@ class Life(Browsing):
         self.stage.click(x + width // 2, y + height // 2)
         self.stage.key("ctrl+a")
         self.stage.type(name)
-        wait_for("the name in its box", lambda: self._users().get_name() == name)
+        wait_for("the name in its box", lambda: self._users().get_description() == name)
         self.stage.click(*self.eyes.centre("Password", "password text"))
         self.stage.key("ctrl+a")
         self.stage.type("secret")

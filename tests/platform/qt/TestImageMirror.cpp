@@ -98,7 +98,7 @@ TEST_F(ImageMirrorTest, TextOnAPaleFaceIsDark) {
         const QImage shown = desk.screen.WindowOf(desk.form)->grab(QRect(0, 0, 40, 40)).toImage();
         for (int y = 0; y < 40; ++y) {
             for (int x = 0; x < 40; ++x) {
-                if (shown.pixel(x, y) == qt::skin::kInk) return true;
+                if (shown.pixel(x, y) == qt::skin::Colours().ink) return true;
             }
         }
         return false;

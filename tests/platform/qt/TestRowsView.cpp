@@ -83,7 +83,7 @@ TEST_F(RowsViewTest, TheChosenRowIsAmber) {
     list_.SetListIndex(1);
     view_.ShowChosen(1, true);
 
-    EXPECT_EQ(view_.viewport()->grab().toImage().pixel(150, 36), qt::skin::kAccentDeep);
+    EXPECT_EQ(view_.viewport()->grab().toImage().pixel(150, 36), qt::skin::Colours().accent_deep);
 }
 
 TEST_F(RowsViewTest, AFillWithTheSameRowsKeepsTheScrollPlace) {

@@ -70,14 +70,14 @@ TEST(LabelMirror, AnIconIsDrawnBeforeTheCaptionAndProgressBelowIt) {
 
     const QImage shown = desk.Find(label)->grab().toImage();
     EXPECT_EQ(shown.pixel(8, 12), 0xffff0000);
-    EXPECT_EQ(shown.pixel(20, 23), qt::skin::kAccent);
-    EXPECT_EQ(shown.pixel(80, 23), qt::skin::kLine);
+    EXPECT_EQ(shown.pixel(20, 23), qt::skin::Colours().accent);
+    EXPECT_EQ(shown.pixel(80, 23), qt::skin::Colours().line);
 
     label.SetIcon("no picture");
     label.SetProgress(-1);
     desk.screen.CatchUp();
     EXPECT_NE(desk.Find(label)->grab().toImage().pixel(8, 12), 0xffff0000);
-    EXPECT_NE(desk.Find(label)->grab().toImage().pixel(20, 23), qt::skin::kAccent);
+    EXPECT_NE(desk.Find(label)->grab().toImage().pixel(20, 23), qt::skin::Colours().accent);
 }
 
 TEST(LabelMirror, AChangedLookIsPainted) {
@@ -88,7 +88,7 @@ TEST(LabelMirror, AChangedLookIsPainted) {
     label.SetLook("well");
     desk.screen.CatchUp();
 
-    EXPECT_EQ(desk.Find(label)->grab().toImage().pixel(10, 10), qt::skin::kWell);
+    EXPECT_EQ(desk.Find(label)->grab().toImage().pixel(10, 10), qt::skin::Colours().well);
 }
 
 TEST(LabelMirror, AClickableLabelIsReachedAndPressedByKeyboard) {

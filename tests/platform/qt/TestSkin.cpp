@@ -22,22 +22,63 @@ double Contrast(QRgb first, QRgb second) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-TEST(Skin, EveryTextCanBeReadOnEveryGroundItIsDrawnOn) {
+/// Every text with every ground that it is drawn on, and the least contrast that it needs.
+void ExpectReadable(const qt::skin::ColourSet& set, double least) {
     struct Pair {
         QRgb text;
-        QRgb ground;
+        std::initializer_list<QRgb> grounds;
     };
-    using namespace qt::skin;
     const Pair pairs[] = {
-        {kText, kGround},   {kText, kPanel},     {kText, kRaised},     {kText, kHover}, {kText, kWell},
-        {kMuted, kGround},  {kMuted, kPanel},    {kMuted, kRaised},    {kMuted, kWell}, {kMuted, kStrip},
-        {kAccent, kWell},   {kAccent, kRaised},  {kKnob, kAccentDeep}, {kInk, kAccent}, {kInk, kPale},
-        {kInkMuted, kPale}, {kWarning, kRaised}, {kWarning, kWell},
+        {set.text,
+         {set.ground, set.strip, set.panel, set.raised, set.raised_top, set.raised_bottom, set.hover,
+          set.pressed, set.well, set.well_odd, set.row_bottom, set.tool_top, set.tool_bottom}},
+        {set.muted,
+         {set.ground, set.strip, set.panel, set.raised, set.raised_top, set.raised_bottom, set.well,
+          set.well_odd}},
+        {set.tab_text, {set.raised, set.strip}},
+        {set.accent, {set.ground, set.panel, set.well, set.raised, set.raised_top, set.hover}},
+        {set.knob, {set.accent_deep, set.raised, set.hover}},
+        {set.ink, {set.accent, set.accent_over, set.accent_pressed, set.pale}},
+        {set.ink_muted, {set.pale}},
+        {set.warning, {set.ground, set.panel, set.raised, set.well}},
     };
 
     for (const Pair& pair : pairs) {
-        EXPECT_GE(Contrast(pair.text, pair.ground), 4.5) << std::hex << pair.text << " on " << pair.ground;
+        for (const QRgb ground : pair.grounds)
+            EXPECT_GE(Contrast(pair.text, ground), least) << std::hex << pair.text << " on " << ground;
     }
+}
+
+TEST(Skin, EveryTextCanBeReadOnEveryGroundItIsDrawnOn) {
+    ExpectReadable(qt::skin::kUsual, 4.5);
+}
+
+TEST(Skin, HighContrastIsThatOfEveryText) {
+    ExpectReadable(qt::skin::kHighContrast, 7);
+}
+
+TEST(Skin, EdgesAndMarkersAreSeenInHighContrast) {
+    const qt::skin::ColourSet& set = qt::skin::kHighContrast;
+    for (const QRgb edge : {set.line, set.panel_line, set.handle, set.knob, set.accent, set.teal}) {
+        EXPECT_GE(Contrast(edge, set.ground), 7) << std::hex << edge;
+        EXPECT_GE(Contrast(edge, set.well), 7) << std::hex << edge;
+    }
+}
+
+TEST(Skin, AControlThatIsOffCanStillBeMadeOut) {
+    for (const qt::skin::ColourSet* set : {&qt::skin::kUsual, &qt::skin::kHighContrast}) {
+        EXPECT_GE(Contrast(set->disabled, set->raised), 3);
+        EXPECT_GE(Contrast(set->disabled, set->well), 3);
+    }
+}
+
+TEST(Skin, TheColoursThatAreAskedForAreShown) {
+    qt::skin::ShowHighContrast(true);
+    const QRgb high = qt::skin::Colours().ground;
+    qt::skin::ShowHighContrast(false);
+
+    EXPECT_EQ(high, qt::skin::kHighContrast.ground);
+    EXPECT_EQ(qt::skin::Colours().ground, qt::skin::kUsual.ground);
 }
 
 TEST(Skin, ASurfaceIsDrawnAndAnyOtherLookIsLeftAlone) {
@@ -51,18 +92,18 @@ TEST(Skin, ASurfaceIsDrawnAndAnyOtherLookIsLeftAlone) {
 
     EXPECT_TRUE(drawn);
     EXPECT_FALSE(other);
-    EXPECT_EQ(image.pixel(10, 10), qt::skin::kPanel);
+    EXPECT_EQ(image.pixel(10, 10), qt::skin::Colours().panel);
 }
 
 TEST(Skin, AGrooveIsFilledAsFarAsToldAndNoFarther) {
     QImage image(100, 16, QImage::Format_RGB32);
     QPainter painter(&image);
 
-    qt::skin::Groove(painter, image.rect(), 50, qt::skin::kAccent, qt::skin::kAccent);
+    qt::skin::Groove(painter, image.rect(), 50, qt::skin::Colours().accent, qt::skin::Colours().accent);
     painter.end();
 
-    EXPECT_EQ(image.pixel(25, 8), qt::skin::kAccent);
-    EXPECT_EQ(image.pixel(75, 8), qt::skin::kWell);
+    EXPECT_EQ(image.pixel(25, 8), qt::skin::Colours().accent);
+    EXPECT_EQ(image.pixel(75, 8), qt::skin::Colours().well);
 }
 
 TEST(Skin, LettersHaveTheSizeInPixels) {

@@ -74,9 +74,9 @@ TEST(PictureBoxMirror, ABarIsFilledUpToItsMarker) {
 
     const QImage shown = desk.Find(bar)->grab().toImage();
 
-    EXPECT_NE(shown.pixel(40, 10), qt::skin::kWell);
-    EXPECT_EQ(shown.pixel(60, 10), qt::skin::kKnob);
-    EXPECT_EQ(shown.pixel(80, 10), qt::skin::kWell);
+    EXPECT_NE(shown.pixel(40, 10), qt::skin::Colours().well);
+    EXPECT_EQ(shown.pixel(60, 10), qt::skin::Colours().knob);
+    EXPECT_EQ(shown.pixel(80, 10), qt::skin::Colours().well);
 }
 
 TEST(FrameMirror, WhatStandsInItMovesAndHidesWithIt) {

@@ -102,7 +102,7 @@ class Hostility(Browsing):
     def learn_places(self):
         eyes = self.eyes
         self.places["address"] = eyes.centre("Address", "text")
-        self.places["music"] = eyes.centre("Music Player", "push button")
+        self.places["music"] = eyes.centre("Music Player", "page tab")
         self.places["File"] = eyes.centre("File", "menu item")
         self.open("/plain", "Plain")
         self.places["page"] = self.centre_of_page()

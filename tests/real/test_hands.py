@@ -1,0 +1,262 @@
+"""The program without a pointer and without eyes: `test_hands.py BUILD_FOLDER [all]`.
+
+In every window each control that takes the keyboard is reached with Tab, is left again with Tab and with Shift+Tab, looks
+another when it has the keyboard, and has a role and a name for a screen reader. Sliders, lists and boxes are worked with the
+arrow keys, the space bar and Enter; what they do then is told in their value. Without `all` three windows are gone through.
+"""
+
+import subprocess
+import sys
+import time
+
+import stage as stages
+from house import BUTTONS, MAIN, Walk
+from stage import Stage, wait_for
+from story import check, check_equal
+
+ROLES = {*BUTTONS, "toggle button", "check box", "combo box", "list", "page tab", "slider", "split pane", "text", "entry",
+         "password text", "dialog", "radio button", "tree table", "table", "document web", "link", "filler", "tree", "spin button"}
+# Reached by arrows or through what holds them.
+INNER = {"list item", "table cell", "menu item", "check menu item", "menu", "scroll bar", "document web", "link", "popup menu",
+         "entry in a page", "frame", "window", "column header", "table row header", "table column header"}
+MOST_TABS = 90
+LEAST_CHANGE = 12  # pixels that the keyboard changes in a control
+
+
+class Hands(Walk):
+    def __init__(self, stage, name):
+        self.silent = []
+        self.unreached = []
+        self.plain = []
+        self.counted = {}
+        super().__init__(stage, name, self.go_through)
+
+    # -- what is there --
+
+    def window_node(self, title):
+        for program in self.eyes.programs():
+            for index in range(program.get_child_count()):
+                window = program.get_child_at_index(index)
+                if window is None or not (window.get_name() or "").startswith(title):
+                    continue
+                if window.get_state_set().contains(self.eyes.showing):
+                    return window
+        return None
+
+    def controls(self, title):
+        """(node, role, name) of what shows in a window, enabled, and takes the keyboard. Pages have keys of their own."""
+        found = []
+        top = self.window_node(title)
+        stack = [top] if top is not None else []
+        while stack:
+            node = stack.pop()
+            try:
+                states, role = node.get_state_set(), node.get_role_name()
+                if node is not top and not states.contains(self.eyes.showing):
+                    continue
+                if role == "document web":
+                    continue
+                if states.contains(self.eyes.focusable) and states.contains(self.eyes.enabled) and role not in INNER:
+                    found.append((node, role, node.get_name()))
+                if role != "list":
+                    stack.extend(node.get_child_at_index(index) for index in range(min(node.get_child_count(), 300)))
+            except (self.eyes._gone, AttributeError):
+                continue
+        return found
+
+    def has_keyboard(self, node):
+        try:
+            return node.get_state_set().contains(self.eyes.focused)
+        except self.eyes._gone:
+            return False
+
+    def focused(self, controls):
+        return next((index for index, row in enumerate(controls) if self.has_keyboard(row[0])), None)
+
+    # -- every window --
+
+    def go_through(self, name, title):
+        if title is None:
+            return
+        self.to_front(title)
+        time.sleep(0.2)
+        controls = self.controls(title)
+        self.counted[name] = len(controls)
+        for _, role, spoken in controls:
+            if not spoken or role not in ROLES:
+                self.silent.append(f"{name}: a {role} called '{spoken}'")
+        self.walk(name, controls)
+
+    def walk(self, name, controls):
+        """Tab until every control had the keyboard; a control that it cannot leave is a trap."""
+        reached, order = set(), []
+        before = None
+        for _ in range(MOST_TABS):
+            now = self.focused(controls)
+            if now is not None and now not in reached:
+                order.append(now)
+                reached.add(now)
+            shot = self.picture()
+            if before is not None and now is not None:
+                self.compare(name, controls[now], before, shot)
+            before = shot
+            if len(reached) == len(controls):
+                break
+            self.stage.key("Tab")
+            time.sleep(0.05)
+        for index, (node, role, spoken) in enumerate(controls):
+            inside = any(self.is_inside(controls[other][0], node) for other in reached)
+            if index not in reached and not inside:
+                self.unreached.append(f"{name}: the {role} '{spoken}'")
+        if len(order) > 2:
+            self.go_back(name, controls)
+
+    def is_inside(self, node, other):
+        """A box with a line to type in takes the keyboard by its line."""
+        try:
+            parent = node.get_parent()
+            return parent is not None and parent == other
+        except self.eyes._gone:
+            return False
+
+    def go_back(self, name, controls):
+        here = self.focused(controls)
+        self.stage.key("Tab")
+        there = wait_for("the next control", lambda: self.focused(controls) not in (None, here) or True) and self.focused(controls)
+        self.stage.key("shift+Tab")
+        back = self.focused(controls)
+        if here is not None and there is not None and back != here:
+            self.unreached.append(f"{name}: Shift+Tab does not go back to '{controls[here][2]}'")
+
+    def picture(self):
+        done = subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", "ppm:-"],
+                              env=self.stage.environment, capture_output=True, stdin=subprocess.DEVNULL, check=False)
+        _, wide, high = done.stdout.split(maxsplit=3)[:3]
+        return int(wide), int(high), done.stdout[-3 * int(wide) * int(high):]
+
+    def compare(self, name, control, before, after):
+        """The control that the keyboard came to looks another than before."""
+        x, y, width, height = self.eyes.rect(control[0])
+        wide, high, old = before
+        new = after[2]
+        changed = 0
+        for row in range(max(0, y), min(high, y + height)):
+            begin, end = 3 * (row * wide + max(0, x)), 3 * (row * wide + min(wide, x + width))
+            if old[begin:end] != new[begin:end]:
+                changed += sum(old[at:at + 3] != new[at:at + 3] for at in range(begin, end, 3))
+        if changed < LEAST_CHANGE:
+            self.plain.append(f"{name}: the {control[1]} '{control[2]}'")
+
+    # -- working it --
+
+    def press_key_on(self, name, key, roles=None):
+        self.tab_to(name, roles)
+        self.stage.key(key)
+
+    def slider_moves(self, name, key):
+        node = self.tab_to(name, ("slider", "split pane"))
+        before = self.eyes.value(node)
+        self.stage.key(key)
+        wait_for(f"'{name}' to move from {before} with {key}", lambda: self.eyes.value(node) != before)
+        wait_for(f"the keyboard to stay in '{name}'", lambda: self.has_keyboard(node))
+
+    def sliders(self):
+        self.slider_moves("Volume", "Left")
+        self.slider_moves("Speed", "Right")
+        self.slider_moves("Start of the cross fade", "Left")
+        self.slider_moves("Drag to share the height between the lists", "Up")
+        song = self.node("Position in the song", ("slider",))
+        before = self.eyes.value(song)
+        self.press_key_on("Position in the song", "Next", ("slider",))
+        self.press_key_on("Position in the song", "Prior", ("slider",))
+        wait_for("the song to go on", lambda: (self.eyes.value(song) or 0) > before + 5)
+        volume = self.node("Volume", ("slider",))
+        volume.set_current_value(40)
+        wait_for("the volume that a screen reader set", lambda: abs(self.eyes.value(volume) - 40) <= 3)
+
+    def buttons(self):
+        self.press_key_on("Pause", "space", BUTTONS)
+        self.press_key_on("Play", "Return", BUTTONS)
+        self.node("Pause", BUTTONS)
+        self.press_key_on("Repeat this song", "space", BUTTONS)
+        self.press_key_on("Repeat is on: repeat no more", "space", BUTTONS)
+        self.node("Repeat this song", BUTTONS)
+        self.tab_to("Tracks", ("list",))
+        self.stage.key("End")
+        self.press_key_on("Cue the selected track", "space", BUTTONS)
+        wait_for("the cued track", lambda: len(self.eyes.rows("Up next")) == 1)
+        self.press_key_on("Stop", "space", BUTTONS)
+        self.node("Play", BUTTONS)
+
+    def lists(self):
+        self.tab_to("Playlists", ("list",))
+        self.stage.key("End")
+        wait_for("the playlist's two tracks", lambda: len(self.eyes.rows("Tracks")) == 2)
+        self.stage.key("Home")
+        wait_for("all tracks", lambda: len(self.eyes.rows("Tracks")) == 7)
+
+    def boxes(self):
+        check_equal("what is in the box", self.node("What the address box does", ("combo box",)).get_description(), "Web")
+        self.menu("Options", "Preferences")
+        self.to_front(MAIN + "Preferences")
+        box = self.tab_to("Save history", ("check box",))
+        for is_ticked in (False, True):
+            self.stage.key("space")
+            wait_for("the tick to change", lambda t=is_ticked: self.eyes.is_ticked(box) == t)
+        self.dismiss(MAIN + "Preferences")
+        self.to_front(MAIN)
+
+    def tabs(self):
+        face = self.tab_to("Music Player", ("page tab",))
+        check(face.get_state_set().contains(self.eyes.selected), "the tab in front does not say so")
+        self.stage.key("Menu")
+        wait_for("the menu of the tab", lambda: len(self.eyes.find_all("Sound Test")) > 0)
+        self.stage.key("Escape")
+        self.press_key_on("Close the music tab", "space", BUTTONS)
+        self.press_key_on("Open the music tab", "space", BUTTONS)
+        self.node("Music Player", ("page tab",))
+
+    def menu_bar(self):
+        self.tab_to("Tracks", ("list",))
+        self.stage.key("F10", "Right", "Down", "Return")
+        self.dismiss("Add Favourite")
+
+    def works(self):
+        for step in (self.sliders, self.buttons, self.lists, self.boxes, self.tabs, self.menu_bar):
+            begin = time.monotonic()
+            step()
+            print(f"   {step.__name__} by keys ({time.monotonic() - begin:.1f} s)", flush=True)
+
+    # -- the verdict --
+
+    def play(self):
+        super().play()
+        self.works()
+
+    def verdict(self):
+        print("   controls:", ", ".join(f"{name} {count}" for name, count in self.counted.items()))
+        check_equal("windows that did not come", self.troubles, [])
+        check_equal("controls without a role or a name", self.silent, [])
+        check_equal("controls that Tab does not reach", sorted(set(self.unreached)), [])
+        check_equal("controls that look the same with the keyboard", sorted(set(self.plain)), [])
+
+
+def main():
+    build = stages.become_unprivileged(sys.argv[1])
+    parts = Hands.ALL if sys.argv[2:] == ["all"] else Hands.SHORT
+    with Stage(build) as stage:
+        hands = Hands(stage, "hands")
+
+        def no_pointer_and_no_eyes():
+            hands.go(parts)
+            hands.verdict()
+
+        is_done = stage.run_steps([no_pointer_and_no_eyes])
+        hands.close()
+    if is_done:
+        stage.remove()
+    return 0 if is_done else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
