@@ -181,6 +181,8 @@ class Walk(House):
         self.tab_to("Tracks", ("list",))
         self.stage.key("Home", "Return")
         wait_for("the song to play", lambda: (self.eyes.value(self.node("Position in the song", ("slider",))) or 0) > 0)
+
+    def playing(self):
         self.look("playing", MAIN)
 
     def menus(self):
@@ -295,8 +297,8 @@ class Walk(House):
         time.sleep(0.7)
         self.look("question-at-exit", None)
 
-    SHORT = ("music", "play", "preferences")
-    ALL = ("music", "play", "menus", "panes", "dialogs", "add_media", "preferences", "page", "more_pages", "light",
+    SHORT = ("music", "play")
+    ALL = ("music", "play", "playing", "menus", "panes", "dialogs", "add_media", "preferences", "page", "more_pages", "light",
            "exit_question")
 
     def go(self, parts):
