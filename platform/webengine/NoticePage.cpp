@@ -28,7 +28,12 @@ Notice::Notice(const QString& words, QWidget* parent)
     button_->hide();
     auto* column = new QVBoxLayout(this);
     column->addStretch();
-    column->addWidget(words_, 0, Qt::AlignCenter);
+    // Not aligned: the layout asks a wrapped text for its height only where it may give it all its width.
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(words_);
+    row->addStretch();
+    column->addLayout(row);
     column->addSpacing(16);
     column->addWidget(button_, 0, Qt::AlignCenter);
     column->addStretch();

@@ -22,6 +22,17 @@ TEST(NoticePage, ItStandsInItsPlaceAndSaysWhy) {
     EXPECT_EQ(notice->Words(), "no pages here");
 }
 
+TEST(NoticePage, WordsOfSeveralLinesHaveRoomForEachOfThem) {
+    webengine::Notice notice(QString("many words ").repeated(30));
+    notice.resize(900, 600);
+    notice.show();
+
+    const auto* words = notice.findChild<QLabel*>();
+
+    EXPECT_GE(words->height(), words->heightForWidth(words->width()));
+    EXPECT_GT(words->height(), 3 * words->fontMetrics().height());
+}
+
 TEST(NoticePage, AForgottenOneLeavesItsPlace) {
     QWidget window;
     controls::WebBrowser control{"Browser"};
