@@ -13,6 +13,7 @@ from screening import Screening
 from stage import StageError, make_tone, role_of, wait_for
 
 TONE = 440
+SMALLEST_WIDTH = 600
 MUSIC_CAPTION = "Brindlepost - Music Player"
 
 
@@ -179,10 +180,13 @@ class Browsing(Dragging, Screening):
     # -- what a person sees --
 
     def largest_window(self):
-        """The main window: of the program's it is the largest."""
-        found = wait_for("a window", lambda: self.stage.run(
-            "xdotool", "search", "--onlyvisible", "--name", "^Brindlepost").split(), 30)
-        return max(found, key=lambda window: self.stage.window_rect(window)[2])
+        """The main window: of the program's it is the largest. The splash bears the same name."""
+        return wait_for("the main window", self._widest_window, 30)
+
+    def _widest_window(self):
+        found = self.stage.run("xdotool", "search", "--onlyvisible", "--name", "^Brindlepost").split()
+        width, window = max(((self.stage.window_rect(window)[2], window) for window in found), default=(0, None))
+        return window if width >= SMALLEST_WIDTH else None
 
     def title(self):
         title = self.stage.run("xdotool", "getwindowname", self.window_id).strip()
