@@ -1,38 +1,6 @@
-#include <chrono>
-#include <cstdlib>
-#include <thread>
-
-#include "contracts/LengthlessFile.h"
-#include "contracts/MediaControlContract.h"
-#include "platform/decoder/MediaProcesses.h"
-#include "real/sound/GeneratedMedia.h"
-
-namespace {
-
-// Without a sound server, so that it runs everywhere: the sound goes nowhere, in real time.
-class ProcessBench final : public contracts::MediaControlBench {
-public:
-    ProcessBench() { setenv("PULSE_SERVER", "unix:/nonexistent/native", 1); }
-    ports::MediaControl& Media() override { return processes_; }
-    std::string Song() override { return files_.Make("song.wav", {.seconds = 2}); }
-    std::string Film() override { return files_.Make("film.mp4", {.seconds = 2}); }
-    std::string Broken() override { return files_.Write("broken.mp3", std::string(5000, 'x')); }
-    std::string Missing() override { return files_.Path("missing.mp3"); }
-    std::string Lengthless() override { return contracts::MakeLengthless(files_); }
-    std::string Blank() override { return files_.Make("a song.wav", {.seconds = 2}); }
-    // The clock of the sound is the real one.
-    void Pass(int milliseconds) override {
-        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
-    }
-
-private:
-    sound::GeneratedMedia files_;
-    decoder::MediaProcesses processes_{DECODER_PROGRAM,
-                                       [](std::string_view name) { return std::string(name); }};
-};
-
-}  // namespace
+#include "contracts/RealMediaBench.h"
+#include "real/sound/Engine.h"
 
 namespace contracts {
-INSTANTIATE_TYPED_TEST_SUITE_P(OnProcesses, MediaControlContract, ProcessBench);
+INSTANTIATE_TYPED_TEST_SUITE_P(OnProcesses, MediaControlContract, RealMediaBench<sound::Engine>);
 }  // namespace contracts

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -59,6 +60,23 @@ protected:
         ASSERT_TRUE(server_.WaitForSound());
         Rest(1.5);
     }
+    void ToggleMute() { house_.menu.mnuMusicMute.Click.Raise(); }
+    /// What mutes and pauses; what the sound server still holds is not heard after it.
+    void ExpectSilenceAfterPause(const std::function<void()>& mute_and_pause) {
+        StartSong();
+        for (int i = 0; i < 5; ++i) {
+            mute_and_pause();
+            const std::size_t begin = server_.Heard();
+            house_.mci.MciResume("a");
+            Rest(0.5);
+            const Samples heard = server_.Between(begin, server_.Heard());
+            EXPECT_EQ(sound::FirstLouderThan(heard.left, 0), heard.left.size());
+
+            ToggleMute();
+            ASSERT_TRUE(server_.WaitForSound(2));
+            Rest(0.7);
+        }
+    }
     double TimeTurn(const std::function<void()>& turn, double from, double to) {
         Rest(0.7);
         const std::size_t begin = house_.media.Now();
@@ -106,41 +124,21 @@ TEST_F(Promptness, ATurnOfTheKnobIsHeardWithin50Milliseconds) {
 }
 
 TEST_F(Promptness, MuteOfAPausedSongLetsNothingThrough) {
-    StartSong();
-    for (int i = 0; i < 5; ++i) {
+    ExpectSilenceAfterPause([this] {
         house_.mci.MciPause("a");
         ASSERT_TRUE(server_.WaitForSilence(2));
         Rest(0.2);
-        house_.menu.mnuMusicMute.Click.Raise();
-        const std::size_t begin = server_.Heard();
-        house_.mci.MciResume("a");
-        Rest(0.5);
-        const Samples heard = server_.Between(begin, server_.Heard());
-        EXPECT_EQ(sound::FirstLouderThan(heard.left, 0), heard.left.size());
-
-        house_.menu.mnuMusicMute.Click.Raise();
-        ASSERT_TRUE(server_.WaitForSound(2));
-        Rest(0.3);
-    }
+        ToggleMute();
+    });
 }
 
 TEST_F(Promptness, MuteJustBeforeAPauseLetsNothingThroughAfterIt) {
-    StartSong();
-    for (int i = 0; i < 5; ++i) {
-        house_.menu.mnuMusicMute.Click.Raise();
+    ExpectSilenceAfterPause([this] {
+        ToggleMute();
         house_.mci.MciPause("a");
         ASSERT_TRUE(server_.WaitForSilence(2));
         Rest(0.3);
-        const std::size_t begin = server_.Heard();
-        house_.mci.MciResume("a");
-        Rest(0.5);
-        const Samples heard = server_.Between(begin, server_.Heard());
-        EXPECT_EQ(sound::FirstLouderThan(heard.left, 0), heard.left.size());
-
-        house_.menu.mnuMusicMute.Click.Raise();
-        ASSERT_TRUE(server_.WaitForSound(2));
-        Rest(0.7);
-    }
+    });
 }
 
 // The level of a muted song is told after it was started; what holds up the player in between is not heard.
