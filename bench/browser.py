@@ -233,7 +233,7 @@ def learn_places(stage):
     tone = stages.make_tone(stage.folder / "Music" / "Film - Tone.wav", 440, 5)
     person = Screening(stage, [("Tone", tone)])
     address = person.eyes.centre("Address", "text")
-    x, y, width, height = person.eyes.rect(person.eyes.find("Music Player", "push button"))
+    x, y, width, height = person.eyes.rect(person.eyes.find("Music Player", "page tab"))
     person.program.terminate()
     person.program.wait()
     del stage.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]

@@ -13,7 +13,7 @@ import time
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent.parent / "tests" / "real"))
 
 import stage  # noqa: E402
-from errands import Errands  # noqa: E402
+from everyday import Everyday  # noqa: E402
 
 # Up to here each step needs the one before; afterwards one that fails is told and the next one is tried.
 ESSENTIAL = 9
@@ -134,7 +134,7 @@ def main():
     build = stage.become_unprivileged(sys.argv[1])
     summary = Summary(output)
     with stage.Stage(build) as scene:
-        story = Errands(scene)
+        story = Everyday(scene)
         print("Making songs and pages ...", flush=True)
         story.make_media()
         try:
