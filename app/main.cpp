@@ -4,9 +4,11 @@
 // has been painted: the pages as a module when the first page is wanted, the media engine in two processes of
 // its own.
 
+#include <QDesktopServices>
 #include <QIcon>
 #include <QSocketNotifier>
 #include <QStandardPaths>
+#include <QUrl>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -26,12 +28,15 @@
 #include "platform/gstreamer/Threads.h"
 #include "platform/linux/CommandLine.h"
 #include "platform/linux/CommandText.h"
+#include "platform/linux/CrashReport.h"
 #include "platform/linux/EndSignal.h"
 #include "platform/linux/KeptFiles.h"
 #include "platform/linux/LinuxFiles.h"
 #include "platform/linux/LinuxInstanceLock.h"
 #include "platform/linux/LinuxRegistry.h"
+#include "platform/linux/MessageTap.h"
 #include "platform/linux/PlaceOfStores.h"
+#include "platform/linux/RunLog.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/qt/Activation.h"
 #include "platform/qt/Boxes.h"
@@ -40,6 +45,7 @@
 #include "platform/qt/DesktopWishes.h"
 #include "platform/qt/Environment.h"
 #include "platform/qt/Loop.h"
+#include "platform/qt/Messages.h"
 #include "platform/qt/ScaledPictures.h"
 #include "platform/qt/Screen.h"
 #include "platform/sqlite/BringUp.h"
@@ -90,6 +96,44 @@ struct OnTheBus {
     dbus::BusFileManager file_manager{bus};
 };
 
+/// What is kept of a run, for the user and for the start after it. Only the run that has the stores keeps
+/// any.
+struct Records {
+    Records(const std::string& stores_folder, ports::Instance answer)
+        : log(answer == ports::Instance::First ? linux::FoldersOfUser().state : std::string(),
+              stores_folder) {
+        using End = linux::RunLog::LastRun::End;
+        linux::RunLog::Note("Brindlepost " + window::MainWindow::Version() + ", Qt " + qVersion());
+        if (log.Last().end == End::Crashed) linux::RunLog::Note("the run before crashed");
+        if (log.Last().end == End::Unknown) linux::RunLog::Note("the run before did not end in order");
+    }
+
+    /// What the rooms are to know of it.
+    session::StartFacts FactsOf(const linux::CommandLine& line, OnTheBus& desktop) const {
+        session::StartFacts facts{.without_home_pages = line.without_home_pages};
+        if (log.Last().end != linux::RunLog::LastRun::End::Crashed) return facts;
+        const std::string report = log.Last().file;
+        facts.crash_report = report;
+        facts.show_report = [report, &desktop] {
+            desktop.file_manager.Show(report, [report] {
+                QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(FolderOf(report))));
+            });
+        };
+        facts.tell_left_closed = [show = facts.show_report, &desktop] {
+            desktop.notices.Show({.title = "Brindlepost crashed last time",
+                                  .words = "The home pages were left closed. Press here for the report.",
+                                  .clicked = show,
+                                  .closed = {}});
+        };
+        return facts;
+    }
+
+    linux::RunLog log;
+    linux::CrashReport crash{log.Number()};
+    linux::MessageTap tap;
+    qt::Messages messages{&linux::RunLog::TakeMessage};
+};
+
 /// What the page engine has of the program, and the program of the engine.
 class PageEnds final {
 public:
@@ -109,7 +153,13 @@ public:
     qt::ScreenOptions Options(const ports::Files& files) {
         return {folder_,
                 [&files](const std::string& native) { return files.FromNative(native); },
-                [this] { return webengine::LoadPages(folder_, settings_); },
+                [this] {
+                    linux::RunLog::Note("pages begin");
+                    auto pages = webengine::LoadPages(folder_, settings_);
+                    // The engine may have taken the signals of a crash.
+                    linux::CrashReport::Renew();
+                    return pages;
+                },
                 [this](std::string_view user) { kept_.RemoveEngines(user); },
                 [this](std::string_view user) { kept_.Remove(user); },
                 [this] { return webengine::EngineVersion(folder_); },
@@ -194,7 +244,7 @@ int AnswerOption(const linux::CommandLine& line) {
     return Say(answer->exit_code == linux::kDone ? stdout : stderr, answer->text, answer->exit_code);
 }
 
-int RunProgram(const char* name, const std::vector<std::string>& arguments) {
+int RunProgram(const char* name, const linux::CommandLine& line) {
     qt::PrepareEnvironment();
     const QString silent_bus = dbus::LeaveSilentBus();
     const std::string startup_id = qt::StartupIdOfProcess();
@@ -204,7 +254,7 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     const std::string folder = FolderOf(program);
     const linux::PlaceOfStores stores = linux::FindPlaceOfStores(folder, linux::FoldersOfUser().data);
     linux::LinuxFiles files(program, stores.folder);
-    const std::string command = linux::CommandText(arguments, linux::WorkingFolder(), files);
+    const std::string command = linux::CommandText(line.arguments, linux::WorkingFolder(), files);
     const auto to_native = [&files](std::string_view path) { return files.ToNative(path); };
     const auto from_native = [&files](std::string_view path) { return files.FromNative(path); };
 
@@ -219,13 +269,15 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     linux::LinuxInstanceLock instance(stores.folder, startup_id);
     if (const int refusal = RefuseStart(stores, instance, boxes); refusal != linux::kDone) return refusal;
 
+    Records records(stores.folder, instance.Answer());
     linux::LinuxRegistry registry(files, linux::FoldersOfUser());
     const linux::EndSignal end_signal;
     linux::KeptFiles kept(linux::KeptFiles::FolderOf(linux::FoldersOfUser().data, stores.folder));
     linux::SystemClock clock;
     linux::RandomChance chance;
     sqlite::SqliteDatabase database(to_native);
-    decoder::MediaProcesses media(folder + "/brindlepost-media", to_native, dbus::RaiseThread);
+    decoder::MediaProcesses media(folder + "/brindlepost-media", to_native, dbus::RaiseThread,
+                                  records.tap.Number());
     qt::ScaledPictures pictures(media);
     qt::DesktopWindows window_services;
     qt::DesktopPrograms programs({to_native, from_native});
@@ -244,15 +296,16 @@ int RunProgram(const char* name, const std::vector<std::string>& arguments) {
     qt::MainWindowShape window_shape(screen, windows.frmBrowser);
 
     const std::string program_folder = files.FromNative(folder);
-    window::MainWindow main_window(windows,
-                                   {database, files, pictures, window_services, window_shape, boxes, loop,
-                                    clock, chance, instance, desktop.messenger, desktop.board,
-                                    desktop.screen_saver, screen, registry, programs, kept, program_folder},
-                                   command, [&loop] { loop.Quit(); });
+    window::MainWindow main_window(
+        windows,
+        {database, files, pictures, window_services, window_shape, boxes, loop, clock, chance, instance,
+         desktop.messenger, desktop.board, desktop.screen_saver, screen, registry, programs, kept,
+         program_folder, records.FactsOf(line, desktop)},
+        command, [&loop] { loop.Quit(); });
     pages.Know(main_window);
     const Doorbells doorbells(instance, main_window);
     main_window.Start();
-    return loop.Run();
+    return records.log.End(loop.Run());
 }
 
 }  // namespace
@@ -263,7 +316,7 @@ int main(int argc, char** argv) {
         line = {.arguments = {std::string(web::MakerSiteUrl)}};
     }
     if (line.kind != linux::CommandLine::Kind::Open) return AnswerOption(line);
-    const int code = RunProgram(argv[0], line.arguments);
+    const int code = RunProgram(argv[0], line);
     // A thread that a frozen disk holds must not meet exit handlers at work.
     if (gstreamer::Threads::HasGivenUp()) std::_Exit(code);
     return code;

@@ -3,7 +3,7 @@ _brindlepost() {
     local current=${COMP_WORDS[COMP_CWORD]}
     COMPREPLY=()
     if [[ $current == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "--play-pause --next --previous --stop --status --new-tab --help --version" -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W "--play-pause --next --previous --stop --status --new-tab --without-home-pages --help --version" -- "$current")
         return
     fi
     local kinds='!*.@(mp3|wma|mpg|mpeg|wav|wmv|mid|mp4|m4a|mov|avi|vob|mpl|m3u|m3u8|pls|xspf|html|htm|pdf)'

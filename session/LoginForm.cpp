@@ -9,6 +9,7 @@ using controls::Px;
 
 constexpr double kWidth = 420;
 constexpr double kHeight = 300;
+constexpr double kLastRunHeight = 80;
 
 void MakePassword(controls::TextBox& box, std::string_view name) {
     box.SetPassword(true);
@@ -22,6 +23,7 @@ LoginForm::LoginForm() {
     FillLoginPage();
     FillNewPage();
     FillSetupPage();
+    FillLastRun();
 }
 
 void LoginForm::FillLoginPage() {
@@ -110,6 +112,23 @@ void LoginForm::FillSetupPage() {
     txtFacebookE.SetAccessibleName("Facebook e-mail");
     MakePassword(txtFacebookP, "Facebook password");
     fraSetup.SetVisible(false);
+}
+
+void LoginForm::ShowLastRun() {
+    frmLogin.SetContentSize(Px(kWidth), Px(kHeight + kLastRunHeight));
+    Place(last_run.fraLastRun, 0, kHeight, kWidth, kLastRunHeight);
+    last_run.fraLastRun.SetVisible(true);
+}
+
+void LoginForm::FillLastRun() {
+    frmLogin.Add(last_run.fraLastRun);
+    last_run.fraLastRun.Add(last_run.lblLastRun, last_run.cmdShowReport, last_run.chkNoHomePages);
+    Place(last_run.fraLastRun, 0, 0, kWidth, kLastRunHeight);
+    Place(last_run.lblLastRun, 32, 8, 236, 24);
+    Place(last_run.cmdShowReport, 276, 4, 112, 32);
+    Place(last_run.chkNoHomePages, 32, 40, 356, 24);
+    last_run.fraLastRun.SetLook("page");
+    last_run.fraLastRun.SetVisible(false);
 }
 
 }  // namespace session

@@ -13,8 +13,19 @@
 
 namespace session {
 
+/// Below the login: what is told after a run that crashed. Away otherwise.
+struct LastRunControls {
+    controls::Frame fraLastRun{"fraLastRun"};
+    controls::Label lblLastRun{"lblLastRun", "Brindlepost crashed last time."};
+    controls::CommandButton cmdShowReport{"cmdShowReport", "Show Report"};
+    controls::CheckBox chkNoHomePages{"chkNoHomePages", "Start without home pages"};
+};
+
 struct LoginForm {
     LoginForm();
+
+    /// The window grows by what is told after a run that crashed.
+    void ShowLastRun();
 
     controls::Form frmLogin{"frmLogin", "Brindlepost - Login", controls::BorderStyle::FixedDialog};
     controls::Frame fraLogin{"fraLogin"};  ///< the login itself, away while the wizard shows
@@ -63,10 +74,13 @@ struct LoginForm {
     controls::CommandButton cmdBack{"cmdBack", "< Back"};
     controls::CommandButton cmdFinish{"cmdFinish", "Finish"};
 
+    LastRunControls last_run;
+
 private:
     void FillLoginPage();
     void FillNewPage();
     void FillSetupPage();
+    void FillLastRun();
 };
 
 }  // namespace session

@@ -126,7 +126,9 @@ void LoginRoom::LoadUsers() {
     form_.txtPassword.SetText(strPass_);
     FocusFirstEmptyBox();
     // A user who was quick is in the wizard already, and makes a profile of their own.
-    if (auto_login && !strPass_.empty() && form_.fraLogin.Visible()) cmdLogin_Click();
+    if (!auto_login || strPass_.empty() || !form_.fraLogin.Visible()) return;
+    if (OnAutomaticLogin) OnAutomaticLogin();
+    cmdLogin_Click();
 }
 
 bool LoginRoom::TakeRemembered() {

@@ -4,6 +4,7 @@
 // one that logged in last with the box ticked.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,9 @@ public:
     void OfferUser(std::string_view name, std::string_view password);
     /// Shows the window with an empty password box: what the last user typed does not stay there.
     void ShowLogin();
+
+    /// Called before somebody is logged in automatically. May be empty.
+    std::function<void()> OnAutomaticLogin;
 
 private:
     void Form_Load();

@@ -49,8 +49,10 @@ HandOffRoles RolesOfHandOff(const SessionRoles& roles) {
 }  // namespace
 
 Session::Session(SessionControls controls, SessionData data, SessionRoles roles, SessionPorts ports,
-                 SessionStores stores, std::string_view command, std::function<void()> bring_to_front)
+                 SessionStores stores, std::string_view command, std::function<void()> bring_to_front,
+                 StartFacts facts)
     : keys_(roles.transport, roles.page, roles.opener),
+      last_run_(controls.login, data.session, std::move(facts)),
       splash_(controls.activate, data.connection, data.session,
               {.frmBrowser = controls.windows.frmBrowser, .menu = controls.menu}, controls.login.frmLogin,
               roles.tabs, ports.files, ports.dialogs, ports.events, ports.files.ApplicationFolder()),
@@ -95,6 +97,8 @@ Session::Session(SessionControls controls, SessionData data, SessionRoles roles,
                  .events = ports.events,
                  .instance = ports.instance,
                  .dialogs = ports.dialogs},
-                stores.stores, ports.files.ApplicationFolder(), command) {}
+                stores.stores, ports.files.ApplicationFolder(), command) {
+    login_.OnAutomaticLogin = [this] { last_run_.LogInUnasked(); };
+}
 
 }  // namespace session

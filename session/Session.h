@@ -20,6 +20,7 @@
 #include "session/ActivateRoom.h"
 #include "session/BackUpRoom.h"
 #include "session/HandOffRoom.h"
+#include "session/LastRunRoom.h"
 #include "session/LoginRoom.h"
 #include "session/MaintenanceRoom.h"
 #include "session/MediaKeys.h"
@@ -92,7 +93,8 @@ class Session final : public roles::Start {
 public:
     /// `command` is the command line as one text; `bring_to_front` brings the program's windows to the user.
     Session(SessionControls controls, SessionData data, SessionRoles roles, SessionPorts ports,
-            SessionStores stores, std::string_view command, std::function<void()> bring_to_front);
+            SessionStores stores, std::string_view command, std::function<void()> bring_to_front,
+            StartFacts facts = {});
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
@@ -111,6 +113,7 @@ public:
 
 private:
     MediaKeys keys_;
+    LastRunRoom last_run_;
     ActivateRoom splash_;
     SettingsRoom settings_;
     LoginRoom login_;

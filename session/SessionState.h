@@ -67,6 +67,10 @@ struct SessionState {
     /// The quoted texts of the command line and the next of them. Read by nothing: the mailbox opens them.
     std::vector<std::string> StartArguments;
     std::size_t StartArgument = 0;
+    /// Home pages wait until somebody is logged in, who may want none.
+    bool HomePagesWait = false;
+    /// The first user of this run gets no home pages.
+    bool WithoutHomePages = false;
     /// Settings are loaded by the start-up timer once only.
     bool FirstLoadDone = false;
     /// The splash has yet to be shown over the disabled main window.

@@ -1,6 +1,7 @@
 #include "session/SettingsRoom.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Number.h"
 #include "base/Text.h"
@@ -47,7 +48,7 @@ void SettingsRoom::LoadSettings() {
     was_tried_ = true;
     BeginPages();
     if (!were_read) return;
-    OpenHomePages();
+    BeginHomePages();
     events_.Yield();
     FillTypes();
     splash_.SetStage("Media GUI");
@@ -154,6 +155,22 @@ void SettingsRoom::RestoreDependents(SettingsRow row, bool on) {
 void SettingsRoom::BeginPages() {
     if (!was_tried_ || !session_.LoggedIn) return;
     pages_.BeginUser(session_.UserName, options_.Loaded && options_.Save_History);
+    OpenWaitingHomePages();
+}
+
+void SettingsRoom::BeginHomePages() {
+    home_pages_wait_ = session_.HomePagesWait && !session_.LoggedIn;
+    if (home_pages_wait_) return;
+    const bool is_first = !std::exchange(had_home_pages_, true);
+    if (!is_first || !session_.WithoutHomePages) OpenHomePages();
+}
+
+// The settings, and with them the tab in front, are there already.
+void SettingsRoom::OpenWaitingHomePages() {
+    if (!home_pages_wait_) return;
+    const int tabs_before = tabs_.Count();
+    BeginHomePages();
+    if (tabs_.Count() > tabs_before && !IsOver()) PlaceMusicTab();
 }
 
 // At a second login the row may stand in another mode, and the first slots belong to tabs of the user before.

@@ -53,8 +53,9 @@ public:
     /// Returns early, with what was done so far, if the store cannot be read.
     void LoadSettings();
     void OpenHomePages();
-    /// Lets the pages of the user who is logged in begin. Does nothing before the settings were read, for
-    /// they say whether the user keeps history; if they could not be read, nothing is kept.
+    /// Lets the pages of the user who is logged in begin, and opens home pages that waited for it. Does
+    /// nothing before the settings were read, for they say whether the user keeps history; if they could not
+    /// be read, nothing is kept.
     void BeginPages();
     /// The rows were read, so there is something to store.
     bool WereLoaded() const { return options_.Loaded; }
@@ -71,6 +72,8 @@ private:
         std::string address;
     };
 
+    void BeginHomePages();
+    void OpenWaitingHomePages();
     bool TakeRows(std::vector<Row>& rows);
     void RestoreRow(const Row& row);
     void RestoreRepeat(bool repeat);
@@ -102,6 +105,8 @@ private:
     ports::PageEngine& pages_;
     bool was_tried_ = false;  // the rows were read, or could not be
     bool music_tab_in_front_ = true;
+    bool home_pages_wait_ = false;  // for somebody to log in
+    bool had_home_pages_ = false;   // or would have had them
 };
 
 }  // namespace session

@@ -275,23 +275,23 @@ session::SessionRoles MainWindow::RolesOfSession() {
 }
 
 session::Session MainWindow::BuildSession(std::string_view command) {
-    return session::Session(ControlsOfSession(),
-                            {.connection = state_.connection,
-                             .login = state_.login,
-                             .session = state_.session,
-                             .options = state_.options,
-                             .web = state_.web,
-                             .player = state_.player,
-                             .ListMaybeChanged = state_.ListMaybeChanged},
-                            RolesOfSession(),
-                            {.files = ports_.files,
-                             .dialogs = ports_.dialogs,
-                             .events = ports_.events,
-                             .clock = ports_.clock,
-                             .instance = ports_.instance,
-                             .pages = users_},
-                            {.stores = stores_, .trouble = trouble_}, command,
-                            [this] { windows_.BringToFront(); });
+    return session::Session(
+        ControlsOfSession(),
+        {.connection = state_.connection,
+         .login = state_.login,
+         .session = state_.session,
+         .options = state_.options,
+         .web = state_.web,
+         .player = state_.player,
+         .ListMaybeChanged = state_.ListMaybeChanged},
+        RolesOfSession(),
+        {.files = ports_.files,
+         .dialogs = ports_.dialogs,
+         .events = ports_.events,
+         .clock = ports_.clock,
+         .instance = ports_.instance,
+         .pages = users_},
+        {.stores = stores_, .trouble = trouble_}, command, [this] { windows_.BringToFront(); }, ports_.start);
 }
 
 RemoteActions MainWindow::ActionsOfRemote() {

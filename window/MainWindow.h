@@ -67,6 +67,7 @@ struct Ports {
     ports::KeptTexts& kept;
     /// Where the program's file lies, as a path with a drive.
     std::string_view program_folder;
+    session::StartFacts start{};
 };
 
 /// Plain data that several subjects know.

@@ -22,9 +22,10 @@ ports::MediaReply Error(int error) {
 
 }  // namespace
 
-MediaProcesses::MediaProcesses(std::string program, Resolver resolve, Raiser raise)
+MediaProcesses::MediaProcesses(std::string program, Resolver resolve, Raiser raise, int errors)
     : resolve_(std::move(resolve)),
-      channels_{Channel{{program, "a", raise}, {}, {}}, Channel{{program, "b", raise}, {}, {}}} {}
+      channels_{Channel{{program, "a", raise, errors}, {}, {}},
+                Channel{{program, "b", raise, errors}, {}, {}}} {}
 
 MediaProcesses::~MediaProcesses() {
     for (Channel& channel : channels_)

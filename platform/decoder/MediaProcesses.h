@@ -23,11 +23,15 @@ namespace decoder {
 
 class MediaProcesses : public ports::MediaControl {
 public:
+    /// What this process has as its own standard error.
+    static constexpr int kOwnErrors = 2;
+
     /// `resolve` gives the native path of a file name as commands have it; empty when it names nothing.
     using Resolver = std::function<std::string(std::string_view)>;
 
     /// `program` is the decoder's program file. `raise` is for threads that feed the sound server.
-    MediaProcesses(std::string program, Resolver resolve, Raiser raise = nullptr);
+    /// `errors` is the standard error of both processes.
+    MediaProcesses(std::string program, Resolver resolve, Raiser raise = nullptr, int errors = kOwnErrors);
     /// What is heard fades out; both processes have ended when it returns.
     ~MediaProcesses() override;
     MediaProcesses(const MediaProcesses&) = delete;

@@ -8,13 +8,13 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdio>
 #include <cstring>
 #include <string>
 #include <thread>
 #include <utility>
 
 #include "platform/decoder/Wire.h"
+#include "platform/linux/RunLog.h"
 
 extern "C" char** environ;
 
@@ -53,8 +53,8 @@ linux::Descriptor Raised(linux::Descriptor low) {
 
 }  // namespace
 
-Process::Process(std::string program, std::string channel, Raiser raise)
-    : program_(std::move(program)), channel_(std::move(channel)), raise_(std::move(raise)) {}
+Process::Process(std::string program, std::string channel, Raiser raise, int errors)
+    : program_(std::move(program)), channel_(std::move(channel)), raise_(std::move(raise)), errors_(errors) {}
 
 Process::~Process() {
     Leave();
@@ -85,6 +85,7 @@ void Process::Start() {
 bool Process::Spawn(int commands, int gate) {
     SpawnPlan plan;
     posix_spawn_file_actions_addopen(&plan.actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_adddup2(&plan.actions, errors_, STDERR_FILENO);
     posix_spawn_file_actions_adddup2(&plan.actions, commands, kCommandSocket);
     posix_spawn_file_actions_adddup2(&plan.actions, gate, kGateSocket);
     posix_spawn_file_actions_addclosefrom_np(&plan.actions, kGateSocket + 1);
@@ -100,7 +101,7 @@ bool Process::Spawn(int commands, int gate) {
         posix_spawn(&process_, program_.c_str(), &plan.actions, &plan.attributes, arguments, environ);
     if (error == 0) return true;
     process_ = 0;
-    std::fprintf(stderr, "Brindlepost: %s cannot be started: %s\n", program_.c_str(), std::strerror(error));
+    linux::RunLog::Tell("the decoder of channel " + channel_ + " cannot be started: " + std::strerror(error));
     return false;
 }
 
@@ -167,8 +168,8 @@ void Process::Kill(const char* why) {
     }
     if (ended == 0) leaving_.push_back(process_);
     if (why == nullptr && ended > 0 && WIFSIGNALED(status)) why = strsignal(WTERMSIG(status));
-    std::fprintf(stderr, "Brindlepost: the decoder of channel %s ended (%s)\n", channel_.c_str(),
-                 why == nullptr ? "by itself" : why);
+    linux::RunLog::Tell("the decoder of channel " + channel_ + " ended (" +
+                        (why == nullptr ? "by itself" : why) + ")");
     process_ = 0;
     // One that was ready works on this system, whatever ended it: a file, or somebody else.
     if (gate_ != nullptr && gate_->WasReady()) vain_starts_ = -1;

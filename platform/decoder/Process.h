@@ -30,8 +30,9 @@ public:
     /// How long the first command waits for a process that has just been started.
     static constexpr std::chrono::milliseconds kStartPatience{5000};
 
-    /// `program` is what is run; `channel` is told to it, for lists of processes.
-    Process(std::string program, std::string channel, Raiser raise);
+    /// `program` is what is run; `channel` is told to it, for lists of processes. `errors` is the descriptor
+    /// of its standard error.
+    Process(std::string program, std::string channel, Raiser raise, int errors);
     /// As Leave, then Wait.
     ~Process();
     Process(const Process&) = delete;
@@ -67,6 +68,7 @@ private:
     const std::string program_;
     const std::string channel_;
     const Raiser raise_;
+    const int errors_;
     pid_t process_ = 0;
     linux::Descriptor commands_;
     linux::Descriptor gate_socket_;

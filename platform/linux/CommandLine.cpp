@@ -6,6 +6,7 @@
 namespace linux {
 namespace {
 
+constexpr std::string_view kWithoutHomePages = "--without-home-pages";
 constexpr std::array<std::string_view, 5> kPlayerOptions{"--play-pause", "--next", "--previous", "--stop",
                                                          "--status"};
 
@@ -40,6 +41,8 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
     for (const std::string& argument : arguments) {
         if (may_be_option && argument == "--") {
             may_be_option = false;
+        } else if (may_be_option && argument == kWithoutHomePages) {
+            line.without_home_pages = true;
         } else if (may_be_option && IsOption(argument)) {
             return ReadOption(argument, arguments.size());
         } else {
@@ -50,10 +53,11 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments) {
 }
 
 std::string HelpText() {
-    return "Brindlepost [FILE|ADDRESS...]\n"
+    return "Brindlepost [--without-home-pages] [FILE|ADDRESS...]\n"
            "    Starts the program and opens media files, play lists and addresses. Where it runs already, "
            "they\n"
            "    are opened there, and its window comes to the front.\n"
+           "  --without-home-pages   leave the home pages closed in this start\n"
            "\n"
            "Brindlepost OPTION\n"
            "  --play-pause   play what is paused or chosen, or pause what plays\n"
@@ -71,7 +75,9 @@ std::string HelpText() {
            "\n"
            "Exit codes: 0 done; 1 not possible now, such as no next song; 2 an unknown or misplaced option, "
            "or no\n"
-           "display to start on; 3 the program's folder cannot be used; 4 the program does not run.\n";
+           "display to start on; 3 the program's folder cannot be used; 4 the program does not run, or its "
+           "stores\n"
+           "cannot be used.\n";
 }
 
 }  // namespace linux

@@ -29,6 +29,7 @@ struct CommandLine {
     std::string option{};  ///< without its dashes: "play-pause", "next", "previous", "stop", "status"
     std::string trouble{};
     std::vector<std::string> arguments{};  ///< what is to be opened
+    bool without_home_pages = false;       ///< of a start: none are opened
 };
 
 /// "--" ends the options, for a file whose name begins with a dash.

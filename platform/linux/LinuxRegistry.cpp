@@ -79,6 +79,7 @@ std::string CommandWord(const std::string& word) {
 DesktopFolders FoldersOfUser() {
     DesktopFolders folders{
         FolderOr("XDG_DATA_HOME", "/.local/share"), FolderOr("XDG_CONFIG_HOME", "/.config"), {}};
+    folders.state = FolderOr("XDG_STATE_HOME", "/.local/state");
     for (const std::string& name : base::Split(base::LCase(Variable("XDG_CURRENT_DESKTOP")), ":")) {
         if (!name.empty() && !base::Contains(name, "/")) folders.desktops.push_back(name);
     }

@@ -25,6 +25,7 @@ struct DesktopFolders {
     std::string config;                 ///< $XDG_CONFIG_HOME
     std::vector<std::string> desktops;  ///< names of the running desktop, in lower case
     std::string system = "/usr";        ///< where packages install programs and their desktop entries
+    std::string state{};                ///< $XDG_STATE_HOME
 };
 
 /// Those of the user who runs the program, as the environment says, else below the home folder.

@@ -34,7 +34,7 @@ class Person(Story):
         """(title, text) of the message boxes that stand there."""
         found = []
         for node in self.eyes.nodes():
-            if node.get_role_name() in ("dialog", "alert"):
+            if node.get_role_name() in ("dialog", "alert") and node.get_name() != "Brindlepost - Login":
                 texts = [n.get_name() for n in self.eyes.below(node) if n.get_role_name() == "label"]
                 found.append((node.get_name(), max(texts, key=len) if texts else ""))
         return found

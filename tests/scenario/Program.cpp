@@ -1,6 +1,7 @@
 #include "scenario/Program.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace scenario {
 namespace {
@@ -13,18 +14,18 @@ constexpr int kStartTime = 2'000;
 
 }  // namespace
 
-Program::Program(Computer& on, std::string_view command)
+Program::Program(Computer& on, std::string_view command, session::StartFacts facts)
     : computer(on),
       instance(on.instances),
       windows(on.files),
-      main_window(
-          windows,
-          {on.database, on.files, on.media, places, shape, dialogs, desktop, desktop, chance, instance,
-           messenger, board, screen_saver, pages, on.registry, programs, on.kept, "C:\\brindlepost"},
-          command, [this] {
-              ended = true;
-              desktop.Ending = true;
-          }) {
+      main_window(windows,
+                  {on.database, on.files, on.media, places, shape, dialogs, desktop, desktop, chance,
+                   instance, messenger, board, screen_saver, pages, on.registry, programs, on.kept,
+                   "C:\\brindlepost", std::move(facts)},
+                  command, [this] {
+                      ended = true;
+                      desktop.Ending = true;
+                  }) {
     instance.TryBecomeFirst();
     for (controls::Form* form : windows.All())
         desktop.Adopt(*form);

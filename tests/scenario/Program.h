@@ -30,7 +30,7 @@ struct NoWindowPlaces final : ports::WindowServices {
 
 class Program {
 public:
-    explicit Program(Computer& on, std::string_view command = {});
+    explicit Program(Computer& on, std::string_view command = {}, session::StartFacts facts = {});
 
     /// Loads the main window and lets the start-up timers run until the login waits.
     void Start();

@@ -40,6 +40,17 @@ TEST(CommandLine, ANewTabStandsAlone) {
     EXPECT_EQ(ReadCommandLine({"--new-tab", "a.mp3"}).trouble, "--new-tab stands alone.");
 }
 
+TEST(CommandLine, AStartMayLeaveTheHomePagesClosed) {
+    const CommandLine line = ReadCommandLine({"--without-home-pages", "a.mp3"});
+
+    EXPECT_EQ(line.kind, Kind::Open);
+    EXPECT_TRUE(line.without_home_pages);
+    EXPECT_EQ(line.arguments, (Arguments{"a.mp3"}));
+    EXPECT_FALSE(ReadCommandLine({"--", "--without-home-pages"}).without_home_pages);
+    EXPECT_EQ(ReadCommandLine({"--without-home-pages", "--stop"}).kind, Kind::Wrong);
+    EXPECT_NE(HelpText().find("--without-home-pages "), std::string::npos);
+}
+
 TEST(CommandLine, AnUnknownOptionIsTold) {
     for (const std::string option : {"--play", "-x", "--Next", "--next=1", "---"}) {
         const CommandLine line = ReadCommandLine({"a.mp3", option});
