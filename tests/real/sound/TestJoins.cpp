@@ -16,7 +16,7 @@ using sound::Samples;
 
 constexpr double kAmplitude = 0.4;
 constexpr double kHertz = 440.37;
-constexpr double kSeconds = 6.0137;  // the cut is in no particular place of the tone
+constexpr double kSeconds = 4.0137;  // the cut is in no particular place of the tone
 constexpr double kQuiet = 0.02;
 
 /// Both halves of a recording, in a list with the fade off for good.
