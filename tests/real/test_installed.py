@@ -96,6 +96,14 @@ class Guest(Story):
         self.stage.spawn(["brindlepost", "--new-tab"])
         wait_for("the new tab in front", lambda: not self.stage.has_window("Brindlepost - First page"))
 
+    def the_desktop_knows_a_play_list(self):
+        made = self.stage.folder / "evening.mpl"
+        made.write_text("Ada - One\n")
+        kind = self.stage.run("gio", "info", "-a", "standard::content-type", str(made)).split()[-1]
+        check_equal("the kind of a list", kind, "application/x-brindlepost-playlist")
+        checked = subprocess.run(["desktop-file-validate", str(self.entry)], capture_output=True, text=True, check=False)
+        check_equal("what the validator says", checked.stdout + checked.stderr, "")
+
     def the_stores_are_the_users_alone(self):
         check_equal("the rights of the folder", stat.S_IMODE(self.application.stat().st_mode), 0o700)
         check_equal("the stores", sorted(file.name for file in self.application.glob("*.mdb")), STORES)
@@ -120,7 +128,7 @@ class Guest(Story):
         return [self.its_folder_is_not_the_users, self.a_song_opened_from_the_desktop_plays,
                 self.a_user_is_made_and_logs_in, self.the_program_tells_what_plays,
                 self.an_address_opened_from_the_desktop_is_a_tab, self.a_new_tab_from_the_menu,
-                self.the_stores_are_the_users_alone, self.the_home_has_nothing_elsewhere,
+                self.the_desktop_knows_a_play_list, self.the_stores_are_the_users_alone, self.the_home_has_nothing_elsewhere,
                 self.a_second_start_knows_the_user]
 
 
@@ -130,6 +138,7 @@ def install_and_begin_again(build):
     try:
         os.chmod(prefix, 0o755)
         subprocess.run(["cmake", "--install", str(build), "--prefix", str(prefix)], check=True, stdout=subprocess.DEVNULL)
+        subprocess.run(["update-mime-database", str(prefix / "share/mime")], check=True)
         subprocess.run(["chmod", "-R", "a-w,a+rX", str(prefix)], check=True)
         return subprocess.run([sys.executable, __file__, str(prefix)], check=False).returncode
     finally:
