@@ -1,9 +1,10 @@
 // Renders the skin's drawings: render_images OUT_FOLDER DRAWING.svg...
 // Renders a drawing as a desktop's icon: render_images --icons OUT_FOLDER DRAWING.svg SIZE...
 //
-// Each drawing gives a picture of its own size and a twin "@2x" of twice that size. The faces of the tabs are
-// bitmaps on the colour of the strip they stand on, all others have a clear ground. A drawing that cannot be
-// read, or has no size, ends the build. An icon of SIZE pixels is SIZExSIZE/apps/DRAWING.png.
+// Each drawing gives a picture of its own size, one "@2x" of twice and one "@3x" of three times that size.
+// The faces of the tabs are bitmaps on the colour of the strip they stand on, all others have a clear ground.
+// A drawing that cannot be read, or has no size, ends the build. An icon of SIZE pixels is
+// SIZExSIZE/apps/DRAWING.png.
 #include <QByteArray>
 #include <QDir>
 #include <QFileInfo>
@@ -39,11 +40,14 @@ bool Render(QSvgRenderer& drawing, const QString& folder, const QString& name, i
     return image.save(folder + QLatin1Char('/') + name + twin + QLatin1String(bitmap ? ".bmp" : ".png"));
 }
 
-bool RenderBoth(const QString& file, const QString& folder) {
+bool RenderAll(const QString& file, const QString& folder) {
     QSvgRenderer drawing;
     if (!drawing.load(file) || drawing.defaultSize().isEmpty()) return false;
     const QString name = QFileInfo(file).completeBaseName();
-    return Render(drawing, folder, name, 1) && Render(drawing, folder, name, 2);
+    for (const int scale : {1, 2, 3}) {
+        if (!Render(drawing, folder, name, scale)) return false;
+    }
+    return true;
 }
 
 bool RenderIcon(QSvgRenderer& drawing, const QString& folder, const QString& name, int size) {
@@ -84,7 +88,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     for (const QString& file : arguments.mid(2)) {
-        if (RenderBoth(file, arguments[1])) continue;
+        if (RenderAll(file, arguments[1])) continue;
         std::fprintf(stderr, "%s: no drawing, or no place to put it\n", qPrintable(file));
         return 1;
     }

@@ -14,6 +14,17 @@
 namespace qt {
 namespace {
 
+/// A tab of the strip: its picture is one of the two faces.
+bool IsTabFace(const controls::Image& image) {
+    const std::string& picture = image.Picture();
+    return picture.ends_with("pale.bmp") || picture.ends_with("dark.bmp");
+}
+
+/// The tab is the one in front.
+bool IsPale(const controls::Image& image) {
+    return image.Picture().ends_with("pale.bmp");
+}
+
 void DrawImage(QWidget& view, const controls::Image& image, Pictures& pictures) {
     QPainter painter(&view);
     const QRect rect = view.rect();
@@ -25,6 +36,10 @@ void DrawImage(QWidget& view, const controls::Image& image, Pictures& pictures) 
         place.moveCenter(rect.center());
     }
     painter.drawPixmap(place, pictures.Fitted(image.Picture(), place.size(), view.devicePixelRatioF()));
+    const bool is_button = view.inherits("QToolButton") && image.Look() != "marker" && !IsTabFace(image);
+    // The pictures' own edges are faint.
+    if (is_button && skin::Colours().high_contrast)
+        skin::RoundBox(painter, rect, Qt::NoBrush, skin::Colours().line, skin::kCorner);
     if (view.hasFocus()) skin::FocusRing(painter, rect);
 }
 
@@ -49,17 +64,6 @@ bool DoesSomething(const controls::Image& image) {
 
 bool IsBrightTwin(const controls::Image& image) {
     return ToQt(image.Name()).endsWith(QLatin1String("over"), Qt::CaseInsensitive);
-}
-
-/// A tab of the strip: its picture is one of the two faces.
-bool IsTabFace(const controls::Image& image) {
-    const std::string& picture = image.Picture();
-    return picture.ends_with("pale.bmp") || picture.ends_with("dark.bmp");
-}
-
-/// The tab is the one in front.
-bool IsPale(const controls::Image& image) {
-    return image.Picture().ends_with("pale.bmp");
 }
 
 /// The bright twin laid over a plain picture; the picture itself when it has none.

@@ -10,6 +10,12 @@ namespace {
 // Fitted pictures of a window that is being resized would pile up.
 constexpr qsizetype kFittedLimit = 200;
 
+QString InScale(const QString& file, int scale) {
+    const QFileInfo info(file);
+    return info.path() +
+           QStringLiteral("/%1@%2x.%3").arg(info.completeBaseName()).arg(scale).arg(info.suffix());
+}
+
 }  // namespace
 
 QString Pictures::FileOf(const QString& name) const {
@@ -27,15 +33,21 @@ const Pictures::Twins& Pictures::Load(const QString& name) {
     const auto known = loaded_.constFind(name);
     if (known != loaded_.constEnd()) return known.value();
     const QString file = FileOf(name);
-    const QFileInfo info(file);
-    const QString twin =
-        info.path() + QLatin1Char('/') + info.completeBaseName() + QLatin1String("@2x.") + info.suffix();
     Twins twins;
     twins.plain.load(file);
-    twins.twice.load(twin);
+    twins.twice.load(InScale(file, 2));
     twins.plain.setDevicePixelRatio(1);
     twins.twice.setDevicePixelRatio(1);
     return loaded_.insert(name, twins).value();
+}
+
+QPixmap Pictures::Largest(const QString& name) {
+    const auto known = largest_.constFind(name);
+    if (known != largest_.constEnd()) return known.value();
+    QPixmap largest;
+    largest.load(InScale(FileOf(name), 3));
+    largest.setDevicePixelRatio(1);
+    return largest_.insert(name, largest).value();
 }
 
 QSize Pictures::OwnSize(std::string_view name) {
@@ -53,6 +65,10 @@ QPixmap Pictures::Fitted(std::string_view name, const QSize& size, double pixel_
     const Twins& twins = Load(wanted);
     const bool small = device.width() > twins.plain.width() || device.height() > twins.plain.height();
     QPixmap picture = small && !twins.twice.isNull() ? twins.twice : twins.plain;
+    if (!picture.isNull() && (device.width() > picture.width() || device.height() > picture.height())) {
+        const QPixmap largest = Largest(wanted);
+        if (!largest.isNull()) picture = largest;
+    }
     if (picture.isNull()) return {};
     if (picture.size() != device)
         picture = picture.scaled(device, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

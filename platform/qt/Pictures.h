@@ -14,8 +14,8 @@ public:
 
     /// The picture that just fills `size` (in window pixels) on a screen of that pixel ratio. A name is a
     /// path below the program's folder, with either separator and with or without one before it, or the bare
-    /// name of a picture of the skin. A picture with a twin "…@2x" uses the twin where it is the sharper one.
-    /// Null when there is no such file.
+    /// name of a picture of the skin. Of a picture and its larger ones, "…@2x" and "…@3x", the one that fits
+    /// best. Null when there is no such file.
     QPixmap Fitted(std::string_view name, const QSize& size, double pixel_ratio);
     /// The picture's own size in window pixels; empty when there is no such file.
     QSize OwnSize(std::string_view name);
@@ -26,10 +26,12 @@ private:
         QPixmap twice;
     };
     const Twins& Load(const QString& name);
+    QPixmap Largest(const QString& name);
     QString FileOf(const QString& name) const;
 
     QString folder_;
     QHash<QString, Twins> loaded_;
+    QHash<QString, QPixmap> largest_;  // only what was asked for
     QHash<QString, QPixmap> fitted_;
 };
 

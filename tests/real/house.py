@@ -247,9 +247,13 @@ class Walk(House):
         self.stage.key("ctrl+l")
         self.stage.type(text)
 
+    def open_page(self, address):
+        self.type_address(address)
+        self.stage.key("Return")
+
     def page(self):
         stage = self.stage
-        self.type_address(self.address("/owls") + "\n")
+        self.open_page(self.address("/owls"))
         stage.window(MAIN + "Owls", 40)
         self.look("page", MAIN)
         for name, keys in (("find-bar", "ctrl+f"), ("security", "ctrl+shift+l"), ("tab-finder", "ctrl+shift+a")):
@@ -279,7 +283,7 @@ class Walk(House):
         self.look("print", None)
         stage.key("Escape")
         for page in ("settings", "keys"):
-            self.type_address(f"brindlepost:{page}\n")
+            self.open_page(f"brindlepost:{page}")
             time.sleep(1.5)
             self.look("page-" + page, None)
 

@@ -5,6 +5,7 @@ on the screen as a whole; that nothing in it is cut off, blurred or out of its p
 """
 
 import pathlib
+import re
 import sys
 import time
 
@@ -42,9 +43,15 @@ class Pictures:
         self.stage.screenshot(self.folder / f"{self.count:02d}-{name}.png")
         if title is None:
             return
-        x, y, width, height = self.stage.window_rect(self.stage.window(title))
+        x, y, width, height = self.place(self.stage.window(title))
         if x < 0 or y < 0 or x + width > self.size[0] or y + height > self.size[1]:
             self.troubles.append(f"{name} is not whole: {width} x {height} at {x}, {y}")
+
+    def place(self, window):
+        """Without the frame, which the window manager keeps on the screen as far as the window is."""
+        told = self.stage.run("xwininfo", "-id", window)
+        names = ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
+        return [int(re.search(name + r":\s*(-?\d+)", told).group(1)) for name in names]
 
 
 def main():

@@ -13,6 +13,7 @@ protected:
         QDir(folder_.path()).mkdir("images");
         Save("play.png", 16, Qt::red);
         Save("play@2x.png", 32, Qt::green);
+        Save("play@3x.png", 48, Qt::yellow);
         Save("pale.bmp", 20, Qt::blue);
     }
 
@@ -45,6 +46,8 @@ TEST_F(PicturesTest, TheTwinIsUsedWhereItIsTheSharperOne) {
     EXPECT_EQ(ColourOf(pictures_.Fitted("play", {16, 16}, 1)), QColor(Qt::red));
     EXPECT_EQ(ColourOf(pictures_.Fitted("play", {16, 16}, 2)), QColor(Qt::green));
     EXPECT_EQ(ColourOf(pictures_.Fitted("play", {24, 24}, 1)), QColor(Qt::green));
+    EXPECT_EQ(ColourOf(pictures_.Fitted("play", {16, 16}, 2.5)), QColor(Qt::yellow));
+    EXPECT_EQ(ColourOf(pictures_.Fitted("play", {16, 16}, 3)), QColor(Qt::yellow));
 }
 
 TEST_F(PicturesTest, AFittedPictureHasTheSizeAndThePixelsOfTheScreen) {
