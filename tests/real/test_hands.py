@@ -32,6 +32,7 @@ class Hands(Walk):
         self.unreached = []
         self.plain = []
         self.counted = {}
+        self.compared = set()
         super().__init__(stage, name, self.go_through)
 
     # -- what is there --
@@ -73,8 +74,11 @@ class Hands(Walk):
         except self.eyes._gone:
             return False
 
-    def focused(self, controls):
-        return next((index for index, row in enumerate(controls) if self.has_keyboard(row[0])), None)
+    def focused(self, controls, last=None):
+        """The place of the control that has the keyboard; looked for from the one after `last`."""
+        begin = 0 if last is None else last
+        places = [(begin + step) % len(controls) for step in range(len(controls))]
+        return next((place for place in places if self.has_keyboard(controls[place][0])), None)
 
     # -- every window --
 
@@ -92,26 +96,24 @@ class Hands(Walk):
 
     def walk(self, name, controls):
         """Tab until every control had the keyboard; a control that it cannot leave is a trap."""
-        reached, order = set(), []
-        before = None
+        reached, now = set(), None
         for _ in range(MOST_TABS):
-            now = self.focused(controls)
-            if now is not None and now not in reached:
-                order.append(now)
-                reached.add(now)
-            shot = self.picture() if self.sees else None
-            if before is not None and now is not None:
-                self.compare(name, controls[now], before, shot)
-            before = shot
-            if len(reached) == len(controls):
-                break
+            now = self.focused(controls, now)
+            reached.add(now)
+            is_new = self.sees and now is not None and controls[now][1:] not in self.compared
+            shot = self.picture() if is_new else None
             self.stage.key("Tab")
+            if is_new:
+                self.compare(name, controls[now], shot, self.picture())
+            if len(reached - {None}) == len(controls):
+                break
+        reached.discard(None)
         for index, (node, role, spoken) in enumerate(controls):
             inside = any(self.is_inside(controls[other][0], node) or self.is_inside(node, controls[other][0])
                          for other in reached)
             if index not in reached and not inside:
                 self.unreached.append(f"{name}: the {role} '{spoken}'")
-        if len(order) > 2:
+        if len(reached) > 2:
             self.go_back(name, controls)
 
     def is_inside(self, node, other):
@@ -125,7 +127,7 @@ class Hands(Walk):
     def go_back(self, name, controls):
         here = self.focused(controls)
         self.stage.key("Tab")
-        there = wait_for("the next control", lambda: self.focused(controls) not in (None, here) or True) and self.focused(controls)
+        there = self.focused(controls)
         self.stage.key("shift+Tab")
         back = self.focused(controls)
         if here is not None and there is not None and back != here:
@@ -138,7 +140,8 @@ class Hands(Walk):
         return int(wide), int(high), done.stdout[-3 * int(wide) * int(high):]
 
     def compare(self, name, control, before, after):
-        """The control that the keyboard came to looks another than before."""
+        """The control that the keyboard went from looks another than before."""
+        self.compared.add(control[1:])
         x, y, width, height = self.eyes.rect(control[0])
         wide, high, old = before
         new = after[2]
