@@ -77,10 +77,15 @@ class Everyday(Errands):
         before = self.stage.window_rect(window)
         self.stage.key("F11")
         wait_for("the whole screen", lambda: self.stage.window_rect(window)[2] > before[2])
+        wait_for("the row to reach the edge", lambda: self.right_edge_of_row() > before[0] + before[2])
         self.picture_now()
         self.stage.key("F11")
         wait_for("the window as it was", lambda: self.stage.window_rect(window)[2:] == before[2:])
         return []
+
+    def right_edge_of_row(self):
+        left, _, width, _ = self.eyes.rect(self.eyes.find("Help", "push button"))
+        return left + width
 
     def the_keys(self):
         self.stage.key("ctrl+l", "ctrl+a")
