@@ -202,6 +202,7 @@ QWidget* DownloadsWindow::MakeHead() {
 QWidget* DownloadsWindow::MakeList() {
     auto* area = new QScrollArea(this);
     area->setObjectName(QStringLiteral("list"));
+    area->setAccessibleName(QStringLiteral("Downloads"));
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* rows = new QWidget(area);

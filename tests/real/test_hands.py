@@ -241,10 +241,11 @@ class Hands(Walk):
 
     def verdict(self):
         print("   controls:", ", ".join(f"{name} {count}" for name, count in self.counted.items()))
-        check_equal("windows that did not come", self.troubles, [])
-        check_equal("controls without a role or a name", self.silent, [])
-        check_equal("controls that Tab does not reach", sorted(set(self.unreached)), [])
-        check_equal("controls that look the same with the keyboard", sorted(set(self.plain)), [])
+        check_equal("what is wrong", {"did not come": self.troubles, "without a role or a name": self.silent,
+                                      "not reached with Tab": sorted(set(self.unreached)),
+                                      "the same with the keyboard": sorted(set(self.plain))},
+                    {"did not come": [], "without a role or a name": [], "not reached with Tab": [],
+                     "the same with the keyboard": []})
 
 
 def main():
