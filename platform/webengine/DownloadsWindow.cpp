@@ -27,7 +27,8 @@ constexpr int kParts = 1000;
 
 QString StyleOfWindow() {
     return skin::Sheet(QStringLiteral("#downloads, #list, #rows { background: @ground; }"
-                                      "QScrollArea { border: 0; }"
+                                      "QScrollArea { border: 1px solid @ground; }"
+                                      "QScrollArea:focus { border-color: @accent; }"
                                       "QLabel { color: @text; font-size: 13px; }"
                                       "QLabel#heading { font-size: 17px; }"
                                       "QLabel#muted, QLabel#words { color: @muted; font-size: 12px; }"
