@@ -244,6 +244,14 @@ int AnswerOption(const linux::CommandLine& line) {
     return Say(answer->exit_code == linux::kDone ? stdout : stderr, answer->text, answer->exit_code);
 }
 
+/// What the toolkit has to know before its application is made.
+qt::DesktopWishes PrepareToolkit() {
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    const qt::DesktopWishes wishes = qt::WishesOfDesktop();
+    qt::TakeLetters(wishes);
+    return wishes;
+}
+
 int RunProgram(const char* name, const linux::CommandLine& line) {
     qt::PrepareEnvironment();
     const QString silent_bus = dbus::LeaveSilentBus();
@@ -258,9 +266,7 @@ int RunProgram(const char* name, const linux::CommandLine& line) {
     const auto to_native = [&files](std::string_view path) { return files.ToNative(path); };
     const auto from_native = [&files](std::string_view path) { return files.FromNative(path); };
 
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
-    const qt::DesktopWishes wishes = qt::WishesOfDesktop();
-    qt::TakeLetters(wishes);
+    const qt::DesktopWishes wishes = PrepareToolkit();
     qt::Loop loop;
     const qt::Application application(name, loop, wishes);
     QApplication::setWindowIcon(QIcon(QString::fromStdString(folder + "/images/brindlepost.png")));

@@ -3,12 +3,15 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QEventLoop>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QPrinterInfo>
 #include <QPushButton>
+#include <QTimer>
 #include <QWebEnginePage>
+#include <chrono>
 
 #include "platform/webengine/ShownText.h"
 
@@ -18,6 +21,7 @@ namespace {
 
 constexpr int kMostTitle = 60;
 constexpr double kMarginMillimetres = 10;
+constexpr std::chrono::seconds kLongestWait{5};
 
 struct PrintWish {
     /// Empty: a PDF file.
@@ -96,8 +100,22 @@ Printing::Printing(QWebEngineView& view, Downloads& downloads) : view_(&view), d
 
 Printing::~Printing() {
     delete box_.data();
+    WaitForFiles();
     for (const auto& [path, id] : files_)
         downloads_.EndOwn(id, false);
+}
+
+// A page that goes while the engine writes its file takes the process along.
+void Printing::WaitForFiles() {
+    if (view_ == nullptr || files_.empty()) return;
+    QEventLoop loop;
+    QTimer::singleShot(kLongestWait, &loop, &QEventLoop::quit);
+    connect(view_, &QObject::destroyed, &loop, &QEventLoop::quit);
+    // After the handler that takes the file out.
+    connect(view_, &QWebEngineView::pdfPrintingFinished, &loop, [this, &loop] {
+        if (files_.empty()) loop.quit();
+    });
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 void Printing::Ask() {

@@ -17,6 +17,7 @@ namespace webengine {
 class Printing final : public QObject {
 public:
     Printing(QWebEngineView& view, Downloads& downloads);
+    /// Lets a PDF file that is being written be finished, for five seconds at most.
     ~Printing() override;
 
     /// Asks where to, unless it is being asked already. Nothing waits for the answer.
@@ -25,6 +26,7 @@ public:
 
 private:
     void Print(const QString& printer, const QPageLayout& layout);
+    void WaitForFiles();
     void ToPdf(const QPageLayout& layout);
     void ToPrinter(const QString& name, const QPageLayout& layout);
 
