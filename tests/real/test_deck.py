@@ -1,7 +1,8 @@
 """A song goes on without a gap whatever else the program does: `test_deck.py BUILD_FOLDER`.
 
 A tone plays; meanwhile a page is loaded, its process is killed, a box stands open, a library of 100,000 songs is rebuilt
-and the window is moved. The recording of each may hold no 5 ms of silence.
+and the window is moved. The recording of each may hold no 5 ms of silence, unless a plain player beside the program
+was silent for half as long or longer: then the machine was too busy for both.
 """
 
 import os
@@ -12,7 +13,7 @@ import sys
 import time
 
 import stage
-from stage import Stage, make_tone, wait_for
+from stage import Recorder, Stage, make_tone, wait_for
 from story import Story, check
 
 SONGS = 100_000
@@ -59,7 +60,17 @@ class Listener(Story):
             store.execute("insert into tblLogin values('ada','secret',' ',' ',' ',' ',' ',' ','True','True')")
         store.close()
 
+    def start_plain_player(self):
+        """The same tone from the sound server's own player, on a device of its own; returns its recording."""
+        self.stage.run("pactl", "load-module", "module-null-sink", "sink_name=plain", f"rate={stage.SAMPLE_RATE}")
+        tone = make_tone(self.stage.folder / "plain.wav", TONE, 240)
+        self.stage.spawn(["paplay", "--device=plain", "--latency-msec=50", str(tone)])
+        plain = Recorder(self.stage, self.stage.folder / "plain.raw", "plain.monitor")
+        wait_for("the plain player", lambda: plain.hears(TONE))
+        return plain
+
     def start(self):
+        self.plain = self.start_plain_player()
         self.program = self.stage.launch(self.application)
         self.main_window("Brindlepost - Music Player", 30)
         wait_for("the splash to go", lambda: not self.stage.has_window("Brindlepost$"), 30)
@@ -74,9 +85,11 @@ class Listener(Story):
         self.record(0.5)
         taken = self.recorder.seconds() - begin
         silence = max(longest_silence(side) for side in self.recorder.last(taken))
+        plain = max(longest_silence(side) for side in self.plain.last(taken))
+        told = f"{silence * 1000:.1f} ms, of the plain player {plain * 1000:.1f} ms"
         check(taken > 0.9 * (time.monotonic() - moment), f"{what}: only {taken:.1f} s were recorded")
-        check(silence < GAP / stage.SAMPLE_RATE, f"{what}: {silence * 1000:.1f} ms of silence")
-        print(f"ok {what} ({taken:.1f} s recorded, longest quiet {silence * 1000:.1f} ms)", flush=True)
+        check(silence < GAP / stage.SAMPLE_RATE or silence <= 2 * plain, f"{what}: silence of {told}")
+        print(f"ok {what} ({taken:.1f} s recorded, longest quiet {told})", flush=True)
 
     def kill_page(self):
         pids = renderers()
