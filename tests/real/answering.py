@@ -18,6 +18,10 @@ class _Message(ctypes.Structure):
                 ("format", ctypes.c_int), ("data", ctypes.c_long * 5)]
 
 
+# A window may go between two questions; the library would end the script for that.
+_NOTHING = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)(lambda _display, _error: 0)
+
+
 class _Event(ctypes.Union):
     _fields_ = [("type", ctypes.c_int), ("message", _Message), ("room", ctypes.c_long * 24)]
 
@@ -30,6 +34,7 @@ class Answering:
 
     def __init__(self, display, window):
         self._x = ctypes.CDLL("libX11.so.6")
+        self._x.XSetErrorHandler(_NOTHING)
         self._x.XOpenDisplay.restype = ctypes.c_void_p
         self._x.XDefaultRootWindow.restype = self._x.XInternAtom.restype = ctypes.c_ulong
         self._display = ctypes.c_void_p(self._x.XOpenDisplay(display.encode()))

@@ -4,13 +4,13 @@ import os
 import pathlib
 import sys
 
+import mounts
 import small_disk
 import stage as stages
 from browsing import Browsing, check, page
 from stage import wait_for
 
 PLACE = "BRINDLEPOST_SMALL_DISK"
-SKIPPED = 77
 PAGES = {
     "/leave": page("Leave", script="document.cookie = 'who=ada; max-age=3600'; fetch('/told/left')"),
     "/store": page("Store", script="""
@@ -59,15 +59,8 @@ class Cramped(Browsing):
 
 
 def main():
-    if os.geteuid() == 0:
-        place = small_disk.mount()
-        if place is None:
-            print("No right to mount here: skipped.")
-            return SKIPPED
-        os.environ[PLACE] = str(place)
-    if PLACE not in os.environ:
-        print("Not root: skipped.")
-        return SKIPPED
+    if not mounts.have(PLACE, small_disk.mount):
+        return mounts.SKIPPED
     build = stages.become_unprivileged(sys.argv[1])
     with stages.Stage(build) as stage:
         stage.environment["XDG_DATA_HOME"] = os.environ[PLACE]

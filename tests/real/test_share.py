@@ -10,6 +10,7 @@ import sys
 import time
 
 import dead_mount
+import mounts
 import stage
 from answering import Answering
 from stage import Stage, wait_for
@@ -20,7 +21,6 @@ PLACE = "BRINDLEPOST_DEAD_MOUNT"
 TONE = 440
 # A handler waits half a second once; the rest is the machine's.
 LONGEST = 2.0
-SKIPPED = 77
 
 
 class Sharer(Person):
@@ -90,15 +90,8 @@ class Sharer(Person):
 
 
 def main():
-    if os.geteuid() == 0:
-        place = dead_mount.mount(f"brindlepost-{os.getpid()}")
-        if place is None:
-            print("No right to mount here: skipped.")
-            return SKIPPED
-        os.environ[PLACE] = str(place)
-    if PLACE not in os.environ:
-        print("Not root: skipped.")
-        return SKIPPED
+    if not mounts.have(PLACE, lambda: dead_mount.mount(f"brindlepost-{os.getpid()}")):
+        return mounts.SKIPPED
     build = stage.become_unprivileged(sys.argv[1])
     with Stage(build) as scene:
         person = Sharer(scene)
