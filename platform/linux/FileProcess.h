@@ -63,6 +63,7 @@ private:
     std::string received_;
     std::string answer_;
     Clock::time_point last_sign_{};
+    int steps_ = 0;  // signs of life that nobody was asked for yet
     bool is_owed_ = false;
     bool is_asking_ = false;
 };

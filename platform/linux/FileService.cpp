@@ -95,9 +95,10 @@ std::string AnswerTo(std::string_view question, const ports::MayGoOn& live) {
 }  // namespace
 
 void ServeFiles(int socket) {
+    const auto live = [socket] { return Send(socket, kSignOfLife); };
+    live();  // from here on a silence is the share's
     std::string received;
     while (const std::optional<std::string> question = NextMessage(socket, received)) {
-        const auto live = [socket] { return Send(socket, kSignOfLife); };
         if (question->empty() || !Send(socket, AnswerTo(*question, live))) return;
     }
 }

@@ -123,6 +123,16 @@ TEST_F(SharesTest, OwnFilesNeedNoProcess) {
     EXPECT_TRUE(FileProcesses().empty());
 }
 
+TEST_F(SharesTest, AProcessThatIsSlowToStartIsNoShareThatHangs) {
+    const std::string slow = folder_ / "brindlepost-files";
+    folder_.Write("brindlepost-files", "#!/bin/sh\nsleep 0.8\nexec " FILE_PROGRAM "\n");
+    ASSERT_EQ(::chmod(slow.c_str(), 0700), 0);
+    LinuxFiles files(folder_ / "brindlepost", folder_.Path(), folder_ / "table", slow);
+
+    EXPECT_TRUE(files.FileExists(In("share/music/a.mp3")));
+    EXPECT_FALSE(files.IsSilent(In("share/music/a.mp3")));
+}
+
 TEST_F(SharesTest, AShareThatHangsIsMissingAfterTheHandlersPatience) {
     Hang();
 
