@@ -78,6 +78,16 @@ controls::Image& TwinOf(controls::Image& image) {
     return image;
 }
 
+/// The plain picture that a bright twin lies over shows itself.
+bool ShowsPlain(const controls::Image& twin) {
+    if (twin.Parent() == nullptr) return false;
+    for (const controls::Control* other : twin.Parent()->Children()) {
+        const QString over = ToQt(other->Name()) + QLatin1String("over");
+        if (over.compare(ToQt(twin.Name()), Qt::CaseInsensitive) == 0) return other->Visible();
+    }
+    return false;
+}
+
 void ClickOn(controls::Image& image) {
     image.MouseDown.Raise(controls::kLeftButton, 0, 0, 0);
     image.MouseUp.Raise(controls::kLeftButton, 0, 0, 0);
@@ -93,7 +103,9 @@ ImageMirror::ImageMirror(Stage& stage, controls::Image& image, QWidget* containe
         SetWidget(new ImageView<QToolButton>(image, stage.SkinPictures(), container));
         const bool is_part = IsBrightTwin(image) || image.Look() == "marker";
         Widget()->setFocusPolicy(is_part ? Qt::NoFocus : Qt::TabFocus);
-        if (is_part) {
+        if (IsBrightTwin(image)) {
+            Speak(*Widget(), SpokenTwin());
+        } else if (is_part) {
             KeepSilent(*Widget());
         } else {
             Speak(*Widget(), SpokenButton());
@@ -111,6 +123,16 @@ SpokenPart ImageMirror::SpokenButton() {
                     if (!IsTabFace(image_)) return;
                     state.selectable = true;
                     state.selected = IsPale(image_);
+                },
+            .press = [this] { PressSpace(*Widget()); }};
+}
+
+// It speaks where the pointer has put it in the place of its plain picture; else both would be told.
+SpokenPart ImageMirror::SpokenTwin() {
+    return {.role = [this] { return ShowsPlain(image_) ? QAccessible::Graphic : QAccessible::Button; },
+            .add_state =
+                [this](QAccessible::State& state) {
+                    if (ShowsPlain(image_)) state.invisible = true;
                 },
             .press = [this] { PressSpace(*Widget()); }};
 }

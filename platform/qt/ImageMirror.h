@@ -17,6 +17,7 @@ private:
     bool PressEnter() override;
     void Light();
     SpokenPart SpokenButton();
+    SpokenPart SpokenTwin();
     bool GoToNeighbour(int key);
     controls::Image& image_;
 };
