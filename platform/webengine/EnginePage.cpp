@@ -407,6 +407,7 @@ void EnginePage::Arrive() {
     walking_history_ = false;
     if (IsBackAgain()) return;
     location_ = page_->url();
+    chrome_->Zoom().Confirm();
     titles_.Act();
     TellArrivals();
 }

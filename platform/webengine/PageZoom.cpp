@@ -3,6 +3,7 @@
 #include <QChildEvent>
 #include <QWheelEvent>
 #include <cmath>
+#include <utility>
 
 #include "platform/webengine/ZoomSteps.h"
 
@@ -11,6 +12,7 @@ namespace webengine {
 namespace {
 
 constexpr double kSame = 0.005;
+constexpr double kNearly = 0.999;
 constexpr int kNotch = 120;
 
 }  // namespace
@@ -45,10 +47,22 @@ void PageZoom::Choose(double factor) {
     bars_.FlashLine(tr("Zoom: %1%").arg(std::lround(factor * 100)));
 }
 
-void PageZoom::Apply() {
+double PageZoom::Wanted() const {
     const QString host = HostOf(view_.url());
-    const double wanted = host.isEmpty() ? choices_.General().zoom : choices_.ZoomOf(host);
-    if (std::abs(view_.zoomFactor() - wanted) > kSame) view_.setZoomFactor(wanted);
+    return host.isEmpty() ? choices_.General().zoom : choices_.ZoomOf(host);
+}
+
+void PageZoom::Apply() {
+    if (std::abs(view_.zoomFactor() - Wanted()) > kSame) view_.setZoomFactor(Wanted());
+}
+
+// The engine now and then draws a document in the zoom of the one before, and takes it for told. It tells the
+// page again only what is new.
+void PageZoom::Confirm() {
+    const double wanted = Wanted();
+    if (std::abs(std::exchange(confirmed_, wanted) - wanted) <= kSame) return;
+    view_.setZoomFactor(wanted * kNearly);
+    view_.setZoomFactor(wanted);
 }
 
 bool PageZoom::eventFilter(QObject* watched, QEvent* event) {

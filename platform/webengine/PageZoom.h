@@ -17,11 +17,14 @@ public:
     void Reset();
     /// The document shown is that of another site, or the choices have changed.
     void Apply();
+    /// The document has come whole.
+    void Confirm();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    double Wanted() const;
     void Choose(double factor);
     void Watch(QObject& part);
     bool WheelTurned(int angle);
@@ -29,6 +32,7 @@ private:
     QWebEngineView& view_;
     PageBars& bars_;
     SiteChoices& choices_;
+    double confirmed_ = 1;
     int wheel_rest_ = 0;  // eighths of a degree that do not make a notch yet
 };
 
