@@ -231,14 +231,15 @@ private:
     }
 
     // The sound server is gone, or the file cannot be read on: the song runs on, without sound where there is
-    // no server or it broke the song a moment ago, or ends.
+    // no server, where it broke the song a moment ago, or as long as the song does not play; or it ends.
     void GoOn(Lock& lock) {
         if (pipeline_.IsSilent()) return HasEnded();
         const std::int64_t place = LikelyPlace();
         const auto now = Anchor::Clock::now();
         const bool again = now - std::exchange(broken_at_, now) < kSoonAgain;
+        const bool waits = !share_.wish.playing;
         lock.unlock();
-        const int error = OpenPipeline(again);
+        const int error = OpenPipeline(again || waits);
         const bool goes_on = error == kNoError && pipeline_.Seek(place, stop_, rate_);
         if (goes_on && playing_) pipeline_.Play();
         lock.lock();
