@@ -10,13 +10,21 @@ list_packages() {
     packages_of "$@" | fmt -w 100 | sed 's/^/      /'
 }
 
+# missing_packages GROUP...: those of the groups that are not installed. They are asked for in one question: its answer is
+# a list, and one process for each of them took longer than all the rest of a start that has nothing to do.
+missing_packages() {
+    local wanted there name
+    mapfile -t wanted < <(packages_of "$@")
+    there=$(dpkg-query -W -f '${Package} ${Status}\n' "${wanted[@]}" 2>/dev/null || true)
+    for name in "${wanted[@]}"; do
+        [[ $'\n'$there$'\n' == *$'\n'"$name install ok installed"$'\n'* ]] || echo "$name"
+    done
+}
+
 # install_packages GROUP...: the Debian packages of the groups that are not there yet.
 install_packages() {
-    local missing=() name status
-    for name in $(packages_of "$@"); do
-        status=$(dpkg-query -W -f '${Status}' "$name" 2>/dev/null || true)
-        [ "$status" = "install ok installed" ] || missing+=("$name")
-    done
+    local missing
+    mapfile -t missing < <(missing_packages "$@")
     [ ${#missing[@]} -eq 0 ] && return 0
     echo "These packages are missing: ${missing[*]}"
     local as_root=()
@@ -54,14 +62,15 @@ build_preset() {
     cmake --build --preset "$preset" --target "$@"
 }
 
-# lay_out_application BUILD FOLDER: the program and its pictures are replaced; stores that are there stay as they are.
+# lay_out_application BUILD FOLDER: what changed of the program and its pictures is replaced; stores that are there stay as
+# they are.
 lay_out_application() {
     local build=$1 folder=$2 store
     mkdir -p "$folder/images"
-    install -m 755 "$build/app/Brindlepost" "$folder/Brindlepost"
-    install -m 755 "$build/platform/decoder/brindlepost-media" "$folder/brindlepost-media"
-    install -m 755 "$build/platform/linux/brindlepost-files" "$folder/brindlepost-files"
-    install -m 755 "$build"/platform/webengine/*.so "$folder/"
+    install -C -m 755 "$build/app/Brindlepost" "$folder/Brindlepost"
+    install -C -m 755 "$build/platform/decoder/brindlepost-media" "$folder/brindlepost-media"
+    install -C -m 755 "$build/platform/linux/brindlepost-files" "$folder/brindlepost-files"
+    install -C -m 755 "$build"/platform/webengine/*.so "$folder/"
     cp -u "$build"/images/*.bmp "$build"/images/*.png "$folder/images/"
     for store in dbMedia dbFavs dbHistory dbLogin; do
         if [ ! -e "$folder/$store.mdb" ]; then
