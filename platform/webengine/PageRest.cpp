@@ -32,8 +32,8 @@ constexpr const char* kIsFilledIn = R"((() => {
     return false;
 })())";
 
-/// What a page sent faster than it was read waits in this process, and the allocator keeps what is freed of
-/// it.
+/// A page's pictures are in this process, and what it sent faster than it was read waited here. The allocator
+/// keeps what is freed of them.
 void GiveMemoryBack() {
 #ifdef __GLIBC__
     malloc_trim(0);
@@ -45,6 +45,8 @@ void GiveMemoryBack() {
 RestHouse::RestHouse(RestTimes times) : times_(times) {
     connect(&look_, &QTimer::timeout, this, [this] { Look(); });
     look_.start(std::clamp(std::min(times_.covered, times_.closed) / 8, kLooksAtLeast, kLooksAtMost));
+    give_back_.setSingleShot(true);
+    connect(&give_back_, &QTimer::timeout, this, [] { GiveMemoryBack(); });
 }
 
 std::vector<PageRest*> RestHouse::Unseen(PageSeen seen) const {
@@ -63,14 +65,11 @@ void RestHouse::Look() {
     for (std::size_t i = times_.most_covered; i < covered.size(); ++i) {
         if (covered[i]->UnseenForMs() >= times_.covered.count()) covered[i]->DiscardCovered();
     }
-    bool is_less = false;
     const std::vector<PageRest*> closed = Unseen(PageSeen::Closed);
     for (std::size_t i = 0; i < closed.size(); ++i) {
         if (i < times_.most_closed && closed[i]->UnseenForMs() < times_.closed.count()) continue;
         closed[i]->DiscardClosed();
-        is_less = is_less || closed[i]->IsDiscarded();
     }
-    if (is_less) GiveMemoryBack();
 }
 
 PageRest::PageRest(QWebEnginePage& page, RestHouse& house) : QObject(&page), page_(page), house_(house) {
@@ -165,6 +164,7 @@ void PageRest::Discard() {
     discarded_ = true;
     page_.setLifecycleState(State::Discarded);
     discarded_ = page_.lifecycleState() == State::Discarded;
+    if (discarded_) house_.OnDiscarded();
 }
 
 }  // namespace webengine

@@ -27,6 +27,8 @@ public:
     explicit RestHouse(RestTimes times);
     void Add(PageRest& page) { pages_.push_back(&page); }
     void Remove(PageRest& page) { std::erase(pages_, &page); }
+    /// What a discarded page leaves in this process is soon given back to the system.
+    void OnDiscarded() { give_back_.start(times_.clearing_up); }
 
 private:
     void Look();
@@ -35,6 +37,7 @@ private:
 
     RestTimes times_;
     QTimer look_;
+    QTimer give_back_;
     std::vector<PageRest*> pages_;
 };
 

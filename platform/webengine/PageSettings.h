@@ -23,6 +23,8 @@ struct RestTimes {
     std::size_t most_covered = 10;
     /// Of more closed pages than these the ones closed first go at once.
     std::size_t most_closed = 5;
+    /// What the last discarded page leaves is freed by threads of the engine within this time.
+    std::chrono::milliseconds clearing_up{std::chrono::seconds(5)};
 };
 
 struct PageSettings {

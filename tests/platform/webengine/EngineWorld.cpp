@@ -20,7 +20,8 @@ std::string NativePath(std::string_view path) {
 constexpr webengine::RestTimes kRest{.covered = std::chrono::milliseconds(400),
                                      .closed = std::chrono::milliseconds(1500),
                                      .most_covered = 1,
-                                     .most_closed = 2};
+                                     .most_closed = 2,
+                                     .clearing_up = std::chrono::milliseconds(100)};
 
 QTemporaryDir& Downloads() {
     static QTemporaryDir folder;

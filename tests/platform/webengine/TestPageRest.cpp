@@ -3,7 +3,9 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QKeyEvent>
+#include <memory>
 
 #include "platform/webengine/EngineWorld.h"
 
@@ -21,6 +23,28 @@ void RunFor(int milliseconds) {
     QElapsedTimer clock;
     clock.start();
     WaitFor([&] { return clock.hasExpired(milliseconds); });
+}
+
+/// MiB of memory that this process really has.
+int Resident() {
+    QFile file(QStringLiteral("/proc/self/statm"));
+    if (!file.open(QIODevice::ReadOnly)) return 0;
+    return static_cast<int>(file.readAll().split(' ').at(1).toLongLong() * 4096 / (1 << 20));
+}
+
+/// Memory that was freed and that the allocator has kept, since something lives in its midst; how much, in
+/// MiB.
+int LeaveHoles(std::vector<std::unique_ptr<char[]>>& kept) {
+    constexpr std::size_t kPiece = std::size_t{64} << 10;
+    constexpr int kPieces = 2000;
+    const int before = Resident();
+    std::vector<std::unique_ptr<char[]>> freed;
+    for (int i = 0; i < kPieces; ++i) {
+        freed.push_back(std::make_unique<char[]>(kPiece));
+        if (i % 20 == 0) kept.push_back(std::make_unique<char[]>(kPiece));
+    }
+    freed.clear();
+    return Resident() - before;
 }
 
 /// Pages of one window that are covered and closed as the screen says it.
@@ -283,6 +307,19 @@ TEST_F(PageRest, APageThatIsLongCoveredIsDiscardedAndLoadedAgainWhenItIsSeen) {
     const int beats = Asked("/beat");
     world.Browser().SetSeen(PageSeen::InFront);
     EXPECT_TRUE(WaitFor([&] { return Asked("/beat") > beats; }));
+}
+
+TEST_F(PageRest, WhatWasFreedIsGivenBackAfterACoveredPageIsDiscarded) {
+    constexpr int kAtLeast = 60;
+    ASSERT_TRUE(Arrive(world.Browser(), "/alive"));
+    ASSERT_TRUE(Arrive(world.Other(), "/plain"));
+    std::vector<std::unique_ptr<char[]>> kept;
+    ASSERT_GT(LeaveHoles(kept), kAtLeast);
+    const int full = Resident();
+
+    CoverBoth();
+
+    EXPECT_TRUE(WaitFor([&] { return Resident() < full - kAtLeast; })) << Resident() << " of " << full;
 }
 
 TEST_F(PageRest, ACoveredPageWithSomethingOfTheUsersInItStays) {
