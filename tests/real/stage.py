@@ -574,7 +574,22 @@ class Eyes:
         return bool(self.find_all(name, role))
 
     def find(self, name, role=None, seconds=10):
-        return wait_for(f"the control '{name}'", lambda: self.find_all(name, role), seconds)[0]
+        try:
+            return wait_for(f"the control '{name}'", lambda: self.find_all(name, role), seconds)[0]
+        except StageError as error:
+            raise StageError(f"{error}; {self._what_hides(name)}") from error
+
+    def _what_hides(self, name):
+        """Why a control is not found, where it is there all the same: the outermost thing around it that does not show."""
+        hidden = []
+        for node in self.find_all(name, showing=False):
+            road = [node]
+            while (around := road[-1].get_parent()) is not None and around.get_role_name() != "application":
+                road.append(around)
+            closed = [one for one in road if not one.get_state_set().contains(self.showing)]
+            hidden.append(f"{role_of(node)} '{name}' is hidden by {role_of(closed[-1])} '{closed[-1].get_name()}'" if closed
+                          else f"{role_of(node)} '{name}' shows")
+        return "; ".join(hidden) or "there is none, shown or not"
 
     def rect(self, node):
         extents = node.get_extents(self._atspi.CoordType.SCREEN)
