@@ -1,4 +1,5 @@
-"""Measures pages and tabs of the whole program on a stage of its own, beside a bare window of the same page engine.
+"""Measures pages and tabs of the whole program on a stage of its own, beside a bare window of the same page engine and a
+packaged browser, falkon, if there is one.
 
     python3 bench/browser.py BUILD [open|memory|switch|closed|covered|reader]... [--seconds N]
 
@@ -14,6 +15,7 @@ import ctypes
 import http.server
 import os
 import pathlib
+import shutil
 import socketserver
 import statistics
 import sys
@@ -40,6 +42,15 @@ TIRING = {
               "const go = () => { const d = document.createElement('div'); d.innerHTML = b; document.body.append(d);"
               "if (document.body.childElementCount < 200) setTimeout(go) }; onload = go</script><body>",
 }
+PACKAGED = "falkon"     # of an older series of the same page engine
+# As quiet as the other two: no page of its own in a new tab.
+PACKAGED_SETTINGS = """[Web-URL-Settings]
+afterLaunch=0
+homepage=about:blank
+newTabUrl=about:blank
+[Web-Browser-Settings]
+CheckDefaultBrowser=false
+"""
 HEAVY = 200     # MiB that a heavy page holds
 COLOURS = [(0x1F, 0x6F, 0x8B), (0x8B, 0x3A, 0x1F)]
 
@@ -115,7 +126,7 @@ class Hand:
         return now
 
 
-ENTER, CONTROL, TAB = 0xFF0D, 0xFFE3, 0xFF09
+ENTER, CONTROL, TAB, ALT, TWO = 0xFF0D, 0xFFE3, 0xFF09, 0xFFE9, 0x32
 
 
 def family(pid):
@@ -166,14 +177,17 @@ class Subject:
 
     def start(self, path):
         """Asks for a page; what `busy` said, and when, as Enter was pressed."""
-        if self.address:
-            self.hand.click(*self.address)
+        self.go_to_row()
         self.stage.key("ctrl+a")
         self.stage.type(self.site.address(path))
         time.sleep(0.3)
         busy, begin = self.busy(), self.hand.key(ENTER)
         self.site.wait_for(path)
         return busy, begin
+
+    def go_to_row(self):
+        if self.address:
+            self.hand.click(*self.address)
 
     def busy(self):
         """Milliseconds of processor that the thread of the window has had: a figure that other work does not change."""
@@ -228,6 +242,29 @@ class Bare(Subject):
         return self.hand.key(CONTROL, TAB)
 
 
+class Packaged(Subject):
+    name = "packaged"
+
+    def __init__(self, stage, site):
+        super().__init__(stage, site)
+        profile = pathlib.Path(stage.environment["HOME"]) / ".config/falkon/profiles/default"
+        profile.mkdir(parents=True, exist_ok=True)
+        (profile / "settings.ini").write_text(PACKAGED_SETTINGS, encoding="ascii")
+        self.process = stage.spawn([PACKAGED, "--no-extensions", "--no-remote"])
+        window = stage.window(".* - Falkon", 60)
+        stage.run("xdotool", "windowmove", "--sync", window, "0", "20")
+        stage.run("xdotool", "windowsize", window, "1180", "780")
+        time.sleep(3)
+
+    def go_to_row(self):
+        self.stage.key("ctrl+t", "ctrl+l")
+        time.sleep(0.5)
+
+    def bring_first(self):
+        """The first tab is the one that it began with."""
+        return self.hand.key(ALT, TWO)
+
+
 def learn_places(stage):
     """Where things are, by a run that a screen reader can read; the runs that are measured are without."""
     tone = stages.make_tone(stage.folder / "Music" / "Film - Tone.wav", 440, 5)
@@ -240,9 +277,12 @@ def learn_places(stage):
     return address, (x + width + 40, y + height // 2), (x + width + 160, y + height // 2)
 
 
-def both(stage, site, places):
-    for subject in (lambda: Program(stage, site, places), lambda: Bare(stage, site)):
-        made = subject()
+def subjects(stage, site, places):
+    makers = [lambda: Program(stage, site, places), lambda: Bare(stage, site)]
+    if shutil.which(PACKAGED):
+        makers.append(lambda: Packaged(stage, site))
+    for make in makers:
+        made = make()
         try:
             yield made
         finally:
@@ -261,12 +301,12 @@ def tell_open(what, runs):
 def measure_open(stage, site, places):
     firsts = {}
     for _ in range(3):
-        for subject in both(stage, site, places):
+        for subject in subjects(stage, site, places):
             subject.count = len(site.times)
             firsts.setdefault(subject.name, []).append(subject.open())
     for name, pairs in firsts.items():
         tell_open(f"{name}: first page", pairs)
-    for subject in both(stage, site, places):
+    for subject in subjects(stage, site, places):
         subject.count = len(site.times)
         subject.open()
         pairs = [subject.open() for _ in range(RUNS)]
@@ -274,7 +314,7 @@ def measure_open(stage, site, places):
 
 
 def measure_memory(stage, site, places):
-    for subject in both(stage, site, places):
+    for subject in subjects(stage, site, places):
         subject.count = len(site.times)
         empty = memory(subject.process.pid)
         figures = []
@@ -283,11 +323,11 @@ def measure_memory(stage, site, places):
             if tabs in (1, 10):
                 time.sleep(5)
                 figures.append(f"{tabs} tabs {memory(subject.process.pid):.0f}")
-        print(f"{subject.name}: memory in MiB, empty {empty:.0f}, {', '.join(figures)}")
+        print(f"{subject.name}: memory in MiB, empty {empty:.0f}, {', '.join(figures)}", flush=True)
 
 
 def measure_switch(stage, site, places):
-    for subject in both(stage, site, places):
+    for subject in subjects(stage, site, places):
         took = []
         for _ in range(RUNS):
             subject.count = len(site.times) // 2 * 2
@@ -316,17 +356,35 @@ def measure_closed(stage, site, places):
         program.end()
 
 
+def holders(pid):
+    """MiB of the program's own process, and how many processes hold pages."""
+    own = int(pathlib.Path(f"/proc/{pid}/statm").read_text().split()[1]) * os.sysconf("SC_PAGE_SIZE") / (1 << 20)
+    count = 0
+    for process in family(pid):
+        try:
+            count += b"--type=renderer" in pathlib.Path(f"/proc/{process}/cmdline").read_bytes()
+        except OSError:
+            continue
+    return f"{count} page processes, the program's own {own:.0f} MiB resident"
+
+
 def measure_covered(stage, site, places, seconds):
     program = Program(stage, site, places)
+    pid = program.process.pid
     try:
         for _ in range(10):
             program.open()
-        ten = memory(program.process.pid)
+        print(f"program: 10 tabs {memory(pid):.0f} MiB ({holders(pid)})", flush=True)
         for _ in range(90):
             program.open()
-        live = memory(program.process.pid)
-        time.sleep(seconds)
-        print(f"program: 10 tabs {ten:.0f} MiB, 100 tabs {live:.0f}, covered for {seconds} s {memory(program.process.pid):.0f}")
+        live, begin = memory(pid), time.monotonic()
+        print(f"program: 100 tabs {live:.0f} MiB ({holders(pid)})", flush=True)
+        for after in sorted({60, 120, 180, 240, 260, seconds}):
+            if after > seconds:
+                break
+            time.sleep(max(0, begin + after - time.monotonic()))
+            now = memory(pid)
+            print(f"program: covered for {after} s {now:.0f} MiB, {100 * now / live:.0f} % ({holders(pid)})", flush=True)
     finally:
         program.end()
 
@@ -363,6 +421,8 @@ def main():
     parser.add_argument("--seconds", type=int, default=300)
     options = parser.parse_args()
     print(f"machine: {os.cpu_count()} cores, display Xvfb, software drawing, load {os.getloadavg()[0]:.1f}")
+    if not shutil.which(PACKAGED):
+        print(f"packaged: {PACKAGED} is not installed, so the bare window is the only peer")
     with stages.Stage(build, sound=False) as stage:
         site = Site()
         places = learn_places(stage)
