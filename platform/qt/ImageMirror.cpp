@@ -25,6 +25,13 @@ bool IsPale(const controls::Image& image) {
     return image.Picture().ends_with("pale.bmp");
 }
 
+/// The pictures' own edges are faint. A tab has none at its foot.
+void DrawEdge(QPainter& painter, const QRect& rect, bool is_tab) {
+    const int corner = is_tab ? skin::kPanelCorner : skin::kCorner;
+    skin::RoundBox(painter, rect.adjusted(0, 0, 0, is_tab ? corner + 1 : 0), Qt::NoBrush,
+                   skin::Colours().line, corner);
+}
+
 void DrawImage(QWidget& view, const controls::Image& image, Pictures& pictures) {
     QPainter painter(&view);
     const QRect rect = view.rect();
@@ -36,10 +43,8 @@ void DrawImage(QWidget& view, const controls::Image& image, Pictures& pictures) 
         place.moveCenter(rect.center());
     }
     painter.drawPixmap(place, pictures.Fitted(image.Picture(), place.size(), view.devicePixelRatioF()));
-    const bool is_button = view.inherits("QToolButton") && image.Look() != "marker" && !IsTabFace(image);
-    // The pictures' own edges are faint.
-    if (is_button && skin::Colours().high_contrast)
-        skin::RoundBox(painter, rect, Qt::NoBrush, skin::Colours().line, skin::kCorner);
+    const bool is_button = view.inherits("QToolButton") && image.Look() != "marker";
+    if (is_button && skin::Colours().high_contrast) DrawEdge(painter, rect, IsTabFace(image));
     if (view.hasFocus()) skin::FocusRing(painter, rect);
 }
 

@@ -41,13 +41,14 @@ private:
 
 namespace {
 
-/// A line of text in a well of its own, or in one that is drawn already.
+/// A line of text in a well of its own, or in one that is drawn already: the address lies in its combo box.
 class TextView final : public QLineEdit {
 public:
     TextView(const controls::TextBox& text, QWidget* parent)
         : QLineEdit(parent), inset_(text.Look() == "inset"), selects_(text.Look() == "address") {
-        setTextMargins(inset_ ? 3 : 5, 0, 4, 0);
-        setFrame(!inset_);
+        // Without the frame, which is a pixel wide, the words keep their place.
+        setTextMargins(inset_ ? 3 : selects_ ? 6 : 5, 0, 4, 0);
+        setFrame(!inset_ && !selects_);
         if (text.IsPassword()) setEchoMode(Password);
     }
 
@@ -71,8 +72,12 @@ protected:
 
     void paintEvent(QPaintEvent* event) override {
         QLineEdit::paintEvent(event);
-        if (!inset_ || !hasFocus()) return;
+        if (!hasFocus() || (!inset_ && !selects_)) return;
         QPainter painter(this);
+        if (selects_) {
+            skin::FocusRing(painter, rect());
+            return;
+        }
         painter.fillRect(QRect(6, height() - 2, width() - 12, 1), QColor(skin::Colours().accent));
     }
 

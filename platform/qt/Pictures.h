@@ -1,4 +1,5 @@
-// Pictures of the skin, read from files below the program's folder when first drawn.
+// Pictures of the skin, read from files below the program's folder when first drawn. In high contrast they
+// are shown in its colours: dark grounds black, what is light white, what has a colour in the accent's.
 #pragma once
 
 #include <QHash>
@@ -26,6 +27,8 @@ private:
         QPixmap twice;
     };
     const Twins& Load(const QString& name);
+    QPixmap Read(const QString& file) const;
+    void TakeColours();
     QPixmap Largest(const QString& name);
     QString FileOf(const QString& name) const;
 
@@ -33,6 +36,7 @@ private:
     QHash<QString, Twins> loaded_;
     QHash<QString, QPixmap> largest_;  // only what was asked for
     QHash<QString, QPixmap> fitted_;
+    bool in_contrast_ = false;
 };
 
 }  // namespace qt

@@ -200,8 +200,9 @@ void RowsView::DrawRow(QPainter& painter, int row, const QRect& rect) const {
 void RowsView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     QPainterPath inside;
-    // The ring of the focus is drawn one pixel into the rows.
-    const int ring = hasFocus() ? 1 : 0;
+    // The ring of the focus is drawn a pixel into the rows, the wide one two. Without it a pixel is left all
+    // the same: at a scale like 1.25 the line around the list is drawn into it.
+    const int ring = hasFocus() && skin::Colours().high_contrast ? 2 : 1;
     inside.addRoundedRect(viewport()->rect().adjusted(ring, ring, -ring, -ring), skin::kCorner - 1,
                           skin::kCorner - 1);
     painter.setClipPath(inside);

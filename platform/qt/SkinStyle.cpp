@@ -6,6 +6,7 @@
 #include <QStyleOption>
 
 #include "platform/qt/Skin.h"
+#include "platform/qt/SkinSheet.h"
 
 namespace qt {
 namespace {
@@ -40,7 +41,8 @@ void DrawLineOfText(QPainter& painter, const QStyleOption& option) {
     if (static_cast<const QStyleOptionFrame&>(option).lineWidth > 0) {
         DrawWell(painter, option);
     } else {
-        painter.fillRect(option.rect, QColor(skin::Colours().well));
+        skin::RoundBox(painter, option.rect, QColor(skin::Colours().well), skin::Colours().well,
+                       skin::kCorner - 2);
     }
 }
 
@@ -338,6 +340,16 @@ void ApplySkin(QApplication& application) {
     QApplication::setStyle(new SkinStyle);
     QApplication::setPalette(SkinPalette());
     QApplication::setFont(skin::TextFont());
+}
+
+void ChangeContrast(bool high) {
+    if (skin::Colours().high_contrast == high) return;
+    skin::ShowHighContrast(high);
+    QApplication::setPalette(SkinPalette());
+    skin::DressAgain();
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget* widget : widgets)
+        widget->update();
 }
 
 }  // namespace qt

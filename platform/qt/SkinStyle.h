@@ -32,5 +32,7 @@ private:
 
 /// Gives the program the skin's style, palette and font.
 void ApplySkin(QApplication& application);
+/// Shows high contrast or the usual colours from now on, in everything that is on the screen as well.
+void ChangeContrast(bool high);
 
 }  // namespace qt

@@ -26,18 +26,19 @@ constexpr int kMostName = 70;
 constexpr int kParts = 1000;
 
 QString StyleOfWindow() {
-    return skin::Sheet(QStringLiteral("#downloads, #list, #rows { background: @ground; }"
-                                      "QScrollArea { border: 1px solid @ground; }"
-                                      "QScrollArea:focus { border-color: @accent; }"
-                                      "QLabel { color: @text; font-size: 13px; }"
-                                      "QLabel#heading { font-size: 17px; }"
-                                      "QLabel#muted, QLabel#words { color: @muted; font-size: 12px; }"
-                                      "QLabel#asks { color: @warning; font-size: 12px; }"
-                                      "QProgressBar { background: @well; border: 0; border-radius: 2px; }"
-                                      "QProgressBar::chunk { background: @accent; border-radius: 2px; }"
-                                      "QPushButton { color: @text; padding: 3px 10px; font-size: 12px; }"
-                                      "QPushButton[accent=\"true\"] { color: @accent; }") +
-                       skin::kButtonSheet);
+    return QStringLiteral(
+               "#downloads, #list, #rows { background: @ground; }"
+               "QScrollArea { border: 1px solid @ground; }"
+               "QScrollArea:focus { border-color: @accent; }"
+               "QLabel { color: @text; font-size: 13px; }"
+               "QLabel#heading { font-size: 17px; }"
+               "QLabel#muted, QLabel#words { color: @muted; font-size: 12px; }"
+               "QLabel#asks { color: @warning; font-size: 12px; }"
+               "QProgressBar { background: @well; border: 0; border-radius: 2px; }"
+               "QProgressBar::chunk { background: @accent; border-radius: 2px; }"
+               "QPushButton { color: @text; padding: 3px 10px; font-size: 12px; }"
+               "QPushButton[accent=\"true\"] { color: @accent; }") +
+           skin::kButtonSheet;
 }
 
 QString AskingWords(const Download& download) {
@@ -161,7 +162,7 @@ DownloadsWindow::DownloadsWindow(Downloads& downloads) : downloads_(downloads) {
     setWindowTitle(tr("Downloads"));
     setAttribute(Qt::WA_StyledBackground);
     setAttribute(Qt::WA_QuitOnClose, false);
-    setStyleSheet(StyleOfWindow());
+    skin::Dress(*this, StyleOfWindow());
     resize(kWidth, kHeight);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

@@ -7,6 +7,8 @@
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
 
+#include "platform/qt/SkinSheet.h"
+
 namespace webengine {
 
 namespace {
@@ -89,14 +91,13 @@ void MakerPages::requestStarted(QWebEngineUrlRequestJob* job) {
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
         return;
     }
-    auto* file = new QFile(resource, job);
-    if (!file->open(QIODevice::ReadOnly)) {
-        job->fail(QWebEngineUrlRequestJob::RequestFailed);
-        return;
-    }
-    job->reply(resource.endsWith(QLatin1String(".css")) ? QByteArrayLiteral("text/css")
-                                                        : QByteArrayLiteral("text/html"),
-               file);
+    QByteArray bytes = Resource(resource.toLatin1().constData());
+    const bool is_style = resource.endsWith(QLatin1String(".css"));
+    if (is_style) bytes = qt::skin::Sheet(QString::fromUtf8(bytes)).toUtf8();
+    auto* body = new QBuffer(job);
+    body->setData(bytes);
+    body->open(QIODevice::ReadOnly);
+    job->reply(is_style ? QByteArrayLiteral("text/css") : QByteArrayLiteral("text/html"), body);
 }
 
 }  // namespace webengine

@@ -3,6 +3,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "platform/qt/SkinSheet.h"
+
 namespace webengine {
 
 namespace {
@@ -16,11 +18,11 @@ Notice::Notice(const QString& words, QWidget* parent)
     : QWidget(parent), words_(new QLabel(words, this)), button_(new QPushButton(this)) {
     setObjectName(QStringLiteral("notice"));
     setAttribute(Qt::WA_StyledBackground);
-    setStyleSheet(
-        QStringLiteral("#notice { background: #1d1916; } QLabel { color: #f2e9de; font-size: 13px; }"
-                       "QPushButton { background: #342c26; color: #e9a24b; border: 1px solid #4b4037;"
-                       " border-radius: 6px; padding: 6px 18px; }"
-                       "QPushButton:focus { border-color: #e9a24b; }"));
+    qt::skin::Dress(
+        *this, QStringLiteral("#notice { background: @ground; } QLabel { color: @text; font-size: 13px; }"
+                              "QPushButton { background: @raised; color: @accent; border: 1px solid @line;"
+                              " border-radius: 6px; padding: 6px 18px; }"
+                              "QPushButton:focus { border-color: @accent; }"));
     words_->setWordWrap(true);
     words_->setAlignment(Qt::AlignCenter);
     words_->setFixedWidth(kWordsWidth);

@@ -25,20 +25,19 @@ constexpr int kProgressHeight = 3;
 constexpr int kMostWords = 400;
 
 QString StyleOfBars() {
-    return skin::Sheet(
-        QStringLiteral(
-            "QLabel { color: @text; font-size: 13px; }"
-            "QLineEdit { background: @well; color: @text; border: 1px solid @line; border-radius: 5px;"
-            " padding: 2px 6px; selection-background-color: @accent-deep; }"
-            "QLineEdit:focus { border-color: @accent; }"
-            "QPushButton { color: @accent; padding: 3px 12px; font-size: 13px; }") +
-        skin::kButtonSheet +
-        QStringLiteral(
-            "QPushButton[flat=\"true\"] { background: transparent; border: 1px solid transparent;"
-            " padding: 3px; }"
-            "QPushButton[flat=\"true\"]:focus { border-color: @accent; }"
-            "#pageLine { background: @raised; border: 1px solid @line; border-top-right-radius: 5px;"
-            " padding: 2px 8px; font-size: 12px; }"));
+    return QStringLiteral(
+               "QLabel { color: @text; font-size: 13px; }"
+               "QLineEdit { background: @well; color: @text; border: 1px solid @line; border-radius: 5px;"
+               " padding: 2px 6px; selection-background-color: @accent-deep; }"
+               "QLineEdit:focus { border-color: @accent; }"
+               "QPushButton { color: @accent; padding: 3px 12px; font-size: 13px; }") +
+           skin::kButtonSheet +
+           QStringLiteral(
+               "QPushButton[flat=\"true\"] { background: transparent; border: 1px solid transparent;"
+               " padding: 3px; }"
+               "QPushButton[flat=\"true\"]:focus { border-color: @accent; }"
+               "#pageLine { background: @raised; border: 1px solid @line; border-top-right-radius: 5px;"
+               " padding: 2px 8px; font-size: 12px; }");
 }
 
 /// A cross that is drawn, with the words of it for a screen reader.
@@ -176,7 +175,7 @@ PageBars::PageBars(QWidget* parent)
       line_(new QLabel(this)),
       progress_(new ProgressLine(percent_, this)) {
     setObjectName(QStringLiteral("pageBars"));
-    setStyleSheet(StyleOfBars());
+    skin::Dress(*this, StyleOfBars());
     column_->setContentsMargins(0, 0, 0, 0);
     column_->setSpacing(0);
     column_->setSizeConstraint(QLayout::SetNoConstraint);

@@ -394,6 +394,25 @@ TEST(TextMirror, ALongTextIsShownFromItsBeginning) {
     EXPECT_EQ(desk.Find<QLineEdit>(text)->cursorPosition(), 0);
 }
 
+TEST(TextMirror, AnAddressHasNoEdgeOfItsOwnInItsBoxButTheRingOfTheFocus) {
+    controls::TextBox text("txtAddress");
+    controls::TextBox other("txtB");
+    text.SetLook("address");
+    qt_tests::PlaceAt(text, 0, 0, 100, 24);
+    qt_tests::PlaceAt(other, 0, 30, 100, 24);
+    qt_tests::Desk desk(text, other);
+    desk.Find(other)->setFocus();
+    desk.screen.CatchUp();
+    const QImage calm = desk.Find(text)->grab().toImage();
+
+    desk.Find(text)->setFocus();
+    ASSERT_TRUE(qt_tests::WaitFor([&] { return desk.Find(text)->hasFocus(); }));
+    const QImage ringed = desk.Find(text)->grab().toImage();
+
+    EXPECT_EQ(calm.pixel(50, 0), calm.pixel(50, 12));
+    EXPECT_NE(ringed.pixel(50, 1), calm.pixel(50, 1));
+}
+
 TEST(TextMirror, TypingReplacesAnAddressThatNobodyTyped) {
     controls::TextBox text("txtAddress");
     text.SetLook("address");

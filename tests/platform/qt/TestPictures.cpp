@@ -4,6 +4,7 @@
 #include <QTemporaryDir>
 
 #include "platform/qt/Pictures.h"
+#include "platform/qt/SkinColours.h"
 
 namespace {
 
@@ -17,7 +18,7 @@ protected:
         Save("pale.bmp", 20, Qt::blue);
     }
 
-    void Save(const char* name, int side, Qt::GlobalColor colour) const {
+    void Save(const char* name, int side, const QColor& colour) const {
         QImage image(side, side, QImage::Format_RGB32);
         image.fill(colour);
         ASSERT_TRUE(image.save(folder_.filePath(QStringLiteral("images/") + QLatin1String(name))));
@@ -55,6 +56,30 @@ TEST_F(PicturesTest, AFittedPictureHasTheSizeAndThePixelsOfTheScreen) {
 
     EXPECT_EQ(picture.size(), QSize(60, 45));
     EXPECT_EQ(picture.devicePixelRatio(), 1.5);
+}
+
+TEST_F(PicturesTest, InHighContrastAPictureHasItsColours) {
+    const struct {
+        QColor skin;
+        QColor shown;
+    } cases[] = {{QColor(0x34, 0x2c, 0x26), Qt::black},
+                 {QColor(0x4b, 0x40, 0x37), Qt::black},
+                 {QColor(0xf2, 0xe9, 0xde), Qt::white},
+                 {QColor(0xe9, 0xa2, 0x4b), QColor(qt::skin::kHighContrast.accent)}};
+    int number = 0;
+    for (const auto& one : cases) {
+        const std::string name = "colour" + std::to_string(++number);
+        Save((name + ".png").c_str(), 8, one.skin);
+        const QColor usual = ColourOf(pictures_.Fitted(name, {8, 8}, 1));
+
+        qt::skin::ShowHighContrast(true);
+        const QColor shown = ColourOf(pictures_.Fitted(name, {8, 8}, 1));
+        qt::skin::ShowHighContrast(false);
+
+        EXPECT_EQ(usual, one.skin);
+        EXPECT_EQ(shown, one.shown) << one.skin.name().toStdString();
+        EXPECT_EQ(ColourOf(pictures_.Fitted(name, {8, 8}, 1)), one.skin);
+    }
 }
 
 TEST_F(PicturesTest, AMissingPictureIsNothing) {

@@ -311,4 +311,33 @@ TEST_F(RowsViewTest, TheRingOfTheFocusIsWhole) {
         EXPECT_EQ(image.pixel(1, y), image.pixel(1, 100)) << y;
 }
 
+TEST_F(RowsViewTest, RowsLeaveAPixelBesideTheLineAroundThem) {
+    Fill(4);
+    list_.SetListIndex(1);
+    view_.ShowChosen(1, false);
+
+    const QImage image = view_.grab().toImage();
+
+    for (const int x : {1, image.width() - 2})
+        EXPECT_EQ(image.pixel(x, 36), image.pixel(x, 108)) << x;
+    EXPECT_NE(image.pixel(2, 36), image.pixel(2, 108));
+}
+
+TEST_F(RowsViewTest, TheWideRingOfHighContrastIsAsWideBesideEveryRow) {
+    qt::skin::ShowHighContrast(true);
+    Fill(4);
+    view_.setFocus();
+    const bool has_focus = QTest::qWaitFor([this] { return view_.hasFocus(); });
+
+    const QImage image = view_.grab().toImage();
+    qt::skin::ShowHighContrast(false);
+
+    ASSERT_TRUE(has_focus);
+    for (const int x : {1, 2})
+        for (const int y : {12, 36, 60, 84}) {
+            EXPECT_EQ(image.pixel(x, y), image.pixel(x, 105)) << x << ", " << y;
+            EXPECT_GT(qRed(image.pixel(x, y)), 100) << x << ", " << y;
+        }
+}
+
 }  // namespace

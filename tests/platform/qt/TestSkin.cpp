@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QWidget>
 #include <cmath>
 
 #include "platform/qt/Skin.h"
+#include "platform/qt/SkinSheet.h"
+#include "platform/qt/SkinStyle.h"
 
 namespace {
 
@@ -79,6 +82,35 @@ TEST(Skin, TheColoursThatAreAskedForAreShown) {
 
     EXPECT_EQ(high, qt::skin::kHighContrast.ground);
     EXPECT_EQ(qt::skin::Colours().ground, qt::skin::kUsual.ground);
+}
+
+TEST(Skin, AWidgetThatWasDressedTakesOtherColours) {
+    QWidget dressed;
+    qt::skin::Dress(dressed, QStringLiteral("color: @text; border: 1px solid @panel-line"));
+    const QString usual = dressed.styleSheet();
+
+    qt::skin::ShowHighContrast(true);
+    qt::skin::DressAgain();
+    const QString high = dressed.styleSheet();
+    qt::skin::ShowHighContrast(false);
+
+    EXPECT_EQ(usual.toStdString(), "color: #f2e9de; border: 1px solid #3b322b");
+    EXPECT_EQ(high.toStdString(), "color: #ffffff; border: 2px solid #ffffff");
+}
+
+TEST(Skin, HighContrastComesAndGoesWhileTheProgramRuns) {
+    const QPalette before = QApplication::palette();
+
+    qt::ChangeContrast(true);
+    const QRgb high = QApplication::palette().color(QPalette::Base).rgb();
+    const QRgb ink = QApplication::palette().color(QPalette::PlaceholderText).rgb();
+    qt::ChangeContrast(false);
+    const QRgb usual = QApplication::palette().color(QPalette::Base).rgb();
+    QApplication::setPalette(before);
+
+    EXPECT_EQ(high, qt::skin::kHighContrast.well);
+    EXPECT_EQ(ink, qt::skin::kHighContrast.muted);
+    EXPECT_EQ(usual, qt::skin::kUsual.well);
 }
 
 TEST(Skin, ASurfaceIsDrawnAndAnyOtherLookIsLeftAlone) {
