@@ -17,6 +17,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/dbus/BusAppearance.h"
 #include "platform/dbus/BusFileManager.h"
 #include "platform/dbus/BusMessenger.h"
 #include "platform/dbus/BusNotices.h"
@@ -48,6 +49,7 @@
 #include "platform/qt/Messages.h"
 #include "platform/qt/ScaledPictures.h"
 #include "platform/qt/Screen.h"
+#include "platform/qt/SkinStyle.h"
 #include "platform/sqlite/BringUp.h"
 #include "platform/sqlite/SqliteDatabase.h"
 #include "platform/webengine/PageModule.h"
@@ -94,6 +96,7 @@ struct OnTheBus {
     dbus::BusScreenSaver screen_saver{bus};
     dbus::BusNotices notices{bus};
     dbus::BusFileManager file_manager{bus};
+    dbus::BusAppearance appearance{bus};
 };
 
 /// What is kept of a run, for the user and for the start after it. Only the run that has the stores keeps
@@ -288,6 +291,9 @@ int RunProgram(const char* name, const linux::CommandLine& line) {
     qt::DesktopWindows window_services;
     qt::DesktopPrograms programs({to_native, from_native});
     OnTheBus desktop(silent_bus);
+    desktop.appearance.OnContrast = [by_theme = wishes.high_contrast](bool high) {
+        qt::ChangeContrast(by_theme || high);
+    };
 
     window::Windows windows(files);
     PageEnds pages(to_native, desktop, folder);
