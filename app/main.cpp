@@ -4,11 +4,9 @@
 // has been painted: the pages as a module when the first page is wanted, the media engine in two processes of
 // its own.
 
-#include <QDesktopServices>
 #include <QIcon>
 #include <QSocketNotifier>
 #include <QStandardPaths>
-#include <QUrl>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -47,6 +45,7 @@
 #include "platform/qt/Environment.h"
 #include "platform/qt/Loop.h"
 #include "platform/qt/Messages.h"
+#include "platform/qt/OpenFile.h"
 #include "platform/qt/ScaledPictures.h"
 #include "platform/qt/Screen.h"
 #include "platform/qt/SkinStyle.h"
@@ -112,14 +111,18 @@ struct Records {
     }
 
     /// What the rooms are to know of it.
-    session::StartFacts FactsOf(const linux::CommandLine& line, OnTheBus& desktop) const {
+    session::StartFacts FactsOf(const linux::CommandLine& line, OnTheBus& desktop,
+                                ports::Dialogs& boxes) const {
         session::StartFacts facts{.without_home_pages = line.without_home_pages};
         if (log.Last().end != linux::RunLog::LastRun::End::Crashed) return facts;
         const std::string report = log.Last().file;
         facts.crash_report = report;
-        facts.show_report = [report, &desktop] {
-            desktop.file_manager.Show(report, [report] {
-                QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(FolderOf(report))));
+        facts.show_report = [report, &desktop, &boxes] {
+            desktop.file_manager.Show(report, [report, &boxes] {
+                qt::OpenFileWithDesktop(report, [report, &boxes] {
+                    boxes.MsgBox("No program was found that shows the report. It is this file:\n\n" + report,
+                                 ports::BoxButtons::Ok, "Brindlepost", ports::BoxIcon::Information);
+                });
             });
         };
         facts.tell_left_closed = [show = facts.show_report, &desktop] {
@@ -312,7 +315,7 @@ int RunProgram(const char* name, const linux::CommandLine& line) {
         windows,
         {database, files, pictures, window_services, window_shape, boxes, loop, clock, chance, instance,
          desktop.messenger, desktop.board, desktop.screen_saver, screen, registry, programs, kept,
-         program_folder, records.FactsOf(line, desktop)},
+         program_folder, records.FactsOf(line, desktop, boxes)},
         command, [&loop] { loop.Quit(); });
     pages.Know(main_window);
     const Doorbells doorbells(instance, main_window);

@@ -26,6 +26,12 @@ class Witness(Person):
     def logs(self):
         return sorted(self.folder().glob("run-*.log"))
 
+    def tools(self):
+        """Where the program looks for those of the desktop, instead of the usual places."""
+        folder = self.stage.folder / "tools"
+        folder.mkdir(exist_ok=True)
+        return folder
+
     def log_in(self):
         self.enter()
         self.stage.window("Brindlepost - (Music|First)", 40)
@@ -54,12 +60,32 @@ def a_crash_leaves_a_report(person):
 
 
 def the_next_start_says_so_in_a_line(person):
-    person.launch()
+    person.launch(environment={"PATH": str(person.tools())})
     person.stage.window("Brindlepost - Login$")
     person.eyes.find("Brindlepost crashed last time.", "label")
     check(person.eyes.shows("Show Report"), "no way to the report")
     check_equal("boxes", person.boxes(), [])
     person.stage.screenshot(person.stage.folder / "login-after-a-crash.png")
+
+
+def without_a_program_for_the_report_its_place_is_told(person):
+    report = person.logs()[0]
+    person.press("Show Report", "push button")
+    text = person.wait_for_box("No program was found")
+    check(str(report) in text, f"the box does not say where the report is: {text!r}")
+    person.answer_ok()
+    wait_for("the box to go", lambda: not person.boxes())
+
+
+def the_report_is_opened_by_the_desktop(person):
+    tool = person.tools() / "xdg-open"
+    tool.write_text('#!/bin/sh\necho "$1" > "$0.new"\nexec /bin/mv "$0.new" "$0.opened"\n')
+    tool.chmod(0o755)
+    person.press("Show Report", "push button")
+    opened = tool.with_suffix(".opened")
+    wait_for("the desktop to open the report", opened.exists)
+    check_equal("what is opened", opened.read_text().strip(), str(person.logs()[0]))
+    check_equal("boxes", person.boxes(), [])
 
 
 def home_pages_stay_closed(person):
@@ -97,8 +123,9 @@ def a_decoder_that_crashes_is_a_line(person):
     check(re.search(r"brindlepost-media\(\+0x", text), f"no places of the decoder: {text}")
 
 
-STEPS = [a_crash_leaves_a_report, the_next_start_says_so_in_a_line, home_pages_stay_closed, the_start_after_is_as_ever,
-         a_kill_is_no_crash, a_decoder_that_crashes_is_a_line]
+STEPS = [a_crash_leaves_a_report, the_next_start_says_so_in_a_line, without_a_program_for_the_report_its_place_is_told,
+         the_report_is_opened_by_the_desktop, home_pages_stay_closed, the_start_after_is_as_ever, a_kill_is_no_crash,
+         a_decoder_that_crashes_is_a_line]
 
 
 def main():
