@@ -261,7 +261,10 @@ class Walk(House):
             time.sleep(0.5)
             self.look(name, MAIN)
             stage.key("Escape")
-        stage.key("F6", "Menu")
+        # The find bar leaves the keyboard to the page.
+        stage.key("ctrl+f", "Escape")
+        time.sleep(0.5)
+        stage.key("Menu")
         time.sleep(0.5)
         self.look("page-menu", None)
         stage.key("Escape")
@@ -282,10 +285,11 @@ class Walk(House):
         time.sleep(1.5)
         self.look("print", None)
         stage.key("Escape")
-        for page in ("settings", "keys"):
-            self.open_page(f"brindlepost:{page}")
-            time.sleep(1.5)
-            self.look("page-" + page, None)
+        for address, title in (("settings", "Settings"), ("keys", "Keys"), ("start/index.php?page3=help", "Help")):
+            self.open_page(f"brindlepost://{address}")
+            stage.window(MAIN + title, 40)
+            time.sleep(1)
+            self.look("page-" + title.lower(), None)
 
     # -- pictures --
 

@@ -1,9 +1,9 @@
-"""The program without a pointer and without eyes: `test_hands.py BUILD_FOLDER [all]`.
+"""The program without a pointer and without eyes: `test_hands.py BUILD_FOLDER [all | PART...]`.
 
 In every window each control that takes the keyboard is reached with Tab, is left again with Tab and with Shift+Tab, and has a
 role and a name for a screen reader. Sliders, lists, buttons and boxes are worked with the arrow keys, the space bar and
 Enter; what they do then is told in their value. Without `all` these are the login and the music pane; with it all windows,
-and each control looks another when it has the keyboard.
+and each control looks another when it has the keyboard. Parts are those of `Walk.ALL` in `house.py`, some of them alone.
 """
 
 import subprocess
@@ -106,7 +106,7 @@ class Hands(Walk):
             shot = self.picture() if is_new else None
             self.stage.key("Tab")
             if is_new:
-                self.compare(name, controls[now], shot, self.picture())
+                self.compare(name, controls[now], shot)
             if len(reached - {None}) == len(controls):
                 break
         reached.discard(None)
@@ -141,10 +141,19 @@ class Hands(Walk):
         _, wide, high = done.stdout.split(maxsplit=3)[:3]
         return int(wide), int(high), done.stdout[-3 * int(wide) * int(high):]
 
-    def compare(self, name, control, before, after):
-        """The control that the keyboard went from looks another than before."""
+    def compare(self, name, control, before):
+        """The control that the keyboard went from looks another than before, at once or when it is painted."""
         self.compared.add(control[1:])
-        x, y, width, height = self.eyes.rect(control[0])
+        rect = self.eyes.rect(control[0])
+        for _ in range(5):
+            if self.changed(rect, before, self.picture()) >= LEAST_CHANGE or control[2] in SEEN_BY_HAND:
+                return
+            time.sleep(0.2)
+        self.plain.append(f"{name}: the {control[1]} '{control[2]}'")
+
+    def changed(self, rect, before, after):
+        """How many pixels of a piece of the screen differ."""
+        x, y, width, height = rect
         wide, high, old = before
         new = after[2]
         changed = 0
@@ -152,8 +161,7 @@ class Hands(Walk):
             begin, end = 3 * (row * wide + max(0, x)), 3 * (row * wide + min(wide, x + width))
             if old[begin:end] != new[begin:end]:
                 changed += sum(old[at:at + 3] != new[at:at + 3] for at in range(begin, end, 3))
-        if changed < LEAST_CHANGE and control[2] not in SEEN_BY_HAND:
-            self.plain.append(f"{name}: the {control[1]} '{control[2]}'")
+        return changed
 
     # -- working it --
 
@@ -252,9 +260,10 @@ class Hands(Walk):
 
 def main():
     build = stages.become_unprivileged(sys.argv[1])
-    parts = Hands.ALL if sys.argv[2:] == ["all"] else Hands.SHORT
+    chosen = sys.argv[2:]
+    parts = Hands.ALL if chosen == ["all"] else chosen or Hands.SHORT
     with Stage(build) as stage:
-        hands = Hands(stage, "hands", parts == Hands.ALL)
+        hands = Hands(stage, "hands", bool(chosen))
 
         def no_pointer_and_no_eyes():
             hands.go(parts)
