@@ -5,6 +5,7 @@
 
 #include "platform/gstreamer/MciErrors.h"
 #include "platform/gstreamer/Pipeline.h"
+#include "platform/gstreamer/ReadyPlaybin.h"
 #include "platform/gstreamer/SpareSink.h"
 
 namespace gstreamer {
@@ -23,7 +24,9 @@ MediaEngine::MediaEngine(Resolver resolve) : resolve_(std::move(resolve)) {}
 
 MediaEngine::~MediaEngine() {
     CloseAll();
-    if (threads_->End(kFarewell)) SpareSink::Release();
+    if (!threads_->End(kFarewell)) return;
+    ReadyPlaybin::Release();
+    SpareSink::Release();
 }
 
 void MediaEngine::WarmUp() {
