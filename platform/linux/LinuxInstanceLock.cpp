@@ -27,8 +27,9 @@ bool IsStillThere(const Descriptor& file, int folder, const std::string& name) {
 
 // The lock is opened above all other descriptors. The system closes a dying program's from the lowest up, so
 // its socket is gone before its lock is.
+constexpr int kAboveOthers = 200;
+
 Descriptor OpenLockFile(int folder, const std::string& name) {
-    constexpr int kAboveOthers = 200;
     const Descriptor opened(::openat(folder, name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600));
     if (!opened.IsOpen()) return {};
     return Descriptor(::fcntl(opened.Number(), F_DUPFD_CLOEXEC, kAboveOthers));
@@ -40,6 +41,13 @@ LinuxInstanceLock::LinuxInstanceLock(std::string folder, std::string startup_id)
     : folder_path_(std::move(folder)),
       startup_id_(std::move(startup_id)),
       lock_name_(NameOfUser() + ".lock") {}
+
+// The table of descriptors grows with the highest of them and never shrinks again. Where threads share it,
+// the system lets all of them come by before the old one goes, which takes 10 ms and more.
+void LinuxInstanceLock::MakeRoom() {
+    const Descriptor any(::open("/", O_PATH | O_CLOEXEC));
+    if (any.IsOpen()) Descriptor(::fcntl(any.Number(), F_DUPFD_CLOEXEC, kAboveOthers)).Close();
+}
 
 LinuxInstanceLock::~LinuxInstanceLock() {
     if (lock_.IsOpen()) server_.Close(Place());

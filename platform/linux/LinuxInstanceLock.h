@@ -25,6 +25,10 @@ public:
     LinuxInstanceLock(const LinuxInstanceLock&) = delete;
     LinuxInstanceLock& operator=(const LinuxInstanceLock&) = delete;
 
+    /// Makes the system's room for the descriptor of a lock. To be called before there are threads; without
+    /// it the lock is taken all the same, and later.
+    static void MakeRoom();
+
     ports::Instance TryBecomeFirst() override;
     ports::Instance Answer() const override { return answer_; }
     std::string Failure() const override { return failure_; }

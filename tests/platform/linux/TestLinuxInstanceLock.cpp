@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <fstream>
 #include <future>
 #include <string>
 #include <vector>
@@ -32,6 +33,33 @@ struct Pipe {
     Descriptor out;
     Descriptor in;
 };
+
+/// How many descriptors this process has room for; -1 when the system does not tell.
+int RoomForDescriptors() {
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;) {
+        int room = -1;
+        if (word == "FDSize:" && status >> room) return room;
+    }
+    return -1;
+}
+
+/// The exit code of a process that has room for the usual descriptors only, and of what it does.
+template <class Work>
+int InAProcessWithLittleRoom(const Work& work) {
+    const auto in_child = [](const auto& what) {
+        const pid_t child = ::fork();
+        if (child == 0) ::_exit(what());
+        int status = 1;
+        ::waitpid(child, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : 1;
+    };
+    // A process is made with the room that the open descriptors of its parent need.
+    return in_child([&in_child, &work] {
+        ::close_range(3, ~0U, 0);
+        return in_child(work);
+    });
+}
 
 char Letter(Instance instance) {
     if (instance == Instance::First) return 'F';
@@ -325,6 +353,18 @@ TEST(LinuxInstanceLock, ACrowdOfSilentConnectionsGivesWay) {
     first.Serve();
 
     EXPECT_EQ(listener.Texts, (std::vector<std::string>{"hi"}));
+}
+
+// With threads there, the growth waits for all of them: 12 ms of a start.
+TEST(LinuxInstanceLock, ItsDescriptorHasRoomBeforeItIsTaken) {
+    constexpr int kTooLittle = 2;
+    const int result = InAProcessWithLittleRoom([] {
+        if (RoomForDescriptors() > 200) return kTooLittle;
+        LinuxInstanceLock::MakeRoom();
+        return RoomForDescriptors() > 200 ? 0 : 1;
+    });
+
+    EXPECT_EQ(result, 0);
 }
 
 TEST(LinuxInstanceLock, ATextWaitsForAListener) {
