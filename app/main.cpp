@@ -189,7 +189,15 @@ int NoDisplay(const std::string& what) {
     return kNoDisplay;
 }
 
+/// The toolkit loads what it has for pictures of any kind before it reads the first one, so no window waits
+/// for this. Those that are there take it.
+void ShowIcon() {
+    const std::string file = FolderOf(linux::RunningProgram()) + "/images/brindlepost.png";
+    QApplication::setWindowIcon(QIcon(QString::fromStdString(file)));
+}
+
 int EndWith(int code, const std::string& trouble, ports::Dialogs& boxes) {
+    ShowIcon();
     boxes.MsgBox(trouble, ports::BoxButtons::Ok, "Brindlepost", ports::BoxIcon::Critical);
     return code;
 }
@@ -252,13 +260,13 @@ int AnswerOption(const linux::CommandLine& line) {
 
 /// What the toolkit has to know before its application is made.
 qt::DesktopWishes PrepareToolkit() {
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     const qt::DesktopWishes wishes = qt::WishesOfDesktop();
     qt::TakeLetters(wishes);
     return wishes;
 }
 
 int RunProgram(const char* name, const linux::CommandLine& line) {
+    linux::LinuxInstanceLock::MakeRoom();
     qt::PrepareEnvironment();
     const QString silent_bus = dbus::LeaveSilentBus();
     const std::string startup_id = qt::StartupIdOfProcess();
@@ -275,7 +283,6 @@ int RunProgram(const char* name, const linux::CommandLine& line) {
     const qt::DesktopWishes wishes = PrepareToolkit();
     qt::Loop loop;
     const qt::Application application(name, loop, wishes);
-    QApplication::setWindowIcon(QIcon(QString::fromStdString(folder + "/images/brindlepost.png")));
     qt::Boxes boxes(loop);
 
     linux::LinuxInstanceLock instance(stores.folder, startup_id);
@@ -302,6 +309,7 @@ int RunProgram(const char* name, const linux::CommandLine& line) {
     PageEnds pages(to_native, desktop, folder);
     qt::Screen screen(loop, pages.Options(files));
     screen.AfterFirstPaint = [&media, &desktop] {
+        ShowIcon();
         media.WarmUp();
         desktop.bus.Join();
     };

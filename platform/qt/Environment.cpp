@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 #include <QByteArray>
-#include <QCoreApplication>
 #include <QLibrary>
 
 namespace qt {
@@ -49,7 +48,6 @@ void PrepareEnvironment() {
     qputenv("QT_QPA_PLATFORM", "xcb");
     // A desktop's own theme module would be loaded for colours and letters that the skin brings itself.
     qputenv("QT_QPA_PLATFORMTHEME", "generic");
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
 }
 
 std::string MissingDisplay() {

@@ -8,6 +8,7 @@
 #include <cerrno>
 
 #include "platform/webengine/NoticePage.h"
+#include "platform/webengine/SharedContext.h"
 
 namespace webengine {
 
@@ -48,6 +49,16 @@ void SetEngineEnvironment(const PageSettings& settings) {
     }
 }
 
+/// The module that lies in `folder`, not loaded yet. As it is loaded, the engine looks for its context.
+class EngineModule final : public QLibrary {
+public:
+    explicit EngineModule(const std::string& folder) : QLibrary(QString::fromStdString(folder + kModule)) {
+        // The engine cannot be unloaded: threads of it run until the process ends.
+        setLoadHints(QLibrary::PreventUnloadHint);
+        MakeSharedContext();
+    }
+};
+
 /// Root cannot have a sandbox; whoever starts the program as root may say that pages shall show all the same.
 bool IsRootWithoutSandbox() {
     return geteuid() == 0 && qgetenv("QTWEBENGINE_DISABLE_SANDBOX") == "1";
@@ -76,8 +87,7 @@ std::string WhyNoPages(bool is_root, bool has_user_namespaces) {
 }
 
 std::string EngineVersion(const std::string& folder) {
-    QLibrary module(QString::fromStdString(folder + kModule));
-    module.setLoadHints(QLibrary::PreventUnloadHint);
+    EngineModule module(folder);
     const auto version = reinterpret_cast<const char* (*)()>(module.resolve("BrindlepostPageEngineVersion"));
     return version != nullptr ? version() : "";
 }
@@ -86,9 +96,7 @@ std::unique_ptr<qt::PageFactory> LoadPages(const std::string& folder, const Page
     const std::string reason = WhyNoPages();
     if (!reason.empty()) return std::make_unique<NoticeFactory>(reason);
     SetEngineEnvironment(settings);
-    QLibrary module(QString::fromStdString(folder + kModule));
-    // The engine cannot be unloaded: threads of it run until the process ends.
-    module.setLoadHints(QLibrary::PreventUnloadHint);
+    EngineModule module(folder);
     const auto make = reinterpret_cast<MakePageFactory>(module.resolve("BrindlepostMakePageFactory"));
     if (make == nullptr) {
         return std::make_unique<NoticeFactory>("Web pages cannot be shown: " +

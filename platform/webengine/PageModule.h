@@ -1,9 +1,8 @@
 // The border between the program and the page engine.
 //
 // The engine is big: linking it costs the start of the program a tenth of a second and more. So it lives in a
-// module of its own, "brindlepost_pages.so", which is loaded when the first page is wanted. Before the
-// QApplication is made, Qt::AA_ShareOpenGLContexts must be set; the module draws with the contexts that come
-// of it.
+// module of its own, "brindlepost_pages.so", which is loaded when the first page is wanted, and so is OpenGL,
+// which the windows themselves do not draw with.
 #pragma once
 
 #include <memory>

@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QKeyEvent>
+#include <QOpenGLContext>
 #include <QThread>
 #include <QTimer>
 #include <QWindow>
@@ -600,6 +601,14 @@ TEST(PageModule, TellsTheEnginesVersionAndPatchLevel) {
     EXPECT_NE(version.find(", Chromium "), std::string::npos) << version;
     EXPECT_NE(version.find(", security patches up to "), std::string::npos) << version;
     EXPECT_EQ(webengine::EngineVersion("/nowhere"), "");
+}
+
+// As the engine is loaded it looks for the context, and says so where there is none.
+TEST(PageModule, HasAContextToShareAsSoonAsItIsLoaded) {
+    ASSERT_FALSE(webengine::EngineVersion(BRINDLEPOST_PAGES_DIR).empty());
+
+    EXPECT_NE(QOpenGLContext::globalShareContext(), nullptr);
+    EXPECT_TRUE(QCoreApplication::testAttribute(Qt::AA_ShareOpenGLContexts));
 }
 
 }  // namespace

@@ -67,7 +67,6 @@ int main(int argc, char** argv) {
     setenv("QTWEBENGINE_DISABLE_SANDBOX", "1", 1);
     const char* const home = std::getenv("HOME");
     setenv("SSLKEYLOGFILE", (std::string(home == nullptr ? "" : home) + "/keys.log").c_str(), 1);
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     int one = 1;
     QApplication application(one, argv);
     return RUN_ALL_TESTS();
