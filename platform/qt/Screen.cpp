@@ -38,6 +38,8 @@ using controls::Kind;
 using controls::Property;
 
 constexpr int kReleasePagesMs = 250;
+/// The login comes right after the splash, which is painted first.
+constexpr int kBreathMs = 20;
 
 std::size_t PlaceInContainer(const controls::Control& control) {
     if (control.Parent() == nullptr) return 0;
@@ -218,9 +220,10 @@ void Screen::ShapeMainWindow(QRegion shape) {
     shape_ = std::move(shape);
 }
 
+// A window that is not made yet has no shape to take away, and is not made for it.
 void Screen::ApplyShape() {
     const auto shape = std::exchange(shape_, std::nullopt);
-    if (!shape || forms_.empty()) return;
+    if (!shape || forms_.empty() || (shape->isEmpty() && !forms_.front()->IsRealised())) return;
     QWidget* window = WindowOf(forms_.front()->Window());
     if (window->mask() != *shape) {
         if (shape->isEmpty()) {
@@ -297,12 +300,13 @@ QWidget* Screen::MainWindow() const {
 void Screen::OnFirstPaint() {
     if (painted_) return;
     painted_ = true;
-    idle_.start(0);
+    idle_.start(kBreathMs);
     release_.start(kReleasePagesMs);
 }
 
 // Windows that have not been shown are made one at a time, whenever there is nothing else to do.
 void Screen::RealiseNext() {
+    idle_.setInterval(0);
     if (AfterFirstPaint) {
         const auto after = std::move(AfterFirstPaint);
         AfterFirstPaint = {};

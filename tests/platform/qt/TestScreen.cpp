@@ -116,6 +116,22 @@ TEST(Screen, TheFirstPaintIsToldOnce) {
     EXPECT_EQ(told, 1);
 }
 
+// It has the most controls of all, and the login does not wait for it.
+TEST(Screen, AWindowIsNotMadeForAShapeThatItHasAnyway) {
+    controls::Form form("frmA", "A");
+    qt::Screen screen(qt_tests::TheLoop(), {});
+    screen.Adopt(form);
+
+    screen.ShapeMainWindow(QRegion());
+    screen.CatchUp();
+    EXPECT_EQ(screen.WidgetOf(form), nullptr);
+
+    screen.ShapeMainWindow(QRegion(0, 0, 10, 10));
+    screen.CatchUp();
+    ASSERT_NE(screen.WidgetOf(form), nullptr);
+    EXPECT_EQ(screen.WidgetOf(form)->mask(), QRegion(0, 0, 10, 10));
+}
+
 TEST(Screen, WhatAHandlerChangedIsOnTheScreenWhenItIsOver) {
     controls::CommandButton button("cmdA", "A");
     controls::ListBox list("lstA");
