@@ -1,6 +1,6 @@
 """Measures the whole program on a stage of its own: start to login painted, processor use, memory.
 
-    python3 bench/program.py BUILD [start|running|library]...
+    python3 bench/program.py BUILD [start|rest|running|library]...
 
 Every figure is the median of several runs, beside a bare window of the toolkit and a bare player of the same media
 engine that are measured in the same run.
@@ -22,6 +22,7 @@ import stage as stages
 AMBER = (0xE9, 0xA2, 0x4B)
 RUNS = 11
 SECONDS = 20
+LOGIN_BUTTON_LINE = 535
 
 
 class Screen:
@@ -72,9 +73,8 @@ def measure_start(stage, build):
     screen = Screen(stage.environment["DISPLAY"])
     application = stage.make_application("start")
     program, bare = [], []
-    login_button_line = 535
     for run in range(RUNS + 1):
-        took = milliseconds_to_paint(stage, screen, [str(application / "Brindlepost")], login_button_line)
+        took = milliseconds_to_paint(stage, screen, [str(application / "Brindlepost")], LOGIN_BUTTON_LINE)
         took_bare = milliseconds_to_paint(stage, screen, [str(build / "bench" / "bare_window")], 430)
         if run > 0:
             program.append(took)
@@ -82,6 +82,51 @@ def measure_start(stage, build):
     print(f"process start to login painted: median {statistics.median(program):.0f} ms "
           f"(min {min(program):.0f}, max {max(program):.0f}, {RUNS} runs); "
           f"bare toolkit window: median {statistics.median(bare):.0f} ms")
+
+
+def worked_ms(pid):
+    """Processor time of a process and its decoders, every thread of them, finer than the system's clock ticks."""
+    total = 0
+    for number in family(pid):
+        for thread in pathlib.Path(f"/proc/{number}/task").glob("*"):
+            try:
+                total += int((thread / "schedstat").read_text().split()[0])
+            except OSError:
+                continue
+    return total / 1e6
+
+
+def rest_of_start(stage, screen, application):
+    """What is done after the login is painted: when the last of it was, what it took, and memory then."""
+    process = stage.spawn([str(application / "Brindlepost")])
+    while not screen.has_amber(LOGIN_BUTTON_LINE, 1280):
+        pass
+    before_paint = pathlib.Path(f"/proc/{process.pid}/task/{process.pid}/schedstat").read_text().split()[0]
+    painted = last = time.monotonic()
+    begin = before = worked_ms(process.pid)
+    while time.monotonic() - painted < 3:
+        time.sleep(0.02)
+        now = worked_ms(process.pid)
+        # A cursor that blinks is no work.
+        if now - before > 1:
+            last = time.monotonic()
+        before = now
+    resident, proportional = memory_mib(process.pid)
+    process.terminate()
+    process.wait()
+    stages.wait_for("the window to go", lambda: not screen.has_amber(LOGIN_BUTTON_LINE, 1280))
+    return int(before_paint) / 1e6, (last - painted) * 1000, before - begin, resident, proportional
+
+
+def measure_rest(stage):
+    screen = Screen(stage.environment["DISPLAY"])
+    application = stage.make_application("rest")
+    # The first start makes what the media library keeps at home.
+    runs = [rest_of_start(stage, screen, application) for _ in range(RUNS + 1)][1:]
+    first, last, work, resident, proportional = (statistics.median(column) for column in zip(*runs))
+    print(f"processor of the first thread until the login is painted: median {first:.1f} ms ({RUNS} runs)")
+    print(f"last work after it: median {last:.0f} ms, {work:.0f} ms of processor time, decoders among it")
+    print(f"memory at the login, decoders among it: {resident:.0f} MiB resident, {proportional:.0f} MiB proportional")
 
 
 def seed(application, song):
@@ -201,6 +246,8 @@ def main():
         print(f"machine: {os.cpu_count()} cores, display Xvfb, private sound server")
         if "start" in wanted:
             measure_start(stage, build)
+        if "rest" in wanted:
+            measure_rest(stage)
         if "running" in wanted:
             measure_running(stage, build)
         if "library" in wanted:
