@@ -34,6 +34,8 @@ class Answering:
 
     def __init__(self, display, window):
         self._x = ctypes.CDLL("libX11.so.6")
+        # Each of them has a thread and a connection of its own.
+        self._x.XInitThreads()
         self._x.XSetErrorHandler(_NOTHING)
         self._x.XOpenDisplay.restype = ctypes.c_void_p
         self._x.XDefaultRootWindow.restype = self._x.XInternAtom.restype = ctypes.c_ulong
@@ -93,6 +95,8 @@ class Answering:
         message = event.message
         if event.type != CLIENT_MESSAGE or message.message_type != self._protocols or message.data[0] != self._ping:
             return
+        if message.data[2] != self._window.value:
+            return  # another one is asked as well
         with self._lock:
             asked = self._asked.pop(message.data[1], None)
             if asked is None:

@@ -3,7 +3,8 @@ with "all" for every page of the table.
 
 Each page of `hostile_pages.py` gets a tab and some seconds, in which a person clicks into it. Then the person leaves it:
 Escape for whatever box is open, the music tab, all tabs closed. Measured all the while: how long the main window took to
-answer the window manager, and the longest gap in the recorded music beside that of a player of its own on another sink.
+answer the window manager, beside a bare window of the toolkit, and the longest gap in the recorded music beside that of a
+player of its own on another sink.
 At the end: no file but in the download folder, nothing given away, and an ordinary page opens as ever.
 """
 
@@ -36,6 +37,7 @@ MOST_BOXES = 12             # that a person has to put away before the page can 
 MOST_TABS = 45
 MOST_MEMORY = 1500          # MiB of the program's own process
 SECONDS = 1.2
+CORNER = ("1250", "840")    # of the screen
 LONGEST_ARRIVAL = 30        # seconds; beside other work
 
 
@@ -90,6 +92,19 @@ class Hostility(Browsing):
                           "!", "pulsesink", "device=peer", f"buffer-time={SOUND_BUFFER}", f"latency-time={SOUND_BUFFER // 5}"])
         self.peer = Recorder(self.stage, self.stage.folder / "peer.raw", "peer.monitor")
         wait_for("the peer's music", lambda: self.peer.hears(440, least=0.02), 20)
+
+    def ask_windows(self):
+        """The program's window and, in the corner that it leaves free, a bare one."""
+        self.stage.spawn([str(self.stage.build / "bench" / "bare_window")])
+        bare = wait_for("the bare window", lambda: self.stage.run(
+            "xdotool", "search", "--onlyvisible", "--class", "bare_window").split(), 20)[0]
+        self.stage.run("xdotool", "windowmove", "--sync", bare, *CORNER)
+        self.answering = Answering(self.stage.environment["DISPLAY"], self.window_id)
+        self.bare_answering = Answering(self.stage.environment["DISPLAY"], bare)
+
+    def ask_no_more(self):
+        self.answering.close()
+        self.bare_answering.close()
 
     def gap(self, recorder, begin):
         """The longest gap since a place in a recording; the newest half second may not have arrived."""
@@ -242,11 +257,12 @@ class Hostility(Browsing):
         return int(re.search(r"VmRSS:\s+(\d+)", text)[1]) / 1024
 
     def note(self, row, begin, places, boxes, click):
-        figures = {"page": row.name, "answer": self.answering.longest(begin), "click": click, "boxes": boxes,
-                   "gap": self.gap(self.music, places[0]), "peer": self.gap(self.peer, places[1]), "memory": self.memory()}
+        figures = {"page": row.name, "answer": self.answering.longest(begin), "bare": self.bare_answering.longest(begin),
+                   "click": click, "boxes": boxes, "gap": self.gap(self.music, places[0]),
+                   "peer": self.gap(self.peer, places[1]), "memory": self.memory()}
         self.figures.append(figures)
-        print("{page:38} answer {answer:6.3f} s  click {click:6.3f} s  boxes {boxes:2}  gap {gap:5.1f} ms  peer {peer:5.1f} ms  "
-              "memory {memory:5.0f} MiB".format(**figures), flush=True)
+        print("{page:38} answer {answer:6.3f} s  bare {bare:6.3f} s  click {click:6.3f} s  boxes {boxes:2}  gap {gap:5.1f} ms  "
+              "peer {peer:5.1f} ms  memory {memory:5.0f} MiB".format(**figures), flush=True)
         if figures["answer"] >= LONGEST_ANSWER:
             return f"the window did not answer for {figures['answer']:.1f} s"
         if figures["gap"] > LONGEST_GAP + 2 * figures["peer"]:
@@ -338,11 +354,11 @@ def main():
         try:
             person.learn_places()
             person.start_music()
-            person.answering = Answering(stage.environment["DISPLAY"], person.window_id)
+            person.ask_windows()
             try:
                 bad = run(person, rows)
             finally:
-                person.answering.close()
+                person.ask_no_more()
             good = not bad and stage.run_steps(
                 [person.nothing_was_got, person.files_are_where_they_may_be, person.a_good_certificate_is_taken,
                  person.an_ordinary_page_opens])
