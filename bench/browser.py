@@ -175,6 +175,13 @@ class Subject:
         frame = self.site.wait_for("/frame" + path)
         return (self.site.times[path] - begin) * 1000, (frame - begin) * 1000, busy
 
+    def open_somehow(self):
+        """On a busy machine the page before may still tell its address while the next one's is typed; then it is opened once more."""
+        try:
+            self.open()
+        except stages.StageError:
+            self.open()
+
     def start(self, path):
         """Asks for a page; what `busy` said, and when, as Enter was pressed."""
         self.go_to_row()
@@ -373,10 +380,10 @@ def measure_covered(stage, site, places, seconds):
     pid = program.process.pid
     try:
         for _ in range(10):
-            program.open()
+            program.open_somehow()
         print(f"program: 10 tabs {memory(pid):.0f} MiB ({holders(pid)})", flush=True)
         for _ in range(90):
-            program.open()
+            program.open_somehow()
         live, begin = memory(pid), time.monotonic()
         print(f"program: 100 tabs {live:.0f} MiB ({holders(pid)})", flush=True)
         for after in sorted({60, 120, 180, 240, 260, seconds}):
