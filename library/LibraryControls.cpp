@@ -77,6 +77,8 @@ void PlayListControls::SizeCenter(double panel_width, double panel_height) {
 
 SearchControls::SearchControls() {
     fraSearch.Add(txtSearch, cmdAddToLibrary, tmrSearch);
+    // Each of the two has its own ground and edge.
+    fraSearch.SetLook("bare");
     txtSearch.SetAccessibleName("Search tracks");
     cmdAddToLibrary.SetAccessibleName("Add media to the library");
 }

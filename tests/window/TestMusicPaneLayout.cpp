@@ -44,6 +44,14 @@ TEST_F(MusicPaneLayout, TheUpperListsTakeHalfOfThePaneLess480SideBySide) {
     EXPECT_GT(lists.lstArtists.Left(), lists.lstPlayLists.Right());
 }
 
+TEST_F(MusicPaneLayout, NothingIsDrawnBetweenTheSearchBoxAndTheButtonBesideIt) {
+    Resize(15000, 9000);
+
+    const auto& search = window.library.search;
+    EXPECT_GT(search.cmdAddToLibrary.Left(), search.txtSearch.Right());
+    EXPECT_EQ(search.fraSearch.Look(), "bare");
+}
+
 TEST_F(MusicPaneLayout, TheSplitterAndTheSearchRowFollowTheUpperLists) {
     Resize(15000, 9000);
 
