@@ -87,7 +87,11 @@ webengine::PageSettings SettingsOfPages(std::function<std::string(std::string_vi
 /// The programs of the desktop that are spoken to.
 struct OnTheBus {
     /// `silent_bus` is one that the toolkit was kept away from; empty for the desktop's own.
-    explicit OnTheBus(const QString& silent_bus) : bus(silent_bus) {}
+    OnTheBus(const QString& silent_bus, const qt::DesktopWishes& wishes) : bus(silent_bus) {
+        appearance.OnContrast = [by_theme = wishes.high_contrast](bool high) {
+            qt::ChangeContrast(by_theme || high);
+        };
+    }
 
     dbus::SessionBus bus;
     dbus::BusMessenger messenger{bus};
@@ -300,10 +304,7 @@ int RunProgram(const char* name, const linux::CommandLine& line) {
     qt::ScaledPictures pictures(media);
     qt::DesktopWindows window_services;
     qt::DesktopPrograms programs({to_native, from_native});
-    OnTheBus desktop(silent_bus);
-    desktop.appearance.OnContrast = [by_theme = wishes.high_contrast](bool high) {
-        qt::ChangeContrast(by_theme || high);
-    };
+    OnTheBus desktop(silent_bus, wishes);
 
     window::Windows windows(files);
     PageEnds pages(to_native, desktop, folder);
