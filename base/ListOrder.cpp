@@ -1,5 +1,6 @@
-// Texts are lower-cased once, eight bytes of each make a number, and the numbers are sorted. Only texts with
-// equal numbers are looked at again, eight bytes further on.
+// Texts are lower-cased once, sixteen bytes of each make two numbers, and the numbers are sorted: they lie
+// side by side, the texts anywhere. Only texts with equal numbers are looked at again, sixteen bytes further
+// on.
 #include "base/ListOrder.h"
 
 #include <algorithm>
@@ -15,7 +16,18 @@
 namespace base {
 namespace {
 
-constexpr std::size_t kHeadBytes = sizeof(std::uint64_t);
+/// Bytes of a text as two numbers, which compare as the bytes do.
+struct Head {
+    std::uint64_t first;
+    std::uint64_t second;
+
+    bool operator==(const Head&) const = default;
+    bool operator<(const Head& other) const {
+        return first != other.first ? first < other.first : second < other.second;
+    }
+};
+
+constexpr std::size_t kHeadBytes = sizeof(Head);
 // So few texts are compared pair by pair.
 constexpr std::size_t kFew = 8;
 
@@ -29,7 +41,7 @@ public:
             bytes += text.size();
         keys_.reserve(bytes);
         for (const std::string_view text : texts) {
-            items_.push_back({0, static_cast<std::uint32_t>(items_.size())});
+            items_.push_back({{}, static_cast<std::uint32_t>(items_.size())});
             AppendSortKey(keys_, text);
             ends_.push_back(keys_.size());
         }
@@ -45,7 +57,7 @@ public:
 
 private:
     struct Item {
-        std::uint64_t head;
+        Head head;
         std::uint32_t text;
     };
     using Items = std::span<Item>;
@@ -55,16 +67,19 @@ private:
         return std::string_view(keys_).substr(begin, ends_[item.text] - begin);
     }
 
-    // Eight bytes of the key from `depth` on; behind its end are zeros.
-    std::uint64_t HeadAt(const Item& item, std::size_t depth) const {
+    // The bytes of the key from `depth` on; behind its end are zeros.
+    Head HeadAt(const Item& item, std::size_t depth) const {
         const std::string_view key = Key(item);
         std::array<unsigned char, kHeadBytes> bytes{};
         if (key.size() > depth)
             std::memcpy(bytes.data(), key.data() + depth, std::min(kHeadBytes, key.size() - depth));
-        std::uint64_t head = 0;
-        for (const unsigned char byte : bytes)
-            head = head << 8U | byte;
-        return head;
+        return {Number(bytes.data()), Number(bytes.data() + sizeof(std::uint64_t))};
+    }
+    static std::uint64_t Number(const unsigned char* bytes) {
+        std::uint64_t number = 0;
+        for (std::size_t i = 0; i < sizeof number; ++i)
+            number = number << 8U | bytes[i];
+        return number;
     }
 
     // Keys that are equal before `depth`.
