@@ -38,6 +38,16 @@ std::size_t Find(std::string_view text, std::string_view wanted, std::size_t fro
     return text.find(wanted, from);
 }
 
+using Ends = std::vector<std::uint32_t>;
+
+// As std::upper_bound(row, ends.end(), at), in growing steps: the row of the next find is mostly near.
+Ends::const_iterator RowAt(const Ends& ends, Ends::const_iterator row, std::size_t at) {
+    std::ptrdiff_t step = 1;
+    for (; step < ends.end() - row && row[step - 1] <= at; step *= 2)
+        row += step;
+    return std::upper_bound(row, row + std::min(step, ends.end() - row), at);
+}
+
 }  // namespace
 
 bool CleanedSongs::Prepare(const SearchRule& rule, store::RecordSet& songs, std::size_t most) {
@@ -97,7 +107,7 @@ void CleanedSongs::FindIn(const Chunk& chunk, std::string_view wanted, store::Bo
     auto row = chunk.ends.begin();
     for (std::size_t at = Find(texts, wanted, 0); at != std::string_view::npos;
          at = Find(texts, wanted, from)) {
-        row = std::upper_bound(row, chunk.ends.end(), at);
+        row = RowAt(chunk.ends, row, at);
         from = at + 1;
         if (at + wanted.size() > *row) continue;  // it goes on in the next row
         const std::size_t begin = row == chunk.ends.begin() ? 0 : *(row - 1);

@@ -1,5 +1,6 @@
 #include "library/SearchRoom.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -11,6 +12,7 @@ namespace {
 
 constexpr int kTicksBeforeSearch = 20;
 constexpr std::size_t kRowsATick = 65'536;
+constexpr std::size_t kRowsAhead = 16;  // so long takes a row to come from memory
 
 struct FieldEntry {
     SearchField field;
@@ -80,8 +82,9 @@ void SearchRoom::RunLibrarySearch(SearchField field, std::string_view text) {
             AddSong(songs);
     } else {
         cleaned_.Prepare(rule, songs, songs.EndOfBookmarks());
-        for (const store::Bookmark row : cleaned_.RowsWith(wanted)) {
-            if (songs.MoveTo(row)) AddSong(songs);
+        const std::vector<store::Bookmark> rows = cleaned_.RowsWith(wanted);
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            if (songs.MoveTo(rows[i], rows[std::min(i + kRowsAhead, rows.size() - 1)])) AddSong(songs);
         }
     }
     view_.EndView();

@@ -48,6 +48,8 @@ public:
     std::vector<std::size_t> PutBack(std::span<const KeptRow> rows);
     /// To the row of a bookmark, in a record set in table order. False when that row is gone.
     bool MoveTo(Bookmark bookmark);
+    /// As above. The row of `later`, to which one of the next calls moves, comes from memory meanwhile.
+    bool MoveTo(Bookmark bookmark, Bookmark later);
     /// One more than the highest bookmark so far; 0 without a table.
     Bookmark EndOfBookmarks() const;
     /// Rises each time that an existing row gets another text in this field: what was computed from the

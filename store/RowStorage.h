@@ -33,6 +33,8 @@ public:
     Place MoveToEnd(Place place);
     /// The view holds until the row is replaced or removed.
     std::string_view Text(Place place, std::size_t column) const;
+    /// Where a row begins, for who wants it from memory before it is read.
+    const char* Begin(Place place) const { return At(place); }
     /// Memory held, in bytes.
     std::size_t BytesHeld() const { return bytes_held_; }
     /// Bytes of it that no row uses any more.

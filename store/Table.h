@@ -53,6 +53,9 @@ public:
         return storage_.Text(places_[row], column);
     }
 
+    /// Where a row lies; nullptr for one that is not there.
+    const char* Begin(RowNumber row) const { return IsThere(row) ? storage_.Begin(places_[row]) : nullptr; }
+
     /// Adds a row of one value per field after the last.
     void Append(std::span<const std::string_view> values);
     /// Gives a row that is there other values; they may be views of its old ones.

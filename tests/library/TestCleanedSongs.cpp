@@ -108,6 +108,21 @@ TEST_F(CleanedSongsTest, PreparingGoesOnWhereItStopped) {
     EXPECT_EQ(cleaned_.RowsWith("title").size(), 20'000U);
 }
 
+// From side by side to as far apart as a library is long.
+TEST_F(CleanedSongsTest, RowsAreFoundHoweverFarApart) {
+    constexpr store::Bookmark kEnd = 40'000;
+    Rows wanted;
+    for (store::Bookmark row = 0, gap = 3; row < kEnd; row += gap++ / 3)
+        wanted.push_back(row);
+    for (store::Bookmark row = 0; row + 1 < kEnd; ++row)
+        Add("", std::binary_search(wanted.begin(), wanted.end(), row) ? "Wanted" : "Other");
+    Add("", "Last");
+
+    EXPECT_EQ(Search(SearchField::Title, "wanted"), wanted);
+    EXPECT_EQ(Search(SearchField::Title, "other").size(), kEnd - wanted.size() - 1);
+    EXPECT_EQ(Search(SearchField::Title, "last"), Rows{kEnd - 1});
+}
+
 TEST_F(CleanedSongsTest, APartOfACharacterIsNotFound) {
     Add("", "\u00e9");
     Add("", "\xa9");

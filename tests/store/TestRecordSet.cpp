@@ -411,11 +411,23 @@ TEST_F(RecordSetOfThreeSongs, OnlyAnotherTextInAnOldRowIsARewriteOfItsField) {
     EXPECT_NE(Records().Rewrites(tblSong::title), titles);
 }
 
+TEST_F(RecordSetOfThreeSongs, ALaterRowChangesNothingWhateverItIs) {
+    Records().MoveFirst();
+    Records().Delete();
+
+    for (const store::Bookmark later : {0U, 1U, 2U, 99U}) {
+        EXPECT_TRUE(Records().MoveTo(1, later));
+        EXPECT_EQ(Records().CurrentBookmark(), 1U);
+        EXPECT_FALSE(Records().MoveTo(0, later));
+    }
+}
+
 TEST(RecordSet, WithoutATableHasNoBookmarks) {
     store::RecordSet records;
 
     EXPECT_EQ(records.EndOfBookmarks(), 0U);
     EXPECT_FALSE(records.MoveTo(0));
+    EXPECT_FALSE(records.MoveTo(0, 1));
     EXPECT_EQ(records.Rewrites(tblSong::title), 0U);
 }
 
