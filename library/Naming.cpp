@@ -1,7 +1,6 @@
 #include "library/Naming.h"
 
 #include <algorithm>
-#include <vector>
 
 #include "base/MediaKinds.h"
 #include "base/Number.h"
@@ -33,7 +32,10 @@ std::string WithoutExtension(std::string_view title) {
     return std::string(dot == 0 ? title : base::Left(title, dot - 1));
 }
 
+// Most names hold nothing to clean.
 std::string Cleaned(std::string text) {
+    if (text.find_first_of("&.*!") == std::string::npos && text.find("  ") == std::string::npos)
+        return std::string(base::Trim(text));
     text = base::Replace(text, "&", "+");
     text = base::Replace(text, ".", " ");
     text = base::Replace(text, "*", " ");
@@ -68,11 +70,15 @@ std::string ExpandLongPath(std::string_view path, const ports::Files& files, por
 }
 
 std::string ProperCaseWords(std::string_view text) {
-    std::vector<std::string> words = base::Split(text, " ");
-    if (words.size() > kMostWords) words.resize(kMostWords);
     std::string result;
-    for (const std::string& word : words)
-        result += ProperCase(word) + " ";
+    if (text.empty()) return result;
+    result.reserve(text.size() + 1);
+    std::size_t begin = 0;
+    for (std::size_t words = 0; words < kMostWords && begin <= text.size(); ++words) {
+        const std::size_t end = std::min(text.find(' ', begin), text.size());
+        result.append(ProperCase(text.substr(begin, end - begin))).append(1, ' ');
+        begin = end + 1;
+    }
     return result;
 }
 

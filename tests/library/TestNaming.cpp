@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <random>
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "base/Text.h"
 #include "fakes/FakeDialogs.h"
@@ -142,6 +145,38 @@ TEST(Naming, StandInsOfANameBecomeReadable) {
 
     EXPECT_EQ(name.artist, "Bj\xC3\xB6rk");
     EXPECT_EQ(name.title, "a\\b");
+}
+
+std::string RandomName(std::mt19937& random) {
+    static constexpr std::array<std::string_view, 16> kPieces = {
+        "a", "B", " ",      " ",      "&",    ".",         "*",  "!",
+        "(", "-", "\u00e9", "\u00c9", "\xff", "Two words", "  ", "[x"};
+    std::string name;
+    for (auto pieces = random() % 12; pieces > 0; --pieces)
+        name += kPieces[random() % kPieces.size()];
+    return name;
+}
+
+// Word by word and step by step, as it is told.
+std::string PlainlyCleaned(std::string text) {
+    text = base::Replace(text, "&", "+");
+    for (const std::string_view dropped : {".", "*", "!", "  "})
+        text = base::Replace(text, dropped, " ");
+    std::string result;
+    for (const std::string& word : base::Split(base::Trim(text), " "))
+        result += word.empty() ? " " : ProperCaseWords(word);
+    return std::string(base::Trim(result));
+}
+
+TEST(Naming, RandomNamesAreCleanedWordByWordAndStepByStep) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 5000; ++i) {
+        const library::SongName raw{RandomName(random), RandomName(random)};
+        const auto name = CleanSongName("C:\\a.mp3", raw);
+        ASSERT_TRUE(name.has_value());
+        EXPECT_EQ(name->artist, PlainlyCleaned(raw.artist)) << raw.artist;
+        EXPECT_EQ(name->title, PlainlyCleaned(raw.title)) << raw.title;
+    }
 }
 
 TEST(Naming, ASongIsCleanedOnItsWayIntoTheLibrary) {
