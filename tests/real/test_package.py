@@ -1,13 +1,15 @@
 """The Debian package in a bare Debian: `test_package.py PACKAGE.deb [RELEASE [PICTURES_FOLDER]]`; by hand, as root.
 
-A tree of the release ("bookworm") is made from the registry that this computer installs from. There the package is installed,
-started by a user on a display of this computer, used (test_installed.py), removed, and replaced by a newer one. What is
-installed besides for that is the list "demo" of tools/packages.txt, after the bare start. Wants debootstrap, Xvfb, xdotool,
-imagemagick and the network; `BRINDLEPOST_TREE` names a tree that is there already and stays.
+A tree of the release ("bookworm", "trixie"; without one that of this computer, which made the package) is made from the
+registry that this computer installs from. There the package is installed, started by a user on a display of this computer,
+used (test_installed.py), removed, and replaced by a newer one. What is installed besides for that is the list "demo" of
+tools/packages.txt, after the bare start. Wants debootstrap, Xvfb, xdotool, imagemagick and the network; `BRINDLEPOST_TREE`
+names a tree that is there already and stays.
 """
 
 import os
 import pathlib
+import platform
 import re
 import shutil
 import signal
@@ -189,7 +191,7 @@ class Owner:
 
 def main():
     package = pathlib.Path(sys.argv[1]).resolve()
-    release = sys.argv[2] if len(sys.argv) > 2 else "bookworm"
+    release = sys.argv[2] if len(sys.argv) > 2 else platform.freedesktop_os_release()["VERSION_CODENAME"]
     pictures = pathlib.Path(sys.argv[3]).resolve() if len(sys.argv) > 3 else None
     if os.geteuid() != 0:
         sys.exit("Only root may make a tree and enter it.")
