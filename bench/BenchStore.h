@@ -62,6 +62,7 @@ public:
     void Bind(store::DataSource& source, std::string_view store_path) {
         source.SetDatabaseName(*stores_, store_path);
     }
+    store::Stores& Stores() { return *stores_; }
     ports::EventLoop& Loop() { return loop_; }
     /// Writes what was changed.
     void EndHandler() { loop_.End(); }
