@@ -129,7 +129,8 @@ std::size_t PrivateSound::Heard() {
 
 void PrivateSound::Forget() {
     const std::lock_guard lock(mutex_);
-    heard_ = {};
+    // Assigning an empty list would keep the memory.
+    std::vector<short>().swap(heard_);
 }
 
 Samples PrivateSound::Record(double seconds) {
