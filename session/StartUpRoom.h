@@ -37,7 +37,7 @@ namespace session {
 
 /// The lists wait for the fifth tick. The user waits for nothing between the window's load and the login, so
 /// the ticks are short.
-inline constexpr int kLoadInterval = 10;
+inline constexpr int kLoadInterval = 1;
 
 struct StartUpControls {
     controls::Timer tmrLoad{"tmrLoad", kLoadInterval};
