@@ -257,7 +257,9 @@ private:
     // Once this song is heard, so that the two do not work at the same time.
     void PrepareNext() {
         if (!started_ || is_next_prepared_ || Anchor::Clock::now() - started_at_ < kSettling) return;
-        is_next_prepared_ = share_.threads->Start(ReadyPlaybin::Prepare);
+        // Where there is no thread for it the next song does without; it is not asked again.
+        is_next_prepared_ = true;
+        share_.threads->Start(ReadyPlaybin::Prepare);
     }
 
     // A server that does not answer holds up the thread that asks it, and nothing else.
