@@ -258,7 +258,7 @@ class Packaged(Subject):
         profile.mkdir(parents=True, exist_ok=True)
         (profile / "settings.ini").write_text(PACKAGED_SETTINGS, encoding="ascii")
         self.process = stage.spawn([PACKAGED, "--no-extensions", "--no-remote"])
-        window = stage.window(".* - Falkon", 60)
+        window = stage.window("(.* - )?Falkon", 60)
         stage.run("xdotool", "windowmove", "--sync", window, "0", "20")
         stage.run("xdotool", "windowsize", window, "1180", "780")
         time.sleep(3)
