@@ -95,6 +95,10 @@ protected:
         if (event->type() == QEvent::WindowActivate) mirror_.OnKeyboardCame();
         return QWidget::event(event);
     }
+    bool focusNextPrevChild(bool next) override {
+        const CoveredStops covered(mirror_.stage_, mirror_.form_);
+        return QWidget::focusNextPrevChild(next);
+    }
     void paintEvent(QPaintEvent* /*event*/) override { mirror_.stage_.OnFirstPaint(); }
 
 private:

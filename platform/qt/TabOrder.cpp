@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/qt/Covering.h"
 #include "platform/qt/Geometry.h"
 #include "platform/qt/Mirror.h"
 #include "platform/qt/Skin.h"
@@ -37,6 +38,36 @@ std::vector<QWidget*> PutInTabOrder(const Stage& stage, const controls::Containe
     for (std::size_t i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
     return order;
+}
+
+CoveredStops::CoveredStops(const Stage& stage, const controls::Container& window) {
+    Look(stage, window);
+}
+
+CoveredStops::~CoveredStops() {
+    for (const auto& [widget, policy] : passed_) {
+        if (widget) widget->setFocusPolicy(policy);
+    }
+}
+
+void CoveredStops::Look(const Stage& stage, const controls::Container& container) {
+    TellCovered(container, [&](const controls::Control& control, bool covered) {
+        if (covered) return PassOver(stage, control);
+        if (const auto* inner = dynamic_cast<const controls::Container*>(&control)) Look(stage, *inner);
+    });
+}
+
+void CoveredStops::PassOver(const Stage& stage, const controls::Control& control) {
+    const Mirror* mirror = stage.MirrorOf(control);
+    QWidget* widget = mirror != nullptr ? mirror->Widget() : nullptr;
+    if (widget != nullptr && (widget->focusPolicy() & Qt::TabFocus) != 0) {
+        passed_.emplace_back(widget, widget->focusPolicy());
+        widget->setFocusPolicy(Qt::ClickFocus);
+    }
+    if (const auto* inner = dynamic_cast<const controls::Container*>(&control)) {
+        for (const controls::Control* child : inner->Children())
+            PassOver(stage, *child);
+    }
 }
 
 }  // namespace qt

@@ -7,6 +7,7 @@
 #include "controls/Frame.h"
 #include "controls/Image.h"
 #include "controls/TextBox.h"
+#include "controls/WebBrowser.h"
 #include "platform/qt/QtBench.h"
 
 namespace {
@@ -43,6 +44,35 @@ TEST(TabOrder, APanelIsGoneThroughBeforeTheNext) {
     QTest::keyClick(desk.Find(inside), Qt::Key_Tab);
 
     EXPECT_TRUE(desk.Find(beside)->hasFocus());
+}
+
+TEST(TabOrder, WhatLiesUnderAPageIsPassedOverAsLongAsItDoes) {
+    controls::TextBox before("txtBefore");
+    controls::Frame panel("fraUnder");
+    controls::TextBox under("txtUnder");
+    controls::TextBox after("txtAfter");
+    controls::WebBrowser page("Browser");
+    qt_tests::PlaceAt(before, 0, 0, 50, 20);
+    qt_tests::PlaceAt(panel, 0, 30, 100, 100);
+    qt_tests::PlaceAt(under, 0, 10, 50, 20);
+    qt_tests::PlaceAt(page, 0, 30, 300, 200);
+    qt_tests::PlaceAt(after, 0, 250, 50, 20);
+    panel.Add(under);
+    qt_tests::Desk desk(before, panel, page, after);
+    const Qt::FocusPolicy policy = desk.Find(under)->focusPolicy();
+    desk.Find(before)->setFocus();
+
+    QTest::keyClick(desk.Find(before), Qt::Key_Tab);
+    const bool passed = desk.Find(after)->hasFocus();
+    const bool as_it_was = desk.Find(under)->focusPolicy() == policy;
+    page.SetVisible(false);
+    desk.screen.CatchUp();
+    desk.Find(before)->setFocus();
+    QTest::keyClick(desk.Find(before), Qt::Key_Tab);
+
+    EXPECT_TRUE(passed);
+    EXPECT_TRUE(as_it_was);
+    EXPECT_TRUE(desk.Find(under)->hasFocus());
 }
 
 TEST(TabOrder, AControlThatCameLaterIsReachedWhereItIs) {
