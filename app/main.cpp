@@ -262,6 +262,12 @@ int AnswerOption(const linux::CommandLine& line) {
     return Say(answer->exit_code == linux::kDone ? stdout : stderr, answer->text, answer->exit_code);
 }
 
+/// What there has to be before anything starts a thread.
+void PrepareProcess() {
+    linux::LinuxInstanceLock::MakeRoom();
+    qt::PrepareEnvironment();
+}
+
 /// What the toolkit has to know before its application is made.
 qt::DesktopWishes PrepareToolkit() {
     const qt::DesktopWishes wishes = qt::WishesOfDesktop();
@@ -270,8 +276,7 @@ qt::DesktopWishes PrepareToolkit() {
 }
 
 int RunProgram(const char* name, const linux::CommandLine& line) {
-    linux::LinuxInstanceLock::MakeRoom();
-    qt::PrepareEnvironment();
+    PrepareProcess();
     const QString silent_bus = dbus::LeaveSilentBus();
     const std::string startup_id = qt::StartupIdOfProcess();
     if (const std::string missing = qt::MissingDisplay(); !missing.empty()) return NoDisplay(missing);
