@@ -14,8 +14,10 @@ constexpr uint kHigher = 1;
 
 }  // namespace
 
-// Signals are heard from any sender: a name as the sender would be looked up first, and that waits.
+// Signals are heard from any sender: a name as the sender would be looked up first, and that waits. The
+// slot's types are looked up by name, and one that nothing has used yet is not found.
 BusAppearance::BusAppearance(SessionBus& bus) : bus_(bus) {
+    qRegisterMetaType<QDBusVariant>();
     bus_.WhenJoined([this] {
         bus_.Connection().connect(QString(), QLatin1String(kPath), QLatin1String(kSettings),
                                   QStringLiteral("SettingChanged"), this,
