@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstddef>
+#include <functional>
 #include <numbers>
 
 #include "platform/gstreamer/Gain.h"
@@ -19,6 +20,8 @@ constexpr std::size_t kHop = kGrainsPerHop * kGrain;
 constexpr std::ptrdiff_t kSlack = 12;
 constexpr int kSoonest = 0;
 constexpr int kLatest = 120;
+constexpr double kSameDecibels = 0.05;
+constexpr double kSameResidue = 0.001;
 
 /// The weights of the window that tones are measured with; their sum is 1.
 const std::vector<double>& Weights() {
@@ -42,6 +45,13 @@ std::vector<double> Measure(const std::vector<float>& heard, double hertz, doubl
     for (std::size_t begin = 0; begin + kWindow <= heard.size(); begin += kHop)
         measured.push_back(Amplitude(Piece(heard, begin, kWindow), hertz) / full);
     return measured;
+}
+
+/// Keeps the matches whose `measure` is the least, or no more than `same` above it.
+void KeepBest(std::vector<CurveMatch>& matches, double CurveMatch::*measure, double same) {
+    const auto least = std::ranges::min_element(matches, {}, measure);
+    const double most = std::invoke(measure, *least) + same;
+    std::erase_if(matches, [&](const CurveMatch& match) { return std::invoke(measure, match) > most; });
 }
 
 }  // namespace
@@ -104,12 +114,14 @@ CurveMatch LevelCurve::Compare(const std::vector<double>& told, const std::vecto
 CurveMatch LevelCurve::Match(const std::vector<float>& heard, double hertz, double full) const {
     const std::vector<double> told = Windows();
     const std::vector<double> measured = Measure(heard, hertz, full);
-    CurveMatch best;
-    for (int delay = kSoonest; delay <= kLatest; ++delay) {
-        const CurveMatch match = Compare(told, measured, delay);
-        if (match.worst < best.worst) best = match;
-    }
-    return best;
+    std::vector<CurveMatch> matches;
+    for (int delay = kSoonest; delay <= kLatest; ++delay)
+        matches.push_back(Compare(told, measured, delay));
+    // Delays within the slack fit alike; among those the one that leaves the least sound where there is to be
+    // none, and of several such the middle one.
+    KeepBest(matches, &CurveMatch::worst, kSameDecibels);
+    KeepBest(matches, &CurveMatch::residue, kSameResidue);
+    return matches[matches.size() / 2];
 }
 
 }  // namespace sound
