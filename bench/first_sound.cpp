@@ -10,14 +10,12 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 
 #include "platform/gstreamer/Gain.h"
 #include "platform/gstreamer/MediaEngine.h"
 #include "platform/gstreamer/Pipeline.h"
-#include "platform/gstreamer/ReadyPlaybin.h"
 #include "real/sound/GeneratedMedia.h"
 #include "real/sound/PrivateSound.h"
 
@@ -27,7 +25,6 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int kRounds = 11;
 constexpr double kAudible = 0.02;
-constexpr std::chrono::milliseconds kHeard{400};
 
 double Median(std::vector<double> values) {
     std::sort(values.begin(), values.end());
@@ -97,8 +94,6 @@ private:
             stages.End();
             stages.Add(
                 ToSound(from, std::chrono::duration<double, std::milli>(Clock::now() - begin).count()));
-            // As long as a song is played at least; what the next one needs is made ready meanwhile.
-            std::this_thread::sleep_for(kHeard);
             engine.SendString("close a");
         }
         stages.Print(("engine, " + kind).c_str());
@@ -107,7 +102,6 @@ private:
     void TimePipeline(const std::string& song, const std::string& kind) {
         Stages stages({"pipeline made ready", "told to play", "from there to the first sound"});
         for (int round = 0; round < kRounds; ++round) {
-            gstreamer::ReadyPlaybin::Prepare();
             server_.WaitForSilence();
             gstreamer::Pipeline pipeline(std::make_shared<gstreamer::Gain>(), [] {});
             const std::size_t from = server_.Heard();

@@ -5,7 +5,6 @@
 
 #include "platform/gstreamer/MciErrors.h"
 #include "platform/gstreamer/Pipeline.h"
-#include "platform/gstreamer/ReadyPlaybin.h"
 #include "platform/gstreamer/SpareSink.h"
 
 namespace gstreamer {
@@ -24,9 +23,7 @@ MediaEngine::MediaEngine(Resolver resolve) : resolve_(std::move(resolve)) {}
 
 MediaEngine::~MediaEngine() {
     CloseAll();
-    if (!threads_->End(kFarewell)) return;
-    ReadyPlaybin::Release();
-    SpareSink::Release();
+    if (threads_->End(kFarewell)) SpareSink::Release();
 }
 
 void MediaEngine::WarmUp() {

@@ -17,8 +17,6 @@
 #include "platform/gstreamer/MidiFile.h"
 #include "platform/gstreamer/Playout.h"
 #include "platform/gstreamer/Priority.h"
-#include "platform/gstreamer/ReadyPlaybin.h"
-#include "platform/gstreamer/SinkCaps.h"
 #include "platform/gstreamer/SoundClock.h"
 #include "platform/gstreamer/SoundStore.h"
 #include "platform/gstreamer/SpareSink.h"
@@ -212,7 +210,7 @@ bool StartGStreamer() {
 void LoadElements() {
     if (!StartGStreamer()) return;
     for (const char* name : {"playbin", "pulsesink", "scaletempo", "audioconvert", "audioresample", "filesrc",
-                             "wavparse", "id3demux", "mpegaudioparse", "avdec_mp3", "ximagesink"}) {
+                             "mpegaudioparse", "avdec_mp3", "ximagesink"}) {
         GstElement* const element = gst_element_factory_make(name, nullptr);
         if (element == nullptr) continue;
         gst_object_ref_sink(element);
@@ -221,14 +219,13 @@ void LoadElements() {
         gst_object_unref(element);
     }
     SpareSink::Keep();
-    ReadyPlaybin::Prepare();
     Priority::Prepare();
     Priority::RaiseClientLibrary();
 }
 
 bool CanReachSoundServer() {
-    GstElement* const sink = SpareSink::Connect();
-    if (sink == nullptr) return false;
+    GstElement* const sink = gst_element_factory_make("pulsesink", nullptr);
+    if (!CanBeUsed(sink)) return false;
     gst_object_ref_sink(sink);
     gst_element_set_state(sink, GST_STATE_NULL);
     gst_object_unref(sink);
@@ -271,8 +268,9 @@ bool Pipeline::Build(const std::string& native_path, std::int64_t parent, bool s
     entry_->recording = RecordingOfFile(native_path);
     entry_->rate = rate;
     successor_ = std::make_shared<Successor>();
-    playbin_ = ReadyPlaybin::Take();
+    playbin_ = gst_element_factory_make("playbin", nullptr);
     if (playbin_ == nullptr) return false;
+    gst_object_ref_sink(playbin_);
     gchar* const uri = gst_filename_to_uri(native_path.c_str(), nullptr);
     picture_ = MakePictureSink(parent);
     sound_ = MakeSoundBin(silent);
@@ -408,16 +406,17 @@ void Pipeline::SetState(GstState state) {
 }
 
 GstElement* Pipeline::MakeSoundSink(bool silent) {
-    GstElement* sink = silent ? nullptr : SpareSink::Connect();
-    silent_ = sink == nullptr;
-    if (!silent_) {
+    GstElement* sink = silent ? nullptr : gst_element_factory_make("pulsesink", nullptr);
+    if (sink != nullptr) {
         const std::chrono::milliseconds store = SoundStore::Length();
         SetInt(sink, "buffer-time", std::chrono::microseconds(store).count());
         SetInt(sink, "latency-time", std::chrono::microseconds(SoundStore::kPiece).count());
         SetInt(sink, "alignment-threshold", kTimesMayBeOff);
         IgnoreLeapsOf(sink);
-        AnswerForSink(sink);
-        LevelAtSink(sink, gain_, [store] { SoundStore::RanEmpty(store); });
+    }
+    silent_ = !CanBeUsed(sink);
+    if (!silent_) {
+        LevelAtSink(sink, gain_, [length = SoundStore::Length()] { SoundStore::RanEmpty(length); });
         SpareSink::Keep();
         return sink;
     }
@@ -434,7 +433,8 @@ GstElement* Pipeline::MakeSoundBin(bool silent) {
     GstElement* const stereo = gst_element_factory_make("capsfilter", nullptr);
     GstElement* const ahead = gst_element_factory_make("queue", kFeeder);
     GstElement* const sink = MakeSoundSink(silent);
-    GstCaps* const caps = gst_caps_from_string((std::string(kSinkCaps) + ",channel-mask=(bitmask)3").c_str());
+    GstCaps* const caps = gst_caps_from_string(
+        "audio/x-raw,format=F32LE,layout=interleaved,channels=2,channel-mask=(bitmask)3");
     g_object_set(stereo, "caps", caps, nullptr);
     gst_caps_unref(caps);
     g_object_set(ahead, "max-size-time", kDecodedAhead, "max-size-bytes", 0U, "max-size-buffers", 0U,

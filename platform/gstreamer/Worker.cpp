@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "platform/gstreamer/MciErrors.h"
-#include "platform/gstreamer/ReadyPlaybin.h"
 #include "platform/gstreamer/Threads.h"
 
 namespace gstreamer {
@@ -64,7 +63,6 @@ public:
             GoOnAloud(lock);
             Fulfil(lock);
             LookForServer();
-            PrepareNext();
         }
         const bool is_heard =
             IsFollowed() || share_.follower.taken || (playing_ && share_.wish.playing && !ended_);
@@ -107,10 +105,6 @@ private:
         const auto is_needed = [this] { return IsNeeded(); };
         if (IsFollowed()) {
             share_.changed.wait_until(lock, follower_until_, is_needed);
-            return;
-        }
-        if (started_ && !is_next_prepared_) {
-            share_.changed.wait_until(lock, started_at_ + kSettling, is_needed);
             return;
         }
         if (std::exchange(settling_, false) && !share_.changed.wait_for(lock, kSettling, is_needed)) return;
@@ -254,14 +248,6 @@ private:
         share_.place_wanted = true;
     }
 
-    // Once this song is heard, so that the two do not work at the same time.
-    void PrepareNext() {
-        if (!started_ || is_next_prepared_ || Anchor::Clock::now() - started_at_ < kSettling) return;
-        // Where there is no thread for it the next song does without; it is not asked again.
-        is_next_prepared_ = true;
-        share_.threads->Start(ReadyPlaybin::Prepare);
-    }
-
     // A server that does not answer holds up the thread that asks it, and nothing else.
     void LookForServer() {
         if (!pipeline_.IsSilent() || ended_ || share_.looking || share_.server_found) return;
@@ -384,7 +370,7 @@ private:
     void SetPlaying(bool playing) {
         if (playing) {
             pipeline_.Play();
-            if (!std::exchange(started_, true)) started_at_ = Anchor::Clock::now();
+            started_ = true;
         } else {
             pipeline_.Pause();
             NoteLevels();
@@ -418,8 +404,6 @@ private:
     double rate_ = 1;
     bool playing_ = false;
     bool started_ = false;
-    Anchor::Clock::time_point started_at_;
-    bool is_next_prepared_ = false;
     bool ended_ = false;
     bool settling_ = false;
     bool are_levels_heard_ = true;
