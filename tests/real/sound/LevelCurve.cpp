@@ -4,7 +4,6 @@
 #include <chrono>
 #include <cmath>
 #include <cstddef>
-#include <functional>
 #include <numbers>
 
 #include "platform/gstreamer/Gain.h"
@@ -45,13 +44,6 @@ std::vector<double> Measure(const std::vector<float>& heard, double hertz, doubl
     for (std::size_t begin = 0; begin + kWindow <= heard.size(); begin += kHop)
         measured.push_back(Amplitude(Piece(heard, begin, kWindow), hertz) / full);
     return measured;
-}
-
-/// Keeps the matches whose `measure` is the least, or no more than `same` above it.
-void KeepBest(std::vector<CurveMatch>& matches, double CurveMatch::*measure, double same) {
-    const auto least = std::ranges::min_element(matches, {}, measure);
-    const double most = std::invoke(measure, *least) + same;
-    std::erase_if(matches, [&](const CurveMatch& match) { return std::invoke(measure, match) > most; });
 }
 
 }  // namespace
@@ -117,11 +109,14 @@ CurveMatch LevelCurve::Match(const std::vector<float>& heard, double hertz, doub
     std::vector<CurveMatch> matches;
     for (int delay = kSoonest; delay <= kLatest; ++delay)
         matches.push_back(Compare(told, measured, delay));
-    // Delays within the slack fit alike; among those the one that leaves the least sound where there is to be
-    // none, and of several such the middle one.
-    KeepBest(matches, &CurveMatch::worst, kSameDecibels);
-    KeepBest(matches, &CurveMatch::residue, kSameResidue);
-    return matches[matches.size() / 2];
+    CurveMatch best = *std::ranges::min_element(matches, {}, &CurveMatch::worst);
+    // Delays within the slack fit alike; where the first of those leaves sound where there is to be none, the
+    // one that leaves the least is taken.
+    const double most = best.worst + kSameDecibels;
+    for (const CurveMatch& match : matches) {
+        if (match.worst <= most && match.residue < best.residue - kSameResidue) best = match;
+    }
+    return best;
 }
 
 }  // namespace sound

@@ -129,7 +129,8 @@ void Crossfade::CheckLevels(const std::vector<float>& heard, std::size_t end) co
     EXPECT_LT(in.residue, 0.01);
     EXPECT_GT(out.windows, 400);
     EXPECT_GT(in.windows, 400);
-    EXPECT_NEAR(out.delay_ms, in.delay_ms, 15) << "both songs are late by the same time";
+    // Each is known to 12 ms one way or the other; a step of the quickest fade takes 60.
+    EXPECT_NEAR(out.delay_ms, in.delay_ms, 30) << "both songs are late by the same time";
 }
 
 class Playing : public testing::Test {
