@@ -65,7 +65,8 @@ bool HasExtension(std::string_view path, std::span<const std::string_view> kinds
 }
 
 std::string FileNameOf(std::string_view path) {
-    return std::string(path.substr(path.find_last_of("\\/") + 1));
+    const auto is_separator = [](char character) { return character == '\\' || character == '/'; };
+    return {std::find_if(path.rbegin(), path.rend(), is_separator).base(), path.end()};
 }
 
 }  // namespace base

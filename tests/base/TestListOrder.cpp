@@ -74,6 +74,36 @@ TEST_P(ListOrderTest, StandsAsComparingPairByPairTells) {
 
 INSTANTIATE_TEST_SUITE_P(Seeds, ListOrderTest, testing::Range(1, 13));
 
+TEST_P(ListOrderTest, VeryManyTextsWithAFewBeginningsStandSoToo) {
+    std::vector<std::string> texts(20'000);
+    std::generate(texts.begin(), texts.end(), [this] {
+        static const std::array<std::string, 4> beginnings = {"", "Abcdefgh", "ABCDEFGHIJKLMNOPQ", "\u00c9"};
+        return beginnings[Below(beginnings.size())] + RandomText() + std::to_string(Below(5000));
+    });
+    std::vector<std::string_view> expected = Views(texts);
+    std::stable_sort(expected.begin(), expected.end(), StandsBefore);
+
+    std::vector<std::string_view> sorted = Views(texts);
+    base::SortForList(sorted);
+
+    EXPECT_EQ(sorted, expected);
+}
+
+TEST(ListOrder, EveryCharacterOfAsciiStandsWhereItsSmallLetterDoes) {
+    std::vector<std::string> texts;
+    for (int one = 0; one < 128; ++one) {
+        for (int other = 0; other < 128; ++other)
+            texts.push_back({static_cast<char>(one), static_cast<char>(other)});
+    }
+    std::vector<std::string_view> expected = Views(texts);
+    std::stable_sort(expected.begin(), expected.end(), StandsBefore);
+
+    std::vector<std::string_view> sorted = Views(texts);
+    base::SortForList(sorted);
+
+    EXPECT_EQ(sorted, expected);
+}
+
 TEST(ListOrder, ManyEqualTextsStandTogether) {
     std::vector<std::string> texts(1000, "A text that is longer than a number");
     texts.emplace_back("A text that is longer");
