@@ -141,7 +141,7 @@ CrashReport::~CrashReport() {
 
 void CrashReport::Renew() {
     if (report_number.load() < 0) return;
-    struct sigaction action {};
+    struct sigaction action{};
     action.sa_sigaction = OnFault;
     action.sa_flags = static_cast<int>(SA_SIGINFO | SA_RESETHAND | SA_ONSTACK);
     for (const int fault : kFaults)

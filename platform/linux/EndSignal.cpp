@@ -25,7 +25,7 @@ void OnSignal(int /*signal*/) {
 
 EndSignal::EndSignal() {
     if (pipe2(pipe_ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
-    struct sigaction action {};
+    struct sigaction action{};
     action.sa_handler = OnSignal;
     action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})

@@ -12,6 +12,7 @@
 #include "base/DrivePath.h"
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/NameSorter.h"
+#include "platform/linux/ReadableFiles.h"
 
 namespace linux {
 namespace {
@@ -37,7 +38,7 @@ bool IsSame(const struct stat& left, const struct stat& right) {
 
 // True when `wanted` is the folder itself or stands on the way down to it.
 bool IsOnTheWay(const struct stat& wanted, const std::string& native_path) {
-    struct stat status {};
+    struct stat status{};
     for (std::size_t end = 0; end != std::string::npos; end = native_path.find('/', end + 1)) {
         const std::string above = end == 0 ? "/" : native_path.substr(0, end);
         if (::stat(above.c_str(), &status) == 0 && IsSame(wanted, status)) return true;
@@ -46,11 +47,11 @@ bool IsOnTheWay(const struct stat& wanted, const std::string& native_path) {
 }
 
 EntryKind KindOfLink(int folder, const char* name, const std::string& native_path) {
-    struct stat status {};
+    struct stat status{};
     if (::fstatat(folder, name, &status, 0) != 0) return EntryKind::Neither;
     if (S_ISREG(status.st_mode)) return EntryKind::File;
     if (!S_ISDIR(status.st_mode)) return EntryKind::Neither;
-    struct stat link {};
+    struct stat link{};
     const bool is_link = ::fstatat(folder, name, &link, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(link.st_mode);
     if (!is_link) return EntryKind::Folder;
     return IsOnTheWay(status, native_path) ? EntryKind::Neither : EntryKind::FolderLink;
@@ -79,25 +80,23 @@ EntryKind KindOf(int folder, const dirent& entry, const std::string& native_path
     }
 }
 
-bool MayBeRead(int folder, const char* name) {
-    return ::faccessat(folder, name, R_OK, AT_EACCESS) == 0;
-}
-
 // The names of a folder, sorted into files and sub folders as they are read.
 class Listing {
 public:
-    Listing(const ports::MayGoOn& may_go_on, const LinkJudge& judge) : pace_(may_go_on), judge_(judge) {}
+    Listing(DIR* folder, const ports::MayGoOn& may_go_on, const LinkJudge& judge)
+        : folder_(folder), pace_(may_go_on), judge_(judge), questioned_(::dirfd(folder)) {}
 
-    bool Read(DIR* folder, const std::string& native_path) {
-        while (const dirent* const entry = ::readdir(folder)) {
+    bool Read(const std::string& native_path) {
+        while (const dirent* const entry = ::readdir(folder_)) {
             const std::string_view name = entry->d_name;
             if (name == "." || name == "..") continue;
             if (!pace_.Step()) return false;
-            Take(::dirfd(folder), *entry, native_path);
+            Take(*entry, native_path);
         }
         return true;
     }
     std::optional<ports::FolderListing> Sorted() {
+        if (!questioned_.MoveTo(files_, pace_)) return std::nullopt;
         std::optional<std::vector<std::string>> files = files_.Sorted(pace_);
         std::optional<std::vector<std::string>> sub_folders = sub_folders_.Sorted(pace_);
         if (!files || !sub_folders) return std::nullopt;
@@ -110,26 +109,27 @@ public:
     }
 
 private:
-    void Take(int folder, const dirent& entry, const std::string& native_path) {
-        const EntryKind kind = KindOf(folder, entry, native_path, judge_);
-        if (kind == EntryKind::Folder || kind == EntryKind::FolderLink) {
-            sub_folders_.Add(base::NameToText(entry.d_name));
-        }
-        if (kind == EntryKind::FolderLink) links_.insert(base::NameToText(entry.d_name));
-        if (kind == EntryKind::ReadableFile || (kind == EntryKind::File && MayBeRead(folder, entry.d_name))) {
-            files_.Add(base::NameToText(entry.d_name));
-        }
+    void Take(const dirent& entry, const std::string& native_path) {
+        const EntryKind kind = KindOf(::dirfd(folder_), entry, native_path, judge_);
+        if (kind == EntryKind::File) questioned_.Add(entry.d_name);
+        if (kind == EntryKind::ReadableFile) files_.Add(base::NameToText(entry.d_name));
+        if (kind != EntryKind::Folder && kind != EntryKind::FolderLink) return;
+        std::string name = base::NameToText(entry.d_name);
+        sub_folders_.Add(name);
+        if (kind == EntryKind::FolderLink) links_.insert(std::move(name));
     }
 
+    DIR* folder_;
     Pace pace_;
     const LinkJudge& judge_;
+    ReadableFiles questioned_;
     NameSorter files_;
     NameSorter sub_folders_;
     std::set<std::string> links_;
 };
 
 ports::FolderIdentity IdentityOf(DIR* folder) {
-    struct stat status {};
+    struct stat status{};
     if (::fstat(::dirfd(folder), &status) != 0) return {};
     return {status.st_dev, status.st_ino};
 }
@@ -140,8 +140,8 @@ std::optional<ports::FolderListing> ReadFolder(const std::string& native_path,
                                                const ports::MayGoOn& may_go_on, const LinkJudge& judge) {
     const OpenFolder folder = Open(native_path);
     if (folder == nullptr) return std::nullopt;
-    Listing names(may_go_on, judge);
-    if (!names.Read(folder.get(), native_path)) return std::nullopt;
+    Listing names(folder.get(), may_go_on, judge);
+    if (!names.Read(native_path)) return std::nullopt;
     std::optional<ports::FolderListing> listing = names.Sorted();
     if (listing) listing->Identity = IdentityOf(folder.get());
     return listing;

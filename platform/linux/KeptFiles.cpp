@@ -105,7 +105,7 @@ bool KeptFiles::MakeFolder() const {
 std::optional<std::string> KeptFiles::Read(std::string_view name) const {
     if (folder_.empty()) return std::nullopt;
     const Descriptor file(::open(PathOf(name).c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
-    struct stat found {};
+    struct stat found{};
     if (!file.IsOpen() || ::fstat(file.Number(), &found) != 0 || !S_ISREG(found.st_mode)) return std::nullopt;
     if (static_cast<std::size_t>(found.st_size) > kLongestText) return std::nullopt;
     std::string text(static_cast<std::size_t>(found.st_size), '\0');
@@ -138,7 +138,7 @@ bool KeptFiles::Append(std::string_view name, std::string_view text) {
     if (!MakeFolder()) return false;
     Descriptor file(::open(PathOf(name).c_str(),
                            O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, kOwnerOnly));
-    struct stat found {};
+    struct stat found{};
     return file.IsOpen() && ::fstat(file.Number(), &found) == 0 && S_ISREG(found.st_mode) &&
            WriteAll(file, text) && file.Close();
 }

@@ -72,9 +72,13 @@ std::optional<ports::FolderListing> LinuxFiles::ListFolder(std::string_view path
     const std::string native = ToNative(path);
     if (native.empty()) return std::nullopt;
     if (const auto share = shares_.Of(native)) return shares_.List(*share, native, may_go_on);
-    return ReadFolder(native, may_go_on, [this](const std::string& link) {
+    const LinkJudge judge = [this](const std::string& link) {
         return !shares_.Of(link) ? LinkTo::Here : LinkToShare(AttributesOf(link));
-    });
+    };
+    if (!may_go_on) return ReadFolder(native, may_go_on, judge);
+    // Only a walk needs a way out.
+    return ahead_.List(native, may_go_on, judge,
+                       [this](const std::string& folder) { return !shares_.Of(folder); });
 }
 
 std::vector<ports::Drive> LinuxFiles::Drives() const {

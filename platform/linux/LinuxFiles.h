@@ -1,11 +1,12 @@
 // Files and folders of a Linux system: the system's own calls, on bytes. For a share they are made in another
-// process (Shares).
+// process (Shares); the folders of this computer that a walk comes to next are read ahead (FoldersAhead).
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/linux/FoldersAhead.h"
 #include "platform/linux/MountedVolumes.h"
 #include "platform/linux/Shares.h"
 #include "ports/Files.h"
@@ -50,6 +51,7 @@ private:
     mutable MountedVolumes volumes_;
     mutable Shares shares_;
     mutable base::ShortPaths short_paths_;
+    mutable FoldersAhead ahead_;
 };
 
 }  // namespace linux

@@ -19,8 +19,8 @@ std::string NameOfUser() {
 
 // False when the file was replaced between its opening and its locking.
 bool IsStillThere(const Descriptor& file, int folder, const std::string& name) {
-    struct stat opened {};
-    struct stat there {};
+    struct stat opened{};
+    struct stat there{};
     return ::fstat(file.Number(), &opened) == 0 && ::fstatat(folder, name.c_str(), &there, 0) == 0 &&
            opened.st_dev == there.st_dev && opened.st_ino == there.st_ino;
 }

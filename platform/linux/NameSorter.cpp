@@ -8,51 +8,57 @@
 namespace linux {
 namespace {
 
-bool IsBefore(const std::string& left, const std::string& right) {
-    return base::CompareForSort(left, right) < 0;
-}
-
 // The names of a run that are still to be taken.
 struct Rest {
-    std::vector<std::string>::iterator next;
-    std::vector<std::string>::iterator end;
+    const base::RowTexts* names;
+    std::size_t next = 0;
+
+    std::string_view First() const { return names->At(next); }
+    bool IsEmpty() const { return next == names->Size(); }
 };
+
+bool IsBefore(const Rest& left, const Rest& right) {
+    return base::CompareForSort(left.First(), right.First()) < 0;
+}
 
 // For a heap, whose top is the greatest by its own measure.
 bool IsBehind(const Rest& left, const Rest& right) {
-    return IsBefore(*right.next, *left.next);
+    return IsBefore(right, left);
 }
 
 }  // namespace
 
-void NameSorter::Add(std::string name) {
-    if (runs_.empty()) runs_.emplace_back();
-    if (runs_.back().size() == kLongestRun) {
-        std::sort(runs_.back().begin(), runs_.back().end(), IsBefore);
-        runs_.emplace_back();
-    }
-    runs_.back().push_back(std::move(name));
+void NameSorter::Add(std::string_view name) {
+    open_.PushBack(name);
+    if (open_.Size() < kLongestRun) return;
+    open_.Sort();
+    AddRun(std::exchange(open_, {}));
+}
+
+void NameSorter::AddRun(base::RowTexts names) {
+    if (!names.Empty()) runs_.push_back(std::move(names));
 }
 
 std::optional<std::vector<std::string>> NameSorter::Sorted(Pace& pace) {
-    if (runs_.empty()) return Run();
-    std::sort(runs_.back().begin(), runs_.back().end(), IsBefore);
-    return runs_.size() == 1 ? std::move(runs_.front()) : Merged(pace);
-}
-
-std::optional<std::vector<std::string>> NameSorter::Merged(Pace& pace) {
+    open_.Sort();
+    AddRun(std::move(open_));
     std::vector<Rest> rests;
-    for (Run& run : runs_)
-        rests.push_back({run.begin(), run.end()});
+    rests.reserve(runs_.size());
+    std::size_t count = 0;
+    for (const base::RowTexts& run : runs_) {
+        rests.push_back({&run});
+        count += run.Size();
+    }
     std::make_heap(rests.begin(), rests.end(), IsBehind);
     std::vector<std::string> names;
-    names.reserve(runs_.size() * kLongestRun);
+    names.reserve(count);
     while (!rests.empty()) {
         if (!pace.Step()) return std::nullopt;
         std::pop_heap(rests.begin(), rests.end(), IsBehind);
         Rest& first = rests.back();
-        names.push_back(std::move(*first.next++));
-        if (first.next == first.end) {
+        names.emplace_back(first.First());
+        ++first.next;
+        if (first.IsEmpty()) {
             rests.pop_back();
         } else {
             std::push_heap(rests.begin(), rests.end(), IsBehind);

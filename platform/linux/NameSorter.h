@@ -5,8 +5,10 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "base/RowTexts.h"
 #include "ports/Files.h"
 
 namespace linux {
@@ -17,6 +19,8 @@ public:
     explicit Pace(const ports::MayGoOn& may_go_on) : may_go_on_(may_go_on) {}
     /// False when the work is cancelled.
     bool Step() { return ++steps_ % kStepsBetweenLooks != 0 || !may_go_on_ || !IsDue() || may_go_on_(); }
+    /// Asks now: something is waited for.
+    bool MayGoOn() const { return !may_go_on_ || may_go_on_(); }
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -39,18 +43,17 @@ private:
 /// Sorts the names in runs as they come, and puts the runs together at the end.
 class NameSorter {
 public:
-    void Add(std::string name);
+    void Add(std::string_view name);
+    /// Names that are in order already.
+    void AddRun(base::RowTexts names);
     /// All names in the order of a sorted list; nothing when `pace` cancelled it. Once, at the end.
     std::optional<std::vector<std::string>> Sorted(Pace& pace);
 
 private:
-    using Run = std::vector<std::string>;
-
     static constexpr std::size_t kLongestRun = 2048;
 
-    std::optional<std::vector<std::string>> Merged(Pace& pace);
-
-    std::vector<Run> runs_;
+    base::RowTexts open_;
+    std::vector<base::RowTexts> runs_;
 };
 
 }  // namespace linux

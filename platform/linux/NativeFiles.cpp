@@ -39,7 +39,7 @@ Descriptor OpenAtOnce(const std::string& native, int flags) {
 }
 
 bool IsRegular(const Descriptor& file) {
-    struct stat status {};
+    struct stat status{};
     return ::fstat(file.Number(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
@@ -55,7 +55,7 @@ bool WriteAll(const Descriptor& file, std::string_view bytes) {
 
 // A link stays a link: what it leads to is written. One that leads nowhere is replaced.
 std::string BehindLinks(const std::string& native) {
-    struct stat status {};
+    struct stat status{};
     if (native.empty() || ::lstat(native.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) return native;
     std::array<char, PATH_MAX> buffer{};
     return ::realpath(native.c_str(), buffer.data()) != nullptr ? std::string(buffer.data()) : native;
@@ -72,7 +72,7 @@ std::string_view LastName(std::string_view native) {
 }
 
 std::optional<int> AttributesAt(const std::string& native) {
-    struct stat status {};
+    struct stat status{};
     if (native.empty() || ::stat(native.c_str(), &status) != 0) return std::nullopt;
     const bool is_folder = S_ISDIR(status.st_mode);
     if (!is_folder && !S_ISREG(status.st_mode)) return std::nullopt;
@@ -87,7 +87,7 @@ ports::FileResult MakeFolderAt(const std::string& native) {
 }
 
 ports::FileResult DeleteFileAt(const std::string& native) {
-    struct stat status {};
+    struct stat status{};
     if (native.empty() || ::lstat(native.c_str(), &status) != 0) return ports::FileResult::Missing;
     if (S_ISDIR(status.st_mode)) return ports::FileResult::Failed;
     if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode)) return ports::FileResult::Missing;
@@ -116,7 +116,7 @@ std::optional<std::string> ReadTextAt(const std::string& native, std::size_t lim
 ports::FileResult WriteTextAt(const std::string& path, std::string_view bytes) {
     const std::string native = BehindLinks(path);
     if (native.empty()) return ports::FileResult::Missing;
-    struct stat old {};
+    struct stat old{};
     const bool is_there = ::stat(native.c_str(), &old) == 0;
     if (is_there && !S_ISREG(old.st_mode)) return ports::FileResult::Failed;
     const std::string beside =

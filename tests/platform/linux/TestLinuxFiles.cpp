@@ -224,7 +224,7 @@ TEST_F(LinuxFilesTest, AWrittenFileKeepsItsRightsAndALinkToIt) {
 
     EXPECT_EQ(files_.WriteText(In("to a.mpl"), "new"), ports::FileResult::Done);
 
-    struct stat status {};
+    struct stat status{};
     ASSERT_EQ(::lstat((folder_ / "a.mpl").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0640U);
     EXPECT_EQ(files_.ReadText(In("a.mpl"), 10), "new");

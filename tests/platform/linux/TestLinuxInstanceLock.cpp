@@ -204,7 +204,7 @@ TEST(LinuxInstanceLock, OnlyTheOwnerMayUseWhatItLeavesInTheFolder) {
     const PlayFolder folder;
     LinuxInstanceLock first(folder.Path());
     ASSERT_EQ(first.TryBecomeFirst(), Instance::First);
-    struct stat status {};
+    struct stat status{};
 
     ASSERT_EQ(::stat(SocketPath(folder).c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777U, 0600U);

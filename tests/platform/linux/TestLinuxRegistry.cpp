@@ -47,7 +47,7 @@ protected:
     std::string Everything() const {
         std::string all;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.Path())) {
-            struct stat status {};
+            struct stat status{};
             ::lstat(entry.path().c_str(), &status);
             all += entry.path().string() + " " + std::to_string(status.st_ino) + " " +
                    std::to_string(status.st_mtim.tv_nsec) + "\n";
@@ -204,7 +204,7 @@ TEST_F(LinuxRegistryTest, AListBehindALinkIsWrittenWhereItIsAndKeepsItsMode) {
 
     EXPECT_TRUE(std::filesystem::is_symlink(folder_ / "config/mimeapps.list"));
     EXPECT_NE(Read("dotfiles/list").find("audio/mpeg=brindlepost.desktop;"), std::string::npos);
-    struct stat status {};
+    struct stat status{};
     ASSERT_EQ(::stat((folder_ / "dotfiles/list").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0640U);
 }

@@ -26,7 +26,7 @@ std::string TextOf(const std::string& file) {
 }
 
 mode_t ModeOf(const std::string& path) {
-    struct stat status {};
+    struct stat status{};
     EXPECT_EQ(::stat(path.c_str(), &status), 0) << path;
     return status.st_mode & 07777U;
 }

@@ -76,13 +76,17 @@ TEST_F(RunLogTest, ARunThatEndedIsInOrder) {
 }
 
 TEST_F(RunLogTest, ARunWithoutALastLineDidNotEndInOrder) {
-    { const RunLog killed(state.Path(), "/app"); }
+    {
+        const RunLog killed(state.Path(), "/app");
+    }
 
     EXPECT_EQ(LastEnd(), End::Unknown);
 }
 
 TEST_F(RunLogTest, ACrashIsKnownByItsReportAndToldToTheNextRunAlone) {
-    { const RunLog crashed(state.Path(), "/app"); }
+    {
+        const RunLog crashed(state.Path(), "/app");
+    }
     const std::string report = Files().front();
     std::ofstream(report, std::ios::app) << RunLog::kCrash << "SIGSEGV in thread x\n  libx.so+0x1\n";
     {
@@ -107,7 +111,9 @@ TEST_F(RunLogTest, WhatAMessageSaysIsNoCrashAndNoEnd) {
 }
 
 TEST_F(RunLogTest, RunsOnOtherStoresAreNotThisOnesLast) {
-    { const RunLog other(state.Path(), "/elsewhere"); }
+    {
+        const RunLog other(state.Path(), "/elsewhere");
+    }
 
     EXPECT_EQ(LastEnd(), End::None);
 }
