@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QVariant>
 
 namespace dbus {
@@ -16,7 +17,8 @@ void Ask(const char* method, pid_t process, pid_t thread, const QVariant& level)
         QStringLiteral("org.freedesktop.RealtimeKit1"), QStringLiteral("/org/freedesktop/RealtimeKit1"),
         QStringLiteral("org.freedesktop.RealtimeKit1"), QLatin1String(method));
     call << static_cast<quint64>(process) << static_cast<quint64>(thread) << level;
-    QDBusConnection::systemBus().send(call);
+    // An answer that is not expected is written into the system's log, so each is expected, and dropped.
+    QDBusConnection::systemBus().asyncCall(call);
 }
 
 }  // namespace

@@ -8,10 +8,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <mutex>
 #include <string_view>
 #include <utility>
 
+#include "base/MediaKinds.h"
 #include "platform/gstreamer/Guard.h"
 #include "platform/gstreamer/MciErrors.h"
 #include "platform/gstreamer/MidiFile.h"
@@ -53,7 +53,7 @@ int CheckFile(const std::string& native_path) {
     if (native_path.empty()) return kFileNotFound;
     const int file = open(native_path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     if (file < 0) return errno == ENOENT || errno == ENOTDIR ? kFileNotFound : kFileRead;
-    struct stat facts {};
+    struct stat facts{};
     const bool is_regular = fstat(file, &facts) == 0 && S_ISREG(facts.st_mode);
     close(file);
     if (!is_regular) return kFileRead;
@@ -63,6 +63,12 @@ int CheckFile(const std::string& native_path) {
 std::int64_t LengthInside(std::int64_t length, const Recording& recording) {
     const std::int64_t end = recording.end == 0 ? length : std::min(length, recording.end);
     return std::max<std::int64_t>(end - recording.begin, 0);
+}
+
+// A sink of pictures for a song that has none is closed again before the song can start, which takes as long
+// as its thread sleeps between two glances at the display, a twentieth of a second.
+bool IsSoundByName(const std::string& native_path) {
+    return base::IsMediaFile(native_path) && !base::IsVideoFile(native_path);
 }
 
 double FrameRateOf(GstElement* picture) {
@@ -138,65 +144,6 @@ void SetPriority(GstMessage* message) {
 
 }  // namespace
 
-void EventQueue::Add(PipelineEvent event) {
-    {
-        const std::lock_guard lock(mutex_);
-        events_.push_back(event);
-    }
-    added_.notify_all();
-    wake_();
-}
-
-void EventQueue::Fail() noexcept {
-    failed_ = true;
-    Guarded(
-        false,
-        [this] {
-            // Who is about to wait has looked at the flag by now, or has not yet.
-            mutex_.lock();
-            mutex_.unlock();
-            added_.notify_all();
-            wake_();
-            return true;
-        },
-        [] {});
-}
-
-void EventQueue::Clear() {
-    const std::lock_guard lock(mutex_);
-    events_.clear();
-    failed_ = false;
-}
-
-PipelineEvent EventQueue::Take() {
-    const std::lock_guard lock(mutex_);
-    if (failed_.exchange(false)) return PipelineEvent::Broken;
-    if (events_.empty()) return PipelineEvent::None;
-    const PipelineEvent event = events_.front();
-    events_.pop_front();
-    return event;
-}
-
-int EventQueue::WaitUntilReady(std::chrono::milliseconds timeout) {
-    std::unique_lock lock(mutex_);
-    int error = kNotReady;
-    const auto decided = [&] {
-        if (failed_.exchange(false)) {
-            error = kInvalidFile;
-            return true;
-        }
-        for (auto event = events_.begin(); event != events_.end(); ++event) {
-            if (*event != PipelineEvent::Ready && *event != PipelineEvent::Broken) continue;
-            error = *event == PipelineEvent::Ready ? kNoError : kInvalidFile;
-            events_.erase(event);
-            return true;
-        }
-        return false;
-    };
-    added_.wait_for(lock, timeout, decided);
-    return error;
-}
-
 // The sinks of pictures put their own error handler in and take it out again, so the one for all is there
 // before them.
 bool StartGStreamer() {
@@ -219,7 +166,6 @@ void LoadElements() {
         gst_object_unref(element);
     }
     SpareSink::Keep();
-    Priority::Prepare();
     Priority::RaiseClientLibrary();
 }
 
@@ -272,7 +218,7 @@ bool Pipeline::Build(const std::string& native_path, std::int64_t parent, bool s
     if (playbin_ == nullptr) return false;
     gst_object_ref_sink(playbin_);
     gchar* const uri = gst_filename_to_uri(native_path.c_str(), nullptr);
-    picture_ = MakePictureSink(parent);
+    picture_ = MakePictureSink(IsSoundByName(native_path) ? 0 : parent);
     sound_ = MakeSoundBin(silent);
     g_object_set(playbin_, "uri", uri, "flags", kPlayPicturesAndSound, "audio-sink", sound_, "video-sink",
                  picture_, nullptr);

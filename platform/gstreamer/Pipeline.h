@@ -8,14 +8,10 @@
 #include <gst/gst.h>
 
 #include <array>
-#include <atomic>
 #include <chrono>
-#include <condition_variable>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
@@ -23,6 +19,7 @@
 #include "platform/gstreamer/Entry.h"
 #include "platform/gstreamer/Gain.h"
 #include "platform/gstreamer/PictureWindow.h"
+#include "platform/gstreamer/PipelineEvents.h"
 #include "platform/gstreamer/Successor.h"
 
 namespace gstreamer {
@@ -32,28 +29,6 @@ struct MediaFacts {
     std::int64_t length = 0;
     double frames_per_second = 1000;  ///< pictures of a video; a millisecond of sound is a frame
     bool is_video = false;
-};
-
-enum class PipelineEvent { None, Ready, Ended, Broken, LengthChanged, Begun };
-
-/// What GStreamer's threads report, for the worker to take.
-class EventQueue final {
-public:
-    explicit EventQueue(std::function<void()> wake) : wake_(std::move(wake)) {}
-    void Add(PipelineEvent event);
-    /// As adding Broken, for where an event could not be added.
-    void Fail() noexcept;
-    void Clear();
-    PipelineEvent Take();
-    /// Takes Ready or Broken out: 0, or the number of the error.
-    int WaitUntilReady(std::chrono::milliseconds timeout);
-
-private:
-    std::function<void()> wake_;
-    std::mutex mutex_;
-    std::condition_variable added_;
-    std::deque<PipelineEvent> events_;
-    std::atomic<bool> failed_ = false;
 };
 
 class Pipeline final {

@@ -3,7 +3,8 @@
 //
 // They get the lowest real-time class, under the guard of the system that ends a process whose real-time
 // thread works for longer than a fifth of a second without a rest. Where the process may not take it by
-// itself it is asked of the desktop's real-time service; where there is none, the threads stay as they are.
+// itself somebody is asked who can reach the desktop's real-time service; where there is none, the threads
+// stay as they are.
 #pragma once
 
 #include <sys/types.h>
@@ -14,11 +15,9 @@ namespace gstreamer {
 
 class Priority final {
 public:
-    /// What the process may not do itself is asked of `ask` from now on, by the number of the thread, instead
-    /// of the service; for a process that cannot reach it. Called before anything else here.
+    /// What the process may not do itself is asked of `ask` from now on, by the number of the thread. Called
+    /// before anything else here; without it nobody is asked.
     static void AskWith(std::function<void(pid_t thread)> ask);
-    /// Connects to the real-time service where the process needs it. May take its time.
-    static void Prepare();
     /// Raises the calling thread; does not wait.
     static void Raise();
     /// Puts the calling thread back.

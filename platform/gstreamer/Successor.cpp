@@ -39,16 +39,16 @@ void Continue(GstPadProbeInfo* info) {
 // What is not wished any more is cut off where it begins: for the sink the song ends there.
 GstPadProbeReturn OnData(GstPad* /*pad*/, GstPadProbeInfo* info, gpointer owner) {
     if ((GST_PAD_PROBE_INFO_TYPE(info) & GST_PAD_PROBE_TYPE_BUFFER) != 0) {
-        const bool is_first = Guarded(
-            false, [&] { return (**static_cast<Owner*>(owner)).TakeFirstSamples(); }, [] {});
+        const bool is_first =
+            Guarded(false, [&] { return (**static_cast<Owner*>(owner)).TakeFirstSamples(); }, [] {});
         if (is_first) Continue(info);
         return GST_PAD_PROBE_OK;
     }
     GstEvent* const event = GST_PAD_PROBE_INFO_EVENT(info);
     if (GST_EVENT_TYPE(event) != GST_EVENT_STREAM_START) return GST_PAD_PROBE_OK;
     Successor& successor = **static_cast<Owner*>(owner);
-    const bool may_pass = Guarded(
-        false, [&] { return successor.Taken() == nullptr || successor.Enter(); }, [] {});
+    const bool may_pass =
+        Guarded(false, [&] { return successor.Taken() == nullptr || successor.Enter(); }, [] {});
     if (may_pass) return GST_PAD_PROBE_OK;
     gst_event_unref(event);
     GST_PAD_PROBE_INFO_DATA(info) = gst_event_new_eos();

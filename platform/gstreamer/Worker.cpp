@@ -1,6 +1,7 @@
 #include "platform/gstreamer/Worker.h"
 
 #include <algorithm>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -90,9 +91,11 @@ private:
         share_.open_result = error;
         share_.opened.notify_all();
         NoteLevels();
-        // Where sound and pictures differ, any speed is another one.
-        rate_ = error == kNoError ? pipeline_.ReadyRate().value_or(0) : rate_;
-        return error == kNoError;
+        if (error != kNoError) return false;
+        const std::optional<double> ready = pipeline_.ReadyRate();
+        rate_ = ready.value_or(1);
+        is_rate_everywhere_ = ready.has_value();
+        return true;
     }
 
     int OpenPipeline(bool silent, double rate = 1) {
@@ -121,7 +124,7 @@ private:
         return share_.closing || share_.event || share_.place_wanted ||
                (share_.server_found && wish.playing) || wish.next != next_ || share_.follower.taken ||
                (IsFollowed() && share_.follower.refused) || wish.jump != jump_ || wish.stop != stop_ ||
-               (wish.playing && RateOf(wish.speed) != rate_) || wish.playing != playing_ || wish.put != put_;
+               (wish.playing && IsOtherRate(wish)) || wish.playing != playing_ || wish.put != put_;
     }
 
     void WaitForStart(Lock& lock) {
@@ -321,14 +324,17 @@ private:
         pipeline_.Seek(std::max<std::int64_t>(pipeline_.Position(), 0), stop_, rate_);
     }
 
+    // Pictures and sound that were made ready at different rates need a jump to get the same one.
+    bool IsOtherRate(const Wish& wish) const { return !is_rate_everywhere_ || RateOf(wish.speed) != rate_; }
+
     /// True when there was a jump to make.
     bool Move(const Wish& wish) {
         const bool jumps = wish.jump != jump_;
-        const bool restarts =
-            wish.playing && (RateOf(wish.speed) != rate_ || wish.stop != stop_ || IsStale());
+        const bool restarts = wish.playing && (IsOtherRate(wish) || wish.stop != stop_ || IsStale());
         if (!jumps && !restarts) return false;
         const std::int64_t position = jumps ? wish.jump_to : std::max<std::int64_t>(pipeline_.Position(), 0);
         rate_ = RateOf(wish.speed);
+        is_rate_everywhere_ = true;
         stop_ = wish.stop;
         jump_ = wish.jump;
         ended_ = false;
@@ -402,6 +408,7 @@ private:
     std::int64_t stop_ = -1;
     std::int64_t put_ = 0;
     double rate_ = 1;
+    bool is_rate_everywhere_ = true;
     bool playing_ = false;
     bool started_ = false;
     bool ended_ = false;

@@ -21,15 +21,10 @@ PLAYER_PATH = "/org/mpris/MediaPlayer2"
 PLAYER_INTERFACE = "org.mpris.MediaPlayer2.Player"
 
 
-class BusPeers:
-    """A messenger, a screen saver's service, and somebody who watches media players."""
+class BusPeer:
+    """A connection of its own, with a thread on which `_begin` and every answer run."""
 
     def __init__(self, address):
-        self.blocks = []  # (dwData, cbData, bytes) as the messenger received them
-        self.saver_calls = []  # ("Inhibit", program, reason) and ("UnInhibit", cookie)
-        self.promises = {}  # cookie: whom it was promised to
-        self.changes = []  # dictionaries of PropertiesChanged
-        self.jumps = []
         self._context = GLib.MainContext()
         self._loop = GLib.MainLoop.new(self._context, False)
         self._ready = threading.Event()
@@ -42,17 +37,7 @@ class BusPeers:
         flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
         self.bus = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
         self.bus.set_exit_on_close(False)
-        self._serve("/" + MESSENGER_CLASS, MESSENGER, self._on_messenger)
-        self._serve("/org/freedesktop/ScreenSaver", SCREEN_SAVER, self._on_screen_saver)
-        for name in (MESSENGER_CLASS + ".Main", "org.freedesktop.ScreenSaver"):
-            self._call_bus("RequestName", GLib.Variant("(su)", (name, 4)))
-        subscribe = self.bus.signal_subscribe
-        subscribe(None, "org.freedesktop.DBus.Properties", "PropertiesChanged", PLAYER_PATH, PLAYER_INTERFACE,
-                  Gio.DBusSignalFlags.NONE, lambda *told: self.changes.append(told[5].unpack()[1]))
-        subscribe(None, PLAYER_INTERFACE, "Seeked", PLAYER_PATH, None, Gio.DBusSignalFlags.NONE,
-                  lambda *told: self.jumps.append(told[5].unpack()[0]))
-        subscribe("org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged", None, None,
-                  Gio.DBusSignalFlags.NONE, self._on_owner_changed)
+        self._begin()
         self._ready.set()
         self._loop.run()
 
@@ -60,12 +45,37 @@ class BusPeers:
         self._loop.quit()
         self._thread.join(5)
 
-    def _serve(self, path, interface, answer):
+    def _serve(self, name, path, interface, answer):
+        """Answers under a name that is taken from whoever has it."""
         self.bus.register_object(path, Gio.DBusNodeInfo.new_for_xml(interface).interfaces[0], answer, None, None)
+        self._call_bus("RequestName", GLib.Variant("(su)", (name, 4)))
 
     def _call_bus(self, method, arguments=None):
         return self.bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method, arguments,
                                   None, Gio.DBusCallFlags.NONE, 5000, None).unpack()
+
+
+class BusPeers(BusPeer):
+    """A messenger, a screen saver's service, and somebody who watches media players."""
+
+    def __init__(self, address):
+        self.blocks = []  # (dwData, cbData, bytes) as the messenger received them
+        self.saver_calls = []  # ("Inhibit", program, reason) and ("UnInhibit", cookie)
+        self.promises = {}  # cookie: whom it was promised to
+        self.changes = []  # dictionaries of PropertiesChanged
+        self.jumps = []
+        super().__init__(address)
+
+    def _begin(self):
+        self._serve(MESSENGER_CLASS + ".Main", "/" + MESSENGER_CLASS, MESSENGER, self._on_messenger)
+        self._serve("org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver", SCREEN_SAVER, self._on_screen_saver)
+        subscribe = self.bus.signal_subscribe
+        subscribe(None, "org.freedesktop.DBus.Properties", "PropertiesChanged", PLAYER_PATH, PLAYER_INTERFACE,
+                  Gio.DBusSignalFlags.NONE, lambda *told: self.changes.append(told[5].unpack()[1]))
+        subscribe(None, PLAYER_INTERFACE, "Seeked", PLAYER_PATH, None, Gio.DBusSignalFlags.NONE,
+                  lambda *told: self.jumps.append(told[5].unpack()[0]))
+        subscribe("org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged", None, None,
+                  Gio.DBusSignalFlags.NONE, self._on_owner_changed)
 
     def _on_messenger(self, _bus, _sender, _path, _interface, _method, arguments, call):
         what, length, data = arguments.unpack()

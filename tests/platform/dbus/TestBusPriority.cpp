@@ -28,6 +28,8 @@ public:
     /// From here on every wish is answered with an error.
     void Refuse() { refuses_ = true; }
     const Calls& Wishes() const { return wishes_; }
+    /// How many wishes nobody waits for an answer to.
+    int Unanswerable() const { return unanswerable_; }
 
 public slots:
     void MakeThreadRealtimeWithPID(qulonglong process, qulonglong thread, uint level) {
@@ -41,12 +43,14 @@ private:
     void Note(const std::string& what, qulonglong process, qulonglong thread, int level) {
         wishes_.push_back(what + " " + std::to_string(process) + " " + std::to_string(thread) + " " +
                           std::to_string(level));
+        if (!message().isReplyRequired()) ++unanswerable_;
         if (refuses_) sendErrorReply(QDBusError::AccessDenied, QStringLiteral("no"));
     }
 
     dbus_tests::Peer peer_;
     Calls wishes_;
     bool refuses_ = false;
+    int unanswerable_ = 0;
 };
 
 // The system bus is found once in a process, so all tests here have the same one.
@@ -67,6 +71,17 @@ TEST_F(BusPriority, BothWaysAreAskedForSoThatARefusalOfTheBetterOneLeavesTheOthe
 
     EXPECT_TRUE(WaitFor([&] { return service.Wishes().size() == 2; }));
     EXPECT_EQ(service.Wishes(), (Calls{"high priority 12 34 -11", "real time 12 34 1"}));
+}
+
+// The service answers each wish, and a system's bus writes every answer that nobody expected into the
+// system's log.
+TEST_F(BusPriority, AnAnswerIsExpected) {
+    RealTimeService service(Bus());
+
+    dbus::RaiseThread(12, 34);
+
+    EXPECT_TRUE(WaitFor([&] { return service.Wishes().size() == 2; }));
+    EXPECT_EQ(service.Unanswerable(), 0);
 }
 
 TEST_F(BusPriority, AServiceThatRefusesIsAskedAgainForTheNextThread) {

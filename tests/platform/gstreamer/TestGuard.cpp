@@ -72,17 +72,13 @@ private:
 };
 
 TEST(Guard, WhatIsReturnedPassesThrough) {
-    EXPECT_EQ(Guarded(
-                  1, [] { return 2; }, [] { FAIL() << "nothing was thrown"; }),
-              2);
+    EXPECT_EQ(Guarded(1, [] { return 2; }, [] { FAIL() << "nothing was thrown"; }), 2);
 }
 
 TEST(Guard, WhatIsThrownEndsThere) {
     bool told = false;
 
-    EXPECT_EQ(Guarded(
-                  1, []() -> int { throw 7; }, [&told] { told = true; }),
-              1);
+    EXPECT_EQ(Guarded(1, []() -> int { throw 7; }, [&told] { told = true; }), 1);
 
     EXPECT_TRUE(told);
 }

@@ -159,6 +159,32 @@ TEST_F(PictureTest, FillsItsNewPlaceWhileItStandsStill) {
     ExpectPicture({720, 540}, {720, 540});
 }
 
+TEST_F(PictureTest, FillsItsNewPlaceBeforeItPlays) {
+    ASSERT_EQ(Open(MakeFilm("film.mp4", {320, 240})), 0);
+    ExpectPicture({400, 300}, {400, 300});
+
+    display.Resize(window, 720, 540);
+    Put({720, 540});
+
+    ExpectPicture({720, 540}, {720, 540});
+}
+
+// A sink of pictures that is not needed holds the start of a song up.
+TEST_F(PictureTest, IsLookedForInFilmsByTheirNameOnly) {
+    const std::string song = media.Path("song.m4a");
+    std::filesystem::copy_file(MakeFilm("film.mp4", {320, 240}), song);
+    ASSERT_EQ(Open(song), 0);
+    Put({400, 300});
+    ASSERT_EQ(Send("play a"), 0);
+
+    EXPECT_EQ(display.ChildrenOf(window), 0);
+    EXPECT_EQ(engine.SendString("status a mode").text, "playing");
+
+    Send("close a");
+    ASSERT_EQ(Open(media.Path("film.mp4")), 0);
+    EXPECT_GT(display.ChildrenOf(window), 0);
+}
+
 TEST_F(PictureTest, StandsWhereItIsPut) {
     ASSERT_EQ(Open(MakeFilm("film.mp4", {320, 240})), 0);
     Send("play a");
