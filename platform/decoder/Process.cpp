@@ -68,6 +68,7 @@ void Process::Start() {
     SocketPair gate = SocketPair::Make();
     if (!commands.ours.IsOpen() || !gate.ours.IsOpen()) return;
     started_ = now;
+    has_answered_ = false;
     if (!Spawn(Raised(std::move(commands.theirs)).Number(), Raised(std::move(gate.theirs)).Number())) {
         not_before_ = now + kPause;
         return;
@@ -133,6 +134,7 @@ std::optional<ports::MediaReply> Process::Ask(std::string text, std::string path
             arrival = Receive(commands_.Number(), message, std::max(left, std::chrono::milliseconds::zero()));
     } while ((arrival == Arrival::Message && message.serial != serial) ||
              (arrival == Arrival::TooLate && Clock::now() < until));
+    has_answered_ = has_answered_ || arrival == Arrival::Message;
     if (arrival == Arrival::Message)
         return ports::MediaReply{.error = message.error, .text = std::move(message.text)};
     has_hung_ = arrival == Arrival::TooLate;
@@ -152,12 +154,17 @@ void Process::Wait(Clock::time_point until) {
         }
         std::this_thread::sleep_for(kGlance);
     }
-    if (process_ != 0) Kill(nullptr);
+    if (process_ != 0) {
+        MakeEnd();
+        // One that never answered may still be loading its engine. That is no fault of an orderly end.
+        if (has_answered_)
+            linux::RunLog::Tell("the decoder of channel " + channel_ + " did not leave, and was ended");
+    }
     Bury();
 }
 
-/// `why` is null for a process that is gone by itself.
-void Process::Kill(const char* why) {
+/// How it ended; nothing while the system still holds it.
+std::optional<int> Process::MakeEnd() {
     kill(process_, SIGKILL);
     int status = 0;
     const auto until = Clock::now() + kDying;
@@ -167,10 +174,16 @@ void Process::Kill(const char* why) {
         ended = waitpid(process_, &status, WNOHANG);
     }
     if (ended == 0) leaving_.push_back(process_);
-    if (why == nullptr && ended > 0 && WIFSIGNALED(status)) why = strsignal(WTERMSIG(status));
+    process_ = 0;
+    return ended > 0 ? std::optional(status) : std::nullopt;
+}
+
+/// `why` is null for a process that is gone by itself.
+void Process::Kill(const char* why) {
+    const std::optional<int> status = MakeEnd();
+    if (why == nullptr && status && WIFSIGNALED(*status)) why = strsignal(WTERMSIG(*status));
     linux::RunLog::Tell("the decoder of channel " + channel_ + " ended (" +
                         (why == nullptr ? "by itself" : why) + ")");
-    process_ = 0;
     // One that was ready works on this system, whatever ended it: a file, or somebody else.
     if (gate_ != nullptr && gate_->WasReady()) vain_starts_ = -1;
     if (++vain_starts_ > kMostVainStarts) not_before_ = Clock::now() + kPause;

@@ -63,6 +63,7 @@ public:
 private:
     bool Spawn(int commands, int gate);
     void Kill(const char* why);
+    std::optional<int> MakeEnd();
     void Bury();
 
     const std::string program_;
@@ -78,6 +79,7 @@ private:
     Clock::time_point started_;
     Clock::time_point not_before_;
     bool has_hung_ = false;
+    bool has_answered_ = false;
     int vain_starts_ = 0;         // in a row, of processes that never became ready
     std::vector<pid_t> leaving_;  // were made to end, and have not yet
 };

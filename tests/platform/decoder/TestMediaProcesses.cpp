@@ -2,6 +2,7 @@
 #include "platform/decoder/MediaProcesses.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -169,6 +170,39 @@ TEST_F(MediaProcessesTest, BothProcessesEndWithTheEngine) {
 
     for (const pid_t number : numbers)
         EXPECT_TRUE(IsGoneWithin(number, 0ms));
+}
+
+// A busy machine may take longer than that to load the media engine.
+TEST_F(MediaProcessesTest, AnEndBeforeADecoderHasLoadedItsEngineIsNoFault) {
+    const std::string slow = files.Make("slow.wav", {.seconds = 1});
+    std::ofstream(slow) << "#!/bin/sh\nexec sleep 20\n";
+    chmod(slow.c_str(), S_IRWXU);
+    testing::internal::CaptureStderr();
+    pid_t loading = 0;
+    {
+        decoder::MediaProcesses starting(slow, Same);
+        starting.WarmUp();
+        loading = starting.ProcessOf("a");
+    }
+
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    ASSERT_NE(loading, 0);
+    EXPECT_TRUE(IsGoneWithin(loading, 1s));
+}
+
+TEST_F(MediaProcessesTest, ADecoderThatAnsweredAndDoesNotLeaveIsTold) {
+    testing::internal::CaptureStderr();
+    {
+        decoder::MediaProcesses hanging(DECODER_PROGRAM, Same);
+        const auto until = Clock::now() + 20s;
+        while (hanging.SendString("open \"" + song + "\" type MPEGVideo alias a").error != 0 &&
+               Clock::now() < until) {
+            std::this_thread::sleep_for(20ms);
+        }
+        kill(hanging.ProcessOf("a"), SIGSTOP);
+    }
+
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("channel a did not leave"), std::string::npos);
 }
 
 TEST_F(MediaProcessesTest, BothProcessesEndWithAProgramThatIsKilled) {
