@@ -1,7 +1,10 @@
 #include "library/CleanedSongs.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cassert>
+#include <cstring>
 
 #include "base/Text.h"
 
@@ -15,28 +18,76 @@ std::uint64_t RewritesOf(const SearchRule& rule, const store::RecordSet& songs) 
     return songs.Rewrites(rule.first) + (rule.second ? songs.Rewrites(*rule.second) : 0);
 }
 
-// Whether a text with this first and last byte may begin in the block; plain enough for wide registers.
-bool MayBegin(const char* block, char first, char last, std::size_t distance) {
+constexpr std::size_t kWord = sizeof(std::uint64_t);
+static_assert(kBlock == kWord * kWord, "a bit a byte");
+
+// A bit for each of eight bytes, the first the lowest; each byte is 0 or 1.
+std::uint64_t BitsOf(const unsigned char* bytes) {
+    std::uint64_t word = 0;
+    if constexpr (std::endian::native == std::endian::little) {
+        std::memcpy(&word, bytes, kWord);
+    } else {
+        for (std::size_t i = 0; i < kWord; ++i)
+            word |= std::uint64_t{bytes[i]} << (kWord * i);
+    }
+    // The product has byte i in its bit 56 + i.
+    constexpr std::uint64_t kGather = 0x0102040810204080;
+    return (word * kGather) >> 56U;
+}
+
+// The places of a block, a bit each, where a text with this first and last byte may begin. Plain enough for
+// wide registers.
+std::uint64_t MayBegin(const char* block, char first, char last, std::size_t distance) {
+    std::array<unsigned char, kBlock> may_begin;  // NOLINT(cppcoreguidelines-pro-type-member-init)
     unsigned char any = 0;
     for (std::size_t i = 0; i < kBlock; ++i) {
-        const bool may_begin = (block[i] == first) & (block[i + distance] == last);
-        any |= static_cast<unsigned char>(may_begin);
+        may_begin[i] = static_cast<unsigned char>((block[i] == first) & (block[i + distance] == last));
+        any |= may_begin[i];
     }
-    return any != 0;
+    if (any == 0) return 0;
+    std::uint64_t places = 0;
+    for (std::size_t word = 0; word < kWord; ++word)
+        places |= BitsOf(may_begin.data() + word * kWord) << (word * kWord);
+    return places;
 }
 
 // As text.find(wanted, from), in large steps over what cannot begin the wanted text.
-std::size_t Find(std::string_view text, std::string_view wanted, std::size_t from) {
-    const std::size_t distance = wanted.size() - 1;
-    while (from + kBlock + distance <= text.size()) {
-        if (MayBegin(text.data() + from, wanted.front(), wanted.back(), distance)) {
-            const std::size_t found = text.substr(from, kBlock + distance).find(wanted);
-            if (found != std::string_view::npos) return from + found;
+class Finder {
+public:
+    Finder(std::string_view text, std::string_view wanted) : text_(text), wanted_(wanted) {}
+
+    // `from` never falls.
+    std::size_t Find(std::size_t from) {
+        const std::size_t distance = wanted_.size() - 1;
+        while (begin_ + kBlock + distance <= text_.size()) {
+            if (!is_read_) Read(distance);
+            if (from > begin_) places_ &= from - begin_ < kBlock ? ~std::uint64_t{0} << (from - begin_) : 0;
+            for (; places_ != 0; places_ &= places_ - 1) {
+                const std::size_t at = begin_ + static_cast<std::size_t>(std::countr_zero(places_));
+                if (IsAt(at)) return at;
+            }
+            begin_ += kBlock;
+            is_read_ = false;
         }
-        from += kBlock;
+        return text_.find(wanted_, std::max(from, begin_));
     }
-    return text.find(wanted, from);
-}
+
+private:
+    // The first and the last byte are known to be right.
+    bool IsAt(std::size_t at) const {
+        return wanted_.size() <= 2 || std::memcmp(text_.data() + at, wanted_.data(), wanted_.size()) == 0;
+    }
+    void Read(std::size_t distance) {
+        places_ = MayBegin(text_.data() + begin_, wanted_.front(), wanted_.back(), distance);
+        is_read_ = true;
+    }
+
+    std::string_view text_;
+    std::string_view wanted_;
+    std::size_t begin_ = 0;     // of the block
+    std::uint64_t places_ = 0;  // of the block where the text may begin, those before `from` left out
+    bool is_read_ = false;
+};
 
 using Ends = std::vector<std::uint32_t>;
 
@@ -103,10 +154,10 @@ void CleanedSongs::FindIn(const Chunk& chunk, std::string_view wanted, store::Bo
                           std::vector<store::Bookmark>& found) {
     const std::string_view texts = chunk.texts;
     const bool is_utf8 = base::IsUtf8(wanted);
+    Finder finder(texts, wanted);
     std::size_t from = 0;
     auto row = chunk.ends.begin();
-    for (std::size_t at = Find(texts, wanted, 0); at != std::string_view::npos;
-         at = Find(texts, wanted, from)) {
+    for (std::size_t at = finder.Find(0); at != std::string_view::npos; at = finder.Find(from)) {
         row = RowAt(chunk.ends, row, at);
         from = at + 1;
         if (at + wanted.size() > *row) continue;  // it goes on in the next row

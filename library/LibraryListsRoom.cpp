@@ -20,6 +20,9 @@ constexpr std::size_t kMostPlayLists = 100;
 /// A library of more songs takes longer to list than a user waits without a sign.
 constexpr std::size_t kLongWalk = 200'000;
 constexpr std::size_t kTopRows = 20;
+/// Rows that a fill goes on for while the program starts, before others have their turn: a millisecond or
+/// less.
+constexpr std::size_t kRowsOfTurn = 2048;
 
 // What an empty track list says, by the view that was asked for.
 constexpr std::string_view kEmptyLibrary = "Your library is empty";
@@ -54,6 +57,29 @@ bool IsEveryone(std::string_view artist) {
 
 }  // namespace
 
+// One fill of the lists, from its beginning to its last row.
+class LibraryListsRoom::Fill {
+public:
+    explicit Fill(LibraryListsRoom& room)
+        : room_(room), number_(++room.filling_), gives_turns_(room.others_.start.IsLoading()) {}
+
+    /// Called after each row. While the program starts others have a turn now and then; false when one of
+    /// them has taken the lists over, or ended the program.
+    bool GoesOn() { return !gives_turns_ || ++rows_ % kRowsOfTurn != 0 || GiveTurn(); }
+    bool GivesTurns() const { return gives_turns_; }
+
+private:
+    bool GiveTurn() {
+        room_.loop_.Yield();
+        return number_ == room_.filling_ && !room_.others_.start.IsOver();
+    }
+
+    LibraryListsRoom& room_;
+    std::uint64_t number_;
+    bool gives_turns_;
+    std::size_t rows_ = 0;
+};
+
 LibraryListsRoom::LibraryListsRoom(LibraryListControls& controls, SharedLists shared, MediaSources& sources,
                                    bool& ListMaybeChanged, ports::EventLoop& loop, LibraryListener& listener,
                                    LibraryListRoles others)
@@ -83,9 +109,11 @@ void LibraryListsRoom::Command1() {
     others_.start.SetStage("Media Library");
     // The first stage brings the splash up, which may refuse the start.
     if (others_.start.IsOver()) return;
+    if (!ReadAhead(sources_.datPlayList, store::kAllPlayListRows)) return;
     DisplayPlayLists();
-    DisplayArtists({});
-    DisplayTracks({}, {});
+    if (!ReadAhead(sources_.datSong, store::kAllSongs)) return;
+    DisplayLibrary();
+    if (others_.start.IsOver()) return;
     others_.start.SetStage("Favourites");
     others_.favourites.LoadFavs();
     others_.start.SetStage("Initial tracks");
@@ -93,6 +121,19 @@ void LibraryListsRoom::Command1() {
         listener_.OnInitialTrack(std::string(shared_.lstOpenWith.List(row)));
     }
     if (!others_.start.IsOver()) listener_.OnReloaded();
+}
+
+// The login is there while the program starts, and has its turn between two pieces of a table that is read.
+bool LibraryListsRoom::ReadAhead(const store::DataSource& source, std::string_view query) {
+    while (others_.start.IsLoading() && source.ReadPiece(query)) {
+        loop_.Yield();
+        if (others_.start.IsOver()) return false;
+    }
+    return true;
+}
+
+void LibraryListsRoom::DisplayLibrary() {
+    if (DisplayArtists({})) DisplayTracks({}, {});
 }
 
 void LibraryListsRoom::DisplayPlayLists() {
@@ -115,7 +156,7 @@ void LibraryListsRoom::DisplayPlayLists() {
     shared_.lstEditPlayList.CopyRowsFrom(controls_.lstPlayLists);
 }
 
-void LibraryListsRoom::DisplayArtists(std::string_view playlist) {
+bool LibraryListsRoom::DisplayArtists(std::string_view playlist) {
     const std::string_view name = base::Trim(playlist);
     const bool whole_library = IsWholeLibrary(name);
     controls_.lstMusicTest.Clear();
@@ -123,15 +164,18 @@ void LibraryListsRoom::DisplayArtists(std::string_view playlist) {
     seen_artists_.Clear();
     controls_.lstArtists.AddItem(Special(kAllArtists));
 
+    Fill fill(*this);
     store::RecordSet rows = whole_library ? OpenRows(sources_.datSong, store::kAllSongs)
                                           : OpenRows(sources_.datPlayList, store::kAllPlayListRows);
-    if (rows.RecordCount() > kLongWalk) loop_.ShowHourglass();
+    if (rows.RecordCount() > kLongWalk && !fill.GivesTurns()) loop_.ShowHourglass();
     const store::Field artist = whole_library ? store::tblSong::artist : store::tblPlayList::artist;
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         if (whole_library || base::Trim(rows.Text(store::tblPlayList::Name)) == name)
             AddArtist(rows.Text(artist));
+        if (!fill.GoesOn()) return false;
     }
     NoDuplicateArtists();
+    return true;
 }
 
 void LibraryListsRoom::DisplayTracks(std::string_view playlist, std::string_view artist) {
@@ -141,25 +185,30 @@ void LibraryListsRoom::DisplayTracks(std::string_view playlist, std::string_view
         return;
     }
     ClearTracks();
-    if (IsWholeLibrary(name)) {
-        DisplayLibraryTracks(base::Trim(artist));
-    } else {
+    if (!IsWholeLibrary(name)) {
         DisplayPlayListTracks(name, base::Trim(artist));
+    } else if (!DisplayLibraryTracks(base::Trim(artist))) {
+        return;
     }
     ShowCount(kNothingHere);
+    // The player may have copied what was there at a turn of its own.
+    ListMaybeChanged_ = true;
 }
 
-void LibraryListsRoom::DisplayLibraryTracks(std::string_view artist) {
+bool LibraryListsRoom::DisplayLibraryTracks(std::string_view artist) {
     const bool everyone = IsEveryone(artist);
+    Fill fill(*this);
     store::RecordSet rows = OpenRows(sources_.datSong, store::kAllSongs);
-    if (rows.RecordCount() > kLongWalk) loop_.ShowHourglass();
+    if (rows.RecordCount() > kLongWalk && !fill.GivesTurns()) loop_.ShowHourglass();
     DatabaseTrackID = 0;
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         ++DatabaseTrackID;
         const std::string_view row_artist = rows.Text(store::tblSong::artist);
-        if (!everyone && base::Trim(row_artist) != artist) continue;
-        AddTrack(rows.Text(store::tblSong::SongID), row_artist, rows.Text(store::tblSong::title));
+        if (everyone || base::Trim(row_artist) == artist)
+            AddTrack(rows.Text(store::tblSong::SongID), row_artist, rows.Text(store::tblSong::title));
+        if (!fill.GoesOn()) return false;
     }
+    return true;
 }
 
 void LibraryListsRoom::DisplayPlayListTracks(std::string_view playlist, std::string_view artist) {
@@ -213,8 +262,7 @@ void LibraryListsRoom::NoDuplicateArtists() {
 
 void LibraryListsRoom::RefillIfEmpty() {
     if (controls_.lstTracks.ListCount() > 0) return;
-    DisplayArtists({});
-    DisplayTracks({}, {});
+    DisplayLibrary();
 }
 
 void LibraryListsRoom::AddOutsideTrack(std::string_view text, std::string_view path) {
@@ -265,8 +313,7 @@ void LibraryListsRoom::lstPlayLists_Click() {
     } else if (name == kTop20) {
         ShowTop20();
     } else if (name == kAllMedia) {
-        DisplayArtists({});
-        DisplayTracks({}, {});
+        DisplayLibrary();
     } else if (!name.empty()) {
         OpenPlayList(name);
     }

@@ -1,8 +1,8 @@
 // The three linked lists of the music pane: playlists, artists, tracks.
 //
 // lstTracks and lstMaybe are filled by one verb and stay row for row beside each other. Of all fills only
-// OpenPlayList yields; any fill that begins during its yield takes the lists over, and the older one stops
-// where it is.
+// OpenPlayList yields, and while the program starts all do, since the login is in use meanwhile; any fill
+// that begins during a yield takes the lists over, and the older one stops where it is.
 #pragma once
 
 #include <cstddef>
@@ -81,8 +81,9 @@ public:
     void AddPlayedSong(std::string_view song_id, std::string_view artist, std::string_view title) override;
     void EndView() override;
 
-    /// The artists of a playlist; of the whole library for an empty name or "[All Media]".
-    void DisplayArtists(std::string_view playlist);
+    /// The artists of a playlist; of the whole library for an empty name or "[All Media]". False when another
+    /// fill has taken the lists over, or the program ends.
+    bool DisplayArtists(std::string_view playlist);
     /// The tracks of a playlist and an artist. An empty playlist or "[All Media]" is the library; an empty
     /// artist or "[All Artists]" is every artist. The other built-in views are filled again and then narrowed
     /// to the artist.
@@ -118,10 +119,14 @@ private:
     void lstPlayLists_KeyDown(int key_code, int shift);
     void List_KeyDown(int key_code, int shift);
 
+    class Fill;
+
+    void DisplayLibrary();
+    bool ReadAhead(const store::DataSource& source, std::string_view query);
     void ClearTracks();
     void AddTrack(std::string_view song_id, std::string_view artist, std::string_view title);
     void AddArtist(std::string_view artist);
-    void DisplayLibraryTracks(std::string_view artist);
+    bool DisplayLibraryTracks(std::string_view artist);
     void DisplayPlayListTracks(std::string_view playlist, std::string_view artist);
     void ShowLast20();
     void ShowTop20();
@@ -139,7 +144,7 @@ private:
     LibraryListener& listener_;
     LibraryListRoles others_;
     DistinctTexts seen_artists_;
-    std::uint64_t filling_ = 0;  // counts the fills of the track list
+    std::uint64_t filling_ = 0;  // counts the fills
     bool narrowing_ = false;
     std::string only_artist_;  // whose tracks alone a view of played songs shows; empty for all
     controls::EventClaims claims_;

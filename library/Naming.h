@@ -33,7 +33,7 @@ SongName SongNameFromPath(std::string_view path);
 
 /// Artist and title as the library keeps them: cleaned, capitalised, trimmed, a video marked "[Video]".
 /// Nothing for a file that a scan does not take.
-std::optional<SongName> CleanSongName(std::string_view path, const SongName& raw);
+std::optional<SongName> CleanSongName(std::string_view path, SongName name);
 
 /// The row can hold them: 80 characters of artist and of title, 255 of the path, blanks around them not
 /// counted.

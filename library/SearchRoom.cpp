@@ -16,7 +16,7 @@ constexpr std::size_t kRowsAhead = 16;  // so long takes a row to come from memo
 
 struct FieldEntry {
     SearchField field;
-    controls::Menu SearchMenu::*entry;
+    controls::Menu SearchMenu::* entry;
 };
 
 constexpr std::array kFields = {FieldEntry{SearchField::Broad, &SearchMenu::mnuSearchBroad},

@@ -49,6 +49,7 @@ bool TopKeys::StandsBehind(std::int64_t count, std::string_view song_id, const K
 
 std::vector<std::string> TopKeys::Keys() const {
     std::vector<std::string> texts;
+    texts.reserve(keys_.size());
     for (const Key& key : keys_)
         texts.push_back(key.text);
     return texts;

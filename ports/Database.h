@@ -6,9 +6,12 @@
 // user-interface thread.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -72,13 +75,19 @@ using NextChange = std::function<const RowChange*()>;
 inline constexpr int kPatientMilliseconds = 400;
 inline constexpr int kNoWaiting = 0;
 
+/// Rows of a table: those of higher numbers than `after`, or all; `most` of them at most.
+struct RowPiece {
+    std::optional<std::int64_t> after;
+    std::size_t most = std::numeric_limits<std::size_t>::max();
+};
+
 /// One open store. Closing is ending it; everything applied is in the file already.
 class StoreFile {
 public:
     virtual ~StoreFile() = default;
-    /// Gives every row of a table, by its place in the layout, in table order: rising row numbers. After an
-    /// error some rows may have been given already.
-    virtual DatabaseResult ReadTable(std::size_t table, const RowSink& sink) = 0;
+    /// Gives rows of a table, by its place in the layout, in table order: rising row numbers. Fewer than
+    /// `most` are the last there are. After an error some rows may have been given already.
+    virtual DatabaseResult ReadRows(std::size_t table, const RowPiece& piece, const RowSink& sink) = 0;
     /// Makes all the changes last, or none of them; they have reached the disk when it returns. Row numbers
     /// of inserted rows are the caller's. An Update of a row that is gone inserts it; a Delete of one does
     /// nothing. Tables and fields outside of the layout are left alone.

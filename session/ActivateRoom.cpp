@@ -70,6 +70,8 @@ void ActivateRoom::Form_Load() {
         return;
     }
     frm_login_.Show();
+    // The lists that are filled next may be long.
+    events_.Yield();
 }
 
 // The splash has no close box; what else may close it must not leave the program without a window.

@@ -86,7 +86,11 @@ void LoginRoom::Form_Unload(bool& cancel) {
 
 void LoginRoom::tmrLoad_Tick() {
     ++load_ticks_;
-    if (load_ticks_ == kMultipleUsersTick) ReadMultipleUsers();
+    if (load_ticks_ == kMultipleUsersTick) {
+        ReadMultipleUsers();
+        // The tick that lists the users finds them read.
+        form_.datLogin.Open(store::kAllUsers);
+    }
     if (load_ticks_ != kLoadUsersTick) return;
     LoginDone_ = false;
     LoadUsers();

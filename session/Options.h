@@ -32,10 +32,10 @@ struct OptionControls {
 
 struct Option {
     store::SettingsRow row;
-    bool SessionOptions::*flag;  ///< null: nothing but the box
-    controls::CheckBox OptionControls::*box;
+    bool SessionOptions::* flag;  ///< null: nothing but the box
+    controls::CheckBox OptionControls::* box;
     /// The box without which this one is stored as not ticked; null for none.
-    controls::CheckBox OptionControls::*parent = nullptr;
+    controls::CheckBox OptionControls::* parent = nullptr;
 };
 
 /// In the order in which the preferences show and store them.

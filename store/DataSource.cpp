@@ -86,6 +86,12 @@ bool DataSource::Refresh() {
     return true;
 }
 
+bool DataSource::ReadPiece(std::string_view query) const {
+    if (!IsBound()) return false;
+    const std::optional<Query> parsed = ParseQuery(query);
+    return parsed && stores_->ReadPiece(path_, parsed->table);
+}
+
 bool DataSource::Open(std::string_view query) {
     SetRecordSource(query);
     return Refresh();

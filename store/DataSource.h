@@ -31,6 +31,9 @@ public:
     bool Refresh();
     /// Record source and Refresh in one.
     bool Open(std::string_view query);
+    /// Reads some thousand rows of the query's table ahead, so that a later Open has less to do; true when
+    /// there may be more to read. The record set stays what it is.
+    bool ReadPiece(std::string_view query) const;
     /// The record set of the last Refresh; empty before the first.
     RecordSet& Recordset() { return records_; }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <deque>
+#include <limits>
+#include <optional>
 #include <utility>
 
 #include "base/Text.h"
@@ -17,12 +19,16 @@ using ports::DatabaseError;
 // After a failed write, this many ends of handlers at most pass before the next try: about a second of
 // playing.
 constexpr int kLongestPause = 31;
+// Read in one or two milliseconds.
+constexpr std::size_t kRowsOfPiece = 4096;
+constexpr std::size_t kAllRows = std::numeric_limits<std::size_t>::max();
 
 struct TableImage {
     explicit TableImage(const ports::TableLayout& layout) : table(layout) {}
 
     Table table;
     bool is_loaded = false;
+    std::optional<std::int64_t> last_read;  // of the rows that are read so far
 };
 
 std::string Sentence(std::string_view file, const ports::DatabaseResult& result, bool writing) {
@@ -115,15 +121,25 @@ Stores::Store* Stores::StoreAt(std::string_view path) {
     return &store;
 }
 
-Table* Stores::TableOf(std::string_view path, std::string_view name) {
+Stores::TablePlace Stores::PlaceOf(std::string_view path, std::string_view name) {
     Store* const store = StoreAt(path);
-    if (store == nullptr) return nullptr;
+    if (store == nullptr) return {};
     for (std::size_t i = 0; i < store->images.size(); ++i) {
-        TableImage& image = store->images[i];
-        if (!base::EqualIgnoringCase(image.table.Layout().name, name)) continue;
-        return image.is_loaded || Load(*store, i) ? &image.table : nullptr;
+        if (base::EqualIgnoringCase(store->images[i].table.Layout().name, name)) return {store, i};
     }
-    return nullptr;
+    return {};
+}
+
+Table* Stores::TableOf(std::string_view path, std::string_view name) {
+    const TablePlace place = PlaceOf(path, name);
+    if (place.store == nullptr) return nullptr;
+    const bool is_there = Read(*place.store, place.table, kAllRows) == Reading::Done;
+    return is_there ? &place.store->images[place.table].table : nullptr;
+}
+
+bool Stores::ReadPiece(std::string_view path, std::string_view name) {
+    const TablePlace place = PlaceOf(path, name);
+    return place.store != nullptr && Read(*place.store, place.table, kRowsOfPiece) == Reading::More;
 }
 
 bool Stores::IsOpen(Store& store, int wait_milliseconds) {
@@ -134,21 +150,27 @@ bool Stores::IsOpen(Store& store, int wait_milliseconds) {
     return store.file != nullptr;
 }
 
-bool Stores::Load(Store& store, std::size_t table) {
-    if (!IsOpen(store, store.Waiting())) return false;
+Stores::Reading Stores::Read(Store& store, std::size_t table, std::size_t most) {
     TableImage& image = store.images[table];
-    const auto sink = [&image](std::int64_t row, std::span<const std::string_view> values) {
+    if (image.is_loaded) return Reading::Done;
+    if (!IsOpen(store, store.Waiting())) return Reading::Failed;
+    std::size_t came = 0;
+    const auto sink = [&image, &came](std::int64_t row, std::span<const std::string_view> values) {
         image.table.Load(row, values);
+        image.last_read = row;
+        ++came;
     };
-    const ports::DatabaseResult result = store.file->ReadTable(table, sink);
-    image.is_loaded = result.Ok();
-    if (result.Ok()) {
-        if (!store.HasChanges()) store.Recover();
-        return true;
+    const auto result = store.file->ReadRows(table, {.after = image.last_read, .most = most}, sink);
+    if (!result.Ok()) {
+        image.table.Clear();
+        image.last_read.reset();
+        Tell(store, result, false);
+        return Reading::Failed;
     }
-    image.table.Clear();
-    Tell(store, result, false);
-    return false;
+    if (came == most) return Reading::More;
+    image.is_loaded = true;
+    if (!store.HasChanges()) store.Recover();
+    return Reading::Done;
 }
 
 void Stores::CommitAtHandlerEnd() {

@@ -7,6 +7,7 @@
 // again at the ends of later handlers; the listener is notified of every trouble once.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -41,6 +42,9 @@ public:
     /// at the first call. Null when there is no such table, or the file cannot be read. Stays in place as
     /// long as the stores.
     Table* TableOf(std::string_view path, std::string_view name);
+    /// Reads some thousand rows more of a table that is not read yet; true when there may be more of them.
+    /// Whoever asks for the table before it is read gets the rest at once.
+    bool ReadPiece(std::string_view path, std::string_view name);
 
     /// Writes every change now. False when a file could not be written; its changes are kept.
     bool CommitAll();
@@ -52,10 +56,16 @@ public:
 
 private:
     struct Store;
+    enum class Reading { More, Done, Failed };
+    struct TablePlace {
+        Store* store = nullptr;
+        std::size_t table = 0;
+    };
 
     Store* StoreAt(std::string_view path);
+    TablePlace PlaceOf(std::string_view path, std::string_view name);
     bool IsOpen(Store& store, int wait_milliseconds);
-    bool Load(Store& store, std::size_t table);
+    Reading Read(Store& store, std::size_t table, std::size_t most);
     void CommitAtHandlerEnd();
     bool Commit(Store& store, int wait_milliseconds);
     void Tell(Store& store, const ports::DatabaseResult& result, bool writing);

@@ -13,7 +13,7 @@ namespace window {
 /// One entry: how deep it is (0 is the menu bar), which it is, and its caption ("-" is a separator).
 struct MenuRow {
     int depth;
-    controls::Menu WindowMenu::*entry;
+    controls::Menu WindowMenu::* entry;
     std::string_view caption;
 };
 

@@ -1,10 +1,12 @@
 #include "platform/sqlite/SqliteStoreFile.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <fstream>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -51,7 +53,7 @@ std::string ReadSql(const ports::TableLayout& table) {
     std::string fields = "rowid";
     for (const ports::FieldLayout& field : table.fields)
         fields += ", " + Quoted(field.name);
-    return "SELECT " + fields + " FROM " + Quoted(table.name) + " ORDER BY rowid";
+    return "SELECT " + fields + " FROM " + Quoted(table.name) + " WHERE rowid >= ?1 ORDER BY rowid LIMIT ?2";
 }
 
 }  // namespace
@@ -108,17 +110,27 @@ DatabaseResult SqliteStoreFile::CheckTables(sqlite3* connection) const {
     return {};
 }
 
-DatabaseResult SqliteStoreFile::ReadTable(std::size_t table, const ports::RowSink& sink) {
+DatabaseResult SqliteStoreFile::ReadRows(std::size_t table, const ports::RowPiece& piece,
+                                         const ports::RowSink& sink) {
+    using Number = std::numeric_limits<std::int64_t>;
+    if (piece.after == Number::max()) return {};
     const ports::TableLayout& layout = layout_.tables[table];
     const Statement statement = Prepare(connection_.get(), ReadSql(layout));
     if (statement == nullptr) return LastError(connection_.get());
+    const std::int64_t first = piece.after ? *piece.after + 1 : Number::min();
+    const auto most = static_cast<std::int64_t>(std::min<std::uint64_t>(piece.most, Number::max()));
+    sqlite3_bind_int64(statement.get(), 1, first);
+    sqlite3_bind_int64(statement.get(), 2, most);
     std::vector<std::string_view> values(layout.fields.size());
     int code = SQLITE_OK;
     while ((code = sqlite3_step(statement.get())) == SQLITE_ROW) {
         for (std::size_t i = 0; i < values.size(); ++i) {
             values[i] = ColumnText(statement.get(), static_cast<int>(i) + 1);
         }
-        sink(sqlite3_column_int64(statement.get(), 0), values);
+        const std::int64_t row = sqlite3_column_int64(statement.get(), 0);
+        // Whoever reads piece by piece would meet the rows of a damaged table again and again.
+        if (row < first) return {DatabaseError::Damaged, "rows out of order"};
+        sink(row, values);
     }
     return code == SQLITE_DONE ? DatabaseResult{} : LastError(connection_.get());
 }

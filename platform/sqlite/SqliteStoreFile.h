@@ -25,7 +25,8 @@ public:
     ports::DatabaseResult Open(int wait_milliseconds);
 
     // ports::StoreFile
-    ports::DatabaseResult ReadTable(std::size_t table, const ports::RowSink& sink) override;
+    ports::DatabaseResult ReadRows(std::size_t table, const ports::RowPiece& piece,
+                                   const ports::RowSink& sink) override;
     ports::DatabaseResult Apply(const ports::NextChange& changes, int wait_milliseconds) override;
 
 private:

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -81,6 +82,28 @@ TYPED_TEST_P(DatabaseContract, InsertedRowsAreReadInTheOrderOfTheirNumbers) {
     EXPECT_TRUE(result.Ok()) << result.text;
     EXPECT_EQ(Read(*file, this->kSongs), (std::vector<ReadRow>{{3, {"1", "Ann", "One", "C:\\1", "0"}},
                                                                {7, {"2", "Bob", "Two", "C:\\2", "5"}}}));
+}
+
+TYPED_TEST_P(DatabaseContract, RowsAreReadInPiecesToo) {
+    const auto file = this->OpenNew();
+    for (const std::int64_t row : {std::numeric_limits<std::int64_t>::min(), std::int64_t{-5},
+                                   std::int64_t{3}, std::numeric_limits<std::int64_t>::max()}) {
+        Apply(*file, {this->InsertSong(row, {"1", "", "", "", ""})});
+    }
+    const auto numbers = [&](const ports::RowPiece& piece) {
+        std::vector<std::int64_t> rows;
+        const auto result = file->ReadRows(this->kSongs, piece,
+                                           [&rows](std::int64_t number, auto) { rows.push_back(number); });
+        EXPECT_TRUE(result.Ok()) << result.text;
+        return rows;
+    };
+    using Numbers = std::vector<std::int64_t>;
+
+    EXPECT_EQ(numbers({.after = {}, .most = 2}), (Numbers{std::numeric_limits<std::int64_t>::min(), -5}));
+    EXPECT_EQ(numbers({.after = -5, .most = 1}), (Numbers{3}));
+    EXPECT_EQ(numbers({.after = -4}), (Numbers{3, std::numeric_limits<std::int64_t>::max()}));
+    EXPECT_EQ(numbers({.after = std::numeric_limits<std::int64_t>::max()}), (Numbers{}));
+    EXPECT_EQ(numbers({.after = {}, .most = 0}), (Numbers{}));
 }
 
 TYPED_TEST_P(DatabaseContract, ChangesOutlastTheOpening) {
@@ -212,7 +235,7 @@ TYPED_TEST_P(DatabaseContract, AWriteToAFileThatWasTakenAwayIsTold) {
 
 REGISTER_TYPED_TEST_SUITE_P(
     DatabaseContract, AFreshStoreHasItsTablesWithoutRows, InsertedRowsAreReadInTheOrderOfTheirNumbers,
-    ChangesOutlastTheOpening, EmptyValuesComeBackEmpty, TextsComeBackByteForByte,
+    RowsAreReadInPiecesToo, ChangesOutlastTheOpening, EmptyValuesComeBackEmpty, TextsComeBackByteForByte,
     UpdatesAndDeletesTouchOnlyTheirRow, AnUpdateOfARowThatIsGoneInsertsItAndADeleteOfOneDoesNothing,
     ATableWithoutNamedFieldsCountsItsRows, TwoRowsMayHaveTheSameKey, AMissingFileIsToldAndNotMade,
     AFolderInItsPlaceIsTold, AFileThatIsNoDatabaseIsTold, AFileWithOtherTablesIsTold,

@@ -46,7 +46,7 @@ inline ports::DatabaseResult Apply(ports::StoreFile& file, const std::vector<Cha
 inline std::vector<ReadRow> Read(ports::StoreFile& file, std::size_t table) {
     std::vector<ReadRow> rows;
     const auto result =
-        file.ReadTable(table, [&rows](std::int64_t number, std::span<const std::string_view> values) {
+        file.ReadRows(table, {}, [&rows](std::int64_t number, std::span<const std::string_view> values) {
             rows.push_back({number, Row(values.begin(), values.end())});
         });
     EXPECT_TRUE(result.Ok()) << result.text;

@@ -38,7 +38,7 @@ private:
 INSTANTIATE_TYPED_TEST_SUITE_P(Linux, KeptTextsContract, FileBench);
 
 mode_t ModeOf(const fs::path& path) {
-    struct stat found {};
+    struct stat found{};
     EXPECT_EQ(::stat(path.c_str(), &found), 0) << path;
     return found.st_mode & 07777U;
 }

@@ -28,15 +28,20 @@ class FakeDatabase::OpenFile final : public ports::StoreFile {
 public:
     OpenFile(FakeDatabase& owner, std::string_view path) : owner_(owner), path_(path) {}
 
-    DatabaseResult ReadTable(std::size_t table, const ports::RowSink& sink) override {
+    DatabaseResult ReadRows(std::size_t table, const ports::RowPiece& piece,
+                            const ports::RowSink& sink) override {
         File* const file = Find();
         if (file == nullptr) return Failed(DatabaseError::Missing);
         if (file->read_error != DatabaseError::None) return Failed(file->read_error);
+        const Table& rows = file->tables[table];
         std::vector<std::string_view> values;
-        for (const auto& [number, row] : file->tables[table]) {
-            values.assign(row.begin(), row.end());
-            sink(number, values);
+        std::size_t given = 0;
+        for (auto row = piece.after ? rows.upper_bound(*piece.after) : rows.begin();
+             row != rows.end() && given < piece.most; ++row, ++given) {
+            values.assign(row->second.begin(), row->second.end());
+            sink(row->first, values);
         }
+        owner_.RowsRead += given;
         return {};
     }
 

@@ -1,6 +1,7 @@
 // Database files that live in memory, outlast their openings, and fail when a test says so.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -36,7 +37,8 @@ public:
     ports::OpenedStore Open(std::string_view path, const ports::StoreLayout& layout,
                             int wait_milliseconds) override;
 
-    int Opens = 0;      ///< files opened
+    int Opens = 0;  ///< files opened
+    std::size_t RowsRead = 0;
     int Commits = 0;    ///< transactions that were kept
     int Attempts = 0;   ///< transactions that were tried
     int LastWait = -1;  ///< milliseconds that the last opening or transaction would have waited

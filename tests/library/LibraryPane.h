@@ -47,7 +47,7 @@ struct RecordingNeighbours final : roles::Start,
                                    roles::Highlights,
                                    roles::MediaKeys,
                                    library::LibraryListener {
-    bool IsLoading() const override { return false; }
+    bool IsLoading() const override { return Loading; }
     void SetStage(std::string_view stage) override { Remember("stage ", stage); }
     bool IsOver() const override { return Over; }
     void LoadFavs() override { Remember("favourites", ""); }
@@ -82,6 +82,7 @@ struct RecordingNeighbours final : roles::Start,
 
     std::vector<std::string> Calls;
     std::function<void()> OnHistory;
+    bool Loading = false;
     bool Over = false;
     std::function<void()> OnUndo;
     int RemoveKeys = 0;

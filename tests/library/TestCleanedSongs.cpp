@@ -52,6 +52,29 @@ TEST_F(CleanedSongsTest, ATextIsFoundAtEveryPlaceOfALongRow) {
     EXPECT_EQ(Search(SearchField::Title, "xyz").size(), 200U);
 }
 
+// Rows of every length around that of the steps in which the texts are searched.
+TEST_F(CleanedSongsTest, ATextOfAnyLengthIsFoundWhereverItIs) {
+    constexpr std::string_view kLetters = "qqqr";
+    std::minstd_rand random(7);
+    for (const std::string wanted : {"r", "rr", "rqr", "rqqr", "qqqqqqqqqqqq", "rqqqqqr"}) {
+        const store::Bookmark first = Songs().EndOfBookmarks();
+        Rows expected;
+        for (std::size_t length = 0; length < 200; ++length) {
+            std::string title(length, 'q');
+            for (char& letter : title)
+                letter = kLetters[random() / 7 % kLetters.size()];
+            if (title.find(wanted) != std::string::npos) expected.push_back(Songs().EndOfBookmarks());
+            Add("", title);
+        }
+        ASSERT_GT(expected.size(), 10U) << wanted;
+
+        Rows found = Search(SearchField::Title, wanted);
+
+        std::erase_if(found, [first](store::Bookmark row) { return row < first; });
+        EXPECT_EQ(found, expected) << wanted;
+    }
+}
+
 TEST_F(CleanedSongsTest, ATextDoesNotGoOnInTheNextRow) {
     Add("", "Back In");
     Add("", "Black");

@@ -93,6 +93,28 @@ TEST(Naming, ABracketSharesTheCapitalWithItsNeighbour) {
     EXPECT_EQ(ProperCaseWords("{live"), "{live ");
 }
 
+// Words of ASCII alone are cased byte by byte, all others character by character.
+TEST(Naming, EveryWordIsCasedAlikeWithAndWithoutOtherLetters) {
+    EXPECT_EQ(ProperCaseWords("@[`{az AZ"), "@[`{az Az ");
+    EXPECT_EQ(ProperCaseWords("ZZ\xC3\x89 zz"), "Zz\xC3\xA9 Zz ");
+    EXPECT_EQ(ProperCaseWords("(\xC3\xA9TE (eTE"), "(\xC3\x89te (Ete ");
+    EXPECT_EQ(ProperCaseWords("\xFF"
+                              "AB AB"),
+              "\xFF"
+              "ab Ab ");
+    EXPECT_EQ(ProperCaseWords("!"), "! ");
+}
+
+TEST(Naming, TheLongestNamesAreCountedInCharacters) {
+    std::string letters;
+    for (int i = 0; i < 80; ++i)
+        letters += "\xC3\xA9";
+    EXPECT_TRUE(library::FitsLibrary("C:\\a.mp3", {letters, std::string(80, 'x')}));
+    EXPECT_FALSE(library::FitsLibrary("C:\\a.mp3", {letters + "x", "x"}));
+    EXPECT_FALSE(library::FitsLibrary("C:\\a.mp3", {"x", std::string(81, 'x')}));
+    EXPECT_TRUE(library::FitsLibrary("C:\\a.mp3", {"x", std::string(80, 'x') + "   "}));
+}
+
 TEST(Naming, WordsBeyondTheFiftyFirstAreDropped) {
     std::string text;
     for (int word = 0; word < 60; ++word)

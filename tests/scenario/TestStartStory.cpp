@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
 
 #include "scenario/Program.h"
 
@@ -102,6 +105,53 @@ TEST_F(StartStory, TheStartSetsThePlayerUp) {
     EXPECT_TRUE(program.Browser().menus.mnuQuickFade.Checked());
     EXPECT_EQ(program.main_window.Known().player.MusicVolume, 100);
     EXPECT_EQ(program.main_window.Known().player.SongSpeed, 100);
+}
+
+// The tick that lists them has only the boxes to fill.
+TEST_F(StartStory, TheUsersAreReadBeforeTheTickThatListsThem) {
+    computer.AddUser("Ann", "rose");
+    Program program(computer);
+    program.main_window.Start();
+    program.desktop.EndHandler();
+    program.Wait(300);
+    const int opens = computer.database.Opens;
+    EXPECT_EQ(program.windows.login.cmbUser.ListCount(), 0);
+
+    program.Wait(300);
+
+    EXPECT_EQ(program.windows.login.cmbUser.ListCount(), 1);
+    EXPECT_EQ(computer.database.Opens, opens);
+}
+
+TEST_F(StartStory, ALoginWhileALargeLibraryIsListedFindsTheListsWhole) {
+    constexpr int kSongs = 20'000;
+    std::vector<fakes::FakeDatabase::Row> songs;
+    for (int i = 1; i <= kSongs; ++i)
+        songs.push_back({std::to_string(i), "Owl", "Song", "C:\\Music\\Owl - Song.mp3", "0"});
+    computer.database.Seed(scenario::kMediaPath, "tblSong", songs);
+    computer.AddUser("Ann", "rose");
+    Program program(computer);
+    auto& tracks = program.Browser().library.lists.lstTracks;
+    int listed = 0;
+    std::function<void()> at_each_turn = [&] {
+        listed = tracks.ListCount();
+        if (listed > 0) {
+            program.LogIn("Ann", "rose");
+        } else {
+            program.desktop.Post(at_each_turn);
+        }
+    };
+
+    program.main_window.Start();
+    program.desktop.Post(at_each_turn);
+    program.Wait(30'000);
+
+    EXPECT_GT(listed, 0);
+    EXPECT_LT(listed, kSongs);
+    EXPECT_TRUE(program.Browser().Visible());
+    EXPECT_FALSE(program.windows.activate.frmActivate.Visible());
+    EXPECT_EQ(tracks.ListCount(), kSongs);
+    EXPECT_TRUE(program.BoxTexts().empty());
 }
 
 TEST_F(StartStory, TheSplashWaitsForTheLogin) {

@@ -45,6 +45,36 @@ TEST_F(ActivateRoom, TheFirstStageLoadsTheSplashAndBringsUpTheLogin) {
     EXPECT_TRUE(boxes.Boxes.empty());
 }
 
+/// Counts the yields after a window was shown.
+class YieldsAfterShow final : private controls::ControlObserver {
+public:
+    YieldsAfterShow(controls::Form& form, const fakes::FakeDesktop& desktop)
+        : form_(form), desktop_(desktop) {
+        form_.SetObserver(this);
+    }
+    ~YieldsAfterShow() override { form_.SetObserver(nullptr); }
+
+    int Count() const { return before_ < 0 ? 0 : desktop_.Yields - before_; }
+
+private:
+    void OnPropertyChanged(controls::Control& control, controls::Property property) override {
+        if (&control == &form_ && property == controls::Property::Visible) before_ = desktop_.Yields;
+    }
+
+    controls::Form& form_;
+    const fakes::FakeDesktop& desktop_;
+    int before_ = -1;
+};
+
+// The lists that are filled next may be long.
+TEST_F(ActivateRoom, TheLoginIsSeenBeforeTheFirstStageIsOver) {
+    const YieldsAfterShow yields(login_form.frmLogin, desktop);
+
+    splash.SetStage("Media Library");
+
+    EXPECT_EQ(yields.Count(), 1);
+}
+
 TEST_F(ActivateRoom, LoadingSetsTheBarToZero) {
     activate.pbLoad.SetValue(50);
 

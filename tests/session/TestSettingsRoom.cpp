@@ -142,7 +142,7 @@ TEST_F(SettingsRoom, TheTitleScrollsUnlessTheTextIsFalse) {
 TEST_F(SettingsRoom, EachOptionHasItsFlagAndItsBox) {
     const struct {
         int id;
-        bool session::SessionOptions::*flag;
+        bool session::SessionOptions::* flag;
         controls::CheckBox* box;
     } cases[] = {{9, &session::SessionOptions::Save_Settings, &checks.chkSettings},
                  {10, &session::SessionOptions::Open_Home_Pages, &checks.chkHomePages},

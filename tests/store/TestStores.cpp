@@ -185,6 +185,64 @@ TEST_F(StoresTest, KeepNothingOfALoadThatFailed) {
     EXPECT_EQ(source_.Recordset().RecordCount(), 1U);
 }
 
+class LongTable : public StoresTest {
+protected:
+    static constexpr std::size_t kRows = 10'000;
+
+    LongTable() {
+        std::vector<FakeDatabase::Row> rows;
+        for (std::size_t i = 1; i <= kRows; ++i)
+            rows.push_back({std::to_string(i)});
+        stores_.Seed("tblSong", rows);
+    }
+};
+
+TEST_F(LongTable, IsReadInPiecesThatMakeTheWhole) {
+    std::vector<std::size_t> read;
+    do
+        read.push_back(stores_.Database.RowsRead);
+    while (source_.ReadPiece(store::kAllSongs));
+    source_.Open(store::kAllSongs);
+
+    EXPECT_GE(read.size(), 3U);
+    EXPECT_EQ(source_.Recordset().RecordCount(), kRows);
+    EXPECT_EQ(stores_.Database.RowsRead, kRows) << "no row is read twice";
+    source_.Recordset().MoveLast();
+    EXPECT_EQ(source_.Recordset().Text(tblSong::SongID), "10000");
+}
+
+TEST_F(LongTable, IsReadToItsEndForWhoNeedsItBetweenTwoPieces) {
+    source_.ReadPiece(store::kAllSongs);
+
+    source_.Open(store::kAllSongs);
+
+    EXPECT_EQ(source_.Recordset().RecordCount(), kRows);
+    EXPECT_EQ(stores_.Database.RowsRead, kRows);
+    EXPECT_FALSE(source_.ReadPiece(store::kAllSongs));
+}
+
+TEST_F(LongTable, ThatFailsAtALaterPieceIsToldOnceAndReadAgainFromTheBeginning) {
+    source_.ReadPiece(store::kAllSongs);
+    stores_.Database.FailRead(kMedia, DatabaseError::Damaged);
+    const bool more = source_.ReadPiece(store::kAllSongs);
+    const bool opened = source_.Open(store::kAllSongs);
+    stores_.Database.FailRead(kMedia, DatabaseError::None);
+
+    EXPECT_FALSE(more);
+    EXPECT_FALSE(opened);
+    EXPECT_EQ(stores_.Trouble.Troubles.size(), 1U);
+    EXPECT_TRUE(source_.Open(store::kAllSongs));
+    EXPECT_EQ(source_.Recordset().RecordCount(), kRows);
+}
+
+TEST_F(StoresTest, HaveNoPiecesOfWhatIsNoTable) {
+    store::DataSource unbound("datAdd");
+
+    EXPECT_FALSE(unbound.ReadPiece(store::kAllSongs));
+    EXPECT_FALSE(source_.ReadPiece("SELECT * from tblNothing"));
+    EXPECT_FALSE(source_.ReadPiece("nothing"));
+}
+
 TEST_F(StoresTest, TellOfAFailedWriteAtTheTimeAndKeepTheChanges) {
     stores_.Database.FailApply(kMedia, DatabaseError::DiskFull);
     AddSong("1");

@@ -225,7 +225,7 @@ TEST_F(SqliteDatabaseTest, DamageInTheMiddleIsToldWhenTheTableIsRead) {
     raw.close();
     const auto file = OpenMedia();
 
-    const auto result = file->ReadTable(kSongs, [](std::int64_t, std::span<const std::string_view>) {});
+    const auto result = file->ReadRows(kSongs, {}, [](std::int64_t, std::span<const std::string_view>) {});
 
     EXPECT_EQ(result.error, DatabaseError::Damaged);
 }

@@ -243,6 +243,7 @@ private:
         }
         EXPECT_EQ(image, songs_);
         std::vector<std::string> lines;
+        lines.reserve(songs_.size());
         for (const Song& song : songs_) {
             lines.push_back(song[0] + "|" + song[1] + "|" + song[2] + "|" + song[3] + "|" + song[4]);
         }
