@@ -1,8 +1,8 @@
 // Builds everything, in order, and runs it.
 //
 // The page engine and the media engine take a tenth of a second to load, so both come after the first window
-// has been painted: the pages as a module when the first page is wanted, the media engine in two processes of
-// its own.
+// has been painted: the pages as a module when a page is wanted or likely, the media engine in two processes
+// of its own.
 
 #include <QIcon>
 #include <QSocketNotifier>
@@ -138,6 +138,8 @@ struct Records {
         return facts;
     }
 
+    bool HasCrashedBefore() const { return log.Last().end == linux::RunLog::LastRun::End::Crashed; }
+
     linux::RunLog log;
     linux::CrashReport crash{log.Number()};
     linux::MessageTap tap;
@@ -148,8 +150,9 @@ struct Records {
 class PageEnds final {
 public:
     PageEnds(const std::function<std::string(std::string_view)>& to_native, OnTheBus& desktop,
-             const std::string& folder)
+             const std::string& folder, bool crashed_before)
         : folder_(folder),
+          crashed_before_(crashed_before),
           settings_(SettingsOfPages(to_native, desktop.notices, house_)),
           kept_(OfAllUsers()) {
         settings_.users_folder = OfAllUsers();
@@ -173,7 +176,13 @@ public:
                 [this](std::string_view user) { kept_.RemoveEngines(user); },
                 [this](std::string_view user) { kept_.Remove(user); },
                 [this] { return webengine::EngineVersion(folder_); },
-                [&files](const std::string& native) { return files.IsFolder(files.FromNative(native)); }};
+                [&files](const std::string& native) { return files.IsFolder(files.FromNative(native)); },
+                {.is_likely =
+                     [this](std::string_view user) {
+                         // Of an engine that ended the run before nothing is begun that nobody asked for.
+                         return !crashed_before_ && kept_.HasEngine(user);
+                     },
+                 .prepare = &webengine::PreparePages}};
     }
     void Know(window::MainWindow& house) { house_ = &house; }
 
@@ -183,6 +192,7 @@ private:
     }
 
     const std::string folder_;
+    const bool crashed_before_;
     window::MainWindow* house_ = nullptr;
     webengine::PageSettings settings_;
     const webengine::UserFolder kept_;
@@ -312,7 +322,7 @@ int RunProgram(const char* name, const linux::CommandLine& line) {
     OnTheBus desktop(silent_bus, wishes);
 
     window::Windows windows(files);
-    PageEnds pages(to_native, desktop, folder);
+    PageEnds pages(to_native, desktop, folder, records.HasCrashedBefore());
     qt::Screen screen(loop, pages.Options(files));
     screen.AfterFirstPaint = [&media, &desktop] {
         ShowIcon();

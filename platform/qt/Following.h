@@ -14,9 +14,14 @@ namespace qt {
 
 class Following final {
 public:
-    /// `place` is where the display has the main window, nothing when that cannot be told; `move` moves what
-    /// is below it.
-    Following(std::function<std::optional<QPoint>()> place, std::function<void(const QPoint& by)> move);
+    struct Places {
+        QPoint on_display;
+        QPoint known;  // to the toolkit
+    };
+
+    /// `places` tells where the main window is, nothing when that cannot be told; `move` moves what is below
+    /// it.
+    Following(std::function<std::optional<Places>()> places, std::function<void(const QPoint& by)> move);
 
     /// Looks regularly from now on, or no more.
     void SetOn(bool on);
@@ -25,7 +30,7 @@ public:
     void OnMoved(const QPoint& by);
 
 private:
-    std::function<std::optional<QPoint>()> place_;
+    std::function<std::optional<Places>()> places_;
     std::function<void(const QPoint& by)> move_;
     QTimer clock_;
     std::optional<QPoint> rest_;  ///< where the window was when the toolkit knew last

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "controls/Menu.h"
 #include "platform/qt/Activation.h"
@@ -99,7 +100,7 @@ protected:
         const CoveredStops covered(mirror_.stage_, mirror_.form_);
         return QWidget::focusNextPrevChild(next);
     }
-    void paintEvent(QPaintEvent* /*event*/) override { mirror_.stage_.OnFirstPaint(); }
+    void paintEvent(QPaintEvent* /*event*/) override { mirror_.stage_.OnPaint(mirror_.form_); }
 
 private:
     FormMirror& mirror_;
@@ -200,6 +201,7 @@ void FormMirror::PutOnScreen() {
 void FormMirror::ShowState() {
     if (StateOf(*window_) == form_.State() && IsFullScreen(*window_) == form_.FullScreen()) return;
     changing_state_ = true;
+    if (form_.FullScreen() && !IsFullScreen(*window_)) before_full_ = ClientRect(form_);
     Qt::WindowStates states = Qt::WindowNoState;
     // A maximised window that is minimised comes back maximised, whoever brings it back.
     if (form_.State() == WindowState::Minimised) states = window_->windowState() | Qt::WindowMinimized;
@@ -209,9 +211,13 @@ void FormMirror::ShowState() {
         window_->setMinimumSize(0, 0);
         window_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     }
+    const bool was_full = IsFullScreen(*window_);
     window_->setWindowState(states);
     changing_state_ = false;
-    if (form_.State() == WindowState::Normal && !form_.FullScreen()) put_back_.start(kPutBackMs);
+    if (form_.State() != WindowState::Normal || form_.FullScreen()) return;
+    // A slow window manager gives the old size back later than it is looked at.
+    if (was_full && !before_full_.isEmpty()) TakeClientRect(form_, std::exchange(before_full_, QRect()));
+    put_back_.start(kPutBackMs);
 }
 
 void FormMirror::FocusFirst() {
@@ -285,6 +291,11 @@ void FormMirror::LieOver(QWidget& main_window) {
     window_->windowHandle()->setTransientParent(main_window.windowHandle());
     window_->raise();
     if (form_.Border() == BorderStyle::FixedDialog) window_->activateWindow();
+}
+
+void FormMirror::OnPropertyChanged(controls::Control& control, Property property) {
+    WidgetMirror::OnPropertyChanged(control, property);
+    if (&control == &form_ && property == Property::Visible) stage_.OnComesOrGoes(form_, was_shown_);
 }
 
 void FormMirror::Apply(Property property) {

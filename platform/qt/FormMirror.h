@@ -37,6 +37,7 @@ public:
 private:
     class FormWindow;
 
+    void OnPropertyChanged(controls::Control& control, controls::Property property) override;
     void Apply(controls::Property property) override;
     void AdoptTimers(controls::Container& container);
     void FillMenuBar();
@@ -62,6 +63,7 @@ private:
     QMenuBar* menu_bar_ = nullptr;
     QTimer settle_;
     QTimer put_back_;
+    QRect before_full_;  // where the window was before it filled the screen
     bool was_shown_ = false;
     bool placing_ = false;
     bool changing_state_ = false;

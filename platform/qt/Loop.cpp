@@ -1,6 +1,7 @@
 #include "platform/qt/Loop.h"
 
 #include <QThread>
+#include <QTimer>
 #include <array>
 #include <string>
 
@@ -13,6 +14,9 @@ namespace {
 /// Less than a frame of the screen: every yield paints what changed, and ends in a durable write.
 constexpr std::chrono::milliseconds kYieldPause{10};
 constexpr std::chrono::milliseconds kLongHandler{200};
+/// More than the window manager of a busy machine takes with a window that comes; one that is never seen
+/// costs no more.
+constexpr std::chrono::milliseconds kAwaitedPaint{250};
 
 /// Qt keeps references to these for as long as it lives.
 struct Arguments {
@@ -92,13 +96,23 @@ Loop::Nested::~Nested() {
     }
 }
 
+void Loop::WaitForPaint() {
+    QTimer patience;
+    patience.setSingleShot(true);
+    QObject::connect(&patience, &QTimer::timeout, &patience, [this] { StopAwaitingPaint(); });
+    patience.start(kAwaitedPaint);
+    while (awaits_paint_ && !ending_)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
 void Loop::Yield() {
     const auto now = std::chrono::steady_clock::now();
-    if (now - last_yield_ < kYieldPause) return;
+    if (!awaits_paint_ && now - last_yield_ < kYieldPause) return;
     if (depth_ > 0 && now - handler_begin_ > kLongHandler) ShowPointer(Qt::BusyCursor);
     {
         const Nested nested(*this, Nested::Pointer::Kept);
         QCoreApplication::processEvents();
+        if (awaits_paint_) WaitForPaint();
     }
     last_yield_ = std::chrono::steady_clock::now();
 }

@@ -33,6 +33,13 @@ public:
     void AtHandlerEnd(std::function<void()> work) override { work_.push_back(std::move(work)); }
     bool IsEnding() const override { return ending_; }
 
+    /// A window has been asked for that was not seen before, and long work may follow: the next yield is not
+    /// left out, and goes on until the window is painted, or a moment has passed.
+    void AwaitPaint() { awaits_paint_ = true; }
+    /// It is painted, or goes again.
+    void StopAwaitingPaint() { awaits_paint_ = false; }
+    bool AwaitsPaint() const { return awaits_paint_; }
+
     /// What brings the screen up to date with the controls; one for the whole program.
     void SetScreenUpdate(std::function<void()> update) { update_ = std::move(update); }
 
@@ -75,6 +82,7 @@ private:
         std::optional<Nested> foreign_loop_;
     };
     void EndHandler();
+    void WaitForPaint();
     void ShowPointer(Qt::CursorShape shape);
     void HidePointer();
 
@@ -87,6 +95,7 @@ private:
     int level_ = 0;  // of the toolkit's loops, where the outermost event was delivered
     int exit_code_ = 0;
     bool in_end_ = false;
+    bool awaits_paint_ = false;
     bool ending_ = false;
 };
 

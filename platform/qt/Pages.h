@@ -1,11 +1,16 @@
 // Page engines for web browser controls.
 //
 // The engine's library takes a tenth of a second to load, so it is a module of its own that is loaded when
-// the first page is wanted, and not before the first window has been painted. Pages belong to a user, so none
-// is made while nobody is logged in.
+// a page is wanted or likely, and not before the first window has been painted. Pages belong to a user, so
+// none is made while nobody is logged in.
+//
+// For a user who has pages now and then, the engine is made ready while nothing else is to be done: the first
+// page then waits for nothing but itself.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -23,10 +28,21 @@ using PageLoader = std::function<std::unique_ptr<PageFactory>()>;
 /// Takes away what was kept for the pages of a user, without the engine.
 using PageRemover = std::function<void(std::string_view user)>;
 
+/// When and how the engine is made ready before a page is wanted.
+struct PagesAhead {
+    /// Whether a user will want pages. Left empty, nobody is known to.
+    std::function<bool(std::string_view user)> is_likely;
+    /// What can be done before the engine is loaded. May be empty.
+    std::function<void()> prepare;
+    /// How long the window has been there by then, and between two steps.
+    std::chrono::milliseconds after{2000};
+    std::chrono::milliseconds between{200};
+};
+
 /// Hands out engines; as long as it is held back it remembers who wants one.
 class Pages {
 public:
-    Pages(PageLoader loader, PageRemover forget) : loader_(std::move(loader)), forget_(std::move(forget)) {}
+    Pages(PageLoader loader, PageRemover forget, PagesAhead ahead = {});
     void Want(controls::WebBrowser& browser, QWidget& place);
     /// The window has been painted.
     void Release();
@@ -48,6 +64,10 @@ private:
     };
     void MakeThoseThatWait();
     void Load();
+    void LoadFactory();
+    void BeginUserOfFactory();
+    void ExpectPages();
+    void ComeNearer();
     void Make(controls::WebBrowser& browser, QWidget& place);
 
     struct Wanted {
@@ -60,6 +80,9 @@ private:
     std::vector<Wanted> waiting_;
     std::optional<User> user_;
     bool released_ = false;
+    bool has_begun_ = false;  // the user, for the factory
+    PagesAhead ahead_;
+    QTimer next_step_;
 };
 
 }  // namespace qt

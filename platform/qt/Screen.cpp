@@ -68,11 +68,14 @@ Screen::Screen(Loop& loop, ScreenOptions options)
     : loop_(loop),
       options_(std::move(options)),
       pictures_(QString::fromStdString(options_.ProgramFolder)),
-      pages_(options_.LoadPages, options_.ForgetVisitsOf),
+      pages_(options_.LoadPages, options_.ForgetVisitsOf, options_.Ahead),
       following_(
-          [this] {
+          [this]() -> std::optional<Following::Places> {
               const QWidget* main_window = MainWindow();
-              return main_window != nullptr ? PlaceOnDisplay(*main_window) : std::nullopt;
+              if (main_window == nullptr) return std::nullopt;
+              const std::optional<QPoint> place = PlaceOnDisplay(*main_window);
+              if (!place) return std::nullopt;
+              return Following::Places{.on_display = *place, .known = main_window->geometry().topLeft()};
           },
           [this](const QPoint& by) { MovePictures(by); }) {
     loop_.SetScreenUpdate([this] { CatchUp(); });
@@ -83,6 +86,7 @@ Screen::Screen(Loop& loop, ScreenOptions options)
 
 Screen::~Screen() {
     loop_.SetScreenUpdate({});
+    StopAwaiting();
     // Windows own the widgets of all others, whose mirrors must not hear of their end.
     for (auto& [control, mirror] : mirrors_) {
         if (mirror->Widget() != nullptr) mirror->Widget()->removeEventFilter(mirror.get());
@@ -178,6 +182,23 @@ void Screen::CatchUpLater(Mirror& mirror) {
     changed_.push_back(&mirror);
 }
 
+// A window without a frame shows a picture or says that work is being done; nobody waits for those, nor for
+// what lies beneath others.
+void Screen::OnComesOrGoes(const controls::Form& form, bool was_shown) {
+    if (!form.Visible()) {
+        if (awaited_ == &form) StopAwaiting();
+        return;
+    }
+    if (was_shown || form.Border() == controls::BorderStyle::None || IsBeneath(form)) return;
+    awaited_ = &form;
+    loop_.AwaitPaint();
+}
+
+void Screen::StopAwaiting() {
+    awaited_ = nullptr;
+    loop_.StopAwaitingPaint();
+}
+
 // A mirror that catches up may raise events (a window that is shown moves to its place), which change other
 // controls.
 void Screen::CatchUp() {
@@ -193,6 +214,7 @@ void Screen::CatchUp() {
     if (std::exchange(has_newcomers_, false)) OrderTabsAgain();
     SayWhatIsSeen();
     ApplyShape();
+    if (!forms_.empty()) full_page_.Settle(forms_.front()->Window());
     catching_up_ = false;
 }
 
@@ -297,7 +319,8 @@ QWidget* Screen::MainWindow() const {
     return window->isVisible() && !window->isMinimized() ? window : nullptr;
 }
 
-void Screen::OnFirstPaint() {
+void Screen::OnPaint(const controls::Form& form) {
+    if (awaited_ == &form) StopAwaiting();
     if (painted_) return;
     painted_ = true;
     idle_.start(kBreathMs);

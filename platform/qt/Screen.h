@@ -16,6 +16,7 @@
 
 #include "controls/Form.h"
 #include "platform/qt/Following.h"
+#include "platform/qt/FullPage.h"
 #include "platform/qt/Loop.h"
 #include "platform/qt/Pages.h"
 #include "platform/qt/Pictures.h"
@@ -41,6 +42,8 @@ struct ScreenOptions {
     std::function<std::string()> PageEngineVersion;
     /// A native path, in bytes, is a folder's. Left empty, the system is asked.
     std::function<bool(const std::string&)> IsFolder;
+    /// Left empty, the engine is loaded by the first page.
+    PagesAhead Ahead;
 };
 
 class Screen final : public ports::PageEngine, private Stage {
@@ -99,12 +102,14 @@ private:
     void StackPictures() override;
     void OnMainWindowMoved(const QPoint& by) override { following_.OnMoved(by); }
     std::optional<std::string> TakeUsersWish() override { return std::exchange(users_wish_, std::nullopt); }
-    void OnFirstPaint() override;
+    void OnComesOrGoes(const controls::Form& form, bool was_shown) override;
+    void OnPaint(const controls::Form& form) override;
     void SetMenuPlace(std::optional<QPoint> place) override { menu_place_ = place; }
     std::optional<QPoint> MenuPlace() const override { return menu_place_; }
     void OnPressed(controls::Control& window) override;
     void OnActivated(controls::Form& form) override;
 
+    void StopAwaiting();
     std::unique_ptr<Mirror> MakeMirror(controls::Control& control, QWidget* container);
     std::vector<controls::WebBrowser*> Browsers() const;
     void RealiseNext();
@@ -124,10 +129,12 @@ private:
     std::uint64_t changes_ = 0;
     std::vector<const controls::Container*> cover_moved_in_;
     controls::Form* active_ = nullptr;
+    const controls::Form* awaited_ = nullptr;  // that has been asked for, and is not painted yet
     std::optional<QRegion> shape_;
     std::optional<QPoint> menu_place_;
     std::optional<std::string> users_wish_;
     Following following_;
+    FullPage full_page_{*this};
     QTimer idle_;
     QTimer release_;
     bool painted_ = false;

@@ -18,7 +18,7 @@ enum class Kind { Locked, Open, Broken };
 struct Sign {
     std::string_view name;
     Kind kind;
-    QRgb skin::ColourSet::*colour;
+    QRgb skin::ColourSet::* colour;
     const char* words;
 };
 

@@ -55,7 +55,10 @@ public:
     virtual void OnMainWindowMoved(const QPoint& by) = 0;
     /// The start-up id of the user's wish to see this program; once, by the window that comes to the front.
     virtual std::optional<std::string> TakeUsersWish() = 0;
-    virtual void OnFirstPaint() = 0;
+    /// The window is asked for, or sent away; it has been on the screen before, or not.
+    virtual void OnComesOrGoes(const controls::Form& form, bool was_shown) = 0;
+    /// The window is being painted.
+    virtual void OnPaint(const controls::Form& form) = 0;
     /// Where a menu goes that the next handler asks for; without a place, to the pointer.
     virtual void SetMenuPlace(std::optional<QPoint> place) = 0;
     virtual std::optional<QPoint> MenuPlace() const = 0;

@@ -150,6 +150,11 @@ void BrowserMirror::Apply(Property property) {
     if (property == Property::Value || property == Property::Visible) WantPageWhenSeen();
 }
 
+// While it lies over the whole window its place does not count.
+void BrowserMirror::Place() {
+    if (Widget()->parentWidget() != Widget()->window()) WidgetMirror::Place();
+}
+
 // A page that nobody sees costs a process; its address waits until the control is made visible.
 void BrowserMirror::WantPageWhenSeen() {
     if (browser_.Visible() && !browser_.WaitingAddress().empty()) stage_.WantPage(browser_, *Widget());

@@ -39,6 +39,7 @@ public:
 private:
     void WantPageWhenSeen();
     void Apply(controls::Property property) override;
+    void Place() override;
     bool IsUrgent(controls::Property property) const override {
         return property == controls::Property::Value;
     }

@@ -218,6 +218,10 @@ bool WidgetMirror::PreviewKey(const QKeyEvent& event) {
     auto* form = dynamic_cast<controls::Form*>(&Outermost(Mirrored()));
     bool taken = false;
     if (form != nullptr) form->KeyPreview.Raise(code, shift, taken);
+    if (!taken && form != nullptr && form->FullScreen() && shift == 0 && event.key() == Qt::Key_Escape) {
+        form->SetFullScreen(false);
+        return true;
+    }
     return taken || (shift == 0 && event.key() == Qt::Key_F10 && OpenMenuBar());
 }
 

@@ -6,9 +6,15 @@
 namespace {
 
 struct FollowingTest : testing::Test {
+    std::optional<qt::Following::Places> Places() const {
+        if (!window) return std::nullopt;
+        return qt::Following::Places{.on_display = *window, .known = known};
+    }
+
     std::optional<QPoint> window = QPoint(100, 50);
+    QPoint known{100, 50};
     QPoint picture{0, 0};
-    qt::Following following{[this] { return window; }, [this](const QPoint& by) { picture += by; }};
+    qt::Following following{[this] { return Places(); }, [this](const QPoint& by) { picture += by; }};
 };
 
 TEST_F(FollowingTest, ThePictureGoesAlongBeforeTheToolkitKnows) {
@@ -44,10 +50,23 @@ TEST_F(FollowingTest, AToolkitThatIsToldAtOnceNeedsNoLook) {
 TEST_F(FollowingTest, WhereThePlaceCannotBeToldNothingMoves) {
     window.reset();
     following.Look();
-    window = QPoint(500, 500);
+    window = known = QPoint(500, 500);
     following.Look();
 
     EXPECT_EQ(picture, QPoint(0, 0)) << "the first place that is known is where it is at rest";
+}
+
+// A song that is opened with the program cuts the hole while the window manager still places the window.
+TEST_F(FollowingTest, AWindowOnItsWayToWhereTheToolkitHasItIsNotFollowed) {
+    window = QPoint(0, 0);
+    following.Look();
+    window = QPoint(100, 51);
+    following.Look();
+    EXPECT_EQ(picture, QPoint(0, 0));
+
+    window = QPoint(110, 51);
+    following.Look();
+    EXPECT_EQ(picture, QPoint(10, 0));
 }
 
 TEST_F(FollowingTest, ItLooksByItselfWhileItIsOn) {

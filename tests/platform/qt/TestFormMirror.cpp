@@ -9,6 +9,7 @@
 #include "controls/Label.h"
 #include "controls/Menu.h"
 #include "controls/TextBox.h"
+#include "platform/qt/Geometry.h"
 #include "platform/qt/QtBench.h"
 
 namespace {
@@ -215,6 +216,20 @@ TEST_F(FormMirrorTest, TheFullScreenIsFilledAndLeftWithTheStateBefore) {
 
     EXPECT_TRUE(qt_tests::WaitFor([&] { return !Window(desk)->isFullScreen(); }));
     EXPECT_EQ(desk.form.State(), controls::WindowState::Normal);
+}
+
+// A window manager that is slow gives the old size back after the window was put on its place.
+TEST_F(FormMirrorTest, AfterTheFullScreenTheWindowHasItsPlaceAtOnce) {
+    qt_tests::Desk desk;
+    const QRect before = qt::ClientRect(desk.form);
+    desk.form.SetFullScreen(true);
+    desk.screen.CatchUp();
+    ASSERT_TRUE(qt_tests::WaitFor([&] { return qt::ClientRect(desk.form) != before; }));
+
+    desk.form.SetFullScreen(false);
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(qt::ClientRect(desk.form), before);
 }
 
 TEST_F(FormMirrorTest, AWindowManagerMayEndTheFullScreen) {

@@ -6,8 +6,8 @@
 #include <QListView>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTest>
-#include <chrono>
 
 #include "controls/ComboBox.h"
 #include "controls/Label.h"
@@ -168,14 +168,13 @@ TEST_F(ListMirrorTest, DeleteComesAsAKey) {
 
 TEST_F(ListMirrorTest, AMillionRowsAddedTouchTheScreenOnce) {
     qt_tests::Desk desk(list_);
-    const auto start = std::chrono::steady_clock::now();
+    const QSignalSpy refills(desk.Find<QListView>(list_)->model(), &QAbstractItemModel::modelReset);
 
     for (int i = 0; i < 1'000'000; ++i)
         list_.AddItem("A row");
     desk.screen.CatchUp();
-    desk.Find(list_)->grab();
 
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+    EXPECT_EQ(refills.count(), 1);
     EXPECT_EQ(desk.Find<QListView>(list_)->model()->rowCount(), 1'000'004);
 }
 
@@ -198,14 +197,14 @@ TEST(HiddenList, RowsThatComeOneByOneCostTheScreenNothing) {
     controls::ListBox list("lstHidden", controls::Sorted::Yes);
     list.SetVisible(false);
     qt_tests::Desk desk(list);
-    const auto start = std::chrono::steady_clock::now();
+    const QSignalSpy refills(desk.Find<QListView>(list)->model(), &QAbstractItemModel::modelReset);
 
     for (int i = 0; i < 100'000; ++i) {
         list.AddItem("Row " + std::to_string(i * 7919 % 100'000));
         if (i % 100 == 0) desk.screen.CatchUp();
     }
 
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    EXPECT_EQ(refills.count(), 0);
     EXPECT_EQ(list.ListCount(), 100'000);
 }
 

@@ -61,14 +61,43 @@ TEST(Loop, WorkAtTheEndOfAHandlerRunsOnceWhenTheOutermostEventIsOver) {
     EXPECT_EQ(order, (std::vector<int>{1, 2, 3, 9}));
 }
 
-TEST(Loop, ManyYieldsCostNextToNothing) {
+TEST(Loop, OfManyYieldsOneInTenMillisecondsGivesATurn) {
     qt::Loop& loop = qt_tests::TheLoop();
+    int turns = 0;
+    QTimer each_turn;
+    QObject::connect(&each_turn, &QTimer::timeout, &each_turn, [&turns] { ++turns; });
+    each_turn.start(0);
     const auto start = std::chrono::steady_clock::now();
 
     for (int i = 0; i < 100'000; ++i)
         loop.Yield();
 
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(500));
+    const auto taken = std::chrono::steady_clock::now() - start;
+    EXPECT_LE(turns, taken / std::chrono::milliseconds(10) + 1);
+}
+
+TEST(Loop, AYieldGoesOnUntilTheAwaitedPaint) {
+    qt::Loop& loop = qt_tests::TheLoop();
+    const QObject while_it_waits;
+    bool is_painted = false;
+    QTimer::singleShot(5, &while_it_waits, [&] {
+        is_painted = true;
+        loop.StopAwaitingPaint();
+    });
+
+    loop.AwaitPaint();
+    loop.Yield();
+
+    EXPECT_TRUE(is_painted);
+}
+
+TEST(Loop, AYieldDoesNotWaitForEverForAPaintThatNeverComes) {
+    qt::Loop& loop = qt_tests::TheLoop();
+
+    loop.AwaitPaint();
+    loop.Yield();
+
+    EXPECT_FALSE(loop.AwaitsPaint());
 }
 
 TEST(Loop, AHandlerInsideAYieldEndsWithItsOwnWork) {

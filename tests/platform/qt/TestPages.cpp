@@ -3,10 +3,13 @@
 #include <QDialog>
 #include <QKeyEvent>
 #include <QTest>
+#include <chrono>
 
 #include "platform/qt/QtBench.h"
 
 namespace {
+
+using namespace std::chrono_literals;
 
 class NullPage final : public ports::BrowserControl {
 public:
@@ -173,6 +176,16 @@ TEST_F(PagesTest, ASecondLoginOfTheSameUserChangesNothing) {
     EXPECT_EQ(factory_->Pages.size(), 1U);
 }
 
+TEST_F(PagesTest, ALoginOfSomebodyElseIsToldWithoutALogOut) {
+    qt_tests::Desk desk(options_, browser_);
+    Begin(desk);
+    browser_.Navigate("http://example.org/");
+
+    desk.screen.BeginUser("Bob", false);
+
+    EXPECT_EQ(factory_->Log, (std::vector<std::string>{"Begin Ann kept", "Begin Bob forgotten"}));
+}
+
 TEST_F(PagesTest, ALogOutEndsEveryPageAndForgetsThoseThatWait) {
     controls::WebBrowser waiting{"BrowserBG"};
     waiting.SetVisible(false);
@@ -196,6 +209,83 @@ TEST_F(PagesTest, ALogOutEndsEveryPageAndForgetsThoseThatWait) {
     EXPECT_EQ(factory_->Pages[0]->Addresses, std::vector<std::string>{"http://bob.example/"});
     EXPECT_EQ(waiting.Engine(), nullptr);
     EXPECT_EQ(loads_, 1);
+}
+
+TEST_F(PagesTest, ForAUserWhoWillWantPagesTheEngineIsMadeReadyStepByStep) {
+    std::vector<int> loads_at_preparation;
+    options_.Ahead = {.is_likely = [](std::string_view user) { return user == "Ann"; },
+                      .prepare = [&] { loads_at_preparation.push_back(loads_); },
+                      .after = 10ms,
+                      .between = 1ms};
+    qt_tests::Desk desk(options_, browser_);
+    Begin(desk);
+    EXPECT_EQ(loads_, 0) << "the window has the first turns";
+
+    ASSERT_TRUE(qt_tests::WaitFor([this] { return factory_ != nullptr && !factory_->Log.empty(); }));
+
+    EXPECT_EQ(loads_at_preparation, std::vector<int>{0});
+    EXPECT_EQ(factory_->Log, std::vector<std::string>{"Begin Ann kept"});
+    EXPECT_TRUE(factory_->Pages.empty());
+    browser_.Navigate("http://example.org/");
+    EXPECT_EQ(loads_, 1);
+    EXPECT_EQ(factory_->Log.size(), 1U);
+}
+
+TEST_F(PagesTest, ForAUserWhoHasHadNoPageNothingIsMadeReady) {
+    bool was_prepared = false;
+    options_.Ahead = {.is_likely = [](std::string_view user) { return user != "Ann"; },
+                      .prepare = [&was_prepared] { was_prepared = true; },
+                      .after = 1ms,
+                      .between = 1ms};
+    qt_tests::Desk desk(options_, browser_);
+    Begin(desk);
+
+    QTest::qWait(50);
+
+    EXPECT_FALSE(was_prepared);
+    EXPECT_EQ(loads_, 0);
+}
+
+TEST_F(PagesTest, APageThatComesBetweenTwoStepsTakesThoseThatAreLeft) {
+    options_.Ahead = {
+        .is_likely = [](std::string_view) { return true; }, .prepare = {}, .after = 1ms, .between = 1h};
+    qt_tests::Desk desk(options_, browser_);
+    Begin(desk);
+    ASSERT_TRUE(qt_tests::WaitFor([this] { return loads_ == 1; }));
+    EXPECT_TRUE(factory_->Log.empty());
+
+    browser_.Navigate("http://example.org/");
+
+    EXPECT_EQ(loads_, 1);
+    EXPECT_EQ(factory_->Log, std::vector<std::string>{"Begin Ann kept"});
+    EXPECT_EQ(factory_->Pages.size(), 1U);
+}
+
+TEST_F(PagesTest, VisitsForgottenBetweenTwoStepsAreThoseOfTheUser) {
+    options_.Ahead = {
+        .is_likely = [](std::string_view) { return true; }, .prepare = {}, .after = 1ms, .between = 1h};
+    qt_tests::Desk desk(options_, browser_);
+    Begin(desk);
+    ASSERT_TRUE(qt_tests::WaitFor([this] { return loads_ == 1; }));
+
+    desk.screen.ForgetVisits();
+
+    EXPECT_EQ(factory_->Log, (std::vector<std::string>{"Begin Ann kept", "Forget"}));
+}
+
+TEST_F(PagesTest, NothingIsMadeReadyForOneWhoHasLoggedOut) {
+    options_.Ahead = {.is_likely = [](std::string_view user) { return user == "Ann"; },
+                      .prepare = {},
+                      .after = 1ms,
+                      .between = 1ms};
+    qt_tests::Desk desk(options_, browser_);
+    Begin(desk);
+
+    desk.screen.EndUser();
+    desk.screen.BeginUser("Bob", true);
+    QTest::qWait(50);
+
+    EXPECT_EQ(loads_, 0);
 }
 
 TEST_F(PagesTest, PagesThatAreOpenLoadAgainOnceTheirVisitsAreForgotten) {

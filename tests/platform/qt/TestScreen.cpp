@@ -132,6 +132,67 @@ TEST(Screen, AWindowIsNotMadeForAShapeThatItHasAnyway) {
     EXPECT_EQ(screen.WidgetOf(form)->mask(), QRegion(0, 0, 10, 10));
 }
 
+// Long work may follow, and yields that are close together do nothing as a rule.
+TEST(Screen, AWindowThatComesIsPaintedWhenTheNextYieldIsOver) {
+    controls::Form form("frmA", "A");
+    form.SetContentSize(3000, 3000);
+    bool is_painted = false;
+    qt::Screen screen(qt_tests::TheLoop(), {});
+    screen.AfterFirstPaint = [&is_painted] { is_painted = true; };
+    screen.Adopt(form);
+    qt_tests::TheLoop().Yield();
+
+    form.Show();
+    EXPECT_TRUE(qt_tests::TheLoop().AwaitsPaint());
+    qt_tests::TheLoop().Yield();
+
+    EXPECT_FALSE(qt_tests::TheLoop().AwaitsPaint());
+    ASSERT_NE(screen.WidgetOf(form), nullptr);
+    EXPECT_TRUE(screen.WidgetOf(form)->isVisible());
+    EXPECT_TRUE(qt_tests::WaitFor([&] { return is_painted; }));
+}
+
+TEST(Screen, AWindowThatCameAndIsPaintedIsNotAwaitedAgain) {
+    controls::Form form("frmA", "A");
+    form.SetContentSize(3000, 3000);
+    qt::Screen screen(qt_tests::TheLoop(), {});
+    screen.Adopt(form);
+
+    form.Show();
+    screen.CatchUp();
+    EXPECT_TRUE(qt_tests::WaitFor([] { return !qt_tests::TheLoop().AwaitsPaint(); }));
+    form.Hide();
+    screen.CatchUp();
+    form.Show();
+
+    EXPECT_FALSE(qt_tests::TheLoop().AwaitsPaint());
+}
+
+TEST(Screen, NoYieldWaitsForAWindowThatWentAgain) {
+    controls::Form form("frmA", "A");
+    qt::Screen screen(qt_tests::TheLoop(), {});
+    screen.Adopt(form);
+
+    form.Show();
+    form.Hide();
+
+    EXPECT_FALSE(qt_tests::TheLoop().AwaitsPaint());
+}
+
+TEST(Screen, NoYieldWaitsForAWindowWithoutAFrameNorForTheMainWindowBeneathIt) {
+    controls::Form form("frmA", "A");
+    controls::Form splash("frmSplash", "B", controls::BorderStyle::None);
+    splash.SetStaysInFront(true);
+    qt::Screen screen(qt_tests::TheLoop(), {});
+    screen.Adopt(form);
+    screen.Adopt(splash);
+
+    splash.Show();
+    form.Show();
+
+    EXPECT_FALSE(qt_tests::TheLoop().AwaitsPaint());
+}
+
 TEST(Screen, WhatAHandlerChangedIsOnTheScreenWhenItIsOver) {
     controls::CommandButton button("cmdA", "A");
     controls::ListBox list("lstA");
