@@ -19,8 +19,7 @@ EngineFactory::EngineFactory(PageSettings settings)
     : settings_(std::move(settings)),
       folder_(settings_.users_folder),
       downloads_(settings_),
-      download_bars_(
-          downloads_, [this] { ShowDownloads(); }, [this] { return AreaInFront(); }) {
+      download_bars_(downloads_, [this] { ShowDownloads(); }, [this] { return AreaInFront(); }) {
     downloads_.OnChange = [this] {
         if (downloads_window_ != nullptr) downloads_window_->Follow();
     };

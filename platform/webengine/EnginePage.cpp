@@ -7,10 +7,12 @@
 #include <utility>
 
 #include "base/Text.h"
+#include "platform/qt/SkinColours.h"
 #include "platform/webengine/AddressCompletion.h"
 #include "platform/webengine/ClipboardGate.h"
 #include "platform/webengine/DocumentWork.h"
 #include "platform/webengine/LimitedPage.h"
+#include "platform/webengine/MakerPages.h"
 #include "platform/webengine/PageKeys.h"
 #include "platform/webengine/PageLimits.h"
 #include "platform/webengine/SearchEngines.h"
@@ -139,7 +141,7 @@ void EnginePage::Navigate(std::string_view address) {
     on_refusal_ = completed.on_refusal;
     if (!on_refusal_.isEmpty()) patience_.start(settings_.patience_with_https);
     if (asked_.isValid()) {
-        page_->load(asked_);
+        Load(asked_);
         return;
     }
     const QUrl shown(QString::fromUtf8(address.data(), static_cast<qsizetype>(address.size())));
@@ -195,7 +197,14 @@ bool EnginePage::TakeKey(int key_code, int shift) {
 void EnginePage::TryAgain() {
     if (view_ == nullptr || !asked_.isValid()) return;
     Begin();
-    page_->load(asked_);
+    Load(asked_);
+}
+
+// What is empty is white until the first document is painted, and the maker's pages are not.
+void EnginePage::Load(const QUrl& address) {
+    if (location_.isEmpty() && IsOfMaker(address))
+        page_->setBackgroundColor(QColor(qt::skin::Colours().ground));
+    page_->load(address);
 }
 
 // The user, or the program for one, sends the page somewhere.
@@ -237,8 +246,7 @@ void EnginePage::WorkOnDocument(std::string_view host, const std::vector<ports::
 void EnginePage::OnFrame(const QUrl& url) {
     // The engine shows a PDF in frames of its own.
     const QString scheme = url.scheme();
-    if (scheme != QLatin1String("about") && scheme != QLatin1String("chrome-extension"))
-        frames_.push_back(url);
+    if (scheme != QLatin1String("about") && scheme != QLatin1String("chrome-extension")) frames_.Add(url);
 }
 
 // The engine says nothing of a navigation that the page was not left for.
@@ -278,11 +286,12 @@ void EnginePage::OnLoading(const QWebEngineLoadingInfo& info) {
         case QWebEngineLoadingInfo::LoadStartedStatus:
             busy_ = true;
             commit_told_ = false;
-            frames_.clear();
+            frames_.Begin();
             break;
         case QWebEngineLoadingInfo::LoadStoppedStatus:
             // Replaced by another one, or it became a download.
             busy_ = false;
+            frames_.Drop();
             break;
         case QWebEngineLoadingInfo::LoadSucceededStatus:
             Arrive();
@@ -396,7 +405,7 @@ void EnginePage::TellInside() {
 // A page that was discarded is loaded again to be seen: it never was away, so no visit is told.
 bool EnginePage::IsBackAgain() {
     if (!std::exchange(waking_, false) || page_->url() != location_) return false;
-    frames_.clear();
+    frames_.Drop();
     commit_told_ = true;
     if (!IsStandInTitle(page_->title(), location_) && ShortTitle(page_->title()) != title_) titles_.Act();
     return true;
@@ -413,8 +422,7 @@ void EnginePage::Arrive() {
 }
 
 void EnginePage::TellArrivals() {
-    const std::vector<QUrl> frames = std::move(frames_);
-    frames_.clear();
+    const std::vector<QUrl> frames = frames_.Take();
     for (const QUrl& frame : frames) {
         if (listener_ != nullptr) listener_->OnNavigateComplete(frame.toEncoded().toStdString());
     }
@@ -429,7 +437,7 @@ void EnginePage::Fail(const QUrl& url, int code) {
     busy_ = false;
     walking_history_ = false;
     waking_ = false;
-    frames_.clear();
+    frames_.Drop();
     if (code != kRendererGone) chrome_->OnFailed(url, code, !location_.isEmpty());
     if (code != kBadAddress && code != kRendererGone) asked_ = url;
     if (listener_ != nullptr) listener_->OnNavigateError(url.toEncoded().toStdString(), code);

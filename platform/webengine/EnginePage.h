@@ -21,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/webengine/ArrivingFrames.h"
 #include "platform/webengine/NoticePage.h"
 #include "platform/webengine/Pace.h"
 #include "platform/webengine/PageBars.h"
@@ -77,6 +78,7 @@ public:
 private:
     void MakeChrome(SiteChoices& choices);
     void GoTo(const QUrl& address);
+    void Load(const QUrl& address);
     void ConnectPage(QWebEngineProfile& profile);
     void WatchUser();
     void OnWindowClosing();
@@ -117,7 +119,7 @@ private:
     QUrl location_;
     QUrl told_;
     QString title_;
-    std::vector<QUrl> frames_;
+    ArrivingFrames frames_;
     QUrl asked_;
     QUrl on_refusal_;  // asked for where asked_ is refused
     int serial_ = 0;

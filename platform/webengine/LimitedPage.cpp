@@ -9,6 +9,7 @@
 #include <QtGlobal>
 
 #include "platform/webengine/EnginePage.h"
+#include "platform/webengine/MakerPages.h"
 #include "platform/webengine/PasswordBox.h"
 
 namespace webengine {
@@ -64,6 +65,8 @@ void LimitedPage::OpenWindow(QWebEngineNewWindowRequest& request) {
 
 bool LimitedPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool is_main_frame) {
     if (is_main_frame) {
+        // Sites rely on it where they choose no colour.
+        if (!IsOfMaker(url)) setBackgroundColor(Qt::white);
         owner_.OnNavigation(type);
     } else {
         owner_.OnFrame(url);

@@ -27,6 +27,10 @@ QByteArray MakerScheme() {
     return QByteArrayLiteral("brindlepost");
 }
 
+bool IsOfMaker(const QUrl& address) {
+    return address.scheme().toLatin1() == MakerScheme();
+}
+
 void RegisterMakerScheme() {
     if (!QWebEngineUrlScheme::schemeByName(MakerScheme()).name().isEmpty()) return;
     QWebEngineUrlScheme scheme(MakerScheme());

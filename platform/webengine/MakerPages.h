@@ -14,6 +14,8 @@ namespace webengine {
 /// The name of the scheme.
 QByteArray MakerScheme();
 
+bool IsOfMaker(const QUrl& address);
+
 /// Makes the scheme known; to be called once, before the first profile.
 void RegisterMakerScheme();
 

@@ -56,8 +56,7 @@ private:
                          [&tools = tools_, act = std::move(act)] { act(tools); });
     }
     void Add(const QString& words, Page::WebAction web_action, bool enabled = true) {
-        Add(
-            words, [web_action](PageTools& tools) { tools.Act(web_action); }, enabled);
+        Add(words, [web_action](PageTools& tools) { tools.Act(web_action); }, enabled);
     }
 
     void AddLink() {
@@ -121,16 +120,14 @@ private:
                 [word](PageTools& tools) { tools.Page().Page().replaceMisspelledWord(word); });
         }
         if (suggestions.isEmpty())
-            Add(
-                Text("No other spelling is known"), [](PageTools& /*tools*/) {}, false);
+            Add(Text("No other spelling is known"), [](PageTools& /*tools*/) {}, false);
         menu_.addSeparator();
     }
 
     void AddPage() {
         Page& page = tools_.Page().Page();
         const QUrl address = page.url();
-        Add(
-            Text("Back"), [](PageTools& tools) { tools.Page().GoBack(); }, page.history()->canGoBack());
+        Add(Text("Back"), [](PageTools& tools) { tools.Page().GoBack(); }, page.history()->canGoBack());
         Add(
             Text("Forward"), [](PageTools& tools) { tools.Page().GoForward(); },
             page.history()->canGoForward());

@@ -92,6 +92,10 @@ std::string EngineVersion(const std::string& folder) {
     return version != nullptr ? version() : "";
 }
 
+void PreparePages() {
+    if (WhyNoPages().empty()) MakeSharedContext();
+}
+
 std::unique_ptr<qt::PageFactory> LoadPages(const std::string& folder, const PageSettings& settings) {
     const std::string reason = WhyNoPages();
     if (!reason.empty()) return std::make_unique<NoticeFactory>(reason);

@@ -1,8 +1,8 @@
 // The border between the program and the page engine.
 //
 // The engine is big: linking it costs the start of the program a tenth of a second and more. So it lives in a
-// module of its own, "brindlepost_pages.so", which is loaded when the first page is wanted, and so is OpenGL,
-// which the windows themselves do not draw with.
+// module of its own, "brindlepost_pages.so", which is loaded when a page is wanted or likely, and so is
+// OpenGL, which the windows themselves do not draw with.
 #pragma once
 
 #include <memory>
@@ -19,6 +19,10 @@ namespace webengine {
 std::string WhyNoPages();
 /// The same for a process of which that much is known.
 std::string WhyNoPages(bool is_root, bool has_user_namespaces);
+
+/// Makes what the engine will draw with, which is the longest step of LoadPages that needs no engine. Nothing
+/// where no page can be shown.
+void PreparePages();
 
 /// Loads the module that lies in `folder`. Before that it puts the program's own engine flags in the place of
 /// whatever the environment holds, so that it cannot open a debugging port, start programs or switch the

@@ -1,7 +1,5 @@
 #include "platform/webengine/PageRest.h"
 
-#include <malloc.h>
-
 #include <QPointer>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineScript>
@@ -32,21 +30,15 @@ constexpr const char* kIsFilledIn = R"((() => {
     return false;
 })())";
 
-/// A page's pictures are in this process, and what it sent faster than it was read waited here. The allocator
-/// keeps what is freed of them.
-void GiveMemoryBack() {
-#ifdef __GLIBC__
-    malloc_trim(0);
-#endif
-}
-
 }  // namespace
 
 RestHouse::RestHouse(RestTimes times) : times_(times) {
     connect(&look_, &QTimer::timeout, this, [this] { Look(); });
     look_.start(std::clamp(std::min(times_.covered, times_.closed) / 8, kLooksAtLeast, kLooksAtMost));
     give_back_.setSingleShot(true);
-    connect(&give_back_, &QTimer::timeout, this, [] { GiveMemoryBack(); });
+    connect(&give_back_, &QTimer::timeout, this, [this] { spare_.GiveBack(); });
+    connect(&look_at_spare_, &QTimer::timeout, this, [this] { spare_.Look(); });
+    look_at_spare_.start(times_.spare);
 }
 
 std::vector<PageRest*> RestHouse::Unseen(PageSeen seen) const {

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "platform/webengine/PageSettings.h"
+#include "platform/webengine/SpareMemory.h"
 #include "ports/BrowserControl.h"
 
 namespace webengine {
@@ -38,6 +39,8 @@ private:
     RestTimes times_;
     QTimer look_;
     QTimer give_back_;
+    QTimer look_at_spare_;
+    SpareMemory spare_{SystemAllocator()};
     std::vector<PageRest*> pages_;
 };
 

@@ -25,6 +25,8 @@ struct RestTimes {
     std::size_t most_closed = 5;
     /// What the last discarded page leaves is freed by threads of the engine within this time.
     std::chrono::milliseconds clearing_up{std::chrono::seconds(5)};
+    /// How often memory is looked for that was freed and is kept. Each look takes some milliseconds.
+    std::chrono::milliseconds spare{std::chrono::minutes(1)};
 };
 
 struct PageSettings {

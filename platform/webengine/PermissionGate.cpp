@@ -99,7 +99,7 @@ void PermissionGate::Tell(const QUrl& origin, Ability ability, Verdict verdict) 
             permission.reset();
             continue;
         }
-        told_.emplace_back(OriginOf(origin), ability);
+        told_.emplace(OriginOf(origin), ability);
         if (verdict == Verdict::Allow) {
             permission.grant();
         } else {
@@ -132,7 +132,7 @@ void PermissionGate::Tell(const QUrl& origin, Ability ability, Verdict verdict) 
                             : verdict == Verdict::Deny ? QWebEnginePage::PermissionDeniedByUser
                                                        : QWebEnginePage::PermissionUnknown;
         page_.setFeaturePermission(origin, kind.kind, policy);
-        if (IsRemembered(ability) && verdict != Verdict::Ask) told_.emplace_back(OriginOf(origin), ability);
+        if (IsRemembered(ability) && verdict != Verdict::Ask) told_.emplace(OriginOf(origin), ability);
     }
 }
 

@@ -5,8 +5,8 @@
 
 #include <QUrl>
 #include <QWebEnginePage>
+#include <set>
 #include <utility>
-#include <vector>
 
 #include "platform/webengine/SiteChoices.h"
 #include "platform/webengine/SiteQuestions.h"
@@ -28,7 +28,7 @@ private:
     QWebEnginePage& page_;
     SiteChoices& choices_;
     SiteQuestions questions_;
-    std::vector<std::pair<QString, Ability>> told_;  // what the engine remembers of this page's sites
+    std::set<std::pair<QString, Ability>> told_;  // what the engine remembers of this page's sites
 };
 
 }  // namespace webengine

@@ -19,7 +19,7 @@ constexpr const char* kOrigin = "brindlepost://settings";
 
 struct Switch {
     const char* name;
-    bool GeneralChoices::*choice;
+    bool GeneralChoices::* choice;
 };
 
 constexpr Switch kSwitches[] = {

@@ -1,6 +1,7 @@
 #include "platform/webengine/SharedContext.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QOpenGLContext>
 #include <QSurfaceFormat>
 
@@ -12,6 +13,16 @@ QT_END_NAMESPACE
 
 namespace webengine {
 namespace {
+
+/// The toolkit from 6.5 on warns of an attribute that comes after the application object. What it is late for
+/// is the making of the context, which is done.
+void SetAttributeOfContext() {
+    QLoggingCategory* const messages = QLoggingCategory::defaultCategory();
+    const bool warns = messages->isWarningEnabled();
+    messages->setEnabled(QtWarningMsg, false);
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    messages->setEnabled(QtWarningMsg, warns);
+}
 
 void RemoveSharedContext() {
     delete QOpenGLContext::globalShareContext();
@@ -31,7 +42,7 @@ void MakeSharedContext() {
     // The last routine that is added is the first to run, and the engine adds its own later.
     qAddPostRoutine(&RemoveSharedContext);
     // Widgets of the toolkit ask for the attribute, not for the context.
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    SetAttributeOfContext();
 }
 
 }  // namespace webengine

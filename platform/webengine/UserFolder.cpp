@@ -165,6 +165,13 @@ void UserFolder::RemoveEngines(std::string_view user) const {
     TakeAway(path / kDamaged);
 }
 
+bool UserFolder::HasEngine(std::string_view user) const {
+    if (all_users_.empty() || user.empty()) return false;
+    const std::vector<fs::path> engines = EnginesIn(Of(user));
+    std::error_code error;
+    return !engines.empty() && fs::is_directory(engines.back(), error);
+}
+
 // The one with the highest number is the last one begun; the others were given up, and stay so as long as
 // files take their places.
 void UserFolder::ChooseEngine() {

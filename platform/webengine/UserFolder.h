@@ -29,6 +29,8 @@ public:
     void RenewEngine();
     /// Takes away what engines kept for a user who is not logged in, or has no engine.
     void RemoveEngines(std::string_view user) const;
+    /// An engine has kept something for a user and was not given up since.
+    bool HasEngine(std::string_view user) const;
     /// Takes away what an earlier user of that name left.
     void Remove(std::string_view user) const;
 

@@ -21,7 +21,8 @@ constexpr webengine::RestTimes kRest{.covered = std::chrono::milliseconds(400),
                                      .closed = std::chrono::milliseconds(1500),
                                      .most_covered = 1,
                                      .most_closed = 2,
-                                     .clearing_up = std::chrono::milliseconds(100)};
+                                     .clearing_up = std::chrono::milliseconds(100),
+                                     .spare = std::chrono::milliseconds(100)};
 
 QTemporaryDir& Downloads() {
     static QTemporaryDir folder;

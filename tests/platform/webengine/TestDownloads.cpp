@@ -109,9 +109,8 @@ TEST_F(Downloads, TwoOfOneNameAtTheSameTimeAreTwoFiles) {
 
     ASSERT_TRUE(WaitFor(
         [&] { return world.Server().Asked("/a/same.bin") + world.Server().Asked("/b/same.bin") == 2; }));
-    EXPECT_TRUE(WaitFor([&] {
-        return Files() == QStringList({"same (1).bin", "same.bin"});
-    })) << Files().join(' ').toStdString();
+    EXPECT_TRUE(WaitFor([&] { return Files() == QStringList({"same (1).bin", "same.bin"}); }))
+        << Files().join(' ').toStdString();
     QList<QByteArray> texts{TextOf("same.bin"), TextOf("same (1).bin")};
     std::sort(texts.begin(), texts.end());
     EXPECT_EQ(texts, (QList<QByteArray>{"first", "second"}));

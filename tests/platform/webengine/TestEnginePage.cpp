@@ -1,54 +1,27 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QColorDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QKeyEvent>
-#include <QOpenGLContext>
 #include <QThread>
 #include <QTimer>
-#include <QWindow>
 
-#include "platform/webengine/EngineWorld.h"
+#include "platform/qt/SkinColours.h"
+#include "platform/webengine/EnginePageBench.h"
 #include "platform/webengine/NoticePage.h"
 
 namespace {
 
-using webengine_tests::EngineWorld;
+using webengine_tests::EnginePage;
 using webengine_tests::WaitFor;
 
-/// How often a window was kept from its user by a modal one.
-class BlockCount final : public QObject {
-public:
-    int Blocked = 0;
-    int Freed = 0;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::WindowBlocked) ++Blocked;
-        if (event->type() == QEvent::WindowUnblocked) ++Freed;
-        return QObject::eventFilter(watched, event);
+QColor BackgroundOf(webengine_tests::EngineWorld& world) {
+    const QList<QObject*> all = world.Window().findChildren<QObject*>();
+    for (const QObject* object : all) {
+        if (object->inherits("QWebEnginePage")) return object->property("backgroundColor").value<QColor>();
     }
-};
-
-class EnginePage : public testing::Test {
-protected:
-    EnginePage() { world.Browser().SetListener(&heard); }
-    ~EnginePage() override { world.Browser().SetListener(nullptr); }
-
-    bool Arrive(const std::string& address) {
-        const std::size_t before = heard.Completed.size();
-        world.Browser().Navigate(address);
-        return WaitFor([&] { return heard.Completed.size() > before && !world.Browser().Busy(); });
-    }
-    void Serve(const char* path, const QByteArray& body) { world.Server().Pages[path] = {body}; }
-    int Asked(const char* path) { return world.Server().Asked(path); }
-
-    EngineWorld world;
-    contracts::Listener heard{world.Browser()};
-};
+    return {};
+}
 
 TEST_F(EnginePage, TheMakersPagesAreInsideTheProgram) {
     const std::pair<const char*, const char*> pages[] = {
@@ -83,6 +56,30 @@ TEST_F(EnginePage, AnUnknownPageOfTheMakerFails) {
     world.Browser().Navigate("brindlepost://start/secret");
 
     EXPECT_TRUE(WaitFor([&] { return !heard.Failed.empty(); }));
+}
+
+TEST_F(EnginePage, APageOfTheMakerHasItsColourBeforeItIsPaintedAndASiteHasWhite) {
+    const QColor ground(qt::skin::Colours().ground);
+    Serve("/site", "<title>Site</title>");
+
+    world.Browser().Navigate("brindlepost://start/");
+    EXPECT_EQ(BackgroundOf(world), ground);
+    ASSERT_TRUE(WaitFor([&] { return !world.Browser().Busy(); }));
+    EXPECT_EQ(BackgroundOf(world), ground);
+
+    ASSERT_TRUE(Arrive(world.Site + "/site"));
+    EXPECT_EQ(BackgroundOf(world), QColor(Qt::white));
+
+    // What is there already is not painted over by another colour.
+    world.Browser().Navigate("brindlepost://start/");
+    EXPECT_EQ(BackgroundOf(world), QColor(Qt::white));
+}
+
+TEST_F(EnginePage, APageThatFindsASiteInsteadOfTheMakersPageIsWhite) {
+    world.Browser().Navigate("brindlepost://start/");
+    world.Browser().Navigate(world.Site + "/site");
+
+    EXPECT_TRUE(WaitFor([&] { return BackgroundOf(world) == QColor(Qt::white); }));
 }
 
 TEST_F(EnginePage, AFailedNavigationKeepsTheDocumentAlive) {
@@ -234,54 +231,6 @@ TEST_F(EnginePage, ALocalPageCannotReadOtherLocalFiles) {
         << world.Browser().LocationName();
 }
 
-TEST_F(EnginePage, APageOpensOnlySoManyWindows) {
-    Serve("/flood",
-          "<title>Flood</title><script>for (let i = 0; i < 60; ++i) window.open('/other');"
-          "document.title = 'Done'</script>");
-
-    ASSERT_TRUE(Arrive(world.Site + "/flood"));
-
-    EXPECT_EQ(heard.Windows, 20);
-    EXPECT_EQ(world.Browser().LocationName(), "Done");
-}
-
-TEST_F(EnginePage, AWindowThatTheUserClicksForOpensThoughThePageMayOpenNoMore) {
-    Serve("/flood",
-          "<title>Flood</title><body><script>for (let i = 0; i < 60; ++i) window.open('/other');"
-          "document.onmousedown = () => { for (let i = 0; i < 60; ++i) window.open('/other') };"
-          "document.onmouseup = () => { document.title = 'Clicked' };"
-          "requestAnimationFrame(() => requestAnimationFrame(() => { document.title = 'Drawn' }))</script>");
-    ASSERT_TRUE(Arrive(world.Site + "/flood"));
-    ASSERT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Drawn"; }));
-    ASSERT_EQ(heard.Windows, 20);
-
-    ASSERT_TRUE(world.PressInPage());
-    ASSERT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Clicked"; }));
-
-    // The one that was clicked for, and the page's own twenty that a click gives it again.
-    EXPECT_EQ(heard.Windows - 20, 1 + 20);
-}
-
-TEST_F(EnginePage, AScriptThatNeverEndsLeavesTheProgramRunning) {
-    Serve("/endless", "<title>Endless</title><script>setTimeout(() => { for (;;); }, 0)</script>");
-    ASSERT_TRUE(Arrive(world.Site + "/endless"));
-
-    world.Browser().Navigate("brindlepost://start/");
-
-    EXPECT_TRUE(WaitFor([&] { return world.Browser().LocationName() == "Start page"; }));
-}
-
-TEST_F(EnginePage, BoxesOfAPageThatIsNotShownAreAnsweredWithNo) {
-    Serve("/asks",
-          "<title>Asks</title><script>let n = 0; for (let i = 0; i < 50; ++i) { alert(i);"
-          "if (!confirm(i)) ++n; } document.title = 'answered ' + n</script>");
-    world.Window().hide();
-
-    ASSERT_TRUE(Arrive(world.Site + "/asks"));
-
-    EXPECT_EQ(world.Browser().LocationName(), "answered 50");
-}
-
 TEST_F(EnginePage, ADownloadEndsInItsFolderUnderACleanName) {
     world.Server().Pages["/file"] = {
         "words",
@@ -332,71 +281,6 @@ TEST_F(EnginePage, ABadAddressFailsOnlyAsLongAsNoOtherWasAskedFor) {
     EXPECT_TRUE(heard.Failed.empty());
 }
 
-TEST_F(EnginePage, APageThatLoadsItselfOverAndOverAsksOnlySoOften) {
-    Serve("/nag",
-          "<title>Nag</title><script>if (!confirm('again?')) fetch('/no'); "
-          "setTimeout(() => location.reload(), 10)</script>");
-    int boxes = 0;
-    QTimer closer;
-    QObject::connect(&closer, &QTimer::timeout, &closer, [&boxes] {
-        QWidget* box = QApplication::activeModalWidget();
-        if (box == nullptr) return;
-        ++boxes;
-        box->close();
-    });
-    closer.start(10);
-
-    world.Browser().Navigate(world.Site + "/nag");
-
-    EXPECT_TRUE(WaitFor([&] { return Asked("/no") >= 8; }));
-    EXPECT_EQ(boxes, 3);
-}
-
-TEST_F(EnginePage, APressInThePageLetsItAskAgain) {
-    Serve(
-        "/nag",
-        "<title>Nag</title><script>setInterval(() => { if (!confirm('again?')) fetch('/no') }, 10)</script>");
-    int boxes = 0;
-    QTimer closer;
-    QObject::connect(&closer, &QTimer::timeout, &closer, [&boxes] {
-        QWidget* box = QApplication::activeModalWidget();
-        if (box == nullptr) return;
-        ++boxes;
-        box->close();
-    });
-    closer.start(10);
-    world.Browser().Navigate(world.Site + "/nag");
-    ASSERT_TRUE(WaitFor([&] { return Asked("/no") >= 8; }));
-    ASSERT_EQ(boxes, 3);
-
-    ASSERT_TRUE(world.PressInPage());
-
-    EXPECT_TRUE(WaitFor([&] { return boxes == 6; }));
-}
-
-TEST_F(EnginePage, EscapeDoesNotLetAPageAskAgain) {
-    Serve(
-        "/nag",
-        "<title>Nag</title><script>setInterval(() => { if (!confirm('again?')) fetch('/no') }, 10)</script>");
-    int boxes = 0;
-    QTimer closer;
-    QObject::connect(&closer, &QTimer::timeout, &closer, [&boxes] {
-        if (QWidget* box = QApplication::activeModalWidget(); box != nullptr) ++boxes, box->close();
-    });
-    closer.start(10);
-    world.Browser().Navigate(world.Site + "/nag");
-    ASSERT_TRUE(WaitFor([&] { return Asked("/no") >= 8; }));
-
-    const int refused = Asked("/no");
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-    for (QWidget* widget : world.Window().findChildren<QWidget*>()) {
-        if (widget->inherits("QWebEngineView")) QApplication::sendEvent(widget->focusProxy(), &press);
-    }
-
-    ASSERT_TRUE(WaitFor([&] { return Asked("/no") > refused + 8; }));
-    EXPECT_EQ(boxes, 3);
-}
-
 TEST_F(EnginePage, AHostThatSwallowsWhatIsEncryptedIsSoonAskedWithout) {
     webengine_tests::Net().Swallowing = "swallowing.example";
     QElapsedTimer clock;
@@ -420,75 +304,6 @@ TEST_F(EnginePage, AHostThatWasAskedForOnHttpsIsNeverAskedWithout) {
 
     EXPECT_TRUE(world.Browser().Busy());
     EXPECT_FALSE(webengine_tests::Net().Addresses().contains("http://silent.example/plain"));
-}
-
-TEST_F(EnginePage, ColourChoosersPassTheLimitOfBoxes) {
-    Serve("/colours",
-          "<title>Colours</title><script>setInterval(() => { const i = document.createElement('input');"
-          "i.type = 'color'; document.body.append(i); i.click(); fetch('/tick') }, 30)</script>");
-    int choosers = 0;
-    QTimer closer;
-    QObject::connect(&closer, &QTimer::timeout, &closer, [&choosers] {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            auto* chooser = qobject_cast<QColorDialog*>(window);
-            if (chooser == nullptr || !chooser->isVisible() ||
-                chooser->testAttribute(Qt::WA_DontShowOnScreen))
-                continue;
-            ++choosers;
-            chooser->reject();
-        }
-    });
-    closer.start(5);
-    BlockCount blocks;
-    world.Window().windowHandle()->installEventFilter(&blocks);
-    world.Browser().Navigate(world.Site + "/colours");
-
-    ASSERT_TRUE(WaitFor([&] { return Asked("/tick") >= 30; }));
-    EXPECT_LE(choosers, 3);
-    EXPECT_LE(blocks.Blocked, 3) << "the window takes clicks as if there was none";
-    EXPECT_EQ(blocks.Blocked, blocks.Freed);
-}
-
-TEST_F(EnginePage, AWindowThatClosesItselfIsTold) {
-    Serve("/shuts", "<title>Shuts</title><script>setTimeout(close, 100)</script>");
-    Serve("/opens", "<title>Opens</title><script>window.open('/shuts')</script>");
-    contracts::Listener other_heard(world.Other());
-    world.Other().SetListener(&other_heard);
-    heard.ForWindow = &world.Other();
-
-    ASSERT_TRUE(Arrive(world.Site + "/opens"));
-
-    EXPECT_TRUE(WaitFor([&] { return other_heard.Closings == 1; }));
-    EXPECT_EQ(heard.Closings, 0);
-    world.Other().SetListener(nullptr);
-}
-
-TEST_F(EnginePage, ATabOfTheUserIsNotClosedByItsPage) {
-    Serve("/shuts",
-          "<title>Shuts</title><script>setTimeout(close, 50); setTimeout(() => fetch('/tick'), 300)"
-          "</script>");
-
-    ASSERT_TRUE(Arrive(world.Site + "/shuts"));
-
-    WaitFor([&] { return Asked("/tick") > 0 || heard.Closings > 0; });
-    EXPECT_EQ(heard.Closings, 0);
-}
-
-TEST_F(EnginePage, AWindowThatBecameOnlyADownloadIsToldToClose) {
-    world.Server().Pages["/packed"] = {"words",
-                                       "Content-Type: application/octet-stream\r\n"
-                                       "Content-Disposition: attachment; filename=\"packed.bin\"\r\n"};
-    Serve("/opens", "<title>Opens</title><script>window.open('/packed')</script>");
-    contracts::Listener other_heard(world.Other());
-    world.Other().SetListener(&other_heard);
-    heard.ForWindow = &world.Other();
-
-    ASSERT_TRUE(Arrive(world.Site + "/opens"));
-
-    EXPECT_TRUE(WaitFor([&] { return other_heard.Closings == 1; }));
-    EXPECT_EQ(heard.Closings, 0);
-    world.Other().SetListener(nullptr);
-    QFile::remove(webengine_tests::DownloadFolder() + "/packed.bin");
 }
 
 TEST_F(EnginePage, APageThatDiesBeforeItShowsAnythingLeavesANotice) {
@@ -528,87 +343,6 @@ TEST_F(EnginePage, TheEnvironmentCannotChangeTheEngine) {
     EXPECT_EQ(qgetenv("QTWEBENGINE_REMOTE_DEBUGGING"), QByteArray());
     EXPECT_EQ(qgetenv("QTWEBENGINE_DISABLE_SANDBOX"), QByteArray());
     EXPECT_FALSE(qgetenv("QTWEBENGINE_CHROMIUM_FLAGS").contains("renderer-cmd-prefix"));
-}
-
-/// Two users, one after the other, on one site.
-class EngineFactory : public testing::Test {
-protected:
-    EngineFactory() {
-        server.Pages["/in"] = {"<title>In</title>in",
-                               "Content-Type: text/html\r\nSet-Cookie: who=ann; Max-Age=3600\r\n"};
-        server.Pages["/there"] = {"<title>There</title>there"};
-        server.Pages["/beat"] = {"beat"};
-        server.Pages["/store"] = {
-            "<title>Store</title><script>localStorage.setItem('who', 'ann');"
-            "document.title = 'stored'</script>"};
-        server.Pages["/read"] = {"<script>document.title = 'found ' + localStorage.getItem('who')</script>"};
-        server.Pages["/alive"] = {
-            "<title>Alive</title><script>setInterval(() => fetch('/beat'), 20)</script>"};
-        window.show();
-    }
-
-    /// A page that a user opens, until it has arrived under a title.
-    bool Open(const char* path, const std::string& title) {
-        page = webengine_tests::Factory().MakePage(control, &window);
-        page->Navigate(server.Address() + path);
-        return WaitFor([&] { return page->LocationName() == title; });
-    }
-
-    webengine_tests::PageServer server;
-    QWidget window;
-    controls::WebBrowser control{"Browser"};
-    ports::BrowserControl* page = nullptr;
-};
-
-TEST_F(EngineFactory, TheNextUserHasNoCookieOfTheOneBefore) {
-    ASSERT_TRUE(Open("/in", "In"));
-    ASSERT_TRUE(Open("/there", "There"));
-    ASSERT_TRUE(server.LastRequest().contains("who=ann")) << "the same user is known";
-
-    webengine_tests::Factory().ForgetVisits();
-
-    ASSERT_TRUE(Open("/there", "There"));
-    EXPECT_FALSE(server.LastRequest().contains("who=ann"));
-}
-
-TEST_F(EngineFactory, TheNextUserFindsNothingThatPagesStored) {
-    ASSERT_TRUE(Open("/store", "stored"));
-    ASSERT_TRUE(Open("/read", "found ann"));
-
-    webengine_tests::Factory().ForgetVisits();
-
-    EXPECT_TRUE(Open("/read", "found null"));
-}
-
-TEST_F(EngineFactory, PagesThatNobodyCanCloseAnyMoreGoWithTheirUser) {
-    ASSERT_TRUE(Open("/alive", "Alive"));
-    ASSERT_TRUE(WaitFor([&] { return server.Asked("/beat") > 2; }));
-
-    webengine_tests::Factory().ForgetVisits();
-
-    ASSERT_TRUE(Open("/there", "There"));
-    const int beats = server.Asked("/beat");
-    ASSERT_TRUE(Open("/in", "In"));
-    EXPECT_EQ(server.Asked("/beat"), beats);
-    EXPECT_TRUE(Open("/there", "There"));
-    EXPECT_TRUE(server.LastRequest().contains("who=ann")) << "cookies work again";
-}
-
-TEST(PageModule, TellsTheEnginesVersionAndPatchLevel) {
-    const std::string version = webengine::EngineVersion(BRINDLEPOST_PAGES_DIR);
-
-    EXPECT_EQ(version.find("Qt WebEngine 6."), 0U) << version;
-    EXPECT_NE(version.find(", Chromium "), std::string::npos) << version;
-    EXPECT_NE(version.find(", security patches up to "), std::string::npos) << version;
-    EXPECT_EQ(webengine::EngineVersion("/nowhere"), "");
-}
-
-// As the engine is loaded it looks for the context, and says so where there is none.
-TEST(PageModule, HasAContextToShareAsSoonAsItIsLoaded) {
-    ASSERT_FALSE(webengine::EngineVersion(BRINDLEPOST_PAGES_DIR).empty());
-
-    EXPECT_NE(QOpenGLContext::globalShareContext(), nullptr);
-    EXPECT_TRUE(QCoreApplication::testAttribute(Qt::AA_ShareOpenGLContexts));
 }
 
 }  // namespace

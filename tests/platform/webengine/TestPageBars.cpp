@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTest>
 
 #include "platform/webengine/EngineWorld.h"
 
@@ -23,7 +24,8 @@ protected:
         page->setFocusPolicy(Qt::StrongFocus);
         bars.SetPage(page);
         window.show();
-        QApplication::setActiveWindow(&window);
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
     QWidget& Page() { return *bars.findChild<QWidget*>("page"); }
     static void Settle() { QApplication::processEvents(); }

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 #include <QWheelEvent>
 #include <set>
 
@@ -35,7 +36,8 @@ protected:
         world.Browser().SetListener(&heard);
         // The screen has the area fill its place.
         Bars().setGeometry(world.Window().rect());
-        QApplication::setActiveWindow(&world.Window());
+        world.Window().activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&world.Window()));
     }
     ~PageChrome() override { world.Browser().SetListener(nullptr); }
 

@@ -268,6 +268,8 @@ TEST_F(PageRest, ACoveredPageThatMindsBeingLeftAsksNobodyAndIsNotBusyForEver) {
           "'stay' }; onmousedown = () => document.title = 'Pressed'</script>");
     ASSERT_TRUE(Arrive(world.Browser(), "/minds"));
     ASSERT_TRUE(WaitFor([&] { return world.PressInPage() && world.Browser().LocationName() == "Pressed"; }));
+    // The engine hears of the press on another way than of the title.
+    RunFor(300);
     world.Browser().SetSeen(PageSeen::Covered);
 
     world.Browser().Navigate(world.Site + "/plain");
@@ -307,6 +309,17 @@ TEST_F(PageRest, APageThatIsLongCoveredIsDiscardedAndLoadedAgainWhenItIsSeen) {
     const int beats = Asked("/beat");
     world.Browser().SetSeen(PageSeen::InFront);
     EXPECT_TRUE(WaitFor([&] { return Asked("/beat") > beats; }));
+}
+
+TEST_F(PageRest, WhatWasFreedIsGivenBackWhereNoPageIsDiscarded) {
+    constexpr int kAtLeast = 60;
+    ASSERT_TRUE(Arrive(world.Browser(), "/alive"));
+    std::vector<std::unique_ptr<char[]>> kept;
+    ASSERT_GT(LeaveHoles(kept), kAtLeast);
+    const int full = Resident();
+
+    EXPECT_TRUE(WaitFor([&] { return Resident() < full - kAtLeast; })) << Resident() << " of " << full;
+    EXPECT_EQ(StateOf(0), kActive);
 }
 
 TEST_F(PageRest, WhatWasFreedIsGivenBackAfterACoveredPageIsDiscarded) {

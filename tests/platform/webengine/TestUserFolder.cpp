@@ -16,7 +16,7 @@ class UserFolder : public testing::Test {
 protected:
     static void Write(const fs::path& path, const std::string& text) { std::ofstream(path) << text; }
     static mode_t ModeOf(const fs::path& path) {
-        struct stat found {};
+        struct stat found{};
         EXPECT_EQ(::stat(path.c_str(), &found), 0) << path;
         return found.st_mode & 07777U;
     }
@@ -133,6 +133,19 @@ TEST_F(UserFolder, TheEngineNeverGetsAFolderThatItHadGivenUp) {
     folder.Begin("Ann", true);
     EXPECT_NE(folder.Engine(), renewed);
     EXPECT_NE(folder.Engine(), before);
+}
+
+TEST_F(UserFolder, TellsWhoHasHadAnEngine) {
+    EXPECT_FALSE(folder.HasEngine("Ann"));
+    folder.Begin("Ann", true);
+    folder.Begin("Bob", false);
+
+    EXPECT_TRUE(folder.HasEngine("Ann"));
+    EXPECT_FALSE(folder.HasEngine("Bob"));
+    EXPECT_FALSE(folder.HasEngine(""));
+    folder.RemoveEngines("Ann");
+    EXPECT_FALSE(folder.HasEngine("Ann"));
+    EXPECT_FALSE(webengine::UserFolder("").HasEngine("Ann"));
 }
 
 TEST_F(UserFolder, ADamagedStoreIsSetAsideAndTheEngineBeginsAgain) {

@@ -212,7 +212,7 @@ TEST_F(UserPages, NobodyElseCanLookIntoTheFolderAndNoVisitedLinksAreLeft) {
     ASSERT_TRUE(Open("/in", "In"));
     Factory().EndUser();
 
-    struct stat found {};
+    struct stat found{};
     ASSERT_EQ(::stat(QFile::encodeName(UsersFolder()).constData(), &found), 0);
     EXPECT_EQ(found.st_mode & 07777U, 0700U);
     EXPECT_TRUE(WaitFor([] { return Files().filter("Visited Links").isEmpty(); }));
