@@ -69,7 +69,7 @@ TEST(FadeRoom, RaisesTheIncomingSongToMusicVolumeOnly) {
 }
 
 struct RampCase {
-    controls::Menu player::PlayerMenu::*entry;
+    controls::Menu player::PlayerMenu::* entry;
     int tick_ms;
     int ramp_ms;  ///< of the fifty ticks
 };
@@ -220,7 +220,7 @@ TEST(FadeRoom, NeverEndsWhileTheIncomingAliasIsClosed) {
 }
 
 struct Choice {
-    controls::Menu player::PlayerMenu::*entry;
+    controls::Menu player::PlayerMenu::* entry;
     int interval;
     int seconds;
     double left;
@@ -355,7 +355,7 @@ TEST(FadeRoom, ReleaseKeepsTheSecondsAndRightPopsUpTheMenu) {
 }
 
 struct Popup {
-    controls::Menu player::PlayerMenu::*entry;
+    controls::Menu player::PlayerMenu::* entry;
     int seconds;
 };
 

@@ -32,7 +32,7 @@ TEST(PanningRoom, AChoiceRestartsTheSweepAtTheRight) {
 }
 
 struct Choice {
-    controls::Menu player::PlayerMenu::*entry;
+    controls::Menu player::PlayerMenu::* entry;
     int interval;
     bool runs;
     Texts sent;

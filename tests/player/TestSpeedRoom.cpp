@@ -67,7 +67,7 @@ TEST(SpeedRoom, TheSpeedBeyondTheEndIsTheOneThatIsKept) {
 
 TEST(SpeedRoom, EachMenuEntrySendsTheMarkerAndItsCentre) {
     struct Case {
-        controls::Menu player::PlayerMenu::*entry;
+        controls::Menu player::PlayerMenu::* entry;
         double from;
         const char* sent;
         double left;

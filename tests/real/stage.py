@@ -24,6 +24,7 @@ import traceback
 
 SAMPLE_RATE = 44100
 NOBODY = "65534"
+LIST_PATIENCE = 10.0      # seconds, with a list that changes while it is read
 
 
 class StageError(Exception):
@@ -32,8 +33,8 @@ class StageError(Exception):
 
 # What the stage needs out of a build folder.
 KIT = ["app/Brindlepost", "platform/decoder/brindlepost-media", "platform/linux/brindlepost-files", "platform/webengine/*.so",
-       "images/*.png", "images/*.bmp", "stores/*.mdb", "bench/bare_window", "bench/bare_pages", "tests/real/drag_source",
-       "tests/real/damage/damage_files"]
+       "images/*.png", "images/*.bmp", "stores/*.mdb", "bench/bare_window", "bench/bare_pages", "bench/libstamps.so",
+       "tests/real/drag_source", "tests/real/damage/damage_files"]
 
 
 def become_unprivileged(build):
@@ -621,9 +622,20 @@ class Eyes:
 
     def rows(self, name):
         """The texts of a list's rows, top to bottom; of a list that changes meanwhile, those that are left."""
-        shown = self.find(name, "list")
+        return self._look_at_list(name, self._texts_of_rows)
+
+    def row_rect(self, name, row):
+        return self._look_at_list(name, lambda shown: self.rect(shown.get_child_at_index(row)))
+
+    def _texts_of_rows(self, shown):
         rows = [shown.get_child_at_index(index) for index in range(shown.get_child_count())]
         return [row.get_name() for row in rows if row is not None]
 
-    def row_rect(self, name, row):
-        return self.rect(self.find(name, "list").get_child_at_index(row))
+    def _look_at_list(self, name, look):
+        """What `look` makes of a list. A list or a row that goes away meanwhile is looked for again."""
+        def try_once():
+            try:
+                return [look(self.find(name, "list"))]
+            except (self._gone, AttributeError):
+                return None     # a row that is not there yet, or no more, is None
+        return wait_for(f"a look at the list '{name}'", try_once, LIST_PATIENCE)[0]

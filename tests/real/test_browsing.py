@@ -94,9 +94,9 @@ class Browsing:
         self.in_front("Second page")
         self.click_into_page("Second page")
         self.stage.key("ctrl+shift+Tab")
-        self.in_front("First page")
         wait_for("the list of tabs", lambda: self.eyes.shows("Tabs", "list"))
         self.picture("walking-tabs")
+        self.in_front("First page")
         wait_for("the list to go", lambda: not self.eyes.shows("Tabs", "list"))
 
     def the_page_in_front_is_loaded_again(self):

@@ -1,17 +1,14 @@
 """High contrast that the desktop's portal asks for, and takes back, while the program runs: `test_contrast.py BUILD_FOLDER`."""
 
 import sys
-import threading
 
-import gi
+from gi.repository import GLib
 
 import stage as stages
+from bus_peers import BusPeer
 from house import MAIN, House
 from stage import Stage, wait_for
 from story import check_equal
-
-gi.require_version("Gio", "2.0")
-from gi.repository import Gio, GLib  # noqa: E402
 
 PORTAL = "org.freedesktop.portal.Desktop"
 PATH = "/org/freedesktop/portal/desktop"
@@ -23,28 +20,15 @@ BLACK = (0, 0, 0)
 GROUND = (0x1D, 0x19, 0x16)
 
 
-class Portal:
-    """Answers on a thread of its own while the test waits."""
+class Portal(BusPeer):
+    """The desktop's settings, of which it has the contrast only."""
 
     def __init__(self, address, contrast):
         self.contrast = contrast
-        self._context = GLib.MainContext()
-        self._loop = GLib.MainLoop.new(self._context, False)
-        self._ready = threading.Event()
-        self._thread = threading.Thread(target=self._run, args=(address,), daemon=True)
-        self._thread.start()
-        self._ready.wait(10)
+        super().__init__(address)
 
-    def _run(self, address):
-        self._context.push_thread_default()
-        flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
-        self.bus = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
-        self.bus.set_exit_on_close(False)
-        self.bus.register_object(PATH, Gio.DBusNodeInfo.new_for_xml(INTERFACE).interfaces[0], self._on_read, None, None)
-        self.bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
-                           GLib.Variant("(su)", (PORTAL, 4)), None, Gio.DBusCallFlags.NONE, 5000, None)
-        self._ready.set()
-        self._loop.run()
+    def _begin(self):
+        self._serve(PORTAL, PATH, INTERFACE, self._on_read)
 
     def _on_read(self, _bus, _sender, _path, _interface, _method, arguments, call):
         if arguments.unpack() != (SPACE, "contrast"):
@@ -56,10 +40,6 @@ class Portal:
         self.contrast = contrast
         told = GLib.Variant("(ssv)", (SPACE, "contrast", GLib.Variant("u", contrast)))
         self.bus.emit_signal(None, PATH, SETTINGS, "SettingChanged", told)
-
-    def close(self):
-        self._loop.quit()
-        self._thread.join(5)
 
 
 class Contrast:

@@ -1,7 +1,7 @@
 """The program without a pointer and without eyes: `test_hands.py BUILD_FOLDER [all | PART...]`.
 
-In every window each control that takes the keyboard is reached with Tab, is left again with Tab and with Shift+Tab, and has a
-role and a name for a screen reader. Sliders, lists, buttons and boxes are worked with the arrow keys, the space bar and
+In every window each control that takes the keyboard and is not under a page or a panel is reached with Tab, is left again with
+Tab and with Shift+Tab, and has a role and a name for a screen reader. Sliders, lists, buttons and boxes are worked with the arrow keys, the space bar and
 Enter; what they do then is told in their value. Without `all` these are the login and the music pane; with it all windows,
 and each control looks another when it has the keyboard. Parts are those of `Walk.ALL` in `house.py`, some of them alone.
 """
@@ -20,6 +20,8 @@ ROLES = {*BUTTONS, "toggle button", "check box", "combo box", "list", "page tab"
 # Reached by arrows or through what holds them.
 INNER = {"list item", "table cell", "menu item", "check menu item", "menu", "scroll bar", "document web", "link", "popup menu",
          "entry in a page", "frame", "window", "column header", "table row header", "table column header"}
+# What of a window lies over another: panels, and pages in what holds them.
+COVERS = {"panel", "filler"}
 MOST_TABS = 90
 # Looked at by hand: the toolkit's own file dialog, a title without a song, and a box over a page, which goes with the keyboard.
 SEEN_BY_HAND = {"What is playing", "Find a tab", "Create New Folder", "List View", "Parent Directory", "Files"}
@@ -97,8 +99,9 @@ class Hands(Walk):
         self.walk(name, controls)
 
     def walk(self, name, controls):
-        """Tab until every control had the keyboard; a control that it cannot leave is a trap."""
+        """Tab until every control that is seen had the keyboard; a control that it cannot leave is a trap."""
         reached, now = set(), None
+        covered = {index for index, control in enumerate(controls) if self.is_covered(control[0])}
         for _ in range(MOST_TABS):
             now = self.focused(controls, now)
             reached.add(now)
@@ -107,10 +110,13 @@ class Hands(Walk):
             self.stage.key("Tab")
             if is_new:
                 self.compare(name, controls[now], shot)
-            if len(reached - {None}) == len(controls):
+            if len(reached - covered - {None}) == len(controls) - len(covered):
                 break
         reached.discard(None)
+        self.unreached += [f"{name}: stops at '{controls[index][2]}', which is covered" for index in reached & covered]
         for index, (node, role, spoken) in enumerate(controls):
+            if index in covered:
+                continue
             inside = any(self.is_inside(controls[other][0], node) or self.is_inside(node, controls[other][0])
                          for other in reached)
             if index not in reached and not inside:
@@ -125,6 +131,26 @@ class Hands(Walk):
             return parent is not None and parent == other
         except self.eyes._gone:
             return False
+
+    def is_covered(self, node):
+        """A page or a panel lies over all of it: the widgets of one parent come from the back to the front."""
+        try:
+            rect, below = self.eyes.rect(node), node
+            while (parent := below.get_parent()) is not None and parent.get_role_name() != "application":
+                before = range(below.get_index_in_parent() + 1, parent.get_child_count())
+                if any(self.covers(parent.get_child_at_index(index), rect) for index in before):
+                    return True
+                below = parent
+        except self.eyes._gone:
+            pass
+        return False
+
+    def covers(self, node, rect):
+        if node.get_role_name() not in COVERS or not node.get_state_set().contains(self.eyes.showing):
+            return False
+        x, y, width, height = self.eyes.rect(node)
+        left, top, wide, high = rect
+        return x <= left and y <= top and left + wide <= x + width and top + high <= y + height
 
     def go_back(self, name, controls):
         here = self.focused(controls)

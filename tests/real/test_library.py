@@ -21,6 +21,10 @@ from test_bad_start import Person
 
 LEVELS = 15
 MANY = 12_000
+DEPTH = 200
+WEB = 30
+DEEP = b"\xfe" * 100
+LONGEST = b"\xff" * 251 + b".mp3"
 KILLS = 2
 OFFER = "You currently have no media files in your library, would you like to add media now?"
 QUESTION = ("Sub folders are not currently being search because of you preferences.\n"
@@ -323,6 +327,86 @@ def the_store_cannot_grow_while_it_adds(person):
     check_whole(person, 0)
 
 
+def a_tree_beyond_the_limits_of_the_system(person):
+    """Names as long as a name can be, paths longer than a path can be, and folders that all lead to each other."""
+    root = os.fsencode(person.music / "odd")
+    os.mkdir(root)
+    make_deep_tree(root)
+    for number in range(WEB):
+        os.mkdir(root + b"/web%d" % number)
+        open(root + b"/web%d/Web - Song %d.mp3" % (number, number), "wb").close()
+        for other in range(WEB):
+            os.symlink(root + b"/web%d" % other, root + b"/web%d/to %d" % (number, other))
+    person.set_up("True")
+    person.launch()
+    person.enter()
+    person.answer_box("Add Media", OFFER, "Yes")
+    person.go_to(person.music / "odd")
+    begin = time.monotonic()
+    person.press("Get Files", "push button")
+    # In the folder itself and in fourteen levels below it.
+    found = str(WEB + LEVELS - 1)
+    wait_for(f"{found} files", lambda: person.found_count() == found and not person.is_searching(), 60)
+    print(f"   searched within {time.monotonic() - begin:.2f} s", flush=True)
+    person.press("Add all")
+    person.stage.window("Brindlepost$")
+    refused = person.eyes.text(person.eyes.find("Message", "text")).splitlines()
+    check_equal("the files that are too long for the library", len(refused), 1 + LEVELS - 1)
+    person.stage.key("Return")
+    wait_for("the dialog to close", lambda: is_closed_after_boxes(person))
+    check_equal("the rows", sorted(row["title"] for row in person.songs()),
+                sorted(f"Song {number}" for number in range(WEB)))
+
+
+def make_deep_tree(root):
+    folder = os.open(root, os.O_RDONLY)
+    for _ in range(DEPTH):
+        os.mkdir(DEEP, dir_fd=folder)
+        below = os.open(DEEP, os.O_RDONLY, dir_fd=folder)
+        os.close(folder)
+        folder = below
+        os.close(os.open(LONGEST, os.O_WRONLY | os.O_CREAT, dir_fd=folder))
+    os.close(folder)
+
+
+def another_program_holds_the_store_while_it_adds(person):
+    """The window goes on, the rows wait in memory, and come into the file once it is let go."""
+    make_many(person)
+    person.open_dialog()
+    find_many(person)
+    holder = sqlite3.connect(person.store("dbMedia"), isolation_level=None)
+    holder.execute("begin immediate")
+    before = count(person)
+    person.press("Add all")
+    person.wait_for_box("\"dbMedia.mdb\" can not be written: .*another program.*kept while the program runs")
+    wait_for("the dialog to close", lambda: is_closed_after_boxes(person), 30)
+    check_equal("the rows while it is held", count(person), before)
+    holder.execute("rollback")
+    holder.close()
+    wait_for("every row in the file", lambda: count(person) == before + MANY, 20)
+    check_whole(person, before)
+
+
+def the_store_is_read_only_while_it_adds(person):
+    """Whoever may not write it loses nothing: the rows wait, and come into the file once it may be written."""
+    make_many(person)
+    person.set_up("True")
+    store = person.store("dbMedia")
+    os.chmod(store, 0o400)
+    before = store.read_bytes()
+    person.launch()
+    person.enter()
+    person.answer_box("Add Media", OFFER, "Yes")
+    find_many(person)
+    person.press("Add all")
+    person.wait_for_box("\"dbMedia.mdb\" can not be written: .*read-only.*kept while the program runs")
+    wait_for("the dialog to close", lambda: is_closed_after_boxes(person), 30)
+    check_equal("the file", store.read_bytes(), before)
+    os.chmod(store, 0o600)
+    wait_for("every row in the file", lambda: count(person) == MANY, 20)
+    check_whole(person, 0)
+
+
 def playlist_files_come_in(person):
     """Typed, of the program's own kind and of another player's."""
     songs = {}
@@ -422,6 +506,8 @@ PARTS = [
      the_program_ends_in_the_middle_of_a_search],
     [killed_while_it_adds],
     [the_store_cannot_grow_while_it_adds],
+    [a_tree_beyond_the_limits_of_the_system, another_program_holds_the_store_while_it_adds],
+    [the_store_is_read_only_while_it_adds],
     [playlist_files_come_in],
 ]
 

@@ -132,7 +132,7 @@ void TellWhere(int /*signal*/) {
 void TellWhereAtTheEnd() {
     std::array<void*, 1> first{};
     backtrace(first.data(), 1);  // what it needs is loaded now, not in the handler
-    struct sigaction action {};
+    struct sigaction action{};
     action.sa_handler = TellWhere;
     action.sa_flags = static_cast<int>(SA_RESETHAND);
     for (const int end : {SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP})

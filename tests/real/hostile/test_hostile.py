@@ -1,5 +1,6 @@
 """Pages that mean harm, on the real program, while music plays: `test_hostile.py BUILD_FOLDER [--seconds N] [NAME...]`,
-with "all" for every page of the table.
+with "all" for every page of the table. With `--beside`, each page is opened in a bare window of the page engine after that, and
+a table of the longest answers of both is printed; with `--unread`, on a desktop without a screen reader.
 
 Each page of `hostile_pages.py` gets a tab and some seconds, in which a person clicks into it. Then the person leaves it:
 Escape for whatever box is open, the music tab, all tabs closed. Measured all the while: how long the main window took to
@@ -39,6 +40,14 @@ MOST_MEMORY = 1500          # MiB of the program's own process
 SECONDS = 1.2
 CORNER = ("1250", "840")    # of the screen
 LONGEST_ARRIVAL = 30        # seconds; beside other work
+
+
+def milliseconds(*seconds):
+    """A wait, and what the thread did meanwhile."""
+    if not seconds:
+        return "did not come to it"
+    wait, ran, waited = (round(1000 * value) for value in seconds)
+    return f"{wait} ({ran}, {waited})"
 
 
 class Hostility(Browsing):
@@ -81,10 +90,31 @@ class Hostility(Browsing):
 
     # -- music, beside it that of a peer --
 
+    def go_on_unread(self):
+        """Starts the program again on a desktop without a screen reader; what is where is known by now."""
+        x, y, _, height = self.eyes.row_rect("Tracks", 0)
+        self.places["Tone"] = (x + 60, y + height // 2)
+        self.program.terminate()
+        self.program.wait()
+        del self.stage.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]
+        self.program = self.stage.launch(self.application)
+        self.stage.window(MUSIC_CAPTION, 40)
+        wait_for("the splash to go", lambda: not self.stage.has_window("Brindlepost$"), 30)
+        # The window is made again with its first page.
+        self.stage.click(*self.places["address"])
+        self.stage.type(self.site.address("/plain"))
+        self.stage.key("Return")
+        self.stage.window("Brindlepost - Plain", 40)
+        self.window_id = self.largest_window()
+        self.close_all()
+
     def start_music(self):
         check(self.stage.run("pactl", "load-module", "module-null-sink", "sink_name=peer", f"rate={SAMPLE_RATE}"),
               "no second sink")
-        self.play("Tone")
+        if "Tone" in self.places:
+            self.stage.click(*self.places["Tone"], times=2)
+        else:
+            self.play("Tone")
         self.music = Recorder(self.stage, self.stage.folder / "music.raw")
         wait_for("the music", lambda: self.music.hears(440, least=0.02), 20)
         # As much sound in store as the program keeps, so that a busy machine cuts both short.
@@ -99,7 +129,7 @@ class Hostility(Browsing):
         bare = wait_for("the bare window", lambda: self.stage.run(
             "xdotool", "search", "--onlyvisible", "--class", "bare_window").split(), 20)[0]
         self.stage.run("xdotool", "windowmove", "--sync", bare, *CORNER)
-        self.answering = Answering(self.stage.environment["DISPLAY"], self.window_id)
+        self.answering = Answering(self.stage.environment["DISPLAY"], self.window_id, self.program.pid)
         self.bare_answering = Answering(self.stage.environment["DISPLAY"], bare)
 
     def ask_no_more(self):
@@ -258,6 +288,7 @@ class Hostility(Browsing):
 
     def note(self, row, begin, places, boxes, click):
         figures = {"page": row.name, "answer": self.answering.longest(begin), "bare": self.bare_answering.longest(begin),
+                   "work": self.answering.longest_work(begin),
                    "click": click, "boxes": boxes, "gap": self.gap(self.music, places[0]),
                    "peer": self.gap(self.peer, places[1]), "memory": self.memory()}
         self.figures.append(figures)
@@ -288,6 +319,71 @@ class Hostility(Browsing):
             self.close_all()
         except (Failed, StageError) as error:
             print(f"the next page begins where this one ended: {error}")
+
+    # -- the same page without the program --
+
+    def begin_bare(self):
+        """The bare window with a page of no harm, which it has had to be made again for."""
+        quiet = f"/quiet-{self.visits}"
+        self.stage.window("Bare pages")
+        self.stage.run("xdotool", "windowactivate", "--sync", self.stage.window("Bare pages"))
+        self.stage.type(f"http://127.0.0.1:{self.ports['http']}{quiet}")
+        self.stage.key("Return")
+        wait_for("the quiet page", lambda: any(quiet in line for line in self.asked()), LONGEST_ARRIVAL)
+        time.sleep(1)
+        window = self.stage.window("Bare pages")
+        self.stage.run("xdotool", "windowactivate", "--sync", window)
+        return window
+
+    def visit_bare(self, row):
+        """The longest answer of a bare window of the engine with the page, and what its thread did meanwhile, in seconds;
+        None if it did not come to it."""
+        before, began = len(self.asked(row.scheme)), self.began()
+        address = self.address_of(row)
+        peer = self.stage.spawn([str(self.stage.build / "bench" / "bare_pages")])
+        window = self.begin_bare()
+        answering = Answering(self.stage.environment["DISPLAY"], window, peer.pid)
+        try:
+            wait_for("an answer", lambda: answering.longest(0) > 0)
+            begin = time.monotonic()
+            self.stage.type(address)
+            self.stage.key("Return")
+            if row.arrives and row.path != "file":
+                wait_for("the page", lambda: len(self.asked(row.scheme)) > before, LONGEST_ARRIVAL)
+            if row.script or "pal.example" in row.path:
+                wait_for("the script", lambda: self.began() > began, LONGEST_ARRIVAL)
+            end = time.monotonic() + self.seconds
+            while time.monotonic() < end:
+                if row.clicks and self.stage.run("xdotool", "getactivewindow").strip() == window:
+                    self.stage.click(*self.places["page"])
+                time.sleep(0.2)
+            return answering.longest(begin), *answering.longest_work(begin)
+        except StageError as error:
+            print(f"the bare window did not get so far: {error}")
+            return None
+        finally:
+            answering.close()
+            # A page that hangs would hold up the polite end.
+            peer.kill()
+            peer.wait()
+
+    def visit_beside(self, rows):
+        """The table of answers: each page in the program, then in a bare window of the engine."""
+        for row in rows:
+            try:
+                self.visit(row)
+            except (Failed, StageError) as error:
+                print(f"{row.name}: {error}")
+                self.recover()
+                continue
+            bare = self.visit_bare(row)
+            self.figures[-1]["engine"] = bare
+            self.stage.run("xdotool", "windowactivate", "--sync", self.window_id)
+        print("Longest answer in ms; in brackets, of it: the thread ran, the thread waited for a processor.\n"
+              "| page | program | bare window of the engine | bare window of the toolkit |\n| --- | --- | --- | --- |")
+        for line in sorted(self.figures, key=lambda line: -line["answer"]):
+            print(f"| {line['page']} | {milliseconds(line['answer'], *line['work'])} | "
+                  f"{milliseconds(*(line.get('engine') or ()))} | {line['bare'] * 1000:.0f} |", flush=True)
 
     # -- after all of them --
 
@@ -344,6 +440,8 @@ def main():
     parser.add_argument("build")
     parser.add_argument("names", nargs="*")
     parser.add_argument("--seconds", type=float, default=SECONDS)
+    parser.add_argument("--beside", action="store_true")
+    parser.add_argument("--unread", action="store_true")
     options = parser.parse_args()
     if options.names:
         rows = [row for row in TABLE if row.name in options.names or "all" in options.names]
@@ -353,15 +451,20 @@ def main():
         person = Hostility(stage, options.seconds)
         try:
             person.learn_places()
+            if options.unread:
+                person.go_on_unread()
             person.start_music()
             person.ask_windows()
             try:
-                bad = run(person, rows)
+                if options.beside:
+                    person.visit_beside(rows)
+                bad = [] if options.beside else run(person, rows)
             finally:
                 person.ask_no_more()
-            good = not bad and stage.run_steps(
-                [person.nothing_was_got, person.files_are_where_they_may_be, person.a_good_certificate_is_taken,
-                 person.an_ordinary_page_opens])
+            steps = [person.nothing_was_got, person.files_are_where_they_may_be]
+            if not options.beside:
+                steps += [person.a_good_certificate_is_taken, person.an_ordinary_page_opens]
+            good = not bad and stage.run_steps(steps)
         finally:
             person.close()
     if bad:

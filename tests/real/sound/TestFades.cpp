@@ -183,7 +183,7 @@ TEST_F(Playing, MediumAndLongCrossfadesFollowTheirRampsWithoutGapOrClick) {
 
 struct Sweep {
     const char* name;
-    controls::Menu player::PlayerMenu::*entry;
+    controls::Menu player::PlayerMenu::* entry;
     double interval_ms;
     double seconds;  ///< how much of it is heard
 };

@@ -37,9 +37,10 @@ void Tell(const char* what, const std::vector<double>& milliseconds) {
 /// another, of full; negative when it never does.
 double MillisecondsToTurn(const std::vector<float>& heard, double from, double to) {
     constexpr std::size_t kWindow = kRate / 250;
+    const double half = (from + to) / 2;
     for (std::size_t begin = 0; begin + kWindow <= heard.size(); begin += kRate / 1000) {
         const double level = std::sqrt(2.0) * sound::Rms(sound::Piece(heard, begin, kWindow)) / kFull;
-        const bool is_turned = from > to ? level < (from + to) / 2 : level > (from + to) / 2;
+        const bool is_turned = from > to ? level < half : level > half;
         if (is_turned) return 1000.0 * (static_cast<double>(begin) + kWindow / 2.0) / kRate;
     }
     return -1;

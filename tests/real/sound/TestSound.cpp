@@ -246,6 +246,20 @@ TEST_F(Sound, ASongThatStartedWithoutAServerIsHeardOnceThereIsOne) {
     EXPECT_TRUE(server_.WaitForSound(1.5));
 }
 
+// Each restart ends what the songs before it had with the server.
+TEST_F(Sound, TheNextSongIsHeardAfterEachRestartOfTheServer) {
+    for (int restart = 0; restart < 2; ++restart) {
+        Play(Song());
+        ASSERT_EQ(Send("close a"), 0);
+        server_.KillServer();
+        ASSERT_TRUE(server_.RestartServer());
+    }
+
+    Play(Song());
+
+    EXPECT_NEAR(Amplitude(Settled().left, kTone), kFull, 0.01);
+}
+
 TEST_F(Sound, AFrozenServerHoldsUpNoCommand) {
     const std::string song = Song();
     Play(song);

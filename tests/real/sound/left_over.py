@@ -30,7 +30,7 @@ TONE = array.array("h", (round(13000 * math.sin(2 * math.pi * 5 * i / PIECE + 0.
 SILENCE = bytes(len(TONE))
 
 
-class Spec(ctypes.Structure):
+class SampleFormat(ctypes.Structure):
     _fields_ = [("format", ctypes.c_int), ("rate", ctypes.c_uint32), ("channels", ctypes.c_uint8)]
 
 
@@ -55,8 +55,8 @@ class Player:
         pulse.pa_threaded_mainloop_start(self.loop)
         self.wait_for("context", self.context)
         with self:
-            spec = Spec(S16, RATE, 2)
-            self.stream = ctypes.c_void_p(pulse.pa_stream_new(self.context, b"tone", ctypes.byref(spec), None))
+            samples = SampleFormat(S16, RATE, 2)
+            self.stream = ctypes.c_void_p(pulse.pa_stream_new(self.context, b"tone", ctypes.byref(samples), None))
             store = Store(2**32 - 1, store_ms * len(TONE) // 10, 0, len(TONE), 2**32 - 1)
             pulse.pa_stream_connect_playback(self.stream, b"test", ctypes.byref(store), CORKED_TIMED_ADJUSTED, None, None)
         self.wait_for("stream", self.stream)
