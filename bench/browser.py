@@ -1,12 +1,14 @@
 """Measures pages and tabs of the whole program on a stage of its own, beside a bare window of the same page engine and a
 packaged browser, falkon, if there is one.
 
-    python3 bench/browser.py BUILD [open|memory|switch|closed|covered|reader]... [--seconds N]
+    python3 bench/browser.py BUILD [open|memory|switch|closed|covered|left|reader]... [--seconds N] [--pages N]
 
-"open": from Enter to the request at the server and to the page's second frame, in the first tab and in later ones.
+"open": from Enter to the request at the server and to the page's second frame, in the first tab that an account ever has, in
+the first one of a later start, and in later ones.
 "memory": what the process and its children hold with 1 and 10 tabs. "switch": from a click on a tab to the first pixel of
 its page. "closed": how soon the memory of a closed tab comes back. "covered": 100 tabs, 90 of them covered for --seconds,
-against the same 100 just opened. "reader": what pages that do too much cost the window, with a desktop that says there is a
+against the same 100 just opened. "left": what --pages pages leave in the program's own process that were opened and closed one
+after another. "reader": what pages that do too much cost the window, with a desktop that says there is a
 screen reader and with one that does not.
 """
 
@@ -307,12 +309,15 @@ def tell_open(what, runs):
 
 def measure_open(stage, site, places):
     firsts = {}
-    for _ in range(3):
+    for run in range(6):
         for subject in subjects(stage, site, places):
             subject.count = len(site.times)
-            firsts.setdefault(subject.name, []).append(subject.open())
+            if run > 0:
+                firsts.setdefault(subject.name, []).append(subject.open())
+            else:
+                tell_open(f"{subject.name}: first page of an account", [subject.open()])
     for name, pairs in firsts.items():
-        tell_open(f"{name}: first page", pairs)
+        tell_open(f"{name}: first page of a later start", pairs)
     for subject in subjects(stage, site, places):
         subject.count = len(site.times)
         subject.open()
@@ -396,6 +401,36 @@ def measure_covered(stage, site, places, seconds):
         program.end()
 
 
+def own_memory(pid):
+    """MiB of the program's own process: resident, and no file's."""
+    rollup = pathlib.Path(f"/proc/{pid}/smaps_rollup").read_text().split("\n")[1:]
+    sizes = {line.split()[0]: int(line.split()[1]) / 1024 for line in rollup if line}
+    return sizes["Rss:"], sizes["Anonymous:"]
+
+
+def measure_left(stage, site, places, pages):
+    """Closed pages beyond the newest few are discarded at once, and what that frees is given back some seconds later."""
+    program = Program(stage, site, places)
+    pid = program.process.pid
+    try:
+        figures = []
+        for number in range(pages + 1):
+            if number % max(1, pages // 5) == 0:
+                time.sleep(25)
+                figures.append((number, *own_memory(pid)))
+                print(f"program: {number} pages opened and closed: {figures[-1][1]:.0f} MiB resident in its own process, "
+                      f"{figures[-1][2]:.0f} anonymous; {holders(pid)}", flush=True)
+            if number < pages:
+                program.open_somehow()
+                program.close_first()
+                time.sleep(0.3)
+        (first, _, before), (last, _, after) = figures[-3], figures[-1]
+        left = 1024 * (after - before) / (last - first)
+        print(f"program: each page between the {first}th and the {last}th left {left:.0f} KiB")
+    finally:
+        program.end()
+
+
 def measure_reader(stage, site, places):
     for path in TIRING:
         for is_there in (True, False):
@@ -426,16 +461,21 @@ def main():
     parser.add_argument("build")
     parser.add_argument("what", nargs="*", default=["open", "memory", "switch", "closed"])
     parser.add_argument("--seconds", type=int, default=300)
+    parser.add_argument("--pages", type=int, default=100)
     options = parser.parse_args()
     print(f"machine: {os.cpu_count()} cores, display Xvfb, software drawing, load {os.getloadavg()[0]:.1f}")
     if not shutil.which(PACKAGED):
         print(f"packaged: {PACKAGED} is not installed, so the bare window is the only peer")
     with stages.Stage(build, sound=False) as stage:
+        # Where the driver keeps what it compiled; it asks for the home of the account, and "nobody" has none.
+        stage.environment["XDG_CACHE_HOME"] = str(stage.folder / "home" / ".cache")
         site = Site()
         places = learn_places(stage)
         for what in options.what or ["open", "memory", "switch", "closed"]:
             if what == "covered":
                 measure_covered(stage, site, places, options.seconds)
+            elif what == "left":
+                measure_left(stage, site, places, options.pages)
             else:
                 globals()["measure_" + what](stage, site, places)
         site.close()

@@ -1,12 +1,15 @@
 """Music for an hour while pages load, folders are searched and tabs change, by a script that a seed decides.
 
-    python3 bench/hour.py BUILD [--minutes N] [--seed N] [--picture FILE.svg]
+    python3 bench/hour.py BUILD [--minutes N] [--seed N] [--picture FILE.svg] [--only page,close] [--addresses N] [--hurry]
 
 The real program plays steady tones on a stage of its own, one song after another; a plain player beside it plays one
 on a sink of its own. Both are recorded. A quiet stretch of 5 ms and more in the program's recording counts as the
 machine's when the plain player had one half as long within a second of it, and else as the program's own. Memory,
 descriptors and threads of the program and its decoders are sampled all the time; memory of the pages is told
 apart. The picture shows all of it over the time. Ends with an error when the program has a gap of its own, or ends.
+
+What one kind of action leaves in the program is seen with --only and --hurry: the program's anonymous memory is told
+after each tenth of the time, with the actions done so far, and what each of them added in the second half.
 """
 
 import argparse
@@ -104,7 +107,8 @@ class Sampler:
             decoders = self._listener.decoders()
             own = holding([program])
             self.samples.append({
-                "second": time.monotonic() - self._begin, "program": own["memory"], "descriptors": own["descriptors"],
+                "second": time.monotonic() - self._begin, "actions": len(self._listener.done), "program": own["memory"],
+                "anonymous": anonymous(program), "descriptors": own["descriptors"],
                 "threads": own["threads"], **{f"decoder {name}": holding([number])["memory"]
                                               for name, number in decoders.items()},
                 "decoders": holding(decoders.values())["descriptors"], "pages": holding(pages(program))["memory"]})
@@ -122,6 +126,15 @@ def holding(processes):
         except OSError:
             continue
     return found
+
+
+def anonymous(process):
+    """MiB of a process that are no file's."""
+    try:
+        rollup = pathlib.Path(f"/proc/{process}/smaps_rollup").read_text()
+    except OSError:
+        return 0.0
+    return next(int(line.split()[1]) for line in rollup.splitlines() if line.startswith("Anonymous:")) / 1024
 
 
 def pages(program):
@@ -145,15 +158,17 @@ def pages(program):
 class Hour(Listener):
     """One who hears music and does other things meanwhile, as a seed decides."""
 
-    def __init__(self, scene, seed):
+    def __init__(self, scene, seed, only=(), addresses=len(COLOURS), hurry=False):
         music = scene.folder / "Music"
         songs = [stages.make_tone(music / f"Artist {number} - Tone {number}.{kind}", 400 + 40 * number, SONG_SECONDS)
                  for number, kind in enumerate(KINDS)]
         super().__init__(scene, songs)
         self.dice, self.done, self.missed, self.opened = random.Random(seed), [], 0, 0
         self.pages.close()
-        self.pages = stages.PageServer({f"/{number}": PAGE.format(number=number, colour=colour)
-                                        for number, colour in enumerate(COLOURS)})
+        self.addresses, self.hurry = addresses, hurry
+        self.actions = [action for action in self.ACTIONS if not only or action[0] in only]
+        self.pages = stages.PageServer({f"/{number}": PAGE.format(number=number, colour=COLOURS[number % len(COLOURS)])
+                                        for number in range(addresses)})
 
     def start_plain_player(self):
         self.stage.run("pactl", "load-module", "module-null-sink", "sink_name=plain", f"rate={gaps.RATE}")
@@ -166,7 +181,7 @@ class Hour(Listener):
     # -- what is done --
 
     def load_page(self):
-        number = self.dice.randrange(len(COLOURS))
+        number = self.opened % self.addresses if self.hurry else self.dice.randrange(self.addresses)
         if self.page_tabs() >= MOST_TABS:
             return self.close_tab()
         self.opened += 1
@@ -242,7 +257,7 @@ class Hour(Listener):
         self.ear = GapEar(self.stage, "test.monitor", self.begin)
         self.peer = GapEar(self.stage, "plain.monitor", self.begin)
         self.sampler = Sampler(self, self.begin)
-        names = [row for row in self.ACTIONS for _ in range(row[2])]
+        names = [row for row in self.actions for _ in range(row[2])]
         while (second := time.monotonic() - self.begin) < 60 * minutes:
             name, action, _ = self.dice.choice(names)
             try:
@@ -253,7 +268,7 @@ class Hour(Listener):
                 self.leave_boxes()
             self.done.append((second, name))
             self.stay_alive(name)
-            time.sleep(self.dice.uniform(0.5, 3))
+            time.sleep(0.1 if self.hurry else self.dice.uniform(0.5, 3))
         self.end = time.monotonic() - self.begin
         time.sleep(4)
         self.sampler.end()
@@ -336,11 +351,23 @@ def picture(hour):
 # ---- the summary ---------------------------------------------------------------------------------------------------
 
 
+def tell_growth(samples):
+    """The program's anonymous memory by what was done, and what each action of the second half added to it."""
+    print("   anonymous MiB after so many actions: " + ", ".join(
+        f"{sample['anonymous']:.0f} ({sample['actions']})" for sample in samples[::max(1, len(samples) // 10)]))
+    half = samples[len(samples) // 2:]
+    if len({sample["actions"] for sample in half}) > 1:
+        slope, _ = statistics.linear_regression([sample["actions"] for sample in half],
+                                                [sample["anonymous"] for sample in half])
+        print(f"   in the second half each action added {1024 * slope:.0f} KiB")
+
+
 def tell(hour):
     """True when the program had no gap of its own."""
     counts = {name: sum(done == name for _, done in hour.done) for name, _, _ in hour.ACTIONS}
     print(f"{hour.end / 60:.1f} minutes: " + ", ".join(f"{count} x {name}" for name, count in counts.items())
           + f"; {hour.missed} of them did not come to their end")
+    tell_growth(hour.sampler.samples)
     tenth = max(1, len(hour.sampler.samples) // 10)
     for name in ("program", "decoder a", "decoder b", "pages", "descriptors", "decoders", "threads"):
         values = [sample[name] for sample in hour.sampler.samples if name in sample]
@@ -359,10 +386,11 @@ def tell(hour):
 
 
 def open_picture(path):
-    """The picture's file. A script that begins again as nobody may not write there, so it inherits what is open."""
+    """The picture's file, which keeps what it holds until the hour is over. A script that begins again as nobody may not
+    write there, so it inherits what is open."""
     if path is None:
         return None
-    line = int(path[1:]) if path.startswith("=") else os.open(path, os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o644)
+    line = int(path[1:]) if path.startswith("=") else os.open(path, os.O_WRONLY | os.O_CREAT, 0o644)
     os.set_inheritable(line, True)
     sys.argv[sys.argv.index(path)] = f"={line}"
     return os.fdopen(line, "w", encoding="utf-8")
@@ -374,16 +402,21 @@ def main():
     words.add_argument("--minutes", type=float, default=60)
     words.add_argument("--seed", type=int, default=1)
     words.add_argument("--picture")
+    words.add_argument("--only", type=lambda names: names.split(","), default=[], help="the actions made, of "
+                       + ", ".join(name for name, _, _ in Hour.ACTIONS))
+    words.add_argument("--addresses", type=int, default=len(COLOURS), help="so many pages are there to be loaded")
+    words.add_argument("--hurry", action="store_true", help="no pauses, and the pages one after another")
     arguments = words.parse_args()
     drawn = open_picture(arguments.picture)
     with stages.Stage(stages.become_unprivileged(arguments.build)) as scene:
-        hour = Hour(scene, arguments.seed)
+        hour = Hour(scene, arguments.seed, arguments.only, arguments.addresses, arguments.hurry)
         try:
             is_done = scene.run_steps([hour.walk], arguments.minutes)
         finally:
             hour.close()
         is_whole = is_done and tell(hour)
         if is_done and drawn:
+            drawn.truncate(0)
             drawn.write("\n".join(picture(hour)) + "\n")
             drawn.close()
     if is_done:

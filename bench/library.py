@@ -15,6 +15,7 @@ import sys
 
 JOBS = {
     "Command1": ("all lists rebuilt", "#e9a24b"),
+    "Command1EveryArtistDifferent": ("the same, every artist different", "#c9564f"),
     "SearchAll": ("search, every song found", "#d2691e"),
     "SearchMany": ("search, one song of three found", "#b565a7"),
     "SearchFew": ("search, few songs found", "#57b8a8"),
@@ -80,6 +81,10 @@ def picture(medians):
         y = TOP + 16 + 22 * row
         yield f'<rect x="{LEFT + WIDTH + 20}" y="{y - 9}" width="14" height="10" fill="{colour}"/>'
         yield f'<text x="{LEFT + WIDTH + 42}" y="{y}">{caption}</text>'
+    y = TOP + 16 + 22 * len(JOBS)
+    yield (f'<line x1="{LEFT + WIDTH + 20}" y1="{y - 4}" x2="{LEFT + WIDTH + 36}" y2="{y - 4}" stroke="#f2e9de" '
+           'stroke-dasharray="5 3"/>')
+    yield f'<text x="{LEFT + WIDTH + 42}" y="{y}">as the library grows</text>'
     yield "</svg>"
 
 

@@ -1,11 +1,12 @@
 """Measures the player of the whole program on a stage of its own, with peers in the same run.
 
-    python3 bench/player.py BUILD [start|next|processor]...
+    python3 bench/player.py BUILD [start|stages|next|processor]...
 
 "start": a double click on a track until the first sound, in the recording of the sound server's monitor. Beside it a
 command-line player of the same engine, its process included, and a music daemon that is told to play (packages of
-the group "bench" in tools/packages.txt). "next": how long it is quiet between two songs with fades off. "processor":
-what a playing song, a crossfade and a light show cost, the music tab in front.
+the group "bench" in tools/packages.txt). "stages": where the time of such a start goes. "next": how long it is quiet
+between two songs with fades off. "processor": what a playing song, a crossfade and a light show cost, the music tab
+in front.
 """
 
 import array
@@ -21,6 +22,7 @@ import time
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "real"))
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
+import click_to_sound
 import program as programs
 import stage as stages
 from story import Story
@@ -139,7 +141,7 @@ def measure_start(stage):
     ear, mouse = Ear(stage), Mouse(stage.environment["DISPLAY"])
     for kind in ("wav", "mp3"):
         player = Player(stage, kind)
-        tell(f"double click to first sound, {kind}", [to_first_sound(ear, player, mouse) for _ in range(RUNS + 1)][1:])
+        tell(f"double click to first sound, {kind}", [to_first_sound(ear, player, mouse)[1] for _ in range(RUNS + 1)][1:])
         player.end()
     tell_peers(stage, ear, player.songs[0])
 
@@ -150,11 +152,17 @@ def to_first_sound(ear, player, mouse):
     time.sleep(0.6)
     mouse.press()
     time.sleep(0.08)
-    begin = ear.place()
+    begin, at = ear.place(), time.monotonic_ns()
     mouse.press()
     milliseconds = ear.milliseconds_to_sound(begin)
     player.press("Stop")
-    return milliseconds
+    return at, milliseconds
+
+
+def measure_stages(stage):
+    ear, mouse = Ear(stage), Mouse(stage.environment["DISPLAY"])
+    click_to_sound.measure(stage, stage.build, lambda player: to_first_sound(ear, player, mouse),
+                           lambda kind: Player(stage, kind))
 
 
 def tell_peers(stage, ear, song):
@@ -248,7 +256,7 @@ def measure_processor(stage):
         daemon.wait()
 
 
-MEASURES = {"start": measure_start, "next": measure_next, "processor": measure_processor}
+MEASURES = {"start": measure_start, "stages": measure_stages, "next": measure_next, "processor": measure_processor}
 
 
 def main():

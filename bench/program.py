@@ -1,6 +1,6 @@
 """Measures the whole program on a stage of its own: start to login painted, processor use, memory.
 
-    python3 bench/program.py BUILD [start|rest|running|library]...
+    python3 bench/program.py BUILD [start|rest|songs|running|library]...
 
 Every figure is the median of several runs, beside a bare window of the toolkit and a bare player of the same media
 engine that are measured in the same run.
@@ -18,9 +18,12 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 
 import stage as stages
+from answering import Answering
 
 AMBER = (0xE9, 0xA2, 0x4B)
 RUNS = 11
+RUNS_WITH_SONGS = 7
+SONGS = (0, 20_000, 1_000_000)
 SECONDS = 20
 LOGIN_BUTTON_LINE = 535
 
@@ -129,6 +132,43 @@ def measure_rest(stage):
     print(f"memory at the login, decoders among it: {resident:.0f} MiB resident, {proportional:.0f} MiB proportional")
 
 
+def start_with_songs(stage, screen, application):
+    """When the login was painted, and the longest it then gave no answer in three seconds."""
+    begin = time.monotonic()
+    process = stage.spawn([str(application / "Brindlepost")])
+    while not screen.has_amber(LOGIN_BUTTON_LINE, 1280):
+        if time.monotonic() - begin > 20:
+            raise stages.StageError("no login was painted")
+    painted = time.monotonic()
+    asking = Answering(stage.environment["DISPLAY"], stage.window("Brindlepost - Login"), every=0.004)
+    time.sleep(3)
+    silence = asking.longest_silence(painted)
+    asking.close()
+    process.terminate()
+    process.wait()
+    stages.wait_for("the window to go", lambda: not screen.has_amber(LOGIN_BUTTON_LINE, 1280))
+    return (painted - begin) * 1000, silence * 1000
+
+
+def measure_songs(stage):
+    """The libraries take turns, so that other work of the machine meets them all."""
+    screen = Screen(stage.environment["DISPLAY"])
+    applications = {count: stage.make_application(f"songs-{count}") for count in SONGS}
+    for count, application in applications.items():
+        if count:
+            seed_songs(application, count)
+        start_with_songs(stage, screen, application)
+    runs = {count: [] for count in SONGS}
+    for _ in range(RUNS_WITH_SONGS):
+        for count, application in applications.items():
+            runs[count].append(start_with_songs(stage, screen, application))
+    for count, figures in runs.items():
+        painted, silences = zip(*figures)
+        print(f"{count:9,} songs: login painted after median {statistics.median(painted):.0f} ms "
+              f"(min {min(painted):.0f}, max {max(painted):.0f}, {RUNS_WITH_SONGS} runs); longest without an answer after it "
+              f"median {statistics.median(silences):.0f} ms (max {max(silences):.0f})")
+
+
 def seed(application, song):
     def run(store, text):
         subprocess.run(["sqlite3", str(application / store), text], check=True)
@@ -207,9 +247,9 @@ def measure_running(stage, build):
     print(f"processor, bare player of the same engine: median {statistics.median(bare):.2f} % of one core")
 
 
-def seed_million_songs(application):
-    text = """
-        with recursive n(i) as (select 1 union all select i + 1 from n where i < 1000000)
+def seed_songs(application, count):
+    text = f"""
+        with recursive n(i) as (select 1 union all select i + 1 from n where i < {count})
         insert into tblSong
         select i, 'Artist Number ' || (i / 50), 'A Title of Usual Length ' || i,
                'C:\\home\\person\\Music\\Artist Number ' || (i / 50) || '\\An Album of Theirs\\' || i ||
@@ -222,7 +262,7 @@ def memory_with_library(stage, name, songs):
     subprocess.run(["sqlite3", str(application / "dbLogin.mdb"),
                     "insert into tblLogin values('ada','secret',' ',' ',' ',' ',' ',' ','True','True')"], check=True)
     if songs:
-        seed_million_songs(application)
+        seed_songs(application, 1_000_000)
     process = stage.launch(application)
     stages.wait_for("the splash", lambda: "Brindlepost" in stage.stacking(), 30)
     stages.wait_for("the splash to go", lambda: "Brindlepost" not in stage.stacking(), 60)
@@ -248,6 +288,8 @@ def main():
             measure_start(stage, build)
         if "rest" in wanted:
             measure_rest(stage)
+        if "songs" in wanted:
+            measure_songs(stage)
         if "running" in wanted:
             measure_running(stage, build)
         if "library" in wanted:
