@@ -27,13 +27,12 @@ double Gain::RampOf(int step, Clock::duration since) {
     return std::clamp(SecondsOf(since), kRampSeconds, kLongestRampSeconds);
 }
 
-// A row keeps the delay that it began with: another one in its middle would break its rhythm.
+// A row keeps its delay, so as to keep its rhythm; with one that has become too short each step would be late
+// by as much as its samples happen to be.
 void Gain::TakeMoment(Clock::time_point now) {
     if (now - moment_.begin < kTogether) return;
     const bool in_row = now - moment_.begin < kRow;
-    const bool goes_on = in_row && moment_.delay > Clock::duration::zero();
-    const Clock::duration begun = in_row ? LongestLead() : Clock::duration::zero();
-    const Clock::duration delay = goes_on ? moment_.delay : begun;
+    const Clock::duration delay = in_row ? std::max(moment_.delay, LongestLead()) : Clock::duration::zero();
     moment_ = {.begin = now, .delay = delay};
 }
 

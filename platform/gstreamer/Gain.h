@@ -4,7 +4,7 @@
 // itself, as of a mute or a knob, is laid on the next samples that pass. The changes of a row, as of a fade
 // or a sweep, are each heard the same time after they were set, to the sample, so that the row keeps its
 // rhythm however unevenly the sound server takes its samples. That time is the longest by which samples were
-// seen to pass ahead, on whatever sink there is.
+// seen to pass ahead, on whatever sink there is; where it grows, the row goes on with the longer one.
 //
 // Levels are linear amplitude in tenths of a percent, 0 to 1000. A new level is reached in an even ramp of a
 // few milliseconds, so that it does not click; a small step of a row in a ramp as long as the time since the

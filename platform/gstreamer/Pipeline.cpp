@@ -36,9 +36,6 @@ constexpr unsigned kPlayPicturesAndSound = 0x3;
 // Sound that is decoded and has no level yet, in nanoseconds: a busy machine holds decoders up for a tenth of
 // a second and more.
 constexpr std::uint64_t kDecodedAhead = GST_SECOND;
-// Stretched sound is off its times by some 50 milliseconds, in nanoseconds here; a sink that minds it skips
-// so much a second after each start.
-constexpr std::int64_t kTimesMayBeOff = 200'000'000;
 constexpr double kUsualFrameRate = 25;
 // Its thread hands the samples to the sink.
 constexpr const char* kFeeder = "sound-ahead";

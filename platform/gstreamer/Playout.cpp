@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <optional>
 #include <utility>
 
@@ -19,17 +20,18 @@ constexpr GstClockTimeDiff kLongestLead = 2 * GST_SECOND;
 // The sink had this much in store before, and its last sample is over now.
 constexpr GstClockTimeDiff kFilled = 25 * GST_MSECOND;
 constexpr GstClockTimeDiff kEmpty = 0;
-// While levels stand still the lead is looked at for every so many pieces.
-constexpr int kSeldom = 8;
+// While levels stand still the lead is looked at for every so many pieces: no multiple of the few that a sink
+// takes at once, or it would always be the same one of them.
+constexpr int kSeldom = 7;
 
-/// Where a buffer is on its sink's course, and when that course began; both change with a jump or a pause.
+/// Where a piece is on its sink's course, and when that course began; both change with a jump or a pause.
 struct Course {
     GstClockTime running = 0;
     GstClockTime base = 0;
-    GstClockTimeDiff lead = 0;  ///< how long before its first sample is heard the buffer is here
+    GstClockTimeDiff lead = 0;  ///< how long before its first sample is heard the piece is here
 };
 
-std::optional<GstClockTime> RunningTime(GstPad* pad, GstBuffer* buffer) {
+std::optional<GstClockTime> ToldTime(GstPad* pad, GstBuffer* buffer) {
     GstEvent* const event = gst_pad_get_sticky_event(pad, GST_EVENT_SEGMENT, 0);
     if (event == nullptr) return std::nullopt;
     const GstSegment* segment = nullptr;
@@ -39,18 +41,17 @@ std::optional<GstClockTime> RunningTime(GstPad* pad, GstBuffer* buffer) {
     return GST_CLOCK_TIME_IS_VALID(time) ? std::optional(time) : std::nullopt;
 }
 
-/// None while the sink runs on no clock.
-std::optional<Course> CourseOf(GstPad* pad, GstBuffer* buffer, GstElement* sink) {
+/// Of a piece at a running time; none while the sink runs on no clock.
+std::optional<Course> CourseOf(GstClockTime running, GstElement* sink) {
     GstClock* const clock = gst_element_get_clock(sink);
     if (clock == nullptr) return std::nullopt;
     const GstClockTime base = gst_element_get_base_time(sink);
     const GstClockTime passed = gst_clock_get_time(clock) - base;
     gst_object_unref(clock);
-    const std::optional<GstClockTime> running = RunningTime(pad, buffer);
-    if (!running || GST_STATE(sink) != GST_STATE_PLAYING) return std::nullopt;
-    const GstClockTimeDiff lead = GST_CLOCK_DIFF(passed, *running);
+    if (GST_STATE(sink) != GST_STATE_PLAYING) return std::nullopt;
+    const GstClockTimeDiff lead = GST_CLOCK_DIFF(passed, running);
     if (lead >= kLongestLead || lead <= -kLongestLead) return std::nullopt;
-    return Course{.running = *running, .base = base, .lead = lead};
+    return Course{.running = running, .base = base, .lead = lead};
 }
 
 int RateOf(GstPad* pad) {
@@ -104,9 +105,15 @@ private:
     }
 
     GstFlowReturn Pass(GstPad* pad, GstObject* parent, GstBuffer* buffer, int rate) {
+        const GstClockTime length = rate <= 0
+                                        ? 0
+                                        : gst_util_uint64_scale_int_round(
+                                              gst_buffer_get_size(buffer) / kFrameBytes, GST_SECOND, rate);
+        if (GST_BUFFER_IS_DISCONT(buffer)) next_.reset();
         const bool is_idle = gain_->IsIdle();
         Clock::time_point heard = Clock::now();
-        if (!is_idle || ++passed_ % kSeldom == 0) heard += Lead(pad, buffer);
+        if (!is_idle || ++passed_ % kSeldom == 0 || !next_) heard += Lead(pad, buffer, length);
+        if (next_) *next_ += length;
         if (!is_idle && rate > 0) {
             buffer = gst_buffer_make_writable(buffer);
             GstMapInfo map;
@@ -118,15 +125,24 @@ private:
         return chain_(pad, parent, buffer);
     }
 
-    std::chrono::nanoseconds Lead(GstPad* pad, GstBuffer* buffer) {
-        const auto course = CourseOf(pad, buffer, sink_);
+    // A sink plays pieces one right behind the other until their times are further off than it bears.
+    std::optional<GstClockTime> RunningTime(GstPad* pad, GstBuffer* buffer) {
+        const std::optional<GstClockTime> told = ToldTime(pad, buffer);
+        if (told && next_ && std::abs(GST_CLOCK_DIFF(*told, *next_)) <= kTimesMayBeOff) return next_;
+        return next_ = told;
+    }
+
+    // What is told while a piece passes is laid on the next one, so that the end of this one counts.
+    std::chrono::nanoseconds Lead(GstPad* pad, GstBuffer* buffer, GstClockTime length) {
+        const std::optional<GstClockTime> running = RunningTime(pad, buffer);
+        const auto course = running ? CourseOf(*running, sink_) : std::nullopt;
         if (!course) return {};
         if (course->base != course_.base || course->running < course_.running) was_filled_ = false;
         course_ = *course;
         if (course->lead > kFilled) was_filled_ = true;
         if (course->lead < kEmpty && std::exchange(was_filled_, false)) on_empty_();
         const std::chrono::nanoseconds ahead(std::max<GstClockTimeDiff>(course->lead, 0));
-        gain_->NoteLead(ahead);
+        gain_->NoteLead(ahead + std::chrono::nanoseconds(length));
         return ahead;
     }
 
@@ -135,6 +151,7 @@ private:
     std::shared_ptr<Gain> gain_;
     std::function<void()> on_empty_;
     int passed_ = 0;
+    std::optional<GstClockTime> next_;  // running time of the next piece
     Course course_;
     bool was_filled_ = false;
 };

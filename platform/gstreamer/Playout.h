@@ -14,9 +14,13 @@
 
 namespace gstreamer {
 
+/// Stretched sound carries times that are off by some 50 milliseconds. A sink that minds it skips so much a
+/// second after each start; one that bears this plays all samples in a row.
+inline constexpr GstClockTimeDiff kTimesMayBeOff = 200 * GST_MSECOND;
+
 /// From here on the sink takes samples (32 bit float, left and right in turn) in short pieces with the levels
 /// of `gain`. `on_empty` is called on the thread that feeds the sink whenever samples come too late, once the
-/// song was heard. For a sink that has not been opened yet.
+/// song was heard. For a sink that has not been opened yet and bears times that are off by `kTimesMayBeOff`.
 void LevelAtSink(GstElement* sink, std::shared_ptr<Gain> gain, std::function<void()> on_empty);
 
 }  // namespace gstreamer

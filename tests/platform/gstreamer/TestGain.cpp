@@ -139,6 +139,22 @@ TEST(Gain, ALeadThatGrowsOrShrinksDoesNotTurnARowRound) {
     EXPECT_NEAR(samples[samples.size() - 2], 0.3, 0.01);
 }
 
+TEST(Gain, ARowThatItsDelayBecameTooShortForGoesOnWithALongerOne) {
+    Gain gain;
+    gain.NoteLead(kLead / 2, kStart);
+    gain.SetLeft(900, kStart);
+    gain.SetLeft(800, kStart + std::chrono::milliseconds(20));
+    gain.NoteLead(kLead, kStart);
+
+    gain.SetLeft(700, kStart + std::chrono::milliseconds(40));
+
+    EXPECT_EQ(gain.Delay(), kLead);
+    std::vector<float> samples = Ones(40 * kRampFrames);
+    gain.Apply(samples.data(), 40 * kRampFrames, kRate, kStart);
+    EXPECT_NEAR(samples[2 * static_cast<std::size_t>(0.088 * kRate)], 0.8, 0.001);
+    EXPECT_NEAR(samples[2 * static_cast<std::size_t>(0.097 * kRate)], 0.7, 0.001);
+}
+
 TEST(Gain, LevelsKeepTheirRhythmInOnePieceOfSamples) {
     Gain gain;
     gain.NoteLead(kLead, kStart);
