@@ -104,13 +104,17 @@ void WidgetMirror::Apply(Property property) {
         case Property::Enabled:
             widget_->setEnabled(control.Enabled());
             break;
-        case Property::Geometry:
+        case Property::Geometry: {
+            const QRect before = widget_->geometry();
             Place();
-            // A bar is filled up to its marker.
-            if (control.Look() == "marker" && widget_->parentWidget() != nullptr)
+            // A bar is filled up to its marker. That of a song is placed many times for each pixel that it
+            // moves.
+            if (control.Look() == "marker" && widget_->parentWidget() != nullptr &&
+                widget_->geometry() != before)
                 widget_->parentWidget()->update();
             TellPlaceOfMarker();
             break;
+        }
         case Property::ToolTip:
         case Property::Caption: {
             widget_->setToolTip(PlainToolTip(ToQt(control.ToolTipText())));

@@ -113,6 +113,37 @@ TEST(Skin, HighContrastComesAndGoesWhileTheProgramRuns) {
     EXPECT_EQ(usual, qt::skin::kUsual.well);
 }
 
+class SurfaceView final : public QWidget {
+public:
+    explicit SurfaceView(std::string look) : look_(std::move(look)) { resize(60, 40); }
+    QImage Drawn(const QRegion& part) {
+        QImage image(size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::black);
+        render(&image, part.boundingRect().topLeft(), part, {});
+        return image;
+    }
+
+private:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        qt::skin::Surface(painter, rect(), look_);
+    }
+    std::string look_;
+};
+
+TEST(Skin, APartOfASurfaceLooksAsItDoesInTheWhole) {
+    const QRect inside(20, 15, 12, 9);
+    const QRect beside_the_edge(1, 18, 5, 3);
+    const QRect on_the_edge(0, 0, 9, 9);
+    for (const char* look : {"panel", "raised", "well", "tool"}) {
+        SurfaceView view(look);
+        const QImage whole = view.Drawn(view.rect());
+        ASSERT_NE(whole.pixel(30, 20), qRgb(0, 0, 0)) << look;
+        for (const QRect& part : {inside, beside_the_edge, on_the_edge})
+            EXPECT_EQ(view.Drawn(part).copy(part), whole.copy(part)) << look << " at " << part.x();
+    }
+}
+
 TEST(Skin, ASurfaceIsDrawnAndAnyOtherLookIsLeftAlone) {
     QImage image(20, 20, QImage::Format_RGB32);
     image.fill(Qt::white);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <utility>
 
 #include "controls/ControlArray.h"
 #include "controls/Frame.h"
@@ -38,6 +39,46 @@ TEST(PictureBoxMirror, ANewScaleMovesNothingOnTheScreen) {
     desk.screen.CatchUp();
 
     EXPECT_EQ(desk.Find(marker)->geometry(), QRect(50, 0, 10, 20));
+}
+
+class PaintCount final : public QObject {
+public:
+    explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
+    /// Since the last question.
+    int Paints() {
+        QTest::qWait(50);
+        return std::exchange(paints_, 0);
+    }
+    bool eventFilter(QObject* /*widget*/, QEvent* event) override {
+        paints_ += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+private:
+    int paints_ = 0;
+};
+
+TEST(PictureBoxMirror, ABarIsPaintedWhenItsMarkerGoesToAnotherPixel) {
+    controls::PictureBox bar("picSongProgress");
+    controls::Label marker("lblProgress");
+    bar.SetLook("progress");
+    marker.SetLook("marker");
+    qt_tests::PlaceAt(bar, 0, 0, 100, 20);
+    bar.Add(marker);
+    bar.SetScaleWidth(1000);
+    marker.Move(500, 0, 100, 300);
+    qt_tests::Desk desk(bar);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(desk.Find(bar)->window()));
+    PaintCount bar_of_the_song(*desk.Find(bar));
+    bar_of_the_song.Paints();
+
+    marker.SetLeft(502);
+    desk.screen.CatchUp();
+    EXPECT_EQ(bar_of_the_song.Paints(), 0);
+
+    marker.SetLeft(600);
+    desk.screen.CatchUp();
+    EXPECT_GT(bar_of_the_song.Paints(), 0);
 }
 
 TEST(PictureBoxMirror, ItsColourIsPainted) {
