@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -237,10 +238,13 @@ int RefuseStart(const linux::PlaceOfStores& stores, linux::LinuxInstanceLock& in
 class Doorbells final {
 public:
     Doorbells(linux::LinuxInstanceLock& instance, window::MainWindow& main_window)
-        : hand_over_(instance.FileDescriptor(), QSocketNotifier::Read),
-          end_(linux::EndSignal::FileDescriptor(), QSocketNotifier::Read) {
-        QObject::connect(&hand_over_, &QSocketNotifier::activated, &hand_over_,
-                         [&instance] { instance.Serve(); });
+        : end_(linux::EndSignal::FileDescriptor(), QSocketNotifier::Read) {
+        // A start that is a later one itself, and ends by what it is about to hand over, has none to hear.
+        if (const int later_starts = instance.FileDescriptor(); later_starts >= 0) {
+            hand_over_.emplace(later_starts, QSocketNotifier::Read);
+            QObject::connect(&*hand_over_, &QSocketNotifier::activated, &*hand_over_,
+                             [&instance] { instance.Serve(); });
+        }
         QObject::connect(&end_, &QSocketNotifier::activated, &end_, [this, &main_window] {
             end_.setEnabled(false);
             main_window.End();
@@ -248,7 +252,7 @@ public:
     }
 
 private:
-    QSocketNotifier hand_over_;
+    std::optional<QSocketNotifier> hand_over_;
     QSocketNotifier end_;
 };
 

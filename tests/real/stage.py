@@ -350,10 +350,17 @@ class Stage:
         log = open(self.folder / f"program-{len(self._processes)}.log", "wb")
         self._logs.append(log)
         try:
-            return self.spawn([str(folder / "Brindlepost"), *arguments], stdout=log, stderr=log, cwd=str(folder))
+            program = self.spawn([str(folder / "Brindlepost"), *arguments], stdout=log, stderr=log, cwd=str(folder))
+            program.log = pathlib.Path(log.name)
+            return program
         finally:
             self.environment.clear()
             self.environment.update(saved)
+
+    @staticmethod
+    def said_by(program):
+        """What a program that was launched has printed."""
+        return program.log.read_text(errors="replace")
 
     def program_output(self):
         return "\n".join(p.read_text(errors="replace") for p in sorted(self.folder.glob("program-*.log")))

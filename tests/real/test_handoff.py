@@ -50,6 +50,7 @@ class Opener(Story):
         """A later start; it ends by itself."""
         later = self.stage.launch(self.application, *arguments, environment=environment)
         check_equal("the exit code of a later start", later.wait(30), 0)
+        check_equal("what a later start says", self.stage.said_by(later), "")
 
     def main_window_id(self):
         return self.stage.window("Brindlepost - ")
