@@ -151,8 +151,9 @@ void PlayListImportRoom::AddTracks() {
 // False when the import must end.
 bool PlayListImportRoom::AddTrack(int index) {
     const auto place = static_cast<std::size_t>(index);
-    if (place < known_songs_.size() && known_songs_[place]) {
-        rooms_.matcher.AddKnownSong(index, *known_songs_[place]);
+    const auto known = place < known_songs_.size() ? known_songs_[place] : std::nullopt;
+    if (known) {
+        rooms_.matcher.AddKnownSong(index, *known);
     } else {
         rooms_.matcher.SearchTrack(index);
     }

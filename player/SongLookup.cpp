@@ -31,7 +31,8 @@ std::vector<std::string> SongLookup::PathsOf(const std::vector<base::SongEntry>&
     store::RecordSet& songs = songs_.Recordset();
     const auto found = store::FirstRowsWith(songs, store::tblSong::SongID, song_ids);
     for (std::size_t i = 0; i < paths.size(); ++i) {
-        if (!song_ids[i].empty() && found[i] && songs.MoveTo(*found[i]))
+        const auto& row = found[i];
+        if (!song_ids[i].empty() && row && songs.MoveTo(*row))
             paths[i] = songs.Text(store::tblSong::FilePath);
     }
     return paths;

@@ -35,6 +35,7 @@ public:
     void Learn(std::string_view artist) { places_.try_emplace(artist, 0); }
     void Settle() {
         std::vector<std::pair<std::string, std::string_view>> sorted;
+        sorted.reserve(places_.size());
         for (const auto& [artist, place] : places_)
             sorted.emplace_back(base::LCase(artist), artist);
         std::sort(sorted.begin(), sorted.end());

@@ -1,7 +1,6 @@
 #include "platform/decoder/Gatekeeper.h"
 
 #include <fcntl.h>
-#include <linux/seccomp.h>
 #include <poll.h>
 #include <seccomp.h>
 #include <sys/ioctl.h>

@@ -6,6 +6,7 @@
 // on.
 #pragma once
 
+#include <linux/seccomp.h>
 #include <sys/types.h>
 
 #include <chrono>
@@ -19,9 +20,6 @@
 
 #include "platform/decoder/Policy.h"
 #include "platform/linux/Descriptor.h"
-
-struct seccomp_notif;
-struct seccomp_notif_resp;
 
 namespace decoder {
 

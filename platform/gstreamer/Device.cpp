@@ -48,9 +48,8 @@ int Device::Open(const OpenRequest& request) {
     std::unique_lock lock(share_->mutex);
     share_->request = request;
     if (!share_->threads->Start([share = share_] { RunWorker(share); })) return kHardware;
-    const bool in_time =
-        share_->opened.wait_for(lock, kOpenTimeout, [this] { return share_->open_result.has_value(); });
-    return in_time ? *share_->open_result : kNotReady;
+    share_->opened.wait_for(lock, kOpenTimeout, [this] { return share_->open_result.has_value(); });
+    return share_->open_result.value_or(kNotReady);
 }
 
 int Device::Play(const Command& command) {

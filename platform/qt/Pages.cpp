@@ -87,12 +87,13 @@ void Pages::LoadFactory() {
 }
 
 void Pages::BeginUserOfFactory() {
-    if (factory_ == nullptr || std::exchange(has_begun_, true)) return;
+    if (factory_ == nullptr || !user_ || std::exchange(has_begun_, true)) return;
     factory_->BeginUser(user_->name, user_->keeps_history);
 }
 
 void Pages::ExpectPages() {
-    if (IsHeld() || factory_ != nullptr || !ahead_.is_likely || !ahead_.is_likely(user_->name)) return;
+    if (!released_ || !user_ || factory_ != nullptr || !ahead_.is_likely || !ahead_.is_likely(user_->name))
+        return;
     next_step_.start(ahead_.after);
 }
 

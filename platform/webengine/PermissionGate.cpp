@@ -74,7 +74,7 @@ void PermissionGate::TakeBack() {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
 
 void PermissionGate::Listen() {
-    connect(&page_, &QWebEnginePage::permissionRequested, this, [this](QWebEnginePermission permission) {
+    connect(&page_, &QWebEnginePage::permissionRequested, this, [this](const QWebEnginePermission& permission) {
         const std::optional<Ability> ability = AbilityOf(permission.permissionType());
         if (!ability) {
             permission.deny();
