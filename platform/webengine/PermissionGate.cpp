@@ -74,21 +74,22 @@ void PermissionGate::TakeBack() {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
 
 void PermissionGate::Listen() {
-    connect(&page_, &QWebEnginePage::permissionRequested, this, [this](const QWebEnginePermission& permission) {
-        const std::optional<Ability> ability = AbilityOf(permission.permissionType());
-        if (!ability) {
-            permission.deny();
-            return;
-        }
-        questions_.Put(permission.origin(), *ability, [this, permission, ability](Verdict verdict) {
-            if (verdict == Verdict::Allow) {
-                permission.grant();
-            } else {
-                permission.deny();
-            }
-            if (IsRemembered(*ability)) Tell(permission.origin(), *ability, verdict);
-        });
-    });
+    connect(&page_, &QWebEnginePage::permissionRequested, this,
+            [this](const QWebEnginePermission& permission) {
+                const std::optional<Ability> ability = AbilityOf(permission.permissionType());
+                if (!ability) {
+                    permission.deny();
+                    return;
+                }
+                questions_.Put(permission.origin(), *ability, [this, permission, ability](Verdict verdict) {
+                    if (verdict == Verdict::Allow) {
+                        permission.grant();
+                    } else {
+                        permission.deny();
+                    }
+                    if (IsRemembered(*ability)) Tell(permission.origin(), *ability, verdict);
+                });
+            });
 }
 
 void PermissionGate::Tell(const QUrl& origin, Ability ability, Verdict verdict) {
