@@ -41,6 +41,19 @@ TEST(PictureBoxMirror, ANewScaleMovesNothingOnTheScreen) {
     EXPECT_EQ(desk.Find(marker)->geometry(), QRect(50, 0, 10, 20));
 }
 
+/// A bar of 100 pixels that is filled up to its marker.
+struct SongBar {
+    SongBar() {
+        bar.SetLook("progress");
+        marker.SetLook("marker");
+        qt_tests::PlaceAt(bar, 0, 0, 100, 20);
+        bar.Add(marker);
+    }
+
+    controls::PictureBox bar{"picSongProgress"};
+    controls::Label marker{"lblProgress"};
+};
+
 class PaintCount final : public QObject {
 public:
     explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
@@ -59,12 +72,8 @@ private:
 };
 
 TEST(PictureBoxMirror, ABarIsPaintedWhenItsMarkerGoesToAnotherPixel) {
-    controls::PictureBox bar("picSongProgress");
-    controls::Label marker("lblProgress");
-    bar.SetLook("progress");
-    marker.SetLook("marker");
-    qt_tests::PlaceAt(bar, 0, 0, 100, 20);
-    bar.Add(marker);
+    SongBar song;
+    auto& [bar, marker] = song;
     bar.SetScaleWidth(1000);
     marker.Move(500, 0, 100, 300);
     qt_tests::Desk desk(bar);
@@ -104,12 +113,8 @@ TEST(PictureBoxMirror, AVideoSurfaceHasAHandleOfItsOwn) {
 }
 
 TEST(PictureBoxMirror, ABarIsFilledUpToItsMarker) {
-    controls::PictureBox bar("picSongProgress");
-    controls::Label marker("lblProgress");
-    bar.SetLook("progress");
-    marker.SetLook("marker");
-    qt_tests::PlaceAt(bar, 0, 0, 100, 20);
-    bar.Add(marker);
+    SongBar song;
+    auto& [bar, marker] = song;
     qt_tests::PlaceAt(marker, 56, 0, 8, 20);
     const qt_tests::Desk desk(bar);
 
