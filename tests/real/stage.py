@@ -477,6 +477,12 @@ def role_of(node):
     return "push button" if name == "button" else name
 
 
+# A long list or page is read from its beginning only. A window is looked at whole: the controls of tabs that were closed
+# stay in it, hidden, in front of others.
+MOST_ITEMS = 300
+KEPT_WHOLE = ("frame", "dialog", "filler", "panel")
+
+
 class Eyes:
     """Finds what the program shows the way a screen reader does: by name, with its place on the screen."""
 
@@ -497,7 +503,9 @@ class Eyes:
             if showing and depth > 0 and not node.get_state_set().contains(self._atspi.StateType.SHOWING):
                 return
             yield node
-            count = min(node.get_child_count(), 300)
+            count = node.get_child_count()
+            if count > MOST_ITEMS and node.get_role_name() not in KEPT_WHOLE:
+                count = MOST_ITEMS
         except self._gone:
             return
         for index in range(count):

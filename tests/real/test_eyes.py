@@ -36,6 +36,23 @@ class List:
         return rows[index] if index < len(rows) else None
 
 
+class Held:
+    """A control, and what it holds."""
+
+    def __init__(self, name, role, *held):
+        self.name, self.role, self.held, self.asked = name, role, held, 0
+
+    def get_role_name(self):
+        return self.role
+
+    def get_child_count(self):
+        return len(self.held)
+
+    def get_child_at_index(self, index):
+        self.asked += 1
+        return self.held[index]
+
+
 def gone():
     return GLib.Error("The application no longer exists")
 
@@ -70,6 +87,15 @@ class EyesTest(unittest.TestCase):
         self.show(List([]))
         with self.assertRaisesRegex(StageError, "Tracks"):
             self.eyes.row_rect("Tracks", 5)
+
+    def test_a_window_is_looked_at_whole(self):
+        window = Held("window", "frame", *[Held(str(number), "label") for number in range(500)])
+        self.assertEqual([node.name for node in self.eyes.below(window)][-1], "499")
+
+    def test_of_a_long_list_only_the_beginning_is_read(self):
+        tracks = Held("Tracks", "list", *[Held(str(number), "list item") for number in range(500)])
+        self.assertEqual(len(list(self.eyes.below(tracks))), 301)
+        self.assertEqual(tracks.asked, 300)
 
 
 if __name__ == "__main__":
