@@ -264,7 +264,7 @@ class Hour(Listener):
                 action(self)
             except (stages.StageError, StoryError) as error:
                 self.missed += 1
-                print(f"{second:7.1f} s  {name}: {error}", flush=True)
+                print(f"{second:7.1f} s  {name}: {error}; {self.what_is_there()}", flush=True)
                 self.leave_boxes()
             self.done.append((second, name))
             self.stay_alive(name)
@@ -272,6 +272,12 @@ class Hour(Listener):
         self.end = time.monotonic() - self.begin
         time.sleep(4)
         self.sampler.end()
+
+    def what_is_there(self):
+        """What stands in front, for a miss that nobody saw."""
+        picture = self.stage.screenshot(self.stage.folder / f"missed-{self.missed}.png")
+        address = [self.eyes.text(box) for box in self.eyes.find_all("Address", "text")]
+        return f"in front '{self.stage.front_window()}', its address {address}, picture {picture}"
 
     def leave_boxes(self):
         for _ in range(3):
@@ -419,7 +425,7 @@ def main():
             drawn.truncate(0)
             drawn.write("\n".join(picture(hour)) + "\n")
             drawn.close()
-    if is_done:
+    if is_done and not hour.missed:
         scene.remove()
     return 0 if is_whole else 1
 
