@@ -1,22 +1,60 @@
 #!/usr/bin/env python3
-"""Runs a test that records sound; on a machine that was kept busy by others, up to three times.
+"""Runs a test that records sound; on a machine that was kept busy by others, or stood still, up to three times.
 
     calm.py PROGRAM [ARGUMENT...]
 
-A recording made while other programs waited for a processor shows gaps of the machine, not of the player. So a
-test that failed is run again when, while it ran, some process waited for a processor for more than BUSY of the time
-(the kernel's pressure file; on a quiet machine a recording stays below a third of that), and only then: on a quiet machine
-a failure is a failure at once, and one that comes three times is one on any. Every run's output is kept.
+A recording made while other programs waited for a processor, or while the machine itself gave no time to a core, shows gaps of
+the machine, not of the player. So a test that failed is run again when, while it ran, some process waited for a
+processor for more than BUSY of the time (the kernel's pressure file; on a quiet machine a recording stays below a third of that)
+or a sleeper, of whom one is bound to each core, overslept by STILL, and only then: on a quiet machine a failure is a failure at
+once, and one that comes three times is one on any. Every run's output is kept.
 """
 
 import os
 import sys
+import threading
 import time
 
 BUSY = 0.6
+STILL = 0.025  # seconds; the player has 40 to 60 ms in store
+NAP = 0.005
 TRIES = 3
 LONGEST_WAIT = 20  # seconds for the machine to come to rest
 PRESSURE = "/proc/pressure/cpu"
+
+
+class Watch:
+    """What the machine does beside a run."""
+
+    def __init__(self):
+        self._begin, self._before = time.monotonic(), waited()
+        self._overslept, self._ended = {}, threading.Event()
+        self._sleepers = [threading.Thread(target=self._sleep, args=(core,)) for core in os.sched_getaffinity(0)]
+        for sleeper in self._sleepers:
+            sleeper.start()
+
+    def _sleep(self, core):
+        os.sched_setaffinity(0, {core})     # of this thread alone
+        try:
+            os.sched_setscheduler(0, os.SCHED_FIFO, os.sched_param(1))
+        except OSError:
+            pass    # a sleeper who may not be urgent waits like every other process
+        self._overslept[core] = 0.0
+        while not self._ended.is_set():
+            begin = time.monotonic()
+            time.sleep(NAP)
+            self._overslept[core] = max(self._overslept[core], time.monotonic() - begin - NAP)
+
+    def end(self):
+        """What kept the run from its processor; nothing on a quiet machine."""
+        self._ended.set()
+        for sleeper in self._sleepers:
+            sleeper.join()
+        share = 0 if self._before is None else (waited() - self._before) / (time.monotonic() - self._begin)
+        still = max(self._overslept.values(), default=0)
+        if share > BUSY:
+            return f"Processes waited for {share:.0%} of this run"
+        return f"A core stood still for {1000 * still:.0f} ms of this run" if still > STILL else ""
 
 
 def waited():
@@ -28,13 +66,13 @@ def waited():
         return None
 
 
-def run(command):
-    """The exit code, and how much of the time was waited in: 0 to 1."""
+def run(command, watch):
+    """The exit code, and what kept it from its processor."""
     sys.stdout.flush()
-    before, begin = waited(), time.monotonic()
-    code = os.waitstatus_to_exitcode(os.waitpid(os.spawnvp(os.P_NOWAIT, command[0], command), 0)[1])
-    share = 0 if before is None else (waited() - before) / (time.monotonic() - begin)
-    return code, share
+    process = os.spawnvp(os.P_NOWAIT, command[0], command)
+    beside = watch()
+    code = os.waitstatus_to_exitcode(os.waitpid(process, 0)[1])
+    return code, beside.end()
 
 
 def wait_for_rest():
@@ -42,21 +80,20 @@ def wait_for_rest():
     while time.monotonic() < end:
         before = waited()
         time.sleep(1)
-        if waited() - before < BUSY:
+        if before is None or waited() - before < BUSY:
             return
 
 
-def main():
-    command = sys.argv[1:]
-    code, share = run(command)
+def main(command, watch=Watch):
+    code, reason = run(command, watch)
     for _ in range(TRIES - 1):
-        if code == 0 or share <= BUSY:
+        if code == 0 or not reason:
             break
-        print(f"Processes waited for {share:.0%} of this run; it is made again.")
+        print(f"{reason}; it is made again.")
         wait_for_rest()
-        code, share = run(command)
+        code, reason = run(command, watch)
     return code if code >= 0 else 128 - code
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(main(sys.argv[1:]))
