@@ -58,7 +58,8 @@ function(brindlepost_prelude)
 endfunction()
 
 # brindlepost_test(NAME SOURCES ... LINKS ... LABELS logic controls [TIMEOUT seconds] [RUNNER script] [PREFIX text])
-# One test program, run by the script if there is one; every test in it is a test of CTest with the labels.
+# One test program, run by the script if there is one; every test in it is a test of CTest with the labels, under the
+# sanitizers the whole program.
 function(brindlepost_test name)
   cmake_parse_arguments(ARG "" "TIMEOUT;RUNNER;PREFIX" "SOURCES;LINKS;LABELS" ${ARGN})
   if(NOT ARG_TIMEOUT)
@@ -71,6 +72,12 @@ function(brindlepost_test name)
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gtest GTest::gtest_main brindlepost_test_options)
   target_precompile_headers(${name} REUSE_FROM test_prelude)
+  if(BRINDLEPOST_SANITIZE)
+    # A sanitized process takes longer to begin than most tests take.
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 600)
+    return()
+  endif()
   include(GoogleTest)
   gtest_discover_tests(${name}
     DISCOVERY_MODE PRE_TEST
