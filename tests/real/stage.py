@@ -468,6 +468,39 @@ class Stage:
         shutil.rmtree(self.folder, ignore_errors=True)
 
 
+def run_step_by_step(build, make):
+    """Goes all steps of what `make` puts on a stage for the build, also behind one that failed, while its program
+    runs. The exit code; the stage stays where a step failed."""
+    failures = 0
+    with Stage(become_unprivileged(build)) as stage:
+        person = make(stage)
+        for number, step in enumerate(person.steps(), 1):
+            if stage.run_steps([step], picture=f"failure-{number:02d}.png"):
+                continue
+            failures += 1
+            if person.screening.program.poll() is not None:
+                break
+    if not failures:
+        stage.remove()
+    return 1 if failures else 0
+
+
+def run_parts(build, make, parts, wanted, picture):
+    """Goes the wanted parts, or all, with one whom `make` puts on a silent stage, with a folder for files beside it. Fewer
+    folders stand beside that than in the folder of the stage, so that the way to it is short. The exit code."""
+    build = become_unprivileged(build)
+    chosen = [part for part in parts if not wanted or part.__name__ in wanted]
+    with tempfile.TemporaryDirectory(prefix="brindlepost-", dir="/var/tmp") as files, Stage(build, sound=False) as stage:
+        person = make(stage, pathlib.Path(files))
+        try:
+            good = stage.run_steps(chosen, person, picture=picture)
+        finally:
+            person.end()
+    if good:
+        stage.remove()
+    return 0 if good else 1
+
+
 # ---- controls by name ----------------------------------------------------------------------------------------------
 
 

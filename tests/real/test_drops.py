@@ -199,21 +199,5 @@ class Dropping(Dragging):
                 self.a_small_window_springs_back, self.still_runs]
 
 
-def main():
-    build = stages.become_unprivileged(sys.argv[1])
-    failures = 0
-    with stages.Stage(build) as stage:
-        dropping = Dropping(stage)
-        for number, step in enumerate(dropping.steps(), 1):
-            if stage.run_steps([step], picture=f"failure-{number:02d}.png"):
-                continue
-            failures += 1
-            if dropping.screening.program.poll() is not None:
-                break
-    if not failures:
-        stage.remove()
-    return 1 if failures else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(stages.run_step_by_step(sys.argv[1], Dropping))

@@ -4,10 +4,8 @@ Mouse and keyboard do what a person does; stores are read back with the sqlite3 
 """
 
 import os
-import pathlib
 import subprocess
 import sys
-import tempfile
 
 import stage
 from stage import role_of, wait_for
@@ -227,22 +225,6 @@ def the_keyboard_reaches_every_option(person):
     person.press("Back-up", "push button")
 
 
-def main():
-    wanted = sys.argv[2:]
-    build = stage.become_unprivileged(sys.argv[1])
-    parts = [part for part in PARTS if not wanted or part.__name__ in wanted]
-    with tempfile.TemporaryDirectory(prefix="brindlepost-", dir="/var/tmp") as files, \
-            stage.Stage(build, sound=False) as scene:
-        person = person_on(scene, pathlib.Path(files))
-        try:
-            good = scene.run_steps(parts, person, picture="failure-preferences.png")
-        finally:
-            person.end()
-    if good:
-        scene.remove()
-    return 0 if good else 1
-
-
 def person_on(scene, files):
     person = Keeper.__new__(Keeper)
     person.stage = scene
@@ -259,4 +241,4 @@ PARTS = [options_are_stored_and_hold_after_a_restart, play_lists_are_backed_up, 
          back_ups_that_cannot_be_are_told, the_library_is_emptied, what_was_backed_up_comes_back]
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(stage.run_parts(sys.argv[1], person_on, PARTS, sys.argv[2:], "failure-preferences.png"))

@@ -1,9 +1,7 @@
 """Log out, the exit that cannot save, and the about box on the real program: `test_session.py BUILD_FOLDER [PART...]`."""
 
-import pathlib
 import subprocess
 import sys
-import tempfile
 
 import stage
 from stage import wait_for
@@ -105,24 +103,8 @@ def an_exit_that_cannot_save_says_so_and_stays(person):
     check_equal("shuffle in the file", person.setting(2), "True")
 
 
-def main():
-    wanted = sys.argv[2:]
-    build = stage.become_unprivileged(sys.argv[1])
-    parts = [part for part in PARTS if not wanted or part.__name__ in wanted]
-    with tempfile.TemporaryDirectory(prefix="brindlepost-", dir="/var/tmp") as files, \
-            stage.Stage(build, sound=False) as scene:
-        person = person_on(scene, pathlib.Path(files))
-        try:
-            good = scene.run_steps(parts, person, picture="failure-session.png")
-        finally:
-            person.end()
-    if good:
-        scene.remove()
-    return 0 if good else 1
-
-
 PARTS = [the_about_box_tells_what_runs, without_a_tool_system_information_is_unavailable,
          a_log_out_leaves_the_login_alone_on_the_screen, an_exit_that_cannot_save_says_so_and_stays]
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(stage.run_parts(sys.argv[1], person_on, PARTS, sys.argv[2:], "failure-session.png"))

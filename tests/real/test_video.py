@@ -4,7 +4,7 @@ import sys
 import time
 
 import stage as stages
-from screening import (BLACK, BLUE, CYAN, FIRST_FIELDS, GREEN, MAGENTA, RED, SECOND_FIELDS, WHITE, YELLOW, Screening,
+from screening import (BLACK, BLUE, FIRST_FIELDS, GREEN, RED, SECOND_FIELDS, WHITE, YELLOW, Screening,
                        make_film, near)
 from stage import make_tone, wait_for
 
@@ -329,21 +329,5 @@ class Show:
                 self.strobe_warns, self.strobe, self.party, self.mood, self.animation, self.no_show, self.still_runs]
 
 
-def main():
-    build = stages.become_unprivileged(sys.argv[1])
-    failures = 0
-    with stages.Stage(build) as stage:
-        show = Show(stage)
-        for number, step in enumerate(show.steps(), 1):
-            if stage.run_steps([step], picture=f"failure-{number:02d}.png"):
-                continue
-            failures += 1
-            if show.screening.program.poll() is not None:
-                break
-    if not failures:
-        stage.remove()
-    return 1 if failures else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(stages.run_step_by_step(sys.argv[1], Show))
