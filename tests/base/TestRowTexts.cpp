@@ -11,6 +11,7 @@ namespace {
 
 std::vector<std::string> All(const RowTexts& rows) {
     std::vector<std::string> all;
+    all.reserve(rows.Size());
     for (std::size_t row = 0; row < rows.Size(); ++row)
         all.emplace_back(rows.At(row));
     return all;

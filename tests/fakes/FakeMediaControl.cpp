@@ -238,7 +238,8 @@ void FakeMediaControl::Advance(int milliseconds) {
         device.position_ms += milliseconds * device.speed / 1000.0;
         if (device.position_ms < device.end_ms) continue;
         device.position_ms = device.end_ms;
-        if ((device.at_end_ms += milliseconds) <= SaysPlayingAtEnd) continue;
+        device.at_end_ms += milliseconds;
+        if (device.at_end_ms <= SaysPlayingAtEnd) continue;
         device.mode = "stopped";
         device.media.tells_length = true;
     }

@@ -165,7 +165,7 @@ TEST(PanningRoom, InstantPlaysLeftForTenTicksAndRightForNine) {
         house.TakeCommands();
         house.desktop.Advance(50);
         const auto sent = house.TakeCommands();
-        sides.push_back(sent.empty() ? "-" : house.Levels().first == 100 ? "L" : "R");
+        sides.emplace_back(sent.empty() ? "-" : house.Levels().first == 100 ? "L" : "R");
     }
 
     const Texts expected = {"L", "L", "L", "L", "L", "L", "L", "L", "L", "R",

@@ -173,7 +173,7 @@ TEST(PlaybackRoom, EachStateOfTheTwoDevicesHasItsCommandsAndItsFade) {
     for (const AliasCase& one : cases) {
         PlayerHouse house;
         const auto song = house.AddSong("new.mp3");
-        const auto old_word = house.files.GetShortPathName(house.AddSong("old.mp3"));
+        house.AddSong("old.mp3");
         for (const auto& [alias, plays] : {std::pair{"a", one.a_plays}, std::pair{"b", one.b_plays}}) {
             if (!plays) continue;
             house.mci.MciOpen(0, alias, "C:\\m\\old.mp3", "MPEGVideo");

@@ -70,6 +70,7 @@ TEST_F(RoomsTest, EveryWindowHasATable) {
     for (const controls::Form* window : program.windows.All())
         windows.push_back(window->Name());
     std::vector<std::string> with_table;
+    with_table.reserve(std::size(tables));
     for (const Table& table : tables)
         with_table.push_back(table.window);
 
