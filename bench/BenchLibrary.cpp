@@ -83,6 +83,7 @@ struct Neighbours final : roles::Start,
     void ClearList() override {}
     void AddToList(std::string_view) override {}
     void SetTyped(std::string_view) override {}
+    void ShowLocation(std::string_view) override {}
     bool IsAddressVisible() const override { return true; }
     roles::AddressMode Mode() const override { return roles::AddressMode::Web; }
     void ClearStaleAddress() override {}

@@ -277,7 +277,8 @@ class Hour(Listener):
         """What stands in front, for a miss that nobody saw."""
         picture = self.stage.screenshot(self.stage.folder / f"missed-{self.missed}.png")
         address = [self.eyes.text(box) for box in self.eyes.find_all("Address", "text")]
-        return f"in front '{self.stage.front_window()}', its address {address}, picture {picture}"
+        return (f"in front '{self.stage.front_window()}', its address {address}, the last pages that were asked for "
+                f"{self.pages.requests[-4:]} of {len(self.pages.requests)}, picture {picture}")
 
     def leave_boxes(self):
         for _ in range(3):

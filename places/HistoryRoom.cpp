@@ -97,7 +97,7 @@ void HistoryRoom::ShowKind(roles::HistoryKind kind) {
         others_.address.AddToList(rows.Text(store::tblHistory::HistoryText));
     }
     if (others_.address.Mode() == roles::AddressMode::Web && others_.page.IsPageVisible())
-        others_.address.SetTyped(others_.page.LocationURL());
+        others_.address.ShowLocation(others_.page.LocationURL());
 }
 
 // A song that left the library keeps its place in the count: it shortens the view and lets no older song in.

@@ -25,17 +25,26 @@ public:
         being_set_ = true;
         controls_.txtAddress.SetText(text);
         being_set_ = false;
+        is_location_ = false;
+    }
+    void ShowLocation(std::string_view url) override {
+        SetTyped(url);
+        is_location_ = true;
     }
     roles::AddressMode Mode() const override { return roles::AddressModeOf(controls_.cmbType.Text()); }
     void FocusAddress() override { controls_.txtAddress.SetFocus(); }
     void ClearStaleAddress() override {
-        if (state_.MusicTabActive && Typed() == state_.LastTabUrl) SetTyped("");
+        if (is_location_ && state_.MusicTabActive && Typed() == state_.LastTabUrl) SetTyped("");
     }
 
     /// `txtAddress.Text`.
     const std::string& Typed() const { return controls_.txtAddress.Text(); }
     /// The text changes by SetTyped and not by the user.
     bool IsBeingSet() const { return being_set_; }
+    /// What the user wrote is theirs, whatever it reads.
+    void OnChange() {
+        if (!being_set_) is_location_ = false;
+    }
     /// How safe the connection of the page in front is. It shows while the row holds that page's address.
     void ShowSecurity(ports::PageSigns::Security security, std::string_view address) {
         controls_.txtAddress.SetSign(SignOf(security), address);
@@ -65,6 +74,7 @@ private:
     AddressControls& controls_;
     const WebState& state_;
     bool being_set_ = false;
+    bool is_location_ = false;  // of a page, which nobody typed or chose
 };
 
 }  // namespace web

@@ -88,6 +88,7 @@ void AddressRoom::EnterAsWeb(std::string_view text) {
 }
 
 void AddressRoom::txtAddress_Change() {
+    address_.OnChange();
     completion_.OnText();
 }
 
@@ -234,7 +235,7 @@ void AddressRoom::cmbType_Click() {
     address_.SetTyped("");
     roles_.history.PopulateHistory(roles::HistoryKindOf(address_.Mode()));
     if (address_.Mode() != roles::AddressMode::None) return;
-    if (tabs_.Front().Visible()) address_.SetTyped(tabs_.Front().LocationURL());
+    if (tabs_.Front().Visible()) address_.ShowLocation(tabs_.Front().LocationURL());
 }
 
 void AddressRoom::cmbType_KeyDown(int key_code, int shift) {

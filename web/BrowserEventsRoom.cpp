@@ -114,7 +114,7 @@ void BrowserEventsRoom::RememberVisit(int index) {
 
 void BrowserEventsRoom::ShowAddressOfFront() {
     const std::string address = tabs_.Front().LocationURL();
-    if (address_.IsWebMode()) address_.SetTyped(address);
+    if (address_.IsWebMode()) address_.ShowLocation(address);
     state_.LastTabUrl = address;
     address_.ShowSecurity(tabs_.Front().Signs().security, address);
 }

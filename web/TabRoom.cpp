@@ -210,7 +210,7 @@ void TabRoom::ShowPageInFront() {
     controls_.mnuTabTab(front).SetChecked(true);
     roles_.window.SetCaption(std::string(kTitle).append(" - ").append(controls_.mnuTabTab(front).Caption()));
     const std::string address = Front().LocationURL();
-    if (address_.IsWebMode()) address_.SetTyped(address);
+    if (address_.IsWebMode()) address_.ShowLocation(address);
     state_.LastTabUrl = address;
     address_.ShowSecurity(Front().Signs().security, address);
 }

@@ -45,6 +45,7 @@ class AddressRowRelay final : public Relay<roles::AddressRow> {
     void ClearList() override { Answers().ClearList(); }
     void AddToList(std::string_view text) override { Answers().AddToList(text); }
     void SetTyped(std::string_view text) override { Answers().SetTyped(text); }
+    void ShowLocation(std::string_view url) override { Answers().ShowLocation(url); }
     roles::AddressMode Mode() const override { return Answers().Mode(); }
     void FocusAddress() override { Answers().FocusAddress(); }
     void ClearStaleAddress() override { Answers().ClearStaleAddress(); }

@@ -32,6 +32,7 @@ struct FakeAddressRow final : roles::AddressRow {
     void ClearList() override {}
     void AddToList(std::string_view) override {}
     void SetTyped(std::string_view) override {}
+    void ShowLocation(std::string_view) override {}
     roles::AddressMode Mode() const override { return roles::AddressMode::Web; }
     void FocusAddress() override {}
     void ClearStaleAddress() override {}

@@ -41,6 +41,7 @@ public:
     }
     void AddToList(std::string_view text) override { List.emplace_back(text); }
     void SetTyped(std::string_view text) override { Typed = text; }
+    void ShowLocation(std::string_view url) override { Typed = url; }
     bool IsAddressVisible() const override { return true; }
     roles::AddressMode Mode() const override { return Type; }
     void ClearStaleAddress() override {}

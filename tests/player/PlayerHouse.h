@@ -52,6 +52,7 @@ struct RecordingAddressRow final : roles::AddressRow {
     void ClearList() override {}
     void AddToList(std::string_view) override {}
     void SetTyped(std::string_view) override {}
+    void ShowLocation(std::string_view) override {}
     roles::AddressMode Mode() const override { return roles::AddressMode::Web; }
     void FocusAddress() override { ++Focused; }
     void ClearStaleAddress() override { ++Cleared; }

@@ -85,6 +85,32 @@ TEST_F(TabsStory, TheMusicTabComesForwardAndTheTabStays) {
     EXPECT_EQ(program.Browser().Children().back(), &program.Browser().chrome.fraMusicTab);
 }
 
+// The player's ticks take away what is left of the page; Enter then opened a tab without a page.
+TEST_F(TabsStory, BesideTheMusicTheAddressOfTheLastPageCanBeTypedAgain) {
+    GoToAndArrive("http://one.example/");
+    Tabs().imgMusicTab.MouseUp.Raise(controls::kLeftButton, 0, 5, 5);
+    program.Browser().web.address.txtAddress.SetText("http://one.example/");
+
+    program.Wait(500);
+    program.PressEnter(program.Browser().web.address.txtAddress);
+    program.LetPagesArrive();
+
+    ASSERT_EQ(Tabs().tabtab.Count(), 3);
+    EXPECT_EQ(Tabs().Browser(2).LocationURL(), "http://one.example/");
+    EXPECT_EQ(program.Browser().Caption(), "Brindlepost - One");
+}
+
+// A page that arrives behind the music has its address shown, and taken away again.
+TEST_F(TabsStory, BesideTheMusicNoPagesAddressIsLeft) {
+    program.GoTo("http://one.example/");
+    Tabs().imgMusicTab.MouseUp.Raise(controls::kLeftButton, 0, 5, 5);
+    program.LetPagesArrive();
+
+    program.Wait(500);
+
+    EXPECT_EQ(Typed(), "");
+}
+
 TEST_F(TabsStory, AClosedTabGivesWayToTheOneBesideIt) {
     GoToAndArrive("one.example");
     GoToAndArrive("two.example");

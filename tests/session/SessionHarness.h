@@ -123,6 +123,7 @@ public:
     void ClearList() override { Log.emplace_back("ClearList"); }
     void AddToList(std::string_view text) override { Note("AddToList ", text); }
     void SetTyped(std::string_view text) override { Note("SetTyped ", text); }
+    void ShowLocation(std::string_view url) override { Note("ShowLocation ", url); }
     roles::AddressMode Mode() const override { return roles::AddressMode::Web; }
     void FocusAddress() override { Log.emplace_back("FocusAddress"); }
     void ClearStaleAddress() override { Log.emplace_back("ClearStaleAddress"); }

@@ -321,20 +321,34 @@ TEST_F(AddressRoom, AStaleAddressIsClearedUnderTheMusicTabOnly) {
     rooms.Address().ClearStaleAddress();
     EXPECT_EQ(groups.address.txtAddress.Text(), "http://one.example/");
     Click(groups.tabs.imgMusicTab);
-    groups.address.txtAddress.SetText("http://one.example/");
+    rooms.Address().ShowLocation("http://one.example/");
     rooms.Address().ClearStaleAddress();
 
     EXPECT_EQ(groups.address.txtAddress.Text(), "");
 }
 
-TEST_F(AddressRoom, ATypedTextIsNotStale) {
+// The page that was last in front is often the one that is wanted again.
+TEST_F(AddressRoom, ATypedTextIsNotStaleWhateverItReads) {
     Open("http://one.example/");
     Click(groups.tabs.imgMusicTab);
-    groups.address.txtAddress.SetText("half");
+    for (const char* const typed : {"half", "http://one.example/"}) {
+        groups.address.txtAddress.SetText(typed);
 
+        rooms.Address().ClearStaleAddress();
+
+        EXPECT_EQ(groups.address.txtAddress.Text(), typed);
+    }
+}
+
+TEST_F(AddressRoom, AnAddressThatWasChosenIsNotStale) {
+    Open("http://one.example/");
+    Click(groups.tabs.imgMusicTab);
+    groups.address.cmbAddress.SetText("http://one.example/");
+
+    groups.address.cmbAddress.Click.Raise();
     rooms.Address().ClearStaleAddress();
 
-    EXPECT_EQ(groups.address.txtAddress.Text(), "half");
+    EXPECT_EQ(groups.address.txtAddress.Text(), "http://one.example/");
 }
 
 TEST_F(AddressRoom, KeysOnTheModeReachTheShortcuts) {
