@@ -27,8 +27,9 @@ public:
     virtual AddressMode Mode() const = 0;
     /// Moves the keyboard focus to `txtAddress`.
     virtual void FocusAddress() = 0;
-    /// While the music tab is in front: empties `txtAddress` if it still shows the remembered page address. One
-    /// that the user typed or chose stays. Called at every tick of the player, so it must cost next to nothing.
+    /// While the music tab is in front: empties `txtAddress` if it still shows the remembered page address.
+    /// One that the user typed or chose stays. Called at every tick of the player, so it must cost next to
+    /// nothing.
     virtual void ClearStaleAddress() = 0;
 };
 

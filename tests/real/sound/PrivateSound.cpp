@@ -19,6 +19,8 @@ constexpr double kServerStart = 10;
 std::vector<std::string> ServerIn(const std::string& folder) {
     // Another one than PulseAudio, as pipewire.py beside this file.
     if (const char* const other = std::getenv("BRINDLEPOST_SOUND_SERVER")) return {other, folder};
+    // What a sink takes back and plays anew is heard once, but a recorder has it as it was at first: no
+    // rewinds.
     return {"env",
             "XDG_RUNTIME_DIR=" + folder,
             "HOME=" + folder,
@@ -32,7 +34,6 @@ std::vector<std::string> ServerIn(const std::string& folder) {
             "--realtime=no",
             "--high-priority=no",
             "--load=module-native-protocol-unix auth-anonymous=1 socket=" + folder + "/native",
-            // What a sink takes back and plays anew is heard once; a recorder has it as it was at first.
             "--load=module-null-sink sink_name=test rate=44100 channels=2 norewinds=1"};
 }
 
