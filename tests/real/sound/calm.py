@@ -3,10 +3,10 @@
 
     calm.py PROGRAM [ARGUMENT...]
 
-A recording made while other programs waited for a processor, or while the machine itself gave no time to a core, shows gaps of
-the machine, not of the player. So a test that failed is run again when, while it ran, some process waited for a
-processor for more than BUSY of the time (the kernel's pressure file; on a quiet machine a recording stays below a third of that)
-or a sleeper, of whom one is bound to each core, overslept by STILL, and only then: on a quiet machine a failure is a failure at
+A recording made while other programs waited for a processor, or while a core was held for long, shows gaps of the machine, not of
+the player. So a test that failed is run again when, while it ran, some process waited for a processor for more than BUSY of the
+time (the kernel's pressure file; on a quiet machine a recording stays below a third of that), or one of the sleepers, of whom each
+core has one, waited for it for STILL (on a quiet machine, 2 to 9 ms), and only then: on a quiet machine a failure is a failure at
 once, and one that comes three times is one on any. Every run's output is kept.
 """
 
@@ -35,10 +35,6 @@ class Watch:
 
     def _sleep(self, core):
         os.sched_setaffinity(0, {core})     # of this thread alone
-        try:
-            os.sched_setscheduler(0, os.SCHED_FIFO, os.sched_param(1))
-        except OSError:
-            pass    # a sleeper who may not be urgent waits like every other process
         self._overslept[core] = 0.0
         while not self._ended.is_set():
             begin = time.monotonic()
@@ -54,7 +50,7 @@ class Watch:
         still = max(self._overslept.values(), default=0)
         if share > BUSY:
             return f"Processes waited for {share:.0%} of this run"
-        return f"A core stood still for {1000 * still:.0f} ms of this run" if still > STILL else ""
+        return f"A core was held for {1000 * still:.0f} ms of this run" if still > STILL else ""
 
 
 def waited():
