@@ -34,13 +34,17 @@ public:
     roles::AddressMode Mode() const override { return roles::AddressModeOf(controls_.cmbType.Text()); }
     void FocusAddress() override { controls_.txtAddress.SetFocus(); }
     void ClearStaleAddress() override {
-        if (is_location_ && state_.MusicTabActive && Typed() == state_.LastTabUrl) SetTyped("");
+        if (state_.MusicTabActive) ClearLocation();
     }
 
     /// `txtAddress.Text`.
     const std::string& Typed() const { return controls_.txtAddress.Text(); }
     /// The text changes by SetTyped and not by the user.
     bool IsBeingSet() const { return being_set_; }
+    /// Takes the remembered page address away where it is shown and was neither typed nor chosen.
+    void ClearLocation() {
+        if (is_location_ && Typed() == state_.LastTabUrl) SetTyped("");
+    }
     /// What the user wrote is theirs, whatever it reads.
     void OnChange() {
         if (!being_set_) is_location_ = false;

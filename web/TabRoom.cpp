@@ -195,13 +195,13 @@ void TabRoom::ShowNothingInFront() {
     strip_.EndLeftLine(roles_.window.Width());
     state_.TabsShown = false;
     // The backdrop's address is the program's own and of no use to the user.
-    if (address_.Typed() == state_.LastTabUrl) address_.SetTyped("");
+    address_.ClearLocation();
 }
 
 void TabRoom::ShowMusicInFront() {
     roles_.window.SetCaption(std::string(kTitle).append(" - Music Player"));
     strip_.OpenLines(kMusicTabLeft, kFirstTabLeft);
-    if (address_.Typed() == state_.LastTabUrl) address_.SetTyped("");
+    address_.ClearLocation();
 }
 
 void TabRoom::ShowPageInFront() {

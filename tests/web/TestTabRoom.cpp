@@ -428,7 +428,7 @@ TEST_F(TabRoom, WithTheMusicTabClosedAndNoOtherTheTitleNamesNone) {
 
 TEST_F(TabRoom, WithNothingInFrontTheLastAddressGoes) {
     groups.tabs.tabMusicClose.Click.Raise();
-    groups.address.txtAddress.SetText("http://example.org/");
+    rooms.Address().ShowLocation("http://example.org/");
     state.LastTabUrl = "http://example.org/";
 
     rooms.Tabs().CorrectTabs();
