@@ -13,8 +13,9 @@ public:
     static std::chrono::milliseconds Length();
     /// It ran empty at this length; a later call for the same length does nothing.
     static void RanEmpty(std::chrono::milliseconds length);
-    /// What the pieces are that the server asks for.
-    static constexpr std::chrono::milliseconds kPiece{10};
+    /// The least that the server asks for. It keeps twice as much out of what its device may have in store,
+    /// and a server that is held up for a moment lives on that.
+    static constexpr std::chrono::milliseconds kPiece{2};
 };
 
 }  // namespace gstreamer

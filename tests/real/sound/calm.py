@@ -16,8 +16,8 @@ import threading
 import time
 
 BUSY = 0.6
-STILL = 0.025  # seconds; the player has 40 to 60 ms in store
-NAP = 0.005
+STILL = 0.015  # seconds; with every core held, the first recordings fail at 24 ms
+NAP = 0.002
 TRIES = 3
 LONGEST_WAIT = 20  # seconds for the machine to come to rest
 PRESSURE = "/proc/pressure/cpu"
