@@ -173,7 +173,7 @@ class Hour(Listener):
     def start_plain_player(self):
         self.stage.run("pactl", "load-module", "module-null-sink", "sink_name=plain", f"rate={gaps.RATE}")
         self.stage.spawn(["gst-launch-1.0", "-q", "audiotestsrc", "freq=440", "volume=0.5", "!",
-                          f"audio/x-raw,rate={gaps.RATE},channels=2", "!", "pulsesink", "device=plain", "buffer-time=60000",
+                          f"audio/x-raw,rate={gaps.RATE},channels=2", "!", "pulsesink", "device=plain", "buffer-time=55000",
                           "latency-time=2000"])
         stages.wait_for("the plain player", lambda: "RUNNING" in "".join(
             line for line in self.stage.run("pactl", "list", "short", "sinks").splitlines() if "plain" in line))

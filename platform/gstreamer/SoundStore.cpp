@@ -9,7 +9,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr std::array kLengths = {milliseconds(60), milliseconds(100), milliseconds(200)};
+constexpr std::array kLengths = {milliseconds(55), milliseconds(100), milliseconds(200)};
 std::atomic<std::size_t> step = 0;
 
 }  // namespace

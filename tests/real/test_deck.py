@@ -64,7 +64,7 @@ class Listener(Story):
         """The same tone from the sound server's own player, on a device of its own; returns its recording."""
         self.stage.run("pactl", "load-module", "module-null-sink", "sink_name=plain", f"rate={stage.SAMPLE_RATE}")
         tone = make_tone(self.stage.folder / "plain.wav", TONE, 240)
-        self.stage.spawn(["paplay", "--device=plain", "--latency-msec=60", str(tone)])
+        self.stage.spawn(["paplay", "--device=plain", "--latency-msec=55", str(tone)])
         plain = Recorder(self.stage, self.stage.folder / "plain.raw", "plain.monitor")
         wait_for("the plain player", lambda: plain.hears(TONE))
         return plain

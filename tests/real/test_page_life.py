@@ -87,7 +87,7 @@ class Life(Browsing):
         music = Recorder(self.stage, self.stage.folder / "music.raw")
         wait_for("the music", lambda: music.hears(440, least=0.02), 20)
         player = self.stage.spawn(["gst-launch-1.0", "-q", "filesrc", f"location={self.tone}", "!", "wavparse", "!",
-                                   "audioconvert", "!", "pulsesink", "device=peer", "buffer-time=60000", "latency-time=2000"])
+                                   "audioconvert", "!", "pulsesink", "device=peer", "buffer-time=55000", "latency-time=2000"])
         peer = Recorder(self.stage, self.stage.folder / "peer.raw", "peer.monitor")
         wait_for("the peer's music", lambda: peer.hears(440, least=0.02), 20)
         self.open("/box", "Box")

@@ -33,7 +33,7 @@ from stage import SAMPLE_RATE, Recorder, StageError, wait_for
 LONGEST_ANSWER = 5.0
 LONGEST_GAP = 5.0           # milliseconds, over twice what the peer had
 TRIES = 3                   # a gap or a slow answer that does not come again is the machine's
-SOUND_BUFFER = 60000        # microseconds; what the program begins with
+SOUND_BUFFER = 55000        # microseconds; what the program begins with
 MOST_BOXES = 12             # that a person has to put away before the page can be left
 MOST_TABS = 45
 MOST_MEMORY = 1500          # MiB of the program's own process
@@ -119,7 +119,7 @@ class Hostility(Browsing):
         wait_for("the music", lambda: self.music.hears(440, least=0.02), 20)
         # As much sound in store as the program keeps, so that a busy machine cuts both short.
         self.stage.spawn(["gst-launch-1.0", "-q", "filesrc", f"location={self.tone}", "!", "wavparse", "!", "audioconvert",
-                          "!", "pulsesink", "device=peer", f"buffer-time={SOUND_BUFFER}", f"latency-time={SOUND_BUFFER // 30}"])
+                          "!", "pulsesink", "device=peer", f"buffer-time={SOUND_BUFFER}", f"latency-time={SOUND_BUFFER // 25}"])
         self.peer = Recorder(self.stage, self.stage.folder / "peer.raw", "peer.monitor")
         wait_for("the peer's music", lambda: self.peer.hears(440, least=0.02), 20)
 

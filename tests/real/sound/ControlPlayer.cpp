@@ -53,7 +53,7 @@ std::vector<Gap> OwnGaps(const std::vector<Gap>& own, const std::vector<Gap>& co
 }
 
 ControlPlayer::ControlPlayer(GeneratedMedia& files, double seconds)
-    : child_({"pacat", "--raw", "--format=s16le", "--rate=44100", "--channels=2", "--latency-msec=60",
+    : child_({"pacat", "--raw", "--format=s16le", "--rate=44100", "--channels=2", "--latency-msec=55",
               "--process-time-msec=2", files.Write("control.raw", ToneOf(seconds))}) {
     PutInTime(child_);
 }
