@@ -109,7 +109,7 @@ void PlayButtonsRoom::PlaySelectedTrack() {
     } else {
         rooms_.playback.PlaySong(entry.Text());
     }
-    rooms_.pair.ShowPause();
+    if (!rooms_.playback.WasCalledOff()) rooms_.pair.ShowPause();
 }
 
 bool PlayButtonsRoom::IsAnyIn(Mode mode) {

@@ -56,7 +56,9 @@ void PlaybackRoom::EndSong() {
 }
 
 void PlaybackRoom::PassOverSong() {
-    const int turns_left = rooms_.order.Count() - state_.MissingTrackCount - 1;
+    int turns_left = std::max(rooms_.order.Count() - state_.MissingTrackCount - 1, 0);
+    // A song that repeats lets the cue wait.
+    if (!rooms_.mode.IsRepeating()) turns_left += rooms_.cue.PathCount();
     if (!IsEveryTrackMissing(turns_left, true)) EndSong();
 }
 
@@ -100,7 +102,8 @@ void PlaybackRoom::StartSong(const std::string& filename) {
     missing_before_start_ = state_.MissingTrackCount;
     NoteStart(filename);
     CountThePlay(filename);
-    if (!MakeReady(filename)) return;
+    was_called_off_ = !MakeReady(filename);
+    if (was_called_off_) return;
     rooms_.video.ShowOrHideWindow();
     rooms_.join.Leave();
     if (OpenOnFreeAlias(filename)) {
@@ -136,13 +139,14 @@ void PlaybackRoom::CountThePlay(const std::string& filename) {
     if (!roles_.start.IsLoading()) rooms_.songs.AddPlayCount(filename);
 }
 
-/// The steps that yield. False when the program was asked to end meanwhile.
+/// The steps that yield. False when the player was stopped or the program asked to end meanwhile.
 bool PlaybackRoom::MakeReady(const std::string& filename) {
+    const auto goes_on = [this] { return !ports_.loop.IsEnding() && !state_.PlayerStopped; };
     ++starting_;
     BeginPlaying();
-    if (!ports_.loop.IsEnding()) PrepareVideoWindow(filename);
+    if (goes_on()) PrepareVideoWindow(filename);
     --starting_;
-    return !ports_.loop.IsEnding();
+    return goes_on();
 }
 
 void PlaybackRoom::BeginPlaying() {

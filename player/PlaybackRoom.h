@@ -80,6 +80,8 @@ public:
     /// A song is between its history row and its opening, where the start yields: the song before is at its
     /// end already, whatever the ticks find.
     bool IsStarting() const { return starting_ > 0; }
+    /// The last start was ended by a stop, or by the end of the program, while it yielded.
+    bool WasCalledOff() const { return was_called_off_; }
     /// Takes the length of a song that did not tell it when it was opened, once it is known.
     void MeasureLateLength();
     /// Skips to the song after one that could not be opened; it counts as a missing one.
@@ -121,6 +123,7 @@ private:
     int short_songs_ = 0;  ///< in a row, shorter than the fade
     std::int32_t missing_before_start_ = 0;
     int starting_ = 0;  ///< starts that yield at the moment
+    bool was_called_off_ = false;
 };
 
 }  // namespace player

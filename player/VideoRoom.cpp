@@ -59,7 +59,10 @@ void VideoRoom::PrepareVideo() {
     pane_.picVideo.SetVisible(true);
     if (IsNormal()) form_.SetLeft(state_.VideoLeft);
     loop_.Yield();
-    if (loop_.IsEnding()) return;
+    if (loop_.IsEnding() || state_.PlayerStopped) return;
+    // A song that was started meanwhile put the video away.
+    state_.VideoPlaying = true;
+    pane_.picVideo.SetVisible(true);
     RestoreSize();
     if (IsMaximised()) {
         theresize();

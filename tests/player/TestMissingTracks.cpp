@@ -248,6 +248,50 @@ TEST(MissingTracks, MovesOnFromASongThatCannotBeOpened) {
     EXPECT_FALSE(house.controls.transport.lblNoFile.Visible());
 }
 
+TEST(MissingTracks, WhatIsCuedHasItsTurnAfterASongThatCannotBeOpenedAlsoWithoutAnOrder) {
+    PlayerHouse house;
+    const auto broken = house.AddBrokenSong("broken.mp3");
+    const auto good = house.AddSong("good.mp3");
+    house.player.PlaySong(broken);
+    house.Cue("good", good);
+    house.state.CueHeadIsPath = true;
+
+    house.RunFor(50);
+
+    EXPECT_EQ(house.PlayingOn("a"), good);
+    EXPECT_TRUE(house.dialogs.Boxes.empty());
+    EXPECT_FALSE(house.state.PlayerStopped);
+}
+
+TEST(MissingTracks, ACueOfSongsThatCannotBeOpenedEndsInTheBox) {
+    PlayerHouse house;
+    for (const char* name : {"1.mp3", "2.mp3", "3.mp3"})
+        house.Cue(name, house.AddBrokenSong(name));
+    house.state.CueHeadIsPath = true;
+    house.player.PlaySong(house.AddBrokenSong("0.mp3"));
+
+    house.RunFor(1000);
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 0) << "each had its turn";
+    EXPECT_TRUE(house.state.PlayerStopped);
+}
+
+TEST(MissingTracks, RepeatOfASongThatCannotBeOpenedEndsInTheBoxWhateverIsCued) {
+    PlayerHouse house;
+    house.AddTrack("broken", house.AddBrokenSong("broken.mp3"));
+    house.Cue("good", house.AddSong("good.mp3"));
+    house.state.CueHeadIsPath = true;
+    house.menu.mnuRepeat.Click.Raise();
+    house.DoubleClickTrack(0);
+
+    house.RunFor(1000);
+
+    EXPECT_EQ(house.dialogs.Boxes.size(), 1U);
+    EXPECT_EQ(house.controls.queue.lstCuedSongs.ListCount(), 1) << "the cue waits";
+    EXPECT_TRUE(house.state.PlayerStopped);
+}
+
 TEST(MissingTracks, MovesOnFromASongWhoseDecoderEnds) {
     PlayerHouse house;
     house.AddTrack("first", house.AddSong("first.mp3"));

@@ -296,6 +296,28 @@ TEST(PlayButtonsRoom, StopStopsBothThenClosesBothAndTellsTheMessenger) {
     EXPECT_EQ(house.window.VideoPanePlacings, 1);
 }
 
+TEST(PlayButtonsRoom, StopHoldsAlsoWhileASongIsBeingStarted) {
+    struct Case {
+        const char* name;
+        bool at_second_yield;
+    };
+    for (const Case& now : {Case{"song.mp3", false}, Case{"film.avi", false}, Case{"film.avi", true}}) {
+        PlayerHouse house;
+        house.AddTrack(now.name, house.AddSong(now.name));
+        const auto stop = [&house] { house.menu.mnuStop.Click.Raise(); };
+        house.desktop.Post([&] { now.at_second_yield ? house.desktop.Post(stop) : stop(); });
+
+        house.DoubleClickTrack(0);
+        house.RunFor(200);
+
+        EXPECT_TRUE(house.state.PlayerStopped) << now.name << now.at_second_yield;
+        EXPECT_EQ(house.PlayingOn("a"), "") << now.name << now.at_second_yield;
+        EXPECT_TRUE(house.controls.transport.imgPlay.Visible()) << now.name << now.at_second_yield;
+        EXPECT_FALSE(house.controls.transport.imgPause.Visible()) << now.name << now.at_second_yield;
+        EXPECT_FALSE(house.frmVideo.Visible()) << now.name << now.at_second_yield;
+    }
+}
+
 TEST(PlayButtonsRoom, ALayoutWhileStoppedTellsNobodyAndLeavesTheKeyboard) {
     PlayerHouse house;
     house.player.PlaySong(house.AddSong("a.mp3"));

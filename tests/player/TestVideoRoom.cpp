@@ -218,6 +218,20 @@ TEST(VideoRoom, AProgramThatEndsMeanwhilePlaysNothing) {
     EXPECT_FALSE(house.IsOpen("a"));
 }
 
+TEST(VideoRoom, ASongThatStartsDuringTheYieldOfAVideoLeavesItsPicture) {
+    PlayerHouse house;
+    const auto film = house.AddSong("Owls - Film.avi");
+    const auto song = house.AddSong("Owls - Song.mp3");
+    house.desktop.Post([&] { house.desktop.Post([&] { house.player.PlaySong(song); }); });
+
+    house.player.PlaySong(film);
+
+    EXPECT_TRUE(house.state.VideoPlaying);
+    EXPECT_EQ(house.controls.transport.lblTrack.Caption(), "Owls - Film [Video]");
+    EXPECT_TRUE(house.frmVideo.Visible());
+    EXPECT_TRUE(house.controls.video.picVideo.Visible());
+}
+
 TEST(VideoRoom, TheSecondCallOfTheresizeDetaches) {
     PlayerHouse house;
 
