@@ -105,8 +105,10 @@ void FadeRoom::lblStartFade_MouseUp(int button) {
     roles_.address.FocusAddress();
 }
 
+// A marker at the end stays there with every song, also where it is a second wide and more.
 void FadeRoom::TakeSecondsOfMarker() {
-    state_.FadeSeconds = Whole16(song_bar_.ScaleWidth() - controls_.lblStartFade.Left());
+    state_.FadeSeconds =
+        IsOff() ? std::int16_t{0} : Whole16(song_bar_.ScaleWidth() - controls_.lblStartFade.Left());
 }
 
 void FadeRoom::tmrFade_Tick() {

@@ -37,7 +37,9 @@ void JoinRoom::Tick() {
 }
 
 bool JoinRoom::HoldsEnd() {
-    if (!is_told_ || mci_.ModeOf(TextOf(state_.CurrentAlias)) != Mode::Playing) return false;
+    if (!is_told_) return false;
+    const Mode mode = mci_.ModeOf(TextOf(state_.CurrentAlias));
+    if (mode != Mode::Playing) return mode == Mode::Paused;
     const std::int64_t position = mci_.MciPosition(TextOf(state_.CurrentAlias));
     ticks_at_position_ = position == std::exchange(position_, position) ? ticks_at_position_ + 1 : 0;
     return ticks_at_position_ < kStandsStill;

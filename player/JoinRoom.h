@@ -40,6 +40,7 @@ public:
 
     /// A tick of a song that plays, once its marker was moved.
     void Tick();
+    bool IsTold() const { return is_told_; }
     /// What follows was told, and the song is not over yet.
     bool HoldsEnd();
     /// Another song is about to start.

@@ -129,7 +129,8 @@ bool TransportRoom::EndSongWhenDue() {
     }
     if (rooms_.join.HoldsEnd()) return false;
     if (!LengthIsUnknown() && IsAtStartFade() && rooms_.playback.MayEndBeforeItsEnd()) {
-        rooms_.panning.SetPanningRunning(false);
+        // What follows without a gap does not fade in.
+        if (!rooms_.join.IsTold()) rooms_.panning.SetPanningRunning(false);
         rooms_.playback.EndSong();
         return true;
     }

@@ -357,12 +357,13 @@ TEST(FadeRoom, ReleaseKeepsTheSecondsAndRightPopsUpTheMenu) {
 struct Popup {
     controls::Menu player::PlayerMenu::* entry;
     int seconds;
+    double left;
 };
 
 TEST(FadeRoom, WhatIsChosenAtTheMarkerIsThereBeforeItsPlaceIsTaken) {
     using Menu = player::PlayerMenu;
-    for (const Popup& choice : {Popup{&Menu::mnuQuickFade, 5}, Popup{&Menu::mnuMediumFade, 10},
-                                Popup{&Menu::mnuLongFade, 20}, Popup{&Menu::mnuFadeOff, 2}}) {
+    for (const Popup& choice : {Popup{&Menu::mnuQuickFade, 5, 95}, Popup{&Menu::mnuMediumFade, 10, 90},
+                                Popup{&Menu::mnuLongFade, 20, 80}, Popup{&Menu::mnuFadeOff, 0, 98}}) {
         MarkerAt40 house;
         PlayerHouse::Press(house.marker, 2);
         PlayerHouse::Release(house.marker, controls::kRightButton);
@@ -370,7 +371,7 @@ TEST(FadeRoom, WhatIsChosenAtTheMarkerIsThereBeforeItsPlaceIsTaken) {
         (house.menu.*choice.entry).Click.Raise();
 
         EXPECT_EQ(house.state.FadeSeconds, choice.seconds);
-        EXPECT_DOUBLE_EQ(house.marker.Left(), 100.0 - choice.seconds);
+        EXPECT_DOUBLE_EQ(house.marker.Left(), choice.left);
     }
 }
 

@@ -74,6 +74,20 @@ TEST(JoinRoom, TheSongGivesWayWhenItIsOver) {
     EXPECT_EQ(house.controls.queue.lstNowPlaying.ListIndex(), 1);
 }
 
+TEST(JoinRoom, ASongThatFollowsIsPannedOn) {
+    Joining house;
+    house.menu.mnuPanMedium.Click.Raise();
+    ASSERT_TRUE(house.controls.levels.tmrPanning.Enabled());
+    house.GoTo(55);
+    house.GoTo(59.9);
+
+    house.device.Advance(200);
+    house.controls.transport.tmrPlay.Tick.Raise();
+
+    ASSERT_EQ(house.PlayingOn("a"), house.paths[1]);
+    EXPECT_TRUE(house.controls.levels.tmrPanning.Enabled());
+}
+
 TEST(JoinRoom, ADeviceThatDoesNotGetToTheEndIsNotWaitedForForEver) {
     Joining house;
     house.GoTo(55);
@@ -82,6 +96,45 @@ TEST(JoinRoom, ADeviceThatDoesNotGetToTheEndIsNotWaitedForForEver) {
         house.GoTo(59.9);
 
     EXPECT_EQ(house.NowPlaying(), house.paths[1]);
+}
+
+TEST(JoinRoom, APauseInTheLastMomentPauses) {
+    Joining house;
+    house.GoTo(55);
+    house.GoTo(59.9);
+
+    house.menu.mnuPause.Click.Raise();
+    for (int i = 0; i < 60; ++i)
+        house.controls.transport.tmrPlay.Tick.Raise();
+
+    EXPECT_EQ(house.NowPlaying(), house.paths[0]);
+    EXPECT_EQ(house.device.Mode("a"), "paused");
+
+    house.menu.mnuPlay.Click.Raise();
+    house.device.Advance(200);
+    house.controls.transport.tmrPlay.Tick.Raise();
+    EXPECT_EQ(house.NowPlaying(), house.paths[1]);
+}
+
+TEST(JoinRoom, OffChosenAtTheMarkerOfALongSongLastsIntoAShortOne) {
+    PlayerHouse house;
+    house.AddTrack("long", house.AddSong("long.mp3", 900'000));
+    for (const char* name : {"short.mp3", "next.mp3"})
+        house.AddTrack(name, house.AddSong(name, 180'000));
+    house.DoubleClickTrack(0);
+    house.player.RestoreBars();
+    auto& marker = house.controls.levels.lblStartFade;
+    PlayerHouse::Release(marker, controls::kRightButton);
+    house.menu.mnuFadeOff.Click.Raise();
+    EXPECT_EQ(house.state.FadeSeconds, 0) << "a pixel of this song is a second and a half";
+
+    house.DoubleClickTrack(1);
+    house.RunFor(100);
+    const std::string alias = house.PlayingOn("a").empty() ? "b" : "a";
+    house.device.SetFrame(alias, 175'000);
+    house.controls.transport.tmrPlay.Tick.Raise();
+
+    EXPECT_NE(house.device.NextOf(alias), "");
 }
 
 TEST(JoinRoom, ACueTakesItBack) {
