@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPixmap>
+#include <QStaticText>
 #include <algorithm>
 
 #include "base/Text.h"
@@ -154,11 +155,21 @@ private:
                              text);
             return;
         }
-        // A title that runs through its box is cut by the box.
-        if (!base::StartsWith(label_.Look(), "display"))
-            text = metrics.elidedText(text, Qt::ElideRight, place.width());
+        if (base::StartsWith(label_.Look(), "display")) {
+            DrawRunning(painter, text,
+                        QPointF(place.left(), place.top() + (place.height() - metrics.height()) / 2));
+            return;
+        }
+        text = metrics.elidedText(text, Qt::ElideRight, place.width());
         painter.drawText(place, static_cast<int>(AlignmentOf(label_)) | Qt::AlignVCenter | Qt::TextSingleLine,
                          text);
+    }
+
+    // A title that runs through its box is cut by the box, and painted twenty times a second.
+    void DrawRunning(QPainter& painter, const QString& text, const QPointF& place) {
+        if (running_.text() != text) running_ = QStaticText(text);
+        running_.setTextFormat(Qt::PlainText);
+        painter.drawStaticText(place, running_);
     }
 
     void DrawIcon(QPainter& painter) const {
@@ -183,6 +194,7 @@ private:
 
     const controls::Label& label_;
     QPixmap icon_;
+    QStaticText running_;
 };
 
 bool IsClickable(const controls::Control& control) {
