@@ -29,6 +29,7 @@
 #include "platform/linux/CommandLine.h"
 #include "platform/linux/CommandText.h"
 #include "platform/linux/CrashReport.h"
+#include "platform/linux/DriveLetters.h"
 #include "platform/linux/EndSignal.h"
 #include "platform/linux/KeptFiles.h"
 #include "platform/linux/LinuxFiles.h"
@@ -146,6 +147,12 @@ struct Records {
     linux::MessageTap tap;
     qt::Messages messages{&linux::RunLog::TakeMessage};
 };
+
+/// A later start reads what the run that has the stores keeps.
+linux::DriveLetters LettersOfDrives(ports::KeptTexts& kept, ports::Instance answer) {
+    using Keeping = linux::DriveLetters::Keeping;
+    return {kept, answer == ports::Instance::First ? Keeping::ReadAndWrite : Keeping::ReadOnly};
+}
 
 /// What the page engine has of the program, and the program of the engine.
 class PageEnds final {
@@ -298,10 +305,6 @@ int RunProgram(const char* name, const linux::CommandLine& line) {
     const std::string program = linux::RunningProgram();
     const std::string folder = FolderOf(program);
     const linux::PlaceOfStores stores = linux::FindPlaceOfStores(folder, linux::FoldersOfUser().data);
-    linux::LinuxFiles files(program, stores.folder);
-    const std::string command = linux::CommandText(line.arguments, linux::WorkingFolder(), files);
-    const auto to_native = [&files](std::string_view path) { return files.ToNative(path); };
-    const auto from_native = [&files](std::string_view path) { return files.FromNative(path); };
 
     const qt::DesktopWishes wishes = PrepareToolkit();
     qt::Loop loop;
@@ -312,9 +315,14 @@ int RunProgram(const char* name, const linux::CommandLine& line) {
     if (const int refusal = RefuseStart(stores, instance, boxes); refusal != linux::kDone) return refusal;
 
     Records records(stores.folder, instance.Answer());
+    linux::KeptFiles kept(linux::KeptFiles::FolderOf(linux::FoldersOfUser().data, stores.folder));
+    linux::LinuxFiles files(program, stores.folder, linux::kMountTable, {},
+                            LettersOfDrives(kept, instance.Answer()));
+    const std::string command = linux::CommandText(line.arguments, linux::WorkingFolder(), files);
+    const auto to_native = [&files](std::string_view path) { return files.ToNative(path); };
+    const auto from_native = [&files](std::string_view path) { return files.FromNative(path); };
     linux::LinuxRegistry registry(files, linux::FoldersOfUser());
     const linux::EndSignal end_signal;
-    linux::KeptFiles kept(linux::KeptFiles::FolderOf(linux::FoldersOfUser().data, stores.folder));
     linux::SystemClock clock;
     linux::RandomChance chance;
     sqlite::SqliteDatabase database(to_native);

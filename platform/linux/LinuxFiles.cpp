@@ -42,10 +42,10 @@ std::string RunningProgram() {
 }
 
 LinuxFiles::LinuxFiles(std::string program, std::string application_folder, const std::string& mount_table,
-                       std::string file_program)
+                       std::string file_program, DriveLetters letters)
     : program_(std::move(program)),
       application_folder_(std::move(application_folder)),
-      volumes_(mount_table),
+      volumes_(mount_table, std::move(letters)),
       shares_(file_program.empty() ? BesideProgram(program_, "brindlepost-files") : std::move(file_program),
               volumes_) {}
 

@@ -19,9 +19,11 @@ std::string RunningProgram();
 class LinuxFiles final : public ports::Files {
 public:
     /// `program` is the native path of the program's file, `application_folder` that of the folder with its
-    /// stores. The file process is beside the program, unless another one is named.
+    /// stores. The file process is beside the program, unless another one is named. Volumes have the letters
+    /// of before; without any of before, those of this run.
     LinuxFiles(std::string program, std::string application_folder,
-               const std::string& mount_table = "/proc/self/mountinfo", std::string file_program = {});
+               const std::string& mount_table = kMountTable, std::string file_program = {},
+               DriveLetters letters = {});
     /// The stores lie beside the program.
     explicit LinuxFiles(const std::string& program);
     LinuxFiles(const LinuxFiles&) = delete;

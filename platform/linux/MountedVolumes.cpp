@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "base/Text.h"
 
@@ -62,19 +63,17 @@ std::string ReadAll(int descriptor) {
 
 }  // namespace
 
-std::vector<base::Volume> VolumesFrom(std::string_view mount_table) {
-    std::vector<base::Volume> volumes;
-    char letter = 'D';
+std::vector<base::Volume> VolumesFrom(std::string_view mount_table, DriveLetters& letters) {
+    std::vector<std::string> mount_points;
     for (const std::string& line : base::Split(mount_table, "\n")) {
         const std::vector<std::string> fields = base::Split(line, " ");
-        if (fields.size() <= kMountPointField || letter > 'Z') continue;
+        if (fields.size() <= kMountPointField) continue;
         const std::string mount_point = Unescaped(fields[kMountPointField]);
-        const auto is_same = [&](const base::Volume& volume) { return volume.mount_point == mount_point; };
-        if (!IsVolume(mount_point) || std::any_of(volumes.begin(), volumes.end(), is_same)) continue;
-        const std::string label = base::NameToText(mount_point.substr(mount_point.rfind('/') + 1));
-        volumes.push_back({letter++, mount_point, label});
+        const bool is_known =
+            std::find(mount_points.begin(), mount_points.end(), mount_point) != mount_points.end();
+        if (IsVolume(mount_point) && !is_known) mount_points.push_back(mount_point);
     }
-    return volumes;
+    return letters.Give(mount_points);
 }
 
 // The kind comes after a dash, which comes after any number of optional fields.
@@ -90,14 +89,14 @@ std::vector<Share> SharesFrom(std::string_view mount_table) {
     return shares;
 }
 
-MountedVolumes::MountedVolumes(const std::string& mount_table)
-    : table_(::open(mount_table.c_str(), O_RDONLY | O_CLOEXEC)) {
+MountedVolumes::MountedVolumes(const std::string& mount_table, DriveLetters letters)
+    : table_(::open(mount_table.c_str(), O_RDONLY | O_CLOEXEC)), letters_(std::move(letters)) {
     if (table_.IsOpen()) Read();
 }
 
 void MountedVolumes::Read() {
     const std::string table = ReadAll(table_.Number());
-    volumes_ = VolumesFrom(table);
+    volumes_ = VolumesFrom(table, letters_);
     shares_ = SharesFrom(table);
     ++readings_;
 }

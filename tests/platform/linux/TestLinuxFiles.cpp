@@ -6,12 +6,14 @@
 #include <sys/un.h>
 
 #include <cstring>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/linux/Bench.h"
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/KeptFiles.h"
 
 namespace linux {
 namespace {
@@ -284,6 +286,25 @@ TEST_F(LinuxFilesTest, AMountedVolumeHasALetter) {
     EXPECT_EQ(files.FromNative("/media/My Stick"), "D:\\");
     EXPECT_EQ(files.FromNative("/media/My Sticky/c.mp3"), "C:\\media\\My Sticky\\c.mp3");
     EXPECT_EQ(files.NameInFolder("D:\\"), "");
+}
+
+TEST_F(LinuxFilesTest, APathLeadsToTheSameVolumeInTheNextRun) {
+    const std::string card = "37 35 98:1 / /media/Card rw - vfat /dev/sdc1 rw\n";
+    folder_.Write("today", "36 35 98:0 / /media/Stick rw - vfat /dev/sdb1 rw\n" + card);
+    folder_.Write("tomorrow", card);
+    KeptFiles kept(folder_ / "kept");
+    const auto run_with = [&](const std::string& table) {
+        return std::make_unique<LinuxFiles>("/opt/brindlepost", "/opt", folder_ / table, "",
+                                            DriveLetters(kept, DriveLetters::Keeping::ReadAndWrite));
+    };
+    const std::string song = run_with("today")->FromNative("/media/Card/song.mp3");
+
+    const auto files = run_with("tomorrow");
+
+    EXPECT_EQ(files->ToNative(song), "/media/Card/song.mp3");
+    EXPECT_EQ(files->ToNative("D:\\song.mp3"), "");
+    ASSERT_EQ(files->Drives().size(), 2U);
+    EXPECT_EQ(files->Drives()[1].Letter, 'E');
 }
 
 }  // namespace

@@ -3,9 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace linux {
 namespace {
+
+std::vector<base::Volume> VolumesOf(const std::string& mount_table) {
+    DriveLetters letters;
+    return VolumesFrom(mount_table, letters);
+}
 
 TEST(MountedVolumes, OnlyWhatIsMountedForPeopleGetsALetter) {
     const std::string table =
@@ -18,7 +24,7 @@ TEST(MountedVolumes, OnlyWhatIsMountedForPeopleGetsALetter) {
         "39 22 0:51 / /mnt/deep rw - nfs server:/deep rw\n"
         "40 22 0:52 / /mntx rw - nfs server:/x rw\n";
 
-    const auto volumes = VolumesFrom(table);
+    const auto volumes = VolumesOf(table);
 
     ASSERT_EQ(volumes.size(), 4U);
     EXPECT_EQ(volumes[0].letter, 'D');
@@ -32,7 +38,7 @@ TEST(MountedVolumes, OnlyWhatIsMountedForPeopleGetsALetter) {
 }
 
 TEST(MountedVolumes, EscapedCharactersOfAMountPointAreRead) {
-    const auto volumes = VolumesFrom("1 2 3:4 / /media/a\\040b\\011c\\134d rw - vfat x rw\n");
+    const auto volumes = VolumesOf("1 2 3:4 / /media/a\\040b\\011c\\134d rw - vfat x rw\n");
 
     ASSERT_EQ(volumes.size(), 1U);
     EXPECT_EQ(volumes[0].mount_point, "/media/a b\tc\\d");
@@ -40,7 +46,7 @@ TEST(MountedVolumes, EscapedCharactersOfAMountPointAreRead) {
 }
 
 TEST(MountedVolumes, AVolumeMountedTwiceAtOnePlaceHasOneLetter) {
-    const auto volumes = VolumesFrom("1 2 3:4 / /mnt/a rw - x x rw\n2 2 3:5 / /mnt/a rw - x x rw\n");
+    const auto volumes = VolumesOf("1 2 3:4 / /mnt/a rw - x x rw\n2 2 3:5 / /mnt/a rw - x x rw\n");
 
     EXPECT_EQ(volumes.size(), 1U);
 }
@@ -50,15 +56,28 @@ TEST(MountedVolumes, LettersEndAtZ) {
     for (int i = 0; i < 40; ++i)
         table += "1 2 3:4 / /mnt/v" + std::to_string(i) + " rw - x x rw\n";
 
-    const auto volumes = VolumesFrom(table);
+    const auto volumes = VolumesOf(table);
 
     ASSERT_EQ(volumes.size(), 23U);
     EXPECT_EQ(volumes.back().letter, 'Z');
 }
 
 TEST(MountedVolumes, LinesThatAreNoneArePassedOver) {
-    EXPECT_TRUE(VolumesFrom("").empty());
-    EXPECT_TRUE(VolumesFrom("\n\n1 2 3\nnonsense\n1 2 3:4 / /mnt").size() == 1U);
+    EXPECT_TRUE(VolumesOf("").empty());
+    EXPECT_TRUE(VolumesOf("\n\n1 2 3\nnonsense\n1 2 3:4 / /mnt").size() == 1U);
+}
+
+TEST(MountedVolumes, AVolumeKeepsItsLetterWhenTheTableChanges) {
+    const std::string first = "1 2 3:4 / /media/ann/A rw - vfat x rw\n";
+    const std::string second = "2 2 3:5 / /media/ann/B rw - vfat x rw\n";
+    DriveLetters letters;
+    VolumesFrom(first + second, letters);
+
+    const auto volumes = VolumesFrom(second, letters);
+
+    ASSERT_EQ(volumes.size(), 1U);
+    EXPECT_EQ(volumes[0].letter, 'E');
+    EXPECT_EQ(volumes[0].mount_point, "/media/ann/B");
 }
 
 TEST(MountedVolumes, AMissingTableHasNoVolumes) {
