@@ -15,7 +15,7 @@ public:
     /// As if the user had typed the text into `cmbAddress` and pressed Enter: the mode and the shape of the
     /// text decide what happens.
     virtual void Enter(std::string_view text) = 0;
-    /// As Enter in the mode Web, whatever the mode is: for a text that was not typed in that mode.
+    /// As Enter in the mode Web, whatever the mode is, and never cut: for a text that nobody typed.
     virtual void EnterAsWeb(std::string_view text) = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "base/MediaKinds.h"
 #include "base/Text.h"
@@ -64,7 +65,7 @@ AddressRoom::AddressRoom(AddressControls& controls, WebState& state, bool& Start
 
 void AddressRoom::OpenTab(std::string_view address) {
     std::string page(address);
-    if (base::Contains(page, "(")) page = CutFromTitle(page);
+    if (!std::exchange(enters_whole_, false) && base::Contains(page, "(")) page = CutFromTitle(page);
     address_.SetAddress(page);
     if (tabs_.CanOpenTab()) {
         const int empty = tabs_.EmptyTabInFront();
@@ -84,7 +85,9 @@ void AddressRoom::Enter(std::string_view text) {
 
 void AddressRoom::EnterAsWeb(std::string_view text) {
     address_.SetAddress(text);
+    enters_whole_ = true;
     TakeKey(controls::kKeyEnter, 0, roles::AddressMode::Web);
+    enters_whole_ = false;
 }
 
 void AddressRoom::txtAddress_Change() {
@@ -162,11 +165,15 @@ bool AddressRoom::IsForeignPlayList(std::string_view text) const {
     return base::IsForeignPlayListFile(text) && ports_.files.FileExists(ports_.files.LocalPath(text));
 }
 
+// For a file that is not there the player would go on to the next song, and seem to have played it.
 AddressRoom::Handled AddressRoom::EnterMediaPath(const std::string& text) {
     roles_.history.AddSiteToHistory(roles::HistoryKind::File, text);
-    roles_.transport.PlaySong(text);
-    ports_.events.Yield();
-    if (roles_.now_playing.IsNoFileShown()) {
+    const bool is_there = ports_.files.FileExists(text);
+    if (is_there) {
+        roles_.transport.PlaySong(text);
+        ports_.events.Yield();
+    }
+    if (!is_there || roles_.now_playing.IsNoFileShown()) {
         OpenTab(text);
         return Handled::Wholly;
     }

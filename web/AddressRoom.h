@@ -92,6 +92,7 @@ private:
     TabRoom& tabs_;
     AddressRoles roles_;
     AddressPorts ports_;
+    bool enters_whole_ = false;  ///< what is entered came from outside and is not cut
     controls::EventClaims claims_;
 };
 

@@ -112,7 +112,7 @@ void CompletionRoom::lstSuggestions_Click() {
     const int row = controls_.lstSuggestions.ListIndex();
     if (at_work_ || row < 0) return;
     Pick(row);
-    const std::string text = TextToEnter();
+    const std::string text = picked_;
     Close();
     open_(text);
 }

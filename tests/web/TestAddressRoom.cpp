@@ -70,6 +70,8 @@ TEST_F(AddressRoom, APlayListIsAddedAndRemembered) {
 }
 
 TEST_F(AddressRoom, AFiveCharacterNameIsTriedAsAFile) {
+    files.AddFile("a.mp3");
+
     Enter("a.mp3");
 
     EXPECT_EQ(LoggedOf(kPlayerWords),
@@ -86,16 +88,43 @@ TEST_F(AddressRoom, FourCharactersGoToTheWeb) {
 }
 
 TEST_F(AddressRoom, AMediaAddressThatCannotBePlayedOpensInATab) {
-    near.Unplayable = true;
-
     Enter("http://one.example/a.mp3");
 
-    EXPECT_EQ(near.Log,
-              (Calls{"AddSiteToHistory File http://one.example/a.mp3", "PlaySong http://one.example/a.mp3"}));
+    EXPECT_EQ(near.Log, Calls{"AddSiteToHistory File http://one.example/a.mp3"}) << "and nothing else plays";
     EXPECT_EQ(groups.tabs.Browser(1).WaitingAddress(), "http://one.example/a.mp3");
 }
 
+TEST_F(AddressRoom, AMediaFileThatIsNotThereIsNeitherPlayedNorAddedAndItsTabSaysSo) {
+    Enter("C:\\Music\\gone.mp3");
+
+    EXPECT_EQ(near.Log, Calls{"AddSiteToHistory File C:\\Music\\gone.mp3"});
+    EXPECT_EQ(groups.tabs.Browser(1).WaitingAddress(), "C:\\Music\\gone.mp3");
+}
+
+TEST_F(AddressRoom, AMediaFileThatGoesAwayMeanwhileOpensInATab) {
+    files.AddFile("C:\\Music\\a.mp3");
+    near.Unplayable = true;
+
+    Enter("C:\\Music\\a.mp3");
+
+    EXPECT_FALSE(Logged("AddMediaFromCommand C:\\Music\\a.mp3"));
+    EXPECT_EQ(groups.tabs.Browser(1).WaitingAddress(), "C:\\Music\\a.mp3");
+}
+
+TEST_F(AddressRoom, WhatComesFromOutsideIsNotCut) {
+    for (const char* page : {"https://one.example/Mercury_(planet)", "C:\\pages\\page (1).html"}) {
+        rooms.Opener().EnterAsWeb(page);
+
+        EXPECT_EQ(groups.tabs.Browser(LastTab()).WaitingAddress(), page);
+    }
+    rooms.Opener().EnterAsWeb("C:\\a.mpl");
+    Enter("https://one.example/Mercury_(planet)");
+    EXPECT_EQ(groups.tabs.Browser(LastTab()).WaitingAddress(), "https://one.example/Mercury_(planet")
+        << "what is typed is";
+}
+
 TEST_F(AddressRoom, ATypedNativePathBecomesADrivePath) {
+    files.AddFile("C:\\home\\owl\\a.mp3");
     Enter("/home/owl/a.mp3");
 
     EXPECT_TRUE(Logged("PlaySong C:\\home\\owl\\a.mp3"));
@@ -110,6 +139,7 @@ TEST_F(AddressRoom, ATypedNativePathOfAPageOpensInATab) {
 TEST_F(AddressRoom, StartUpArgumentsAddTheUnchangedAddressOncePerCuedSong) {
     session.StartedWithArguments = true;
     near.Cued = 2;
+    files.AddFile("C:\\a.mp3");
 
     Enter("C:\\a.mp3");
 
@@ -122,6 +152,7 @@ TEST_F(AddressRoom, StartUpArgumentsAddTheUnchangedAddressOncePerCuedSong) {
 
 TEST_F(AddressRoom, ALibraryChangedByTheKeyIsReloadedBeforeTheShortcuts) {
     near.WantsReload = &state;
+    files.AddFile("C:\\a.mp3");
 
     Enter("C:\\a.mp3");
 
@@ -281,6 +312,8 @@ TEST_F(AddressRoom, ClickingAnEmptyModeWithoutTheTabInFrontShowsNoAddress) {
 }
 
 TEST_F(AddressRoom, AddressesOfOtherSubjectsAreEnteredLikeTypedOnes) {
+    files.AddFile("C:\\a.mp3");
+
     rooms.Opener().Enter("C:\\a.mp3");
 
     EXPECT_EQ(near.Log, (Calls{"AddSiteToHistory File C:\\a.mp3", "PlaySong C:\\a.mp3",
