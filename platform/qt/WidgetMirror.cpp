@@ -252,9 +252,12 @@ bool WidgetMirror::TakeKey(const QKeyEvent& event) {
     return AskForMenu(event) || PreviewKey(event) || KeyPressed(event);
 }
 
+// Enter that is held down enters once, in a line as on a button or a row: what it did may have emptied the
+// line, or put something else in place of the row.
 bool WidgetMirror::KeyPressed(const QKeyEvent& event) {
     const int code = KeyCode(event.key(), event.modifiers());
     if (code == 0) return false;
+    if (code == controls::kKeyEnter && event.isAutoRepeat()) return true;
     const int shift = ShiftState(event.modifiers());
     const bool claimed = Mirrored().KeyDown.IsClaimed();
     if (shift == 0 && !claimed && code == controls::kKeyEnter && PressEnter()) return true;

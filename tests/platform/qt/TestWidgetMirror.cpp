@@ -2,16 +2,19 @@
 
 #include <QApplication>
 #include <QDropEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
 #include <QWheelEvent>
+#include <initializer_list>
 
 #include "controls/CommandButton.h"
 #include "controls/Frame.h"
 #include "controls/Label.h"
+#include "controls/ListBox.h"
 #include "controls/PictureBox.h"
 #include "controls/TextBox.h"
 #include "platform/qt/QtBench.h"
@@ -37,6 +40,14 @@ void TurnWheel(QWidget* widget, int eighths_of_a_degree) {
     QWheelEvent event(at, widget->mapToGlobal(at), QPoint(), QPoint(0, eighths_of_a_degree), Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(widget, &event);
+}
+
+/// As the system sends it while the key is held down.
+void HoldEnter(QWidget* widget, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    for (const bool is_repeat : {false, true, true}) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, modifiers, QStringLiteral("\r"), is_repeat);
+        QCoreApplication::sendEvent(widget, &event);
+    }
 }
 
 void DoubleClick(QWidget* widget, QPoint at) {
@@ -234,6 +245,59 @@ TEST_F(WidgetMirrorTest, AKeyGoesToTheControlThatHasTheKeyboard) {
     QTest::keyClick(desk.Find(text_), Qt::Key_VolumeUp, Qt::ControlModifier);
 
     EXPECT_EQ(keys, "13/0;17/2;175/2;");
+}
+
+TEST_F(WidgetMirrorTest, EnterThatIsHeldDownIsPressedOnce) {
+    std::string keys;
+    claims_.Claim(text_.KeyDown, [&keys](int code, int shift) {
+        keys += std::to_string(code) + "/" + std::to_string(shift) + ";";
+    });
+    qt_tests::Desk desk(text_);
+    text_.SetFocus();
+    desk.screen.CatchUp();
+
+    HoldEnter(desk.Find(text_));
+    HoldEnter(desk.Find(text_), Qt::ControlModifier);
+
+    EXPECT_EQ(keys, "13/0;13/2;");
+}
+
+TEST_F(WidgetMirrorTest, EnterThatIsHeldDownPressesButtonsAndRowsOnce) {
+    controls::CommandButton ok("cmdOK", "OK");
+    controls::CommandButton other("cmdOther", "Other");
+    controls::ListBox list("lstA");
+    ok.SetDefault(true);
+    list.AddItem("Amber");
+    std::string done;
+    controls::EventClaims claims;
+    claims.Claim(ok.Click, [&done] { done += "ok;"; });
+    claims.Claim(other.Click, [&done] { done += "other;"; });
+    claims.Claim(list.DblClick, [&done] { done += "row;"; });
+    qt_tests::Desk desk(text_, ok, other, list);
+    list.SetListIndex(0);
+
+    for (controls::Control* control : std::initializer_list<controls::Control*>{&text_, &other, &list}) {
+        control->SetFocus();
+        desk.screen.CatchUp();
+        HoldEnter(desk.Find(*control));
+    }
+
+    EXPECT_EQ(done, "ok;other;row;");
+}
+
+TEST_F(WidgetMirrorTest, AnotherKeyThatIsHeldDownComesAgainAndAgain) {
+    int downs = 0;
+    claims_.Claim(text_.KeyDown, [&downs](int, int) { ++downs; });
+    qt_tests::Desk desk(text_);
+    text_.SetFocus();
+    desk.screen.CatchUp();
+
+    for (const bool is_repeat : {false, true, true}) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier, QString(), is_repeat);
+        QCoreApplication::sendEvent(desk.Find(text_), &event);
+    }
+
+    EXPECT_EQ(downs, 3);
 }
 
 TEST_F(WidgetMirrorTest, AKeyNobodyListensToThereGoesToTheWindow) {
