@@ -12,7 +12,8 @@ namespace ports {
 class PageEngine {
 public:
     virtual ~PageEngine() = default;
-    /// A user is logged in. No page is shown before; those that wait are shown now. Each user has cookies,
+    /// A user is logged in; another one who still was is ended first, and of a second call for the same one
+    /// nothing comes. No page is shown before; those that wait are shown now. Each user has cookies,
     /// storage and caches of their own. They outlast the run for one who keeps history; for one who does not
     /// they end with the log out, and what was kept before is taken away.
     virtual void BeginUser(std::string_view name, bool keeps_history) = 0;

@@ -1,6 +1,7 @@
 #include "platform/qt/Pages.h"
 
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 namespace qt {
@@ -28,7 +29,8 @@ void Pages::Release() {
 }
 
 void Pages::BeginUser(std::string_view name, bool keeps_history) {
-    if (user_ && user_->name == name) return;
+    assert(!AreOfAnother(name));
+    if (user_) return;
     user_ = {std::string(name), keeps_history};
     has_begun_ = false;
     if (factory_ != nullptr) {

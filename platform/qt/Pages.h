@@ -46,8 +46,10 @@ public:
     void Want(controls::WebBrowser& browser, QWidget& place);
     /// The window has been painted.
     void Release();
+    /// Another user than this one was begun and has not ended.
+    bool AreOfAnother(std::string_view name) const { return user_ && user_->name != name; }
     /// From here on and after Release engines are made at once; those wanted before are made then. Of a
-    /// second call for the same user nothing comes.
+    /// second call for the same user nothing comes; another one has ended before.
     void BeginUser(std::string_view name, bool keeps_history);
     /// Ends every engine that was handed out, which no control may use any more, and forgets who wants one.
     void EndUser();

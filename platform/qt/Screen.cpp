@@ -284,6 +284,12 @@ std::vector<controls::WebBrowser*> Screen::Browsers() const {
     return browsers;
 }
 
+// The engines of another user go, and no control may keep one.
+void Screen::BeginUser(std::string_view name, bool keeps_history) {
+    if (pages_.AreOfAnother(name)) EndUser();
+    pages_.BeginUser(name, keeps_history);
+}
+
 void Screen::EndUser() {
     for (controls::WebBrowser* browser : Browsers())
         browser->Forget();

@@ -67,9 +67,7 @@ public:
     /// anyway a moment after the first paint.
     void ReleasePages() { pages_.Release(); }
     // ports::PageEngine
-    void BeginUser(std::string_view name, bool keeps_history) override {
-        pages_.BeginUser(name, keeps_history);
-    }
+    void BeginUser(std::string_view name, bool keeps_history) override;
     void EndUser() override;
     void ForgetVisits() override;
     void ShowDownloads() override { pages_.ShowDownloads(); }

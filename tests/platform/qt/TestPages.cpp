@@ -36,6 +36,7 @@ public:
     }
     void BeginUser(std::string_view name, bool keeps_history) override {
         Log.push_back("Begin " + std::string(name) + (keeps_history ? " kept" : " forgotten"));
+        Pages.clear();
     }
     void EndUser() override {
         Log.emplace_back("End");
@@ -176,14 +177,19 @@ TEST_F(PagesTest, ASecondLoginOfTheSameUserChangesNothing) {
     EXPECT_EQ(factory_->Pages.size(), 1U);
 }
 
-TEST_F(PagesTest, ALoginOfSomebodyElseIsToldWithoutALogOut) {
+TEST_F(PagesTest, ALoginOfSomebodyElseWithoutALogOutEndsThePagesBefore) {
     qt_tests::Desk desk(options_, browser_);
     Begin(desk);
     browser_.Navigate("http://example.org/");
 
     desk.screen.BeginUser("Bob", false);
 
-    EXPECT_EQ(factory_->Log, (std::vector<std::string>{"Begin Ann kept", "Begin Bob forgotten"}));
+    EXPECT_EQ(factory_->Log, (std::vector<std::string>{"Begin Ann kept", "End", "Begin Bob forgotten"}));
+    EXPECT_EQ(browser_.Engine(), nullptr) << "it was destroyed";
+    EXPECT_EQ(browser_.LocationURL(), "");
+    browser_.Navigate("http://bob.example/");
+    ASSERT_EQ(factory_->Pages.size(), 1U);
+    EXPECT_EQ(factory_->Pages[0]->Addresses, std::vector<std::string>{"http://bob.example/"});
 }
 
 TEST_F(PagesTest, ALogOutEndsEveryPageAndForgetsThoseThatWait) {
