@@ -190,7 +190,10 @@ void LoginRoom::cmdLogin_Click() {
     strPass_ = form_.txtPassword.Text();
     if (!HasEntries()) return;
     form_.datLogin.Open(store::kAllUsers);
-    if (FindUser()) LogIn();
+    if (FindUser()) {
+        if (!MakeWay()) return;
+        LogIn();
+    }
     if (!LoginDone_) {
         dialogs_.MsgBox("Your user name and password did not match, please check and re-type");
         return;
@@ -221,12 +224,22 @@ bool LoginRoom::FindUser() {
     return false;
 }
 
+// The wizard, opened from the preferences, leaves the login filled in while its user's maker is logged in.
+bool LoginRoom::MakeWay() {
+    if (!session_.LoggedIn || IsUserLoggedIn()) return true;
+    // A question may have been up meanwhile, and the rows may have moved.
+    return OnOtherUser() && FindUser();
+}
+
+// The page engine, the tabs and the song go on for a user who is logged in already.
 void LoginRoom::LogIn() {
+    StoreChoices();
+    if (IsUserLoggedIn()) {
+        LoginDone_ = true;
+        form_.frmLogin.Hide();
+        return;
+    }
     store::RecordSet& row = form_.datLogin.Recordset();
-    row.Edit();
-    row.Set(store::tblLogin::RememberMe, base::FlagText(form_.chkRememberMe.Checked()));
-    row.Set(store::tblLogin::AutoLogin, base::FlagText(form_.chkAuto.Checked()));
-    row.Update();
     login_.MySpaceE = Trimmed(row.Text(store::tblLogin::MySpaceE));
     login_.MySpaceP = Trimmed(row.Text(store::tblLogin::MySpaceP));
     login_.HotmailE = Trimmed(row.Text(store::tblLogin::HotmailE));
@@ -240,6 +253,14 @@ void LoginRoom::LogIn() {
     DoLogin();
     // A later login reads the settings first, and with them whether history is kept.
     if (!login_.NewLogin) settings_.BeginPages();
+}
+
+void LoginRoom::StoreChoices() {
+    store::RecordSet& row = form_.datLogin.Recordset();
+    row.Edit();
+    row.Set(store::tblLogin::RememberMe, base::FlagText(form_.chkRememberMe.Checked()));
+    row.Set(store::tblLogin::AutoLogin, base::FlagText(form_.chkAuto.Checked()));
+    row.Update();
 }
 
 void LoginRoom::DoLogin() {

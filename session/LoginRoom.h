@@ -1,5 +1,8 @@
 // The login: loads the stored users, lets one of them in, keeps their web logins for the rest of the session.
 //
+// The wizard of the preferences offers its new user while another one is logged in: that one is taken away
+// first. A login of the user who is logged in only puts the window away.
+//
 // Names and passwords are compared as texts, case included. At most one user stays remembered: the
 // one that logged in last with the box ticked.
 #pragma once
@@ -39,6 +42,9 @@ public:
 
     /// Called before somebody is logged in automatically. May be empty.
     std::function<void()> OnAutomaticLogin;
+    /// Called before a user is logged in while another one is: takes that one away as a log out does. False
+    /// when they stay.
+    std::function<bool()> OnOtherUser;
 
 private:
     void Form_Load();
@@ -58,7 +64,10 @@ private:
     void FocusFirstEmptyBox();
     bool HasEntries();
     bool FindUser();
+    bool IsUserLoggedIn() const { return session_.LoggedIn && session_.UserName == strName_; }
+    bool MakeWay();
     void LogIn();
+    void StoreChoices();
     void RememberOnlyThisUser();
 
     LoginForm& form_;

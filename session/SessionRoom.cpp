@@ -26,6 +26,7 @@ SessionRoom::SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState
                   [this](int key_code, int shift) { keys_.KeyDown(key_code, shift); });
     claims_.Claim(menu.mnuExit.Click, [this] { mnuExit_Click(); });
     claims_.Claim(menu.mnuLogout.Click, [this] { mnuLogout_Click(); });
+    login_room_.OnOtherUser = [this] { return LogOut(); };
 }
 
 void SessionRoom::mnuExit_Click() {
@@ -136,20 +137,29 @@ void SessionRoom::UnloadWindows() {
     windows_.frmBrowser.UnloadWindow();
 }
 
-void SessionRoom::mnuLogout_Click() {
+bool SessionRoom::LogOut() {
     session_.LoggingOut = true;
     SaveSettings();
-    if (HasOpenTabs()) {
-        if (!Agrees("You currently have web tabs open, are you sure you want to log out?",
-                    "Log Out Brindlepost")) {
-            return;
-        }
-        // The system may have ended the program while the question was up.
-        if (unloading_) return;
-        for (int i = 1; i < roles_.tabs.Count(); ++i)
-            roles_.tabs.CloseTab(i);
-    }
+    if (!CloseTabs()) return false;
     TakeUserAway();
+    return true;
+}
+
+bool SessionRoom::CloseTabs() {
+    if (!HasOpenTabs()) return true;
+    if (!Agrees("You currently have web tabs open, are you sure you want to log out?",
+                "Log Out Brindlepost")) {
+        return false;
+    }
+    // The system may have ended the program while the question was up.
+    if (unloading_) return false;
+    for (int i = 1; i < roles_.tabs.Count(); ++i)
+        roles_.tabs.CloseTab(i);
+    return true;
+}
+
+void SessionRoom::mnuLogout_Click() {
+    if (!LogOut()) return;
     login_room_.ShowLogin();
     windows_.frmActivate.Hide();
     windows_.frmBrowser.Hide();

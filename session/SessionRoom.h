@@ -4,7 +4,7 @@
 // unloads every window; its own unload is the last. What cannot be saved keeps the windows up; at the next
 // try the user may end without it. An end by the system asks nothing and saves what it can. Log out saves
 // first and asks then, so a user who stays has saved already; then it takes the user's windows, pages and
-// song away.
+// song away. A login of another user does the same before it.
 #pragma once
 
 #include <string_view>
@@ -88,6 +88,10 @@ private:
     void Form_Click();
     void Form_MouseMove();
 
+    /// Stores the settings, asks about open tabs, and takes the user away. False when the user stays, or the
+    /// program ends.
+    bool LogOut();
+    bool CloseTabs();
     bool HasOpenTabs() const;
     bool Agrees(std::string_view text, std::string_view title);
     void BeginToLeave();

@@ -163,6 +163,46 @@ TEST_F(PreferencesStory, ANewUserIsMadeFromThePreferencesAndCancelReturnsToThem)
     EXPECT_EQ(users[1][0], "Bob");
 }
 
+TEST_F(PreferencesStory, ANewUserMadeWhileAnnIsLoggedInTakesHerPlaceAndFindsNothingOfHers) {
+    Run();
+    program->GoTo("one.example");
+    program->LetPagesArrive();
+    Browser().library.lists.lstTracks.SetListIndex(0);
+    program->DoubleClick(Browser().library.lists.lstTracks);
+    Browser().web.address.txtAddress.SetText("a secret");
+    program->Click(Browser().menus.mnuPreferences);
+    program->Click(Info().options.cmdNewUser);
+    auto& login = program->windows.login;
+    login.txtNewUser.SetText("Bob");
+    login.txtPass1.SetText("oak");
+    login.txtPass2.SetText("oak");
+    program->Click(login.cmdNext);
+    program->Click(login.cmdFinish);
+    ASSERT_EQ(login.cmbUser.Text(), "Bob");
+    program->dialogs.Answers = {ports::BoxAnswer::Yes};
+    program->dialogs.Boxes.clear();
+
+    program->Click(login.cmdLogin);
+
+    EXPECT_EQ(
+        program->BoxTexts(),
+        std::vector<std::string>{"You currently have web tabs open, are you sure you want to log out?"});
+    EXPECT_FALSE(Info().frmInfo.Visible());
+    EXPECT_FALSE(login.frmLogin.Visible());
+    EXPECT_FALSE(computer.media.IsOpen("a"));
+    program->Wait(12'000);
+    EXPECT_TRUE(Browser().Visible());
+    EXPECT_TRUE(Browser().Enabled());
+    EXPECT_FALSE(Browser().web.tabs.tabtab(1).Visible());
+    EXPECT_EQ(program->PageOf(1), nullptr);
+    EXPECT_EQ(Browser().web.address.txtAddress.Text(), "");
+    EXPECT_EQ(program->pages.Log,
+              (std::vector<std::string>{"Begin Ann kept", "Remove Bob", "End", "Begin Bob kept"}));
+    program->GoTo("one.example");
+    program->LetPagesArrive();
+    EXPECT_EQ(Browser().web.tabs.Browser(2).LocationURL(), "http://one.example/");
+}
+
 TEST_F(PreferencesStory, AnEmptiedLibraryIsEmptyEverywhereAndCanBeFilledAgain) {
     SeedPlayList("Evening", {"2", "1"});
     Run();

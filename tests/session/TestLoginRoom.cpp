@@ -296,7 +296,7 @@ TEST_F(LoginRoom, RememberingIsTakenFromTheOthersOnlyWhenItWasTicked) {
     SeedUser("ann", "a", "True", "True");
     SeedUser("bob", "b");
     OpenLogin();
-    login_room.ShowLogin();
+    w.mnuLogout.Click.Raise();
     TypeLogin("bob", "b");
     login_form.chkRememberMe.SetChecked(false);
     login_form.chkAuto.SetChecked(true);
@@ -325,7 +325,7 @@ TEST_F(LoginRoom, TheFirstLoginIsNoNewOneAndEachLaterOneIs) {
     TypeLogin("ann", "a");
     login_form.cmdLogin.Click.Raise();
     EXPECT_FALSE(login.NewLogin);
-    login_room.ShowLogin();
+    w.mnuLogout.Click.Raise();
     TypeLogin("ann", "a");
 
     login_form.cmdLogin.Click.Raise();
@@ -353,7 +353,7 @@ TEST_F(LoginRoom, ARefusedTryAfterALogOutStillLeavesTheNextANewLogin) {
     OpenLogin();
     TypeLogin("ann", "a");
     login_form.cmdLogin.Click.Raise();
-    login_room.ShowLogin();
+    w.mnuLogout.Click.Raise();
     TypeLogin("ann", "wrong");
     login_form.cmdLogin.Click.Raise();
     EXPECT_FALSE(login.NewLogin);
@@ -465,6 +465,108 @@ TEST_F(LoginRoom, ALoginHandsOverInOrder) {
     EXPECT_TRUE(session.LoggedIn);
     EXPECT_EQ(near.Log, (session_tests::Texts{"hidden frmBrowser", "hidden frmLogin", "shown frmActivate",
                                               "started Timer1"}));
+}
+
+TEST_F(LoginRoom, AnotherUsersLoginTakesTheOneBeforeAway) {
+    SeedUser("ann", "a");
+    SeedUser("bob", "b");
+    StartProgram();
+    TypeLogin("ann", "a");
+    login_form.cmdLogin.Click.Raise();
+    desktop.Advance(12000);
+    near.TabsVisible = {false, true};
+    near.Playing = roles::PlayerStatus::Playing;
+    w.txtRefresh.SetText("123");
+    boxes.Answers = {ports::BoxAnswer::Yes};
+    near.Log.clear();
+    login_form.frmLogin.Show();
+    TypeLogin("bob", "b");
+
+    login_form.cmdLogin.Click.Raise();
+
+    EXPECT_EQ(LastBox(), "You currently have web tabs open, are you sure you want to log out?");
+    EXPECT_EQ(Setting(3), "123");
+    EXPECT_EQ(near.Log,
+              (session_tests::Texts{"CloseTab 1", "EndTasks", "StopAndForget", "CloseMedia", "SetTyped "}));
+    EXPECT_EQ(session.UserName, "bob");
+    EXPECT_TRUE(session.LoggedIn);
+    EXPECT_FALSE(login_form.frmLogin.Visible());
+    EXPECT_FALSE(w.frmBrowser.Visible());
+    desktop.Advance(12000);
+    EXPECT_EQ(pages.Log, (session_tests::Texts{"Begin ann kept", "End", "Begin bob kept"}));
+    EXPECT_TRUE(w.frmBrowser.Visible());
+}
+
+TEST_F(LoginRoom, ANoToTheQuestionAboutTabsKeepsTheUserAndTheLogin) {
+    SeedUser("ann", "a");
+    SeedUser("bob", "b");
+    StartProgram();
+    TypeLogin("ann", "a");
+    login_form.cmdLogin.Click.Raise();
+    desktop.Advance(12000);
+    near.TabsVisible = {false, true};
+    boxes.Answers = {ports::BoxAnswer::No};
+    near.Log.clear();
+    login_form.frmLogin.Show();
+    TypeLogin("bob", "b");
+    login_form.chkRememberMe.SetChecked(true);
+
+    login_form.cmdLogin.Click.Raise();
+
+    EXPECT_EQ(boxes.Boxes.size(), 1U);
+    EXPECT_EQ(session.UserName, "ann");
+    EXPECT_TRUE(near.Log.empty());
+    EXPECT_EQ(pages.Log, (session_tests::Texts{"Begin ann kept"}));
+    EXPECT_EQ(login.HotmailP, "hp");
+    EXPECT_TRUE(login_form.frmLogin.Visible());
+    EXPECT_EQ(login_form.cmbUser.Text(), "bob");
+    EXPECT_EQ(stores.Rows("tblLogin")[1][8], "False");
+}
+
+TEST_F(LoginRoom, AnEndByTheSystemWhileTheQuestionIsUpLogsNobodyIn) {
+    SeedUser("ann", "a");
+    SeedUser("bob", "b");
+    StartProgram();
+    TypeLogin("ann", "a");
+    login_form.cmdLogin.Click.Raise();
+    desktop.Advance(12000);
+    near.TabsVisible = {false, true};
+    boxes.Answers = {ports::BoxAnswer::Yes};
+    boxes.OnBox = [this] { session_room.EndSession(); };
+    TypeLogin("bob", "b");
+
+    login_form.cmdLogin.Click.Raise();
+
+    EXPECT_EQ(session.UserName, "ann");
+    EXPECT_EQ(pages.Log, (session_tests::Texts{"Begin ann kept"}));
+    EXPECT_FALSE(activate.frmActivate.IsLoaded());
+}
+
+TEST_F(LoginRoom, TheUserWhoIsLoggedInLosesNothingByLoggingInAgain) {
+    SeedUser("ann", "a");
+    StartProgram();
+    TypeLogin("ann", "a");
+    login_form.cmdLogin.Click.Raise();
+    desktop.Advance(12000);
+    near.TabsVisible = {false, true};
+    near.Playing = roles::PlayerStatus::Playing;
+    w.txtRefresh.SetText("123");
+    near.Log.clear();
+    login_form.frmLogin.Show();
+    TypeLogin("ann", "a");
+    login_form.chkRememberMe.SetChecked(true);
+
+    login_form.cmdLogin.Click.Raise();
+    desktop.Advance(12000);
+
+    EXPECT_TRUE(boxes.Boxes.empty());
+    EXPECT_FALSE(login_form.frmLogin.Visible());
+    EXPECT_TRUE(w.frmBrowser.Visible());
+    EXPECT_TRUE(near.Log.empty());
+    EXPECT_EQ(pages.Log, (session_tests::Texts{"Begin ann kept"}));
+    EXPECT_EQ(w.txtRefresh.Text(), "123") << "the settings were not read again";
+    EXPECT_EQ(login.HotmailP, "hp");
+    EXPECT_EQ(stores.Rows("tblLogin")[0][8], "True");
 }
 
 TEST_F(LoginRoom, AWrongPasswordIsToldAfterALogOutToo) {
