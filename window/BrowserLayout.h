@@ -57,7 +57,7 @@ private:
     // The music pane.
     void PlaceMusicPane();
     void PlaceLibraryLists();
-    void KeepSplitterAboveTracks();
+    void KeepSplitterInPlace();
     void PlaceSearchRow();
     double PlaceTrackCount(double top);
     void PlaceTracks();

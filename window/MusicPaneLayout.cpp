@@ -1,6 +1,8 @@
 // The music pane: the library's lists above and below the splitter, the search row, and the cue column beside
 // them.
 
+#include <algorithm>
+
 #include "window/BrowserLayout.h"
 #include "window/LayoutMeasures.h"
 
@@ -13,6 +15,7 @@ using controls::Px;
 
 constexpr double kSplitterHeight = Px(8);
 constexpr double kLeastTracksHeight = Px(36);
+constexpr double kLeastListsHeight = Px(20);
 constexpr double kRowHeight = Px(28);
 // Above and below the tracks: at the smallest window every pixel counts there.
 constexpr double kTightGap = Px(6);
@@ -51,20 +54,21 @@ void BrowserLayout::PlaceLibraryLists() {
 }
 
 void BrowserLayout::PlaceBelowSplitter() {
-    if (!IsJustTracks()) KeepSplitterAboveTracks();
+    if (!IsJustTracks()) KeepSplitterInPlace();
     PlaceSearchRow();
     PlaceTracks();
 }
 
-// The splitter's own limits leave no place for the search row below it.
-void BrowserLayout::KeepSplitterAboveTracks() {
+// The splitter's own limits leave no place for the search row below it, nor, at the top, for the lists above
+// it.
+void BrowserLayout::KeepSplitterInPlace() {
     auto& lists = window_.library.lists;
     Control& splitter = window_.player.splitter.lblSlider;
     const double below = kSplitterHeight + kRowHeight + kTightGap + kLeastTracksHeight + kTightGap;
     const double lowest = window_.player.transport.fraControls.Top() - below;
-    if (splitter.Top() <= lowest) return;
-    splitter.SetTop(lowest);
-    lists.lstArtists.SetHeight(lowest - lists.lstArtists.Top());
+    const double highest = lists.lstArtists.Top() + kLeastListsHeight;
+    splitter.SetTop(std::min(std::max(splitter.Top(), highest), lowest));
+    lists.lstArtists.SetHeight(splitter.Top() - lists.lstArtists.Top());
     lists.lstPlayLists.SetHeight(lists.lstArtists.Height());
 }
 

@@ -156,6 +156,22 @@ TEST_P(AnySize, ASplitterPulledAnywhereCoversNothing) {
     }
 }
 
+TEST_P(AnySize, ASplitterPulledToItsLimitsAtOnceCoversNothing) {
+    if (window.menus.mnuMusicJustTracks.Checked()) return;
+    Control& splitter = window.player.splitter.lblSlider;
+    for (const double top : {-30000.0, 400.0, 30000.0, 0.0}) {
+        SCOPED_TRACE(top);
+        splitter.SetTop(top);
+
+        layout.PlaceBelowSplitter();
+
+        ExpectNoOverlap(window.chrome.fraMusicTab);
+        EXPECT_GE(window.library.lists.lstArtists.Height(), 300);
+        EXPECT_DOUBLE_EQ(window.library.lists.lstArtists.Bottom(), splitter.Top());
+        EXPECT_GE(window.library.lists.lstTracks.Height(), 36 * kTwipsPerPixel);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(
     FromTheSmallestToALargeScreen, AnySize,
     testing::Combine(testing::Values(Size{9225, 7590}, Size{9225, 20000}, Size{30000, 7590},
