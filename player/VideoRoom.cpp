@@ -37,7 +37,8 @@ VideoRoom::VideoRoom(VideoForm& form, VideoPaneControls& pane, VideoMenu& menu, 
 }
 
 bool VideoRoom::IsVideoAttached() const {
-    return (state_.VideoPlaying || state_.VisualisationOn) && !state_.resized;
+    return (state_.VideoPlaying || state_.VisualisationOn) && !state_.resized &&
+           (form_.Visible() || window_comes_);
 }
 
 void VideoRoom::ShowPane() {
@@ -51,6 +52,7 @@ void VideoRoom::ClosePane() {
 }
 
 void VideoRoom::PrepareVideo() {
+    window_comes_ = true;
     form_.tmrVisual.SetEnabled(false);
     ClearPicture();
     form_.imgAnim1.SetVisible(false);
@@ -88,6 +90,7 @@ void VideoRoom::RestoreSize() {
 }
 
 void VideoRoom::PrepareLightShow() {
+    window_comes_ = true;
     SetWindowCaption("Visualisations");
     // A video ended the show, and Stop took its place away; it is still on, so the next song brings it back.
     form_.tmrVisual.SetEnabled(true);
@@ -97,6 +100,7 @@ void VideoRoom::PrepareLightShow() {
 }
 
 void VideoRoom::PrepareMusic() {
+    window_comes_ = false;
     TakeWindowAway();
 }
 
@@ -118,9 +122,11 @@ void VideoRoom::ShowOrHideWindow() {
         // An attached window stays attached from song to song.
         state_.counter = 0;
     }
+    window_comes_ = false;
 }
 
 void VideoRoom::HideWindow() {
+    window_comes_ = false;
     form_.Hide();
 }
 

@@ -89,6 +89,7 @@ private:
     VideoRoles roles_;
     ports::EventLoop& loop_;
     bool CaptionDragging_ = false;
+    bool window_comes_ = false;  ///< it is prepared, and not shown yet
     controls::EventClaims claims_;
 };
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "player/PlayerHouse.h"
 
 namespace {
@@ -230,6 +232,35 @@ TEST(VideoRoom, ASongThatStartsDuringTheYieldOfAVideoLeavesItsPicture) {
     EXPECT_EQ(house.controls.transport.lblTrack.Caption(), "Owls - Film [Video]");
     EXPECT_TRUE(house.frmVideo.Visible());
     EXPECT_TRUE(house.controls.video.picVideo.Visible());
+}
+
+TEST(VideoRoom, NothingIsAttachedOnceTheWindowIsGone) {
+    using Goes = std::function<void(PlayerHouse&)>;
+    const Goes ways[] = {[](PlayerHouse& house) { house.frmVideo.UnloadWindow(); },
+                         [](PlayerHouse& house) { house.player.Stop(); }};
+    for (const Goes& goes : ways) {
+        PlayerHouse house;
+        const auto film = house.AddSong("a.avi");
+        house.player.PlaySong(film);
+        ASSERT_TRUE(house.player.Video().IsVideoAttached());
+
+        goes(house);
+        EXPECT_FALSE(house.player.Video().IsVideoAttached())
+            << "the favourites panel would open a hole for it";
+
+        house.player.PlaySong(film);
+        EXPECT_TRUE(house.player.Video().IsVideoAttached());
+    }
+}
+
+TEST(VideoRoom, TheHoleIsMadeBeforeTheWindowComes) {
+    PlayerHouse house;
+    bool was_attached = false;
+    house.window.LaidOut = [&] { was_attached = house.player.Video().IsVideoAttached(); };
+
+    house.player.PlaySong(house.AddSong("a.avi"));
+
+    EXPECT_TRUE(was_attached);
 }
 
 TEST(VideoRoom, TheSecondCallOfTheresizeDetaches) {
