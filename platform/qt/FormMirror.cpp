@@ -17,6 +17,7 @@
 #include "platform/qt/Stacking.h"
 #include "platform/qt/SurfaceMirrors.h"
 #include "platform/qt/TabOrder.h"
+#include "platform/qt/WindowTitle.h"
 
 namespace qt {
 
@@ -137,7 +138,7 @@ void FormMirror::Realise() {
     SetWidget(window_, content_);
     const auto role = form_.Border() == BorderStyle::FixedDialog ? QAccessible::Dialog : QAccessible::Window;
     Speak(*window_, {.role = [role] { return role; }});
-    window_->setWindowTitle(ToQt(form_.Caption()));
+    window_->setWindowTitle(TitleOf(ToQt(form_.Caption())));
     FillMenuBar();
     PutOnScreen();
     MirrorChildren(stage_, form_, content_);
@@ -313,7 +314,7 @@ void FormMirror::Apply(Property property) {
             if (!put_back_.isActive()) PutOnScreen();
             break;
         case Property::Caption:
-            window_->setWindowTitle(ToQt(form_.Caption()));
+            window_->setWindowTitle(TitleOf(ToQt(form_.Caption())));
             break;
         case Property::Window:
             FillMenuBar();

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMenuBar>
 #include <QTest>
+#include <QWindow>
 
 #include "controls/CommandButton.h"
 #include "controls/Form.h"
@@ -30,6 +31,28 @@ TEST_F(FormMirrorTest, AWindowIsShownWithItsTitleAndContentSize) {
     EXPECT_TRUE(Window(desk)->isVisible());
     EXPECT_EQ(Window(desk)->windowTitle(), "Another");
     EXPECT_EQ(Window(desk)->size(), QSize(400, 300));
+}
+
+TEST_F(FormMirrorTest, AStarInBracketsIsPartOfATitle) {
+    qt_tests::Desk desk;
+    const auto title_after = [&](const char* caption) {
+        desk.form.SetCaption(caption);
+        desk.screen.CatchUp();
+        return Window(desk)->windowHandle()->title().toStdString();
+    };
+
+    EXPECT_EQ(title_after("Glob [*] patterns"), "Glob [*] patterns");
+    EXPECT_EQ(title_after("[*][*] and [*][*][*]"), "[*][*] and [*][*][*]");
+}
+
+TEST_F(FormMirrorTest, AStarInBracketsIsPartOfTheFirstTitle) {
+    controls::Form form("frmB", "Glob [*] patterns");
+    qt_tests::Desk desk;
+    desk.screen.Adopt(form);
+    form.Show();
+    desk.screen.CatchUp();
+
+    EXPECT_EQ(desk.screen.WindowOf(form)->windowHandle()->title(), "Glob [*] patterns");
 }
 
 TEST_F(FormMirrorTest, AWindowThatWasNeverPlacedIsCentred) {
