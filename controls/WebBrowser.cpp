@@ -22,6 +22,7 @@ void WebBrowser::Attach(ports::BrowserControl* engine) {
 void WebBrowser::Forget() {
     Attach(nullptr);
     waiting_address_.clear();
+    asked_address_.clear();
     address_under_way_.clear();
     known_address_.clear();
 }
@@ -32,7 +33,10 @@ void WebBrowser::NavigateAgain(std::string_view address) {
 }
 
 void WebBrowser::Navigate(std::string_view address) {
-    if (!address.empty()) known_address_.clear();
+    if (!address.empty()) {
+        known_address_.clear();
+        asked_address_ = address;
+    }
     if (engine_ == nullptr) {
         if (address.empty()) return;
         waiting_address_ = address;
@@ -113,8 +117,9 @@ void WebBrowser::OnNavigateComplete(std::string_view url) {
     NavigateComplete2.Raise(url);
 }
 
-bool WebBrowser::OnNavigateError(std::string_view /*url*/, int /*code*/) {
+bool WebBrowser::OnNavigateError(std::string_view url, int /*code*/) {
     address_under_way_.clear();
+    if (asked_address_.empty()) asked_address_ = url;
     bool cancel = false;
     NavigateError.Raise(cancel);
     return cancel;

@@ -22,6 +22,9 @@ public:
     ports::BrowserControl* Engine() const { return engine_; }
     /// The address waiting for an engine; empty if there is none.
     const std::string& WaitingAddress() const { return waiting_address_; }
+    /// The address that was asked for last, or the one that failed where a page of another one went by
+    /// itself; empty where the control was sent nowhere.
+    const std::string& AskedAddress() const { return asked_address_; }
     /// Gives the engine back and forgets where it was to go.
     void Forget();
 
@@ -69,6 +72,7 @@ private:
     ports::BrowserControl* engine_ = nullptr;
     ports::PageSeen seen_ = ports::PageSeen::InFront;
     std::string waiting_address_;
+    std::string asked_address_;
     std::string address_under_way_;
     std::string known_address_;
 };

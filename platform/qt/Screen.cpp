@@ -297,16 +297,27 @@ void Screen::EndUser() {
 }
 
 // What pages stored can only be taken away with the pages. A page that nobody sees waits until it is seen.
+// One that has not got anywhere yet, or failed, is asked for again: when it arrives, that is its first visit.
 void Screen::ForgetVisits() {
-    std::vector<std::pair<controls::WebBrowser*, std::string>> open;
+    struct Open {
+        controls::WebBrowser* browser;
+        std::string shown;
+        std::string asked;
+    };
+    std::vector<Open> all_open;
     for (controls::WebBrowser* browser : Browsers()) {
         if (browser->Engine() == nullptr) continue;
-        open.emplace_back(browser, browser->LocationURL());
+        all_open.push_back({browser, browser->LocationURL(), browser->AskedAddress()});
         browser->Forget();
     }
     pages_.ForgetVisits();
-    for (const auto& [browser, address] : open)
-        browser->NavigateAgain(address);
+    for (const Open& open : all_open) {
+        if (open.shown.empty()) {
+            open.browser->Navigate(open.asked);
+        } else {
+            open.browser->NavigateAgain(open.shown);
+        }
+    }
 }
 
 bool Screen::IsFolder(const std::string& native_path) const {

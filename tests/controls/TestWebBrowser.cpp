@@ -298,6 +298,33 @@ TEST(WebBrowser, AnAddressThatWasUnderWayIsGoneToByTheNextEngine) {
     EXPECT_EQ(next.Calls, Calls{"Navigate http://example.org/"});
 }
 
+TEST(WebBrowser, TheAddressThatWasAskedForLastIsKnown) {
+    WebBrowser browser("Browser");
+    RecordingEngine engine;
+    EXPECT_EQ(browser.AskedAddress(), "");
+
+    browser.Navigate("http://example.org/waits");
+    EXPECT_EQ(browser.AskedAddress(), "http://example.org/waits");
+    browser.Attach(&engine);
+    browser.Navigate2("http://example.org/fails");
+    browser.Navigate("");
+    engine.Listener->OnNavigateError("http://elsewhere.org/fails", -105);
+    EXPECT_EQ(browser.AskedAddress(), "http://example.org/fails");
+    browser.Forget();
+    EXPECT_EQ(browser.AskedAddress(), "");
+}
+
+TEST(WebBrowser, OfAPopUpTheAddressThatFailedIsKnown) {
+    WebBrowser browser("Browser");
+    RecordingEngine engine;
+    browser.Attach(&engine);
+
+    engine.Listener->OnNavigateError("http://example.org/fails", -105);
+
+    EXPECT_EQ(browser.AskedAddress(), "http://example.org/fails");
+    browser.Attach(nullptr);
+}
+
 TEST(WebBrowser, APageThatLoadsAgainIsNoVisitUntilItIsElsewhere) {
     EngineGiver screen;
     WebBrowser browser("Browser");

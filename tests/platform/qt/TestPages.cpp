@@ -317,6 +317,46 @@ TEST_F(PagesTest, PagesThatAreOpenLoadAgainOnceTheirVisitsAreForgotten) {
     EXPECT_EQ(factory_->Pages[1]->Addresses, std::vector<std::string>{"http://example.org/closed"});
 }
 
+TEST_F(PagesTest, AFirstPageOnItsWayIsAskedForAgainOnceVisitsAreForgotten) {
+    qt_tests::Desk desk(options_, browser_);
+    Begin(desk);
+    int visits = 0;
+    controls::EventClaims claims;
+    claims.Claim(browser_.NavigateComplete2, [&visits](std::string_view) { ++visits; });
+    browser_.Navigate("http://example.org/first");
+
+    desk.screen.ForgetVisits();
+    desk.screen.CatchUp();
+
+    ASSERT_EQ(factory_->Pages.size(), 1U);
+    EXPECT_EQ(factory_->Pages[0]->Addresses, std::vector<std::string>{"http://example.org/first"});
+    factory_->Pages[0]->Location = "http://example.org/first";
+    factory_->Pages[0]->Listener->OnNavigateComplete("http://example.org/first");
+    EXPECT_EQ(visits, 1) << "nobody was there before";
+}
+
+TEST_F(PagesTest, AFirstPageThatFailedIsAskedForAgainOnceVisitsAreForgotten) {
+    controls::WebBrowser closed{"Browser"};
+    qt_tests::Desk desk(options_, browser_, closed);
+    Begin(desk);
+    for (controls::WebBrowser* browser : {&browser_, &closed}) {
+        browser->Navigate("http://example.org/fails");
+        factory_->Pages.back()->Listener->OnNavigateError("http://example.org/fails", -105);
+    }
+    closed.SetVisible(false);
+    desk.screen.CatchUp();
+
+    desk.screen.ForgetVisits();
+    desk.screen.CatchUp();
+
+    ASSERT_EQ(factory_->Pages.size(), 1U) << "what nobody sees waits until it is seen";
+    EXPECT_EQ(factory_->Pages[0]->Addresses, std::vector<std::string>{"http://example.org/fails"});
+    closed.SetVisible(true);
+    desk.screen.CatchUp();
+    ASSERT_EQ(factory_->Pages.size(), 2U);
+    EXPECT_EQ(factory_->Pages[1]->Addresses, std::vector<std::string>{"http://example.org/fails"});
+}
+
 TEST_F(PagesTest, DownloadsShowWithoutAPageAndForAUserOnly) {
     qt_tests::Desk desk(options_, browser_);
     desk.screen.ReleasePages();
