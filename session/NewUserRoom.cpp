@@ -46,14 +46,23 @@ void NewUserRoom::ShowPages(bool new_page, bool setup_page) {
     form_.cmdCancel.SetCancel(new_page);
 }
 
-void NewUserRoom::cmdNew_Click() {
-    ShowPages(true, false);
-    form_.txtNewUser.SetText("");
-    form_.txtPass1.SetText("");
-    for (controls::TextBox* box : {&form_.txtMySpaceE, &form_.txtMySpaceP, &form_.txtHotmailE,
-                                   &form_.txtHotmailP, &form_.txtFacebookE, &form_.txtFacebookP}) {
+void NewUserRoom::PutAway() {
+    ShowPages(false, false);
+    EmptyBoxes();
+    form_.txtPass2.SetText("");
+}
+
+void NewUserRoom::EmptyBoxes() {
+    for (controls::TextBox* box :
+         {&form_.txtNewUser, &form_.txtPass1, &form_.txtMySpaceE, &form_.txtMySpaceP, &form_.txtHotmailE,
+          &form_.txtHotmailP, &form_.txtFacebookE, &form_.txtFacebookP}) {
         box->SetText("");
     }
+}
+
+void NewUserRoom::cmdNew_Click() {
+    ShowPages(true, false);
+    EmptyBoxes();
     form_.txtNewUser.SetFocus();
 }
 

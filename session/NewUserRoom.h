@@ -22,6 +22,9 @@ public:
 
     /// Shows the login window on the wizard's first page, for the preferences.
     void OpenWizard();
+    /// Shows the login in place of the wizard and empties the wizard's boxes: nothing that one user typed is
+    /// found by the next.
+    void PutAway();
 
 private:
     void cmdNew_Click();
@@ -33,6 +36,7 @@ private:
     bool IsNameTaken();
     bool IsNameAccepted();
     void ShowPages(bool new_page, bool setup_page);
+    void EmptyBoxes();
     /// False when the store cannot be opened.
     bool AddUser();
 

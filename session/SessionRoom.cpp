@@ -7,14 +7,12 @@
 namespace session {
 
 SessionRoom::SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState& session, LoginState& login,
-                         SettingsRoom& settings, LoginRoom& login_room, MediaKeys& keys,
-                         SessionEndRoles roles, SessionStores stores, SessionEndPorts ports)
+                         SessionEndRooms rooms, SessionEndRoles roles, SessionStores stores,
+                         SessionEndPorts ports)
     : windows_(windows),
       session_(session),
       login_(login),
-      settings_(settings),
-      login_room_(login_room),
-      keys_(keys),
+      rooms_(rooms),
       roles_(roles),
       stores_(stores),
       ports_(ports) {
@@ -23,10 +21,10 @@ SessionRoom::SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState
     claims_.Claim(windows_.frmBrowser.Click, [this] { Form_Click(); });
     claims_.Claim(windows_.frmBrowser.MouseMove, [this] { Form_MouseMove(); });
     claims_.Claim(windows_.frmBrowser.KeyDown,
-                  [this](int key_code, int shift) { keys_.KeyDown(key_code, shift); });
+                  [this](int key_code, int shift) { rooms_.keys.KeyDown(key_code, shift); });
     claims_.Claim(menu.mnuExit.Click, [this] { mnuExit_Click(); });
     claims_.Claim(menu.mnuLogout.Click, [this] { mnuLogout_Click(); });
-    login_room_.OnOtherUser = [this] { return LogOut(); };
+    rooms_.login.OnOtherUser = [this] { return LogOut(); };
 }
 
 void SessionRoom::mnuExit_Click() {
@@ -60,7 +58,7 @@ void SessionRoom::EndSession() {
     BeginToLeave();
     if (unloading_) return;
     // The system waits for no answer: what cannot be written is lost.
-    settings_.StoreSettings();
+    rooms_.settings.StoreSettings();
     stores_.stores.CommitAll();
     UnloadWindows();
 }
@@ -90,7 +88,7 @@ bool SessionRoom::Agrees(std::string_view text, std::string_view title) {
 
 bool SessionRoom::SaveSettings() {
     // A store that could never be read has no settings to lose.
-    const bool stored = settings_.StoreSettings() || !settings_.WereLoaded();
+    const bool stored = rooms_.settings.StoreSettings() || !rooms_.settings.WereLoaded();
     // The program goes on, and with it the tries to write.
     if (session_.LoggingOut) return stored;
     if (!stores_.stores.CommitAll() || !stored) {
@@ -160,7 +158,7 @@ bool SessionRoom::CloseTabs() {
 
 void SessionRoom::mnuLogout_Click() {
     if (!LogOut()) return;
-    login_room_.ShowLogin();
+    rooms_.login.ShowLogin();
     windows_.frmActivate.Hide();
     windows_.frmBrowser.Hide();
 }
@@ -169,7 +167,7 @@ void SessionRoom::mnuLogout_Click() {
 void SessionRoom::Form_Activate() {
     if (session_.mainclose && closing_) return;
     if (login_.NewLogin) {
-        settings_.LoadSettings();
+        rooms_.settings.LoadSettings();
         login_.NewLogin = false;
     }
     roles_.highlights.NoMouseOvers();
@@ -199,6 +197,7 @@ void SessionRoom::TakeUserAway() {
     roles_.address_row.SetAddress("");
     roles_.address_row.SetTyped("");
     const bool multiple_users = login_.Allow_Multiple_Users;
+    rooms_.new_user.PutAway();
     login_ = {};
     login_.Allow_Multiple_Users = multiple_users;
 }

@@ -25,6 +25,7 @@
 #include "roles/Transport.h"
 #include "session/LoginRoom.h"
 #include "session/MediaKeys.h"
+#include "session/NewUserRoom.h"
 #include "session/SessionMenu.h"
 #include "session/SessionState.h"
 #include "session/SettingsRoom.h"
@@ -60,6 +61,14 @@ struct SessionEndRoles {
     roles::Highlights& highlights;
 };
 
+/// The rooms of the session that its end reaches.
+struct SessionEndRooms {
+    SettingsRoom& settings;
+    LoginRoom& login;
+    NewUserRoom& new_user;
+    MediaKeys& keys;
+};
+
 struct SessionEndPorts {
     ports::Dialogs& dialogs;
     ports::EventLoop& events;
@@ -69,8 +78,7 @@ struct SessionEndPorts {
 class SessionRoom final {
 public:
     SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState& session, LoginState& login,
-                SettingsRoom& settings, LoginRoom& login_room, MediaKeys& keys, SessionEndRoles roles,
-                SessionStores stores, SessionEndPorts ports);
+                SessionEndRooms rooms, SessionEndRoles roles, SessionStores stores, SessionEndPorts ports);
 
     /// Stores the settings and, unless the user only logs out, writes every change to its file and unloads
     /// every window. False when that failed, the user knows, and the windows stay.
@@ -103,9 +111,7 @@ private:
     SessionWindows windows_;
     SessionState& session_;
     LoginState& login_;
-    SettingsRoom& settings_;
-    LoginRoom& login_room_;
-    MediaKeys& keys_;
+    SessionEndRooms rooms_;
     SessionEndRoles roles_;
     SessionStores stores_;
     SessionEndPorts ports_;

@@ -163,6 +163,30 @@ TEST_F(PreferencesStory, ANewUserIsMadeFromThePreferencesAndCancelReturnsToThem)
     EXPECT_EQ(users[1][0], "Bob");
 }
 
+TEST_F(PreferencesStory, ALogOutWithTheWizardOpenShowsTheLogin) {
+    Run();
+    program->Click(Browser().menus.mnuPreferences);
+    program->Click(Info().options.cmdNewUser);
+    auto& login = program->windows.login;
+    login.txtNewUser.SetText("Bob");
+    login.txtPass1.SetText("oak");
+    login.txtPass2.SetText("oak");
+    program->Click(login.cmdNext);
+    login.txtHotmailP.SetText("secret");
+
+    program->Click(Browser().menus.mnuLogout);
+
+    EXPECT_TRUE(login.frmLogin.Visible());
+    EXPECT_TRUE(login.fraLogin.Visible());
+    EXPECT_FALSE(login.fraSetup.Visible());
+    for (const controls::TextBox* box :
+         {&login.txtNewUser, &login.txtPass1, &login.txtPass2, &login.txtHotmailP})
+        EXPECT_EQ(box->Text(), "") << box->Name();
+    program->LogIn("Ann", "rose");
+    program->Wait(12'000);
+    EXPECT_TRUE(Browser().Visible());
+}
+
 TEST_F(PreferencesStory, ANewUserMadeWhileAnnIsLoggedInTakesHerPlaceAndFindsNothingOfHers) {
     Run();
     program->GoTo("one.example");

@@ -401,9 +401,7 @@ protected:
         w,
         session,
         login,
-        settings,
-        login_room,
-        keys,
+        {settings, login_room, wizard, keys},
         {near, near, near, near, near, near, near, near, near},
         {stores.Stores, trouble},
         {boxes, desktop, pages}};
