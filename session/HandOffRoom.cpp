@@ -137,6 +137,15 @@ void HandOffRoom::OpenFiles(const std::vector<std::string>& native_paths) {
     TakeWaiting();
 }
 
+void HandOffRoom::ForgetCommands() {
+    ++users_gone_;
+    waiting_.clear();
+    texts_.clear();
+    controls_.lstOpenWith.Clear();
+    controls_.tmrOpenWith.SetEnabled(false);
+    controls_.tmrWaiting.SetEnabled(false);
+}
+
 void HandOffRoom::tmrWaiting_Tick() {
     controls_.tmrWaiting.SetEnabled(false);
     TakeWaiting();
@@ -220,9 +229,10 @@ void HandOffRoom::AddMediaFiles(const std::deque<std::string>& files) {
     if (files.empty()) return;
     // The files of the last commands have been played or cued; what comes now is opened by itself.
     if (!controls_.tmrOpenWith.Enabled()) controls_.lstOpenWith.Clear();
+    const int users_gone = users_gone_;
     for (const std::string& file : files) {
         AddMediaFile(file);
-        if (IsOver()) return;
+        if (IsOver() || users_gone_ != users_gone) return;
     }
     open_ticks_ = 0;
     controls_.tmrOpenWith.SetEnabled(true);
@@ -260,9 +270,11 @@ void HandOffRoom::tmrOpenWith_Tick() {
 
 void HandOffRoom::PlayFirst() {
     controls_.lstOpenWith.SetListIndex(0);
-    ports_.events.Yield();
-    if (IsOver()) return;
+    // A command that comes during the yield begins the list again.
     const std::string path(controls_.lstOpenWith.Text());
+    const int users_gone = users_gone_;
+    ports_.events.Yield();
+    if (IsOver() || users_gone_ != users_gone) return;
     roles_.transport.PlaySong(path);
     roles_.cue.RemovePath(path);
 }

@@ -8,7 +8,7 @@
 // and `lstOpenWith`; one second after the last command the first of them is played and leaves the cue list.
 // Playlist files and addresses are entered in the address row. Commands of others wait while one is
 // processed and until the main window is there for a user who is logged in; what waits when the program ends
-// is dropped.
+// or the user logs out is dropped, and so is the rest of a command that is processed then.
 #pragma once
 
 #include <deque>
@@ -93,6 +93,9 @@ public:
     void Deliver(std::string_view command);
     /// Opens media files, given by native paths, as a later start with them would.
     void OpenFiles(const std::vector<std::string>& native_paths);
+    /// The user is gone: what waits is dropped, what is under way ends at its next step, and no file of a
+    /// command that came before is played any more.
+    void ForgetCommands();
 
 private:
     // ports::HandOffListener
@@ -126,6 +129,7 @@ private:
     std::deque<std::string> waiting_;  // commands
     std::deque<std::string> texts_;    // playlist files and addresses that are still to be entered
     bool processing_ = false;
+    int users_gone_ = 0;  // what began before the last of them left goes no further
     int open_ticks_ = 0;
     controls::EventClaims claims_;
 };

@@ -118,11 +118,11 @@ private:
     SettingsRoom settings_;
     LoginRoom login_;
     NewUserRoom new_user_;
+    HandOffRoom hand_off_;
     SessionRoom session_;
     MaintenanceRoom maintenance_;
     BackUpRoom back_up_;
     PreferencesRoom preferences_;
-    HandOffRoom hand_off_;
     StartUpRoom start_up_;
 };
 

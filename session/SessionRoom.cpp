@@ -198,6 +198,7 @@ void SessionRoom::TakeUserAway() {
     roles_.address_row.SetTyped("");
     const bool multiple_users = login_.Allow_Multiple_Users;
     rooms_.new_user.PutAway();
+    rooms_.hand_off.ForgetCommands();
     login_ = {};
     login_.Allow_Multiple_Users = multiple_users;
 }

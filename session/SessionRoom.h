@@ -23,6 +23,7 @@
 #include "roles/Tabs.h"
 #include "roles/TrackLists.h"
 #include "roles/Transport.h"
+#include "session/HandOffRoom.h"
 #include "session/LoginRoom.h"
 #include "session/MediaKeys.h"
 #include "session/NewUserRoom.h"
@@ -66,6 +67,7 @@ struct SessionEndRooms {
     SettingsRoom& settings;
     LoginRoom& login;
     NewUserRoom& new_user;
+    HandOffRoom& hand_off;
     MediaKeys& keys;
 };
 

@@ -446,6 +446,29 @@ TEST_F(SecondStart, DuringALoginWaitsForTheUser) {
     EXPECT_EQ(Playing(), "C:\\Music\\Sun - Rise.mp3");
 }
 
+TEST_F(SecondStart, WhatAUserWasHandedDoesNotPlayAfterTheirLogOut) {
+    StartAgain("\"C:\\Music\\Sun - Rise.mp3\"");
+    first.Wait(300);
+
+    first.Click(first.Browser().menus.mnuLogout);
+    first.Wait(5'000);
+
+    EXPECT_EQ(Playing(), "");
+    EXPECT_FALSE(computer.media.IsOpen("a"));
+}
+
+TEST_F(SecondStart, ALogOutDuringACommandLeavesTheRestOfItOut) {
+    first.desktop.Post([this] { first.Browser().menus.mnuLogout.Click.Raise(); });
+
+    StartAgain("\"C:\\Music\\Sun - Rise.mp3\" \"C:\\Music\\Moon - Fall.mp3\" \"http://example.org/\"");
+    first.LogIn("Ann", "rose");
+    first.Wait(14'000);
+
+    EXPECT_EQ(Program::RowsOf(first.Browser().library.lists.lstTracks), (Texts{"Sun - Rise"}));
+    EXPECT_EQ(Playing(), "");
+    EXPECT_EQ(Tabs(), 0);
+}
+
 TEST_F(SecondStart, ACommandForAProgramThatEndsIsDropped) {
     first.Click(first.Browser().menus.mnuLogout);
     StartAgain("\"C:\\Music\\Sun - Rise.mp3\"");

@@ -395,22 +395,22 @@ protected:
         desktop,
         pages};
     session::MediaKeys keys{near, near, near};
-    session::SessionRoom session_room{
-        {w.frmBrowser, activate.frmActivate, login_form.frmLogin, w.frmAdd, w.frmAbout, w.frmAddMedia,
-         w.frmInfo, w.frmSpeakerTest, w.frmVideo, unloadme},
-        w,
-        session,
-        login,
-        {settings, login_room, wizard, keys},
-        {near, near, near, near, near, near, near, near, near},
-        {stores.Stores, trouble},
-        {boxes, desktop, pages}};
     session::HandOffRoom hand_off{mailbox,
                                   w,
                                   {session, activate.frmActivate, ListMaybeChanged},
                                   {near, near, near, near, near, near},
                                   {files, boxes, desktop, instance},
                                   [] {}};
+    session::SessionRoom session_room{
+        {w.frmBrowser, activate.frmActivate, login_form.frmLogin, w.frmAdd, w.frmAbout, w.frmAddMedia,
+         w.frmInfo, w.frmSpeakerTest, w.frmVideo, unloadme},
+        w,
+        session,
+        login,
+        {settings, login_room, wizard, hand_off, keys},
+        {near, near, near, near, near, near, near, near, near},
+        {stores.Stores, trouble},
+        {boxes, desktop, pages}};
     session::StartUpRoom start{start_controls,
                                {w.frmBrowser,
                                 activate.frmActivate,

@@ -1,4 +1,5 @@
-// One user goes and the next one comes: what a log out leaves of the login window, and a login while another user is logged in.
+// One user goes and the next one comes: what a log out leaves of the login window and of what was handed
+// over, and a login while another user is logged in.
 #include "session/SessionHarness.h"
 
 namespace {
@@ -121,6 +122,16 @@ TEST_F(ChangeOfUser, ALogOutPutsTheWizardAwayWithAllThatWasTyped) {
         for (const controls::TextBox* box : WizardBoxes())
             EXPECT_EQ(box->Text(), "") << box->Name();
     }
+}
+
+TEST_F(ChangeOfUser, ALogOutForgetsAFileThatWaitsForItsSecond) {
+    hand_off.Deliver("\"C:\\1.mp3\"");
+    ASSERT_TRUE(mailbox.tmrOpenWith.Enabled());
+
+    w.mnuLogout.Click.Raise();
+
+    EXPECT_FALSE(mailbox.tmrOpenWith.Enabled());
+    EXPECT_EQ(mailbox.lstOpenWith.ListCount(), 0);
 }
 
 }  // namespace

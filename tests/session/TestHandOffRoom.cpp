@@ -28,6 +28,10 @@ protected:
 
     /// As a first start or a later one hands it over.
     void Deliver(std::string_view command) { room->Deliver(command); }
+    void LogOut() {
+        session.LoggedIn = false;
+        room->ForgetCommands();
+    }
     /// Ticks of tmrOpenWith.
     void Tick(int times) {
         for (int i = 0; i < times; ++i)
@@ -462,6 +466,83 @@ TEST_F(HandOffRoom, AnEndDuringACommandStopsItThere) {
     Tick(20);
 
     EXPECT_EQ(near.Log, (Texts{"AddMediaFromCommand C:\\1.mp3"}));
+}
+
+// ---- log out ----
+
+TEST_F(HandOffRoom, AFileWhoseUserLogsOutBeforeItPlaysStaysSilent) {
+    Deliver("\"C:\\one.mp3\"");
+    Tick(5);
+    LogOut();
+    Tick(20);
+    EXPECT_EQ(near.Log, (Texts{"AddMediaFromCommand C:\\one.mp3", "Command1"}));
+    session.LoggedIn = true;
+
+    Deliver("\"C:\\two.mp3\"");
+    Tick(10);
+
+    EXPECT_EQ(OpenWith(), (Texts{"C:\\two.mp3"}));
+    EXPECT_EQ(near.Log.back(), "PlaySong C:\\two.mp3");
+}
+
+TEST_F(HandOffRoom, ALogOutRightBeforeTheFirstFilePlaysKeepsItSilent) {
+    Deliver("\"C:\\one.mp3\"");
+    Tick(9);
+    desktop.Post([this] { LogOut(); });
+
+    Tick(1);
+
+    EXPECT_EQ(near.Log, (Texts{"AddMediaFromCommand C:\\one.mp3", "Command1"}));
+}
+
+TEST_F(HandOffRoom, ALogOutDuringACommandEndsItThere) {
+    near.OnAddMedia = [this] { LogOut(); };
+
+    Deliver("\"C:\\1.mp3\" \"C:\\2.mp3\" \"example.org\"");
+    session.LoggedIn = true;
+    Tick(20);
+
+    EXPECT_EQ(near.Log, (Texts{"AddMediaFromCommand C:\\1.mp3"}));
+    EXPECT_EQ(controls.cmdDummy.Caption(), "Ready for command");
+}
+
+TEST_F(HandOffRoom, ALogOutWhileATextIsEnteredLeavesTheOthersOut) {
+    near.OnEnter = [this] { LogOut(); };
+
+    Deliver("\"C:\\a.mpl\" \"http://one/\"");
+    session.LoggedIn = true;
+    Tick(20);
+
+    EXPECT_EQ(near.Log, (Texts{"SetTyped C:\\a.mpl", "EnterAsWeb C:\\a.mpl"}));
+}
+
+TEST_F(HandOffRoom, WhatWaitsAtALogOutIsDroppedAndWhatComesLaterWaits) {
+    bool first = true;
+    near.OnAddMedia = [&] {
+        if (!std::exchange(first, false)) return;
+        later.HandOff("\"C:\\ann.mp3\"");
+        LogOut();
+        later.HandOff("\"C:\\bob.mp3\"");
+    };
+
+    Deliver("\"C:\\a.mp3\"");
+    session.LoggedIn = true;
+    Tick(1);
+
+    EXPECT_EQ(OpenWith(), (Texts{"C:\\bob.mp3"}));
+}
+
+TEST_F(HandOffRoom, ACommandRightBeforeTheFirstFilePlaysDoesNotTakeItsPath) {
+    Deliver("\"C:\\one.mp3\"");
+    Tick(9);
+    desktop.Post([this] { Deliver("\"C:\\two.mp3\""); });
+
+    Tick(1);
+    EXPECT_EQ(near.Log.back(), "PlaySong C:\\one.mp3");
+    EXPECT_EQ(near.Cued, (Texts{"C:\\two.mp3|two"}));
+    Tick(10);
+
+    EXPECT_EQ(near.Log.back(), "PlaySong C:\\two.mp3");
 }
 
 TEST_F(HandOffRoom, SixtyFourStartsAtOnceAreEachTakenOnce) {
