@@ -48,6 +48,7 @@ Library::Library(LibraryWindows windows, LibraryState state, store::Stores& stor
 void Library::OnEndTasks() {
     task_.Stop();
     playlists_.CloseAddPanel();
+    search_.ClearSearch();
 }
 
 }  // namespace library

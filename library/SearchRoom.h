@@ -22,6 +22,8 @@ public:
 
     /// Fills the view with the songs whose field contains the text. An empty text matches every song.
     void RunLibrarySearch(SearchField field, std::string_view text);
+    /// Empties the box; a search that was typed there makes way for the whole library after the usual pause.
+    void ClearSearch() { controls_.txtSearch.SetText(""); }
     /// Checks the entry of a field and no other.
     void CheckField(SearchField field);
     /// The field of the checked entry.

@@ -13,7 +13,7 @@ public:
     /// Fills artists and tracks from the whole library if no track is shown.
     virtual void RefillIfEmpty() = 0;
     /// Ends what works on the lists or waits for an answer about them: an import or a clean-up at its next
-    /// step, and the panel that adds a song to a playlist.
+    /// step, the panel that adds a song to a playlist, and the search that was typed.
     virtual void EndTasks() = 0;
 };
 

@@ -136,6 +136,23 @@ TEST_F(LibraryStory, TheSearchBoxNarrowsTheTracks) {
     EXPECT_EQ(Tracks(program), (Texts{"Moon - Fall"}));
 }
 
+TEST_F(LibraryStory, ASearchIsGoneForTheNextUser) {
+    computer.AddToLibrary(1, "Sun", "Rise");
+    computer.AddToLibrary(2, "Moon", "Fall");
+    computer.AddUser("Bob", "thorn");
+    Program program(computer);
+    program.StartAndLogIn("Ann", "rose");
+    program.Browser().library.search.txtSearch.SetText("moo");
+    program.Wait(1000);
+
+    program.Click(program.Browser().menus.mnuLogout);
+    EXPECT_EQ(program.Browser().library.search.txtSearch.Text(), "");
+    program.LogIn("Bob", "thorn");
+    program.Wait(12'000);
+
+    EXPECT_EQ(Tracks(program), (Texts{"Sun - Rise", "Moon - Fall"}));
+}
+
 TEST_F(LibraryStory, AnArtistNarrowsTheTracksAndJustTracksHidesTheLists) {
     computer.AddToLibrary(1, "Sun", "Rise");
     computer.AddToLibrary(2, "Moon", "Fall");
