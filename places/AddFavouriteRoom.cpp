@@ -40,7 +40,8 @@ void AddFavouriteRoom::ClaimDialog() {
 
 void AddFavouriteRoom::SettleAtStart() {
     Form_Activate();
-    cmdCancel_Click();
+    // The end of the program has unloaded the main window, which must not come back.
+    if (!IsOver()) cmdCancel_Click();
 }
 
 void AddFavouriteRoom::Form_Activate() {
@@ -50,13 +51,15 @@ void AddFavouriteRoom::Form_Activate() {
 }
 
 void AddFavouriteRoom::Form_QueryUnload(bool& cancel) {
-    if (mainclose_ || ports_.loop.IsEnding()) return;
+    if (IsOver()) return;
     cancel = true;
     cmdCancel_Click();
 }
 
+// The activation yields; the dialog may be cancelled, or unloaded, before it has its layout.
 void AddFavouriteRoom::ShowLayout(bool deleting) {
     form_.frmAdd.Show();
+    if (!form_.frmAdd.Visible()) return;
     form_.frmAdd.SetHeight(deleting ? kDeleteHeight : kAddHeight);
     form_.cmdCancel2.SetVisible(deleting);
     form_.cmdDelete2.SetVisible(deleting);

@@ -57,6 +57,7 @@ private:
     void lstGroup_KeyDown(int key_code);
 
     void ClaimDialog();
+    bool IsOver() const { return mainclose_ || ports_.loop.IsEnding(); }
     void ShowLayout(bool deleting);
     void EnableSeen(bool deleting);
     void AddRow(const FavouriteRow& row);

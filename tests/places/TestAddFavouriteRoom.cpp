@@ -86,6 +86,33 @@ TEST_F(AddFavouriteRoom, EachActivationFillsGroupsAndPanelAfterAYield) {
     EXPECT_EQ(panel.lstFavs.ListCount(), 4);
 }
 
+TEST_F(AddFavouriteRoom, ACancelDuringTheActivationLeavesTheMainWindowEnabled) {
+    for (const bool deleting : {false, true}) {
+        SCOPED_TRACE(deleting);
+        desktop.Post([this] { form.cmdCancel.Click.Raise(); });
+
+        if (deleting) {
+            dialog.OpenToDelete();
+        } else {
+            dialog.OpenToAdd("Post", "http://post.example/");
+        }
+
+        EXPECT_FALSE(form.frmAdd.Visible());
+        EXPECT_TRUE(frmBrowser.Enabled());
+    }
+}
+
+TEST_F(AddFavouriteRoom, AnEndWhileTheStartFillsThePanelBringsNoWindowBack) {
+    desktop.Post([this] {
+        mainclose = true;
+        frmBrowser.UnloadWindow();
+    });
+
+    dialog.SettleAtStart();
+
+    EXPECT_FALSE(frmBrowser.IsLoaded());
+}
+
 TEST_F(AddFavouriteRoom, TheStartFillsThePanelWithoutShowingTheDialog) {
     SeedFavourites();
     frmBrowser.Hide();

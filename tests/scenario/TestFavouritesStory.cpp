@@ -46,6 +46,16 @@ TEST_F(FavouritesStory, TheNextUserIsOfferedNothingOfThePageBefore) {
     EXPECT_EQ(program->windows.add.txtName.Text(), "");
 }
 
+TEST_F(FavouritesStory, EscapeAsTheDialogComesUpLeavesTheMainWindowInUse) {
+    program->desktop.Post([this] { program->windows.add.txtName.KeyDown.Raise(controls::kKeyEscape, 0); });
+
+    program->Click(Browser().favourites.imgAddOver);
+
+    EXPECT_FALSE(program->windows.add.frmAdd.Visible());
+    EXPECT_TRUE(Browser().Visible());
+    EXPECT_TRUE(Browser().Enabled());
+}
+
 TEST_F(FavouritesStory, FavouritesOfAnotherBrowserAreInThePanelAndOutlastTheRun) {
     const std::string words = program->main_window.Favourites().Import(
         "<DL><DT><H3>Birds</H3><DL><DT><A HREF=\"http://one.example/\">One</A></DL></DL>");
