@@ -34,7 +34,8 @@ inline const SearchEngine* SearchEngineOf(const QString& key) {
 }
 
 /// An address of the given form (PageSettings::search_form), with the same words, at the service of that key;
-/// any other address, and any for the built-in service, as it is.
+/// any other address, and any for the built-in service, as it is. An address whose words hold a "(" may lack
+/// its last character, as the address row leaves it.
 std::string AtSearchEngine(const QString& key, std::string_view form, std::string_view address);
 
 }  // namespace webengine

@@ -14,10 +14,24 @@ TEST(SearchEngines, ASearchOfTheProgramGoesToTheChosenService) {
               "https://www.mojeek.com/search?q=owls+&+larks");
 }
 
+TEST(SearchEngines, ASearchForWordsInBracketsLosesTheLastCharacterAndGoesThereAsWell) {
+    EXPECT_EQ(AtSearchEngine(kMojeek, kForm, "https://search.example/search?hl=en&q=owls+(larks)&meta"),
+              "https://www.mojeek.com/search?q=owls+(larks)");
+    EXPECT_EQ(AtSearchEngine(kMojeek, kForm, "https://search.example/search?hl=en&q=(&meta="),
+              "https://www.mojeek.com/search?q=(");
+}
+
+TEST(SearchEngines, OfAFormThatEndsWithTheWordsNothingIsLost) {
+    EXPECT_EQ(AtSearchEngine(kMojeek, "https://search.example/?q={words}", "https://search.example/?q=a+(b)"),
+              "https://www.mojeek.com/search?q=a+(b)");
+}
+
 TEST(SearchEngines, EveryOtherAddressStays) {
     for (const char* address :
          {"https://search.example/search?q=owls", "https://owl.example/", "",
-          "https://search.example/search?hl=en&q=owls", "https://search.example/search?hl=en&q=&meta"})
+          "https://search.example/search?hl=en&q=owls", "https://search.example/search?hl=en&q=&meta",
+          "https://search.example/search?hl=en&q=owls&meta",
+          "https://search.example/search?hl=en&q=(owls&met", "https://search.example/search?hl=en&q=(owls)"})
         EXPECT_EQ(AtSearchEngine(kMojeek, kForm, address), address);
 }
 
