@@ -74,16 +74,16 @@ bool CleanUpRoom::StoreToday() {
 bool CleanUpRoom::SearchFiles(store::RecordSet& songs) {
     if (!stores_.datSong.Open(store::kAllSongs)) return false;
     songs = std::move(stores_.datSong.Recordset());
-    undo_.BeginStep();
+    UndoStep step;
     BeginPhase("Searching files", songs.RecordCount());
     for (songs.MoveFirst(); !songs.Eof(); songs.MoveNext()) {
-        SearchFile(songs);
+        SearchFile(songs, step);
         if (!task_.EndStep()) return false;
     }
     return true;
 }
 
-void CleanUpRoom::SearchFile(store::RecordSet& song) {
+void CleanUpRoom::SearchFile(store::RecordSet& song, UndoStep& step) {
     const std::string_view path = song.Text(store::tblSong::FilePath);
     if (path.empty()) return;
     if (FileExists(ports_.files, path)) {
@@ -91,7 +91,7 @@ void CleanUpRoom::SearchFile(store::RecordSet& song) {
     } else if (ports_.files.IsSilent(path)) {
         ++songs_unknown_;
     } else {
-        undo_.KeepSong(song);
+        undo_.KeepSong(step, song);
         song.Delete();
         task_.ShowRemoved(++songs_removed_);
     }

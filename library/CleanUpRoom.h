@@ -50,7 +50,7 @@ private:
     void ShowPanel();
     bool StoreToday();
     bool SearchFiles(store::RecordSet& songs);
-    void SearchFile(store::RecordSet& song);
+    void SearchFile(store::RecordSet& song, UndoStep& step);
     bool FindDuplicates();
     void SkipDuplicates(store::RecordSet& songs);
     void ShowResult();

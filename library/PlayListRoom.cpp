@@ -143,11 +143,11 @@ void PlayListRoom::RemoveFromPlayList(const std::string& playlist, const std::st
         return;
     }
     store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRows);
-    undo_.BeginStep();
+    UndoStep step;
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         if (base::Trim(rows.Text(store::tblPlayList::Name)) == playlist &&
             rows.Text(store::tblPlayList::SongID) == song_id) {
-            undo_.KeepPlayListRow(rows);
+            undo_.KeepPlayListRow(step, rows);
             rows.Delete();
         }
     }
@@ -179,11 +179,11 @@ void PlayListRoom::DeleteTrackAllMedia(std::string_view song_id) {
     while (!rows.Eof() && rows.Text(store::tblSong::SongID) != song_id)
         rows.MoveNext();
     if (!rows.Eof()) {
-        undo_.BeginStep();
+        UndoStep step;
         if (HasTwin(rows)) {
-            undo_.KeepTwin(rows);
+            undo_.KeepTwin(step, rows);
         } else {
-            undo_.KeepSong(rows);
+            undo_.KeepSong(step, rows);
         }
     }
     rows.Delete();
@@ -235,10 +235,10 @@ void PlayListRoom::imgDeletePlayListOver_Click() {
     if (name.empty()) return;
     if (!IsConfirmed("Are you sure you want to delete the playlist " + name + "?", "Delete Playlist")) return;
     store::RecordSet rows = OpenRows(sources_.datPlayList, store::kAllPlayListRowsToDelete);
-    undo_.BeginStep();
+    UndoStep step;
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
         if (base::Trim(rows.Text(store::tblPlayList::Name)) != name) continue;
-        undo_.KeepPlayListRow(rows);
+        undo_.KeepPlayListRow(step, rows);
         rows.Delete();
     }
     lists_.Command1();

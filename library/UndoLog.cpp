@@ -50,38 +50,38 @@ std::optional<RemovedRows> RowsOfText(std::string_view text) {
 
 }  // namespace
 
-void UndoLog::KeepSong(const store::RecordSet& song) {
-    Keep(kSong, store::tblSong::kFields, song);
+void UndoLog::KeepSong(UndoStep& step, const store::RecordSet& song) {
+    Keep(step, kSong, store::tblSong::kFields, song);
 }
 
-void UndoLog::KeepTwin(const store::RecordSet& song) {
-    Keep(kTwin, store::tblSong::kFields, song);
+void UndoLog::KeepTwin(UndoStep& step, const store::RecordSet& song) {
+    Keep(step, kTwin, store::tblSong::kFields, song);
 }
 
-void UndoLog::KeepPlayListRow(const store::RecordSet& row) {
-    Keep(kPlayListRow, store::tblPlayList::kFields, row);
+void UndoLog::KeepPlayListRow(UndoStep& step, const store::RecordSet& row) {
+    Keep(step, kPlayListRow, store::tblPlayList::kFields, row);
 }
 
 template <class Fields>
-void UndoLog::Keep(std::string_view kind, const Fields& fields, const store::RecordSet& row) {
-    OpenStep();
+void UndoLog::Keep(UndoStep& step, std::string_view kind, const Fields& fields, const store::RecordSet& row) {
+    Open(step);
     std::string text;
     AddLine(text, kind);
     AddLine(text, row.Place());
     for (const store::Field& field : fields)
         AddLine(text, row.Text(field));
-    texts_.Append(step_, text);
+    texts_.Append(step.name_, text);
 }
 
-void UndoLog::OpenStep() {
-    if (!step_.empty()) return;
+void UndoLog::Open(UndoStep& step) {
+    if (!step.name_.empty()) return;
     std::vector<std::string> steps = texts_.Names(kPrefix);
-    step_ = NameAfter(steps);
+    step.name_ = NameAfter(steps);
     for (std::size_t i = 0; i + kMostSteps <= steps.size(); ++i)
         texts_.Remove(steps[i]);
     std::string text;
     AddLine(text, kFirstLine);
-    texts_.Append(step_, text);
+    texts_.Append(step.name_, text);
 }
 
 std::optional<RemovedRows> UndoLog::LastStep() {
@@ -97,10 +97,8 @@ std::optional<RemovedRows> UndoLog::LastStep() {
     return std::nullopt;
 }
 
-// The next step begins again; the text of this one would bring its rows back a second time.
 void UndoLog::Forget(const RemovedRows& step) {
     texts_.Remove(step.name);
-    step_.clear();
 }
 
 }  // namespace library

@@ -28,16 +28,21 @@ struct RemovedRows {
     bool operator==(const RemovedRows&) const = default;
 };
 
+/// What one removal takes out, which comes back together; of one without rows nothing is written. A removal
+/// that yields has its own, whatever else is removed meanwhile.
+class UndoStep final {
+    friend class UndoLog;
+    std::string name_;  // empty until the step has a row
+};
+
 class UndoLog final {
 public:
     explicit UndoLog(ports::KeptTexts& texts) : texts_(texts) {}
 
-    /// What is written down from now on is one step. One without rows is none.
-    void BeginStep() { step_.clear(); }
     /// Writes down the current row of tblSong or of tblPlayList, which is about to be removed.
-    void KeepSong(const store::RecordSet& song);
-    void KeepTwin(const store::RecordSet& song);
-    void KeepPlayListRow(const store::RecordSet& row);
+    void KeepSong(UndoStep& step, const store::RecordSet& song);
+    void KeepTwin(UndoStep& step, const store::RecordSet& song);
+    void KeepPlayListRow(UndoStep& step, const store::RecordSet& row);
 
     /// The step of before; nothing when there is none. One that cannot be read is set aside.
     std::optional<RemovedRows> LastStep();
@@ -46,11 +51,10 @@ public:
 
 private:
     template <class Fields>
-    void Keep(std::string_view kind, const Fields& fields, const store::RecordSet& row);
-    void OpenStep();
+    void Keep(UndoStep& step, std::string_view kind, const Fields& fields, const store::RecordSet& row);
+    void Open(UndoStep& step);
 
     ports::KeptTexts& texts_;
-    std::string step_;  ///< empty until the step has a row
 };
 
 }  // namespace library

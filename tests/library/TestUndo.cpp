@@ -144,6 +144,22 @@ TEST_F(UndoTest, WhatACleanUpRemovedComesBackInOneStep) {
     EXPECT_EQ(run->Lists.lblTrackCount.Caption(), "3 put back");
 }
 
+TEST_F(UndoTest, ARemovalDuringACleanUpLeavesThatOneStep) {
+    run->files.AddFile(kSongs[2][3]);
+    run->Desktop.Post([this] { run->DeletePlayList("Sunday"); });
+    run->CleanUp();
+    ASSERT_EQ(run->ListRows().size(), 4U);
+    EXPECT_EQ(run->Songs(), Table{kSongs[2]});
+
+    run->PressUndo();
+    EXPECT_EQ(run->ListRows(), kLists);
+    EXPECT_EQ(run->Songs(), Table{kSongs[2]}) << "what the clean-up dropped is a step of its own";
+    run->PressUndo();
+
+    EXPECT_EQ(run->Songs(), kSongs);
+    EXPECT_EQ(run->Lists.lblTrackCount.Caption(), "3 put back");
+}
+
 TEST_F(UndoTest, OtherKeysAreNoUndo) {
     run->Remove("  [All Media]", 1);
     run->Lists.lstTracks.KeyDown.Raise('Z', 0);
