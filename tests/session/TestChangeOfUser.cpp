@@ -4,7 +4,6 @@
 
 namespace {
 
-using session_tests::Count;
 using session_tests::Texts;
 
 /// Ann is at work, and Bob may log in as well.
