@@ -12,7 +12,14 @@ void MessengerLine::SetCustomText(std::string_view text) {
     state_.NowAlbum = text;
 }
 
+void MessengerLine::Forget() {
+    state_.NowArtist.clear();
+    state_.NowTitle.clear();
+    state_.NowAlbum.clear();
+}
+
 void MessengerLine::SendNowPlaying() {
+    has_told_ = true;
     messenger_.SendNowPlaying({.first = state_.NowArtist,
                                .second = state_.NowTitle,
                                .third = state_.NowAlbum,
@@ -22,6 +29,7 @@ void MessengerLine::SendNowPlaying() {
 }
 
 void MessengerLine::SendNothingPlaying() {
+    has_told_ = false;
     messenger_.SendNowPlaying(
         {.first = {}, .second = {}, .third = {}, .extra = {}, .format = kFormat, .enabled = false});
 }

@@ -15,9 +15,15 @@ public:
     void SendNowPlaying() override;
     void SendNothingPlaying() override;
 
+    /// The last line that was sent told of a song or of the user's own text.
+    bool HasTold() const { return has_told_; }
+    /// Forgets the names and the user's own text.
+    void Forget();
+
 private:
     PlaybackState& state_;
     roles::Messenger& messenger_;
+    bool has_told_ = false;
 };
 
 }  // namespace player

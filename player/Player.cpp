@@ -1,5 +1,7 @@
 #include "player/Player.h"
 
+#include "base/Text.h"
+
 namespace player {
 namespace {
 
@@ -92,6 +94,14 @@ ResumeRooms Player::RoomsOfResume() {
 void Player::StopAndForget() {
     buttons_.Stop();
     title_.Clear();
+}
+
+void Player::EndUser() {
+    const bool is_anything_there = playing_.Status() != roles::PlayerStatus::Stopped ||
+                                   !base::Trim(playing_.TrackCaption()).empty() || line_.HasTold() ||
+                                   playback_.IsStarting();
+    if (is_anything_there) StopAndForget();
+    line_.Forget();
 }
 
 void Player::SetDefaults() {

@@ -111,6 +111,7 @@ public:
     void SetDefaults() override;
     void ChooseQuickFade() override { fade_.ChooseQuickFade(); }
     void ClearVideoPicture() override { video_.ClearPicture(); }
+    void EndUser() override;
     void CloseMedia() override { mci_.MciCloseAll(); }
     void RestoreBars() override;
     void SettlePictures() override { mode_.SettlePictures(); }

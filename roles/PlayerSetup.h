@@ -12,6 +12,9 @@ public:
     virtual void ChooseQuickFade() = 0;
     /// Makes the video window's picture black.
     virtual void ClearVideoPicture() = 0;
+    /// Stops what plays and forgets it, the song's names and the text for messengers among it. Messengers are
+    /// told only where they were told of a song before.
+    virtual void EndUser() = 0;
     /// Closes both media channels.
     virtual void CloseMedia() = 0;
     /// Gives the song bar and the speed bar their scales, and their markers the places they stand for.

@@ -11,7 +11,6 @@ SessionEndRoles RolesOfEnd(const SessionRoles& roles) {
             .address_row = roles.address_row,
             .refresh = roles.refresh,
             .transport = roles.transport,
-            .playing = roles.playing,
             .messenger = roles.messenger,
             .player = roles.player,
             .highlights = roles.highlights};

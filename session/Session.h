@@ -15,7 +15,6 @@
 #include "roles/CueList.h"
 #include "roles/FrontPage.h"
 #include "roles/MediaIntake.h"
-#include "roles/NowPlaying.h"
 #include "roles/Start.h"
 #include "session/ActivateRoom.h"
 #include "session/BackUpRoom.h"
@@ -74,7 +73,6 @@ struct SessionRoles {
     roles::PageOpener& opener;
     roles::FrontPage& page;
     roles::Transport& transport;
-    roles::NowPlaying& playing;
     roles::MessengerLine& messenger;
     roles::PlayerSetup& player;
     roles::Highlights& highlights;

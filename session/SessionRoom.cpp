@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "base/Text.h"
-
 namespace session {
 
 SessionRoom::SessionRoom(SessionWindows windows, SessionMenu& menu, SessionState& session, LoginState& login,
@@ -186,10 +184,7 @@ void SessionRoom::TakeUserAway() {
         window->UnloadWindow();
     }
     roles_.track_lists.EndTasks();
-    // Messengers are told nothing where nothing was played.
-    if (roles_.playing.Status() != roles::PlayerStatus::Stopped ||
-        !base::Trim(roles_.playing.TrackCaption()).empty())
-        roles_.transport.StopAndForget();
+    roles_.player.EndUser();
     roles_.player.CloseMedia();
     windows_.frmVideo.Hide();
     roles_.refresh.SwitchOff();

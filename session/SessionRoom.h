@@ -18,7 +18,6 @@
 #include "roles/AutoRefresh.h"
 #include "roles/Highlights.h"
 #include "roles/MessengerLine.h"
-#include "roles/NowPlaying.h"
 #include "roles/PlayerSetup.h"
 #include "roles/Tabs.h"
 #include "roles/TrackLists.h"
@@ -56,7 +55,6 @@ struct SessionEndRoles {
     roles::AddressRow& address_row;
     roles::AutoRefresh& refresh;
     roles::Transport& transport;
-    roles::NowPlaying& playing;
     roles::MessengerLine& messenger;
     roles::PlayerSetup& player;
     roles::Highlights& highlights;

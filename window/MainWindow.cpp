@@ -268,7 +268,6 @@ session::SessionRoles MainWindow::RolesOfSession() {
             .opener = web_.Opener(),
             .page = web_.Front(),
             .transport = player_,
-            .playing = player_.Playing(),
             .messenger = player_.Line(),
             .player = player_,
             .highlights = skin_};

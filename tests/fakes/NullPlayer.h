@@ -33,6 +33,7 @@ public:
     void SetDefaults() override {}
     void ChooseQuickFade() override {}
     void ClearVideoPicture() override {}
+    void EndUser() override {}
     void CloseMedia() override {}
     void RestoreBars() override {}
     void SettlePictures() override {}

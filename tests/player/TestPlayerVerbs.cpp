@@ -69,6 +69,47 @@ TEST(PlayerVerbs, StopAndForgetTakesTheTitleAway) {
     EXPECT_FALSE(house.IsOpen("a"));
 }
 
+TEST(PlayerVerbs, TheEndOfAUserForgetsTheTitleOfAStoppedSongAndItsNames) {
+    Playing house;
+    house.player.Stop();
+
+    house.player.EndUser();
+
+    EXPECT_EQ(house.controls.transport.lblTrack.Caption(), "");
+    EXPECT_EQ(house.state.NowArtist + house.state.NowTitle, "");
+}
+
+TEST(PlayerVerbs, TheEndOfAUserTellsMessengersNothingWhereTheyWereToldNothing) {
+    PlayerHouse house;
+    house.player.Line().SetCustomText("my own text");
+
+    house.player.EndUser();
+
+    EXPECT_EQ(house.message.Sent, Texts());
+    EXPECT_EQ(house.state.NowAlbum, "") << "the next user's songs would go out with it";
+}
+
+TEST(PlayerVerbs, TheEndOfAUserTakesBackATextThatMessengersShow) {
+    PlayerHouse house;
+    house.player.Line().SetCustomText("my own text");
+    house.player.Line().SendNowPlaying();
+
+    house.player.EndUser();
+    house.player.EndUser();
+
+    EXPECT_EQ(house.message.Sent, (Texts{"on|{0} - {1} {2}|||my own text|", "off|{0} - {1} {2}||||"}));
+}
+
+TEST(PlayerVerbs, TheEndOfAUserHoldsAlsoWhileTheFirstSongIsBeingStarted) {
+    PlayerHouse house;
+    house.desktop.Post([&] { house.player.EndUser(); });
+
+    house.player.PlaySong(house.AddSong("a.mp3"));
+
+    EXPECT_FALSE(house.IsOpen("a"));
+    EXPECT_EQ(house.state.NowTitle, "");
+}
+
 TEST(PlayerVerbs, PlayIsShownUntilSomethingPlays) {
     PlayerHouse house;
     EXPECT_TRUE(house.player.IsPlayShown());

@@ -62,7 +62,6 @@ class Neighbours final : public roles::TrackLists,
                          public roles::AutoRefresh,
                          public roles::PageOpener,
                          public roles::FrontPage,
-                         public roles::NowPlaying,
                          public roles::MessengerLine,
                          public roles::Highlights,
                          public roles::MediaIntake,
@@ -173,15 +172,6 @@ public:
     void GoForward() override { Log.emplace_back("GoForward"); }
     void Refresh() override { Log.emplace_back("Refresh"); }
 
-    // roles::NowPlaying
-    roles::PlayerGlance Glance() const override { return {}; }
-    roles::PlayerStatus Status() override { return Playing; }
-    roles::CurrentSong Song() override { return {}; }
-    double Position() override { return 0; }
-    bool IsStopped() const override { return false; }
-    bool IsNoFileShown() const override { return false; }
-    std::string TrackCaption() const override { return Track; }
-
     // roles::MessengerLine
     void SetCustomText(std::string_view text) override { Note("SetCustomText ", text); }
     void SendNowPlaying() override { Log.emplace_back("SendNowPlaying"); }
@@ -208,6 +198,7 @@ public:
     void SetDefaults() override { Log.emplace_back("SetDefaults"); }
     void ClearVideoPicture() override { Log.emplace_back("ClearVideoPicture"); }
     void ChooseQuickFade() override { Log.emplace_back("ChooseQuickFade"); }
+    void EndUser() override { Log.emplace_back("EndUser"); }
     void CloseMedia() override { Log.emplace_back("CloseMedia"); }
 
     // ports::InstanceLock
@@ -236,8 +227,6 @@ public:
     bool AddressVisible = true;
     ports::Instance Running = ports::Instance::First;
     bool PlayShown = true;
-    roles::PlayerStatus Playing = roles::PlayerStatus::Stopped;
-    std::string Track;
     Texts Cued;  ///< "path|title"
     std::function<void()> OnAddMedia;
     std::function<void()> OnCommand1;
@@ -408,7 +397,7 @@ protected:
         session,
         login,
         {settings, login_room, wizard, hand_off, keys},
-        {near, near, near, near, near, near, near, near, near},
+        {near, near, near, near, near, near, near, near},
         {stores.Stores, trouble},
         {boxes, desktop, pages}};
     session::StartUpRoom start{start_controls,

@@ -29,7 +29,6 @@ protected:
 
 TEST_F(ChangeOfUser, AnotherUsersLoginTakesTheOneBeforeAway) {
     near.TabsVisible = {false, true};
-    near.Playing = roles::PlayerStatus::Playing;
     w.txtRefresh.SetText("123");
     boxes.Answers = {ports::BoxAnswer::Yes};
     login_form.frmLogin.Show();
@@ -39,7 +38,7 @@ TEST_F(ChangeOfUser, AnotherUsersLoginTakesTheOneBeforeAway) {
 
     EXPECT_EQ(LastBox(), "You currently have web tabs open, are you sure you want to log out?");
     EXPECT_EQ(Setting(3), "123");
-    EXPECT_EQ(near.Log, (Texts{"CloseTab 1", "EndTasks", "StopAndForget", "CloseMedia", "SetTyped "}));
+    EXPECT_EQ(near.Log, (Texts{"CloseTab 1", "EndTasks", "EndUser", "CloseMedia", "SetTyped "}));
     EXPECT_EQ(session.UserName, "bob");
     EXPECT_TRUE(session.LoggedIn);
     EXPECT_FALSE(login_form.frmLogin.Visible());
@@ -83,7 +82,6 @@ TEST_F(ChangeOfUser, AnEndByTheSystemWhileTheQuestionIsUpLogsNobodyIn) {
 
 TEST_F(ChangeOfUser, TheUserWhoIsLoggedInLosesNothingByLoggingInAgain) {
     near.TabsVisible = {false, true};
-    near.Playing = roles::PlayerStatus::Playing;
     w.txtRefresh.SetText("123");
     login_form.frmLogin.Show();
     TypeLogin("ann", "a");

@@ -373,7 +373,6 @@ TEST_F(SessionRoom, LogOutTakesTheUsersWindowsSongAndPagesAway) {
     for (controls::Form* dialog : dialogs)
         dialog->Show();
     w.frmVideo.Show();
-    near.Playing = roles::PlayerStatus::Paused;
     near.Log.clear();
 
     w.mnuLogout.Click.Raise();
@@ -381,9 +380,8 @@ TEST_F(SessionRoom, LogOutTakesTheUsersWindowsSongAndPagesAway) {
     for (const controls::Form* dialog : dialogs)
         EXPECT_FALSE(dialog->IsLoaded()) << dialog->Name();
     EXPECT_FALSE(w.frmVideo.Visible());
-    EXPECT_EQ(near.Log,
-              (Texts{"Unload frmAdd", "Unload frmAbout", "Unload frmAddMedia", "Unload frmInfo",
-                     "Unload frmSpeakerTest", "EndTasks", "StopAndForget", "CloseMedia", "SetTyped "}));
+    EXPECT_EQ(near.Log, (Texts{"Unload frmAdd", "Unload frmAbout", "Unload frmAddMedia", "Unload frmInfo",
+                               "Unload frmSpeakerTest", "EndTasks", "EndUser", "CloseMedia", "SetTyped "}));
     EXPECT_EQ(Count(pages.Log, "End"), 1);
 }
 
@@ -435,15 +433,6 @@ TEST_F(SessionRoom, LogOutForgetsWhatWasTyped) {
     EXPECT_EQ(near.Typed, "");
 }
 
-TEST_F(SessionRoom, LogOutForgetsTheTitleOfAStoppedSong) {
-    LogIn();
-    near.Track = "Sun - Rise";
-
-    w.mnuLogout.Click.Raise();
-
-    EXPECT_EQ(Count(near.Log, "StopAndForget"), 1);
-}
-
 TEST_F(SessionRoom, LogOutForgetsThePasswordsOfSites) {
     login.Allow_Multiple_Users = true;
     LogIn();
@@ -469,8 +458,8 @@ TEST_F(SessionRoom, LogOutAsksAboutOpenTabsAndClosesThemAll) {
     EXPECT_EQ(boxes.Boxes[0].text, "You currently have web tabs open, are you sure you want to log out?");
     EXPECT_EQ(boxes.Boxes[0].buttons, ports::BoxButtons::YesNo);
     EXPECT_EQ(boxes.Boxes[0].icon, ports::BoxIcon::None);
-    EXPECT_EQ(near.Log,
-              (Texts{"CloseTab 1", "CloseTab 2", "CloseTab 3", "EndTasks", "CloseMedia", "SetTyped "}));
+    EXPECT_EQ(near.Log, (Texts{"CloseTab 1", "CloseTab 2", "CloseTab 3", "EndTasks", "EndUser", "CloseMedia",
+                               "SetTyped "}));
     EXPECT_EQ(Count(pages.Log, "End"), 1);
     EXPECT_TRUE(login_form.frmLogin.Visible());
 }
