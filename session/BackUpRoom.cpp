@@ -186,6 +186,17 @@ void BackUpRoom::addeditplaylistsong(store::RecordSet& songs) {
     controls_.lstEditPlayListTracks.AddItem(songs.Text(store::tblSong::title));
     controls_.lstEditID.AddItem(songs.Text(store::tblSong::SongID));
     songs_.push_back(songs.CurrentBookmark());
+    rewrites_ = songs.Rewrites(store::tblSong::SongID);
+}
+
+// Rows that were put back may have moved the others, and the bookmark be another song's. Where none were, a
+// song that is not there has left the library, and is not looked for.
+bool BackUpRoom::MoveToSong(store::RecordSet& songs, int row) const {
+    const std::string song_id(controls_.lstEditID.List(row));
+    const bool is_there =
+        songs.MoveTo(songs_[static_cast<std::size_t>(row)]) && songs.Text(store::tblSong::SongID) == song_id;
+    if (is_there || songs.Rewrites(store::tblSong::SongID) == rewrites_) return is_there;
+    return songs.MoveToFirst(store::tblSong::SongID, song_id);
 }
 
 void BackUpRoom::LoadEditTracks() {
@@ -201,7 +212,7 @@ void BackUpRoom::lstEditPlayListTracks_Click() {
     const int row = controls_.lstEditPlayListTracks.ListIndex();
     if (row < 0 || !sources_.datSong.Open(store::kAllSongs)) return;
     store::RecordSet& songs = sources_.datSong.Recordset();
-    if (!songs.MoveTo(songs_[static_cast<std::size_t>(row)])) return;
+    if (!MoveToSong(songs, row)) return;
     controls_.txtEditArtist.SetText(songs.Text(store::tblSong::artist));
     controls_.txtEditTitle.SetText(songs.Text(store::tblSong::title));
     controls_.lblEditTrackNumber.SetCaption(controls_.lstEditID.List(row));

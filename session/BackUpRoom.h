@@ -5,6 +5,7 @@
 // built-in views are no playlists: nothing is written for them.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -103,6 +104,8 @@ private:
     std::vector<std::string> SongIdsOf(std::string_view name);
     void FindSongs(const std::vector<std::string>& song_ids);
     void addeditplaylistsong(store::RecordSet& songs);
+    /// To the song of a row of the tracks; false when it has left the library.
+    bool MoveToSong(store::RecordSet& songs, int row) const;
     void LoadEditTracks();
     void ShowLastBackUp();
     std::string ChosenPlayList() const;
@@ -123,6 +126,7 @@ private:
     roles::TrackLists& lists_;
     BackUpPorts ports_;
     std::vector<store::Bookmark> songs_;  // of each row of the tracks, the song
+    std::uint64_t rewrites_ = 0;          // of the songs' numbers, when the tracks were listed
     /// Where the songs of a list are; while all lists are backed up, those of all.
     std::unordered_map<std::string, std::optional<store::Bookmark>> found_songs_;
     bool are_all_found_ = false;

@@ -67,6 +67,23 @@ TEST_F(UndoStory, StepsComeBackFromTheLastOnOverANewStart) {
     EXPECT_EQ(Tracks(), before);
 }
 
+TEST_F(UndoStory, ATrackOfTheBackUpIsTheSameSongAfterOneCameBackInALaterRun) {
+    computer.database.Seed(scenario::kMediaPath, "tblPlayList",
+                           {{"1", "Evening"}, {"2", "Evening", "2"}, {"3", "Evening", "3"}});
+    RemoveTrack(0);
+    Begin();
+    session::BackUpControls& pane = program->windows.info.back_up;
+    program->Click(program->Browser().menus.mnuEditPlaylists);
+    ASSERT_TRUE(pane.lstEditPlayList.SelectText("Evening"));
+
+    PressUndo();
+    pane.lstEditPlayListTracks.SetListIndex(1);
+
+    EXPECT_EQ(pane.lblEditTrackNumber.Caption(), "3");
+    EXPECT_EQ(pane.txtEditArtist.Text(), "Star");
+    EXPECT_EQ(pane.txtEditTitle.Text(), "Shine");
+}
+
 TEST_F(UndoStory, ASongThatPlaysIsNotDisturbed) {
     Lists().lstTracks.SetListIndex(0);
     program->DoubleClick(Lists().lstTracks);
