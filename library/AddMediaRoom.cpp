@@ -236,7 +236,8 @@ void AddMediaRoom::AddFiles(const std::vector<std::string>& paths) {
     if (ports_.loop.IsEnding()) return;
     EndTask();
     ShowRejected(rejected);
-    if (form_.frmAddMedia.IsLoaded()) window_.Show();
+    // A file that is opened from outside loads the dialog again, unseen.
+    if (form_.frmAddMedia.Visible()) window_.Show();
     lists_.Command1();
     NoMouseOvers();
     form_.frmAddMedia.Hide();

@@ -136,6 +136,20 @@ TEST_F(AddMediaAddingTest, ClosingTheDialogWhileAddingShowsTheSongsAddedButNoWin
     EXPECT_FALSE(Form.frmAddMedia.IsLoaded());
 }
 
+TEST_F(AddMediaAddingTest, ADialogThatWasClosedAndIsLoadedAgainUnseenShowsNoWindow) {
+    Files.AddFile("C:\\Music\\a.mp3");
+    Files.AddFile("C:\\Music\\b.mp3");
+    Search("C:\\Music");
+    Desktop.Post([this] {
+        Form.frmAddMedia.UnloadWindow();
+        Form.frmAddMedia.LoadWindow();
+    });
+
+    ClickAddAll();
+
+    EXPECT_EQ(Main.Calls, (Rows{"Command1"}));
+}
+
 TEST_F(AddMediaAddingTest, TheEndOfTheProgramEndsTheAdding) {
     Files.AddFile("C:\\Music\\a.mp3");
     Files.AddFile("C:\\Music\\b.mp3");
