@@ -316,8 +316,7 @@ int RunProgram(const char* name, const linux::CommandLine& line) {
 
     Records records(stores.folder, instance.Answer());
     linux::KeptFiles kept(linux::KeptFiles::FolderOf(linux::FoldersOfUser().data, stores.folder));
-    linux::LinuxFiles files(program, stores.folder, linux::kMountTable, {},
-                            LettersOfDrives(kept, instance.Answer()));
+    linux::LinuxFiles files(program, stores.folder, LettersOfDrives(kept, instance.Answer()));
     const std::string command = linux::CommandText(line.arguments, linux::WorkingFolder(), files);
     const auto to_native = [&files](std::string_view path) { return files.ToNative(path); };
     const auto from_native = [&files](std::string_view path) { return files.FromNative(path); };

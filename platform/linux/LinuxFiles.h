@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/linux/FoldersAhead.h"
@@ -24,6 +25,9 @@ public:
     LinuxFiles(std::string program, std::string application_folder,
                const std::string& mount_table = kMountTable, std::string file_program = {},
                DriveLetters letters = {});
+    LinuxFiles(std::string program, std::string application_folder, DriveLetters letters)
+        : LinuxFiles(std::move(program), std::move(application_folder), kMountTable, {}, std::move(letters)) {
+    }
     /// The stores lie beside the program.
     explicit LinuxFiles(const std::string& program);
     LinuxFiles(const LinuxFiles&) = delete;

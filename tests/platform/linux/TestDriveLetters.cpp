@@ -26,6 +26,7 @@ std::string WordsOf(const std::vector<base::Volume>& volumes) {
 
 std::vector<std::string> ManyMountPoints(int count) {
     std::vector<std::string> mount_points;
+    mount_points.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         mount_points.push_back("/mnt/v" + std::to_string(i));
     return mount_points;
