@@ -157,7 +157,7 @@ private:
         }
         if (base::StartsWith(label_.Look(), "display")) {
             DrawRunning(painter, text,
-                        QPointF(place.left(), place.top() + (place.height() - metrics.height()) / 2));
+                        QPoint(place.left(), place.top() + (place.height() - metrics.height()) / 2));
             return;
         }
         text = metrics.elidedText(text, Qt::ElideRight, place.width());
@@ -166,7 +166,7 @@ private:
     }
 
     // A title that runs through its box is cut by the box, and painted twenty times a second.
-    void DrawRunning(QPainter& painter, const QString& text, const QPointF& place) {
+    void DrawRunning(QPainter& painter, const QString& text, const QPoint& place) {
         if (running_.text() != text) running_ = QStaticText(text);
         running_.setTextFormat(Qt::PlainText);
         painter.drawStaticText(place, running_);

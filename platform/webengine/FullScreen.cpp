@@ -7,6 +7,7 @@
 #include <QWindow>
 
 #include "platform/qt/SkinSheet.h"
+#include "platform/qt/WindowTitle.h"
 #include "platform/webengine/LimitedPage.h"
 #include "platform/webengine/ShownText.h"
 
@@ -74,7 +75,7 @@ void FullScreen::Enter(const QUrl& origin) {
     QWebEngineView* const view = page_.View();
     const QScreen* const screen = view->screen();
     window_ = new ScreenWindow(*this);
-    window_->setWindowTitle(view->title());
+    window_->setWindowTitle(qt::TitleOf(view->title()));
     window_->layout()->addWidget(view);
     window_->setGeometry(screen->geometry());
     window_->showFullScreen();
