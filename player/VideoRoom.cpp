@@ -52,19 +52,16 @@ void VideoRoom::ClosePane() {
 }
 
 void VideoRoom::PrepareVideo() {
-    window_comes_ = true;
     form_.tmrVisual.SetEnabled(false);
     ClearPicture();
     form_.imgAnim1.SetVisible(false);
     form_.imgAnim2.SetVisible(false);
-    state_.VideoPlaying = true;
-    pane_.picVideo.SetVisible(true);
+    TakePane();
     if (IsNormal()) form_.SetLeft(state_.VideoLeft);
     loop_.Yield();
     if (loop_.IsEnding() || state_.PlayerStopped) return;
     // A song that was started meanwhile put the video away.
-    state_.VideoPlaying = true;
-    pane_.picVideo.SetVisible(true);
+    TakePane();
     RestoreSize();
     if (IsMaximised()) {
         theresize();
@@ -72,6 +69,12 @@ void VideoRoom::PrepareVideo() {
         roles_.favourites.TogglePanel();
     }
     roles_.layout.Form_Resize();
+}
+
+void VideoRoom::TakePane() {
+    window_comes_ = true;
+    state_.VideoPlaying = true;
+    pane_.picVideo.SetVisible(true);
 }
 
 /// Height and width change places from one video to the next: they are kept as height and width, and read as

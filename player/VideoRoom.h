@@ -76,6 +76,7 @@ private:
     void lblVideoCaption_MouseDown();
     void lblVideoCaption_MouseMove(double x, double y);
     void mnuFullScreen_Click();
+    void TakePane();
     void RestoreSize();
     void MakeRoomForPane();
     bool IsNormal() const { return form_.State() == controls::WindowState::Normal; }

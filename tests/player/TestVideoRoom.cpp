@@ -225,9 +225,12 @@ TEST(VideoRoom, ASongThatStartsDuringTheYieldOfAVideoLeavesItsPicture) {
     const auto film = house.AddSong("Owls - Film.avi");
     const auto song = house.AddSong("Owls - Song.mp3");
     house.desktop.Post([&] { house.desktop.Post([&] { house.player.PlaySong(song); }); });
+    bool was_attached = false;
+    house.window.LaidOut = [&] { was_attached = house.player.Video().IsVideoAttached(); };
 
     house.player.PlaySong(film);
 
+    EXPECT_TRUE(was_attached) << "the layout makes its hole";
     EXPECT_TRUE(house.state.VideoPlaying);
     EXPECT_EQ(house.controls.transport.lblTrack.Caption(), "Owls - Film [Video]");
     EXPECT_TRUE(house.frmVideo.Visible());
