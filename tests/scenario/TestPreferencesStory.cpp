@@ -33,6 +33,16 @@ protected:
         program = std::make_unique<Program>(computer);
         program->StartAndLogIn("Ann", "rose");
     }
+    /// From the preferences to the second page of the wizard.
+    void BeginNewUser(std::string_view name, std::string_view password) {
+        program->Click(Browser().menus.mnuPreferences);
+        program->Click(Info().options.cmdNewUser);
+        auto& login = program->windows.login;
+        login.txtNewUser.SetText(name);
+        login.txtPass1.SetText(password);
+        login.txtPass2.SetText(password);
+        program->Click(login.cmdNext);
+    }
     window::BrowserForm& Browser() { return program->Browser(); }
     session::InfoForm& Info() { return program->windows.info; }
     session::BackUpControls& BackUp() { return Info().back_up; }
@@ -165,13 +175,8 @@ TEST_F(PreferencesStory, ANewUserIsMadeFromThePreferencesAndCancelReturnsToThem)
 
 TEST_F(PreferencesStory, ALogOutWithTheWizardOpenShowsTheLogin) {
     Run();
-    program->Click(Browser().menus.mnuPreferences);
-    program->Click(Info().options.cmdNewUser);
     auto& login = program->windows.login;
-    login.txtNewUser.SetText("Bob");
-    login.txtPass1.SetText("oak");
-    login.txtPass2.SetText("oak");
-    program->Click(login.cmdNext);
+    BeginNewUser("Bob", "oak");
     login.txtHotmailP.SetText("secret");
 
     program->Click(Browser().menus.mnuLogout);
@@ -194,13 +199,8 @@ TEST_F(PreferencesStory, ANewUserMadeWhileAnnIsLoggedInTakesHerPlaceAndFindsNoth
     Browser().library.lists.lstTracks.SetListIndex(0);
     program->DoubleClick(Browser().library.lists.lstTracks);
     Browser().web.address.txtAddress.SetText("a secret");
-    program->Click(Browser().menus.mnuPreferences);
-    program->Click(Info().options.cmdNewUser);
     auto& login = program->windows.login;
-    login.txtNewUser.SetText("Bob");
-    login.txtPass1.SetText("oak");
-    login.txtPass2.SetText("oak");
-    program->Click(login.cmdNext);
+    BeginNewUser("Bob", "oak");
     program->Click(login.cmdFinish);
     ASSERT_EQ(login.cmbUser.Text(), "Bob");
     program->dialogs.Answers = {ports::BoxAnswer::Yes};

@@ -68,9 +68,16 @@ protected:
         claims_.Claim(control.Click, [this] { log_.Text += "click;"; });
     }
 
+    void ListenToKeys() {
+        claims_.Claim(text_.KeyDown, [this](int code, int shift) {
+            keys_ += std::to_string(code) + "/" + std::to_string(shift) + ";";
+        });
+    }
+
     controls::Label label_{"lblA", "A"};
     controls::TextBox text_{"txtA"};
     MouseEventText log_;
+    std::string keys_;
     controls::EventClaims claims_;
 };
 
@@ -233,10 +240,7 @@ TEST_F(WidgetMirrorTest, AControlWithoutANameIsCalledByItsOwn) {
 }
 
 TEST_F(WidgetMirrorTest, AKeyGoesToTheControlThatHasTheKeyboard) {
-    std::string keys;
-    claims_.Claim(text_.KeyDown, [&keys](int code, int shift) {
-        keys += std::to_string(code) + "/" + std::to_string(shift) + ";";
-    });
+    ListenToKeys();
     qt_tests::Desk desk(text_);
     text_.SetFocus();
     desk.screen.CatchUp();
@@ -244,14 +248,11 @@ TEST_F(WidgetMirrorTest, AKeyGoesToTheControlThatHasTheKeyboard) {
     QTest::keyClick(desk.Find(text_), Qt::Key_Return);
     QTest::keyClick(desk.Find(text_), Qt::Key_VolumeUp, Qt::ControlModifier);
 
-    EXPECT_EQ(keys, "13/0;17/2;175/2;");
+    EXPECT_EQ(keys_, "13/0;17/2;175/2;");
 }
 
 TEST_F(WidgetMirrorTest, EnterThatIsHeldDownIsPressedOnce) {
-    std::string keys;
-    claims_.Claim(text_.KeyDown, [&keys](int code, int shift) {
-        keys += std::to_string(code) + "/" + std::to_string(shift) + ";";
-    });
+    ListenToKeys();
     qt_tests::Desk desk(text_);
     text_.SetFocus();
     desk.screen.CatchUp();
@@ -259,7 +260,7 @@ TEST_F(WidgetMirrorTest, EnterThatIsHeldDownIsPressedOnce) {
     HoldEnter(desk.Find(text_));
     HoldEnter(desk.Find(text_), Qt::ControlModifier);
 
-    EXPECT_EQ(keys, "13/0;13/2;");
+    EXPECT_EQ(keys_, "13/0;13/2;");
 }
 
 TEST_F(WidgetMirrorTest, EnterThatIsHeldDownPressesButtonsAndRowsOnce) {
